@@ -1,0 +1,153 @@
+// What a person does to the form, in the order: offered, row there, shown, enabled, focus, action.
+#include <utility>
+
+#include "surface/surface.h"
+
+namespace zolt20 {
+
+bool Surface::Offers(const Control& control, Gesture gesture) {
+  switch (gesture) {
+    case Gesture::kFocus:
+      return control.TakesFocus();
+    case Gesture::kClick:
+      return control.kind() == Kind::Button || control.kind() == Kind::OptionButton;
+    case Gesture::kClickRow:
+    case Gesture::kDoubleClickRow:
+      return control.kind() == Kind::ListBox;
+    case Gesture::kPick:
+      return control.kind() == Kind::ComboBox;
+    case Gesture::kType:
+      return control.kind() == Kind::TextBox || control.kind() == Kind::SyntaxTextBox ||
+             (control.kind() == Kind::ComboBox &&
+              static_cast<const ComboBox&>(control).IsEditable());
+    case Gesture::kKey:
+      return control.kind() == Kind::TextBox;
+    case Gesture::kTab:
+      return control.kind() == Kind::TabStrip;
+    case Gesture::kScroll:
+      return control.kind() == Kind::ScrollBar;
+  }
+  return false;
+}
+
+Outcome Surface::UserFocus(const Control& control) {
+  if (!Offers(control, Gesture::kFocus)) return Outcome::kNotOffered;
+  if (const Outcome refusal = Refusal(control); refusal != Outcome::kDone) return refusal;
+  TakesGesture(Own(control));
+  return Outcome::kDone;
+}
+
+Outcome Surface::UserClick(const Control& control) {
+  if (!Offers(control, Gesture::kClick)) return Outcome::kNotOffered;
+  if (const Outcome refusal = Refusal(control); refusal != Outcome::kDone) return refusal;
+  Control& own = Own(control);
+  if (!TakesGesture(own)) return Outcome::kDone;
+  if (own.kind() == Kind::OptionButton) {
+    static_cast<OptionButton&>(own).Value(true);
+  } else {
+    OnClick(own);
+  }
+  return Outcome::kDone;
+}
+
+Outcome Surface::UserClick(const Control& list, int row) {
+  if (!Offers(list, Gesture::kClickRow)) return Outcome::kNotOffered;
+  auto& own = static_cast<ListBox&>(Own(list));
+  if (row < 0 || row >= own.ListCount()) return Outcome::kNoSuchRow;
+  if (const Outcome refusal = Refusal(list); refusal != Outcome::kDone) return refusal;
+  if (TakesGesture(own)) own.ClickRow(row);
+  return Outcome::kDone;
+}
+
+Outcome Surface::UserDoubleClick(const Control& list, int row) {
+  if (!Offers(list, Gesture::kDoubleClickRow)) return Outcome::kNotOffered;
+  auto& own = static_cast<ListBox&>(Own(list));
+  if (row < 0 || row >= own.ListCount()) return Outcome::kNoSuchRow;
+  if (const Outcome refusal = Refusal(list); refusal != Outcome::kDone) return refusal;
+  if (!TakesGesture(own)) return Outcome::kDone;
+  if (own.IsSingle()) own.ClickRow(row);
+  OnDoubleClick(own);
+  return Outcome::kDone;
+}
+
+Outcome Surface::UserPick(const Control& combo, int row) {
+  if (!Offers(combo, Gesture::kPick)) return Outcome::kNotOffered;
+  auto& own = static_cast<ComboBox&>(Own(combo));
+  if (row < 0 || row >= own.ListCount()) return Outcome::kNoSuchRow;
+  if (const Outcome refusal = Refusal(combo); refusal != Outcome::kDone) return refusal;
+  if (TakesGesture(own)) own.Pick(row);
+  return Outcome::kDone;
+}
+
+Outcome Surface::UserType(const Control& box, StringView text) {
+  if (!Offers(box, Gesture::kType)) return Outcome::kNotOffered;
+  if (const Outcome refusal = Refusal(box); refusal != Outcome::kDone) return refusal;
+  Control& own = Own(box);
+  if (!TakesGesture(own)) return Outcome::kDone;
+  if (own.kind() == Kind::TextBox) {
+    static_cast<TextBox&>(own).Enter(String(text), static_cast<int>(text.size()));
+  } else if (own.kind() == Kind::SyntaxTextBox) {
+    static_cast<SyntaxTextBox&>(own).Text(text);
+  } else {
+    static_cast<ComboBox&>(own).Text(text);
+  }
+  return Outcome::kDone;
+}
+
+Outcome Surface::UserKey(const Control& box, Integer code) {
+  if (!Offers(box, Gesture::kKey)) return Outcome::kNotOffered;
+  if (const Outcome refusal = Refusal(box); refusal != Outcome::kDone) return refusal;
+  auto& own = static_cast<TextBox&>(Own(box));
+  if (TakesGesture(own)) PressKey(own, code);
+  return Outcome::kDone;
+}
+
+Outcome Surface::UserTab(Integer page) {
+  if (const Outcome refusal = Refusal(tabVrn); refusal != Outcome::kDone) return refusal;
+  if (TakesGesture(tabVrn)) tabVrn.Tab(page);
+  return Outcome::kDone;
+}
+
+Outcome Surface::UserScroll(const Control& bar, int value) {
+  if (!Offers(bar, Gesture::kScroll)) return Outcome::kNotOffered;
+  if (const Outcome refusal = Refusal(bar); refusal != Outcome::kDone) return refusal;
+  auto& own = static_cast<ScrollBar&>(Own(bar));
+  if (value < 0 || value > own.Max()) return Outcome::kOutside;
+  if (TakesGesture(own)) own.Value(value);
+  return Outcome::kDone;
+}
+
+Control& Surface::Own(const Control& control) const {
+  // A person's gesture names a control that a face only reads; the surface that owns it may write
+  // it.
+  return const_cast<Control&>(control);
+}
+
+Outcome Surface::Refusal(const Control& control) {
+  if (!control.Shown()) return Outcome::kNotShown;
+  if (!control.Enabled()) return Outcome::kNotEnabled;
+  return Outcome::kDone;
+}
+
+bool Surface::TakesGesture(Control& control) {
+  if (focus_ != &control) MoveFocus(control);
+  return control.Enabled() && control.Shown();
+}
+
+void Surface::PressKey(TextBox& box, Integer code) {
+  constexpr int kBackspace = 8;
+  constexpr int kFirstCharacter = 32;
+  OnKeyPress(box, code);
+  String text = box.Text();
+  int caret = box.SelStart();
+  if (code >= kFirstCharacter) {
+    text.insert(static_cast<std::size_t>(caret), 1, static_cast<char16_t>(code.value()));
+    ++caret;
+  } else if (code == kBackspace && caret > 0) {
+    --caret;
+    text.erase(static_cast<std::size_t>(caret), 1);
+  }
+  box.Enter(std::move(text), caret);
+}
+
+}  // namespace zolt20

@@ -1,0 +1,136 @@
+// List boxes and combo boxes: controls with rows.
+//
+// Rows count from 0. Adding and removing rows keeps the marks of the other rows, moves ListIndex
+// along with its row, and fires nothing.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "surface/control.h"
+
+namespace zolt20 {
+
+/// What lists and combos share.
+class RowsControl : public Control {
+ public:
+  int ListCount() const { return static_cast<int>(state_.rows.size()); }
+  /// The text of the row; "" for any row that is not there.
+  StringView List(int row) const;
+  /// The row that was clicked or written last, -1 for none.
+  int ListIndex() const { return state_.listIndex; }
+
+  /// Appends, or with kSorted inserts behind the last row that is not greater.
+  void AddItem(StringView text);
+  /// The same for each text in turn.
+  void AddItems(std::span<const StringView> texts);
+  /// Raises `argument` for a row that is not there.
+  void RemoveItem(int row);
+  /// Removes all these rows, which are given in ascending order, each once. Raises `argument`,
+  /// before anything is removed, when the last of them is not there.
+  void RemoveItems(std::span<const int> rows);
+  void Clear();
+
+  /// The rows, in ascending order, whose text `holds(text)` is true of.
+  template <typename Test>
+  std::vector<int> RowsWhere(const Test& holds) const {
+    std::vector<int> found;
+    for (int row = 0; row < ListCount(); ++row) {
+      if (holds(List(row))) found.push_back(row);
+    }
+    return found;
+  }
+  /// Removes the rows whose text `holds(text)` is true of.
+  template <typename Test>
+  void RemoveWhere(const Test& holds) {
+    RemoveItems(RowsWhere(holds));
+  }
+  /// The last row with just this text, -1 for none.
+  int LastRowOf(StringView text) const;
+
+ protected:
+  using Control::Control;
+
+  bool Sorted() const { return (design().style & kSorted) != 0; }
+  void RaiseUnlessRow(int row, ErrorKind kind) const;
+  void MoveListIndex(int row);
+
+  RowsState state_;
+
+ private:
+  KindState SaveKind() const override { return state_; }
+  void RestoreKind(KindState&& state) noexcept override;
+  // A combo's entry went that was selected.
+  virtual void SelectedRowWent() {}
+  void EraseRun(int first, int count);
+  void EraseScattered(std::span<const int> rows);
+  // So that the rows that come next need no memory: between two notices nothing may fail.
+  void MakeRoom(std::size_t count);
+};
+
+/// A list box. Its kind is told by the style: kMultiSelect, kCheckBoxes, or single selection with
+/// neither.
+class ListBox final : public RowsControl {
+ public:
+  using RowsControl::ListIndex;
+  using RowsControl::RowsControl;
+
+  bool IsMultiSelect() const { return (design().style & kMultiSelect) != 0; }
+  bool HasCheckBoxes() const { return (design().style & kCheckBoxes) != 0; }
+  bool IsSingle() const { return (design().style & (kMultiSelect | kCheckBoxes)) == 0; }
+
+  /// In a single selection the row becomes the only mark, and -1 takes the mark away; elsewhere no
+  /// mark changes. Runs Click inside the call, whether or not the value differs. Raises `value`
+  /// below -1 or past the last row.
+  void ListIndex(int row);
+
+  /// The mark of the row. Raises `index` for a row that is not there.
+  bool Selected(int row) const;
+  /// Single selection: True is as ListIndex(row), False on the marked row as ListIndex(-1), False
+  /// elsewhere only runs Click. kMultiSelect: sets mark and ListIndex and runs Click. kCheckBoxes:
+  /// a mark that differs is set with ListIndex and runs ItemCheck; one that does not differ is
+  /// nothing at all. Raises `index` for a row that is not there.
+  void Selected(int row, bool marked);
+
+  /// The number of marks.
+  int SelCount() const { return state_.markCount; }
+
+ private:
+  friend class Surface;
+
+  void Mark(int row, bool marked);
+  void MarkOnly(int row);
+  // A person's click on a row that is there.
+  void ClickRow(int row);
+};
+
+/// A combo box of style kPickOnly or kEditable.
+class ComboBox final : public RowsControl {
+ public:
+  using RowsControl::ListIndex;
+  ComboBox(Surface& surface, const Design& design);
+
+  bool IsEditable() const { return (design().style & kEditable) != 0; }
+
+  /// One that differs selects the entry, sets Text to it ("" for -1), and runs Click inside the
+  /// call. One that does not differ fires nothing, but -1 empties what was typed. Raises `value`
+  /// below -1 or past the last row.
+  void ListIndex(int row);
+
+  const String& Text() const { return state_.text; }
+  /// kEditable only: sets ListIndex to -1 and fires nothing.
+  void Text(StringView text);
+
+  unsigned BackColor() const { return state_.backColor; }
+  void BackColor(unsigned color);
+
+ private:
+  friend class Surface;
+
+  void SelectedRowWent() override;
+  void SetText(StringView text);
+  // A person's pick of an entry that is there.
+  void Pick(int row);
+};
+
+}  // namespace zolt20

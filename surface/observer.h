@@ -1,0 +1,68 @@
+// How a face learns what changed on a surface.
+//
+// A notice says which control and which of its properties or rows changed; the new values are read
+// from the surface, which already has them. So a face needs no copy of anything and updates just
+// what it shows. Notices come at once, inside the write, before the handler that the write fires.
+// An observer reads only: it makes no gesture, writes no property of the control, and throws
+// nothing.
+#pragma once
+
+namespace zolt20 {
+
+class Control;
+
+enum class Property {
+  kEnabled,
+  kVisible,
+  kText,
+  kSelStart,
+  kBackColor,
+  kCaption,
+  kValue,
+  kMax,
+  kTab,
+  kListIndex,
+  kHighlight,
+  kPlace,  ///< Left, Top, Width or Height
+};
+
+/// Rows `first` to `first` + `count` - 1 that come or go. With kReplaced any of the rows may be
+/// others, in any number.
+struct RowChange {
+  enum class What { kInserted, kRemoved, kReplaced };
+
+  What what;
+  int first;
+  int count;
+};
+
+class SurfaceObserver {
+ public:
+  virtual ~SurfaceObserver() = default;
+
+  virtual void PropertyChanged(const Control& control, Property property) noexcept = 0;
+
+  /// The rows are still as they were. Each of these is followed by RowsChanged for the same change,
+  /// with no notice between.
+  virtual void RowsAboutToChange(const Control& list, const RowChange& change) noexcept = 0;
+  virtual void RowsChanged(const Control& list, const RowChange& change) noexcept = 0;
+  /// Marks of rows `first` to `first` + `count` - 1.
+  virtual void MarksChanged(const Control& list, int first, int count) noexcept = 0;
+
+  /// `control` has the focus now; nullptr when none has.
+  virtual void FocusChanged(const Control* control) noexcept = 0;
+  /// Places `first` to `last` of the tab order, from 0, are taken by others, or are new, or are
+  /// gone.
+  virtual void TabOrderChanged(int first, int last) noexcept = 0;
+
+  /// An element of a control array exists from now on.
+  virtual void ElementLoaded(const Control& element) noexcept = 0;
+  /// An element of a control array is about to be destroyed. It is out of the tab order and has no
+  /// focus any more.
+  virtual void ElementUnloading(const Control& element) noexcept = 0;
+
+  /// A snapshot was put back: anything may be different.
+  virtual void StateReplaced() noexcept = 0;
+};
+
+}  // namespace zolt20

@@ -1,0 +1,205 @@
+// The form surface: all controls by their names, the focus, the tab order, the gestures, the state
+// as a value.
+//
+// A form that gives the controls their behaviour derives from Surface and overrides the event
+// functions; within it, its handlers name the controls as they are. Faces and hosts read a `const
+// Surface&`, hear of changes as observers, and pass on what a person does through the User
+// functions, which are the only way in for a person.
+//
+// What always holds: the tab order has no gaps; the control with the focus is shown and enabled; a
+// single-selection list has at most one mark, a frame at most one option that is True. One thread
+// uses a surface.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "surface/control.h"
+#include "surface/control_array.h"
+#include "surface/list_box.h"
+#include "surface/observer.h"
+#include "surface/simple_controls.h"
+#include "surface/text_box.h"
+
+namespace zolt20 {
+
+/// Whether the form itself is visible. In one that is not, no control is shown.
+enum class FormVisible { kNo, kYes };
+
+/// What a person can do to a control.
+enum class Gesture {
+  kFocus,
+  kClick,
+  kClickRow,
+  kDoubleClickRow,
+  kPick,
+  kType,
+  kKey,
+  kTab,
+  kScroll
+};
+
+/// What became of a gesture. Only kDone means that anything happened.
+enum class Outcome {
+  kDone,
+  kNotShown,
+  kNotEnabled,
+  kNotOffered,  ///< the kind of control does not have the gesture
+  kNoSuchRow,
+  kOutside,  ///< a scroll value outside 0 to Max
+};
+
+/// The whole state of a surface as a value: every control, the loaded elements, the focus, the tab
+/// order.
+class SurfaceState {
+ private:
+  friend class Surface;
+
+  struct Loaded {
+    ControlName name;
+    int index;
+  };
+
+  std::vector<Loaded> loaded_;          // in the order of the surface's controls
+  std::vector<ControlState> controls_;  // in the same order, those of the form's list first
+  std::vector<std::size_t> tabOrder_;   // places in controls_
+  std::size_t focus_ = 0;               // a place in controls_, or their number for none
+};
+
+class Surface {
+ public:
+  Surface(const Surface&) = delete;
+  Surface& operator=(const Surface&) = delete;
+
+  // The controls, by name. One row of surface/form.def each.
+#define ZOLT20_ARRAY(kind, name) ControlArray<kind> name{*this, ControlName::name};
+#define ZOLT20_CONTROL(kind, name, page, frame, caption, style, place) \
+  kind name{*this, kForm[kRowOf<ControlName::name>]};
+#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style, place)
+#include "surface/form.def"
+
+  /// All controls: those of the form's list in its order, then the loaded elements in the order of
+  /// loading.
+  std::vector<const Control*> Controls() const {
+    return {controls_.begin(), controls_.end()};
+  }
+  /// The control of that name, such as "TxtExpr(1)"; nullptr when there is none.
+  const Control* Find(std::string_view name) const;
+  /// The control with the focus, nullptr when none has.
+  const Control* Focused() const {
+    return focus_;
+  }
+  /// The controls in tab order.
+  std::vector<const Control*> TabOrder() const {
+    return {tabOrder_.begin(), tabOrder_.end()};
+  }
+  bool IsVisible() const {
+    return visible_ == FormVisible::kYes;
+  }
+
+  /// Gives notice of every change from now on. The observer outlives the surface or leaves it
+  /// before.
+  void AddObserver(SurfaceObserver& observer);
+  void RemoveObserver(SurfaceObserver& observer);
+
+  // What a person does. Each moves the focus to the control first, which runs GotFocus if the focus
+  // was elsewhere, and ends there when that leaves the control hidden or disabled; then it acts,
+  // and the handlers it fires run inside the call. It raises what they raise. A control is one of
+  // this surface.
+
+  /// Whether the kind of control has the gesture. A row gesture also needs a row that is there.
+  static bool Offers(const Control& control, Gesture gesture);
+
+  Outcome UserFocus(const Control& control);
+  /// A button, or an option button.
+  Outcome UserClick(const Control& control);
+  /// A row of a list box.
+  Outcome UserClick(const Control& list, int row);
+  /// A row of a list box; in a single selection a click goes before.
+  Outcome UserDoubleClick(const Control& list, int row);
+  /// An entry of a combo box.
+  Outcome UserPick(const Control& combo, int row);
+  /// Replaces the whole text of a text box, a syntax text box or an editable combo.
+  Outcome UserType(const Control& box, StringView text);
+  /// A key in a text box, by its character code: 32 and above goes in at the caret, 8 takes out the
+  /// character before it.
+  Outcome UserKey(const Control& box, Integer code);
+  /// A page of the tab strip. Raises `value` outside 0 to 6, when the strip has the focus already.
+  Outcome UserTab(Integer page);
+  /// A value of the scroll bar.
+  Outcome UserScroll(const Control& bar, int value);
+
+  /// The whole state as it is now.
+  SurfaceState Save() const;
+  /// Puts a state of a surface of the same form back, without an event; the observers are told
+  /// StateReplaced. Not within a gesture or an event.
+  void Restore(SurfaceState state);
+
+ protected:
+  explicit Surface(FormVisible visible);
+  virtual ~Surface();
+
+  // The events, fired at once, inside the write or gesture that causes them.
+  virtual void OnClick(Control& /*source*/) {}
+  virtual void OnDoubleClick(Control& /*list*/) {}
+  virtual void OnChange(Control& /*source*/) {}
+  virtual void OnItemCheck(ListBox& /*list*/, int /*row*/) {}
+  virtual void OnGotFocus(Control& /*source*/) {}
+  virtual void OnTabChain(SyntaxTextBox& /*box*/) {}
+  /// The handler may replace the code.
+  virtual void OnKeyPress(TextBox& /*box*/, Integer& /*code*/) {}
+  virtual void OnTabClick(Integer /*previousTab*/) {}
+
+ private:
+  friend class Control;
+  friend class CaptionedControl;
+  friend class ComboBox;
+  friend class ListBox;
+  friend class OptionButton;
+  friend class RowsControl;
+  friend class ScrollBar;
+  friend class SyntaxTextBox;
+  friend class TabStrip;
+  friend class TextBox;
+  template <typename Kind>
+  friend class ControlArray;
+
+  // Controls of the form's list and loaded elements.
+  void Enter(Control& control);
+  void EnterLoaded(Control& element, const Control& like);
+  void Leave(Control& control);
+  AnyControlArray* ArrayOf(ControlName name);
+
+  // Focus and tab order.
+  void MoveFocus(Control& control);
+  void DropLostFocus();
+  void MoveInTabOrder(Control& control, Integer place);
+  void NumberTabOrder(std::size_t first, std::size_t last);
+
+  // Gestures.
+  Control& Own(const Control& control) const;
+  static Outcome Refusal(const Control& control);
+  bool TakesGesture(Control& control);
+  void PressKey(TextBox& box, Integer code);
+
+  // Notices.
+  template <typename Tell>
+  void Notify(const Tell& tell) const {
+    for (SurfaceObserver* observer : observers_)
+      tell(*observer);
+  }
+  void RowsAboutToChange(const Control& list, const RowChange& change) const;
+  void RowsChanged(const Control& list, const RowChange& change) const;
+  void MarksChanged(const Control& list, int first, int count) const;
+
+  FormVisible visible_;
+  std::vector<Control*> controls_;
+  std::vector<Control*> tabOrder_;
+  Control* focus_ = nullptr;
+  std::vector<SurfaceObserver*> observers_;
+};
+
+}  // namespace zolt20

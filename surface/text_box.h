@@ -1,0 +1,62 @@
+// Text boxes, plain and with syntax colouring.
+#pragma once
+
+#include "surface/control.h"
+
+namespace zolt20 {
+
+/// A text box of one or several lines. Line ends of any kind stay as they are given.
+class TextBox final : public Control {
+ public:
+  TextBox(Surface& surface, const Design& design);
+
+  const String& Text() const { return state_.text; }
+  /// A text that does not differ changes nothing. One that differs puts the caret at 0 and runs
+  /// Change inside the call.
+  void Text(StringView text) { Text(String(text)); }
+  void Text(const char16_t* text) { Text(String(text)); }
+  void Text(String&& text);
+
+  /// The caret: the number of characters before it.
+  int SelStart() const { return state_.selStart; }
+  /// Clamped to 0 and the length of the text.
+  void SelStart(int caret);
+
+  /// A plain number, 0xBBGGRR or a system colour.
+  unsigned BackColor() const { return state_.backColor; }
+
+ private:
+  friend class Surface;
+
+  KindState SaveKind() const override { return state_; }
+  void RestoreKind(KindState&& state) noexcept override;
+  // A person's way of writing: the caret goes where it is told, and Change runs when the text
+  // differs.
+  void Enter(String text, int caret);
+
+  TextState state_;
+};
+
+/// A box of several lines that can colour the statement language. It has no Change and no caret; it
+/// raises TabChain when it takes the focus.
+class SyntaxTextBox final : public Control {
+ public:
+  SyntaxTextBox(Surface& surface, const Design& design) : Control(surface, design) {}
+
+  const String& Text() const { return state_.text; }
+  void Text(StringView text) { Text(String(text)); }
+  void Text(const char16_t* text) { Text(String(text)); }
+  void Text(String&& text);
+
+  bool Highlight() const { return state_.highlight; }
+  /// Has no effect on the text.
+  void Highlight(bool highlight);
+
+ private:
+  KindState SaveKind() const override { return state_; }
+  void RestoreKind(KindState&& state) noexcept override;
+
+  SyntaxTextState state_;
+};
+
+}  // namespace zolt20
