@@ -1,0 +1,71 @@
+// The field records of the catalogue, split and indexed once.
+//
+// A record is `type*Q*V*R*N*Fname*Q*V*R*N*rest`: a type word, a flag character F directly followed
+// by the qualified name, and further text of the host's. The logic walks all records in many
+// places; here each such walk is a question that costs what its answer costs. A record without a
+// separator has no name, and a walk fails at it with `subscript`: it is called broken, and the
+// records from the first broken one on are out of reach.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "shell/split_list.h"
+#include "surface/string.h"
+
+namespace zolt20 {
+
+inline constexpr StringView kSeparator = u"*Q*V*R*N*";
+
+/// A record taken apart; views of the list.
+struct FieldRecord {
+  StringView type;
+  StringView flagAndName;
+  StringView rest;
+  bool hasRest = false;  ///< whether there is a second separator
+
+  /// The qualified name: table, ".", field.
+  StringView Name() const { return flagAndName.empty() ? flagAndName : flagAndName.substr(1); }
+};
+
+class FieldRecords {
+ public:
+  /// The places of records in the list, in ascending order.
+  using Places = std::vector<std::uint32_t>;
+
+  /// Records that were never assigned: every question below raises `subscript`.
+  FieldRecords() = default;
+  explicit FieldRecords(SharedString list);
+
+  /// The list as one string, "" when unassigned.
+  const SharedString& List() const;
+  std::size_t Count() const;
+  /// The record at that place. Raises `subscript` for one out of reach.
+  FieldRecord At(std::size_t place) const;
+
+  /// Raises `subscript` when a walk over all records would.
+  void RaiseIfBroken() const;
+  /// Raises `subscript` when a walk up to the first record whose name stands anywhere in `text`
+  /// would.
+  void RaiseIfBrokenBeforeNameIn(StringView text) const;
+
+  /// The records in reach of which the first 8 characters of the name (all of a shorter one) are
+  /// `table`.
+  Places OfTable(StringView table) const;
+  /// The records in reach whose name stands anywhere in `text`.
+  Places WithNameIn(StringView text) const;
+  /// The records in reach whose name holds `part` anywhere.
+  Places WithNameHolding(StringView part) const;
+  /// Whether `text`, of 8 characters, stands anywhere in the list.
+  bool Mentions(StringView text) const;
+
+ private:
+  struct Index;
+
+  const Index& Assigned() const;
+
+  std::shared_ptr<const Index> index_;
+};
+
+}  // namespace zolt20

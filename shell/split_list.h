@@ -1,0 +1,52 @@
+// A list that the host hands over as one string, split at its commas.
+//
+// The entries are views of the string, which is kept once however many copies of the list there
+// are; a copy costs a count. A list that was never assigned is not the same as an empty one.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "surface/string.h"
+
+namespace zolt20 {
+
+/// A text that is never changed, only replaced, so that its copies can share it.
+class SharedString {
+ public:
+  SharedString() : SharedString(String()) {}
+  explicit SharedString(String text) : text_(std::make_shared<const String>(std::move(text))) {}
+
+  const String& Text() const { return *text_; }
+  /// Whether the two are one text, not only equal ones.
+  bool IsSameAs(const SharedString& other) const { return text_ == other.text_; }
+
+ private:
+  std::shared_ptr<const String> text_;
+};
+
+class SplitList {
+ public:
+  /// A list that was never assigned.
+  SplitList() = default;
+  /// The entries of `text` between the commas; none at all when it is empty.
+  explicit SplitList(SharedString text);
+
+  bool IsAssigned() const { return starts_ != nullptr; }
+  /// The list as it was handed over.
+  const SharedString& Text() const { return text_; }
+
+  /// The number of entries. Raises `subscript` when unassigned.
+  std::size_t Count() const;
+  /// An entry, from 0. Raises `subscript` outside the bounds, and when unassigned.
+  StringView operator()(std::size_t index) const;
+
+ private:
+  SharedString text_;
+  // Where each entry starts, and one place more, as if a comma stood behind the text.
+  std::shared_ptr<const std::vector<std::size_t>> starts_;
+};
+
+}  // namespace zolt20
