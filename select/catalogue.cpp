@@ -1,0 +1,107 @@
+// The catalogue: the host's tables and fields, and what marking a table brings into the lists.
+#include <utility>
+
+#include "shell/control.h"
+
+namespace zolt20 {
+namespace {
+
+constexpr int kTableNameLength = 8;
+
+}  // namespace
+
+void ZOLT20MapControl::PrpStrTables(String tables) {
+  mPrpStrTables = SharedString(std::move(tables));
+  marrTables = SplitList(mPrpStrTables);
+  std::vector<StringView> names;
+  for (std::size_t i = 0; i < marrTables.Count(); ++i) {
+    const StringView entry = marrTables(i);
+    // ODD: a short entry gives no row but keeps its place in the array, so each later row reads the
+    // index count of another table.
+    if (entry.size() >= kTableNameLength) names.push_back(Left(entry, kTableNameLength));
+  }
+  lsttables.AddItems(names);
+  host_.PropertyChanged("PrpStrTables");
+}
+
+void ZOLT20MapControl::PrpStrFields(String fields) {
+  mPrpStrFields = SharedString(std::move(fields));
+  marrFields = FieldRecords(mPrpStrFields);
+  host_.PropertyChanged("PrpStrFields");
+}
+
+void ZOLT20MapControl::lsttables_Click() {
+  const int i = lsttables.ListIndex();
+  if (i < 0) return;
+  const StringView table = lsttables.List(i);
+  const StringView entry = marrTables(static_cast<std::size_t>(i));
+  if (lsttables.Selected(i)) {
+    MarkTable(table, entry);
+  } else {
+    UnmarkTable(table, entry);
+  }
+}
+
+void ZOLT20MapControl::MarkTable(StringView table, StringView entry) {
+  // ODD: the messages only warn. The row stays marked and goes into the from clause.
+  const bool mentioned = mPrpStrFields.IsSameAs(marrFields.List())
+                             ? marrFields.Mentions(table)
+                             : Holds(mPrpStrFields.Text(), table);
+  if (!mentioned) return ShowMessage(u"No Fields Present For The Selected Table");
+  if (entry.size() <= kTableNameLength) return ShowMessage(u"Not a Valid Table");
+  const StringView count = Mid(entry, kTableNameLength + 1);
+  if (!IsNumeric(count)) return ShowMessage(u"Not a Valid Table");
+
+  lstFields.AddItem(Concat(table, u".*"));
+
+  const int indexCount = ToInteger(count).value();
+  std::vector<String> indexes;
+  for (int k = 1; k <= indexCount; ++k) {
+    indexes.push_back(Concat(Left(entry, kTableNameLength), u"._index", ToText(k)));
+  }
+  const std::vector<StringView> indexRows(indexes.begin(), indexes.end());
+  lstorderbyasc.AddItems(indexRows);
+  lstorderbydesc.AddItems(indexRows);
+  cboWhereFields.AddItems(indexRows);
+
+  std::vector<StringView> names;
+  for (const auto place : marrFields.OfTable(table))
+    names.push_back(marrFields.At(place).Name());
+  lstFields.AddItems(names);
+  lstGroupby.AddItems(names);
+  cboWhereFields.AddItems(names);
+  cboWhereFields1.AddItems(names);
+  marrFields.RaiseIfBroken();
+}
+
+void ZOLT20MapControl::UnmarkTable(StringView table, StringView entry) {
+  const auto isOfTable = [table](StringView row) { return Left(row, kTableNameLength) == table; };
+  // ODD: letter case counts in the other lists, not here.
+  const std::vector<int> orderRows = lstorderbyasc.RowsWhere([entry](StringView row) {
+    return EqualIgnoringCase(Left(row, kTableNameLength), Left(entry, kTableNameLength));
+  });
+  lstorderbyasc.RemoveItems(orderRows);
+  lstorderbydesc.RemoveItems(orderRows);
+  lstFields.RemoveWhere(isOfTable);
+  lstGroupby.RemoveWhere(isOfTable);
+  cboWhereFields.RemoveWhere(isOfTable);
+  cboWhereFields1.RemoveWhere(isOfTable);
+  // An expression goes with its field: sum ( CUSTOMER.CUST_NO ) with CUSTOMER.
+  lstSelectedFields.RemoveWhere([table](StringView row) { return Holds(row, table); });
+}
+
+void ZOLT20MapControl::lstFunctions_DblClick() {
+  UnmarkRows(lstFunctions);
+}
+
+void ZOLT20MapControl::lstFields_DblClick() {
+  UnmarkRows(lstFields);
+}
+
+void ZOLT20MapControl::UnmarkRows(ListBox& list) {
+  for (int i = list.ListCount() - 1; i >= 0; --i) {
+    if (list.Selected(i)) list.Selected(i, false);
+  }
+}
+
+}  // namespace zolt20
