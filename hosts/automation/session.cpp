@@ -1,0 +1,463 @@
+#include "hosts/automation/session.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+#include <utility>
+
+#include "hosts/automation/dump.h"
+#include "hosts/automation/text_coding.h"
+
+namespace zolt20::automation {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// A line that is no request of the protocol.
+class BadRequest : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// A gesture that the surface refuses.
+class Refused : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+std::string Quoted(const Json& value) {
+  return value.dump();
+}
+
+const Json& Needed(const Json& request, const char* key) {
+  const auto found = request.find(key);
+  if (found == request.end()) throw BadRequest(std::string("the request has no \"") + key + "\"");
+  return *found;
+}
+
+const std::string& NeededText(const Json& request, const char* key) {
+  const Json& value = Needed(request, key);
+  if (!value.is_string()) throw BadRequest(std::string("\"") + key + "\" is no string");
+  return value.get_ref<const std::string&>();
+}
+
+void NeedTrue(const Json& request, const char* key) {
+  if (request.at(key) != true) throw BadRequest(std::string("\"") + key + "\" takes true");
+}
+
+// Whether a JSON value is a whole number, however it is written.
+bool IsWhole(const Json& value) {
+  if (value.is_number_integer()) return true;
+  if (!value.is_number_float()) return false;
+  const double number = value.get<double>();
+  return std::isfinite(number) && std::trunc(number) == number;
+}
+
+// A whole number, held within the range of `int`.
+int WholeNumber(const Json& value) {
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  constexpr int kGreatest = std::numeric_limits<int>::max();
+  if (value.is_number_float()) {
+    const double number = value.get<double>();
+    return static_cast<int>(
+        std::clamp(number, static_cast<double>(kLeast), static_cast<double>(kGreatest)));
+  }
+  if (value.is_number_unsigned()) {
+    return static_cast<int>(
+        std::min(value.get<std::uint64_t>(), static_cast<std::uint64_t>(kGreatest)));
+  }
+  return static_cast<int>(std::clamp<std::int64_t>(value.get<std::int64_t>(), kLeast, kGreatest));
+}
+
+int NeededWhole(const Json& request, const char* key) {
+  const Json& value = Needed(request, key);
+  if (!IsWhole(value)) throw BadRequest(std::string("\"") + key + "\" is no whole number");
+  return WholeNumber(value);
+}
+
+bool IsInteger(int number) {
+  return number >= Integer::kLeast && number <= Integer::kGreatest;
+}
+
+// Takes a JSON value as one of the contract's types.
+void TakeValue(const Json& value, ValueType type, HostAction& action) {
+  const char* expected = nullptr;
+  if (type == ValueType::kString) {
+    if (value.is_string()) {
+      action.value = FromJsonText(value.get_ref<const std::string&>());
+      return;
+    }
+    expected = "a string";
+  } else if (type == ValueType::kBoolean) {
+    if (value.is_boolean()) {
+      action.value = value.get<bool>();
+      return;
+    }
+    expected = "true or false";
+  } else {
+    if (IsWhole(value)) {
+      const int number = WholeNumber(value);
+      action.overflows = !IsInteger(number);
+      if (!action.overflows) action.value = Integer(number);
+      return;
+    }
+    expected = "a whole number";
+  }
+  throw BadRequest(std::string(action.member->name) + " takes " + expected);
+}
+
+Json ToJson(const Variant& value) {
+  if (const auto* text = std::get_if<String>(&value)) return ToJsonText(*text);
+  if (const auto* number = std::get_if<Integer>(&value)) return number->value();
+  if (const auto* flag = std::get_if<bool>(&value)) return *flag;
+  return nullptr;
+}
+
+Json ToJson(const RuntimeError& error) {
+  return {{"kind", error.kind_word()}, {"number", error.number()}, {"description", error.what()}};
+}
+
+Json Failure(const char* kind, const std::string& description) {
+  return {{"kind", kind}, {"number", 0}, {"description", description}};
+}
+
+constexpr std::array<const char*, 8> kVerbs{"new",  "set",  "get",    "call",
+                                            "save", "user", "answer", "dump"};
+
+// The one verb of a request.
+std::string VerbOf(const Json& request) {
+  if (!request.is_object()) throw BadRequest("a request is a JSON object");
+  std::string verb;
+  for (const char* candidate : kVerbs) {
+    if (!request.contains(candidate)) continue;
+    if (!verb.empty()) {
+      throw BadRequest("a request has one verb, not \"" + verb + "\" and \"" + candidate + "\"");
+    }
+    verb = candidate;
+  }
+  if (verb.empty()) throw BadRequest("the request has no verb");
+  return verb;
+}
+
+// A set, get or call request, checked for its shape.
+HostAction ReadAction(const Json& request, const std::string& verb) {
+  const std::string& name = NeededText(request, verb.c_str());
+  const Member* member = FindMember(name);
+  if (member == nullptr) throw BadRequest("the control has no member " + Quoted(name));
+  HostAction action{HostAction::Verb::kGet, member, {}};
+  if (verb == "set") {
+    if (member->let == nullptr) throw BadRequest(name + " can't be written");
+    action.verb = HostAction::Verb::kSet;
+    TakeValue(Needed(request, "value"), member->type, action);
+  } else if (verb == "get") {
+    if (member->get == nullptr) throw BadRequest(name + " can't be read");
+  } else {
+    if (!member->IsMethod()) throw BadRequest(name + " is no method");
+    action.verb = HostAction::Verb::kCall;
+    const std::size_t expected = member->type == ValueType::kNone ? 0 : 1;
+    const auto arguments = request.find("args");
+    if (arguments != request.end() && !arguments->is_array()) {
+      throw BadRequest("\"args\" is no array");
+    }
+    const std::size_t given = arguments == request.end() ? 0 : arguments->size();
+    if (given != expected) {
+      throw BadRequest(name + " takes " + std::to_string(expected) + " arguments");
+    }
+    if (expected == 1) TakeValue(arguments->at(0), member->type, action);
+  }
+  return action;
+}
+
+// Brackets within brackets of a line, strings aside. A JSON library walks them by recursion.
+int DepthOf(std::string_view line) {
+  int depth = 0;
+  int deepest = 0;
+  bool inString = false;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    const char c = line[i];
+    if (inString) {
+      if (c == '\\') ++i;
+      inString = c != '"';
+    } else if (c == '"') {
+      inString = true;
+    } else if (c == '[' || c == '{') {
+      deepest = std::max(deepest, ++depth);
+    } else if (c == ']' || c == '}') {
+      --depth;
+    }
+  }
+  return deepest;
+}
+
+Json Parse(std::string_view line) {
+  constexpr int kMostDepth = 256;
+  if (DepthOf(line) > kMostDepth) throw BadRequest("the line is nested too deep");
+  try {
+    return Json::parse(PutStandIns(line));
+  } catch (const Json::exception& error) {
+    throw BadRequest(error.what());
+  }
+}
+
+// The bag of a `new` request, checked for its types before anything is made.
+class JsonBag final : public PropertyBag {
+ public:
+  explicit JsonBag(const Json& values) : values_(values) {
+    for (const BagEntry& entry : BagEntries()) {
+      const auto found = values_.find(entry.readKey);
+      if (found == values_.end()) continue;
+      const bool fits = entry.type == ValueType::kString ? found->is_string() : IsWhole(*found);
+      if (!fits) throw BadRequest("the bag has a wrong type for " + std::string(entry.readKey));
+    }
+  }
+
+  String ReadString(std::string_view key, StringView defaultValue) override {
+    const auto found = values_.find(key);
+    if (found == values_.end()) return String(defaultValue);
+    return FromJsonText(found->get_ref<const std::string&>());
+  }
+  Integer ReadInteger(std::string_view key, Integer defaultValue) override {
+    const auto found = values_.find(key);
+    return found == values_.end() ? defaultValue : Integer(WholeNumber(*found));
+  }
+  void WriteString(std::string_view, StringView) override {}
+  void WriteInteger(std::string_view, Integer) override {}
+
+ private:
+  const Json& values_;
+};
+
+// The bag of a `save` request.
+class WrittenBag final : public PropertyBag {
+ public:
+  String ReadString(std::string_view, StringView defaultValue) override {
+    return String(defaultValue);
+  }
+  Integer ReadInteger(std::string_view, Integer defaultValue) override { return defaultValue; }
+  void WriteString(std::string_view key, StringView value) override {
+    values[std::string(key)] = ToJsonText(value);
+  }
+  void WriteInteger(std::string_view key, Integer value) override {
+    values[std::string(key)] = value.value();
+  }
+
+  Json values = Json::object();
+};
+
+}  // namespace
+
+Session::Session() : log_(Json::array()) {
+  MakeNew(FormVisible::kYes);
+  control_->UserControl_InitProperties();
+}
+
+bool Session::IsSkipped(std::string_view line) {
+  return line.starts_with('#') || line.find_first_not_of(" \t\r") == std::string_view::npos;
+}
+
+std::string Session::Reply(std::string_view line) {
+  Json reply = Json::object();
+  log_ = Json::array();
+  const auto fail = [&reply](Json error) {
+    reply.erase("value");
+    reply["ok"] = false;
+    reply["error"] = std::move(error);
+  };
+  try {
+    const Json request = Parse(line);
+    if (request.is_object() && request.contains("id")) reply["id"] = request["id"];
+    reply["ok"] = true;
+    CarryOut(request, reply);
+  } catch (const BadRequest& error) {
+    fail(Failure("request", error.what()));
+  } catch (const Refused& refusal) {
+    reply["ok"] = false;
+    reply["refused"] = refusal.what();
+  } catch (const RuntimeError& error) {
+    fail(ToJson(error));
+  } catch (const std::exception& error) {
+    fail(Failure("failure", error.what()));
+  }
+  reply["log"] = std::move(log_);
+  return TakeStandIns(reply.dump());
+}
+
+void Session::CarryOut(const Json& request, Json& reply) {
+  const std::string verb = VerbOf(request);
+  if (verb == "new") {
+    MakeNew(request["new"]);
+  } else if (verb == "save") {
+    NeedTrue(request, "save");
+    reply["value"] = WriteBag();
+  } else if (verb == "dump") {
+    NeedTrue(request, "dump");
+    reply["value"] = Dump(control_->Form());
+  } else if (verb == "answer") {
+    KeepAnswer(request);
+  } else if (verb == "user") {
+    MakeGesture(request);
+  } else {
+    const HostAction action = ReadAction(request, verb);
+    const Variant value = Run(action);
+    if (action.verb != HostAction::Verb::kSet) reply["value"] = ToJson(value);
+  }
+}
+
+Variant Session::Run(const HostAction& action) {
+  if (action.overflows) Raise(ErrorKind::kOverflow);
+  switch (action.verb) {
+    case HostAction::Verb::kSet:
+      action.member->let(*control_, action.value);
+      return {};
+    case HostAction::Verb::kGet:
+      return action.member->get(*control_);
+    case HostAction::Verb::kCall:
+      return action.member->call(*control_, action.value);
+  }
+  return {};
+}
+
+void Session::MakeNew(FormVisible visible) {
+  ControlHost& host = *this;
+  control_ = std::make_unique<ZOLT20MapControl>(host, visible);
+}
+
+void Session::MakeNew(const Json& settings) {
+  if (!settings.is_object()) throw BadRequest("\"new\" takes an object");
+  FormVisible visible = FormVisible::kYes;
+  if (const auto found = settings.find("visible"); found != settings.end()) {
+    if (!found->is_boolean()) throw BadRequest("\"visible\" is true or false");
+    if (!found->get<bool>()) visible = FormVisible::kNo;
+  }
+  const auto values = settings.find("bag");
+  if (values == settings.end()) {
+    MakeNew(visible);
+    control_->UserControl_InitProperties();
+    return;
+  }
+  if (!values->is_object()) throw BadRequest("\"bag\" takes an object");
+  JsonBag bag(*values);
+  MakeNew(visible);
+  control_->UserControl_ReadProperties(bag);
+}
+
+Json Session::WriteBag() const {
+  WrittenBag bag;
+  control_->UserControl_WriteProperties(bag);
+  return std::move(bag.values);
+}
+
+void Session::KeepAnswer(const Json& request) {
+  const std::string& name = NeededText(request, "answer");
+  const auto event = std::find_if(Events().begin(), Events().end(),
+                                  [&](const Event& candidate) { return candidate.name == name; });
+  if (event == Events().end()) throw BadRequest("the control has no event " + Quoted(name));
+  const Json& with = Needed(request, "with");
+  if (!with.is_array()) throw BadRequest("\"with\" is no array");
+  std::vector<HostAction> actions;
+  for (const Json& action : with) {
+    const std::string verb = VerbOf(action);
+    if (verb != "set" && verb != "get" && verb != "call") {
+      throw BadRequest("an answer is made of set, get and call requests");
+    }
+    actions.push_back(ReadAction(action, verb));
+  }
+  answers_[static_cast<std::size_t>(event - Events().begin())] = std::move(actions);
+}
+
+void Session::RaiseEvent(std::size_t event) {
+  log_.push_back({{"event", Events()[event].name}});
+  for (const HostAction& action : answers_[event]) {
+    Json entry = {{"answered", action.member->name}};
+    try {
+      const Variant value = Run(action);
+      if (action.verb != HostAction::Verb::kSet) entry["value"] = ToJson(value);
+    } catch (const RuntimeError& error) {
+      entry["error"] = ToJson(error);
+    }
+    const bool failed = entry.contains("error");
+    log_.push_back(std::move(entry));
+    if (failed) return;
+  }
+}
+
+void Session::PropertyChanged(std::string_view property) {
+  log_.push_back({{"changed", property}});
+}
+
+void Session::ShowMessage(const Message& message) {
+  log_.push_back({{"message", ToJsonText(message.text)},
+                  {"title", ToJsonText(message.title)},
+                  {"icon", "critical"},
+                  {"buttons", "ok"}});
+}
+
+void Session::MakeGesture(const Json& request) {
+  const std::string& gesture = NeededText(request, "user");
+  if (gesture == "tab") {
+    const int page = NeededWhole(request, "page");
+    if (!IsInteger(page)) Raise(ErrorKind::kOverflow);
+    if (control_->UserTab(page) != Outcome::kDone) throw Refused("tabVrn is not shown");
+    return;
+  }
+
+  const std::string& name = NeededText(request, "control");
+  const zolt20::Control* control = control_->Form().Find(name);
+  const auto need = [&](Gesture wanted) {
+    if (control == nullptr) throw BadRequest("the form has no control " + Quoted(name));
+    if (!Surface::Offers(*control, wanted)) {
+      throw BadRequest(name + " can't be made to " + gesture);
+    }
+  };
+  Outcome outcome = Outcome::kDone;
+  if (gesture == "click" && control != nullptr && Surface::Offers(*control, Gesture::kClickRow)) {
+    outcome = control_->UserClick(*control, NeededWhole(request, "row"));
+  } else if (gesture == "click") {
+    need(Gesture::kClick);
+    outcome = control_->UserClick(*control);
+  } else if (gesture == "dblclick") {
+    const int row = NeededWhole(request, "row");
+    need(Gesture::kDoubleClickRow);
+    outcome = control_->UserDoubleClick(*control, row);
+  } else if (gesture == "pick") {
+    const int row = NeededWhole(request, "row");
+    need(Gesture::kPick);
+    outcome = control_->UserPick(*control, row);
+  } else if (gesture == "type") {
+    const std::string& text = NeededText(request, "text");
+    need(Gesture::kType);
+    outcome = control_->UserType(*control, FromJsonText(text));
+  } else if (gesture == "key") {
+    const int code = NeededWhole(request, "code");
+    need(Gesture::kKey);
+    if (!IsInteger(code)) Raise(ErrorKind::kOverflow);
+    outcome = control_->UserKey(*control, code);
+  } else if (gesture == "focus") {
+    need(Gesture::kFocus);
+    outcome = control_->UserFocus(*control);
+  } else if (gesture == "scroll") {
+    const int value = NeededWhole(request, "value");
+    need(Gesture::kScroll);
+    outcome = control_->UserScroll(*control, value);
+  } else {
+    throw BadRequest("there is no gesture " + Quoted(gesture));
+  }
+
+  switch (outcome) {
+    case Outcome::kDone:
+      return;
+    case Outcome::kNotShown:
+      throw Refused(name + " is not shown");
+    case Outcome::kNotEnabled:
+      throw Refused(name + " is disabled");
+    case Outcome::kOutside:
+      throw Refused(name + " does not go that far");
+    case Outcome::kNoSuchRow:
+      throw BadRequest(name + " has no row " + Quoted(request["row"]));
+    case Outcome::kNotOffered:
+      throw BadRequest(name + " can't be made to " + gesture);
+  }
+}
+
+}  // namespace zolt20::automation

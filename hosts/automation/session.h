@@ -1,0 +1,72 @@
+// A session of the automation host: one control, driven line by line in JSON.
+//
+// A line is a request, and each request gets one reply, whatever it holds; a line that is no
+// request changes nothing. The session is the control's host: what the control tells it goes into
+// the log of the reply, events are answered by what the `answer` requests said, and message boxes
+// are answered with OK.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/contract.h"
+#include "shell/control.h"
+
+namespace zolt20::automation {
+
+/// What a host does with the control: writes a property, reads one, or calls a method.
+struct HostAction {
+  enum class Verb { kSet, kGet, kCall };
+
+  Verb verb;
+  const Member* member;
+  Variant value;
+  bool overflows = false;  ///< the value is a whole number, but no 16-bit one
+};
+
+class Session final : private ControlHost {
+ public:
+  /// A new control, as by `{"new":{}}`.
+  Session();
+
+  /// Whether the line is blank or a comment, and gets no reply.
+  static bool IsSkipped(std::string_view line);
+
+  /// Carries the request of a line out and gives the reply, a line of JSON without its line end.
+  /// Throws nothing but what comes of a lack of memory for the reply itself.
+  std::string Reply(std::string_view line);
+
+  const ZOLT20MapControl& Control() const { return *control_; }
+  ZOLT20MapControl& Control() { return *control_; }
+
+ private:
+  using Json = nlohmann::ordered_json;
+
+  void eventCancel() override { RaiseEvent(0); }
+  void eventDone() override { RaiseEvent(1); }
+  void eventSubQuery() override { RaiseEvent(2); }
+  void eventCondition() override { RaiseEvent(3); }
+  void eventFunction() override { RaiseEvent(4); }
+  void PropertyChanged(std::string_view property) override;
+  void ShowMessage(const Message& message) override;
+
+  void RaiseEvent(std::size_t event);
+  Variant Run(const HostAction& action);
+
+  void CarryOut(const Json& request, Json& reply);
+  void MakeNew(const Json& settings);
+  void MakeNew(FormVisible visible);
+  Json WriteBag() const;
+  void KeepAnswer(const Json& request);
+  void MakeGesture(const Json& request);
+
+  std::unique_ptr<ZOLT20MapControl> control_;
+  std::array<std::vector<HostAction>, 5> answers_;  // by event, in the order of Events()
+  Json log_;
+};
+
+}  // namespace zolt20::automation
