@@ -1,0 +1,214 @@
+#include "hosts/catalogue/catalogue.h"
+
+#include <cstdint>
+#include <fstream>
+#include <ios>
+#include <nlohmann/json.hpp>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "shell/field_records.h"
+
+namespace zolt20::catalogue {
+namespace {
+
+using Json = nlohmann::json;
+
+constexpr std::size_t kCodeLength = 8;
+
+[[noreturn]] void Complain(const std::string& where, const std::string& complaint) {
+  throw CatalogueError(where + " " + complaint);
+}
+
+// The text of UTF-8 that the JSON library has found valid.
+String FromUtf8(std::string_view text) {
+  String result;
+  result.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    const auto lead = static_cast<unsigned char>(text[at++]);
+    const int tails = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0x80 ? 1 : 0;
+    char32_t code = tails == 0 ? lead : lead & (0x3FU >> tails);
+    for (int i = 0; i < tails; ++i) {
+      code = (code << 6) | (static_cast<unsigned char>(text[at++]) & 0x3FU);
+    }
+    if (code < 0x10000) {
+      result += static_cast<char16_t>(code);
+    } else {
+      result += static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
+      result += static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
+    }
+  }
+  return result;
+}
+
+const Json& Needed(const Json& object, const char* key, const std::string& where) {
+  if (!object.is_object()) Complain(where, "is no object");
+  const auto found = object.find(key);
+  if (found == object.end()) Complain(where, std::string("has no \"") + key + "\"");
+  return *found;
+}
+
+const std::string& NeededText(const Json& object, const char* key, const std::string& where) {
+  const Json& value = Needed(object, key, where);
+  if (!value.is_string()) Complain(where, std::string("has a \"") + key + "\" that is no string");
+  return value.get_ref<const std::string&>();
+}
+
+const Json& NeededArray(const Json& object, const char* key, const std::string& where) {
+  const Json& value = Needed(object, key, where);
+  if (!value.is_array()) Complain(where, std::string("has \"") + key + "\" that are no array");
+  return value;
+}
+
+// A name that must say something.
+const std::string& NeededName(const Json& object, const char* key, const std::string& where) {
+  const std::string& name = NeededText(object, key, where);
+  if (name.empty()) Complain(where, std::string("has an empty \"") + key + "\"");
+  return name;
+}
+
+// A text that goes into one of the lists must not hold what separates the entries there, nor end
+// so that it makes a separator together with the first character of the one that follows.
+void CheckListed(StringView text, const char* key, const std::string& where) {
+  const std::string holder = std::string("has a \"") + key + "\" that holds ";
+  if (Holds(text, u",")) Complain(where, holder + "a comma");
+  if (Holds(Concat(text, kSeparator.substr(0, 1)), kSeparator)) {
+    Complain(where, holder + "the separator *Q*V*R*N* or runs into it");
+  }
+}
+
+Integer ReadIndexCount(const Json& table, const std::string& where) {
+  const Json& value = Needed(table, "indexes", where);
+  if (!value.is_number_integer()) Complain(where, "has \"indexes\" that are no whole number");
+  const bool fits = value.is_number_unsigned() &&
+                    value.get<std::uint64_t>() <= static_cast<std::uint64_t>(Integer::kGreatest);
+  if (!fits) {
+    Complain(where, "has " + value.dump() + " indexes, and 0 to " +
+                        std::to_string(Integer::kGreatest) + " are possible");
+  }
+  return value.get<std::int64_t>();
+}
+
+Field ReadField(const Json& json, const std::string& where, const std::string& code) {
+  const std::string& name = NeededName(json, "name", where);
+  const std::string field = "field " + code + "." + name;
+  Field result;
+  result.name = FromUtf8(name);
+  result.type = FromUtf8(NeededName(json, "type", field));
+  result.text = FromUtf8(NeededText(json, "text", field));
+  const Json& flagged = Needed(json, "flagged", field);
+  if (!flagged.is_boolean()) Complain(field, "has a \"flagged\" that is neither true nor false");
+  result.flagged = flagged.get<bool>();
+  CheckListed(result.name, "name", field);
+  CheckListed(result.type, "type", field);
+  CheckListed(result.text, "text", field);
+  return result;
+}
+
+Table ReadTable(const Json& json, const std::string& where) {
+  const std::string& code = NeededName(json, "code", where);
+  const std::string table = "table " + code;
+  Table result;
+  result.code = FromUtf8(code);
+  if (result.code.size() != kCodeLength) {
+    Complain(table, "has a \"code\" of " + std::to_string(result.code.size()) +
+                        " characters, and it must have " + std::to_string(kCodeLength));
+  }
+  CheckListed(result.code, "code", table);
+  result.name = FromUtf8(NeededName(json, "name", table));
+  result.indexes = ReadIndexCount(json, table);
+  std::set<String> names;
+  int number = 0;
+  for (const Json& field : NeededArray(json, "fields", table)) {
+    result.fields.push_back(
+        ReadField(field, table + ", field number " + std::to_string(++number) + ",", code));
+    if (!names.insert(result.fields.back().name).second) {
+      Complain("field " + code + "." + field.at("name").get<std::string>(), "stands twice");
+    }
+  }
+  return result;
+}
+
+Function ReadFunction(const Json& json, const std::string& where) {
+  const std::string& name = NeededName(json, "name", where);
+  const std::string function = "function " + name;
+  Function result;
+  result.name = FromUtf8(name);
+  for (const Json& argument : NeededArray(json, "arguments", function)) {
+    if (!argument.is_string()) Complain(function, "has an argument that is no string");
+    result.arguments.push_back(FromUtf8(argument.get_ref<const std::string&>()));
+  }
+  return result;
+}
+
+Catalogue ReadJson(const Json& json) {
+  const std::string where = "the catalogue";
+  Catalogue result;
+  result.name = FromUtf8(NeededText(json, "name", where));
+  std::set<String> codes;
+  int number = 0;
+  for (const Json& table : NeededArray(json, "tables", where)) {
+    result.tables.push_back(ReadTable(table, "table number " + std::to_string(++number)));
+    if (!codes.insert(result.tables.back().code).second) {
+      Complain("table " + table.at("code").get<std::string>(), "stands twice");
+    }
+  }
+  std::set<String> names;
+  number = 0;
+  for (const Json& function : NeededArray(json, "functions", where)) {
+    result.functions.push_back(
+        ReadFunction(function, "function number " + std::to_string(++number)));
+    if (!names.insert(result.functions.back().name).second) {
+      Complain("function " + function.at("name").get<std::string>(), "stands twice");
+    }
+  }
+  return result;
+}
+
+void AppendEntry(String& list, StringView entry) {
+  if (!list.empty()) list += u',';
+  list += entry;
+}
+
+}  // namespace
+
+Catalogue ReadCatalogue(std::istream& input) {
+  Json json;
+  try {
+    json = Json::parse(input);
+  } catch (const Json::parse_error& error) {
+    Complain("the catalogue", std::string("is no JSON: ") + error.what());
+  } catch (const std::ios_base::failure& error) {
+    Complain("the catalogue", std::string("can't be read: ") + error.what());
+  }
+  return ReadJson(json);
+}
+
+Catalogue ReadCatalogue(const std::filesystem::path& file) {
+  std::ifstream input(file, std::ios::binary);
+  if (!input) Complain("the catalogue", "can't be read: there is no " + file.string());
+  return ReadCatalogue(input);
+}
+
+String TableList(const Catalogue& catalogue) {
+  String list;
+  for (const Table& table : catalogue.tables) {
+    AppendEntry(list, Concat(table.code, ToText(table.indexes)));
+  }
+  return list;
+}
+
+String FieldList(const Catalogue& catalogue) {
+  String list;
+  for (const Table& table : catalogue.tables) {
+    for (const Field& field : table.fields) {
+      AppendEntry(list, Concat(field.type, kSeparator, field.flagged ? u"Y" : u"N", table.code,
+                               u".", field.name, kSeparator, field.text));
+    }
+  }
+  return list;
+}
+
+}  // namespace zolt20::catalogue
