@@ -51,7 +51,7 @@ class DynamicArray {
 
   /// Sets the upper bound, keeping what lies within it; new entries are empty. Assigns the array.
   void Resize(Integer upperBound) {
-    entries_.resize(static_cast<std::size_t>(upperBound.value() + 1));
+    entries_.resize(static_cast<std::size_t>(upperBound.value()) + 1);
     assigned_ = true;
   }
 

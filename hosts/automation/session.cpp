@@ -280,7 +280,8 @@ std::string Session::Reply(std::string_view line) {
     fail(Failure("failure", error.what()));
   }
   reply["log"] = std::move(log_);
-  return TakeStandIns(reply.dump());
+  // A complaint may quote bytes of the line that are no UTF-8.
+  return TakeStandIns(reply.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 void Session::CarryOut(const Json& request, Json& reply) {

@@ -1,0 +1,104 @@
+// zolt20-host as a program: its options, its exit status, its streams.
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace zolt20::tests {
+namespace {
+
+struct Outcome {
+  int status;
+  std::string output;
+};
+
+class ProgramTest : public ::testing::Test {
+ protected:
+  ProgramTest() {
+    const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
+    folder_ = std::filesystem::temp_directory_path() / (std::string("zolt20-host-") + test->name());
+    std::filesystem::create_directories(folder_);
+  }
+  ~ProgramTest() override { std::filesystem::remove_all(folder_); }
+
+  std::string File(const std::string& text) {
+    const std::string path = (folder_ / "session.jsonl").string();
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+  }
+
+  // Runs the program with these words of a command line.
+  static Outcome Host(const std::string& words) {
+    Outcome run{-1, {}};
+    FILE* pipe = popen((ZOLT20_HOST_PROGRAM " " + words).c_str(), "r");
+    std::array<char, 4096> chunk{};
+    std::size_t count = 0;
+    while ((count = std::fread(chunk.data(), 1, chunk.size(), pipe)) > 0) {
+      run.output.append(chunk.data(), count);
+    }
+    run.status = WEXITSTATUS(pclose(pipe));
+    return run;
+  }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+constexpr const char* kText =
+    "# a comment\n\n{\"set\":\"prpStroutput\",\"value\":\"a~b\"}\r\nbad\n";
+
+TEST_F(ProgramTest, OneReplyComesForEachRequestOfAFile) {
+  const Outcome run = Host(File(std::string(kText) + "{\"get\":\"prpStrSQLPart\"}"));
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output.substr(0, 21), "{\"ok\":true,\"log\":[]}\n");
+  EXPECT_NE(run.output.find("\"kind\":\"request\""), std::string::npos);
+  EXPECT_TRUE(run.output.ends_with("}\n{\"ok\":true,\"value\":\"0\",\"log\":[]}\n"));
+}
+
+TEST_F(ProgramTest, StandardInputIsReadWhenNoFileIsNamed) {
+  const Outcome run = Host("< " + File(kText));
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output.substr(0, 21), "{\"ok\":true,\"log\":[]}\n");
+}
+
+TEST_F(ProgramTest, TheResultAloneIsWrittenAsItStands) {
+  const Outcome run = Host("--result " + File(kText) + " 2>/dev/null");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "a\r\nb");
+}
+
+TEST_F(ProgramTest, APropertyAloneIsWritten) {
+  const std::string file = File(
+      "{\"set\":\"prpintTabcount\",\"value\":3}\n{\"set\":\"Syntax_Highlight\",\"value\":true}");
+  EXPECT_EQ(Host("--get prpintTabcount " + file).output, "3");
+  EXPECT_EQ(Host("--get Syntax_Highlight " + file).output, "true");
+  EXPECT_EQ(Host("--get prpStrSQLPart " + file).output, "0");
+}
+
+TEST_F(ProgramTest, AFailedRequestIsToldWithItsLineBesideTheResult) {
+  const Outcome run = Host("--result " + File(kText) + " 2>&1 >/dev/null");
+  EXPECT_EQ(run.output.substr(0, 8), "line 4: ");
+}
+
+TEST_F(ProgramTest, WhatItCannotTakeIsToldAndEndsWithTwo) {
+  EXPECT_EQ(Host("/nowhere/at/all 2>&1").output, "zolt20-host: can't read /nowhere/at/all\n");
+  EXPECT_EQ(Host("/nowhere/at/all 2>/dev/null").status, 2);
+  EXPECT_EQ(Host("--nothing 2>/dev/null").status, 2);
+  EXPECT_EQ(Host("--get prpTab 2>/dev/null").status, 2);
+  EXPECT_EQ(Host("--get 2>/dev/null").status, 2);
+  EXPECT_EQ(Host("a b 2>/dev/null").status, 2);
+}
+
+TEST_F(ProgramTest, HelpTellsTheOptions) {
+  const Outcome run = Host("--help");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output.substr(0, 18), "usage: zolt20-host");
+}
+
+}  // namespace
+}  // namespace zolt20::tests
