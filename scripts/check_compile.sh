@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Compiles every header alone, and the six folders of logic with clang 14 and libc++, as the browser's build does.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+compile_header() {
+  echo "#include \"$1\"" | g++ -std=c++20 -Wall -Wextra -Werror -I. -fsyntax-only -x c++ - || {
+    echo "$1 does not compile alone" >&2
+    return 1
+  }
+}
+compile_logic() {
+  clang++-14 -std=c++20 -stdlib=libc++ -Wall -Wextra -Wshadow -Wconversion -Werror -I. -fsyntax-only "$1"
+}
+export -f compile_header compile_logic
+
+git ls-files -co --exclude-standard '*.h' | xargs -P "$(nproc)" -I{} bash -c 'compile_header {}'
+git ls-files -co --exclude-standard '*.cpp' | grep -E '^(surface|shell|select|where|statement|condition)/' |
+  xargs -P "$(nproc)" -I{} bash -c 'compile_logic {}'

@@ -1,0 +1,34 @@
+# Sourced by the commands at the top of the repository: installs the Debian packages that a command needs and that are missing.
+
+# need_packages PACKAGE...
+need_packages() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "These packages are missing, and only root can install them: ${missing[*]}" >&2
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "Installing ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# What building and testing take.
+build_packages=(g++ cmake ninja-build nlohmann-json3-dev libgtest-dev)
+
+# configure_and_build PRESET [TARGET...]: all targets when none is named.
+configure_and_build() {
+  local preset=$1
+  shift
+  echo "Building ($preset)"
+  cmake --preset "$preset" -Wno-dev --log-level=WARNING >/dev/null
+  cmake --build --preset "$preset" ${1:+--target "$@"} -- --quiet
+}
