@@ -1,6 +1,6 @@
 #include <stdexcept>
 
-#include "tests/shell/written_form.h"
+#include "tests/support/written_form.h"
 
 namespace zolt20::tests {
 namespace {

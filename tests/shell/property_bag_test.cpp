@@ -1,5 +1,5 @@
 #include "shell/contract.h"
-#include "tests/shell/written_form.h"
+#include "tests/support/written_form.h"
 
 namespace zolt20::tests {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/shell/written_form.h"
+#include "tests/support/written_form.h"
 
 namespace zolt20::tests {
 namespace {

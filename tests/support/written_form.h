@@ -1,4 +1,4 @@
-// What the tests of the shell have besides the fixture: the form from the code side, and an
+// What some tests have besides the fixture: the form from the code side, and an
 // observer that keeps which controls were touched.
 #pragma once
 
