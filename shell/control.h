@@ -78,7 +78,7 @@ struct ModuleVariables {
   String mstrConditionKind;     // "if", "For", "While", "Repeat" or "Case"; nothing empties it
   bool mblnKindChosen = false;  // a kind is chosen and not yet added
   FixedArray<String, 21>
-      marrOpenKinds;  // kind words of the constructs opened since the last Build Condition
+      marrOpenKinds;  // kind words since the last Build Condition, outermost first
   Integer mintOpenKinds;
   Integer mintConditionsAdded;  // passes since the last Build Condition
   bool mblnAddClicked = false;  // written, never read
