@@ -2,12 +2,13 @@
 
 #include <string>
 
-#include "hosts/automation/text_coding.h"
+#include "hosts/text_coding.h"
 
 namespace zolt20::automation {
 namespace {
 
 using Json = nlohmann::ordered_json;
+using hosts::ToJsonText;
 
 void AddRows(Json& entry, const RowsControl& rows) {
   Json texts = Json::array();

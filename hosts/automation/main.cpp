@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "hosts/automation/session.h"
-#include "hosts/automation/text_coding.h"
+#include "hosts/text_coding.h"
 
 namespace {
 
@@ -59,11 +59,11 @@ std::optional<Options> ReadOptions(const std::vector<std::string>& words) {
 
 std::string FinalValue(Session& session, const Options& options) {
   if (options.get == nullptr) {
-    return zolt20::automation::ToJsonText(session.Control().Form().TxtOutput.Text());
+    return zolt20::hosts::ToJsonText(session.Control().Form().TxtOutput.Text());
   }
   const zolt20::Variant value = options.get->get(session.Control());
   if (const auto* text = std::get_if<zolt20::String>(&value)) {
-    return zolt20::automation::ToJsonText(*text);
+    return zolt20::hosts::ToJsonText(*text);
   }
   if (const auto* number = std::get_if<zolt20::Integer>(&value)) {
     return std::to_string(number->value());

@@ -7,12 +7,14 @@
 #include <utility>
 
 #include "hosts/automation/dump.h"
-#include "hosts/automation/text_coding.h"
+#include "hosts/text_coding.h"
 
 namespace zolt20::automation {
 namespace {
 
 using Json = nlohmann::ordered_json;
+using hosts::FromJsonText;
+using hosts::ToJsonText;
 
 // A line that is no request of the protocol.
 class BadRequest : public std::runtime_error {
@@ -194,7 +196,7 @@ Json Parse(std::string_view line) {
   constexpr int kMostDepth = 256;
   if (DepthOf(line) > kMostDepth) throw BadRequest("the line is nested too deep");
   try {
-    return Json::parse(PutStandIns(line));
+    return Json::parse(hosts::PutStandIns(line));
   } catch (const Json::exception& error) {
     throw BadRequest(error.what());
   }
@@ -281,7 +283,7 @@ std::string Session::Reply(std::string_view line) {
   }
   reply["log"] = std::move(log_);
   // A complaint may quote bytes of the line that are no UTF-8.
-  return TakeStandIns(reply.dump(-1, ' ', false, Json::error_handler_t::replace));
+  return hosts::TakeStandIns(reply.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 void Session::CarryOut(const Json& request, Json& reply) {

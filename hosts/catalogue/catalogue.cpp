@@ -3,44 +3,25 @@
 #include <cstdint>
 #include <fstream>
 #include <ios>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <string>
-#include <string_view>
 #include <utility>
 
+#include "hosts/text_coding.h"
 #include "shell/field_records.h"
 
 namespace zolt20::catalogue {
 namespace {
 
 using Json = nlohmann::json;
+using hosts::FromJsonText;
 
 constexpr std::size_t kCodeLength = 8;
 
 [[noreturn]] void Complain(const std::string& where, const std::string& complaint) {
   throw CatalogueError(where + " " + complaint);
-}
-
-// The text of UTF-8 that the JSON library has found valid.
-String FromUtf8(std::string_view text) {
-  String result;
-  result.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) {
-    const auto lead = static_cast<unsigned char>(text[at++]);
-    const int tails = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0x80 ? 1 : 0;
-    char32_t code = tails == 0 ? lead : lead & (0x3FU >> tails);
-    for (int i = 0; i < tails; ++i) {
-      code = (code << 6) | (static_cast<unsigned char>(text[at++]) & 0x3FU);
-    }
-    if (code < 0x10000) {
-      result += static_cast<char16_t>(code);
-    } else {
-      result += static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
-      result += static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
-    }
-  }
-  return result;
 }
 
 const Json& Needed(const Json& object, const char* key, const std::string& where) {
@@ -95,9 +76,9 @@ Field ReadField(const Json& json, const std::string& where, const std::string& c
   const std::string& name = NeededName(json, "name", where);
   const std::string field = "field " + code + "." + name;
   Field result;
-  result.name = FromUtf8(name);
-  result.type = FromUtf8(NeededName(json, "type", field));
-  result.text = FromUtf8(NeededText(json, "text", field));
+  result.name = FromJsonText(name);
+  result.type = FromJsonText(NeededName(json, "type", field));
+  result.text = FromJsonText(NeededText(json, "text", field));
   const Json& flagged = Needed(json, "flagged", field);
   if (!flagged.is_boolean()) Complain(field, "has a \"flagged\" that is neither true nor false");
   result.flagged = flagged.get<bool>();
@@ -111,13 +92,13 @@ Table ReadTable(const Json& json, const std::string& where) {
   const std::string& code = NeededName(json, "code", where);
   const std::string table = "table " + code;
   Table result;
-  result.code = FromUtf8(code);
+  result.code = FromJsonText(code);
   if (result.code.size() != kCodeLength) {
     Complain(table, "has a \"code\" of " + std::to_string(result.code.size()) +
                         " characters, and it must have " + std::to_string(kCodeLength));
   }
   CheckListed(result.code, "code", table);
-  result.name = FromUtf8(NeededName(json, "name", table));
+  result.name = FromJsonText(NeededName(json, "name", table));
   result.indexes = ReadIndexCount(json, table);
   std::set<String> names;
   int number = 0;
@@ -135,10 +116,10 @@ Function ReadFunction(const Json& json, const std::string& where) {
   const std::string& name = NeededName(json, "name", where);
   const std::string function = "function " + name;
   Function result;
-  result.name = FromUtf8(name);
+  result.name = FromJsonText(name);
   for (const Json& argument : NeededArray(json, "arguments", function)) {
     if (!argument.is_string()) Complain(function, "has an argument that is no string");
-    result.arguments.push_back(FromUtf8(argument.get_ref<const std::string&>()));
+    result.arguments.push_back(FromJsonText(argument.get_ref<const std::string&>()));
   }
   return result;
 }
@@ -146,7 +127,7 @@ Function ReadFunction(const Json& json, const std::string& where) {
 Catalogue ReadJson(const Json& json) {
   const std::string where = "the catalogue";
   Catalogue result;
-  result.name = FromUtf8(NeededText(json, "name", where));
+  result.name = FromJsonText(NeededText(json, "name", where));
   std::set<String> codes;
   int number = 0;
   for (const Json& table : NeededArray(json, "tables", where)) {
@@ -177,7 +158,8 @@ void AppendEntry(String& list, StringView entry) {
 Catalogue ReadCatalogue(std::istream& input) {
   Json json;
   try {
-    json = Json::parse(input);
+    const std::string text{std::istreambuf_iterator<char>(input), {}};
+    json = Json::parse(hosts::PutStandIns(text));
   } catch (const Json::parse_error& error) {
     Complain("the catalogue", std::string("is no JSON: ") + error.what());
   } catch (const std::ios_base::failure& error) {

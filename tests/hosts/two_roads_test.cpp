@@ -11,7 +11,7 @@
 
 #include "hosts/automation/dump.h"
 #include "hosts/automation/session.h"
-#include "hosts/automation/text_coding.h"
+#include "hosts/text_coding.h"
 
 namespace zolt20::tests {
 namespace {
@@ -30,8 +30,8 @@ class DirectHost final : public ControlHost {
     log.push_back({{"changed", property}});
   }
   void ShowMessage(const Message& message) override {
-    log.push_back({{"message", automation::ToJsonText(message.text)},
-                   {"title", automation::ToJsonText(message.title)},
+    log.push_back({{"message", hosts::ToJsonText(message.text)},
+                   {"title", hosts::ToJsonText(message.title)},
                    {"icon", "critical"},
                    {"buttons", "ok"}});
   }
@@ -73,7 +73,7 @@ class TwoRoadsTest : public ::testing::Test {
     const Json request = {{"answer", event}, {"with", {{{"set", property}, {"value", value}}}}};
     EXPECT_EQ(Json::parse(session_.Reply(request.dump()))["ok"], true);
     host_.answers[event] = [this, property, value, let] {
-      (control_.*let)(automation::FromJsonText(value));
+      (control_.*let)(hosts::FromJsonText(value));
       host_.log.push_back({{"answered", property}});
     };
   }
@@ -92,7 +92,7 @@ TEST_F(TwoRoadsTest, GiveTheSameLogResultAndDump) {
   Step(R"({"set":"PrpStrTables","value":"CUSTOMER2,ORDERITM0,SHORT,NOWHERE_1"})",
        [&] { control_.PrpStrTables(u"CUSTOMER2,ORDERITM0,SHORT,NOWHERE_1"); });
   Step(std::string(R"({"set":"PrpStrFields","value":")") + kFields + "\"}",
-       [&] { control_.PrpStrFields(automation::FromJsonText(kFields)); });
+       [&] { control_.PrpStrFields(hosts::FromJsonText(kFields)); });
   Step(R"({"user":"click","control":"cmdMoveOne"})",
        [&] { control_.UserClick(Form().cmdMoveOne); });
   Step(R"({"user":"click","control":"lsttables","row":0})",
@@ -143,7 +143,7 @@ TEST_F(TwoRoadsTest, GiveTheSameLogResultAndDump) {
   EXPECT_TRUE(Json::parse(refused).contains("refused"));
   EXPECT_EQ(session_.Reply(R"({"get":"prpStroutput"})"),
             Json({{"ok", true},
-                  {"value", automation::ToJsonText(control_.prpStroutput())},
+                  {"value", hosts::ToJsonText(control_.prpStroutput())},
                   {"log", Json::array()}})
                 .dump());
   EXPECT_EQ(automation::Dump(control_.Form()), automation::Dump(session_.Control().Form()));

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "hosts/automation/text_coding.h"
+#include "hosts/text_coding.h"
 #include "shell/split_list.h"
 #include "surface/error.h"
 
@@ -234,9 +234,9 @@ TEST(SplitList, EqualsThePlainSplitOfGeneratedTexts) {
       text += dice.OneOf({u",", u"a", u"b"});
     const std::vector<String> plain = SplitPlainly(text, u",");
     const SplitList list{SharedString(text)};
-    ASSERT_EQ(list.Count(), plain.size()) << automation::ToJsonText(text);
+    ASSERT_EQ(list.Count(), plain.size()) << hosts::ToJsonText(text);
     for (std::size_t place = 0; place < plain.size(); ++place)
-      ASSERT_EQ(list(place), plain[place]) << automation::ToJsonText(text);
+      ASSERT_EQ(list(place), plain[place]) << hosts::ToJsonText(text);
     ASSERT_TRUE(FailsWithSubscript([&] { static_cast<void>(list(plain.size())); }));
     ASSERT_EQ(list.Text().Text(), text);
   }
@@ -296,7 +296,7 @@ TEST(FieldRecords, TheListIsTheOneThatWasGiven) {
 
 // Compares one list in every question; ends at the first answer that differs.
 void CompareWithThePlainWalk(const String& list, Dice& dice) {
-  SCOPED_TRACE(automation::ToJsonText(list));
+  SCOPED_TRACE(hosts::ToJsonText(list));
   const PlainRecords plain(list);
   const FieldRecords records = Records(list);
   const std::size_t inReach = plain.InReach();
@@ -320,29 +320,29 @@ void CompareWithThePlainWalk(const String& list, Dice& dice) {
     ASSERT_EQ(records.OfTable(table), plain.Where([&](const String& name) {
       return name.substr(0, 8) == table;
     })) << "table "
-        << automation::ToJsonText(table);
+        << hosts::ToJsonText(table);
   }
   for (int i = 0; i < 4; ++i) {
     const String text = AnyText(dice);
     ASSERT_EQ(FailsWithSubscript([&] { records.RaiseIfBrokenBeforeNameIn(text); }),
               plain.WalkToNameInFails(text))
-        << "text " << automation::ToJsonText(text);
+        << "text " << hosts::ToJsonText(text);
     ASSERT_EQ(records.WithNameIn(text), plain.Where([&](const String& name) {
       return HoldsPlainly(text, name);
     })) << "text "
-        << automation::ToJsonText(text);
+        << hosts::ToJsonText(text);
   }
   for (int i = 0; i < 3; ++i) {
     const String part = dice.Below(2) == 0 ? dice.OneOf(Tables()) : dice.Letters(4);
     ASSERT_EQ(records.WithNameHolding(part), plain.Where([&](const String& name) {
       return HoldsPlainly(name, part);
     })) << "part "
-        << automation::ToJsonText(part);
+        << hosts::ToJsonText(part);
   }
   for (int i = 0; i < 4; ++i) {
     const String text = dice.OneOf({u"aaaaaaaa", u"aaaaaaab", u"bbbbbbbb", u"*Q*V*R*N", u"Naaaaaaa",
                                     u"aaaaaaa.", u"abababab", u"N*Q*V*R*"});
-    ASSERT_EQ(records.Mentions(text), HoldsPlainly(list, text)) << automation::ToJsonText(text);
+    ASSERT_EQ(records.Mentions(text), HoldsPlainly(list, text)) << hosts::ToJsonText(text);
     ASSERT_EQ(records.Mentions(text), HoldsPlainly(list, text)) << "asked again";
   }
 }

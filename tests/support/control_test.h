@@ -16,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/automation/text_coding.h"
+#include "hosts/text_coding.h"
 #include "shell/control.h"
 #include "tests/support/mirror.h"
 
@@ -27,10 +27,10 @@ using RowNumbers = std::vector<int>;
 
 /// UTF-8 to the control's texts and back.
 inline String Wide(std::string_view text) {
-  return automation::FromJsonText(text);
+  return hosts::FromJsonText(text);
 }
 inline std::string Narrow(StringView text) {
-  return automation::ToJsonText(text);
+  return hosts::ToJsonText(text);
 }
 
 /// The line that the log holds for an error message: its text, behind "message ". Title, icon and

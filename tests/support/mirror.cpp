@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <set>
 
-#include "hosts/automation/text_coding.h"
+#include "hosts/text_coding.h"
 
 namespace zolt20::tests {
 namespace {
 
-using automation::ToJsonText;
+using hosts::ToJsonText;
 
 bool HasRows(const Control& control) {
   return control.kind() == Kind::ListBox || control.kind() == Kind::ComboBox;

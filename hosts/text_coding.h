@@ -9,7 +9,7 @@
 
 #include "surface/string.h"
 
-namespace zolt20::automation {
+namespace zolt20::hosts {
 
 /// A text as UTF-8 with stand-ins.
 std::string ToJsonText(StringView text);
@@ -22,4 +22,4 @@ std::string PutStandIns(std::string_view line);
 /// A line of JSON ready to send: stand-ins as escapes again.
 std::string TakeStandIns(std::string_view line);
 
-}  // namespace zolt20::automation
+}  // namespace zolt20::hosts

@@ -1,11 +1,11 @@
-#include "hosts/automation/text_coding.h"
+#include "hosts/text_coding.h"
 
 #include <array>
 #include <cstdint>
 #include <cstdio>
 #include <optional>
 
-namespace zolt20::automation {
+namespace zolt20::hosts {
 namespace {
 
 constexpr char32_t kLast = 0x10FFFF;
@@ -183,4 +183,4 @@ std::string TakeStandIns(std::string_view line) {
   return result;
 }
 
-}  // namespace zolt20::automation
+}  // namespace zolt20::hosts
