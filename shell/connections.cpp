@@ -27,6 +27,16 @@ void ZOLT20MapControl::OnClick(Control& source) {
       return cmdRemoveOne_Click();
     case ControlName::cmdRemoveAll:
       return cmdRemoveAll_Click();
+    case ControlName::cboWhereFields:
+      return cboWhereFields_Click();
+    case ControlName::cboOper:
+      return cboOper_Click();
+    case ControlName::cmdAnd:
+      return cmdAnd_Click();
+    case ControlName::CmdOr:
+      return CmdOr_Click();
+    case ControlName::cmdCancelWhere:
+      return cmdCancelWhere_Click();
     case ControlName::cmdAddSelect:
       return cmdAddSelect_Click();
     case ControlName::cmdAddWhereQuery:
@@ -55,8 +65,29 @@ void ZOLT20MapControl::OnDoubleClick(Control& list) {
   }
 }
 
+void ZOLT20MapControl::OnChange(Control& source) {
+  if (source.design().name == ControlName::txtwhereCondition) txtwhereCondition_Change();
+}
+
+void ZOLT20MapControl::OnItemCheck(ListBox& list, int row) {
+  switch (list.design().name) {
+    case ControlName::lstorderbyasc:
+      return lstorderbyasc_ItemCheck(row);
+    case ControlName::lstorderbydesc:
+      return lstorderbydesc_ItemCheck(row);
+    default:
+      return;
+  }
+}
+
+void ZOLT20MapControl::OnKeyPress(TextBox& box, Integer& code) {
+  if (box.design().name == ControlName::txtAsSet) txtAsSet_KeyPress(code);
+}
+
 void ZOLT20MapControl::OnGotFocus(Control& source) {
   switch (source.design().name) {
+    case ControlName::CmdOr:
+      return CmdOr_GotFocus();
     case ControlName::txtForStmt:
       return txtForStmt_GotFocus();
     case ControlName::txtWhlStm:

@@ -124,7 +124,9 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void PrpStrTables(String tables);
   /// Field records separated by ",". Fills no list. Reports.
   void PrpStrFields(String fields);
-  /// Stores a select list. Reports.
+  /// Brings a stored select list back: marks the tables named in any entry but the last, and adds
+  /// each entry to the selected fields, one with a ":" as a function expression up to there.
+  /// Reports before that; then runs lsttables_Click and ItemCheck, and raises what they raise.
   void prpSelectPart(String selectList);
   /// Activates the page, 0 to 6; runs tabVrn_Click when it changes. Raises `value` beyond them,
   /// `argument` when the form is not visible and the page, 2 to 5, wants the focus. Reports, unless
@@ -139,16 +141,19 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   /// The Result. At a depth above 0 each read indents it by one tab more from its second line on:
   /// read it once.
   String prpStroutput();
-  /// Stores a table list. Reports.
+  /// Marks the tables of the list, which are named exactly; runs lsttables_Click and raises what it
+  /// raises. Reports.
   void prpSelectFromPart(String tables);
   /// Replaces the where text by the decoded value, one tab of indentation less. Runs
   /// txtwhereCondition's Change. Reports.
   void prpSelectWherePart(String encoded);
-  /// Stores group-by fields. Reports.
+  /// Marks rows of the group-by list. Raises `index` for an empty entry, half done. Reports, unless
+  /// it raises.
   void prpSelectGroupbyPart(String fields);
-  /// Stores order fields. Reports.
+  /// Marks rows of the order lists, those of entries with "desc" in the descending one; runs
+  /// ItemCheck. Reports.
   void prpSelectOrderbyPart(String fields);
-  /// Stores a row limit. Reports.
+  /// Fills the row limit; an empty value leaves it as it is. Reports.
   void prpSelectAsSetPart(String rows);
   /// Appends decoded text to the box of the page. Reports.
   void prpSelectDoPart(String encoded);
@@ -208,7 +213,10 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   // Which handler an event of a control runs.
   void OnClick(Control& source) override;
   void OnDoubleClick(Control& list) override;
+  void OnChange(Control& source) override;
+  void OnItemCheck(ListBox& list, int row) override;
   void OnGotFocus(Control& source) override;
+  void OnKeyPress(TextBox& box, Integer& code) override;
   void OnTabChain(SyntaxTextBox& box) override;
   void OnTabClick(Integer previousTab) override;
 
@@ -234,6 +242,22 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void cmdMoveAll_Click();
   void cmdRemoveOne_Click();
   void cmdRemoveAll_Click();
+
+  // Operand and operator.
+  void cboWhereFields_Click();
+  void cboOper_Click();
+
+  // Applying a condition.
+  void cmdAnd_Click();
+  void CmdOr_Click();
+  void cmdCancelWhere_Click();
+  void txtwhereCondition_Change();
+  void CmdOr_GotFocus();
+
+  // Ordering and row limit.
+  void lstorderbyasc_ItemCheck(Integer Item);
+  void lstorderbydesc_ItemCheck(Integer Item);
+  void txtAsSet_KeyPress(Integer& KeyAscii);
 
   // Add To Result.
   void cmdAddSelect_Click();
@@ -264,6 +288,16 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void AddFunction(StringView X);
   void AddWholeTable(StringView X);
   void ForgetCatalogueMarks();
+  void OpenTemplateOfOperand(StringView pair);
+  void OpenPairOfOperator(StringView pair);
+  int PairCaret() const;
+  void ShowTemplate(StringView text, int caret);
+  void ShowValueView();
+  void ApplyCondition(StringView word);
+  void JoinTemplate(StringView word);
+  void PutChoosingBack();
+  bool AscendingOrder() const;
+  void EnableAddWhereQuery(bool isOrdered);
   bool TablesAndFieldsSelected();
   void BuildClauses();
   void BuildSelectPart();

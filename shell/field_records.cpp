@@ -126,6 +126,15 @@ void FieldRecords::RaiseIfBrokenBeforeNameIn(StringView text) const {
   if (Assigned().inReach < Count() && WithNameIn(text).empty()) Raise(ErrorKind::kSubscript);
 }
 
+bool FieldRecords::IsFlagged(StringView name) const {
+  for (const std::uint32_t place : OfTable(name.substr(0, kTableLength))) {
+    const FieldRecord record = At(place);
+    if (record.Name() == name) return record.flagAndName.starts_with(u'Y');
+  }
+  RaiseIfBroken();
+  return false;
+}
+
 FieldRecords::Places FieldRecords::OfTable(StringView table) const {
   const Index& index = Assigned();
   Places places;

@@ -50,6 +50,10 @@ class FieldRecords {
   /// would.
   void RaiseIfBrokenBeforeNameIn(StringView text) const;
 
+  /// Whether the first record of just that name has the flag "Y"; not so for a name that no record
+  /// has. Raises `subscript` when a walk up to that record would.
+  bool IsFlagged(StringView name) const;
+
   /// The records in reach of which the first 8 characters of the name (all of a shorter one) are
   /// `table`.
   Places OfTable(StringView table) const;
