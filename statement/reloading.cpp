@@ -1,32 +1,110 @@
-// The stored parts of a statement that come back from the host.
+// The stored parts of a statement that come back from the host. Each property splits, compares and
+// walks in a way of its own, and none of them clears anything first.
+#include <unordered_set>
 #include <utility>
 
 #include "shell/control.h"
 
 namespace zolt20 {
+namespace {
+
+constexpr std::size_t kTableNameLength = 8;
+
+// Every piece of 8 characters that stands anywhere in one of the texts; all table names are of that
+// length.
+std::unordered_set<StringView> PiecesOf(const std::vector<StringView>& texts, std::size_t count) {
+  std::unordered_set<StringView> pieces;
+  for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t at = 0; at + kTableNameLength <= texts[i].size(); ++at) {
+      pieces.insert(texts[i].substr(at, kTableNameLength));
+    }
+  }
+  return pieces;
+}
+
+}  // namespace
 
 void ZOLT20MapControl::prpSelectPart(String selectList) {
   mPrpSelectPart = std::move(selectList);
+  mstrSelectClause = Concat(u"select ", mPrpSelectPart);
+  const String list = mPrpSelectPart;
+  const std::vector<StringView> elements = Split(list, u",");
   host_.PropertyChanged("prpSelectPart");
+
+  // ODD: the last element selects no table.
+  const std::unordered_set<StringView> named =
+      PiecesOf(elements, elements.empty() ? 0 : elements.size() - 1);
+  for (int i = lsttables.ListCount() - 1; i >= 0; --i) {
+    if (named.count(lsttables.List(i)) != 0 && !lsttables.Selected(i)) {
+      lsttables.Selected(i, true);  // runs lsttables_Click
+    }
+  }
+
+  for (const StringView element : elements) {
+    if (element.empty()) continue;
+    if (!Holds(element, u":")) {
+      AddSelectedField(element);
+      continue;
+    }
+    lstSelectedFields.AddItem(element.substr(0, element.find(u':')));
+    lstorderbyasc.Enabled(false);
+    lstorderbydesc.Enabled(false);
+    mblnAggregateMode = true;
+  }
 }
 
 void ZOLT20MapControl::prpSelectFromPart(String tables) {
   mPrpSelectFromPart = std::move(tables);
+  const String list = mPrpSelectFromPart;
+  const std::vector<StringView> elements = Split(list, u",");
+  const std::unordered_set<StringView> named(elements.begin(), elements.end());
+  for (int i = lsttables.ListCount() - 1; i >= 0; --i) {
+    if (named.count(lsttables.List(i)) != 0 && !lsttables.Selected(i)) {
+      lsttables.Selected(i, true);  // runs lsttables_Click
+    }
+  }
   host_.PropertyChanged("prpSelectFromPart");
 }
 
 void ZOLT20MapControl::prpSelectGroupbyPart(String fields) {
   mPrpSelectGroupbyPart = std::move(fields);
+  for (const StringView element : Split(mPrpSelectGroupbyPart, u",")) {
+    // ODD: the walk begins one place past the last row, so an empty element finds the empty place
+    // there, and marking it fails.
+    int i = lstGroupby.ListCount();
+    while (i >= 0 && lstGroupby.List(i) != Trim(element))
+      --i;
+    if (i >= 0) lstGroupby.Selected(i, true);
+  }
   host_.PropertyChanged("prpSelectGroupbyPart");
 }
 
 void ZOLT20MapControl::prpSelectOrderbyPart(String fields) {
   mPrpSelectOrderbyPart = std::move(fields);
+  const String list = mPrpSelectOrderbyPart;
+  for (const StringView element : Split(list, u",")) {
+    // ODD: "desc" counts anywhere and in any letter case, but only the lower-case word is taken out
+    // of the name.
+    const bool isDescending = FindIgnoringCase(element, u"desc") != StringView::npos;
+    const String removed = Replace(element, u"desc", u"");
+    const StringView name = isDescending ? Trim(removed) : element;
+    for (int i = lstorderbyasc.ListCount() - 1; i >= 0; --i) {
+      if (!isDescending && lstorderbyasc.List(i) == name) {
+        lstorderbyasc.Selected(i, true);  // runs lstorderbyasc_ItemCheck
+        break;
+      }
+      if (isDescending && Trim(lstorderbydesc.List(i)) == name) {
+        lstorderbydesc.Selected(i, true);  // runs lstorderbydesc_ItemCheck
+        break;
+      }
+    }
+  }
   host_.PropertyChanged("prpSelectOrderbyPart");
 }
 
 void ZOLT20MapControl::prpSelectAsSetPart(String rows) {
   mPrpSelectAsSetPart = std::move(rows);
+  if (!mPrpSelectAsSetPart.empty()) txtAsSet.Text(mPrpSelectAsSetPart);
   host_.PropertyChanged("prpSelectAsSetPart");
 }
 

@@ -346,14 +346,12 @@ TEST_F(AutomationTest, TheDumpTellsEachKindOfControl) {
 TEST_F(AutomationTest, TextsOfEveryKindComeBackExactly) {
   const std::vector<std::pair<std::string, std::string>> texts{
       {R"j(a\u0000b)j", R"j(a\u0000b)j"},
-      {R"j(\ud800)j",
-       R"j(\ud800)j"},
+      {R"j(\ud800)j", R"j(\ud800)j"},
       {R"j(\uDFFFx\uDBFF)j", R"j(\udfffx\udbff)j"},
       {R"j(\udc00\ud800)j", R"j(\udc00\ud800)j"},
       {R"j(\ud83d\ude00)j", "\xF0\x9F\x98\x80"},
       {R"j(\ud83d\u0041)j", R"j(\ud83dA)j"},
-      {R"j(\\ud800)j",
-       R"j(\\ud800)j"},
+      {R"j(\\ud800)j", R"j(\\ud800)j"},
       {R"j(\\\ud800)j", R"j(\\\ud800)j"},
       {R"j(\udbff\udfff)j", "\xF4\x8F\xBF\xBF"},
       {"\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},

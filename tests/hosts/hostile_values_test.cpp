@@ -27,7 +27,14 @@ TEST_F(HostileValuesTest, EveryTextPropertyTakesTenMegabytes) {
     for (const Member& member : Members()) {
       if (member.let == nullptr || member.type != ValueType::kString) continue;
       MakeNew();
-      member.let(host(), String(kTenMegabytes, filling));
+      const String value(kTenMegabytes, filling);
+      if (filling == u',' && member.name == "prpSelectGroupbyPart") {
+        // The first empty element meets the empty place past the end of the list.
+        ExpectError(ErrorKind::kIndex, [&] { member.let(host(), value); });
+        EXPECT_EQ(Log(), Texts{});
+        continue;
+      }
+      member.let(host(), value);
       EXPECT_EQ(Log(), member.reports ? Texts{"changed " + std::string(member.name)} : Texts{});
     }
   }

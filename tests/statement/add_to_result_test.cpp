@@ -24,6 +24,7 @@ struct AddButton {
 };
 
 constexpr AddButton kSelect{"cmdAddSelect", 0, "", ""};
+constexpr AddButton kWhere{"cmdAddWhereQuery", 1, "txtwhereCondition", "where"};
 constexpr AddButton kDo{"cmdAddSelectDoQuer", 2, "txtSelectDo", "selectdo"};
 constexpr AddButton kEos{"cmdAddSEOStoquery", 3, "txtSelectEOS", "selecteos"};
 constexpr AddButton kEmpty{"cmdSelectmpty", 4, "txtselectempty", "selectempty"};
@@ -40,7 +41,7 @@ std::string Statement(const std::string& clauses = "") {
 
 /// The clause of a button's box.
 std::string Block(const AddButton& button, const std::string& text) {
-  return std::string("\r\n") + button.keyword + "\r\n\t" + text;
+  return std::string("\r\n") + button.keyword + (button.page == 1 ? " " : "\r\n\t") + text;
 }
 
 class AddToResultTest : public ControlTest {
@@ -62,7 +63,16 @@ class AddToResultTest : public ControlTest {
   }
   void Add(const AddButton& button) {
     Tab(button.page);
+    if (!Enabled(button.name)) EnableTheWherePageButton();
     Click(button.name);
+  }
+  /// With nothing on its page the button stays enabled after a row limit came and went, since the
+  /// box alone does not disable it.
+  void EnableTheWherePageButton() {
+    Type("txtAsSet", "1");
+    Key("txtAsSet", '2');
+    Type("txtAsSet", "");
+    ASSERT_TRUE(Enabled("cmdAddWhereQuery"));
   }
   void SetWhere(std::string_view condition) {
     host().prpSelectWherePart(Wide(condition));
@@ -157,7 +167,7 @@ TEST_P(EveryAddButtonTest, LosesTextTypedIntoTheResult) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Buttons, EveryAddButtonTest,
-                         ::testing::Values(kSelect, kDo, kEos, kEmpty, kError), NameOf);
+                         ::testing::Values(kSelect, kWhere, kDo, kEos, kEmpty, kError), NameOf);
 
 // The button of the Select List page.
 
@@ -241,13 +251,44 @@ TEST_F(AddToResultTest, ABoxTooLongForABuilderLeavesTheStatementAsItWas) {
   EXPECT_EQ(Result(), Statement());
 }
 
+// The button of the Where page.
+
 TEST_F(AddToResultTest, TheWherePageButtonIsDisabledAtFirst) {
   ChooseField();
   Add(kSelect);
   Tab(1);
-  SetWhere("CUSTOMER.NO = 1");
   EXPECT_EQ(host().UserClick(On("cmdAddWhereQuery")), Outcome::kNotEnabled);
   EXPECT_EQ(Result(), Statement());
+}
+
+TEST_F(AddToResultTest, AStoredConditionEnablesTheWherePageButton) {
+  ChooseField();
+  Add(kSelect);
+  SetWhere("CUSTOMER.NO = 1");
+  Tab(1);
+  Click("cmdAddWhereQuery");
+  EXPECT_EQ(Result(), Statement("\r\nwhere CUSTOMER.NO = 1"));
+}
+
+TEST_F(AddToResultTest, TheWherePageButtonBringsTheOrderAndTheRowLimit) {
+  ChooseField();
+  Add(kSelect);
+  Tab(1);
+  Mark("lstorderbydesc", 0);
+  Type("txtAsSet", "10");
+  Click("cmdAddWhereQuery");
+  EXPECT_EQ(Result(), Statement("\r\norder by CUSTOMER.NO desc\r\nas set with 10 rows "));
+}
+
+TEST_F(AddToResultTest, TheWherePageButtonRewritesAfterItsConditionWasTakenOut) {
+  ChooseField();
+  Add(kSelect);
+  Fill(kWhere, "CUSTOMER.NO = 1");
+  Mark("lstorderbyasc", 0);
+  Click("cmdAddWhereQuery");
+  Type("txtwhereCondition", "");
+  Click("cmdAddWhereQuery");
+  EXPECT_EQ(Result(), Statement("\r\norder by CUSTOMER.NO"));
 }
 
 // The buttons that rewrite.
@@ -365,8 +406,8 @@ TEST_P(RewritingTest, TakesTheInsertedTextForTheCurrentStatement) {
   EXPECT_EQ(Result(), Statement());
 }
 
-INSTANTIATE_TEST_SUITE_P(Buttons, RewritingTest, ::testing::Values(kDo, kEos, kEmpty, kError),
-                         NameOf);
+INSTANTIATE_TEST_SUITE_P(Buttons, RewritingTest,
+                         ::testing::Values(kWhere, kDo, kEos, kEmpty, kError), NameOf);
 
 // With the Result emptied by hand.
 
@@ -415,7 +456,8 @@ TEST_P(LookingTest, AssemblesNothingIntoAnEmptyResult) {
   EXPECT_EQ(Result(), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Buttons, LookingTest, ::testing::Values(kEos, kEmpty, kError), NameOf);
+INSTANTIATE_TEST_SUITE_P(Buttons, LookingTest, ::testing::Values(kWhere, kEos, kEmpty, kError),
+                         NameOf);
 
 TEST_F(AddToResultTest, TheDoButtonBringsTheNewTextIntoAnEmptiedResult) {
   ChooseField();
