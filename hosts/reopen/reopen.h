@@ -1,0 +1,63 @@
+// The way back of a stored statement: its text is split into the values of the part properties,
+// which set the pages of a control as they were.
+//
+// The statement is one select statement just as the control writes it: clauses in their order, each
+// on a line of its own, CR LF between lines, the lines of a block one tab in. A line break counts
+// only where it divides clauses: not in a string in double quotes, not within the brackets of a
+// condition, not in a block. So a nested statement with clauses of its own stays in one piece.
+//
+// Nothing is lost: what is not in the parts stands in `rest`, and every reason is told. Hosts call
+// this; it uses the public members of the control alone.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "shell/control.h"
+
+namespace zolt20::reopen {
+
+/// The value of each part property, encoded where the property decodes. "" for a clause that the
+/// statement does not have. Where and block parts are made for boxes that are empty.
+struct Parts {
+  String prpSelectPart;
+  String prpSelectFromPart;
+  String prpSelectWherePart;
+  String prpSelectGroupbyPart;
+  String prpSelectOrderbyPart;
+  String prpSelectAsSetPart;
+  String prpSelectDoPart;
+  String prpSelectEOSPart;
+  String prpSelectEmptyPart;
+  String prpSelectErrorPart;
+};
+
+/// Why something does not come back as it stands in the text.
+struct Problem {
+  int line = 1;    ///< from 1; lines end with CR LF
+  int column = 1;  ///< from 1, in characters of 16 bits
+  std::string message;
+};
+
+struct Reopened {
+  /// Ready to be written. All are "" when the text could not be split.
+  Parts parts;
+  /// Empty when all of the statement comes back; of the same kind only the first in each clause.
+  /// In the order of the text. A clause can be in the parts and have a problem: the control takes
+  /// it and then does not write it as it was.
+  std::vector<Problem> problems;
+  /// The clauses that no property can carry, as they stand in the text, a line break between two.
+  /// The whole text when it could not be split, "" when everything is in the parts.
+  String rest;
+};
+
+/// Splits a statement. Line breaks before it are passed over, since a second statement in a Result
+/// begins with one; behind "endselect" nothing may follow. Never raises; takes time in proportion
+/// to the length.
+Reopened Reopen(StringView statement);
+
+/// Writes the parts that are there, in the calling order, to a control that has its catalogue and
+/// holds no statement yet. Runs what the properties run and raises what they raise.
+void WriteParts(ZOLT20MapControl& control, const Parts& parts);
+
+}  // namespace zolt20::reopen
