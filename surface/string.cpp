@@ -160,8 +160,7 @@ Integer ToInteger(StringView numericText) {
   assert(numeric);
 
   // The value is 0.DDD... times ten to the power of `point`, the first D not being 0.
-  const std::int64_t digitCount =
-      static_cast<std::int64_t>(pieces.whole.size() + pieces.fraction.size());
+  const auto digitCount = static_cast<std::int64_t>(pieces.whole.size() + pieces.fraction.size());
   const auto digitAt = [&pieces](std::int64_t place) {
     const auto at = static_cast<std::size_t>(place);
     const char16_t digit =
