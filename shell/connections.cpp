@@ -49,6 +49,22 @@ void ZOLT20MapControl::OnClick(Control& source) {
       return cmdSelectmpty_Click();
     case ControlName::cmdAddtoSERROR:
       return cmdAddtoSERROR_Click();
+    case ControlName::optIfThen:
+      return optIfThen_Click();
+    case ControlName::optFor:
+      return optFor_Click();
+    case ControlName::optwhile:
+      return optwhile_Click();
+    case ControlName::optRepeat:
+      return optRepeat_Click();
+    case ControlName::optCase:
+      return optCase_Click();
+    case ControlName::cmdNext:
+      return cmdNext_Click();
+    case ControlName::cmdAdd:
+      return cmdAdd_Click();
+    case ControlName::cmdBuild:
+      return cmdBuild_Click();
     default:
       return;
   }
@@ -66,7 +82,14 @@ void ZOLT20MapControl::OnDoubleClick(Control& list) {
 }
 
 void ZOLT20MapControl::OnChange(Control& source) {
-  if (source.design().name == ControlName::txtwhereCondition) txtwhereCondition_Change();
+  switch (source.design().name) {
+    case ControlName::txtwhereCondition:
+      return txtwhereCondition_Change();
+    case ControlName::VscrCase:
+      return VscrCase_Change();
+    default:
+      return;
+  }
 }
 
 void ZOLT20MapControl::OnItemCheck(ListBox& list, int row) {
@@ -88,6 +111,8 @@ void ZOLT20MapControl::OnGotFocus(Control& source) {
   switch (source.design().name) {
     case ControlName::CmdOr:
       return CmdOr_GotFocus();
+    case ControlName::cmdBuild:
+      return cmdBuild_GotFocus();
     case ControlName::txtForStmt:
       return txtForStmt_GotFocus();
     case ControlName::txtWhlStm:

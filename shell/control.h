@@ -267,6 +267,22 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void cmdSelectmpty_Click();
   void cmdAddtoSERROR_Click();
 
+  // Condition kinds.
+  void optIfThen_Click();
+  void optFor_Click();
+  void optwhile_Click();
+  void optRepeat_Click();
+  void optCase_Click();
+
+  // The rows of an On...Case.
+  void cmdNext_Click();
+  void VscrCase_Change();
+
+  // Add Condition and Build Condition.
+  void cmdAdd_Click();
+  void cmdBuild_Click();
+  void cmdBuild_GotFocus();
+
   // The boxes that make themselves the target of the host's text.
   void txtForStmt_GotFocus();
   void txtWhlStm_GotFocus();
@@ -277,9 +293,12 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void txtStmt_GotFocus(Integer Index);
 
   // Private routines, in the order of the handlers that use them.
-  void WriteTabOrder(std::initializer_list<Control*> controls);
+  Integer WriteTabOrder(std::initializer_list<Control*> controls, Integer firstPlace = 1);
+  void ChainLastButtons(const Control& before);
   void ClearMarks(ListBox& list, const ListBox& countedBy);
   void ResetConditionPage();
+  void ShowInstructions();
+  void EmptyConditionPage();
   void MarkTable(StringView table, StringView entry);
   void UnmarkTable(StringView table, StringView entry);
   void UnmarkRows(ListBox& list);
@@ -312,10 +331,32 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   String AssembleStatement() const;
   void AddQueryPart();
   void RewriteCurrentStatement();
+  void AppendStatement(String statement);
   void RewriteResult();
   void ReadSelectedFields();
   void AppendRecordsOf(StringView item, String& records) const;
   void KeepResultAsStatement();
+  void ChooseKind(StringView kind);
+  void PushKind();
+  void ShowPanel(const Frame& panel);
+  void StartFillingIn(TextBox& first);
+  void WriteButtonPlaces(Integer firstPlace);
+  void MoveRow(Integer i, int byTwips);
+  void WriteRowPlaces();
+  void AddFor();
+  void AddIf();
+  void AddRepeat();
+  void AddWhile();
+  void AddCase();
+  String CaseRow(StringView value, StringView statement);
+  String StatementBlock(StringView statement) const;
+  void StoreConditionText(StringView text);
+  void EndPass();
+  void CloseKind(StringView kind);
+  void CloseRepeat();
+  void CloseCase();
+  void StoreClosingText(Integer depth, StringView text);
+  static String IndentLines(Integer count);
   void ShowMessage(StringView text);
 
   ControlHost& host_;

@@ -48,6 +48,10 @@ void ZOLT20MapControl::UserControl_Initialize() {
 
 void ZOLT20MapControl::ResetConditionPage() {
   VscrCase.Visible(false);
+  ShowInstructions();
+}
+
+void ZOLT20MapControl::ShowInstructions() {
   fraif.Visible(false);
   fraFor.Visible(false);
   fraOnCase.Visible(false);
@@ -107,17 +111,24 @@ void ZOLT20MapControl::tabVrn_Click(Integer /*PreviousTab*/) {
   }
 }
 
-// Places 1, 2, 3 and so on, in this order; a control that comes twice ends at the later place.
-void ZOLT20MapControl::WriteTabOrder(std::initializer_list<Control*> controls) {
-  Integer place = 0;
+// One place after the other, in this order; a control that comes twice ends at the later place.
+// Gives the place behind the last.
+Integer ZOLT20MapControl::WriteTabOrder(std::initializer_list<Control*> controls,
+                                        Integer firstPlace) {
+  Integer place = firstPlace;
   for (Control* control : controls) {
-    ++place;
     control->TabIndex(place);
+    ++place;
   }
+  return place;
 }
 
 void ZOLT20MapControl::TxtOutput_TabChain() {
-  cmdClear.TabIndex(TxtOutput.TabIndex() + 1);
+  ChainLastButtons(TxtOutput);
+}
+
+void ZOLT20MapControl::ChainLastButtons(const Control& before) {
+  cmdClear.TabIndex(before.TabIndex() + 1);
   cmdCancel.TabIndex(cmdClear.TabIndex() + 1);
   cmdDone.TabIndex(cmdCancel.TabIndex() + 1);
 }
@@ -148,19 +159,22 @@ void ZOLT20MapControl::cmdClear_Click() {
   cmdFunction(4).Enabled(false);
   cmdBuild.Enabled(false);
   ResetConditionPage();
-  for (OptionButton* option : {&optCase, &optIfThen, &optFor, &optRepeat, &optwhile}) {
-    option->Value(false);
-  }
-  for (TextBox* box : {&txtRepCnd, &txtCond, &txtStmt1, &txtStmt2, &TxtDef, &txtRepStm, &txtWhlCnd,
-                       &txtWhlStm, &txtVariable, &txtFinVal, &txtStep, &txtForStmt, &txtinitval}) {
-    box->Text(u"");
-  }
+  EmptyConditionPage();
   mstrRepeatHead.clear();
-  for (TextBox* box : {&TxtExpr(0), &txtStmt(0), &txtcaseexp})
-    box->Text(u"");
   mintCaseRow = 0;
   cmdBuild.Enabled(false);
   cmdAddSelect.Enabled(true);
+}
+
+// ODD: of the case rows the first alone; the others keep their texts, and stay.
+void ZOLT20MapControl::EmptyConditionPage() {
+  for (OptionButton* option : {&optCase, &optIfThen, &optFor, &optRepeat, &optwhile})
+    option->Value(false);
+  for (TextBox* box : {&txtRepCnd, &txtCond, &txtStmt1, &txtStmt2, &TxtDef, &txtRepStm, &txtWhlCnd,
+                       &txtWhlStm, &txtVariable, &txtFinVal, &txtStep, &txtForStmt, &txtinitval,
+                       &TxtExpr(0), &txtStmt(0), &txtcaseexp}) {
+    box->Text(u"");
+  }
 }
 
 void ZOLT20MapControl::cmdCancel_Click() {

@@ -41,10 +41,8 @@ void ZOLT20MapControl::cmdAddSelect_Click() {
   mstrStatement = AssembleStatement();
   mblnSelectAdded = true;
   if (mintStatementCount > 0) mstrStatement.insert(0, kLineBreak);
-  marrResultStatements.Resize(mintStatementCount);
-  marrResultStatements(mintStatementCount.value()) = mstrStatement;
   mintCurrentStatement = mintStatementCount;
-  ++mintStatementCount;
+  AppendStatement(mstrStatement);
   RewriteResult();
 }
 
@@ -86,6 +84,12 @@ void ZOLT20MapControl::RewriteCurrentStatement() {
   if (mintCurrentStatement > 0) mstrStatement.insert(0, kLineBreak);
   marrResultStatements(mintCurrentStatement.value()) = mstrStatement;
   RewriteResult();
+}
+
+void ZOLT20MapControl::AppendStatement(String statement) {
+  marrResultStatements.Resize(mintStatementCount);
+  marrResultStatements(mintStatementCount.value()) = std::move(statement);
+  ++mintStatementCount;
 }
 
 void ZOLT20MapControl::RewriteResult() {

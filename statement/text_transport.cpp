@@ -82,11 +82,9 @@ void ZOLT20MapControl::prpStroutput(String encoded) {
 void ZOLT20MapControl::KeepResultAsStatement() {
   const StringView result = Trim(TxtOutput.Text());
   if (result.empty()) return;
-  marrResultStatements.Resize(mintStatementCount);
-  marrResultStatements(mintStatementCount.value()) = result;
   mintCurrentStatement = mintStatementCount;
   mblnSelectAdded = true;
-  ++mintStatementCount;
+  AppendStatement(String(result));
 }
 
 String ZOLT20MapControl::prpStroutput() {
