@@ -184,6 +184,7 @@ void ZOLT20MapControl::EndPass() {
     TxtExpr.Unload(i);
     txtStmt.Unload(i);
   }
+  // ODD: the bar and row 0 stay where the scrolling left them, maybe above the frame.
   mblnKindChosen = false;
   cmdBuild.Enabled(true);
   fracase.Visible(false);

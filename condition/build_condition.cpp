@@ -16,6 +16,7 @@ void ZOLT20MapControl::cmdBuild_Click() {
   for (Integer i = mintOpenKinds; i >= 0; --i)
     marrOpenKinds(i).clear();
   mintOpenKinds = 0;
+  // ODD: case rows that are loaded stay, and the next clicks on cmdNext fail on them.
   mintCaseRow = 0;
   mintTabCount = 0;
 }

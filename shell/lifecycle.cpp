@@ -153,12 +153,14 @@ void ZOLT20MapControl::cmdClear_Click() {
   for (Integer i = mintOpenKinds; i >= 0; --i)
     marrOpenKinds(i).clear();
   mintOpenKinds = 0;
+  // ODD: the case rows stay loaded, and the next clicks on cmdNext fail on them.
   mintCaseRow = 0;
   mintTabCount = 0;
   cmdSubQuery(4).Enabled(false);
   cmdFunction(4).Enabled(false);
   cmdBuild.Enabled(false);
   ResetConditionPage();
+  // ODD: the kind stays chosen, so Add Condition runs a pass for it on empty boxes.
   EmptyConditionPage();
   mstrRepeatHead.clear();
   mintCaseRow = 0;
@@ -166,7 +168,7 @@ void ZOLT20MapControl::cmdClear_Click() {
   cmdAddSelect.Enabled(true);
 }
 
-// ODD: of the case rows the first alone; the others keep their texts, and stay.
+// Of the case rows the first alone, which is there at all times.
 void ZOLT20MapControl::EmptyConditionPage() {
   for (OptionButton* option : {&optCase, &optIfThen, &optFor, &optRepeat, &optwhile})
     option->Value(false);
