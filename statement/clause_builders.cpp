@@ -100,7 +100,7 @@ Variant ZOLT20MapControl::BuildGroupBy() {
 bool ZOLT20MapControl::AddGroupByField(StringView F) const {
   for (int i = lstSelectedFields.ListCount() - 1; i >= 0; --i) {
     const StringView entry = lstSelectedFields.List(i);
-    // ODD: the whole of any table covers the fields of every table.
+    // The whole of any table covers the fields of every table, which nothing shows.
     if ((Holds(entry, F) || Holds(entry, u"*")) && !Holds(entry, u")")) return true;
     if (entry == F) return true;
   }

@@ -158,13 +158,16 @@ class KindsTest : public ControlTest {
     Click("cmdAdd");
   }
 
-  /// Adds and closes one of each kind. From then on, each entry of the stack gets a closing line.
+  /// Adds and closes one of the kind. From then on, each entry of it on the stack gets a closing
+  /// line.
+  void AddOnce(std::string_view option) {
+    Click(option);
+    FillAndAdd(KindOf(option));
+    Click("cmdBuild");
+  }
   void AddEachKindOnce() {
-    for (const KindOfCondition& kind : kKinds) {
-      Click(kind.option);
-      FillAndAdd(kind);
-      Click("cmdBuild");
-    }
+    for (const KindOfCondition& kind : kKinds)
+      AddOnce(kind.option);
   }
 
   /// Adds the kind that was chosen last, closes all, and tells which kinds were open, outermost
@@ -192,10 +195,10 @@ class KindsTest : public ControlTest {
     return kinds;
   }
 
-  /// Twenty-one kinds with no text in a box; the last is an If.
-  void FillTheStack() {
+  /// Twenty-one kinds with no text in a box; the last is an If, or what is told.
+  void FillTheStack(std::string_view last = "optIfThen", std::string_view other = "optFor") {
     for (int entry = 0; entry <= 20; ++entry)
-      Click(entry % 2 == 0 ? "optIfThen" : "optFor");
+      Click(entry % 2 == 0 ? last : other);
   }
 
   void WriteAllBoxes(StringView text) {
@@ -314,6 +317,14 @@ TEST_P(EachKindTest, ItsControlsStandInFrontOfTheTabOrder) {
   EXPECT_EQ(TabIndex("cmdDone"), kind().lastPlace);
 }
 
+TEST_P(EachKindTest, TheTabStripComesFirstAgain) {
+  Written(host()).tabVrn.TabIndex(60);
+  Click(kind().option);
+  EXPECT_EQ(TabIndex("tabVrn"), 0);
+  EXPECT_EQ(TabIndex(kind().option), 1);
+  EXPECT_EQ(TabIndex("cmdDone"), kind().lastPlace);
+}
+
 TEST_P(EachKindTest, ItsTabOrderIsTheSameBehindAnyOtherKind) {
   for (const KindOfCondition& other : kKinds) {
     if (other.option == kind().option) continue;
@@ -370,6 +381,7 @@ TEST_P(EachKindTest, AfterItsPassTheSameOptionCanBeClickedAgain) {
 
 TEST_P(EachKindTest, ABoxThatIsNotShownLeavesAllBehindTheFocusUndone) {
   Tab(0);
+  Written(host()).tabVrn.TabIndex(60);
   const Texts before = WholeTabOrder();
   auto& option = const_cast<OptionButton&>(dynamic_cast<const OptionButton&>(On(kind().option)));
   ExpectError(ErrorKind::kArgument, [&] { option.Value(true); });
@@ -557,8 +569,9 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& box) { return std::string(box.param.box); });
 
 TEST_P(BoxThatCountsTest, TextInItGivesThePlaceOfItsKindToTheNext) {
-  AddEachKindOnce();
   const char* next = AnotherThan(GetParam().option);
+  AddOnce(GetParam().option);
+  AddOnce(next);
   Click(GetParam().option);
   Type(GetParam().box, "x");
   Click(next);
@@ -566,8 +579,9 @@ TEST_P(BoxThatCountsTest, TextInItGivesThePlaceOfItsKindToTheNext) {
 }
 
 TEST_P(BoxThatCountsTest, ABlankIsTextEnough) {
-  AddEachKindOnce();
   const char* next = AnotherThan(GetParam().option);
+  AddOnce(GetParam().option);
+  AddOnce(next);
   Click(GetParam().option);
   Type(GetParam().box, " ");
   Click(next);
@@ -575,8 +589,9 @@ TEST_P(BoxThatCountsTest, ABlankIsTextEnough) {
 }
 
 TEST_P(BoxThatCountsTest, TextThatWasTakenOutAgainDoesNotCount) {
-  AddEachKindOnce();
   const char* next = AnotherThan(GetParam().option);
+  AddOnce(GetParam().option);
+  AddOnce(next);
   Click(GetParam().option);
   Type(GetParam().box, "x");
   Type(GetParam().box, "");
@@ -588,7 +603,8 @@ TEST_P(BoxThatCountsTest, ItCountsForEveryOptionAndAlsoWhenItsOwnKindIsNotTheOne
   for (const KindOfCondition& next : kKinds) {
     const char* first = AnotherThan(next.option);
     OpenAfresh();
-    AddEachKindOnce();
+    AddOnce(first);
+    AddOnce(next.option);
     Click(first);
     const_cast<TextBox&>(dynamic_cast<const TextBox&>(On(GetParam().box))).Text(u"x");
     Click(next.option);
@@ -734,21 +750,28 @@ TEST_F(KindsTest, TheTwentySecondKindIsAnErrorAndTheFormStaysAsItWas) {
   EXPECT_FALSE(Option("optIfThen"));
 }
 
-TEST_F(KindsTest, TheNextButtonStaysAsItWasAtTheErrorOfEveryKind) {
+TEST_P(EachKindTest, AtTheErrorItsPanelTheNextButtonAndTheFocusStayAsTheyWere) {
   for (const bool visible : {true, false}) {
-    for (const KindOfCondition& kind : kKinds) {
-      OpenAfresh();
-      FillTheStack();
-      if (kind.word == std::string_view("if")) {
-        const_cast<OptionButton&>(Written(host()).optIfThen).Value(false);
-      }
-      Written(host()).cmdNext.Visible(visible);
-      ExpectError(ErrorKind::kSubscript, [&] { host().UserClick(On(kind.option)); });
-      EXPECT_EQ(Visible("cmdNext"), visible) << kind.word;
-      EXPECT_EQ(Panels(), Texts{"fraif"}) << kind.word;
-      EXPECT_EQ(Focused(), kind.option);
-    }
+    OpenAfresh();
+    const KindOfCondition& last = KindOf(AnotherThan(kind().option));
+    FillTheStack(last.option,
+                 "optRepeat" == std::string_view(kind().option) ? "optCase" : "optRepeat");
+    Written(host()).cmdNext.Visible(visible);
+    const Texts before = WholeTabOrder();
+    ExpectError(ErrorKind::kSubscript, [this] { host().UserClick(On(kind().option)); });
+    EXPECT_EQ(Panels(), last.panels);
+    EXPECT_EQ(Visible("cmdNext"), visible);
+    EXPECT_EQ(Focused(), kind().option);
+    EXPECT_EQ(WholeTabOrder(), before);
   }
+}
+
+TEST_F(KindsTest, AnErrorLeavesTheStackAtTwentyOne) {
+  FillTheStack();
+  ExpectError(ErrorKind::kSubscript, [this] { host().UserClick(On("optwhile")); });
+  Type("txtCond", "c");
+  Click("optFor");  // takes the place of the twenty-first
+  EXPECT_EQ(Panels(), Texts{"fraFor"});
 }
 
 TEST_F(KindsTest, AtTheErrorTheKindWordIsTheNewOne) {
