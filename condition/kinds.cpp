@@ -102,7 +102,8 @@ void ZOLT20MapControl::WriteButtonPlaces(Integer firstPlace) {
 }
 
 String ZOLT20MapControl::IndentLines(Integer count) {
-  return String(static_cast<std::size_t>(std::max(count, Integer(0)).value()), u'\t');
+  String tabs(static_cast<std::size_t>(std::max(count, Integer(0)).value()), u'\t');
+  return tabs;
 }
 
 }  // namespace zolt20
