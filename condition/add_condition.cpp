@@ -54,7 +54,7 @@ void ZOLT20MapControl::AddFor() {
   }
   // ODD: without the line break that the markers of If and While have in front.
   mstrForText = text;
-  StoreConditionText(text);
+  StoreStatement(OnNewLine(text));
   ++mintConditionsAdded;
 }
 
@@ -77,8 +77,8 @@ void ZOLT20MapControl::AddIf() {
   }
   // ODD: with statements before it, an If of no condition leaves a line break here, which is enough
   // for an endif.
-  String marker = mintStatementCount > 0 ? Concat(kLineBreak, text) : text;
-  StoreConditionText(Concat(text, elsePart));
+  String marker = OnNewLine(text);
+  StoreStatement(Concat(marker, elsePart));
   ++mintConditionsAdded;
   mstrIfText = std::move(marker);
 }
@@ -100,7 +100,7 @@ void ZOLT20MapControl::AddRepeat() {
     // Seen only when the statements below can't be counted any more.
     TxtOutput.Text(Concat(Trim(TxtOutput.Text()), mstrRepeatHead));
   }
-  StoreConditionText(mstrRepeatHead);
+  StoreStatement(OnNewLine(mstrRepeatHead));
   // ODD: counted twice, which leaves an empty entry behind the text.
   ++mintStatementCount;
   ++mintConditionsAdded;
@@ -117,8 +117,8 @@ void ZOLT20MapControl::AddWhile() {
     // ODD: two blanks without a statement, one with it.
     text = Concat(IndentLines(mintTabCount), u"while  ", condition);
   }
-  String marker = mintStatementCount > 0 ? Concat(kLineBreak, text) : text;
-  StoreConditionText(text);
+  String marker = OnNewLine(text);
+  StoreStatement(marker);
   mstrWhileText = std::move(marker);
   ++mintConditionsAdded;
 }
@@ -139,7 +139,7 @@ void ZOLT20MapControl::AddCase() {
   // ODD: of the five, this kind alone stores nothing when it has no text.
   if (!text.empty()) {
     text = Concat(IndentLines(marrCaseTabs(mintCaseLevel)), u"on case ", expression, text);
-    StoreConditionText(text);
+    StoreStatement(OnNewLine(text));
   }
   mstrCaseText = std::move(text);
   ++mintConditionsAdded;
@@ -170,9 +170,9 @@ String ZOLT20MapControl::StatementBlock(StringView statement) const {
   return Concat(IndentLines(depth), Replace(statement, kLineBreak, lineStart));
 }
 
-void ZOLT20MapControl::StoreConditionText(StringView text) {
-  AppendStatement(mintStatementCount > 0 ? Concat(kLineBreak, text) : String(text));
-  RewriteResult();
+// Behind what the Result holds already.
+String ZOLT20MapControl::OnNewLine(StringView text) const {
+  return mintStatementCount > 0 ? Concat(kLineBreak, text) : String(text);
 }
 
 // Back to the instructions, so that the next pass can nest inside this one.

@@ -12,13 +12,7 @@ void ZOLT20MapControl::cmdBuild_Click() {
     CloseKind(marrOpenKinds(i));
     --mintTabCount;
   }
-  // ODD: from one above the last entry, which a full stack does not have.
-  for (Integer i = mintOpenKinds; i >= 0; --i)
-    marrOpenKinds(i).clear();
-  mintOpenKinds = 0;
-  // ODD: case rows that are loaded stay, and the next clicks on cmdNext fail on them.
-  mintCaseRow = 0;
-  mintTabCount = 0;
+  ForgetOpenKinds();
 }
 
 // ODD: a marker tells that its kind was added at some time, not that this one was. Nothing empties
@@ -66,8 +60,7 @@ void ZOLT20MapControl::CloseCase() {
 
 // ODD: a line break in front even of the first statement of a Result.
 void ZOLT20MapControl::StoreClosingText(Integer depth, StringView text) {
-  AppendStatement(Concat(kLineBreak, IndentLines(depth), text));
-  RewriteResult();
+  StoreStatement(Concat(kLineBreak, IndentLines(depth), text));
 }
 
 void ZOLT20MapControl::cmdBuild_GotFocus() {

@@ -298,6 +298,7 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void ClearMarks(ListBox& list, const ListBox& countedBy);
   void ResetConditionPage();
   void ShowInstructions();
+  void ForgetOpenKinds();
   void EmptyConditionPage();
   void MarkTable(StringView table, StringView entry);
   void UnmarkTable(StringView table, StringView entry);
@@ -332,6 +333,7 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void AddQueryPart();
   void RewriteCurrentStatement();
   void AppendStatement(String statement);
+  void StoreStatement(String statement);
   void RewriteResult();
   void ReadSelectedFields();
   void AppendRecordsOf(StringView item, String& records) const;
@@ -350,7 +352,7 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void AddCase();
   String CaseRow(StringView value, StringView statement);
   String StatementBlock(StringView statement) const;
-  void StoreConditionText(StringView text);
+  String OnNewLine(StringView text) const;
   void EndPass();
   void CloseKind(StringView kind);
   void CloseRepeat();

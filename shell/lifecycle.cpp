@@ -150,12 +150,7 @@ void ZOLT20MapControl::cmdClear_Click() {
   }
   mintStatementCount = 0;
   ClearAll(page);
-  for (Integer i = mintOpenKinds; i >= 0; --i)
-    marrOpenKinds(i).clear();
-  mintOpenKinds = 0;
-  // ODD: the case rows stay loaded, and the next clicks on cmdNext fail on them.
-  mintCaseRow = 0;
-  mintTabCount = 0;
+  ForgetOpenKinds();
   cmdSubQuery(4).Enabled(false);
   cmdFunction(4).Enabled(false);
   cmdBuild.Enabled(false);
@@ -163,9 +158,17 @@ void ZOLT20MapControl::cmdClear_Click() {
   // ODD: the kind stays chosen, so Add Condition runs a pass for it on empty boxes.
   EmptyConditionPage();
   mstrRepeatHead.clear();
-  mintCaseRow = 0;
-  cmdBuild.Enabled(false);
   cmdAddSelect.Enabled(true);
+}
+
+void ZOLT20MapControl::ForgetOpenKinds() {
+  // ODD: from one above the last entry, which a full stack does not have.
+  for (Integer i = mintOpenKinds; i >= 0; --i)
+    marrOpenKinds(i).clear();
+  mintOpenKinds = 0;
+  // ODD: case rows that are loaded stay, and the next clicks on cmdNext fail on them.
+  mintCaseRow = 0;
+  mintTabCount = 0;
 }
 
 // Of the case rows the first alone, which is there at all times.

@@ -42,8 +42,7 @@ void ZOLT20MapControl::cmdAddSelect_Click() {
   mblnSelectAdded = true;
   if (mintStatementCount > 0) mstrStatement.insert(0, kLineBreak);
   mintCurrentStatement = mintStatementCount;
-  AppendStatement(mstrStatement);
-  RewriteResult();
+  StoreStatement(mstrStatement);
 }
 
 void ZOLT20MapControl::cmdAddWhereQuery_Click() {
@@ -90,6 +89,11 @@ void ZOLT20MapControl::AppendStatement(String statement) {
   marrResultStatements.Resize(mintStatementCount);
   marrResultStatements(mintStatementCount.value()) = std::move(statement);
   ++mintStatementCount;
+}
+
+void ZOLT20MapControl::StoreStatement(String statement) {
+  AppendStatement(std::move(statement));
+  RewriteResult();
 }
 
 void ZOLT20MapControl::RewriteResult() {
