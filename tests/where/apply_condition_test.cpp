@@ -2,39 +2,17 @@
 #include <ostream>
 #include <string>
 
-#include "tests/support/control_test.h"
+#include "tests/where/where_page_test.h"
 
 namespace zolt20::tests {
 namespace {
 
-constexpr unsigned kWhite = 0xFFFFFF;
-constexpr unsigned kInactive = 0x80000003;
-
 const char* const kNoWhereField = "Where Field is not selected";
 const char* const kNoOperator = "Operator is not selected";
 
-const Texts kPlainOperators{"!=",      "<",    "<=",         "<>",       "=",
-                            ">",       ">=",   "BETWEEN",    "EXISTS",   "IN",
-                            "INRANGE", "LIKE", "NOT EXISTS", "REFERS TO"};
-const Texts kFlaggedOperators{
-    "!=",      "#<",     "#<=", "#>",      "#>=",  "<>",         "=",
-    "BETWEEN", "EXISTS", "IN",  "INRANGE", "LIKE", "NOT EXISTS", "REFERS TO"};
-
-class ApplyConditionTest : public ControlTest {
+class ApplyConditionTest : public WherePageTest {
  protected:
-  /// Opens the Where page with the table CUSTOMER, its one index and these fields.
-  void Open(const Texts& records) {
-    Catalogue("CUSTOMER1", List(records));
-    Mark("lsttables", 0);
-    Tab(1);
-  }
-  /// The same with two plain fields A and B and the flagged field F.
-  void Open() { Open({Field("NCUSTOMER.A"), Field("NCUSTOMER.B"), Field("YCUSTOMER.F")}); }
-
-  void Choose(std::string_view operand, std::string_view op) {
-    Pick("cboWhereFields", operand);
-    Pick("cboOper", op);
-  }
+  using WherePageTest::Choose;
   void Choose(std::string_view operand, std::string_view op, std::string_view value) {
     Choose(operand, op);
     Type("cboWhereFields1", value);
@@ -45,12 +23,6 @@ class ApplyConditionTest : public ControlTest {
     EXPECT_EQ(Log(), Texts{});
     Click(button);
     EXPECT_EQ(Log(), Texts{ErrorMessage(message)});
-  }
-
-  /// Gives the control other field records while the lists stay as they are.
-  void Rewrite(const Texts& records) {
-    host().PrpStrFields(Wide(List(records)));
-    EXPECT_EQ(Log(), Texts{"changed PrpStrFields"});
   }
 
   /// Unmarks the table, so that its entries leave the combos, a chosen one with them.

@@ -3,50 +3,21 @@
 #include <ostream>
 #include <string>
 
-#include "tests/support/control_test.h"
+#include "tests/where/where_page_test.h"
 
 namespace zolt20::tests {
 namespace {
 
-constexpr unsigned kWhite = 0xFFFFFF;
-constexpr unsigned kInactive = 0x80000003;
-
 const Texts kTenOperators{"!=", "<>",      "=",    "BETWEEN",    "EXISTS",
                           "IN", "INRANGE", "LIKE", "NOT EXISTS", "REFERS TO"};
-const Texts kPlainOperators{"!=",      "<",    "<=",         "<>",       "=",
-                            ">",       ">=",   "BETWEEN",    "EXISTS",   "IN",
-                            "INRANGE", "LIKE", "NOT EXISTS", "REFERS TO"};
-const Texts kFlaggedOperators{
-    "!=",      "#<",     "#<=", "#>",      "#>=",  "<>",         "=",
-    "BETWEEN", "EXISTS", "IN",  "INRANGE", "LIKE", "NOT EXISTS", "REFERS TO"};
 
 const Texts kStart{"both views", "enabled, white", "Clear"};
 const Texts kValueView{"value view", "enabled, white", "Cancel"};
 const Texts kTemplateView{"template view", "disabled, grey", "Cancel"};
 const Texts kWhiteTemplateView{"template view", "enabled, white", "Cancel"};
 
-class OperandAndOperatorTest : public ControlTest {
+class OperandAndOperatorTest : public WherePageTest {
  protected:
-  /// Opens the Where page with the table CUSTOMER, its one index and these fields.
-  void Open(const Texts& records) {
-    Catalogue("CUSTOMER1", List(records));
-    Mark("lsttables", 0);
-    Tab(1);
-  }
-  /// The same with two plain fields A and B and the flagged field F.
-  void Open() { Open({Field("NCUSTOMER.A"), Field("NCUSTOMER.B"), Field("YCUSTOMER.F")}); }
-
-  void Choose(std::string_view operand, std::string_view op) {
-    Pick("cboWhereFields", operand);
-    Pick("cboOper", op);
-  }
-
-  /// Gives the control other field records while the lists stay as they are.
-  void Rewrite(const Texts& records) {
-    host().PrpStrFields(Wide(List(records)));
-    EXPECT_EQ(Log(), Texts{"changed PrpStrFields"});
-  }
-
   unsigned BackColor() { return dynamic_cast<const ComboBox&>(On("cboWhereFields1")).BackColor(); }
 
   /// The view, the state of the value, the caption of cmdCancelWhere.
