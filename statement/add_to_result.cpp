@@ -111,7 +111,7 @@ String ZOLT20MapControl::prpstrSelectedFields() {
 void ZOLT20MapControl::ReadSelectedFields() {
   if (mintStatementCount == 0) return;
   const std::vector<String>& statements = marrResultStatements.Entries();
-  const String* chosen = &marrResultStatements(0);
+  const String* chosen = &std::as_const(marrResultStatements)(0);
   for (const String& statement : statements) {
     if (FindIgnoringCase(statement, u"dump ") == StringView::npos) continue;
     chosen = &statement;

@@ -9,6 +9,7 @@
 
 #include "surface/error.h"
 #include "surface/integer.h"
+#include "surface/shared.h"
 
 namespace zolt20 {
 
@@ -37,8 +38,8 @@ class DynamicArray {
   /// An assigned array with these entries.
   explicit DynamicArray(std::vector<T> entries) : assigned_(true), entries_(std::move(entries)) {}
 
-  T& operator()(int index) { return entries_[Checked(index)]; }
-  const T& operator()(int index) const { return entries_[Checked(index)]; }
+  T& operator()(int index) { return entries_.Write()[Checked(index)]; }
+  const T& operator()(int index) const { return (*entries_)[Checked(index)]; }
 
   /// -1 for an array that is assigned and empty. Raises `subscript` when unassigned.
   int UpperBound() const { return static_cast<int>(Entries().size()) - 1; }
@@ -46,12 +47,12 @@ class DynamicArray {
   /// All entries. Raises `subscript` when unassigned.
   const std::vector<T>& Entries() const {
     if (!assigned_) Raise(ErrorKind::kSubscript);
-    return entries_;
+    return *entries_;
   }
 
   /// Sets the upper bound, keeping what lies within it; new entries are empty. Assigns the array.
   void Resize(Integer upperBound) {
-    entries_.resize(static_cast<std::size_t>(upperBound.value()) + 1);
+    entries_.Write().resize(static_cast<std::size_t>(upperBound.value()) + 1);
     assigned_ = true;
   }
 
@@ -64,7 +65,7 @@ class DynamicArray {
   }
 
   bool assigned_ = false;
-  std::vector<T> entries_;
+  Shared<std::vector<T>> entries_;
 };
 
 }  // namespace zolt20

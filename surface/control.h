@@ -14,6 +14,7 @@
 #include "surface/form.h"
 #include "surface/integer.h"
 #include "surface/observer.h"
+#include "surface/shared.h"
 #include "surface/string.h"
 
 namespace zolt20 {
@@ -24,23 +25,19 @@ class Surface;
 // The state of a control by its kind: plain values, which a snapshot copies.
 
 struct TextState {
-  String text;
+  Shared<String> text;
   int selStart = 0;
   unsigned backColor = 0;
 };
 
 struct SyntaxTextState {
-  String text;
+  Shared<String> text;
   bool highlight = false;
 };
 
-struct Row {
-  String text;
-  bool marked = false;
-};
-
 struct RowsState {
-  std::vector<Row> rows;
+  Shared<std::vector<String>> rows;
+  std::vector<bool> marks;  // one for each row
   int listIndex = -1;
   int markCount = 0;
   String text;  ///< a combo's alone

@@ -23,21 +23,17 @@ int RunsIn(std::span<const int> rows) {
 
 StringView RowsControl::List(int row) const {
   if (row < 0 || row >= ListCount()) return {};
-  return state_.rows[static_cast<std::size_t>(row)].text;
+  return (*state_.rows)[static_cast<std::size_t>(row)];
 }
 
 void RowsControl::AddItem(StringView text) {
-  auto at = state_.rows.end();
-  if (Sorted()) {
-    at = std::upper_bound(state_.rows.begin(), state_.rows.end(), text,
-                          [](StringView added, const Row& row) { return added < row.text; });
-  }
-  const int row = static_cast<int>(at - state_.rows.begin());
-  Row added{String(text)};
-  MakeRoom(1);
+  const int row = Sorted() ? RowBehind(text) : ListCount();
+  String added(text);
+  std::vector<String>& rows = WriteRows(1);
   const RowChange change{RowChange::What::kInserted, row, 1};
   surface().RowsAboutToChange(*this, change);
-  state_.rows.insert(state_.rows.begin() + row, std::move(added));
+  rows.insert(rows.begin() + row, std::move(added));
+  state_.marks.insert(state_.marks.begin() + row, false);
   surface().RowsChanged(*this, change);
   if (row <= state_.listIndex) MoveListIndex(state_.listIndex + 1);
 }
@@ -49,14 +45,12 @@ void RowsControl::AddItems(std::span<const StringView> texts) {
     return;
   }
   if (texts.empty()) return;
-  std::vector<Row> added;
-  added.reserve(texts.size());
-  for (const StringView text : texts)
-    added.push_back(Row{String(text)});
-  MakeRoom(added.size());
+  std::vector<String> added(texts.begin(), texts.end());
+  std::vector<String>& rows = WriteRows(added.size());
   const RowChange change{RowChange::What::kInserted, ListCount(), static_cast<int>(texts.size())};
   surface().RowsAboutToChange(*this, change);
-  std::move(added.begin(), added.end(), std::back_inserter(state_.rows));
+  std::move(added.begin(), added.end(), std::back_inserter(rows));
+  state_.marks.resize(rows.size());
   surface().RowsChanged(*this, change);
 }
 
@@ -91,16 +85,18 @@ void RowsControl::Clear() {
 
 int RowsControl::LastRowOf(StringView text) const {
   if (Sorted()) {
-    const auto behind =
-        std::upper_bound(state_.rows.begin(), state_.rows.end(), text,
-                         [](StringView wanted, const Row& row) { return wanted < row.text; });
-    const int row = static_cast<int>(behind - state_.rows.begin()) - 1;
+    const int row = RowBehind(text) - 1;
     return row >= 0 && List(row) == text ? row : -1;
   }
   int row = ListCount() - 1;
   while (row >= 0 && List(row) != text)
     --row;
   return row;
+}
+
+int RowsControl::RowBehind(StringView text) const {
+  return static_cast<int>(std::upper_bound(state_.rows->begin(), state_.rows->end(), text) -
+                          state_.rows->begin());
 }
 
 void RowsControl::RaiseUnlessRow(int row, ErrorKind kind) const {
@@ -119,11 +115,12 @@ void RowsControl::RestoreKind(KindState&& state) noexcept {
 
 void RowsControl::EraseRun(int first, int count) {
   const RowChange change{RowChange::What::kRemoved, first, count};
+  std::vector<String>& rows = WriteRows();
   surface().RowsAboutToChange(*this, change);
-  const auto begin = state_.rows.begin() + first;
-  state_.markCount -= static_cast<int>(
-      std::count_if(begin, begin + count, [](const Row& row) { return row.marked; }));
-  state_.rows.erase(begin, begin + count);
+  rows.erase(rows.begin() + first, rows.begin() + first + count);
+  const auto firstMark = state_.marks.begin() + first;
+  state_.markCount -= static_cast<int>(std::count(firstMark, firstMark + count, true));
+  state_.marks.erase(firstMark, firstMark + count);
   surface().RowsChanged(*this, change);
   if (state_.listIndex >= first + count) {
     MoveListIndex(state_.listIndex - count);
@@ -135,19 +132,23 @@ void RowsControl::EraseRun(int first, int count) {
 
 void RowsControl::EraseScattered(std::span<const int> rows) {
   const RowChange change{RowChange::What::kReplaced, 0, ListCount()};
+  std::vector<String>& texts = WriteRows();
+  std::vector<bool>& marks = state_.marks;
   surface().RowsAboutToChange(*this, change);
   auto gone = rows.begin();
-  auto kept = state_.rows.begin() + *gone;
-  for (int row = *gone; row < ListCount(); ++row) {
-    Row& entry = state_.rows[static_cast<std::size_t>(row)];
-    if (gone != rows.end() && *gone == row) {
+  auto kept = static_cast<std::size_t>(*gone);
+  for (std::size_t row = kept; row < texts.size(); ++row) {
+    if (gone != rows.end() && static_cast<std::size_t>(*gone) == row) {
       ++gone;
-      if (entry.marked) --state_.markCount;
+      if (marks[row]) --state_.markCount;
     } else {
-      *kept++ = std::move(entry);
+      texts[kept] = std::move(texts[row]);
+      marks[kept] = marks[row];
+      ++kept;
     }
   }
-  state_.rows.erase(kept, state_.rows.end());
+  texts.resize(kept);
+  marks.resize(kept);
   surface().RowsChanged(*this, change);
   const auto selected = std::lower_bound(rows.begin(), rows.end(), state_.listIndex);
   if (selected != rows.end() && *selected == state_.listIndex) {
@@ -158,10 +159,12 @@ void RowsControl::EraseScattered(std::span<const int> rows) {
   }
 }
 
-void RowsControl::MakeRoom(std::size_t count) {
-  const std::size_t needed = state_.rows.size() + count;
-  if (needed > state_.rows.capacity())
-    state_.rows.reserve(std::max(needed, 2 * state_.rows.size()));
+std::vector<String>& RowsControl::WriteRows(std::size_t more) {
+  std::vector<String>& rows = state_.rows.Write();
+  const std::size_t needed = rows.size() + more;
+  if (needed > rows.capacity()) rows.reserve(std::max(needed, 2 * rows.size()));
+  state_.marks.reserve(rows.capacity());
+  return rows;
 }
 
 void ListBox::ListIndex(int row) {
@@ -173,7 +176,7 @@ void ListBox::ListIndex(int row) {
 
 bool ListBox::Selected(int row) const {
   RaiseUnlessRow(row, ErrorKind::kIndex);
-  return state_.rows[static_cast<std::size_t>(row)].marked;
+  return state_.marks[static_cast<std::size_t>(row)];
 }
 
 void ListBox::Selected(int row, bool marked) {
@@ -197,9 +200,8 @@ void ListBox::Selected(int row, bool marked) {
 }
 
 void ListBox::Mark(int row, bool marked) {
-  Row& entry = state_.rows[static_cast<std::size_t>(row)];
-  if (entry.marked == marked) return;
-  entry.marked = marked;
+  if (Selected(row) == marked) return;
+  state_.marks[static_cast<std::size_t>(row)] = marked;
   state_.markCount += marked ? 1 : -1;
   surface().MarksChanged(*this, row, 1);
 }

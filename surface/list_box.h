@@ -14,7 +14,7 @@ namespace zolt20 {
 /// What lists and combos share.
 class RowsControl : public Control {
  public:
-  int ListCount() const { return static_cast<int>(state_.rows.size()); }
+  int ListCount() const { return static_cast<int>(state_.rows->size()); }
   /// The text of the row; "" for any row that is not there.
   StringView List(int row) const;
   /// The row that was clicked or written last, -1 for none.
@@ -62,10 +62,12 @@ class RowsControl : public Control {
   void RestoreKind(KindState&& state) noexcept override;
   // A combo's entry went that was selected.
   virtual void SelectedRowWent() {}
+  // Of a sorted list: the first row that is greater.
+  int RowBehind(StringView text) const;
   void EraseRun(int first, int count);
   void EraseScattered(std::span<const int> rows);
-  // So that the rows that come next need no memory: between two notices nothing may fail.
-  void MakeRoom(std::size_t count);
+  // The rows, to be written, and room for more of them: between two notices nothing may fail.
+  std::vector<String>& WriteRows(std::size_t more = 0);
 };
 
 /// A list box. Its kind is told by the style: kMultiSelect, kCheckBoxes, or single selection with

@@ -18,21 +18,21 @@ TextBox::TextBox(Surface& surface, const Design& design) : Control(surface, desi
 }
 
 void TextBox::Text(String&& text) {
-  if (text == state_.text) return;
+  if (text == Text()) return;
   Enter(std::move(text), 0);
 }
 
 void TextBox::SelStart(int caret) {
-  caret = std::clamp(caret, 0, static_cast<int>(state_.text.size()));
+  caret = std::clamp(caret, 0, static_cast<int>(Text().size()));
   if (caret == state_.selStart) return;
   state_.selStart = caret;
   Changed(Property::kSelStart);
 }
 
 void TextBox::Enter(String text, int caret) {
-  const bool differs = text != state_.text;
+  const bool differs = text != Text();
   const bool moved = caret != state_.selStart;
-  if (differs) state_.text = std::move(text);
+  if (differs) state_.text = Shared(std::move(text));
   state_.selStart = caret;
   if (differs) Changed(Property::kText);
   if (moved) Changed(Property::kSelStart);
@@ -44,8 +44,8 @@ void TextBox::RestoreKind(KindState&& state) noexcept {
 }
 
 void SyntaxTextBox::Text(String&& text) {
-  if (text == state_.text) return;
-  state_.text = std::move(text);
+  if (text == Text()) return;
+  state_.text = Shared(std::move(text));
   Changed(Property::kText);
 }
 

@@ -10,7 +10,7 @@ class TextBox final : public Control {
  public:
   TextBox(Surface& surface, const Design& design);
 
-  const String& Text() const { return state_.text; }
+  const String& Text() const { return *state_.text; }
   /// A text that does not differ changes nothing. One that differs puts the caret at 0 and runs
   /// Change inside the call.
   void Text(StringView text) { Text(String(text)); }
@@ -43,7 +43,7 @@ class SyntaxTextBox final : public Control {
  public:
   SyntaxTextBox(Surface& surface, const Design& design) : Control(surface, design) {}
 
-  const String& Text() const { return state_.text; }
+  const String& Text() const { return *state_.text; }
   void Text(StringView text) { Text(String(text)); }
   void Text(const char16_t* text) { Text(String(text)); }
   void Text(String&& text);
