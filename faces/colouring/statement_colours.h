@@ -1,0 +1,36 @@
+// What the words of a statement are, for faces that colour them. Knows no platform.
+//
+// A line stands for itself: no word goes on beyond a line end, so a face colours just the lines
+// that change.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "surface/string.h"
+
+namespace zolt20::faces {
+
+enum class WordKind {
+  kKeyword,   ///< of a clause, a condition or a control-flow statement
+  kBlock,     ///< begins or ends a block: selectdo, endselect, endif
+  kFunction,  ///< a name with "(" behind it
+  kBinding,   ///< ":var.name"
+  kString,    ///< in double quotes; one that is not closed goes to the end of the line
+  kNumber,
+};
+
+/// A word of that kind, by its first character, from 0, and its length.
+struct ColouredWord {
+  std::size_t first;
+  std::size_t count;
+  WordKind kind;
+
+  friend bool operator==(const ColouredWord&, const ColouredWord&) = default;
+};
+
+/// The words of a line that have a colour, from left to right, without overlaps. Keywords are found
+/// in any letter case, and not within other words.
+std::vector<ColouredWord> ColouredWordsOf(StringView line);
+
+}  // namespace zolt20::faces

@@ -1,0 +1,625 @@
+#include "faces/qt/form_face.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QTabBar>
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "faces/qt/form_layout.h"
+#include "faces/qt/form_words.h"
+#include "faces/qt/qt_text.h"
+#include "faces/qt/rows_view.h"
+#include "faces/qt/text_boxes.h"
+
+namespace zolt20::qt {
+namespace {
+
+constexpr int kTwipsPerInch = 1440;
+
+QString Name(const Control& control) {
+  return QString::fromLatin1(control.name().data(), static_cast<qsizetype>(control.name().size()));
+}
+
+// A plain number is 0xBBGGRR; of the system colours the ones of the form, told by their top bit,
+// are those of a box that takes nothing.
+bool IsInactiveColour(unsigned color) {
+  constexpr unsigned kSystemColour = 0x80000000;
+  constexpr unsigned kHighlightText = 0x8000000E;
+  return (color & kSystemColour) != 0 && color != kHighlightText;
+}
+
+}  // namespace
+
+FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control) : owner_(owner), control_(control) {
+  for (const Control* each : Form().Controls())
+    MakeWidget(*each);
+  FormLayout(*this, owner_).Build();
+  control_.AddObserver(*this);
+  StateReplaced();
+  ShowChanges();
+}
+
+FormFace::~FormFace() {
+  control_.RemoveObserver(*this);
+}
+
+QWidget* FormFace::WidgetOf(const Control& control) const {
+  const auto found = widgets_.find(&control);
+  return found == widgets_.end() ? nullptr : found->second;
+}
+
+// Notices.
+
+void FormFace::PropertyChanged(const Control& control, Property property) noexcept {
+  anythingChanged_ = true;
+  changed_.insert(&control);
+  if (property == Property::kSelStart) caretChanged_.insert(&control);
+}
+
+void FormFace::RowsAboutToChange(const Control& list, const RowChange& change) noexcept {
+  const QScopedValueRollback showing(isShowing_, true);
+  ModelOf(list)->RowsAboutToChange(change);
+}
+
+void FormFace::RowsChanged(const Control& list, const RowChange& change) noexcept {
+  const QScopedValueRollback showing(isShowing_, true);
+  anythingChanged_ = true;
+  changed_.insert(&list);
+  ModelOf(list)->RowsChanged(change);
+}
+
+void FormFace::MarksChanged(const Control& list, int first, int count) noexcept {
+  anythingChanged_ = true;
+  changed_.insert(&list);
+  ModelOf(list)->MarksChanged(first, count);
+}
+
+void FormFace::FocusChanged(const Control* /*control*/) noexcept {
+  focusMoved_ = true;
+}
+
+void FormFace::TabOrderChanged(int /*first*/, int /*last*/) noexcept {
+  // The tab order is read when the Tab key asks for it.
+}
+
+void FormFace::ElementLoaded(const Control& element) noexcept {
+  anythingChanged_ = true;
+  changed_.insert(&element);
+}
+
+void FormFace::ElementUnloading(const Control& element) noexcept {
+  anythingChanged_ = true;
+  changed_.erase(&element);
+  caretChanged_.erase(&element);
+  const auto found = widgets_.find(&element);
+  if (found == widgets_.end()) return;
+  QWidget* const widget = found->second;
+  widgets_.erase(found);
+  controls_.remove(widget);
+  const QScopedValueRollback showing(isShowing_, true);
+  focusMoved_ = true;
+  widget->removeEventFilter(this);
+  widget->disconnect(this);
+  if (HasFocus()) owner_.setFocus();
+  widget->hide();
+  widget->deleteLater();
+}
+
+void FormFace::StateReplaced() noexcept {
+  const QScopedValueRollback showing(isShowing_, true);
+  focusMoved_ = true;
+  for (const Control* control : Form().Controls()) {
+    changed_.insert(control);
+    if (RowsModel* model = ModelOf(*control)) model->Replace();
+  }
+}
+
+// Making widgets.
+
+QWidget* FormFace::MakeWidget(const Control& control) {
+  QWidget* widget = nullptr;
+  switch (control.kind()) {
+    case Kind::TabStrip:
+      widget = MakeTabStrip(static_cast<const TabStrip&>(control));
+      break;
+    case Kind::SyntaxTextBox:
+      widget = MakeSyntaxTextBox(static_cast<const SyntaxTextBox&>(control));
+      break;
+    case Kind::TextBox:
+      widget = MakeTextBox(static_cast<const TextBox&>(control));
+      break;
+    case Kind::ListBox:
+      widget = MakeList(static_cast<const ListBox&>(control));
+      break;
+    case Kind::ComboBox:
+      widget = MakeCombo(static_cast<const ComboBox&>(control));
+      break;
+    case Kind::Button:
+      widget = MakeButton(control);
+      break;
+    case Kind::OptionButton:
+      widget = MakeOption(static_cast<const OptionButton&>(control));
+      break;
+    case Kind::Frame:
+      if ((control.design().style & kNoBorder) != 0) {
+        widget = new QWidget(&owner_);
+      } else {
+        widget = new QGroupBox(&owner_);
+      }
+      break;
+    case Kind::Label: {
+      auto* label = new QLabel(&owner_);
+      label->setTextFormat(Qt::PlainText);
+      widget = label;
+      break;
+    }
+    case Kind::Rectangle: {
+      auto* frame = new QFrame(&owner_);
+      frame->setFrameShape(QFrame::StyledPanel);
+      widget = frame;
+      break;
+    }
+    case Kind::ScrollBar:
+      widget = MakeScrollBar(static_cast<const ScrollBar&>(control));
+      break;
+  }
+  widget->setObjectName(Name(control));
+  widget->setAccessibleName(AccessibleName(control));
+  widgets_.emplace(&control, widget);
+  controls_.insert(widget, &control);
+  if (control.TakesFocus()) widget->installEventFilter(this);
+  return widget;
+}
+
+QWidget* FormFace::MakeTabStrip(const TabStrip& strip) {
+  auto* bar = new QTabBar(&owner_);
+  bar->setDrawBase(true);
+  bar->setExpanding(false);
+  bar->setUsesScrollButtons(true);
+  bar->setFocusPolicy(Qt::ClickFocus);
+  for (const StringView caption : kPageCaptions)
+    bar->addTab(ToQt(caption));
+  connect(bar, &QTabBar::currentChanged, this, [this, &strip](int page) {
+    Gesture(strip, Run::kStep, [this, page] { control_.UserTab(page); });
+  });
+  return bar;
+}
+
+QWidget* FormFace::MakeSyntaxTextBox(const SyntaxTextBox& box) {
+  auto* lines = new LinesBox(&owner_);
+  connect(lines, &LinesBox::Typed, this, [this, &box, lines] {
+    Gesture(box, Run::kTyping, [this, &box, lines] { control_.UserType(box, lines->Text()); });
+  });
+  return lines;
+}
+
+QWidget* FormFace::MakeTextBox(const TextBox& box) {
+  if ((box.design().style & kMultiLine) != 0) {
+    auto* lines = new LinesBox(&owner_);
+    connect(lines, &LinesBox::Typed, this, [this, &box, lines] {
+      Gesture(box, Run::kTyping, [this, &box, lines] { control_.UserType(box, lines->Text()); });
+    });
+    return lines;
+  }
+  auto* line = new LineBox(box.design().name == ControlName::txtAsSet, &owner_);
+  connect(line, &LineBox::Typed, this, [this, &box](const QString& text) {
+    Gesture(box, Run::kTyping, [this, &box, &text] { control_.UserType(box, View(text)); });
+  });
+  connect(line, &LineBox::KeyTyped, this, [this, &box, line](int position, int count, int code) {
+    TypeKey(box, *line, position, count, code);
+  });
+  return line;
+}
+
+QWidget* FormFace::MakeList(const ListBox& list) {
+  auto* view = new RowsView(list, &owner_);
+  models_.insert(&list, &view->rows());
+  connect(view, &RowsView::RowClicked, this, [this, &list](int row) {
+    Gesture(list, Run::kStep, [this, &list, row] { control_.UserClick(list, row); });
+  });
+  connect(view, &RowsView::RowDoubleClicked, this, [this, &list](int row) {
+    Gesture(list, Run::kStep, [this, &list, row] { control_.UserDoubleClick(list, row); });
+  });
+  return view;
+}
+
+QWidget* FormFace::MakeCombo(const ComboBox& combo) {
+  auto* box = new QComboBox(&owner_);
+  auto* model = new RowsModel(combo, box);
+  models_.insert(&combo, model);
+  box->setEditable(combo.IsEditable());
+  box->setInsertPolicy(QComboBox::NoInsert);
+  box->setPlaceholderText(QStringLiteral(" "));  // so that no row becomes current by itself
+  box->setMaxVisibleItems(16);
+  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  box->setMinimumContentsLength(12);
+  box->setModel(model);
+  box->setFocusPolicy(Qt::ClickFocus);
+  if (combo.IsEditable()) {
+    box->setCompleter(nullptr);
+    box->lineEdit()->setFocusPolicy(Qt::ClickFocus);
+    connect(box->lineEdit(), &QLineEdit::textEdited, this, [this, &combo](const QString& text) {
+      Gesture(combo, Run::kTyping, [this, &combo, &text] { control_.UserType(combo, View(text)); });
+    });
+  }
+  connect(box, &QComboBox::activated, this, [this, &combo](int row) {
+    Gesture(combo, Run::kStep, [this, &combo, row] { control_.UserPick(combo, row); });
+  });
+  return box;
+}
+
+QWidget* FormFace::MakeButton(const Control& button) {
+  auto* push = new QPushButton(&owner_);
+  push->setAutoDefault(false);
+  push->setFocusPolicy(Qt::ClickFocus);
+  connect(push, &QPushButton::clicked, this, [this, &button] {
+    Gesture(button, Run::kStep, [this, &button] { control_.UserClick(button); });
+  });
+  return push;
+}
+
+QWidget* FormFace::MakeOption(const OptionButton& option) {
+  auto* radio = new QRadioButton(&owner_);
+  radio->setAutoExclusive(false);
+  radio->setFocusPolicy(Qt::ClickFocus);
+  connect(radio, &QRadioButton::clicked, this, [this, &option] {
+    changed_.insert(&option);  // the button has toggled itself
+    Gesture(option, Run::kStep, [this, &option] { control_.UserClick(option); });
+  });
+  return radio;
+}
+
+QWidget* FormFace::MakeScrollBar(const ScrollBar& bar) {
+  auto* scroll = new QScrollBar(Qt::Vertical, &owner_);
+  scroll->setFocusPolicy(Qt::ClickFocus);
+  scroll->setSingleStep(ScrollBar::SmallChange());
+  scroll->setPageStep(ScrollBar::SmallChange());
+  connect(scroll, &QScrollBar::valueChanged, this, [this, &bar](int value) {
+    changed_.insert(&bar);
+    Gesture(bar, Run::kStep, [this, &bar, value] { control_.UserScroll(bar, value); });
+  });
+  return scroll;
+}
+
+RowsModel* FormFace::ModelOf(const Control& control) const {
+  return models_.value(&control);
+}
+
+// Showing.
+
+void FormFace::ShowChanges() {
+  if (isShowing_) return;
+  const QScopedValueRollback showing(isShowing_, true);
+  const bool hadFocus = HasFocus();
+  while (!changed_.empty()) {
+    const auto changed = std::exchange(changed_, {});
+    for (const Control* control : changed)
+      Show(*control);
+  }
+  caretChanged_.clear();
+  if (hadFocus) ShowFocus();
+  focusMoved_ = false;
+}
+
+void FormFace::Show(const Control& control) {
+  QWidget* widget = WidgetOf(control);
+  if (widget == nullptr) {
+    widget = MakeWidget(control);
+    widget->setParent(WidgetOf(*control.frame()));
+  }
+  ShowKind(control, *widget);
+  ShowPlace(control, *widget);
+  widget->setEnabled(control.Enabled());
+  widget->setVisible(control.Visible());
+  if (QWidget* filter = filters_.value(&control)) filter->setEnabled(control.Enabled());
+}
+
+void FormFace::ShowKind(const Control& control, QWidget& widget) {
+  switch (control.kind()) {
+    case Kind::TabStrip:
+      static_cast<QTabBar&>(widget).setCurrentIndex(
+          static_cast<const TabStrip&>(control).Tab().value());
+      break;
+    case Kind::SyntaxTextBox: {
+      const auto& box = static_cast<const SyntaxTextBox&>(control);
+      auto& lines = static_cast<LinesBox&>(widget);
+      lines.Highlight(box.Highlight());
+      lines.Show(box.Text());
+      break;
+    }
+    case Kind::TextBox: {
+      const auto& box = static_cast<const TextBox&>(control);
+      const bool movesCaret = caretChanged_.count(&control) != 0;
+      if (auto* lines = qobject_cast<LinesBox*>(&widget)) {
+        lines->Show(box.Text());
+        if (movesCaret) lines->ShowCaret(box.SelStart());
+        lines->setBackgroundRole(QPalette::Base);
+      } else {
+        auto& line = static_cast<LineBox&>(widget);
+        line.Show(box.Text());
+        if (movesCaret) line.ShowCaret(box.SelStart());
+      }
+      break;
+    }
+    case Kind::ListBox:
+      static_cast<RowsView&>(widget).ShowMarks();
+      break;
+    case Kind::ComboBox: {
+      const auto& combo = static_cast<const ComboBox&>(control);
+      auto& box = static_cast<QComboBox&>(widget);
+      if (box.currentIndex() != combo.ListIndex()) box.setCurrentIndex(combo.ListIndex());
+      if (combo.IsEditable() && View(box.currentText()) != StringView(combo.Text())) {
+        box.setEditText(ToQt(combo.Text()));
+      }
+      QPalette palette;
+      if (IsInactiveColour(combo.BackColor())) {
+        palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+      }
+      box.setPalette(palette);
+      break;
+    }
+    case Kind::Button:
+      static_cast<QPushButton&>(widget).setText(CaptionWithMnemonic(control));
+      break;
+    case Kind::OptionButton:
+      static_cast<QRadioButton&>(widget).setText(CaptionWithMnemonic(control));
+      static_cast<QRadioButton&>(widget).setChecked(
+          static_cast<const OptionButton&>(control).Value());
+      break;
+    case Kind::Frame:
+      if (auto* group = qobject_cast<QGroupBox*>(&widget)) {
+        group->setTitle(ToQt(static_cast<const Frame&>(control).Caption()));
+      }
+      break;
+    case Kind::Label:
+      static_cast<QLabel&>(widget).setText(ToQt(static_cast<const Label&>(control).Caption()));
+      break;
+    case Kind::Rectangle:
+      break;
+    case Kind::ScrollBar: {
+      const auto& bar = static_cast<const ScrollBar&>(control);
+      auto& scroll = static_cast<QScrollBar&>(widget);
+      scroll.setRange(0, bar.Max());
+      scroll.setValue(bar.Value());
+      break;
+    }
+  }
+  widget.setAccessibleName(AccessibleName(control));
+}
+
+// Of the frame of the case rows its height, of what lies in it all.
+void FormFace::ShowPlace(const Control& control, QWidget& widget) {
+  if (control.Height() == 0) return;
+  const auto pixels = [&](int twips) { return twips * owner_.logicalDpiY() / kTwipsPerInch; };
+  if (control.design().name == ControlName::fracase) {
+    widget.setFixedHeight(pixels(control.Height()));
+    return;
+  }
+  widget.setGeometry(pixels(control.Left()), pixels(control.Top()), pixels(control.Width()),
+                     pixels(control.Height()));
+}
+
+bool FormFace::HasFocus() const {
+  const QWidget* focus = QApplication::focusWidget();
+  return focus != nullptr && (focus == &owner_ || owner_.isAncestorOf(focus));
+}
+
+void FormFace::ShowFocus() {
+  QWidget* const now = QApplication::focusWidget();
+  // A filter keeps the focus: it is no control of the form.
+  if (now != nullptr && !focusMoved_ && now != &owner_ && owner_.isAncestorOf(now) &&
+      !controls_.contains(now)) {
+    return;
+  }
+  const Control* focused = Form().Focused();
+  QWidget* const wanted = focused == nullptr ? &owner_ : WidgetOf(*focused);
+  if (now != wanted) wanted->setFocus();
+}
+
+// Gestures.
+
+void FormFace::Gesture(const Control& source, Run run, const std::function<void()>& act) {
+  if (isShowing_) return;
+  if (calls_ > 0) {  // within an event of the host
+    changed_.insert(&source);
+    return;
+  }
+  const bool goesOn = run == Run::kTyping && history_.IsTypingIn(source);
+  std::optional<ControlSnapshot> before;
+  if (history_.IsOn() && !goesOn && run != Run::kFocus) before = control_.Save();
+  anythingChanged_ = false;
+
+  std::optional<Failure> failure;
+  ++calls_;
+  try {
+    act();
+  } catch (const RuntimeError& error) {
+    const std::string_view kind = error.kind_word();
+    failure = {QString::fromLatin1(kind.data(), static_cast<qsizetype>(kind.size())),
+               error.number(), QString::fromUtf8(error.what())};
+  } catch (const std::exception& error) {
+    failure = {QStringLiteral("host"), 0, QString::fromUtf8(error.what())};
+  } catch (...) {
+    failure = {QStringLiteral("host"), 0, QString()};
+  }
+  --calls_;
+
+  if (!goesOn) history_.EndTyping();
+  if (before && anythingChanged_) {
+    history_.Add(std::move(*before), run == Run::kTyping ? &source : nullptr);
+    emit HistoryChanged();
+  }
+  changed_.insert(&source);
+  ShowChanges();
+  if (failure) emit Failed(*failure);
+}
+
+// A key goes in at the caret of the control, which stands behind what was typed last. Where the
+// person is elsewhere in the text, what lies behind goes away for that moment.
+void FormFace::TypeKey(const TextBox& box, LineBox& line, int position, int count, int code) {
+  constexpr int kBackspace = 8;
+  int caret = 0;
+  Gesture(box, Run::kTyping, [&] {
+    const String text = box.Text();
+    const StringView before = Left(text, position);
+    const StringView behind = Mid(text, position + count + 1);
+    if (!behind.empty() || count > 0 || box.SelStart() != position) control_.UserType(box, before);
+    if (code != kBackspace || count == 0) control_.UserKey(box, code);
+    caret = box.SelStart();
+    if (!behind.empty()) control_.UserType(box, Concat(box.Text(), behind));
+  });
+  line.ShowCaret(caret);
+}
+
+void FormFace::Undo() {
+  if (calls_ > 0 || !history_.CanUndo()) return;
+  control_.Restore(history_.Undo(control_.Save()));
+  ShowChanges();
+  emit HistoryChanged();
+  emit Undone();
+}
+
+void FormFace::Redo() {
+  if (calls_ > 0 || !history_.CanRedo()) return;
+  control_.Restore(history_.Redo(control_.Save()));
+  ShowChanges();
+  emit HistoryChanged();
+  emit Redone();
+}
+
+// Focus and keys.
+
+const Control* FormFace::NextInTabOrder(const Control* from, bool forward) const {
+  std::vector<const Control*> order = Form().TabOrder();
+  if (!forward) std::reverse(order.begin(), order.end());
+  auto next = order.begin();
+  if (from != nullptr) next = std::next(std::find(order.begin(), order.end(), from));
+  next = std::find_if(next, order.end(), [](const Control* control) {
+    return control->TakesFocus() && control->Enabled() && control->Shown();
+  });
+  return next == order.end() ? nullptr : *next;
+}
+
+bool FormFace::MoveFocus(bool forward) {
+  const Control* from = Form().Focused();
+  QWidget* const now = QApplication::focusWidget();
+  for (auto filter = filters_.cbegin(); filter != filters_.cend(); ++filter) {
+    if (filter.value() != now) continue;
+    if (forward) {  // from a filter to its list
+      WidgetOf(*filter.key())->setFocus(Qt::TabFocusReason);
+      return true;
+    }
+    from = filter.key();
+  }
+  const Control* next = NextInTabOrder(from, forward);
+  if (next == nullptr) return false;
+  WidgetOf(*next)->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
+}
+
+bool FormFace::EnterByTab(bool forward) {
+  const Control* first = NextInTabOrder(nullptr, forward);
+  if (first == nullptr) return false;
+  WidgetOf(*first)->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
+}
+
+void FormFace::FocusFilter() {
+  const Control* focused = Form().Focused();
+  QWidget* filter = focused == nullptr ? nullptr : filters_.value(focused);
+  if (filter == nullptr || !filter->isVisible()) {
+    filter = nullptr;
+    for (const Control* control : Form().Controls()) {
+      QWidget* candidate = filters_.value(control);
+      if (filter == nullptr && candidate != nullptr && candidate->isVisible()) filter = candidate;
+    }
+  }
+  if (filter == nullptr) return;
+  filter->setFocus(Qt::ShortcutFocusReason);
+  if (auto* line = qobject_cast<QLineEdit*>(filter)) line->selectAll();
+}
+
+void FormFace::AddFilter(const RowsView& list, QWidget& filter) {
+  filters_.insert(controls_.value(const_cast<RowsView*>(&list)), &filter);
+}
+
+bool FormFace::eventFilter(QObject* watched, QEvent* event) {
+  const Control* control = controls_.value(watched);
+  if (control == nullptr) return QObject::eventFilter(watched, event);
+  auto& widget = *static_cast<QWidget*>(watched);
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      if (Form().Focused() != control) {
+        Gesture(*control, Run::kFocus, [this, control] { control_.UserFocus(*control); });
+      }
+      break;
+    case QEvent::ShortcutOverride:
+      // A box's own Undo comes first, as long as it has anything to take back.
+      if (auto* lines = qobject_cast<LinesBox*>(&widget)) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if ((key.matches(QKeySequence::Undo) && !lines->HasOwnUndo()) ||
+            (key.matches(QKeySequence::Redo) && !lines->HasOwnRedo())) {
+          event->ignore();
+          return true;
+        }
+      } else if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if ((key.matches(QKeySequence::Undo) && !line->isUndoAvailable()) ||
+            (key.matches(QKeySequence::Redo) && !line->isRedoAvailable())) {
+          event->ignore();
+          return true;
+        }
+      }
+      break;
+    case QEvent::KeyPress:
+      if (HandleKey(*control, widget, *static_cast<QKeyEvent*>(event))) return true;
+      break;
+    default:
+      break;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+bool FormFace::HandleKey(const Control& control, QWidget& widget, const QKeyEvent& event) {
+  const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  switch (control.kind()) {
+    case Kind::Button:
+      if (!isEnter) return false;
+      static_cast<QPushButton&>(widget).click();
+      return true;
+    case Kind::OptionButton:
+      if (event.key() == Qt::Key_Down || event.key() == Qt::Key_Right)
+        return MoveOption(control, true);
+      if (event.key() == Qt::Key_Up || event.key() == Qt::Key_Left)
+        return MoveOption(control, false);
+      return false;
+    case Kind::ComboBox:
+      return isEnter && static_cast<const ComboBox&>(control).IsEditable();
+    default:
+      return false;
+  }
+}
+
+bool FormFace::MoveOption(const Control& option, bool forward) {
+  std::vector<const Control*> options;
+  for (const Control* control : Form().Controls()) {
+    if (control->kind() == Kind::OptionButton && control->frame() == option.frame())
+      options.push_back(control);
+  }
+  if (!forward) std::reverse(options.begin(), options.end());
+  const auto next = std::next(std::find(options.begin(), options.end(), &option));
+  if (next != options.end()) static_cast<QRadioButton*>(WidgetOf(**next))->click();
+  return true;
+}
+
+}  // namespace zolt20::qt

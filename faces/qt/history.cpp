@@ -1,0 +1,41 @@
+#include "faces/qt/history.h"
+
+#include <utility>
+
+namespace zolt20::qt {
+
+void History::Switch(bool on) {
+  isOn_ = on;
+  if (!on) Forget();
+}
+
+void History::Add(ControlSnapshot before, const Control* typing) {
+  undo_.push_back(std::move(before));
+  if (undo_.size() > kSteps) undo_.pop_front();
+  redo_.clear();
+  typing_ = typing;
+}
+
+void History::Forget() {
+  undo_.clear();
+  redo_.clear();
+  typing_ = nullptr;
+}
+
+ControlSnapshot History::Undo(ControlSnapshot now) {
+  redo_.push_back(std::move(now));
+  ControlSnapshot before = std::move(undo_.back());
+  undo_.pop_back();
+  typing_ = nullptr;
+  return before;
+}
+
+ControlSnapshot History::Redo(ControlSnapshot now) {
+  undo_.push_back(std::move(now));
+  ControlSnapshot after = std::move(redo_.back());
+  redo_.pop_back();
+  typing_ = nullptr;
+  return after;
+}
+
+}  // namespace zolt20::qt

@@ -1,0 +1,20 @@
+// Texts between Qt and the control: both are UTF-16, and every unit passes as it is.
+#pragma once
+
+#include <QString>
+
+#include "surface/string.h"
+
+namespace zolt20::qt {
+
+inline QString ToQt(StringView text) {
+  return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+}
+inline StringView View(const QString& text) {
+  return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
+}
+inline String FromQt(const QString& text) {
+  return String(View(text));
+}
+
+}  // namespace zolt20::qt

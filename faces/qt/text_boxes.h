@@ -1,0 +1,77 @@
+// Text boxes as people see them.
+//
+// A box shows the text of its control and hands over what a person makes of it. Line ends of any
+// kind survive outside the place that is edited; what is typed gets CR LF.
+#pragma once
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "surface/string.h"
+
+namespace zolt20::qt {
+
+class Highlighter;
+
+/// A box of several lines.
+class LinesBox final : public QPlainTextEdit {
+  Q_OBJECT
+
+ public:
+  explicit LinesBox(QWidget* parent = nullptr);
+
+  /// Shows the text, redrawing no more than what differs. The box's own undo forgets.
+  void Show(const String& text);
+  /// The text as it is in the control when the person's edits are in.
+  const String& Text() const { return text_; }
+  /// Puts the caret behind so many characters of the control's text.
+  void ShowCaret(int caret);
+  /// Whether Undo and Redo concern what was typed here since the control last changed the text.
+  bool HasOwnUndo() const { return document()->isUndoAvailable(); }
+  bool HasOwnRedo() const { return document()->isRedoAvailable(); }
+
+  void Highlight(bool highlight);
+
+ signals:
+  /// The person changed the text; Text() has it.
+  void Typed();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  QMimeData* createMimeDataFromSelection() const override;
+
+ private:
+  void TakeEdit(int position, int removed, int added);
+
+  String text_;
+  bool isShowing_ = false;
+  Highlighter* highlighter_ = nullptr;
+};
+
+/// A box of one line.
+class LineBox final : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  /// With `byKeys` each key is handed over by itself, so that the control can refuse it.
+  explicit LineBox(bool byKeys, QWidget* parent = nullptr);
+
+  void Show(const String& text);
+  void ShowCaret(int caret);
+
+ signals:
+  /// The person made this of the text.
+  void Typed(const QString& text);
+  /// The person pressed a key at that place of the text; `count` characters from there on are
+  /// selected. The code is a character, or 8 for the character before the place.
+  void KeyTyped(int position, int count, int code);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  bool byKeys_;
+};
+
+}  // namespace zolt20::qt
