@@ -17,7 +17,7 @@ MAY_INCLUDE = {
     'where': ['surface', 'shell', 'where'],
     'statement': ['surface', 'shell', 'statement'],
     'condition': ['surface', 'shell', 'condition'],
-    'hosts': ['surface', 'shell', 'hosts'],
+    'hosts': ['surface', 'shell', 'hosts', 'faces'],
     'faces': ['surface', 'shell', 'faces'],
 }
 # Headers of the standard library that GCC 12, MinGW GCC 12 and libc++ 13 all have.

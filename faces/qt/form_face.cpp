@@ -15,6 +15,7 @@
 #include <optional>
 #include <utility>
 
+#include "faces/qt/face_style.h"
 #include "faces/qt/form_layout.h"
 #include "faces/qt/form_words.h"
 #include "faces/qt/qt_text.h"
@@ -25,6 +26,8 @@ namespace zolt20::qt {
 namespace {
 
 constexpr int kTwipsPerInch = 1440;
+// What lies in the frame of the case rows, with a margin on the right like that on the left.
+constexpr int kCaseFrameTwips = 6720 + 825 + 120;
 
 QString Name(const Control& control) {
   return QString::fromLatin1(control.name().data(), static_cast<qsizetype>(control.name().size()));
@@ -40,7 +43,8 @@ bool IsInactiveColour(unsigned color) {
 
 }  // namespace
 
-FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control) : owner_(owner), control_(control) {
+FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control)
+    : owner_(owner), control_(control), style_(std::make_unique<FaceStyle>()) {
   for (const Control* each : Form().Controls())
     MakeWidget(*each);
   FormLayout(*this, owner_).Build();
@@ -51,6 +55,9 @@ FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control) : owner_(owner), c
 
 FormFace::~FormFace() {
   control_.RemoveObserver(*this);
+  // While the models of the widgets have their lists. What they tell on their way is nobody's act.
+  isShowing_ = true;
+  qDeleteAll(owner_.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
 QWidget* FormFace::WidgetOf(const Control& control) const {
@@ -173,11 +180,12 @@ QWidget* FormFace::MakeWidget(const Control& control) {
       widget = MakeScrollBar(static_cast<const ScrollBar&>(control));
       break;
   }
+  widget->setStyle(style_.get());
   widget->setObjectName(Name(control));
   widget->setAccessibleName(AccessibleName(control));
   widgets_.emplace(&control, widget);
   controls_.insert(widget, &control);
-  if (control.TakesFocus()) widget->installEventFilter(this);
+  if (control.TakesFocus() || &control == &Form().fracase) widget->installEventFilter(this);
   return widget;
 }
 
@@ -397,16 +405,26 @@ void FormFace::ShowKind(const Control& control, QWidget& widget) {
   widget.setAccessibleName(AccessibleName(control));
 }
 
-// Of the frame of the case rows its height, of what lies in it all.
+// Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes and
+// what stands beside them are wider; tops and heights stay.
 void FormFace::ShowPlace(const Control& control, QWidget& widget) {
   if (control.Height() == 0) return;
-  const auto pixels = [&](int twips) { return twips * owner_.logicalDpiY() / kTwipsPerInch; };
+  const auto down = [&](int twips) { return twips * owner_.logicalDpiY() / kTwipsPerInch; };
   if (control.design().name == ControlName::fracase) {
-    widget.setFixedHeight(pixels(control.Height()));
+    widget.setFixedHeight(down(control.Height()));
     return;
   }
-  widget.setGeometry(pixels(control.Left()), pixels(control.Top()), pixels(control.Width()),
-                     pixels(control.Height()));
+  const int frame = std::max(widget.parentWidget()->width(), down(kCaseFrameTwips));
+  const auto across = [&](int twips) { return twips * frame / kCaseFrameTwips; };
+  widget.setGeometry(across(control.Left()), down(control.Top()), across(control.Width()),
+                     down(control.Height()));
+}
+
+void FormFace::PlaceCaseRows() {
+  for (const Control* control : Form().Controls()) {
+    QWidget* widget = WidgetOf(*control);
+    if (widget != nullptr && control->frame() == &Form().fracase) ShowPlace(*control, *widget);
+  }
 }
 
 bool FormFace::HasFocus() const {
@@ -556,6 +574,10 @@ void FormFace::AddFilter(const RowsView& list, QWidget& filter) {
 bool FormFace::eventFilter(QObject* watched, QEvent* event) {
   const Control* control = controls_.value(watched);
   if (control == nullptr) return QObject::eventFilter(watched, event);
+  if (control == &Form().fracase) {
+    if (event->type() == QEvent::Resize) PlaceCaseRows();
+    return QObject::eventFilter(watched, event);
+  }
   auto& widget = *static_cast<QWidget*>(watched);
   switch (event->type()) {
     case QEvent::FocusIn:

@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <set>
 #include <unordered_map>
 
@@ -20,7 +21,7 @@ class QTabBar;
 
 namespace zolt20::qt {
 
-class ComboView;
+class FaceStyle;
 class FormLayout;
 class LineBox;
 class RowsModel;
@@ -105,6 +106,7 @@ class FormFace final : public QObject, private SurfaceObserver {
   void Show(const Control& control);
   void ShowKind(const Control& control, QWidget& widget);
   void ShowPlace(const Control& control, QWidget& widget);
+  void PlaceCaseRows();
   void ShowFocus();
   bool HasFocus() const;
 
@@ -118,6 +120,7 @@ class FormFace final : public QObject, private SurfaceObserver {
 
   QWidget& owner_;
   ZOLT20MapControl& control_;
+  std::unique_ptr<FaceStyle> style_;
   std::unordered_map<const Control*, QWidget*> widgets_;
   QHash<QObject*, const Control*> controls_;
   QHash<const Control*, RowsModel*> models_;

@@ -7,13 +7,13 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QStyle>
 #include <QTabBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "faces/qt/form_face.h"
+#include "faces/qt/icons.h"
 #include "faces/qt/rows_view.h"
 
 namespace zolt20::qt {
@@ -81,6 +81,7 @@ void FormLayout::Build() {
   split->addWidget(ResultPart());
   split->setStretchFactor(0, 3);
   split->setStretchFactor(1, 1);
+  split->setSizes({430, 150});
 
   auto* layout = new QVBoxLayout(&owner_);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -341,13 +342,12 @@ QWidget* FormLayout::CaseRowsFrame() {
   auto* heads = Tight(new QHBoxLayout);
   const auto pixels = [this](int twips) { return twips * owner_.logicalDpiY() / 1440; };
   heads->setContentsMargins(pixels(120), 0, 0, 0);
-  Of(ControlName::lblexpr)->setFixedWidth(pixels(2640 - 120));
   heads->setSpacing(0);
-  heads->addWidget(Of(ControlName::lblexpr));
-  heads->addWidget(Of(ControlName::lblstmt), 1);
+  heads->addWidget(Of(ControlName::lblexpr), 2640 - 120);
+  heads->addWidget(Of(ControlName::lblstmt), 6720 + 825 + 120 - 2640);
   layout->addLayout(heads);
   QWidget* frame = Of(ControlName::fracase);
-  frame->setMinimumWidth(pixels(6720 + 825));
+  frame->setMinimumWidth(pixels(6720 + 825 + 120));
   for (const auto& [name, index] :
        {std::pair(ControlName::TxtExpr, 0), std::pair(ControlName::txtStmt, 0),
         std::pair(ControlName::VscrCase, kNoIndex), std::pair(ControlName::cmdNext, kNoIndex)}) {
@@ -381,13 +381,13 @@ QWidget* FormLayout::Toolbar() {
   auto* bar = new QWidget(&owner_);
   auto* layout = Tight(new QHBoxLayout(bar));
   layout->setSpacing(2);
-  const auto add = [&](const QString& name, QStyle::StandardPixmap icon, const QKeySequence& keys,
+  const auto add = [&](const QString& name, bool forward, const QKeySequence& keys,
                        void (FormFace::*act)()) {
     auto* button = new QToolButton(bar);
     button->setObjectName(name.toLower());
     button->setAccessibleName(name);
     button->setToolTip(name + QStringLiteral(" (%1)").arg(keys.toString(QKeySequence::NativeText)));
-    button->setIcon(owner_.style()->standardIcon(icon));
+    button->setIcon(TurnIcon(forward, owner_.palette()));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
     button->setEnabled(false);
@@ -397,8 +397,8 @@ QWidget* FormLayout::Toolbar() {
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
     QObject::connect(shortcut, &QShortcut::activated, &face_, act);
   };
-  add(QStringLiteral("Undo"), QStyle::SP_ArrowBack, QKeySequence::Undo, &FormFace::Undo);
-  add(QStringLiteral("Redo"), QStyle::SP_ArrowForward, QKeySequence::Redo, &FormFace::Redo);
+  add(QStringLiteral("Undo"), false, QKeySequence::Undo, &FormFace::Undo);
+  add(QStringLiteral("Redo"), true, QKeySequence::Redo, &FormFace::Redo);
   auto* find = new QShortcut(QKeySequence::Find, &owner_);
   find->setContext(Qt::WidgetWithChildrenShortcut);
   QObject::connect(find, &QShortcut::activated, &face_, &FormFace::FocusFilter);
@@ -415,6 +415,7 @@ QLayout* FormLayout::Labelled(ControlName label, ControlName list, bool hasFilte
     filter->setObjectName(view->objectName() + QStringLiteral(".filter"));
     filter->setAccessibleName(QStringLiteral("Filter ") + view->accessibleName());
     filter->setPlaceholderText(QStringLiteral("Filter (Ctrl+F)"));
+    filter->setStyle(view->style());
     filter->setClearButtonEnabled(true);
     filter->setFocusPolicy(Qt::ClickFocus);
     QObject::connect(filter, &QLineEdit::textChanged, view, [view](const QString& text) {

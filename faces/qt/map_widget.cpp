@@ -229,6 +229,13 @@ void ZOLT20MapWidget::redo() {
   d_->face.Redo();
 }
 
+zolt20::ControlSnapshot ZOLT20MapWidget::save() const {
+  return d_->control.Save();
+}
+void ZOLT20MapWidget::restore(zolt20::ControlSnapshot snapshot) {
+  d_->face.Call([&] { d_->control.Restore(std::move(snapshot)); });
+}
+
 const zolt20::Surface& ZOLT20MapWidget::form() const {
   return d_->control.Form();
 }

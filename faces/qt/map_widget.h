@@ -15,8 +15,9 @@
 #include <memory>
 
 namespace zolt20 {
+class ControlSnapshot;
 class Surface;
-}
+}  // namespace zolt20
 
 class ZOLT20MapWidget : public QWidget {
   Q_OBJECT
@@ -61,6 +62,11 @@ class ZOLT20MapWidget : public QWidget {
   bool isUndoEnabled() const;
   bool canUndo() const;
   bool canRedo() const;
+
+  /// The whole state as a value, and back, which forgets the history. Not within a signal of the
+  /// widget.
+  zolt20::ControlSnapshot save() const;
+  void restore(zolt20::ControlSnapshot snapshot);
 
   /// The form as it is, to read.
   const zolt20::Surface& form() const;

@@ -2,12 +2,29 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyledItemDelegate>
 
 namespace zolt20::qt {
+namespace {
+
+// Rows with room for what hangs below the line, such as the underscores of table codes.
+class RowDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    constexpr int kRoom = 5;
+    const QSize size = QStyledItemDelegate::sizeHint(option, index);
+    return {size.width(), option.fontMetrics.height() + kRoom};
+  }
+};
+
+}  // namespace
 
 RowsView::RowsView(const ListBox& list, QWidget* parent)
     : QListView(parent), list_(list), model_(new RowsModel(list, this)) {
   setModel(model_);
+  setItemDelegate(new RowDelegate(this));
   setUniformItemSizes(true);
   setLayoutMode(QListView::SinglePass);
   setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -1,0 +1,67 @@
+#include "faces/qt/face_style.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyleFactory>
+#include <QStyleOption>
+#include <algorithm>
+
+namespace zolt20::qt {
+namespace {
+
+constexpr int kMidLightness = 128;
+
+bool IsDark(const QStyleOption& option) {
+  return option.palette.color(QPalette::Window).lightness() < kMidLightness;
+}
+
+void DrawOutline(const QStyleOption& option, QPainter& painter, const QRectF& rect, qreal radius) {
+  QColor colour = option.palette.color(QPalette::WindowText);
+  const bool hasFocus = (option.state & (QStyle::State_HasFocus | QStyle::State_On)) != 0;
+  if (!hasFocus) colour.setAlphaF((option.state & QStyle::State_Enabled) != 0 ? 0.45F : 0.2F);
+  if (hasFocus) colour = option.palette.color(QPalette::Highlight).lighter(120);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(colour, 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  painter.restore();
+}
+
+}  // namespace
+
+FaceStyle::FaceStyle() : QProxyStyle(QStyleFactory::create(QApplication::style()->name())) {}
+
+void FaceStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  if (!IsDark(*option)) return;
+  constexpr qreal kBoxRadius = 2;
+  switch (element) {
+    case PE_FrameLineEdit:
+    case PE_Frame:
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck:
+      DrawOutline(*option, *painter, option->rect, kBoxRadius);
+      break;
+    case PE_IndicatorRadioButton: {
+      const qreal side = std::min(option->rect.width(), option->rect.height());
+      QRectF circle(0, 0, side, side);
+      circle.moveCenter(QRectF(option->rect).center());
+      DrawOutline(*option, *painter, circle, side / 2);
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+void FaceStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  constexpr qreal kBoxRadius = 2;
+  if (control == CC_ComboBox && IsDark(*option))
+    DrawOutline(*option, *painter, option->rect, kBoxRadius);
+}
+
+}  // namespace zolt20::qt
