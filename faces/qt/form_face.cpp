@@ -376,9 +376,14 @@ void FormFace::ShowKind(const Control& control, QWidget& widget) {
       box.setPalette(palette);
       break;
     }
-    case Kind::Button:
-      static_cast<QPushButton&>(widget).setText(CaptionWithMnemonic(control));
+    case Kind::Button: {
+      constexpr int kRoom = 24;
+      auto& push = static_cast<QPushButton&>(widget);
+      push.setText(CaptionWithMnemonic(control));
+      push.setMinimumWidth(push.fontMetrics().size(Qt::TextShowMnemonic, push.text()).width() +
+                           kRoom);
       break;
+    }
     case Kind::OptionButton:
       static_cast<QRadioButton&>(widget).setText(CaptionWithMnemonic(control));
       static_cast<QRadioButton&>(widget).setChecked(

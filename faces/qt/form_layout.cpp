@@ -81,7 +81,7 @@ void FormLayout::Build() {
   split->addWidget(ResultPart());
   split->setStretchFactor(0, 3);
   split->setStretchFactor(1, 1);
-  split->setSizes({430, 150});
+  split->setSizes({400, 180});
 
   auto* layout = new QVBoxLayout(&owner_);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

@@ -86,6 +86,11 @@ void LinesBox::Show(const String& text) {
   cursor.insertText(after.mid(first, newEnd - first));
   document()->clearUndoRedoStacks();
   text_ = text;
+  // What is new is in sight.
+  if (first > 0) {
+    setTextCursor(cursor);
+    ensureCursorVisible();
+  }
 }
 
 void LinesBox::ShowCaret(int caret) {

@@ -89,6 +89,8 @@ int DrawSession(const std::string& session, const QString& picture) {
   map.resize(900, 650);
   map.restore(played.Control().Save());
   map.setSyntax_Highlight(true);
+  map.show();
+  QApplication::processEvents();  // the layout and the colours come with the loop
   if (!map.grab().save(picture)) return Complain(picture + QStringLiteral(" can't be written"));
   return 0;
 }
