@@ -22,7 +22,9 @@ need_packages() {
 }
 
 # What building and testing take.
-build_packages=(g++ cmake ninja-build nlohmann-json3-dev libgtest-dev)
+build_packages=(g++ cmake ninja-build nlohmann-json3-dev libgtest-dev qt6-base-dev)
+# What testing takes beside that.
+test_packages=(xvfb xauth)
 
 # configure_and_build PRESET [TARGET...]: all targets when none is named.
 configure_and_build() {

@@ -41,6 +41,22 @@ bool IsInactiveColour(unsigned color) {
   return (color & kSystemColour) != 0 && color != kHighlightText;
 }
 
+// A button as wide as its caption asks for, with room beside it.
+class CaptionButton final : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+  QSize sizeHint() const override {
+    constexpr int kRoom = 24;
+    constexpr int kLeastLetters = 6;
+    const QFontMetrics metrics = fontMetrics();
+    const int caption = metrics.size(Qt::TextShowMnemonic, text()).width();
+    const int least = text().size() > 2 ? kLeastLetters * metrics.averageCharWidth() : 0;
+    return {std::max(caption, least) + kRoom, QPushButton::sizeHint().height()};
+  }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
 }  // namespace
 
 FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control)
@@ -267,7 +283,7 @@ QWidget* FormFace::MakeCombo(const ComboBox& combo) {
 }
 
 QWidget* FormFace::MakeButton(const Control& button) {
-  auto* push = new QPushButton(&owner_);
+  auto* push = new CaptionButton(&owner_);
   push->setAutoDefault(false);
   push->setFocusPolicy(Qt::ClickFocus);
   connect(push, &QPushButton::clicked, this, [this, &button] {
@@ -376,14 +392,9 @@ void FormFace::ShowKind(const Control& control, QWidget& widget) {
       box.setPalette(palette);
       break;
     }
-    case Kind::Button: {
-      constexpr int kRoom = 24;
-      auto& push = static_cast<QPushButton&>(widget);
-      push.setText(CaptionWithMnemonic(control));
-      push.setMinimumWidth(push.fontMetrics().size(Qt::TextShowMnemonic, push.text()).width() +
-                           kRoom);
+    case Kind::Button:
+      static_cast<QPushButton&>(widget).setText(CaptionWithMnemonic(control));
       break;
-    }
     case Kind::OptionButton:
       static_cast<QRadioButton&>(widget).setText(CaptionWithMnemonic(control));
       static_cast<QRadioButton&>(widget).setChecked(

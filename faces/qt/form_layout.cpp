@@ -47,7 +47,8 @@ QWidget* FormLayout::Of(ControlName name, int index) const {
 }
 
 void FormLayout::Build() {
-  owner_.setFocusPolicy(Qt::StrongFocus);
+  // Not by clicks: one beside the controls, or on a disabled one, leaves the focus where it is.
+  owner_.setFocusPolicy(Qt::TabFocus);
   QFont font = owner_.font();
   font.setFamilies({QStringLiteral("Verdana"), font.family()});
   owner_.setFont(font);
@@ -81,7 +82,7 @@ void FormLayout::Build() {
   split->addWidget(ResultPart());
   split->setStretchFactor(0, 3);
   split->setStretchFactor(1, 1);
-  split->setSizes({400, 180});
+  split->setSizes({430, 150});
 
   auto* layout = new QVBoxLayout(&owner_);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -108,7 +109,6 @@ QWidget* FormLayout::SelectListPage() {
   moves->addStretch(1);
   for (const ControlName name : {ControlName::cmdMoveOne, ControlName::cmdMoveAll,
                                  ControlName::cmdRemoveOne, ControlName::cmdRemoveAll}) {
-    Of(name)->setFixedWidth(44);
     moves->addWidget(Of(name));
   }
   moves->addStretch(1);
@@ -148,14 +148,16 @@ QWidget* FormLayout::WherePage() {
   condition->setColumnStretch(0, 3);
   condition->setColumnStretch(1, 2);
   condition->setColumnStretch(2, 3);
-  // The two views of the condition take turns in one place.
+  // The two views of the condition take turns in one place. At first both are visible: the where
+  // text lies on top.
   auto* views = Tight(new QGridLayout);
   for (const auto& [frame, box] :
-       {std::pair(ControlName::FrawhereCondition, ControlName::txtwhereCondition),
-        std::pair(ControlName::FraCondition, ControlName::txtCondition)}) {
+       {std::pair(ControlName::FraCondition, ControlName::txtCondition),
+        std::pair(ControlName::FrawhereCondition, ControlName::txtwhereCondition)}) {
     Tight(new QVBoxLayout(Of(frame)))->addWidget(Of(box));
     views->addWidget(Of(frame), 0, 0);
   }
+  Of(ControlName::FrawhereCondition)->raise();  // at first both are visible
   condition->addLayout(views, 2, 0, 1, 3);
   condition->setRowStretch(2, 1);
   auto* apply = Tight(new QHBoxLayout);
@@ -293,9 +295,9 @@ QWidget* FormLayout::ConditionPage() {
 
   auto* onCase = new QGridLayout(Of(ControlName::fraOnCase));
   onCase->setSpacing(kGap);
-  onCase->addWidget(Of(ControlName::lblexprcase), 0, 0);
-  onCase->addWidget(Of(ControlName::txtcaseexp), 0, 1);
-  onCase->addWidget(Of(ControlName::lblDefault), 0, 2);
+  onCase->addWidget(Of(ControlName::lblexprcase), 0, 0, Qt::AlignTop);
+  onCase->addWidget(Of(ControlName::txtcaseexp), 0, 1, Qt::AlignTop);
+  onCase->addWidget(Of(ControlName::lblDefault), 0, 2, Qt::AlignTop);
   Of(ControlName::TxtDef)->setMaximumHeight(48);
   onCase->addWidget(Of(ControlName::TxtDef), 0, 3);
   onCase->setColumnStretch(1, 1);
