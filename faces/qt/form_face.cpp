@@ -12,6 +12,7 @@
 #include <QScrollBar>
 #include <QTabBar>
 #include <algorithm>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -31,6 +32,12 @@ constexpr int kCaseFrameTwips = 6720 + 825 + 120;
 
 QString Name(const Control& control) {
   return QString::fromLatin1(control.name().data(), static_cast<qsizetype>(control.name().size()));
+}
+
+// The line that a widget is or, in a combo box, holds; nullptr when there is none.
+const QLineEdit* LineOf(const QWidget& widget) {
+  if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) return combo->lineEdit();
+  return qobject_cast<const QLineEdit*>(&widget);
 }
 
 // A plain number is 0xBBGGRR; of the system colours the ones of the form, told by their top bit,
@@ -55,6 +62,16 @@ class CaptionButton final : public QPushButton {
     return {std::max(caption, least) + kRoom, QPushButton::sizeHint().height()};
   }
   QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
+// Leaves it to the control whether it is on. One of its group all the same, as screen readers tell
+// it.
+class OptionWidget final : public QRadioButton {
+ public:
+  using QRadioButton::QRadioButton;
+
+ protected:
+  void nextCheckState() override {}
 };
 
 }  // namespace
@@ -135,6 +152,7 @@ void FormFace::ElementUnloading(const Control& element) noexcept {
   widget->disconnect(this);
   if (HasFocus()) owner_.setFocus();
   widget->hide();
+  widget->setObjectName(QString());  // an element of that name may come before this is deleted
   widget->deleteLater();
 }
 
@@ -271,6 +289,9 @@ QWidget* FormFace::MakeCombo(const ComboBox& combo) {
   box->setFocusPolicy(Qt::ClickFocus);
   if (combo.IsEditable()) {
     box->setCompleter(nullptr);
+    // Else a text that is typed like an entry picks it when the focus goes away.
+    QObject::disconnect(box->lineEdit(), &QLineEdit::editingFinished, box, nullptr);
+    box->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
     box->lineEdit()->setFocusPolicy(Qt::ClickFocus);
     connect(box->lineEdit(), &QLineEdit::textEdited, this, [this, &combo](const QString& text) {
       Gesture(combo, Run::kTyping, [this, &combo, &text] { control_.UserType(combo, View(text)); });
@@ -293,11 +314,9 @@ QWidget* FormFace::MakeButton(const Control& button) {
 }
 
 QWidget* FormFace::MakeOption(const OptionButton& option) {
-  auto* radio = new QRadioButton(&owner_);
-  radio->setAutoExclusive(false);
+  auto* radio = new OptionWidget(&owner_);
   radio->setFocusPolicy(Qt::ClickFocus);
   connect(radio, &QRadioButton::clicked, this, [this, &option] {
-    changed_.insert(&option);  // the button has toggled itself
     Gesture(option, Run::kStep, [this, &option] { control_.UserClick(option); });
   });
   return radio;
@@ -395,11 +414,14 @@ void FormFace::ShowKind(const Control& control, QWidget& widget) {
     case Kind::Button:
       static_cast<QPushButton&>(widget).setText(CaptionWithMnemonic(control));
       break;
-    case Kind::OptionButton:
-      static_cast<QRadioButton&>(widget).setText(CaptionWithMnemonic(control));
-      static_cast<QRadioButton&>(widget).setChecked(
-          static_cast<const OptionButton&>(control).Value());
+    case Kind::OptionButton: {
+      auto& radio = static_cast<QRadioButton&>(widget);
+      radio.setText(CaptionWithMnemonic(control));
+      radio.setAutoExclusive(false);  // so that the one that is on can go off
+      radio.setChecked(static_cast<const OptionButton&>(control).Value());
+      radio.setAutoExclusive(true);
       break;
+    }
     case Kind::Frame:
       if (auto* group = qobject_cast<QGroupBox*>(&widget)) {
         group->setTitle(ToQt(static_cast<const Frame&>(control).Caption()));
@@ -610,7 +632,7 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
           event->ignore();
           return true;
         }
-      } else if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
+      } else if (const QLineEdit* line = LineOf(widget)) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         if ((key.matches(QKeySequence::Undo) && !line->isUndoAvailable()) ||
             (key.matches(QKeySequence::Redo) && !line->isRedoAvailable())) {

@@ -58,6 +58,9 @@ class FormFace final : public QObject, private SurfaceObserver {
   void Undo();
   void Redo();
 
+  /// Gives Qt's focus to the widget of the control that has the focus, or to the owner.
+  void ShowFocus();
+
   /// Moves the focus along the tab order of the surface. False at its end.
   bool MoveFocus(bool forward);
   /// The first or the last control of the tab order gets the focus.
@@ -107,7 +110,6 @@ class FormFace final : public QObject, private SurfaceObserver {
   void ShowKind(const Control& control, QWidget& widget);
   void ShowPlace(const Control& control, QWidget& widget);
   void PlaceCaseRows();
-  void ShowFocus();
   bool HasFocus() const;
 
   // Gestures.

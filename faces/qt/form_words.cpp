@@ -172,8 +172,8 @@ QString AccessibleName(const Control& control) {
   const QString page = PageName(control);
   // The same captions stand on several pages, and on a page in several frames.
   if (control.kind() == Kind::Label && control.frame() != nullptr) {
-    return caption + QStringLiteral(", ") +
-           ToQt(static_cast<const Frame*>(control.frame())->Caption()).simplified();
+    const QString frame = ToQt(static_cast<const Frame*>(control.frame())->Caption()).simplified();
+    return frame.isEmpty() ? caption : caption + QStringLiteral(", ") + frame;
   }
   if (control.kind() != Kind::Button || page.isEmpty()) return caption;
   return caption + QStringLiteral(", ") + page;

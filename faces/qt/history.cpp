@@ -10,6 +10,7 @@ void History::Switch(bool on) {
 }
 
 void History::Add(ControlSnapshot before, const Control* typing) {
+  if (!isOn_) return;  // switched off within the step
   undo_.push_back(std::move(before));
   if (undo_.size() > kSteps) undo_.pop_front();
   redo_.clear();

@@ -270,5 +270,7 @@ bool ZOLT20MapWidget::focusNextPrevChild(bool next) {
 void ZOLT20MapWidget::focusInEvent(QFocusEvent* event) {
   if (event->reason() == Qt::TabFocusReason && d_->face.EnterByTab(true)) return;
   if (event->reason() == Qt::BacktabFocusReason && d_->face.EnterByTab(false)) return;
+  // The window became active: the control that has the focus in the form has it on the screen.
+  d_->face.ShowFocus();
   QWidget::focusInEvent(event);
 }

@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 #include <QTextBlock>
 #include <algorithm>
+#include <limits>
 
 #include "faces/qt/highlighter.h"
 #include "faces/qt/qt_text.h"
@@ -39,13 +40,17 @@ std::size_t PlaceInText(StringView text, std::size_t from, int count) {
   return at;
 }
 
-// What was typed or pasted, as the control keeps it.
-String TypedText(const QTextDocument& document, int position, int count) {
+QString TextBetween(const QTextDocument& document, int position, int count) {
   QTextCursor cursor(const_cast<QTextDocument*>(&document));
   cursor.setPosition(position);
   cursor.setPosition(position + count, QTextCursor::KeepAnchor);
+  return cursor.selectedText();
+}
+
+// What was typed or pasted, as the control keeps it.
+String TypedText(QStringView shown) {
   String text;
-  for (const QChar character : cursor.selectedText()) {
+  for (const QChar character : shown) {
     const char16_t unit = character.unicode();
     if (unit == QChar::ParagraphSeparator || unit == QChar::LineSeparator) {
       text += kLineBreak;
@@ -119,9 +124,25 @@ void LinesBox::TakeEdit(int position, int removed, int added) {
   const int length = document()->characterCount() - 1;
   added = std::min(added, length - position);
   const std::size_t first = PlaceInText(text_, 0, position);
-  const std::size_t behind = PlaceInText(text_, first, removed);
-  String text = Concat(StringView(text_).substr(0, first), TypedText(*document(), position, added),
-                       StringView(text_).substr(behind));
+  std::size_t behind = PlaceInText(text_, first, removed);
+  // A document names more than was edited: what is the same behind the caret was not.
+  const QString before = Shown(StringView(text_).substr(first, behind - first));
+  const QString now = TextBetween(*document(), position, added);
+  qsizetype oldEnd = before.size();
+  qsizetype newEnd = now.size();
+  const qsizetype caret = std::max(textCursor().position() - position, 0);
+  while (oldEnd > 0 && newEnd > caret && before[oldEnd - 1] == now[newEnd - 1]) {
+    --oldEnd;
+    --newEnd;
+  }
+  behind = PlaceInText(text_, first, static_cast<int>(oldEnd));
+  String typed = TypedText(QStringView(now).first(newEnd));
+  // Two line ends that come together stay two: "\r" and "\n" would be one from now on.
+  if (typed.empty() && first > 0 && behind < text_.size() && text_[first - 1] == u'\r' &&
+      text_[behind] == u'\n') {
+    typed = u"\n";
+  }
+  String text = Concat(StringView(text_).substr(0, first), typed, StringView(text_).substr(behind));
   if (text == text_) return;
   text_ = std::move(text);
   emit Typed();
@@ -164,6 +185,7 @@ QMimeData* LinesBox::createMimeDataFromSelection() const {
 
 LineBox::LineBox(bool byKeys, QWidget* parent) : QLineEdit(parent), byKeys_(byKeys) {
   setFocusPolicy(Qt::ClickFocus);
+  setMaxLength(std::numeric_limits<int>::max());  // a text that is cut off would be handed back so
   connect(this, &QLineEdit::textEdited, this, &LineBox::Typed);
 }
 

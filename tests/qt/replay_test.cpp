@@ -1,0 +1,381 @@
+// Sessions of the automation host, played through the widget by mouse and keys: at each step the
+// widget must be where the session is. First the recorded ones of examples/sessions, then some of
+// what these leave out, then people who click around.
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "hosts/automation/session.h"
+#include "tests/qt/widget_test.h"
+
+namespace zolt20::tests {
+namespace {
+
+using automation::Session;
+using Json = nlohmann::ordered_json;
+namespace fs = std::filesystem;
+
+const fs::path kSessions = fs::path(ZOLT20_EXAMPLES) / "sessions";
+
+Texts SessionNames() {
+  Texts names;
+  for (const auto& entry : fs::directory_iterator(kSessions)) {
+    const std::string file = entry.path().filename().string();
+    if (!file.ends_with(".jsonl") || file.ends_with(".replies.jsonl")) continue;
+    names.push_back(entry.path().stem().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+Json ToJson(const QVariant& value) {
+  if (value.typeId() == QMetaType::QString) return Std(value.toString());
+  if (value.typeId() == QMetaType::Bool) return value.toBool();
+  if (value.typeId() == QMetaType::Int) return value.toInt();
+  return nullptr;
+}
+
+// What a session's log tells, in the words of the fixture.
+Texts LinesOfLog(const Json& log) {
+  Texts lines;
+  for (const Json& entry : log) {
+    if (entry.contains("event")) {
+      lines.push_back(entry["event"]);
+    } else if (entry.contains("changed")) {
+      lines.push_back("changed " + entry["changed"].get<std::string>());
+    } else if (entry.contains("message")) {
+      lines.push_back("message " + entry["title"].get<std::string>() + ": " +
+                      entry["message"].get<std::string>());
+    } else {
+      lines.push_back(entry.dump());
+    }
+  }
+  return lines;
+}
+
+class ReplayTest : public WidgetTest {
+ protected:
+  // Carries a line out on both sides.
+  void Play(const std::string& line) {
+    SCOPED_TRACE(line.substr(0, 200));
+    const Json request = Json::parse(line);
+    const Json expected = Json::parse(session_.Reply(line));
+    const Json reply = Do(request);
+    Texts log = LinesOfLog(expected["log"]);
+    if (request.contains("user") && expected.contains("error")) {
+      log.push_back("failed " + expected["error"]["kind"].get<std::string>() + " " +
+                    expected["error"]["number"].dump());
+    } else {
+      EXPECT_EQ(reply["ok"], expected["ok"]);
+      EXPECT_EQ(reply.value("error", ""),
+                expected.contains("error") ? expected["error"]["kind"] : "");
+    }
+    // The bag of the widget is a map in alphabetical order.
+    EXPECT_EQ(nlohmann::json(reply.value("value", Json())),
+              nlohmann::json(expected.value("value", Json())));
+    EXPECT_EQ(Log(), log);
+    EXPECT_EQ(Json::diff(automation::Dump(session_.Control().Form()), State()), Json::array());
+    EXPECT_EQ(Difference(), "");
+  }
+  void PlayAll(const std::vector<Json>& requests) {
+    for (const Json& request : requests) {
+      Play(request.dump());
+      if (HasFailure()) return;
+    }
+  }
+  // Two tables with two fields and an index each, one field of them flagged.
+  void PlayCatalogue() {
+    const std::string fields = List(
+        {Field("NTABLE__1.A"), Field("YTABLE__1.B"), Field("NTABLE__2.C"), Field("NTABLE__2.D")});
+    PlayAll({{{"set", "PrpStrTables"}, {"value", "TABLE__11,TABLE__21"}},
+             {{"set", "PrpStrFields"}, {"value", fields}}});
+  }
+
+  Session session_;
+
+ private:
+  // Does what a line asks for. Gives the reply without its log.
+  Json Do(const Json& request) {
+    Json reply = {{"ok", true}};
+    try {
+      if (request.contains("user")) {
+        if (!MakeGesture(request)) reply = {{"ok", false}};
+      } else if (request.contains("answer")) {
+        KeepAnswer(request);
+      } else if (request.contains("new")) {
+        MakeNew();
+        if (request["new"].contains("bag")) widget().UserControl_ReadProperties(Bag(request));
+      } else if (request.contains("save")) {
+        const QVariantMap bag = widget().UserControl_WriteProperties();
+        for (auto entry = bag.begin(); entry != bag.end(); ++entry)
+          reply["value"][Std(entry.key())] = ToJson(entry.value());
+      } else {
+        const QVariant value = Run(request);
+        if (!request.contains("set")) reply["value"] = ToJson(value);
+      }
+    } catch (const RuntimeError& error) {
+      reply = {{"ok", false}, {"error", std::string(error.kind_word())}};
+    }
+    return reply;
+  }
+
+  // False when the gesture is refused: a person can't even reach the control, or nothing comes of
+  // it.
+  bool MakeGesture(const Json& request) {
+    const std::string gesture = request["user"];
+    if (gesture == "tab") return Tab(request["page"]), true;
+    const std::string name = request["control"];
+    if (!On(name).isEnabled()) {
+      if (IsInSight(name)) Click(name);
+      return false;
+    }
+    if (!IsInSight(name)) return false;
+    if (gesture == "click" && request.contains("row")) {
+      Click(name, request["row"]);
+    } else if (gesture == "click") {
+      Click(name);
+    } else if (gesture == "dblclick") {
+      DoubleClick(name, request["row"]);
+    } else if (gesture == "pick") {
+      Pick(name, request["row"]);
+    } else if (gesture == "type") {
+      Type(name, request["text"].get<std::string>());
+    } else if (gesture == "key") {
+      Key(name, request["code"]);
+    } else if (gesture == "focus") {
+      Focus(name);
+    } else {
+      EXPECT_EQ(gesture, "scroll");
+      Scroll(name, request["value"]);
+    }
+    return true;
+  }
+
+  // A set, get or call.
+  QVariant Run(const Json& request) {
+    if (request.contains("get")) {
+      const std::string name = request["get"];
+      const QVariant value = widget().property(name.c_str());
+      EXPECT_TRUE(value.isValid()) << name;
+      return value;
+    }
+    bool isDone = false;
+    if (request.contains("call")) {
+      const std::string name = request["call"];
+      isDone = request.contains("args")
+                   ? QMetaObject::invokeMethod(&widget(), name.c_str(),
+                                               Q_ARG(int, request["args"][0].get<int>()))
+                   : QMetaObject::invokeMethod(&widget(), name.c_str());
+      EXPECT_TRUE(isDone) << name;
+      return {};
+    }
+    const QByteArray setter = SetterOf(request["set"].get<std::string>());
+    const Json& value = request["value"];
+    if (value.is_string()) {
+      isDone = QMetaObject::invokeMethod(&widget(), setter.constData(),
+                                         Q_ARG(QString, Qs(value.get<std::string>())));
+    } else if (value.is_boolean()) {
+      isDone =
+          QMetaObject::invokeMethod(&widget(), setter.constData(), Q_ARG(bool, value.get<bool>()));
+    } else {
+      isDone =
+          QMetaObject::invokeMethod(&widget(), setter.constData(), Q_ARG(int, value.get<int>()));
+    }
+    EXPECT_TRUE(isDone) << setter.constData();
+    return {};
+  }
+
+  void KeepAnswer(const Json& request) {
+    Answer(request["answer"], [this, actions = request["with"]] {
+      for (const Json& action : actions) {
+        const char* verb = action.contains("set") ? "set" : action.contains("get") ? "get" : "call";
+        Json entry = {{"answered", action[verb]}};
+        const QVariant value = Run(action);
+        if (!action.contains("set")) entry["value"] = ToJson(value);
+        Told(entry.dump());
+      }
+    });
+  }
+
+  static QVariantMap Bag(const Json& request) {
+    QVariantMap bag;
+    for (const auto& [key, value] : request["new"]["bag"].items()) {
+      bag[Qs(key)] =
+          value.is_string() ? QVariant(Qs(value.get<std::string>())) : QVariant(value.get<int>());
+    }
+    return bag;
+  }
+};
+
+class RecordedSessionTest : public ReplayTest, public ::testing::WithParamInterface<std::string> {};
+
+TEST_P(RecordedSessionTest, TheWidgetGoesTheWayOfTheSession) {
+  EXPECT_EQ(State(), automation::Dump(session_.Control().Form()));
+  std::ifstream input(kSessions / (GetParam() + ".jsonl"), std::ios::binary);
+  int gestures = 0;
+  for (std::string line; std::getline(input, line) && !HasFailure();) {
+    if (Session::IsSkipped(line)) continue;
+    gestures += Json::parse(line).contains("user") ? 1 : 0;
+    Play(line);
+  }
+  EXPECT_GT(gestures, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, RecordedSessionTest, ::testing::ValuesIn(SessionNames()),
+                         [](const auto& session) {
+                           std::string name = session.param;
+                           std::replace(name.begin(), name.end(), '-', '_');
+                           return name;
+                         });
+
+Json OnControl(const std::string& gesture, const std::string& control) {
+  return {{"user", gesture}, {"control", control}};
+}
+Json OnRow(const std::string& gesture, const std::string& control, int row) {
+  return {{"user", gesture}, {"control", control}, {"row", row}};
+}
+Json Typed(const std::string& box, const std::string& text) {
+  return {{"user", "type"}, {"control", box}, {"text", text}};
+}
+Json ToPage(int page) {
+  return {{"user", "tab"}, {"page", page}};
+}
+Json Answered(const std::string& event, const std::string& property, const Json& value) {
+  return {{"answer", event}, {"with", Json::array({{{"set", property}, {"value", value}}})}};
+}
+
+// A combo box of Qt takes a typed text for the entry of the same text when the focus goes away.
+TEST_F(ReplayTest, AValueThatIsTypedLikeAnEntryIsNotPicked) {
+  PlayCatalogue();
+  PlayAll({OnRow("click", "lsttables", 0), ToPage(1), Typed("cboWhereFields1", "TABLE__1.B"),
+           OnControl("focus", "txtwhereCondition"), OnRow("pick", "cboWhereFields1", 0),
+           Typed("cboWhereFields1", "table__1.b"), OnControl("click", "cmdAnd")});
+  EXPECT_EQ(Be<QComboBox>("cboWhereFields1").currentIndex(), -1);
+}
+
+TEST_F(ReplayTest, AnEntryIsPickedOnceMore) {
+  PlayCatalogue();
+  PlayAll({OnRow("click", "lsttables", 0), ToPage(1), OnRow("pick", "cboWhereFields", 1),
+           OnRow("pick", "cboOper", 4), Typed("cboWhereFields1", "1"),
+           OnRow("pick", "cboWhereFields", 1), OnRow("pick", "cboOper", 4)});
+}
+
+TEST_F(ReplayTest, KeyByKeyComesToTheSameAsAllAtOnce) {
+  PlayAll({ToPage(6), OnControl("click", "optIfThen"), OnControl("focus", "txtStmt1")});
+  session_.Reply(Typed("txtCond", "a > (b)").dump());
+  TypeKeys("txtCond", "a > (b)");
+  session_.Reply(Typed("txtStmt1", "x = 1\r\ny = 2").dump());
+  TypeKeys("txtStmt1", "x = 1\ny = 2");
+  session_.Reply(Typed("TxtOutput", "z").dump());
+  TypeKeys("TxtOutput", "z");
+  PlayAll({OnControl("click", "cmdAdd"), OnControl("click", "cmdBuild")});
+}
+
+TEST_F(ReplayTest, AnAnswerMayTurnThePage) {
+  PlayCatalogue();
+  PlayAll({ToPage(2), Answered("eventCondition", "prpTab", 6),
+           OnControl("click", "cmdCondition(0)"), Answered("eventFunction", "prpTab", 3), ToPage(2),
+           OnControl("click", "cmdFunction(0)"), Answered("eventCancel", "prpTab", 0),
+           OnControl("click", "cmdCancel")});
+  EXPECT_EQ(Be<QTabBar>("tabVrn").currentIndex(), 0);
+}
+
+TEST_F(ReplayTest, WhatFailsFailsOnBothSides) {
+  PlayAll({{{"set", "prpTab"}, {"value", 7}},
+           {{"set", "prpintTabcount"}, {"value", 40000}},
+           {{"set", "prpSelectGroupbyPart"}, {"value", "a,,b"}},
+           {{"get", "prpstrSelectedFields"}},
+           {{"call", "ClearAll"}, {"args", {70000}}},
+           {{"call", "ClearAll"}, {"args", {6}}},
+           {{"call", "BuildGroupBy"}}});
+}
+
+TEST_F(ReplayTest, ClearMayComeAtAnyTime) {
+  PlayCatalogue();
+  PlayAll({OnRow("click", "lsttables", 0), OnRow("click", "lstFields", 1),
+           OnControl("click", "cmdMoveOne"), OnControl("click", "cmdClear"), ToPage(6),
+           OnControl("click", "optCase"), OnControl("click", "cmdNext"),
+           OnControl("click", "cmdNext"), OnControl("click", "cmdNext"),
+           OnControl("click", "cmdClear"), OnControl("click", "optCase"),
+           OnControl("click", "cmdNext"), OnControl("click", "cmdClear"), ToPage(0)});
+}
+
+class ClickingAroundTest : public ReplayTest, public ::testing::WithParamInterface<unsigned> {
+ protected:
+  int Any(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
+
+  // Something that a person could do to the control at this moment; null for nothing.
+  Json GestureOn(const Control& control) {
+    const std::string name(control.name());
+    if (!control.Shown() || !control.Enabled() || !IsInSight(name)) return nullptr;
+    switch (control.kind()) {
+      case Kind::TabStrip:
+        return ToPage(Any(7));
+      case Kind::Button:
+      case Kind::OptionButton:
+        return OnControl("click", name);
+      case Kind::SyntaxTextBox:
+      case Kind::TextBox:
+        return TypedInto(control);
+      case Kind::ListBox: {
+        const auto& list = static_cast<const ListBox&>(control);
+        if (list.ListCount() == 0) return nullptr;
+        const bool twice = list.IsSingle() && Any(4) == 0;
+        return OnRow(twice ? "dblclick" : "click", name, Any(list.ListCount()));
+      }
+      case Kind::ComboBox: {
+        const auto& combo = static_cast<const ComboBox&>(control);
+        if (combo.IsEditable() && Any(2) == 0) return Typed(name, kValues[Any(3)]);
+        return combo.ListCount() == 0 ? Json() : OnRow("pick", name, Any(combo.ListCount()));
+      }
+      case Kind::ScrollBar: {
+        // One step, as a person's way to a value goes through those between.
+        const auto& bar = static_cast<const ScrollBar&>(control);
+        const int value = bar.Value() + (Any(2) == 0 ? 1 : -1);
+        if (value < 0 || value > bar.Max()) return nullptr;
+        return {{"user", "scroll"}, {"control", name}, {"value", value}};
+      }
+      default:
+        return nullptr;
+    }
+  }
+
+ private:
+  static constexpr const char* kValues[] = {"1", "TABLE__1.A", ":var.x"};
+
+  Json TypedInto(const Control& box) {
+    const std::string name(box.name());
+    if (Any(3) == 0) return OnControl("focus", name);
+    std::string text = kValues[Any(3)];
+    if ((box.design().style & kMultiLine) != 0) text += "\r\n" + text;
+    const StringView now = box.kind() == Kind::TextBox
+                               ? static_cast<const TextBox&>(box).Text()
+                               : static_cast<const SyntaxTextBox&>(box).Text();
+    // A text typed over itself is nothing that a text box of Qt tells.
+    return Narrow(now) == text ? Json() : Typed(name, text);
+  }
+
+  std::mt19937 random_{GetParam()};
+};
+
+TEST_P(ClickingAroundTest, TheWidgetGoesTheWayOfTheSession) {
+  PlayCatalogue();
+  PlayAll({Answered("eventSubQuery", "prpStroutput", "select A~\u0001from  B~endselect"),
+           Answered("eventFunction", "prpSelectDoPart", "*zlt*f(`^`x`^`)"),
+           Answered("eventCondition", "prpSelectErrorPart", "if a then ~\u0001b~endif")});
+  constexpr int kSteps = 200;
+  for (int step = 0; step < kSteps && !HasFailure();) {
+    const auto controls = form().Controls();
+    const Json gesture =
+        GestureOn(*controls[static_cast<std::size_t>(Any(static_cast<int>(controls.size())))]);
+    if (gesture.is_null()) continue;
+    SCOPED_TRACE("step " + std::to_string(++step));
+    Play(gesture.dump());
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seed, ClickingAroundTest, ::testing::Range(1U, 7U));
+
+}  // namespace
+}  // namespace zolt20::tests
