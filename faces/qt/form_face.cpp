@@ -74,6 +74,15 @@ class OptionWidget final : public QRadioButton {
   void nextCheckState() override {}
 };
 
+// The text of a text box.
+std::optional<String> TextOf(const Control& control) {
+  if (control.kind() == Kind::TextBox) return static_cast<const TextBox&>(control).Text();
+  if (control.kind() == Kind::SyntaxTextBox) {
+    return static_cast<const SyntaxTextBox&>(control).Text();
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control)
@@ -161,7 +170,11 @@ void FormFace::StateReplaced() noexcept {
   focusMoved_ = true;
   for (const Control* control : Form().Controls()) {
     changed_.insert(control);
-    if (RowsModel* model = ModelOf(*control)) model->Replace();
+    if (auto* view = qobject_cast<RowsView*>(WidgetOf(*control))) {
+      view->ReplaceRows();
+    } else if (RowsModel* model = ModelOf(*control)) {
+      model->Replace();
+    }
   }
 }
 
@@ -492,7 +505,10 @@ void FormFace::Gesture(const Control& source, Run run, const std::function<void(
   }
   const bool goesOn = run == Run::kTyping && history_.IsTypingIn(source);
   std::optional<ControlSnapshot> before;
-  if (history_.IsOn() && !goesOn && run != Run::kFocus) before = control_.Save();
+  if (history_.IsOn() && !goesOn && run != Run::kFocus) {
+    before = control_.Save();
+    textBefore_ = TextOf(source);
+  }
   anythingChanged_ = false;
 
   std::optional<Failure> failure;
@@ -513,6 +529,9 @@ void FormFace::Gesture(const Control& source, Run run, const std::function<void(
   if (!goesOn) history_.EndTyping();
   if (before && anythingChanged_) {
     history_.Add(std::move(*before), run == Run::kTyping ? &source : nullptr);
+    emit HistoryChanged();
+  } else if (goesOn && textBefore_ && textBefore_ == TextOf(source)) {
+    history_.DropTyping();
     emit HistoryChanged();
   }
   changed_.insert(&source);
@@ -622,6 +641,9 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
       if (Form().Focused() != control) {
         Gesture(*control, Run::kFocus, [this, control] { control_.UserFocus(*control); });
       }
+      // The two views of the where condition lie over each other, and at first both are visible.
+      if (control->frame() == &Form().FrawhereCondition || control->frame() == &Form().FraCondition)
+        WidgetOf(*control->frame())->raise();
       break;
     case QEvent::ShortcutOverride:
       // A box's own Undo comes first, as long as it has anything to take back.

@@ -11,6 +11,7 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <unordered_map>
 
@@ -134,6 +135,7 @@ class FormFace final : public QObject, private SurfaceObserver {
   int calls_ = 0;                 // of gestures and members, one within the other
   bool isShowing_ = false;        // what the widgets tell comes from us, and not from a person
   History history_;
+  std::optional<String> textBefore_;  // of the text box that a run of typing is in
 };
 
 template <typename Act>

@@ -17,6 +17,11 @@ void History::Add(ControlSnapshot before, const Control* typing) {
   typing_ = typing;
 }
 
+void History::DropTyping() {
+  undo_.pop_back();
+  typing_ = nullptr;
+}
+
 void History::Forget() {
   undo_.clear();
   redo_.clear();

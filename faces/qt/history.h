@@ -25,6 +25,8 @@ class History {
   bool IsTypingIn(const Control& control) const { return typing_ == &control; }
   /// A step was done, from this state. Typing into `typing` goes on with it.
   void Add(ControlSnapshot before, const Control* typing);
+  /// The run of typing has come back to where it began: it is no step.
+  void DropTyping();
   /// A run of typing is over.
   void EndTyping() { typing_ = nullptr; }
   void Forget();

@@ -76,17 +76,12 @@ class ZOLT20MapWidget::Private final : public zolt20::ControlHost {
   }
 
   void HistoryMayHaveChanged() {
-    const auto tell = [this](bool& known, bool now, void (ZOLT20MapWidget::*changed)(bool),
-                             const QString& button) {
-      if (known == now) return;
-      known = now;
-      if (auto* tool = widget.findChild<QWidget*>(button)) tool->setEnabled(now);
-      emit(widget.*changed)(now);
-    };
-    tell(couldUndo, face.history().CanUndo(), &ZOLT20MapWidget::canUndoChanged,
-         QStringLiteral("undo"));
-    tell(couldRedo, face.history().CanRedo(), &ZOLT20MapWidget::canRedoChanged,
-         QStringLiteral("redo"));
+    if (ShowButton("undo", couldUndo, face.history().CanUndo())) {
+      emit widget.canUndoChanged(couldUndo);
+    }
+    if (ShowButton("redo", couldRedo, face.history().CanRedo())) {
+      emit widget.canRedoChanged(couldRedo);
+    }
   }
 
   ZOLT20MapWidget& widget;
@@ -96,6 +91,16 @@ class ZOLT20MapWidget::Private final : public zolt20::ControlHost {
   bool couldRedo = false;
 
  private:
+  // Whether that is news.
+  bool ShowButton(const char* name, bool& known, bool now) {
+    if (known == now) return false;
+    known = now;
+    if (auto* button = widget.findChild<QWidget*>(QString::fromLatin1(name))) {
+      button->setEnabled(now);
+    }
+    return true;
+  }
+
   void Tell(void (ZOLT20MapWidget::*event)()) {
     face.ShowChanges();
     emit(widget.*event)();

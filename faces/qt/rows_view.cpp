@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 
 namespace zolt20::qt {
@@ -34,6 +35,13 @@ RowsView::RowsView(const ListBox& list, QWidget* parent)
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   setTextElideMode(Qt::ElideRight);
   setFocusPolicy(Qt::ClickFocus);
+}
+
+void RowsView::ReplaceRows() {
+  const int place = verticalScrollBar()->value();
+  model_->Replace();
+  doItemsLayout();
+  verticalScrollBar()->setValue(place);
 }
 
 void RowsView::ShowMarks() {

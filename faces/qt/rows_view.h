@@ -18,6 +18,8 @@ class RowsView final : public QListView {
 
   RowsModel& rows() { return *model_; }
 
+  /// Anything may be different, when a state was put back. Keeps the place that is in sight.
+  void ReplaceRows();
   /// Reads all marks and ListIndex again.
   void ShowMarks();
 

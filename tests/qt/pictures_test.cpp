@@ -192,7 +192,7 @@ TEST_P(PicturesTest, TwiceTheLettersStillFitTwiceTheWindow) {
 
 INSTANTIATE_TEST_SUITE_P(Palettes, PicturesTest,
                          ::testing::Values(Look{"light", false}, Look{"dark", true}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& look) { return std::string(look.param.name); });
 
 }  // namespace
 }  // namespace zolt20::tests

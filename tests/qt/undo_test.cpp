@@ -264,6 +264,31 @@ TEST_F(UndoTest, ABoxThatWasTypedIntoTakesItsOwnUndoFirst) {
   ExpectDrawn();
 }
 
+TEST_F(UndoTest, ARunOfTypingThatTheBoxTookBackIsNoStep) {
+  Tab(2);
+  Type("txtSelectDo", "abc");
+  EXPECT_EQ(Can(), std::pair(true, false));
+  const auto steps = [this] {
+    int count = 0;
+    for (; widget.canUndo(); ++count)
+      widget.undo();
+    return count;
+  };
+  Press(QKeySequence::Undo);
+  EXPECT_EQ(Narrow(form().txtSelectDo.Text()), "");
+  EXPECT_EQ(steps(), 1);  // the change of the page
+}
+
+TEST_F(UndoTest, ListsKeepThePlaceInSight) {
+  widget.setPrpStrTables(QString(QStringLiteral("TABLE___0,")).repeated(200) +
+                         QStringLiteral("LAST____0"));
+  ClickRow("lsttables", 150);
+  const int place = On<QAbstractItemView>("lsttables").verticalScrollBar()->value();
+  EXPECT_GT(place, 0);
+  Undo();
+  EXPECT_EQ(On<QAbstractItemView>("lsttables").verticalScrollBar()->value(), place);
+}
+
 TEST_F(UndoTest, KeysUndoAndRedoWhereNothingWasTyped) {
   ClickRow("lsttables", 0);
   const Json after = Dump();
