@@ -15,6 +15,11 @@ bool IsDark(const QStyleOption& option) {
   return option.palette.color(QPalette::Window).lightness() < kMidLightness;
 }
 
+bool IsFlat(const QStyleOptionComplex& option) {
+  const auto* group = qstyleoption_cast<const QStyleOptionGroupBox*>(&option);
+  return group != nullptr && (group->features & QStyleOptionFrame::Flat) != 0;
+}
+
 void DrawOutline(const QStyleOption& option, QPainter& painter, const QRectF& rect, qreal radius) {
   QColor colour = option.palette.color(QPalette::WindowText);
   const bool hasFocus = (option.state & (QStyle::State_HasFocus | QStyle::State_On)) != 0;
@@ -56,8 +61,15 @@ void FaceStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
   }
 }
 
+QRect FaceStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                SubControl part, const QWidget* widget) const {
+  if (control == CC_GroupBox && part == SC_GroupBoxContents && IsFlat(*option)) return option->rect;
+  return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
 void FaceStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                    QPainter* painter, const QWidget* widget) const {
+  if (control == CC_GroupBox && IsFlat(*option)) return;
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   constexpr qreal kBoxRadius = 2;
   if (control == CC_ComboBox && IsDark(*option))

@@ -1,5 +1,6 @@
 // The style of the application, with outlines that can be seen in a dark palette: there the common
-// styles draw boxes, check boxes and options with outlines darker than their ground.
+// styles draw boxes, check boxes and options with outlines darker than their ground. A flat group
+// box is nothing but what lies in it.
 #pragma once
 
 #include <QProxyStyle>
@@ -15,6 +16,8 @@ class FaceStyle final : public QProxyStyle {
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget = nullptr) const override;
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget = nullptr) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget = nullptr) const override;
 };

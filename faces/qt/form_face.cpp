@@ -204,13 +204,12 @@ QWidget* FormFace::MakeWidget(const Control& control) {
     case Kind::OptionButton:
       widget = MakeOption(static_cast<const OptionButton&>(control));
       break;
-    case Kind::Frame:
-      if ((control.design().style & kNoBorder) != 0) {
-        widget = new QWidget(&owner_);
-      } else {
-        widget = new QGroupBox(&owner_);
-      }
+    case Kind::Frame: {
+      auto* group = new QGroupBox(&owner_);
+      group->setFlat((control.design().style & kNoBorder) != 0);
+      widget = group;
       break;
+    }
     case Kind::Label: {
       auto* label = new QLabel(&owner_);
       label->setTextFormat(Qt::PlainText);
@@ -340,6 +339,7 @@ QWidget* FormFace::MakeScrollBar(const ScrollBar& bar) {
   scroll->setFocusPolicy(Qt::ClickFocus);
   scroll->setSingleStep(ScrollBar::SmallChange());
   scroll->setPageStep(ScrollBar::SmallChange());
+  scroll->setTracking(false);  // a drag is one gesture, when the slider is let go
   connect(scroll, &QScrollBar::valueChanged, this, [this, &bar](int value) {
     changed_.insert(&bar);
     Gesture(bar, Run::kStep, [this, &bar, value] { control_.UserScroll(bar, value); });
@@ -435,11 +435,11 @@ void FormFace::ShowKind(const Control& control, QWidget& widget) {
       radio.setAutoExclusive(true);
       break;
     }
-    case Kind::Frame:
-      if (auto* group = qobject_cast<QGroupBox*>(&widget)) {
-        group->setTitle(ToQt(static_cast<const Frame&>(control).Caption()));
-      }
+    case Kind::Frame: {
+      auto& group = static_cast<QGroupBox&>(widget);
+      if (!group.isFlat()) group.setTitle(ToQt(static_cast<const Frame&>(control).Caption()));
       break;
+    }
     case Kind::Label:
       static_cast<QLabel&>(widget).setText(ToQt(static_cast<const Label&>(control).Caption()));
       break;

@@ -173,6 +173,13 @@ void LinesBox::changeEvent(QEvent* event) {
   QPlainTextEdit::changeEvent(event);
 }
 
+// A paste is one even when it makes no difference: the control's caret goes to the end.
+void LinesBox::insertFromMimeData(const QMimeData* source) {
+  const String before = text_;
+  QPlainTextEdit::insertFromMimeData(source);
+  if (!isReadOnly() && text_ == before) emit Typed();
+}
+
 QMimeData* LinesBox::createMimeDataFromSelection() const {
   const QTextCursor cursor = textCursor();
   const std::size_t first = PlaceInText(text_, 0, cursor.selectionStart());

@@ -53,10 +53,6 @@ class NamesTest : public WidgetTest {
   static std::string NameOf(QAccessibleInterface* interface) {
     return Std(interface->text(QAccessible::Name));
   }
-  // A frame without a border is no group to anybody: it holds one box, or the case rows.
-  static bool IsTold(const Control& control) {
-    return control.kind() != Kind::Frame || (control.design().style & kNoBorder) == 0;
-  }
   // The buttons and options that are shown.
   std::vector<QAbstractButton*> Buttons() {
     std::vector<QAbstractButton*> buttons;
@@ -99,7 +95,7 @@ TEST_F(NamesTest, EveryControlThatIsShownIsFoundByItsRoleAndName) {
   InEachView([&] {
     const std::multiset<Found> tree = Tree();
     for (const Control* control : form().Controls()) {
-      if (!control->Shown() || !IsTold(*control)) continue;
+      if (!control->Shown()) continue;
       const std::string name = NameOf(Of(control->name()));
       EXPECT_NE(name, "") << control->name();
       EXPECT_EQ(tree.count({RoleOf(*control), name}), 1U) << control->name() << ": " << name;

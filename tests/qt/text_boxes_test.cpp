@@ -35,6 +35,7 @@ class LinesBoxTest : public ::testing::Test {
   LinesBoxTest() {
     box.resize(300, 120);
     box.show();
+    box.activateWindow();
     box.setFocus();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
   }
@@ -148,6 +149,15 @@ TEST_F(LinesBoxTest, PastedLineEndsOfAnyKindBecomeThoseThatAreTyped) {
   Paste(u"1\r\n2\n3\r4\u20295\u20286");
   EXPECT_EQ(box.Text(), u"a1\r\n2\r\n3\r\n4\r\n5\r\n6b");
   EXPECT_EQ(typed.count(), 1);
+}
+
+TEST_F(LinesBoxTest, PasteOfTheSameTextIsToldAsWell) {
+  box.Show(u"ab\r\nc");
+  QSignalSpy typed(&box, &LinesBox::Typed);
+  Select(0, 4);
+  Paste(u"ab\nc");
+  EXPECT_EQ(typed.count(), 1);
+  EXPECT_EQ(box.Text(), u"ab\r\nc");
 }
 
 TEST_F(LinesBoxTest, PasteReplacesTheSelection) {
@@ -458,6 +468,7 @@ class LineBoxTest : public ::testing::Test {
       keys.push_back({position, count, code});
     });
     box->show();
+    box->activateWindow();
     box->setFocus();
     EXPECT_TRUE(QTest::qWaitForWindowActive(box.get()));
   }

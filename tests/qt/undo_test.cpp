@@ -43,6 +43,7 @@ class UndoTest : public ::testing::Test {
     widget.setPrpStrFields(ToQt(Wide(List({Field("NCUSTOMER.C_ID"), Field("NCUSTOMER.C_NAME"),
                                            Field("NORDERITM.O_ID"), Field("NORDERITM.O_QTY")}))));
     widget.show();
+    widget.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&widget));
   }
 
@@ -701,6 +702,7 @@ TEST(UndoOfLongListsTest, StepsShareTheRowsOfALongCatalogue) {
   widget.setPrpStrFields(ToQt(Wide(List(fields))));
   widget.resize(1000, 760);
   widget.show();
+  widget.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
   auto& list = *widget.findChild<QAbstractItemView*>(QStringLiteral("lsttables"));
   const auto& rows = widget.form().lsttables;
