@@ -2,37 +2,20 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
+#include <algorithm>
 
 namespace zolt20::qt {
-namespace {
-
-// Rows with room for what hangs below the line, such as the underscores of table codes.
-class RowDelegate final : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    constexpr int kRoom = 5;
-    const QSize size = QStyledItemDelegate::sizeHint(option, index);
-    return {size.width(), option.fontMetrics.height() + kRoom};
-  }
-};
-
-}  // namespace
 
 RowsView::RowsView(const ListBox& list, QWidget* parent)
     : QListView(parent), list_(list), model_(new RowsModel(list, this)) {
   setModel(model_);
-  setItemDelegate(new RowDelegate(this));
-  setUniformItemSizes(true);
-  setLayoutMode(QListView::SinglePass);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setSelectionMode(list.HasCheckBoxes() ? QAbstractItemView::NoSelection
                    : list.IsSingle()    ? QAbstractItemView::SingleSelection
                                         : QAbstractItemView::MultiSelection);
-  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // a row tells its whole text as a tool tip
   setTextElideMode(Qt::ElideRight);
   setFocusPolicy(Qt::ClickFocus);
 }
@@ -47,15 +30,17 @@ void RowsView::ReplaceRows() {
 void RowsView::ShowMarks() {
   if (!list_.HasCheckBoxes()) {
     QItemSelection marked;
-    const int count = list_.SelCount() > 0 ? model_->rowCount() : 0;
-    for (int row = 0; row < count; ++row) {
-      const auto isMarked = [&](int place) {
-        return place < count && list_.Selected(model_->ControlRow(place));
-      };
+    const int count = model_->rowCount();
+    const auto isMarked = [&](int row) {
+      return row < count && list_.Selected(model_->ControlRow(row));
+    };
+    int left = list_.SelCount();
+    for (int row = 0; row < count && left > 0; ++row) {
       if (!isMarked(row)) continue;
       const int first = row;
       while (isMarked(row + 1))
         ++row;
+      left -= row - first + 1;
       marked.append(QItemSelectionRange(model_->index(first), model_->index(row)));
     }
     selectionModel()->select(marked, QItemSelectionModel::ClearAndSelect);
@@ -65,6 +50,90 @@ void RowsView::ShowMarks() {
     selectionModel()->setCurrentIndex(model_->index(current), QItemSelectionModel::NoUpdate);
   }
 }
+
+// Where the rows stand.
+
+int RowsView::RowHeight() const {
+  constexpr int kRoom = 5;  // also for what hangs below the line, such as underscores
+  return fontMetrics().height() + kRoom;
+}
+
+int RowsView::RowsInSight() const {
+  return std::max(viewport()->height() / RowHeight(), 1);
+}
+
+void RowsView::doItemsLayout() {
+  QAbstractItemView::doItemsLayout();
+}
+
+QRect RowsView::visualRect(const QModelIndex& index) const {
+  if (!index.isValid()) return {};
+  const int top = (index.row() - verticalScrollBar()->value()) * RowHeight();
+  return {0, top, viewport()->width(), RowHeight()};
+}
+
+QModelIndex RowsView::indexAt(const QPoint& point) const {
+  if (!viewport()->rect().contains(point)) return {};
+  return model()->index(verticalScrollBar()->value() + point.y() / RowHeight(), 0);
+}
+
+void RowsView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  if (!index.isValid()) return;
+  executeDelayedItemsLayout();
+  const int row = index.row();
+  const int last = row - RowsInSight() + 1;
+  int first = std::clamp(verticalScrollBar()->value(), last, row);
+  if (hint == PositionAtTop) first = row;
+  if (hint == PositionAtBottom) first = last;
+  if (hint == PositionAtCenter) first = (last + row) / 2;
+  verticalScrollBar()->setValue(first);
+}
+
+int RowsView::horizontalOffset() const {
+  return 0;
+}
+
+int RowsView::verticalOffset() const {
+  return verticalScrollBar()->value() * RowHeight();
+}
+
+void RowsView::scrollContentsBy(int /*dx*/, int /*dy*/) {
+  viewport()->update();
+}
+
+void RowsView::updateGeometries() {
+  verticalScrollBar()->setRange(0, std::max(model()->rowCount() - RowsInSight(), 0));
+  verticalScrollBar()->setPageStep(RowsInSight());
+  verticalScrollBar()->setSingleStep(1);
+  QAbstractItemView::updateGeometries();
+}
+
+QRegion RowsView::visualRegionForSelection(const QItemSelection& /*selection*/) const {
+  return viewport()->rect();
+}
+
+void RowsView::paintEvent(QPaintEvent* event) {
+  QPainter painter(viewport());
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  const QStyle::State state = option.state;
+  const QModelIndex pointed =
+      viewport()->underMouse() ? indexAt(viewport()->mapFromGlobal(QCursor::pos())) : QModelIndex();
+  const int top = verticalScrollBar()->value();
+  const int first = top + event->rect().top() / RowHeight();
+  const int last = std::min(top + event->rect().bottom() / RowHeight(), model()->rowCount() - 1);
+  for (int row = first; row <= last; ++row) {
+    const QModelIndex index = model()->index(row, 0);
+    option.rect = visualRect(index);
+    option.state = state & ~QStyle::State_HasFocus;
+    if (selectionModel()->isSelected(index)) option.state |= QStyle::State_Selected;
+    if (index == currentIndex() && hasFocus()) option.state |= QStyle::State_HasFocus;
+    if (index == pointed) option.state |= QStyle::State_MouseOver;
+    itemDelegate()->paint(&painter, option, index);
+  }
+}
+
+// What a person does.
 
 void RowsView::mousePressEvent(QMouseEvent* event) {
   PressRow(*event, false);
@@ -112,9 +181,46 @@ void RowsView::keyPressEvent(QKeyEvent* event) {
   if (list_.IsSingle() && now >= 0 && now != before) emit RowClicked(model_->ControlRow(now));
 }
 
+QModelIndex RowsView::moveCursor(CursorAction action, Qt::KeyboardModifiers /*modifiers*/) {
+  const int last = model_->rowCount() - 1;
+  if (last < 0) return {};
+  if (!currentIndex().isValid()) return model_->index(action == MoveEnd ? last : 0);
+  int row = currentIndex().row();
+  switch (action) {
+    case MoveUp:
+    case MovePrevious:
+      --row;
+      break;
+    case MoveDown:
+    case MoveNext:
+      ++row;
+      break;
+    case MovePageUp:
+      row -= RowsInSight();
+      break;
+    case MovePageDown:
+      row += RowsInSight();
+      break;
+    case MoveHome:
+      row = 0;
+      break;
+    case MoveEnd:
+      row = last;
+      break;
+    case MoveLeft:
+    case MoveRight:
+      break;
+  }
+  return model_->index(std::clamp(row, 0, last));
+}
+
 QItemSelectionModel::SelectionFlags RowsView::selectionCommand(const QModelIndex& /*index*/,
                                                                const QEvent* /*event*/) const {
   return QItemSelectionModel::NoUpdate;
+}
+
+void RowsView::setSelection(const QRect& /*rect*/, QItemSelectionModel::SelectionFlags /*flags*/) {
+  // The marks are the control's.
 }
 
 }  // namespace zolt20::qt

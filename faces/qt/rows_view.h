@@ -1,7 +1,8 @@
 // A list box as people see it: rows of one height, the marks as Qt's selection or as check boxes.
 //
 // What a person does comes out as signals that name rows of the control. The view changes no mark
-// by itself: ShowMarks reads them from the control.
+// by itself: ShowMarks reads them from the control. A QListView for Qt and for screen readers, but
+// it knows where each row stands without laying out the others.
 #pragma once
 
 #include <QListView>
@@ -23,20 +24,36 @@ class RowsView final : public QListView {
   /// Reads all marks and ListIndex again.
   void ShowMarks();
 
+  void doItemsLayout() override;
+  QRect visualRect(const QModelIndex& index) const override;
+  QModelIndex indexAt(const QPoint& point) const override;
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
  signals:
   void RowClicked(int row);
   void RowDoubleClicked(int row);
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                        const QEvent* event) const override;
+  void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags flags) override;
+  QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+  int horizontalOffset() const override;
+  int verticalOffset() const override;
+  void scrollContentsBy(int dx, int dy) override;
+  void updateGeometries() override;
 
  private:
+  int RowHeight() const;
+  /// How many rows are wholly in sight, at least 1.
+  int RowsInSight() const;
   void PressRow(const QMouseEvent& event, bool isSecond);
 
   const ListBox& list_;
