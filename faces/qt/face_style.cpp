@@ -37,6 +37,20 @@ void DrawOutline(const QStyleOption& option, QPainter& painter, const QRectF& re
 
 FaceStyle::FaceStyle() : QProxyStyle(QStyleFactory::create(QApplication::style()->name())) {}
 
+void FaceStyle::drawItemText(QPainter* painter, const QRect& rect, int flags,
+                             const QPalette& palette, bool enabled, const QString& text,
+                             QPalette::ColorRole role) const {
+  if (role != QPalette::PlaceholderText) {
+    return QProxyStyle::drawItemText(painter, rect, flags, palette, enabled, text, role);
+  }
+  constexpr float kSmallPrint = 0.68F;
+  QPalette readable = palette;
+  QColor colour = palette.color(QPalette::WindowText);
+  colour.setAlphaF(kSmallPrint);
+  readable.setColor(role, colour);
+  QProxyStyle::drawItemText(painter, rect, flags, readable, enabled, text, role);
+}
+
 void FaceStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);

@@ -1,6 +1,6 @@
 // The style of the application, with outlines that can be seen in a dark palette: there the common
 // styles draw boxes, check boxes and options with outlines darker than their ground. A flat group
-// box is nothing but what lies in it.
+// box is nothing but what lies in it, and small print is darker than a placeholder.
 #pragma once
 
 #include <QProxyStyle>
@@ -14,6 +14,9 @@ class FaceStyle final : public QProxyStyle {
   /// Over a style of the same name as the application's.
   FaceStyle();
 
+  void drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& palette,
+                    bool enabled, const QString& text,
+                    QPalette::ColorRole role = QPalette::NoRole) const override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget = nullptr) const override;
   QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
