@@ -545,9 +545,8 @@ void FormFace::TypeKey(const TextBox& box, LineBox& line, int position, int coun
   constexpr int kBackspace = 8;
   int caret = 0;
   Gesture(box, Run::kTyping, [&] {
-    const String text = box.Text();
-    const StringView before = Left(text, position);
-    const StringView behind = Mid(text, position + count + 1);
+    const String before(Left(box.Text(), position));
+    const String behind(Mid(box.Text(), position + count + 1));
     if (!behind.empty() || count > 0 || box.SelStart() != position) control_.UserType(box, before);
     if (code != kBackspace || count == 0) control_.UserKey(box, code);
     caret = box.SelStart();

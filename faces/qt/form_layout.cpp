@@ -11,6 +11,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 
 #include "faces/qt/form_face.h"
 #include "faces/qt/icons.h"
@@ -204,7 +205,7 @@ QWidget* FormLayout::StatementPage(int page) {
     ControlName add;
     std::vector<ControlName> labels;
   };
-  const Parts parts[] = {
+  const std::array<Parts, 4> parts{{
       {ControlName::txtSelectDo,
        ControlName::cmdAddSelectDoQuer,
        {ControlName::Label27, ControlName::Label26, ControlName::Label28, ControlName::Label25}},
@@ -217,9 +218,9 @@ QWidget* FormLayout::StatementPage(int page) {
       {ControlName::txtSelectError,
        ControlName::cmdAddtoSERROR,
        {ControlName::Label39, ControlName::Label38, ControlName::Label40, ControlName::Label37}},
-  };
+  }};
   const int index = page - 2;
-  const Parts& part = parts[index];
+  const Parts& part = parts[static_cast<std::size_t>(index)];
 
   auto* widget = new QWidget(&owner_);
   auto* layout = new QVBoxLayout(widget);

@@ -48,11 +48,9 @@ const char* OwnName(ControlName name) {
     case ControlName::cboWhereFields1:
       return "Value";
     case ControlName::FrawhereCondition:
-      return "Where condition";
     case ControlName::txtwhereCondition:
       return "Where condition";
     case ControlName::FraCondition:
-      return "Condition to complete";
     case ControlName::txtCondition:
       return "Condition to complete";
     case ControlName::txtAsSet:
@@ -167,8 +165,7 @@ QString AccessibleName(const Control& control) {
                        control.design().name == ControlName::txtStmt;
     return isRow ? text + QStringLiteral(" %1").arg(control.Index() + 1) : text;
   }
-  const QString caption =
-      ToQt(static_cast<const CaptionedControl&>(control).Caption()).simplified();
+  QString caption = ToQt(static_cast<const CaptionedControl&>(control).Caption()).simplified();
   const QString page = PageName(control);
   // The same captions stand on several pages, and on a page in several frames.
   if (control.kind() == Kind::Label && control.frame() != nullptr) {

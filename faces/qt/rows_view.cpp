@@ -62,8 +62,9 @@ int RowsView::RowsInSight() const {
   return std::max(viewport()->height() / RowHeight(), 1);
 }
 
+// Past the layout of QListView, which walks all rows.
 void RowsView::doItemsLayout() {
-  QAbstractItemView::doItemsLayout();
+  QAbstractItemView::doItemsLayout();  // NOLINT(bugprone-parent-virtual-call)
 }
 
 QRect RowsView::visualRect(const QModelIndex& index) const {
@@ -105,7 +106,7 @@ void RowsView::updateGeometries() {
   verticalScrollBar()->setRange(0, std::max(model()->rowCount() - RowsInSight(), 0));
   verticalScrollBar()->setPageStep(RowsInSight());
   verticalScrollBar()->setSingleStep(1);
-  QAbstractItemView::updateGeometries();
+  QAbstractItemView::updateGeometries();  // NOLINT(bugprone-parent-virtual-call)
 }
 
 QRegion RowsView::visualRegionForSelection(const QItemSelection& /*selection*/) const {
