@@ -244,7 +244,7 @@ QWidget* FormFace::MakeTabStrip(const TabStrip& strip) {
   for (const StringView caption : kPageCaptions)
     bar->addTab(ToQt(caption));
   connect(bar, &QTabBar::currentChanged, this, [this, &strip](int page) {
-    Gesture(strip, Run::kStep, [this, page] { control_.UserTab(page); });
+    Gesture(strip, Run::kStep, [this, &strip, page] { Do({Act::kTab, &strip, page}); });
   });
   return bar;
 }
@@ -252,7 +252,9 @@ QWidget* FormFace::MakeTabStrip(const TabStrip& strip) {
 QWidget* FormFace::MakeSyntaxTextBox(const SyntaxTextBox& box) {
   auto* lines = new LinesBox(&owner_);
   connect(lines, &LinesBox::Typed, this, [this, &box, lines] {
-    Gesture(box, Run::kTyping, [this, &box, lines] { control_.UserType(box, lines->Text()); });
+    Gesture(box, Run::kTyping, [this, &box, lines] {
+      Do({Act::kType, &box, kNone, lines->Text()});
+    });
   });
   return lines;
 }
@@ -261,13 +263,17 @@ QWidget* FormFace::MakeTextBox(const TextBox& box) {
   if ((box.design().style & kMultiLine) != 0) {
     auto* lines = new LinesBox(&owner_);
     connect(lines, &LinesBox::Typed, this, [this, &box, lines] {
-      Gesture(box, Run::kTyping, [this, &box, lines] { control_.UserType(box, lines->Text()); });
+      Gesture(box, Run::kTyping, [this, &box, lines] {
+        Do({Act::kType, &box, kNone, lines->Text()});
+      });
     });
     return lines;
   }
   auto* line = new LineBox(box.design().name == ControlName::txtAsSet, &owner_);
   connect(line, &LineBox::Typed, this, [this, &box](const QString& text) {
-    Gesture(box, Run::kTyping, [this, &box, &text] { control_.UserType(box, View(text)); });
+    Gesture(box, Run::kTyping, [this, &box, &text] {
+      Do({Act::kType, &box, kNone, String(View(text))});
+    });
   });
   connect(line, &LineBox::KeyTyped, this, [this, &box, line](int position, int count, int code) {
     TypeKey(box, *line, position, count, code);
@@ -279,10 +285,10 @@ QWidget* FormFace::MakeList(const ListBox& list) {
   auto* view = new RowsView(list, &owner_);
   models_.insert(&list, &view->rows());
   connect(view, &RowsView::RowClicked, this, [this, &list](int row) {
-    Gesture(list, Run::kStep, [this, &list, row] { control_.UserClick(list, row); });
+    Gesture(list, Run::kStep, [this, &list, row] { Do({Act::kClick, &list, row}); });
   });
   connect(view, &RowsView::RowDoubleClicked, this, [this, &list](int row) {
-    Gesture(list, Run::kStep, [this, &list, row] { control_.UserDoubleClick(list, row); });
+    Gesture(list, Run::kStep, [this, &list, row] { Do({Act::kDoubleClick, &list, row}); });
   });
   return view;
 }
@@ -306,11 +312,13 @@ QWidget* FormFace::MakeCombo(const ComboBox& combo) {
     box->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
     box->lineEdit()->setFocusPolicy(Qt::ClickFocus);
     connect(box->lineEdit(), &QLineEdit::textEdited, this, [this, &combo](const QString& text) {
-      Gesture(combo, Run::kTyping, [this, &combo, &text] { control_.UserType(combo, View(text)); });
+      Gesture(combo, Run::kTyping, [this, &combo, &text] {
+        Do({Act::kType, &combo, kNone, String(View(text))});
+      });
     });
   }
   connect(box, &QComboBox::activated, this, [this, &combo](int row) {
-    Gesture(combo, Run::kStep, [this, &combo, row] { control_.UserPick(combo, row); });
+    Gesture(combo, Run::kStep, [this, &combo, row] { Do({Act::kPick, &combo, row}); });
   });
   return box;
 }
@@ -320,7 +328,7 @@ QWidget* FormFace::MakeButton(const Control& button) {
   push->setAutoDefault(false);
   push->setFocusPolicy(Qt::ClickFocus);
   connect(push, &QPushButton::clicked, this, [this, &button] {
-    Gesture(button, Run::kStep, [this, &button] { control_.UserClick(button); });
+    Gesture(button, Run::kStep, [this, &button] { Do({Act::kClick, &button}); });
   });
   return push;
 }
@@ -329,7 +337,7 @@ QWidget* FormFace::MakeOption(const OptionButton& option) {
   auto* radio = new OptionWidget(&owner_);
   radio->setFocusPolicy(Qt::ClickFocus);
   connect(radio, &QRadioButton::clicked, this, [this, &option] {
-    Gesture(option, Run::kStep, [this, &option] { control_.UserClick(option); });
+    Gesture(option, Run::kStep, [this, &option] { Do({Act::kClick, &option}); });
   });
   return radio;
 }
@@ -342,9 +350,14 @@ QWidget* FormFace::MakeScrollBar(const ScrollBar& bar) {
   scroll->setTracking(false);  // a drag is one gesture, when the slider is let go
   connect(scroll, &QScrollBar::valueChanged, this, [this, &bar](int value) {
     changed_.insert(&bar);
-    Gesture(bar, Run::kStep, [this, &bar, value] { control_.UserScroll(bar, value); });
+    Gesture(bar, Run::kStep, [this, &bar, value] { Do({Act::kScroll, &bar, value}); });
   });
   return scroll;
+}
+
+void FormFace::NameTables(const QHash<QString, QString>& names) {
+  const QScopedValueRollback showing(isShowing_, true);
+  static_cast<RowsView*>(WidgetOf(Form().lsttables))->NameRows(names);
 }
 
 RowsModel* FormFace::ModelOf(const Control& control) const {
@@ -497,6 +510,37 @@ void FormFace::ShowFocus() {
 
 // Gestures.
 
+void FormFace::Do(Act act) {
+  acts_.push_back(act);
+  const Control& control = *act.control;
+  switch (act.kind) {
+    case Act::kClick:
+      act.number == kNone ? control_.UserClick(control) : control_.UserClick(control, act.number);
+      break;
+    case Act::kDoubleClick:
+      control_.UserDoubleClick(control, act.number);
+      break;
+    case Act::kPick:
+      control_.UserPick(control, act.number);
+      break;
+    case Act::kType:
+      control_.UserType(control, act.text);
+      break;
+    case Act::kKey:
+      control_.UserKey(control, act.number);
+      break;
+    case Act::kFocus:
+      control_.UserFocus(control);
+      break;
+    case Act::kTab:
+      control_.UserTab(act.number);
+      break;
+    case Act::kScroll:
+      control_.UserScroll(control, act.number);
+      break;
+  }
+}
+
 void FormFace::Gesture(const Control& source, Run run, const std::function<void()>& act) {
   if (isShowing_) return;
   if (calls_ > 0) {  // within an event of the host
@@ -510,6 +554,7 @@ void FormFace::Gesture(const Control& source, Run run, const std::function<void(
     textBefore_ = TextOf(source);
   }
   anythingChanged_ = false;
+  QVariant dataBefore = hostData_;
 
   std::optional<Failure> failure;
   ++calls_;
@@ -525,10 +570,12 @@ void FormFace::Gesture(const Control& source, Run run, const std::function<void(
     failure = {QStringLiteral("host"), 0, QString()};
   }
   --calls_;
+  std::vector<Act> acts = std::exchange(acts_, {});
 
   if (!goesOn) history_.EndTyping();
   if (before && anythingChanged_) {
-    history_.Add(std::move(*before), run == Run::kTyping ? &source : nullptr);
+    history_.Add({std::move(*before), std::move(dataBefore)},
+                 run == Run::kTyping ? &source : nullptr);
     emit HistoryChanged();
   } else if (goesOn && textBefore_ && textBefore_ == TextOf(source)) {
     history_.DropTyping();
@@ -536,6 +583,10 @@ void FormFace::Gesture(const Control& source, Run run, const std::function<void(
   }
   changed_.insert(&source);
   ShowChanges();
+  for (Act& done : acts) {
+    done.goesOn = goesOn;
+    emit Acted(done);
+  }
   if (failure) emit Failed(*failure);
 }
 
@@ -547,26 +598,31 @@ void FormFace::TypeKey(const TextBox& box, LineBox& line, int position, int coun
   Gesture(box, Run::kTyping, [&] {
     const String before(Left(box.Text(), position));
     const String behind(Mid(box.Text(), position + count + 1));
-    if (!behind.empty() || count > 0 || box.SelStart() != position) control_.UserType(box, before);
-    if (code != kBackspace || count == 0) control_.UserKey(box, code);
+    if (!behind.empty() || count > 0 || box.SelStart() != position)
+      Do({Act::kType, &box, kNone, before});
+    if (code != kBackspace || count == 0) Do({Act::kKey, &box, code});
     caret = box.SelStart();
-    if (!behind.empty()) control_.UserType(box, Concat(box.Text(), behind));
+    if (!behind.empty()) Do({Act::kType, &box, kNone, Concat(box.Text(), behind)});
   });
   line.ShowCaret(caret);
 }
 
+void FormFace::PutBack(Step step) {
+  control_.Restore(std::move(step.state));
+  hostData_ = std::move(step.hostData);
+  ShowChanges();
+}
+
 void FormFace::Undo() {
   if (calls_ > 0 || !history_.CanUndo()) return;
-  control_.Restore(history_.Undo(control_.Save()));
-  ShowChanges();
+  PutBack(history_.Undo({control_.Save(), hostData_}));
   emit HistoryChanged();
   emit Undone();
 }
 
 void FormFace::Redo() {
   if (calls_ > 0 || !history_.CanRedo()) return;
-  control_.Restore(history_.Redo(control_.Save()));
-  ShowChanges();
+  PutBack(history_.Redo({control_.Save(), hostData_}));
   emit HistoryChanged();
   emit Redone();
 }
@@ -637,8 +693,14 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
   auto& widget = *static_cast<QWidget*>(watched);
   switch (event->type()) {
     case QEvent::FocusIn:
-      if (Form().Focused() != control) {
-        Gesture(*control, Run::kFocus, [this, control] { control_.UserFocus(*control); });
+      if (Form().Focused() == control) {
+        // There already.
+      } else if (static_cast<const QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason) {
+        // The window comes back, from behind a message for instance, and the form moved the focus
+        // meanwhile.
+        ShowFocus();
+      } else {
+        Gesture(*control, Run::kFocus, [this, control] { Do({Act::kFocus, control}); });
       }
       // The two views of the where condition lie over each other, and at first both are visible.
       if (control->frame() == &Form().FrawhereCondition || control->frame() == &Form().FraCondition)

@@ -8,12 +8,14 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QVariant>
 #include <QWidget>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <set>
 #include <unordered_map>
+#include <vector>
 
 #include "faces/qt/history.h"
 #include "shell/control.h"
@@ -35,6 +37,19 @@ struct Failure {
   QString text;
 };
 
+/// What a person did, as one gesture of the surface.
+struct Act {
+  enum Kind { kClick, kDoubleClick, kPick, kType, kKey, kFocus, kTab, kScroll };
+
+  Kind kind;
+  const Control* control;  // of kTab the strip
+  int number = kNone;      // a row, a key's code, a page or a scroll value
+  String text = {};        // of kType
+  bool goesOn = false;     // with the step of typing before
+
+  static constexpr int kNone = -1;
+};
+
 class FormFace final : public QObject, private SurfaceObserver {
   Q_OBJECT
 
@@ -52,10 +67,15 @@ class FormFace final : public QObject, private SurfaceObserver {
   template <typename Act>
   auto Call(const Act& act, bool writes = true);
 
+  /// What tables are called beside their codes, by code.
+  void NameTables(const QHash<QString, QString>& names);
+
   /// Shows all that changed. The host is about to hear of something.
   void ShowChanges();
 
   History& history() { return history_; }
+  /// A value of the host's that goes with the state: Undo and Redo put it back as well.
+  QVariant& hostData() { return hostData_; }
   void Undo();
   void Redo();
 
@@ -72,6 +92,8 @@ class FormFace final : public QObject, private SurfaceObserver {
   void AddFilter(const RowsView& list, QWidget& filter);
 
  signals:
+  /// A gesture is over, with all that it changed; comes before what follows from it.
+  void Acted(const zolt20::qt::Act& act);
   void Failed(const zolt20::qt::Failure& failure);
   void HistoryChanged();
   void Undone();
@@ -115,7 +137,10 @@ class FormFace final : public QObject, private SurfaceObserver {
 
   // Gestures.
   enum class Run { kStep, kTyping, kFocus };
+  static constexpr int kNone = Act::kNone;
   void Gesture(const Control& source, Run run, const std::function<void()>& act);
+  void Do(Act act);
+  void PutBack(Step step);
   void TypeKey(const TextBox& box, LineBox& line, int position, int count, int code);
   bool HandleKey(const Control& control, QWidget& widget, const QKeyEvent& event);
   bool MoveOption(const Control& option, bool forward);
@@ -134,7 +159,9 @@ class FormFace final : public QObject, private SurfaceObserver {
   bool anythingChanged_ = false;  // but the focus and the tab order, since the gesture began
   int calls_ = 0;                 // of gestures and members, one within the other
   bool isShowing_ = false;        // what the widgets tell comes from us, and not from a person
+  std::vector<Act> acts_;         // of the gesture in progress
   History history_;
+  QVariant hostData_;
   std::optional<String> textBefore_;  // of the text box that a run of typing is in
 };
 

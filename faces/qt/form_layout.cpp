@@ -92,11 +92,22 @@ void FormLayout::Build() {
   layout->addLayout(ButtonRow());
 }
 
-QWidget* FormLayout::SelectListPage() {
-  auto* page = new QWidget(&owner_);
-  auto* layout = new QVBoxLayout(page);
+QVBoxLayout* FormLayout::NewPage() {
+  auto* layout = new QVBoxLayout(new QWidget(&owner_));
   layout->setContentsMargins(0, kMargin, 0, 0);
   layout->setSpacing(kGap);
+  return layout;
+}
+
+QLayout* FormLayout::Foot(const std::vector<ControlName>& instructions, ControlName button) {
+  auto* foot = Tight(new QHBoxLayout);
+  foot->addWidget(Instructions(instructions), 1);
+  foot->addWidget(Of(button), 0, Qt::AlignBottom);
+  return foot;
+}
+
+QWidget* FormLayout::SelectListPage() {
+  auto* layout = NewPage();
 
   auto* columns = Tight(new QHBoxLayout);
   columns->setSpacing(kWideGap);
@@ -121,20 +132,14 @@ QWidget* FormLayout::SelectListPage() {
   columns->addLayout(chosen, 4);
   layout->addLayout(columns, 1);
 
-  auto* foot = Tight(new QHBoxLayout);
-  foot->addWidget(Instructions({ControlName::Label41, ControlName::Label9, ControlName::Label10,
-                                ControlName::Label11, ControlName::Label42}),
-                  1);
-  foot->addWidget(Of(ControlName::cmdAddSelect), 0, Qt::AlignBottom);
-  layout->addLayout(foot);
-  return page;
+  layout->addLayout(Foot({ControlName::Label41, ControlName::Label9, ControlName::Label10,
+                          ControlName::Label11, ControlName::Label42},
+                         ControlName::cmdAddSelect));
+  return layout->parentWidget();
 }
 
 QWidget* FormLayout::WherePage() {
-  auto* page = new QWidget(&owner_);
-  auto* layout = new QVBoxLayout(page);
-  layout->setContentsMargins(0, kMargin, 0, 0);
-  layout->setSpacing(kGap);
+  auto* layout = NewPage();
 
   auto* columns = Tight(new QHBoxLayout);
   columns->setSpacing(kWideGap);
@@ -190,13 +195,10 @@ QWidget* FormLayout::WherePage() {
   columns->addLayout(side, 2);
   layout->addLayout(columns, 1);
 
-  auto* foot = Tight(new QHBoxLayout);
-  foot->addWidget(Instructions({ControlName::Label20, ControlName::Label21, ControlName::Label22,
-                                ControlName::Label23, ControlName::Label24}),
-                  1);
-  foot->addWidget(Of(ControlName::cmdAddWhereQuery), 0, Qt::AlignBottom);
-  layout->addLayout(foot);
-  return page;
+  layout->addLayout(Foot({ControlName::Label20, ControlName::Label21, ControlName::Label22,
+                          ControlName::Label23, ControlName::Label24},
+                         ControlName::cmdAddWhereQuery));
+  return layout->parentWidget();
 }
 
 QWidget* FormLayout::StatementPage(int page) {
@@ -222,10 +224,7 @@ QWidget* FormLayout::StatementPage(int page) {
   const int index = page - 2;
   const Parts& part = parts[static_cast<std::size_t>(index)];
 
-  auto* widget = new QWidget(&owner_);
-  auto* layout = new QVBoxLayout(widget);
-  layout->setContentsMargins(0, kMargin, 0, 0);
-  layout->setSpacing(kGap);
+  auto* layout = NewPage();
   auto* columns = Tight(new QHBoxLayout);
   columns->addWidget(Of(part.box), 1);
   auto* requests = Tight(new QVBoxLayout);
@@ -235,18 +234,12 @@ QWidget* FormLayout::StatementPage(int page) {
   requests->addStretch(1);
   columns->addLayout(requests);
   layout->addLayout(columns, 1);
-  auto* foot = Tight(new QHBoxLayout);
-  foot->addWidget(Instructions(part.labels), 1);
-  foot->addWidget(Of(part.add), 0, Qt::AlignBottom);
-  layout->addLayout(foot);
-  return widget;
+  layout->addLayout(Foot(part.labels, part.add));
+  return layout->parentWidget();
 }
 
 QWidget* FormLayout::ConditionPage() {
-  auto* page = new QWidget(&owner_);
-  auto* layout = new QVBoxLayout(page);
-  layout->setContentsMargins(0, kMargin, 0, 0);
-  layout->setSpacing(kGap);
+  auto* layout = NewPage();
 
   auto* kinds = new QVBoxLayout(Of(ControlName::fraSelect));
   for (const ControlName option :
@@ -334,7 +327,7 @@ QWidget* FormLayout::ConditionPage() {
   foot->addWidget(Of(ControlName::cmdAdd));
   foot->addWidget(Of(ControlName::cmdBuild));
   layout->addLayout(foot);
-  return page;
+  return layout->parentWidget();
 }
 
 // The case rows have their places from the form, under the two words at their heads.

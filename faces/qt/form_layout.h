@@ -9,6 +9,7 @@
 class QBoxLayout;
 class QGridLayout;
 class QLayout;
+class QVBoxLayout;
 
 namespace zolt20::qt {
 
@@ -31,7 +32,10 @@ class FormLayout {
   QWidget* CaseRowsFrame();
 
   QWidget* Of(ControlName name, int index = kNoIndex) const;
-  QWidget* OfArray(ControlName name, int index) const;
+  // The layout of a new page, its parent widget.
+  QVBoxLayout* NewPage();
+  // The instructions of a page, and the button beside them.
+  QLayout* Foot(const std::vector<ControlName>& instructions, ControlName button);
   // A label above a list, with a filter between them when the list has one.
   QLayout* Labelled(ControlName label, ControlName list, bool hasFilter = false);
   // The labels of a page that tell how it is used, small and out of the way.

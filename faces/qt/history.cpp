@@ -9,7 +9,7 @@ void History::Switch(bool on) {
   if (!on) Forget();
 }
 
-void History::Add(ControlSnapshot before, const Control* typing) {
+void History::Add(Step before, const Control* typing) {
   if (!isOn_) return;  // switched off within the step
   undo_.push_back(std::move(before));
   if (undo_.size() > kSteps) undo_.pop_front();
@@ -28,17 +28,17 @@ void History::Forget() {
   typing_ = nullptr;
 }
 
-ControlSnapshot History::Undo(ControlSnapshot now) {
+Step History::Undo(Step now) {
   redo_.push_back(std::move(now));
-  ControlSnapshot before = std::move(undo_.back());
+  Step before = std::move(undo_.back());
   undo_.pop_back();
   typing_ = nullptr;
   return before;
 }
 
-ControlSnapshot History::Redo(ControlSnapshot now) {
+Step History::Redo(Step now) {
   undo_.push_back(std::move(now));
-  ControlSnapshot after = std::move(redo_.back());
+  Step after = std::move(redo_.back());
   redo_.pop_back();
   typing_ = nullptr;
   return after;

@@ -1,6 +1,7 @@
 // What Undo and Redo put back: states of the control, from before each step of a person.
 #pragma once
 
+#include <QVariant>
 #include <cstddef>
 #include <deque>
 #include <optional>
@@ -9,6 +10,12 @@
 #include "shell/control.h"
 
 namespace zolt20::qt {
+
+/// A state to go back to.
+struct Step {
+  ControlSnapshot state;
+  QVariant hostData;  // a value of the host's that goes with it
+};
 
 class History {
  public:
@@ -24,7 +31,7 @@ class History {
   /// Whether typing into the control goes on with the step before.
   bool IsTypingIn(const Control& control) const { return typing_ == &control; }
   /// A step was done, from this state. Typing into `typing` goes on with it.
-  void Add(ControlSnapshot before, const Control* typing);
+  void Add(Step before, const Control* typing);
   /// The run of typing has come back to where it began: it is no step.
   void DropTyping();
   /// A run of typing is over.
@@ -32,13 +39,13 @@ class History {
   void Forget();
 
   /// The state to put back, in exchange for the state as it is now. There is one.
-  ControlSnapshot Undo(ControlSnapshot now);
-  ControlSnapshot Redo(ControlSnapshot now);
+  Step Undo(Step now);
+  Step Redo(Step now);
 
  private:
   bool isOn_ = true;
-  std::deque<ControlSnapshot> undo_;
-  std::vector<ControlSnapshot> redo_;
+  std::deque<Step> undo_;
+  std::vector<Step> redo_;
   const Control* typing_ = nullptr;
 };
 

@@ -12,6 +12,7 @@ using zolt20::Integer;
 using zolt20::Message;
 using zolt20::StringView;
 using zolt20::ZOLT20MapControl;
+using zolt20::qt::Act;
 using zolt20::qt::FormFace;
 using zolt20::qt::FromQt;
 using zolt20::qt::ToQt;
@@ -49,6 +50,33 @@ class VariantBag final : public zolt20::PropertyBag {
  private:
   QVariantMap values_;
 };
+
+QString VerbOf(Act::Kind kind) {
+  switch (kind) {
+    case Act::kClick:
+      return QStringLiteral("click");
+    case Act::kDoubleClick:
+      return QStringLiteral("dblclick");
+    case Act::kPick:
+      return QStringLiteral("pick");
+    case Act::kType:
+      return QStringLiteral("type");
+    case Act::kKey:
+      return QStringLiteral("key");
+    case Act::kFocus:
+      return QStringLiteral("focus");
+    case Act::kTab:
+      return QStringLiteral("tab");
+    case Act::kScroll:
+      return QStringLiteral("scroll");
+  }
+  return {};
+}
+
+ZOLT20Gesture GestureOf(const Act& act) {
+  const QString control = act.kind == Act::kTab ? QString() : Key(act.control->name());
+  return {VerbOf(act.kind), control, act.number, ToQt(act.text), act.goesOn};
+}
 
 }  // namespace
 
@@ -112,6 +140,8 @@ ZOLT20MapWidget::ZOLT20MapWidget(QWidget* parent)
   connect(&d_->face, &FormFace::Failed, this, [this](const zolt20::qt::Failure& failure) {
     emit Failed(failure.kind, failure.number, failure.text);
   });
+  connect(&d_->face, &FormFace::Acted, this,
+          [this](const Act& act) { emit gestureMade(GestureOf(act)); });
   connect(&d_->face, &FormFace::HistoryChanged, this, [this] { d_->HistoryMayHaveChanged(); });
   connect(&d_->face, &FormFace::Undone, this, &ZOLT20MapWidget::undone);
   connect(&d_->face, &FormFace::Redone, this, &ZOLT20MapWidget::redone);
@@ -232,6 +262,16 @@ void ZOLT20MapWidget::undo() {
 }
 void ZOLT20MapWidget::redo() {
   d_->face.Redo();
+}
+
+QVariant ZOLT20MapWidget::hostData() const {
+  return d_->face.hostData();
+}
+void ZOLT20MapWidget::setHostData(const QVariant& value) {
+  d_->face.hostData() = value;
+}
+void ZOLT20MapWidget::setTableNames(const QHash<QString, QString>& names) {
+  d_->face.NameTables(names);
 }
 
 zolt20::ControlSnapshot ZOLT20MapWidget::save() const {

@@ -10,6 +10,7 @@
 // while the person uses the widget comes as the signal Failed, and nothing is thrown.
 #pragma once
 
+#include <QHash>
 #include <QVariantMap>
 #include <QWidget>
 #include <memory>
@@ -18,6 +19,16 @@ namespace zolt20 {
 class ControlSnapshot;
 class Surface;
 }  // namespace zolt20
+
+/// What a person did, for hosts that keep a record: a gesture of the form, in the words of the
+/// JSON lines that zolt20-host plays.
+struct ZOLT20Gesture {
+  QString verb;         ///< "click", "dblclick", "pick", "type", "key", "focus", "tab" or "scroll"
+  QString control;      ///< its name, "" for "tab"
+  int number = -1;      ///< a row, the code of a key, a page or a scroll value; -1 for none
+  QString text;         ///< of "type"
+  bool goesOn = false;  ///< typing that belongs to the step of the history before
+};
 
 class ZOLT20MapWidget : public QWidget {
   Q_OBJECT
@@ -62,6 +73,15 @@ class ZOLT20MapWidget : public QWidget {
   bool isUndoEnabled() const;
   bool canUndo() const;
   bool canRedo() const;
+
+  /// A value of the host's that goes with the state of the control: each step of the history has
+  /// the one from before it, and undo and redo put it back. Invalid at first.
+  QVariant hostData() const;
+  void setHostData(const QVariant& value);
+
+  /// What the tables are called beside their codes, by code. Shown in the list of tables, where the
+  /// filter finds it too; the control knows nothing of it.
+  void setTableNames(const QHash<QString, QString>& names);
 
   /// The whole state as a value, and back, which forgets the history. Not within a signal of the
   /// widget.
@@ -127,6 +147,9 @@ class ZOLT20MapWidget : public QWidget {
   /// A gesture of the person failed, half done: the kind of the run-time error in one word, its
   /// number, its text. A failure of the host's own slots has the kind "host" and the number 0.
   void Failed(const QString& kind, int number, const QString& text);
+
+  /// The person did this, and all that comes of it has happened, answers to events included.
+  void gestureMade(const ZOLT20Gesture& gesture);
 
   void canUndoChanged(bool can);
   void canRedoChanged(bool can);

@@ -2,6 +2,7 @@
 
 #include <QStringMatcher>
 #include <algorithm>
+#include <utility>
 
 #include "faces/qt/qt_text.h"
 
@@ -23,8 +24,15 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-    case Qt::ToolTipRole:
       return ToQt(rows_.List(row));
+    case Qt::ToolTipRole: {
+      const QString text = ToQt(rows_.List(row));
+      const QString name = names_.value(text);
+      return name.isEmpty() ? text : text + QStringLiteral(": ") + name;
+    }
+    case kNameRole:
+    case Qt::AccessibleDescriptionRole:
+      return names_.isEmpty() ? QString() : names_.value(ToQt(rows_.List(row)));
     case Qt::CheckStateRole:
       if (list_ == nullptr || !list_->HasCheckBoxes()) return {};
       return list_->Selected(row) ? Qt::Checked : Qt::Unchecked;
@@ -55,6 +63,13 @@ void RowsModel::SetFilter(const QString& text) {
   if (text == filter_) return;
   beginResetModel();
   filter_ = text;
+  ApplyFilter();
+  endResetModel();
+}
+
+void RowsModel::NameRows(QHash<QString, QString> names) {
+  beginResetModel();
+  names_ = std::move(names);
   ApplyFilter();
   endResetModel();
 }
@@ -101,7 +116,8 @@ void RowsModel::ApplyFilter() {
   for (int row = 0; row < rows_.ListCount(); ++row) {
     const StringView text = rows_.List(row);
     const QStringView view(text.data(), static_cast<qsizetype>(text.size()));
-    if (matcher.indexIn(view) >= 0) drawn_.push_back(row);
+    const bool isNamed = !names_.isEmpty() && matcher.indexIn(names_.value(ToQt(text))) >= 0;
+    if (isNamed || matcher.indexIn(view) >= 0) drawn_.push_back(row);
   }
   count_ = static_cast<int>(drawn_.size());
 }

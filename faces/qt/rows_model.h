@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QHash>
+#include <QString>
 #include <vector>
 
 #include "surface/list_box.h"
@@ -30,6 +32,10 @@ class RowsModel final : public QAbstractListModel {
   void SetFilter(const QString& text);
   const QString& Filter() const { return filter_; }
 
+  /// What rows are called beside their texts, by text. The filter finds it as well.
+  void NameRows(QHash<QString, QString> names);
+  static constexpr int kNameRole = Qt::UserRole;
+
   // The notices of the surface for this control.
   void RowsAboutToChange(const RowChange& change);
   void RowsChanged(const RowChange& change);
@@ -43,6 +49,7 @@ class RowsModel final : public QAbstractListModel {
 
   const RowsControl& rows_;
   const ListBox* list_;  // nullptr for a combo box
+  QHash<QString, QString> names_;
   QString filter_;
   std::vector<int> drawn_;  // the control's rows, while a filter is on
   int count_;               // what rowCount told, while rows come and go

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 namespace zolt20::qt {
 
@@ -25,6 +26,11 @@ void RowsView::ReplaceRows() {
   model_->Replace();
   doItemsLayout();
   verticalScrollBar()->setValue(place);
+}
+
+void RowsView::NameRows(QHash<QString, QString> names) {
+  model_->NameRows(std::move(names));
+  ShowMarks();
 }
 
 void RowsView::ShowMarks() {
@@ -131,7 +137,26 @@ void RowsView::paintEvent(QPaintEvent* event) {
     if (index == currentIndex() && hasFocus()) option.state |= QStyle::State_HasFocus;
     if (index == pointed) option.state |= QStyle::State_MouseOver;
     itemDelegate()->paint(&painter, option, index);
+    DrawName(painter, option, index);
   }
+}
+
+// What a row is called beside its text, at the right end of what the text leaves.
+void RowsView::DrawName(QPainter& painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+  const QString name = index.data(RowsModel::kNameRole).toString();
+  if (name.isEmpty()) return;
+  constexpr int kGap = 6;
+  const int text = option.fontMetrics.horizontalAdvance(index.data().toString());
+  const QRect place = option.rect.adjusted(text + 3 * kGap, 0, -kGap, 0);
+  if (place.width() < option.fontMetrics.averageCharWidth() * 3) return;
+  const bool isSelected = (option.state & QStyle::State_Selected) != 0;
+  QColor colour = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+  constexpr float kSmallPrint = 0.7F;
+  if (!isSelected) colour.setAlphaF(kSmallPrint);
+  painter.setPen(colour);
+  painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter,
+                   option.fontMetrics.elidedText(name, Qt::ElideRight, place.width()));
 }
 
 // What a person does.

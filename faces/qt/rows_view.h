@@ -21,6 +21,8 @@ class RowsView final : public QListView {
 
   /// Anything may be different, when a state was put back. Keeps the place that is in sight.
   void ReplaceRows();
+  /// What rows are called beside their texts, by text.
+  void NameRows(QHash<QString, QString> names);
   /// Reads all marks and ListIndex again.
   void ShowMarks();
 
@@ -51,6 +53,8 @@ class RowsView final : public QListView {
   void updateGeometries() override;
 
  private:
+  void DrawName(QPainter& painter, const QStyleOptionViewItem& option,
+                const QModelIndex& index) const;
   int RowHeight() const;
   /// How many rows are wholly in sight, at least 1.
   int RowsInSight() const;

@@ -100,7 +100,7 @@ class ReplayTest : public WidgetTest {
     Json reply = {{"ok", true}};
     try {
       if (request.contains("user")) {
-        if (!MakeGesture(request)) reply = {{"ok", false}};
+        if (!Make(request)) reply = {{"ok", false}};
       } else if (request.contains("answer")) {
         KeepAnswer(request);
       } else if (request.contains("new")) {
@@ -118,38 +118,6 @@ class ReplayTest : public WidgetTest {
       reply = {{"ok", false}, {"error", std::string(error.kind_word())}};
     }
     return reply;
-  }
-
-  // False when the gesture is refused: a person can't even reach the control, or nothing comes of
-  // it.
-  bool MakeGesture(const Json& request) {
-    const std::string gesture = request["user"];
-    if (gesture == "tab") return Tab(request["page"]), true;
-    const std::string name = request["control"];
-    if (!On(name).isEnabled()) {
-      if (IsInSight(name)) Click(name);
-      return false;
-    }
-    if (!IsInSight(name)) return false;
-    if (gesture == "click" && request.contains("row")) {
-      Click(name, request["row"]);
-    } else if (gesture == "click") {
-      Click(name);
-    } else if (gesture == "dblclick") {
-      DoubleClick(name, request["row"]);
-    } else if (gesture == "pick") {
-      Pick(name, request["row"]);
-    } else if (gesture == "type") {
-      Type(name, request["text"].get<std::string>());
-    } else if (gesture == "key") {
-      Key(name, request["code"]);
-    } else if (gesture == "focus") {
-      Focus(name);
-    } else {
-      EXPECT_EQ(gesture, "scroll");
-      Scroll(name, request["value"]);
-    }
-    return true;
   }
 
   // A set, get or call.

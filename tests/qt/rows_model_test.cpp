@@ -3,7 +3,9 @@
 #include "faces/qt/rows_model.h"
 
 #include <QAbstractItemModelTester>
+#include <QAbstractItemView>
 #include <QIdentityProxyModel>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <algorithm>
@@ -12,6 +14,7 @@
 #include <random>
 #include <set>
 
+#include "faces/qt/map_widget.h"
 #include "faces/qt/qt_text.h"
 #include "faces/qt/rows_view.h"
 #include "tests/support/control_test.h"
@@ -384,6 +387,26 @@ class LongListTest : public ControlTest {
     view.grab();
   }
 };
+
+TEST(HiddenListTest, RowsThatCameWhileTheListWasHiddenCanBeScrolledTo) {
+  ZOLT20MapWidget widget;
+  QString tables;
+  for (int table = 10; table < 60; ++table)
+    tables += QStringLiteral("TABLE_%1").arg(table) + QStringLiteral("0,");
+  widget.resize(900, 650);
+  widget.show();
+  widget.hide();
+  widget.setPrpStrTables(tables);
+  QTest::qWait(1);  // a layout that is put off would come now
+  widget.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
+  widget.grab();
+  const auto& list = *widget.findChild<QAbstractItemView*>(QStringLiteral("lsttables"));
+  const int inSight =
+      list.viewport()->height() / list.visualRect(list.model()->index(0, 0)).height();
+  EXPECT_EQ(list.verticalScrollBar()->maximum(), 50 - inSight);
+  EXPECT_TRUE(list.verticalScrollBar()->isVisible());
+}
 
 TEST_F(LongListTest, TheFirstScreenAsksForNoMoreRowsOfALongerList) {
   AskedModel few;

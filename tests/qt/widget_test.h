@@ -65,73 +65,11 @@ inline QString WithoutMnemonic(QString text) {
   return text;
 }
 
-/// A widget whose messages are answered at once and kept.
-class LoggedWidget final : public ZOLT20MapWidget {
- public:
-  explicit LoggedWidget(Texts& log, QWidget* parent = nullptr)
-      : ZOLT20MapWidget(parent), log_(log) {}
-
+/// A person at a widget, which the test makes, shows and discards.
+class PersonTest : public ::testing::Test {
  protected:
-  void showMessage(const QString& text, const QString& title) override {
-    log_.push_back("message " + Std(title) + ": " + Std(text));
-  }
-
- private:
-  Texts& log_;
-};
-
-class WidgetTest : public ::testing::Test {
- protected:
-  WidgetTest() { MakeNew(); }
-  ~WidgetTest() override {
-    delete widget_;
-    window_.reset();
-  }
-
-  // Making widgets. Each discards the one before; a new one is there from the start.
-
-  /// A window of its own.
-  void MakeNew() {
-    delete widget_;
-    window_.reset();
-    log_.clear();
-    widget_ = new LoggedWidget(log_);
-    widget_->resize(900, 650);
-    Hear();
-    ShowWindow(*widget_);
-  }
-  /// A window with a line to type in above the widget and one below it.
-  void MakeEmbedded() {
-    delete widget_;
-    log_.clear();
-    window_ = std::make_unique<QWidget>();
-    auto* layout = new QVBoxLayout(window_.get());
-    layout->addWidget(above_ = new QLineEdit);
-    layout->addWidget(widget_ = new LoggedWidget(log_));
-    layout->addWidget(below_ = new QLineEdit);
-    window_->resize(900, 720);
-    Hear();
-    ShowWindow(*window_);
-  }
-
-  LoggedWidget& widget() { return *widget_; }
+  ZOLT20MapWidget& widget() { return *widget_; }
   const Surface& form() { return widget_->form(); }
-  /// What the widget told its host since the last call, in order.
-  Texts Log() { return std::exchange(log_, {}); }
-  /// Puts a line of the test's own into the log.
-  void Told(std::string line) { log_.push_back(std::move(line)); }
-  /// What the host does inside an event, by a slot that is connected directly.
-  void Answer(const std::string& event, std::function<void()> action) {
-    answers_[event] = std::move(action);
-  }
-  /// A small catalogue: two tables of two fields each, the first with two indexes. Takes its
-  /// reports from the log.
-  void Catalogue() {
-    widget_->setPrpStrTables(QStringLiteral("TABLE__12,TABLE__20"));
-    widget_->setPrpStrFields(Qs(List(
-        {Field("NTABLE__1.A"), Field("NTABLE__1.B"), Field("NTABLE__2.C"), Field("NTABLE__2.D")})));
-    EXPECT_EQ(Log(), (Texts{"changed PrpStrTables", "changed PrpStrFields"}));
-  }
 
   // A person.
 
@@ -226,6 +164,38 @@ class WidgetTest : public ::testing::Test {
     QTest::keyClick(Window(), static_cast<Qt::Key>(key), modifiers);
   }
 
+  /// Carries out a gesture of the automation host, a line with "user". False when it is refused: a
+  /// person can't even reach the control, or nothing comes of it.
+  bool Make(const nlohmann::ordered_json& gesture) {
+    const std::string verb = gesture["user"];
+    if (verb == "tab") return Tab(gesture["page"]), true;
+    const std::string name = gesture["control"];
+    if (!On(name).isEnabled()) {
+      if (IsInSight(name)) Click(name);
+      return false;
+    }
+    if (!IsInSight(name)) return false;
+    if (verb == "click" && gesture.contains("row")) {
+      Click(name, gesture["row"]);
+    } else if (verb == "click") {
+      Click(name);
+    } else if (verb == "dblclick") {
+      DoubleClick(name, gesture["row"]);
+    } else if (verb == "pick") {
+      Pick(name, gesture["row"]);
+    } else if (verb == "type") {
+      Type(name, gesture["text"].get<std::string>());
+    } else if (verb == "key") {
+      Key(name, gesture["code"]);
+    } else if (verb == "focus") {
+      Focus(name);
+    } else {
+      EXPECT_EQ(verb, "scroll");
+      Scroll(name, gesture["value"]);
+    }
+    return true;
+  }
+
   // Reads.
 
   /// The widget of a control.
@@ -280,54 +250,15 @@ class WidgetTest : public ::testing::Test {
 
   QWindow* Window() { return widget_->window()->windowHandle(); }
 
-  // The neighbours of an embedded widget.
-  QLineEdit* above_ = nullptr;
-  QLineEdit* below_ = nullptr;
-
- private:
   static void ShowWindow(QWidget& window) {
     window.show();
     window.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
   }
 
-  void Hear() {
-    using Widget = ZOLT20MapWidget;
-    const auto event = [this](void (Widget::*signal)(), const char* name) {
-      QObject::connect(widget_, signal, widget_, [this, name] {
-        log_.emplace_back(name);
-        const auto answer = answers_.find(name);
-        if (answer != answers_.end() && answer->second) answer->second();
-      });
-    };
-    event(&Widget::eventCancel, "eventCancel");
-    event(&Widget::eventDone, "eventDone");
-    event(&Widget::eventSubQuery, "eventSubQuery");
-    event(&Widget::eventCondition, "eventCondition");
-    event(&Widget::eventFunction, "eventFunction");
-    const auto changed = [this](void (Widget::*signal)(), const char* name) {
-      QObject::connect(widget_, signal, widget_,
-                       [this, name] { log_.push_back(std::string("changed ") + name); });
-    };
-    changed(&Widget::PrpStrTablesChanged, "PrpStrTables");
-    changed(&Widget::PrpStrFieldsChanged, "PrpStrFields");
-    changed(&Widget::prpSelectPartChanged, "prpSelectPart");
-    changed(&Widget::prpTabChanged, "prpTab");
-    changed(&Widget::prpParentorChildChanged, "prpParentorChild");
-    changed(&Widget::prpSelectFromPartChanged, "prpSelectFromPart");
-    changed(&Widget::prpSelectWherePartChanged, "prpSelectWherePart");
-    changed(&Widget::prpSelectGroupbyPartChanged, "prpSelectGroupbyPart");
-    changed(&Widget::prpSelectOrderbyPartChanged, "prpSelectOrderbyPart");
-    changed(&Widget::prpSelectAsSetPartChanged, "prpSelectAsSetPart");
-    changed(&Widget::prpSelectDoPartChanged, "prpSelectDoPart");
-    changed(&Widget::prpSelectEOSPartChanged, "prpSelectEOSPart");
-    changed(&Widget::prpSelectEmptyPartChanged, "prpSelectEmptyPart");
-    changed(&Widget::prpSelectErrorPartChanged, "prpSelectErrorPart");
-    QObject::connect(widget_, &Widget::Failed, widget_, [this](const QString& kind, int number) {
-      log_.push_back("failed " + Std(kind) + " " + std::to_string(number));
-    });
-  }
+  QPointer<ZOLT20MapWidget> widget_;
 
+ private:
   QAbstractItemView& ViewOf(std::string_view list) { return Be<QAbstractItemView>(list); }
 
   // The middle of a row within the viewport, scrolled into sight; of a wide one the left end.
@@ -413,11 +344,120 @@ class WidgetTest : public ::testing::Test {
     }
     return "";
   }
+};
+
+/// A widget whose messages are answered at once and kept.
+class LoggedWidget final : public ZOLT20MapWidget {
+ public:
+  explicit LoggedWidget(Texts& log, QWidget* parent = nullptr)
+      : ZOLT20MapWidget(parent), log_(log) {}
+
+ protected:
+  void showMessage(const QString& text, const QString& title) override {
+    log_.push_back("message " + Std(title) + ": " + Std(text));
+  }
+
+ private:
+  Texts& log_;
+};
+
+/// A person and a host. A new widget is there from the start.
+class WidgetTest : public PersonTest {
+ protected:
+  WidgetTest() { MakeNew(); }
+  ~WidgetTest() override {
+    delete widget_;
+    window_.reset();
+  }
+
+  // Making widgets. Each discards the one before.
+
+  /// A window of its own.
+  void MakeNew() {
+    delete widget_;
+    window_.reset();
+    log_.clear();
+    widget_ = new LoggedWidget(log_);
+    widget_->resize(900, 650);
+    Hear();
+    ShowWindow(*widget_);
+  }
+  /// A window with a line to type in above the widget and one below it.
+  void MakeEmbedded() {
+    delete widget_;
+    log_.clear();
+    window_ = std::make_unique<QWidget>();
+    auto* layout = new QVBoxLayout(window_.get());
+    layout->addWidget(above_ = new QLineEdit);
+    layout->addWidget(widget_ = new LoggedWidget(log_));
+    layout->addWidget(below_ = new QLineEdit);
+    window_->resize(900, 720);
+    Hear();
+    ShowWindow(*window_);
+  }
+
+  /// What the widget told its host since the last call, in order.
+  Texts Log() { return std::exchange(log_, {}); }
+  /// Puts a line of the test's own into the log.
+  void Told(std::string line) { log_.push_back(std::move(line)); }
+  /// What the host does inside an event, by a slot that is connected directly.
+  void Answer(const std::string& event, std::function<void()> action) {
+    answers_[event] = std::move(action);
+  }
+  /// A small catalogue: two tables of two fields each, the first with two indexes. Takes its
+  /// reports from the log.
+  void Catalogue() {
+    widget_->setPrpStrTables(QStringLiteral("TABLE__12,TABLE__20"));
+    widget_->setPrpStrFields(Qs(List(
+        {Field("NTABLE__1.A"), Field("NTABLE__1.B"), Field("NTABLE__2.C"), Field("NTABLE__2.D")})));
+    EXPECT_EQ(Log(), (Texts{"changed PrpStrTables", "changed PrpStrFields"}));
+  }
+
+  // The neighbours of an embedded widget.
+  QLineEdit* above_ = nullptr;
+  QLineEdit* below_ = nullptr;
+
+ private:
+  void Hear() {
+    using Widget = ZOLT20MapWidget;
+    const auto event = [this](void (Widget::*signal)(), const char* name) {
+      QObject::connect(widget_, signal, widget_, [this, name] {
+        log_.emplace_back(name);
+        const auto answer = answers_.find(name);
+        if (answer != answers_.end() && answer->second) answer->second();
+      });
+    };
+    event(&Widget::eventCancel, "eventCancel");
+    event(&Widget::eventDone, "eventDone");
+    event(&Widget::eventSubQuery, "eventSubQuery");
+    event(&Widget::eventCondition, "eventCondition");
+    event(&Widget::eventFunction, "eventFunction");
+    const auto changed = [this](void (Widget::*signal)(), const char* name) {
+      QObject::connect(widget_, signal, widget_,
+                       [this, name] { log_.push_back(std::string("changed ") + name); });
+    };
+    changed(&Widget::PrpStrTablesChanged, "PrpStrTables");
+    changed(&Widget::PrpStrFieldsChanged, "PrpStrFields");
+    changed(&Widget::prpSelectPartChanged, "prpSelectPart");
+    changed(&Widget::prpTabChanged, "prpTab");
+    changed(&Widget::prpParentorChildChanged, "prpParentorChild");
+    changed(&Widget::prpSelectFromPartChanged, "prpSelectFromPart");
+    changed(&Widget::prpSelectWherePartChanged, "prpSelectWherePart");
+    changed(&Widget::prpSelectGroupbyPartChanged, "prpSelectGroupbyPart");
+    changed(&Widget::prpSelectOrderbyPartChanged, "prpSelectOrderbyPart");
+    changed(&Widget::prpSelectAsSetPartChanged, "prpSelectAsSetPart");
+    changed(&Widget::prpSelectDoPartChanged, "prpSelectDoPart");
+    changed(&Widget::prpSelectEOSPartChanged, "prpSelectEOSPart");
+    changed(&Widget::prpSelectEmptyPartChanged, "prpSelectEmptyPart");
+    changed(&Widget::prpSelectErrorPartChanged, "prpSelectErrorPart");
+    QObject::connect(widget_, &Widget::Failed, widget_, [this](const QString& kind, int number) {
+      log_.push_back("failed " + Std(kind) + " " + std::to_string(number));
+    });
+  }
 
   Texts log_;
   std::map<std::string, std::function<void()>> answers_;
   std::unique_ptr<QWidget> window_;  // around an embedded widget
-  QPointer<LoggedWidget> widget_;
 };
 
 }  // namespace zolt20::tests
