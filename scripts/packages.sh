@@ -22,7 +22,7 @@ need_packages() {
 }
 
 # What building and testing take.
-build_packages=(g++ cmake ninja-build nlohmann-json3-dev libgtest-dev qt6-base-dev)
+build_packages=(g++ cmake ninja-build nlohmann-json3-dev libgtest-dev qt6-base-dev libsqlite3-dev)
 # What testing takes beside that.
 test_packages=(xvfb xauth)
 

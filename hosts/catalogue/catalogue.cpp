@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <set>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "hosts/text_coding.h"
@@ -50,14 +51,9 @@ const std::string& NeededName(const Json& object, const char* key, const std::st
   return name;
 }
 
-// A text that goes into one of the lists must not hold what separates the entries there, nor end
-// so that it makes a separator together with the first character of the one that follows.
 void CheckListed(StringView text, const char* key, const std::string& where) {
-  const std::string holder = std::string("has a \"") + key + "\" that holds ";
-  if (Holds(text, u",")) Complain(where, holder + "a comma");
-  if (Holds(Concat(text, kSeparator.substr(0, 1)), kSeparator)) {
-    Complain(where, holder + "the separator *Q*V*R*N* or runs into it");
-  }
+  const std::string reason = WhyNotListed(text);
+  if (!reason.empty()) Complain(where, std::string("has a \"") + key + "\" that " + reason);
 }
 
 Integer ReadIndexCount(const Json& table, const std::string& where) {
@@ -160,7 +156,7 @@ Catalogue ReadCatalogue(std::istream& input) {
   try {
     const std::string text{std::istreambuf_iterator<char>(input), {}};
     json = Json::parse(hosts::PutStandIns(text));
-  } catch (const Json::parse_error& error) {
+  } catch (const Json::exception& error) {
     Complain("the catalogue", std::string("is no JSON: ") + error.what());
   } catch (const std::ios_base::failure& error) {
     Complain("the catalogue", std::string("can't be read: ") + error.what());
@@ -170,8 +166,24 @@ Catalogue ReadCatalogue(std::istream& input) {
 
 Catalogue ReadCatalogue(const std::filesystem::path& file) {
   std::ifstream input(file, std::ios::binary);
-  if (!input) Complain("the catalogue", "can't be read: there is no " + file.string());
+  if (!input) {
+    std::error_code failure;
+    const bool isThere = std::filesystem::exists(file, failure);
+    Complain("the catalogue", std::string("can't be read: ") +
+                                  (isThere ? "there is no right to read " : "there is no ") +
+                                  file.string());
+  }
   return ReadCatalogue(input);
+}
+
+// A text that goes into one of the lists must not hold what separates the entries there, nor end
+// so that it makes a separator together with the first character of the one that follows.
+std::string WhyNotListed(StringView text) {
+  if (Holds(text, u",")) return "holds a comma";
+  if (Holds(Concat(text, kSeparator.substr(0, 1)), kSeparator)) {
+    return "holds the separator *Q*V*R*N* or runs into it";
+  }
+  return {};
 }
 
 String TableList(const Catalogue& catalogue) {

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <iosfwd>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 #include "surface/integer.h"
@@ -52,6 +53,10 @@ struct Catalogue {
 Catalogue ReadCatalogue(std::istream& input);
 /// The same from a file.
 Catalogue ReadCatalogue(const std::filesystem::path& file);
+
+/// Why a text can't go into one of the two lists below: "holds a comma", or that it holds the
+/// separator of a record or makes one with what follows; "" when it can.
+std::string WhyNotListed(StringView text);
 
 /// The value for PrpStrTables: each table's code with its index count, in the catalogue's order.
 String TableList(const Catalogue& catalogue);
