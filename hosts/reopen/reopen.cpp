@@ -186,18 +186,13 @@ class Splitter {
   std::vector<Clause> clauses_;
 };
 
-// The decoding knows "~", the tab's code and the quote's three characters and has no way of sending
-// them themselves. A text with a backtick and a caret before a quote reads as a quote too early.
-std::size_t FindUnsendable(StringView text) {
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == u'~' || text[i] == kTabCode) return i;
-    if (text.substr(i).starts_with(u"`^`") || text.substr(i).starts_with(u"`^\"")) return i;
-  }
-  return StringView::npos;
+// The properties take one tab off every line but the first.
+String Indent(StringView text) {
+  return Replace(text, kLineBreak, u"\r\n\t");
 }
 
 // CR LF only is a line break here; a lone CR or LF has no code and goes as it is.
-String Encode(StringView text) {
+String EncodeCharacters(StringView text) {
   String encoded;
   encoded.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -215,17 +210,8 @@ String Encode(StringView text) {
   return encoded;
 }
 
-// The properties take one tab off every line but the first.
-String Indent(StringView text) {
-  return Replace(text, kLineBreak, u"\r\n\t");
-}
-
-String EncodeBlock(StringView block, bool isSelectDo) {
-  String text = Replace(block, u"\r\n\t", kLineBreak);
-  // prpSelectDoPart makes one tab of two, wherever they stand.
-  if (isSelectDo) text = Replace(text, kTabCharacter, u"\t\t");
-  String encoded = Encode(Indent(text));
-  // A marker within the text would cost it its first five characters, so those are a marker too.
+// A marker within the text would cost it its first five characters, so those are a marker too.
+String Marked(StringView text, String encoded) {
   return Holds(text, kMarker) ? Concat(kMarker, encoded) : encoded;
 }
 
@@ -356,7 +342,7 @@ class PartMaker {
     if (text.size() > kLongestText)
       Report(PlaceOf(text) + kLongestText, "a text of more than 32,767 characters is too long");
     if (clause.kind->form == Form::kCondition) {
-      Take(clause, Encode(Indent(text)));
+      Take(clause, EncodeCharacters(Indent(text)));
     } else {
       Take(clause, EncodeBlock(text, clause.kind->part == &Parts::prpSelectDoPart));
     }
@@ -380,26 +366,55 @@ Reopened Reopen(StringView statement) {
   return maker.Take();
 }
 
-void WriteParts(ZOLT20MapControl& control, const Parts& parts) {
-  const auto write = [&control](void (ZOLT20MapControl::*let)(String), const String& value) {
-    if (!value.empty()) (control.*let)(value);
-  };
+// The decoding knows "~", the tab's code and the quote's three characters and has no way of sending
+// them themselves. A text with a backtick and a caret before a quote reads as a quote too early.
+std::size_t FindUnsendable(StringView text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == u'~' || text[i] == kTabCode) return i;
+    if (text.substr(i).starts_with(u"`^`") || text.substr(i).starts_with(u"`^\"")) return i;
+  }
+  return StringView::npos;
+}
+
+String Encode(StringView text) {
+  return Marked(text, EncodeCharacters(text));
+}
+
+String EncodeBlock(StringView block, bool isSelectDo) {
+  String text = Replace(block, u"\r\n\t", kLineBreak);
+  // prpSelectDoPart makes one tab of two, wherever they stand.
+  if (isSelectDo) text = Replace(text, kTabCharacter, u"\t\t");
+  return Marked(text, EncodeCharacters(Indent(text)));
+}
+
+const std::array<PartProperty, 10>& PartsInOrder() {
+  using C = ZOLT20MapControl;
   // The tables come first. prpSelectPart marks the tables that its entries name, all but the last
   // entry's, and any other whose name stands within an entry, and then adds the fields. A table
   // that were marked only after that would get its index rows behind the rows of the fields in the
   // order lists. This way round all index rows stand before all fields, as when a person marks the
-  // tables and then moves fields, and the ascending and descending fields keep that order.
-  write(&ZOLT20MapControl::prpSelectFromPart, parts.prpSelectFromPart);
-  write(&ZOLT20MapControl::prpSelectPart, parts.prpSelectPart);
-  // What these two mark must be there.
-  write(&ZOLT20MapControl::prpSelectGroupbyPart, parts.prpSelectGroupbyPart);
-  write(&ZOLT20MapControl::prpSelectOrderbyPart, parts.prpSelectOrderbyPart);
-  write(&ZOLT20MapControl::prpSelectAsSetPart, parts.prpSelectAsSetPart);
-  write(&ZOLT20MapControl::prpSelectWherePart, parts.prpSelectWherePart);
-  write(&ZOLT20MapControl::prpSelectDoPart, parts.prpSelectDoPart);
-  write(&ZOLT20MapControl::prpSelectEOSPart, parts.prpSelectEOSPart);
-  write(&ZOLT20MapControl::prpSelectEmptyPart, parts.prpSelectEmptyPart);
-  write(&ZOLT20MapControl::prpSelectErrorPart, parts.prpSelectErrorPart);
+  // tables and then moves fields, and the ascending and descending fields keep that order. What
+  // group by and order by mark must be there.
+  static constexpr std::array<PartProperty, 10> kParts{{
+      {"prpSelectFromPart", &Parts::prpSelectFromPart, &C::prpSelectFromPart},
+      {"prpSelectPart", &Parts::prpSelectPart, &C::prpSelectPart},
+      {"prpSelectGroupbyPart", &Parts::prpSelectGroupbyPart, &C::prpSelectGroupbyPart},
+      {"prpSelectOrderbyPart", &Parts::prpSelectOrderbyPart, &C::prpSelectOrderbyPart},
+      {"prpSelectAsSetPart", &Parts::prpSelectAsSetPart, &C::prpSelectAsSetPart},
+      {"prpSelectWherePart", &Parts::prpSelectWherePart, &C::prpSelectWherePart},
+      {"prpSelectDoPart", &Parts::prpSelectDoPart, &C::prpSelectDoPart},
+      {"prpSelectEOSPart", &Parts::prpSelectEOSPart, &C::prpSelectEOSPart},
+      {"prpSelectEmptyPart", &Parts::prpSelectEmptyPart, &C::prpSelectEmptyPart},
+      {"prpSelectErrorPart", &Parts::prpSelectErrorPart, &C::prpSelectErrorPart},
+  }};
+  return kParts;
+}
+
+void WriteParts(ZOLT20MapControl& control, const Parts& parts) {
+  for (const PartProperty& property : PartsInOrder()) {
+    const String& value = parts.*property.part;
+    if (!value.empty()) (control.*property.write)(value);
+  }
 }
 
 }  // namespace zolt20::reopen

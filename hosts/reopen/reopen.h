@@ -10,6 +10,7 @@
 // this; it uses the public members of the control alone.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,15 @@ struct Parts {
   String prpSelectEmptyPart;
   String prpSelectErrorPart;
 };
+
+/// A part and the property that takes it.
+struct PartProperty {
+  const char* name;  ///< of the property
+  String Parts::*part;
+  void (ZOLT20MapControl::*write)(String);
+};
+/// All of them in the order in which they are written.
+const std::array<PartProperty, 10>& PartsInOrder();
 
 /// Why something does not come back as it stands in the text.
 struct Problem {
@@ -55,6 +65,16 @@ struct Reopened {
 /// begins with one; behind "endselect" nothing may follow. Never raises; takes time in proportion
 /// to the length.
 Reopened Reopen(StringView statement);
+
+/// The first place in a text that can't be sent as it stands: a "~", a character of code 1, or what
+/// reads as an encoded quote. npos for none.
+std::size_t FindUnsendable(StringView text);
+/// A text without such a place, encoded for prpStroutput. Text for the Result or an empty box comes
+/// there as it stands.
+String Encode(StringView text);
+/// The same for prpSelectDoPart, with `isSelectDo`, or one of the three other blocks: all lines but
+/// the first may be one tab in, as prpStroutput gives them at a depth above 0.
+String EncodeBlock(StringView block, bool isSelectDo);
 
 /// Writes the parts that are there, in the calling order, to a control that has its catalogue and
 /// holds no statement yet. Runs what the properties run and raises what they raise.

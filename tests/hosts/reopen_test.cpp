@@ -4,10 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -493,6 +495,85 @@ TEST_F(WritePartsTest, BoxesHoldTheTextsOfTheirClauses) {
     EXPECT_EQ(Text("txtselectempty"), text);
     EXPECT_EQ(Text("txtSelectError"), text);
   }
+}
+
+// Texts that a host sends.
+
+TEST(ReopenTest, TheFirstPlaceThatCannotBeSentIsFound) {
+  const auto place = [](std::string_view text) { return reopen::FindUnsendable(Wide(text)); };
+  EXPECT_EQ(place(""), String::npos);
+  EXPECT_EQ(place("a \"b\" `^ ^` \t\r\n"), String::npos);
+  EXPECT_EQ(place("ab~"), 2U);
+  EXPECT_EQ(place("abc\u0001~"), 3U);
+  EXPECT_EQ(place("`^`"), 0U);
+  EXPECT_EQ(place("a`^\"b"), 1U);  // would read as a quote and a part of one
+}
+
+class SentTextTest : public ControlTest {
+ protected:
+  struct Block {
+    void (ZOLT20MapControl::*write)(String);
+    const char* box;
+    bool isSelectDo;
+  };
+  static constexpr std::array<Block, 4> kBlocks{{
+      {&ZOLT20MapControl::prpSelectDoPart, "txtSelectDo", true},
+      {&ZOLT20MapControl::prpSelectEOSPart, "txtSelectEOS", false},
+      {&ZOLT20MapControl::prpSelectEmptyPart, "txtselectempty", false},
+      {&ZOLT20MapControl::prpSelectErrorPart, "txtSelectError", false},
+  }};
+
+  /// Sends the text to an empty Result.
+  void ExpectResult(const std::string& text) {
+    MakeNew();
+    host().prpStroutput(reopen::Encode(Wide(text)));
+    EXPECT_EQ(Result(), text);
+  }
+  /// Sends a block to each of the four boxes, which are empty.
+  void ExpectBlocks(const std::string& block, const std::string& text) {
+    MakeNew();
+    for (const auto& [write, box, isSelectDo] : kBlocks) {
+      (host().*write)(reopen::EncodeBlock(Wide(block), isSelectDo));
+      EXPECT_EQ(Text(box), text) << box << ": " << block;
+    }
+    Log();
+  }
+};
+
+TEST_F(SentTextTest, ATextForTheResultComesAsItStands) {
+  for (const char* text :
+       {"ab", "a\r\nb", "a\r\n\tb\r\n\t\tc", "\ta", "a\tb", "say \"x\"", "*zlt*", "*zlt*ab",
+        "ab*zlt*", "ab\r\n*zlt*cd\r\n\tef", "*zlt**zlt*a", "a\rb\nc", " a ", "a\r\n\r\nb"})
+    ExpectResult(text);
+}
+
+TEST_F(SentTextTest, LinesOfABlockThatStandOneTabInComeToTheMargin) {
+  ExpectBlocks("a", "a");
+  ExpectBlocks("a\r\n\tb\r\n\tc", "a\r\nb\r\nc");
+  ExpectBlocks("a\r\nb", "a\r\nb");  // at the margin already
+  ExpectBlocks("a\r\n\t\tb\r\n\t\t\tc", "a\r\n\tb\r\n\t\tc");
+  ExpectBlocks("a\tb\t\tc", "a\tb\t\tc");
+  ExpectBlocks("*zlt*a\r\n\tb *zlt*", "*zlt*a\r\nb *zlt*");
+  ExpectBlocks("x = \"y\"\r\n\t\r\n\tz", "x = \"y\"\r\n\r\nz");
+}
+
+// Of all that can be sent, but blanks at the ends.
+TEST_F(SentTextTest, RandomTextsAndBlocksComeAsTheyStand) {
+  std::mt19937 random(1);
+  const std::vector<std::string> pieces{"a",  "b ",   "\"", "`",    "^",      "*zlt*",   "*zlt",
+                                        "\t", "\t\t", "(",  "\r\n", "\r\n\t", "\r\n\t\t"};
+  int sent = 0;
+  for (int round = 0; round < 400; ++round) {
+    std::string text = "x";
+    for (auto left = random() % 12; left > 0; --left)
+      text += pieces[random() % pieces.size()];
+    text += "y";
+    if (reopen::FindUnsendable(Wide(text)) != String::npos) continue;
+    ++sent;
+    ExpectResult(text);
+    ExpectBlocks(text, Narrow(Replace(Wide(text), u"\r\n\t", u"\r\n")));
+  }
+  EXPECT_GT(sent, 300);
 }
 
 // The session of a reopened statement writes just what comes of the text that it reads first.
