@@ -1,0 +1,14 @@
+// The tests of the composer: GoogleTest in a program with a Qt application, without a display
+// unless one is asked for by QT_QPA_PLATFORM.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QStyleFactory>
+
+int main(int argc, char** argv) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  ::testing::InitGoogleTest(&argc, argv);
+  const QApplication application(argc, argv);
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,74 @@
+// How the composer looks: no text of its own is cut. With ZOLT20_PICTURES set to a folder the
+// windows are drawn into it, which is where the pictures of docs/ come from.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QListWidget>
+#include <QPixmap>
+#include <QTabBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolButton>
+
+#include "hosts/composer/main_window.h"
+#include "hosts/composer/requests.h"
+#include "surface/surface.h"
+
+namespace zolt20::tests {
+namespace {
+
+QString Example(const char* name) {
+  return QStringLiteral(ZOLT20_EXAMPLES "/") + QString::fromLatin1(name);
+}
+
+void Draw(QWidget& window, const char* name) {
+  QTest::qWait(20);  // a scroll bar comes some rounds of the loop after its rows
+  if (!qEnvironmentVariableIsSet("ZOLT20_PICTURES")) return;
+  const QString file = qEnvironmentVariable("ZOLT20_PICTURES") + QStringLiteral("/") +
+                       QString::fromLatin1(name) + QStringLiteral(".png");
+  EXPECT_TRUE(window.grab().save(file)) << file.toStdString();
+}
+
+TEST(ComposerPicturesTest, AStoredRuleStandsInThePagesWithNothingCut) {
+  const QTemporaryDir folder;
+  const QString rules = folder.filePath(QStringLiteral("rules.json"));
+  ASSERT_TRUE(QFile::copy(Example("rules.json"), rules));
+  composer::MainWindow window;
+  window.show();
+  ASSERT_TRUE(window.OpenCatalogue(Example("catalogue.json")));
+  ASSERT_TRUE(window.OpenRules(rules));
+  EXPECT_EQ(window.findChild<QListWidget*>(QStringLiteral("rules"))->count(), 3);
+  QTest::mouseClick(window.map().findChild<QWidget*>(QStringLiteral("cmdAddSelect")),
+                    Qt::LeftButton);
+  Draw(window, "composer");
+  for (const QWidget* widget : window.findChildren<QWidget*>()) {
+    const bool hasText =
+        qobject_cast<const QLabel*>(widget) || qobject_cast<const QToolButton*>(widget);
+    if (!hasText || !widget->isVisible()) continue;
+    EXPECT_GE(widget->width(), widget->minimumSizeHint().width())
+        << widget->objectName().toStdString();
+  }
+}
+
+TEST(ComposerPicturesTest, ANestedComposerSaysWhatItIsFor) {
+  const catalogue::Catalogue sample =
+      catalogue::ReadCatalogue(Example("catalogue.json").toStdU16String());
+  composer::NestedComposer nested(sample, QStringLiteral("D"), true);
+  nested.show();
+  EXPECT_EQ(nested.windowTitle(), QStringLiteral("Condition for SelectDo"));
+  QTest::mouseClick(nested.map().findChild<QWidget*>(QStringLiteral("optIfThen")), Qt::LeftButton,
+                    {}, QPoint(8, 8));
+  QTest::keyClicks(nested.map().findChild<QWidget*>(QStringLiteral("txtCond")),
+                   QStringLiteral(":var.sum > 1000"));
+  QTest::keyClicks(nested.map().findChild<QWidget*>(QStringLiteral("txtStmt1")),
+                   QStringLiteral(":var.size = \"large\""));
+  QTest::mouseClick(nested.map().findChild<QWidget*>(QStringLiteral("cmdAdd")), Qt::LeftButton);
+  Draw(nested, "composer-nested");
+  EXPECT_EQ(nested.map().form().TxtOutput.Text(),
+            u"if :var.sum > 1000 then \r\n\t:var.size = \"large\"");
+}
+
+}  // namespace
+}  // namespace zolt20::tests
