@@ -8,6 +8,8 @@ qt_includes="-isystem $qt"
 for module in QtCore QtGui QtWidgets QtTest QtUiPlugin; do
   qt_includes+=" -isystem $qt/$module"
 done
+# What the build defines for those who use these modules, and for the tests.
+qt_includes+=' -DQT_GUI_LIB -DQT_WIDGETS_LIB -DZOLT20_EXAMPLES="examples"'
 export qt_includes
 
 compile_header() {

@@ -187,7 +187,7 @@ QWidget* FormFace::MakeWidget(const Control& control) {
       widget = MakeTabStrip(static_cast<const TabStrip&>(control));
       break;
     case Kind::SyntaxTextBox:
-      widget = MakeSyntaxTextBox(static_cast<const SyntaxTextBox&>(control));
+      widget = MakeLinesBox(control);
       break;
     case Kind::TextBox:
       widget = MakeTextBox(static_cast<const TextBox&>(control));
@@ -249,7 +249,7 @@ QWidget* FormFace::MakeTabStrip(const TabStrip& strip) {
   return bar;
 }
 
-QWidget* FormFace::MakeSyntaxTextBox(const SyntaxTextBox& box) {
+QWidget* FormFace::MakeLinesBox(const Control& box) {
   auto* lines = new LinesBox(&owner_);
   connect(lines, &LinesBox::Typed, this, [this, &box, lines] {
     Gesture(box, Run::kTyping, [this, &box, lines] {
@@ -260,15 +260,7 @@ QWidget* FormFace::MakeSyntaxTextBox(const SyntaxTextBox& box) {
 }
 
 QWidget* FormFace::MakeTextBox(const TextBox& box) {
-  if ((box.design().style & kMultiLine) != 0) {
-    auto* lines = new LinesBox(&owner_);
-    connect(lines, &LinesBox::Typed, this, [this, &box, lines] {
-      Gesture(box, Run::kTyping, [this, &box, lines] {
-        Do({Act::kType, &box, kNone, lines->Text()});
-      });
-    });
-    return lines;
-  }
+  if ((box.design().style & kMultiLine) != 0) return MakeLinesBox(box);
   auto* line = new LineBox(box.design().name == ControlName::txtAsSet, &owner_);
   connect(line, &LineBox::Typed, this, [this, &box](const QString& text) {
     Gesture(box, Run::kTyping, [this, &box, &text] {

@@ -121,7 +121,7 @@ class FormFace final : public QObject, private SurfaceObserver {
   QWidget* MakeCombo(const ComboBox& combo);
   QWidget* MakeList(const ListBox& list);
   QWidget* MakeTextBox(const TextBox& box);
-  QWidget* MakeSyntaxTextBox(const SyntaxTextBox& box);
+  QWidget* MakeLinesBox(const Control& box);
   QWidget* MakeButton(const Control& button);
   QWidget* MakeOption(const OptionButton& option);
   QWidget* MakeScrollBar(const ScrollBar& bar);

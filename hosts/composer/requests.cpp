@@ -6,7 +6,6 @@
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/function_picker.h"
 #include "hosts/reopen/reopen.h"
-#include "shell/contract.h"
 
 namespace zolt20::composer {
 namespace {

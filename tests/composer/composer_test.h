@@ -33,7 +33,7 @@
 
 #include "hosts/composer/main_window.h"
 #include "hosts/composer/rules_file.h"
-#include "tests/composer/full_disk.h"
+#include "tests/composer/files.h"
 #include "tests/qt/widget_test.h"
 
 namespace zolt20::tests {
@@ -257,17 +257,6 @@ class ComposerTest : public PersonTest {
   Texts Stored() {
     window_.reset();
     return StoredIn(RulesPath());
-  }
-  static std::string Bytes(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll().toStdString();
-  }
-  static void WriteBytes(const QString& path, const std::string& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    ASSERT_EQ(file.write(bytes.data(), static_cast<qint64>(bytes.size())),
-              static_cast<qint64>(bytes.size()));
   }
 
   static void PressOn(QWidget& target, const QPoint& at) {

@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QToolButton>
 
+#include "hosts/composer/function_picker.h"
 #include "hosts/composer/main_window.h"
 #include "hosts/composer/requests.h"
 #include "surface/surface.h"
@@ -68,6 +69,15 @@ TEST(ComposerPicturesTest, ANestedComposerSaysWhatItIsFor) {
   Draw(nested, "composer-nested");
   EXPECT_EQ(nested.map().form().TxtOutput.Text(),
             u"if :var.sum > 1000 then \r\n\t:var.size = \"large\"");
+}
+
+TEST(ComposerPicturesTest, ThePickerShowsTheCallAsItWillStand) {
+  const catalogue::Catalogue sample =
+      catalogue::ReadCatalogue(Example("catalogue.json").toStdU16String());
+  composer::FunctionPicker picker(sample.functions);
+  picker.show();
+  EXPECT_EQ(picker.Call(), QStringLiteral("today()"));
+  Draw(picker, "function");
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 
 #include "hosts/automation/session.h"
 #include "tests/qt/widget_test.h"
+#include "tests/support/example_sessions.h"
 
 namespace zolt20::tests {
 namespace {
@@ -938,15 +939,12 @@ std::string Contents(const fs::path& file) {
 }
 
 // Those that make no second control.
-Texts SessionNames() {
-  Texts names;
-  for (const auto& entry : fs::directory_iterator(kExamples / "sessions")) {
-    const std::string file = entry.path().filename().string();
-    if (!file.ends_with(".jsonl") || file.ends_with(".replies.jsonl")) continue;
-    if (Contents(entry.path()).find("{\"new\":") == std::string::npos)
-      names.push_back(entry.path().stem().string());
-  }
-  std::sort(names.begin(), names.end());
+Texts PlayableSessions() {
+  Texts names = SessionNames(kExamples / "sessions");
+  std::erase_if(names, [](const std::string& name) {
+    return Contents(kExamples / "sessions" / (name + ".jsonl")).find("{\"new\":") !=
+           std::string::npos;
+  });
   return names;
 }
 
@@ -1019,12 +1017,8 @@ TEST_P(RecordedSessionTest, ASessionThatIsPlayedIsRecordedToTheSameResult) {
   ExpectReplayed();
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, RecordedSessionTest, ::testing::ValuesIn(SessionNames()),
-                         [](const auto& session) {
-                           std::string name = session.param;
-                           std::replace(name.begin(), name.end(), '-', '_');
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Each, RecordedSessionTest, ::testing::ValuesIn(PlayableSessions()),
+                         [](const auto& session) { return CaseName(session.param); });
 
 }  // namespace
 }  // namespace zolt20::tests

@@ -27,7 +27,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/composer/full_disk.h"
+#include "tests/composer/files.h"
 #include "tests/support/control_test.h"
 
 namespace {
@@ -138,17 +138,6 @@ class RulesFileTest : public ::testing::Test {
   // What a complaint of the file is, from its name on.
   std::string Of(const std::string& complaint) const { return File().toStdString() + complaint; }
 
-  static std::string Bytes(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll().toStdString();
-  }
-  static void WriteBytes(const QString& path, const std::string& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    ASSERT_EQ(file.write(bytes.data(), static_cast<qint64>(bytes.size())),
-              static_cast<qint64>(bytes.size()));
-  }
   static void SetMode(const QString& path, mode_t mode) {
     ASSERT_EQ(chmod(QFile::encodeName(path).constData(), mode), 0);
   }

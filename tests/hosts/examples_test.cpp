@@ -15,6 +15,7 @@
 #include "hosts/automation/session.h"
 #include "hosts/catalogue/catalogue.h"
 #include "tests/support/control_test.h"
+#include "tests/support/example_sessions.h"
 
 namespace zolt20::tests {
 namespace {
@@ -57,18 +58,6 @@ struct Recording {
   std::string result;
   std::string fields;
 };
-
-/// The names of the recorded sessions, in alphabetical order.
-Texts SessionNames() {
-  Texts names;
-  for (const auto& entry : fs::directory_iterator(kExamples / "sessions")) {
-    const std::string file = entry.path().filename().string();
-    if (!file.ends_with(".jsonl") || file.ends_with(".replies.jsonl")) continue;
-    names.push_back(entry.path().stem().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 Recording Load(const std::string& name) {
   const std::string base = (kExamples / "sessions" / name).string();
@@ -238,12 +227,9 @@ TEST_P(ExampleSessionTest, NoHostHearsOfAStateThatIsPutBack) {
   other.RemoveObserver(mirror);
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, ExampleSessionTest, ::testing::ValuesIn(SessionNames()),
-                         [](const auto& session) {
-                           std::string name = session.param;
-                           std::replace(name.begin(), name.end(), '-', '_');
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Each, ExampleSessionTest,
+                         ::testing::ValuesIn(SessionNames(kExamples / "sessions")),
+                         [](const auto& session) { return CaseName(session.param); });
 
 }  // namespace
 }  // namespace zolt20::tests

@@ -8,6 +8,7 @@
 
 #include "hosts/automation/session.h"
 #include "tests/qt/widget_test.h"
+#include "tests/support/example_sessions.h"
 
 namespace zolt20::tests {
 namespace {
@@ -17,17 +18,6 @@ using Json = nlohmann::ordered_json;
 namespace fs = std::filesystem;
 
 const fs::path kSessions = fs::path(ZOLT20_EXAMPLES) / "sessions";
-
-Texts SessionNames() {
-  Texts names;
-  for (const auto& entry : fs::directory_iterator(kSessions)) {
-    const std::string file = entry.path().filename().string();
-    if (!file.ends_with(".jsonl") || file.ends_with(".replies.jsonl")) continue;
-    names.push_back(entry.path().stem().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 Json ToJson(const QVariant& value) {
   if (value.typeId() == QMetaType::QString) return Std(value.toString());
@@ -190,12 +180,8 @@ TEST_P(RecordedSessionTest, TheWidgetGoesTheWayOfTheSession) {
   EXPECT_GT(gestures, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, RecordedSessionTest, ::testing::ValuesIn(SessionNames()),
-                         [](const auto& session) {
-                           std::string name = session.param;
-                           std::replace(name.begin(), name.end(), '-', '_');
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Each, RecordedSessionTest, ::testing::ValuesIn(SessionNames(kSessions)),
+                         [](const auto& session) { return CaseName(session.param); });
 
 Json OnControl(const std::string& gesture, const std::string& control) {
   return {{"user", gesture}, {"control", control}};

@@ -1,12 +1,27 @@
-// A disk that is full, for tests of what writes files.
+// Files as tests make and read them, and a disk that is full.
 #pragma once
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <QFile>
+#include <QString>
 #include <csignal>
+#include <string>
 
 namespace zolt20::tests {
+
+inline std::string Bytes(const QString& path) {
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+  return file.readAll().toStdString();
+}
+inline void WriteBytes(const QString& path, const std::string& bytes) {
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+  ASSERT_EQ(file.write(bytes.data(), static_cast<qint64>(bytes.size())),
+            static_cast<qint64>(bytes.size()));
+}
 
 /// As long as it lives, no file of this process can grow beyond a number of bytes.
 class FullDisk {
