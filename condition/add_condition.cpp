@@ -20,8 +20,8 @@ void ZOLT20MapControl::cmdAdd_Click() {
   mstrActiveBox.clear();
   mblnAddClicked = true;
   // ODD: this outlasts the refusal below, so a click with no kind chosen deepens the next pass too.
-  if (const StringView result = Trim(TxtOutput.Text()); !result.empty()) {
-    TxtOutput.Text(Concat(result, kLineBreak));
+  if (!Trim(TxtOutput.Text()).empty()) {
+    EndTrimmedResult(kLineBreak);
     if (mintConditionsAdded > 0) ++mintTabCount;
   }
   if (!mblnKindChosen) return ShowMessage(u"Select A Condition");
@@ -43,9 +43,11 @@ void ZOLT20MapControl::AddFor() {
   // ODD: the texts of this kind alone go in with their blanks, and its head always ends in a line
   // break.
   const StringView step = Trim(txtStep.Text());
+  // GCOVR_EXCL_BR_START: the compiler frees a half-made text in branches of its own.
   const String stepPart = step.empty() || step == u"0"
                               ? String(kLineBreak)
                               : Concat(u"  Step    ", txtStep.Text(), kLineBreak);
+  // GCOVR_EXCL_BR_STOP
   String text;
   if (IsFilled(txtVariable) && IsFilled(txtinitval) && IsFilled(txtFinVal)) {
     text = Concat(IndentLines(mintTabCount), u"for ", txtVariable.Text(), u" = ", txtinitval.Text(),
@@ -98,7 +100,7 @@ void ZOLT20MapControl::AddRepeat() {
   } else {
     mstrRepeatMark = u"value";
     // Seen only when the statements below can't be counted any more.
-    TxtOutput.Text(Concat(Trim(TxtOutput.Text()), mstrRepeatHead));
+    EndTrimmedResult(mstrRepeatHead);
   }
   StoreStatement(OnNewLine(mstrRepeatHead));
   // ODD: counted twice, which leaves an empty entry behind the text.
@@ -172,7 +174,8 @@ String ZOLT20MapControl::StatementBlock(StringView statement) const {
 
 // Behind what the Result holds already.
 String ZOLT20MapControl::OnNewLine(StringView text) const {
-  return mintStatementCount > 0 ? Concat(kLineBreak, text) : String(text);
+  // The compiler frees a half-made text in branches of its own.
+  return mintStatementCount > 0 ? Concat(kLineBreak, text) : String(text);  // GCOVR_EXCL_BR_LINE
 }
 
 // Back to the instructions, so that the next pass can nest inside this one.

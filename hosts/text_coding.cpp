@@ -125,6 +125,11 @@ String FromJsonText(std::string_view text) {
   return result;
 }
 
+bool NeedsStandIns(std::string_view line) {
+  return line.find('\\') != std::string_view::npos ||
+         line.find(kLastBytes.front()) != std::string_view::npos;
+}
+
 std::string PutStandIns(std::string_view line) {
   std::string result;
   result.reserve(line.size());
@@ -161,7 +166,9 @@ std::string PutStandIns(std::string_view line) {
   return result;
 }
 
-std::string TakeStandIns(std::string_view line) {
+std::string TakeStandIns(std::string text) {
+  const std::string_view line = text;
+  if (line.find(kLastBytes.front()) == std::string_view::npos) return text;
   std::string result;
   result.reserve(line.size());
   std::size_t at = 0;

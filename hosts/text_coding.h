@@ -16,10 +16,12 @@ std::string ToJsonText(StringView text);
 /// The text of valid UTF-8 with stand-ins.
 String FromJsonText(std::string_view text);
 
+/// Whether PutStandIns may change the line: most hold nothing that it looks for.
+bool NeedsStandIns(std::string_view line);
 /// A line of JSON as it was received, with its lone surrogate escapes replaced by stand-ins. What
 /// is not valid stays as it is.
 std::string PutStandIns(std::string_view line);
 /// A line of JSON ready to send: stand-ins as escapes again.
-std::string TakeStandIns(std::string_view line);
+std::string TakeStandIns(std::string line);
 
 }  // namespace zolt20::hosts

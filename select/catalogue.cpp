@@ -2,13 +2,9 @@
 #include <utility>
 
 #include "shell/control.h"
+#include "shell/table_key.h"
 
 namespace zolt20 {
-namespace {
-
-constexpr int kTableNameLength = 8;
-
-}  // namespace
 
 void ZOLT20MapControl::PrpStrTables(String tables) {
   mPrpStrTables = SharedString(std::move(tables));
@@ -18,7 +14,7 @@ void ZOLT20MapControl::PrpStrTables(String tables) {
     const StringView entry = marrTables(i);
     // ODD: a short entry gives no row but keeps its place in the array, so each later row reads the
     // index count of another table.
-    if (entry.size() >= kTableNameLength) names.push_back(Left(entry, kTableNameLength));
+    if (entry.size() >= kTableLength) names.push_back(Left(entry, kTableLength));
   }
   lsttables.AddItems(names);
   host_.PropertyChanged("PrpStrTables");
@@ -48,40 +44,38 @@ void ZOLT20MapControl::MarkTable(StringView table, StringView entry) {
                              ? marrFields.Mentions(table)
                              : Holds(mPrpStrFields.Text(), table);
   if (!mentioned) return ShowMessage(u"No Fields Present For The Selected Table");
-  if (entry.size() <= kTableNameLength) return ShowMessage(u"Not a Valid Table");
-  const StringView count = Mid(entry, kTableNameLength + 1);
+  if (entry.size() <= kTableLength) return ShowMessage(u"Not a Valid Table");
+  const StringView count = Mid(entry, kTableLength + 1);
   if (!IsNumeric(count)) return ShowMessage(u"Not a Valid Table");
 
   lstFields.AddItem(Concat(table, u".*"));
 
   const int indexCount = ToInteger(count).value();
-  std::vector<String> indexes;
+  std::vector<RowText> indexes;
   for (int k = 1; k <= indexCount; ++k) {
-    indexes.push_back(Concat(Left(entry, kTableNameLength), u"._index", ToText(k)));
+    indexes.emplace_back(Concat(Left(entry, kTableLength), u"._index", ToText(k)));
   }
-  const std::vector<StringView> indexRows(indexes.begin(), indexes.end());
-  lstorderbyasc.AddItems(indexRows);
-  lstorderbydesc.AddItems(indexRows);
-  cboWhereFields.AddItems(indexRows);
+  RowsControl::AddTextsToBoth(lstorderbyasc, lstorderbydesc, indexes);
+  cboWhereFields.AddTexts(indexes);
 
-  std::vector<StringView> names;
+  std::vector<RowText> names;
   for (const auto place : marrFields.OfTable(table))
-    names.push_back(marrFields.At(place).Name());
-  lstFields.AddItems(names);
-  lstGroupby.AddItems(names);
-  cboWhereFields.AddItems(names);
-  cboWhereFields1.AddItems(names);
+    names.emplace_back(marrFields.At(place).Name());
+  lstFields.AddTexts(names);
+  lstGroupby.AddTexts(names);
+  cboWhereFields.AddTexts(names);
+  cboWhereFields1.AddTexts(names);
   marrFields.RaiseIfBroken();
 }
 
 void ZOLT20MapControl::UnmarkTable(StringView table, StringView entry) {
-  const auto isOfTable = [table](StringView row) { return Left(row, kTableNameLength) == table; };
+  const auto isOfTable = [table](StringView row) { return Left(row, kTableLength) == table; };
   // ODD: letter case counts in the other lists, not here.
-  const std::vector<int> orderRows = lstorderbyasc.RowsWhere([entry](StringView row) {
-    return EqualIgnoringCase(Left(row, kTableNameLength), Left(entry, kTableNameLength));
-  });
-  lstorderbyasc.RemoveItems(orderRows);
-  lstorderbydesc.RemoveItems(orderRows);
+  const auto isOfEntry = [entry](StringView row) {
+    return EqualIgnoringCase(Left(row, kTableLength), Left(entry, kTableLength));
+  };
+  const std::vector<int> orderRows = lstorderbyasc.RowsWhere(isOfEntry);
+  RowsControl::RemoveItemsFromBoth(lstorderbyasc, lstorderbydesc, orderRows);
   lstFields.RemoveWhere(isOfTable);
   lstGroupby.RemoveWhere(isOfTable);
   cboWhereFields.RemoveWhere(isOfTable);

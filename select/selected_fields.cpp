@@ -6,18 +6,18 @@
 #include <unordered_map>
 
 #include "shell/control.h"
+#include "shell/table_key.h"
 
 namespace zolt20 {
 namespace {
 
-constexpr int kTableNameLength = 8;
 constexpr StringView kAlreadySelected =
     u"Field Already  Selected --Select A Different Field To Proceed Further";
 constexpr StringView kSelectedWithTable =
     u"Field Already Selected --Select A Different Field To Proceed Further";
 
 StringView TableOf(StringView row) {
-  return Left(row, kTableNameLength);
+  return Left(row, kTableLength);
 }
 
 bool StartsWithFunction(StringView text) {
@@ -86,22 +86,21 @@ Variant ZOLT20MapControl::AddSelectedField(StringView X) {
     AddWholeTable(X);
     return {};
   }
-  const auto isItsWholeTable = [X](StringView row) {
-    return TableOf(row) == TableOf(X) && Holds(row, u"*");
-  };
-  if (!lstSelectedFields.RowsWhere(isItsWholeTable).empty()) {
+  const std::vector<int> ofItsTable = lstSelectedFields.RowsStarting(TableOf(X), kTableLength);
+  if (std::any_of(ofItsTable.begin(), ofItsTable.end(),
+                  [this](int row) { return Holds(lstSelectedFields.List(row), u"*"); })) {
     ShowMessage(kSelectedWithTable);
     return {};
   }
-  lstSelectedFields.AddItem(X);
+  const RowText row(X);
+  lstSelectedFields.AddItem(row);
   lstFields.ListIndex(-1);
   lstFunctions.ListIndex(-1);
   // ODD: the where combos have the field already, from the marking of its table; each chosen field
   // stands there twice.
-  cboWhereFields.AddItem(X);
-  cboWhereFields1.AddItem(X);
-  lstorderbyasc.AddItem(X);
-  lstorderbydesc.AddItem(X);
+  cboWhereFields.AddItem(row);
+  cboWhereFields1.AddItem(row);
+  RowsControl::AddTextsToBoth(lstorderbyasc, lstorderbydesc, {&row, 1});
   return {};
 }
 
@@ -132,16 +131,14 @@ void ZOLT20MapControl::AddFunction(StringView X) {
 }
 
 void ZOLT20MapControl::AddWholeTable(StringView X) {
-  lstSelectedFields.RemoveWhere([X](StringView row) { return TableOf(row) == TableOf(X); });
+  lstSelectedFields.RemoveItems(lstSelectedFields.RowsStarting(TableOf(X), kTableLength));
   lstSelectedFields.AddItem(X);
   // ODD: the marks stay, and rows that fields of this table put into the order lists stay too, so a
   // name may stand twice.
-  std::vector<StringView> names;
-  for (const auto place : marrFields.OfTable(TableOf(X))) {
-    names.push_back(marrFields.At(place).Name());
-  }
-  lstorderbyasc.AddItems(names);
-  lstorderbydesc.AddItems(names);
+  std::vector<RowText> names;
+  for (const auto place : marrFields.OfTable(TableOf(X)))
+    names.emplace_back(marrFields.At(place).Name());
+  RowsControl::AddTextsToBoth(lstorderbyasc, lstorderbydesc, names);
   marrFields.RaiseIfBroken();
 }
 
@@ -158,16 +155,15 @@ void ZOLT20MapControl::cmdMoveAll_Click() {
       if (lsttables.Selected(i)) lstSelectedFields.AddItem(Concat(lsttables.List(i), u".*"));
     }
     // Tables from last to first, and the fields of each from last to first.
-    std::unordered_map<StringView, std::vector<StringView>> fieldsOfTable;
+    std::unordered_map<StringView, std::vector<RowText>> fieldsOfTable;
     for (int j = lstFields.ListCount() - 1; j >= 0; --j) {
       const StringView field = lstFields.List(j);
-      if (!Holds(field, u"*")) fieldsOfTable[TableOf(field)].push_back(field);
+      if (!Holds(field, u"*")) fieldsOfTable[TableOf(field)].emplace_back(field);
     }
     for (int i = lsttables.ListCount() - 1; i >= 0; --i) {
       const auto fields = fieldsOfTable.find(TableOf(lsttables.List(i)));
       if (fields == fieldsOfTable.end()) continue;
-      lstorderbyasc.AddItems(fields->second);
-      lstorderbydesc.AddItems(fields->second);
+      RowsControl::AddTextsToBoth(lstorderbyasc, lstorderbydesc, fields->second);
     }
   }
   mblnAggregateMode = false;
@@ -182,8 +178,7 @@ void ZOLT20MapControl::cmdRemoveOne_Click() {
   }
   for (int i = lstorderbyasc.ListCount() - 1; i >= 0; --i) {
     if (EqualIgnoringCase(lstorderbyasc.List(i), removed)) {
-      lstorderbyasc.RemoveItem(i);
-      lstorderbydesc.RemoveItem(i);
+      RowsControl::RemoveItemsFromBoth(lstorderbyasc, lstorderbydesc, {&i, 1});
       break;
     }
   }
@@ -197,8 +192,7 @@ void ZOLT20MapControl::cmdRemoveOne_Click() {
         rows.push_back(i);
       }
     }
-    lstorderbyasc.RemoveItems(rows);
-    lstorderbydesc.RemoveItems(rows);
+    RowsControl::RemoveItemsFromBoth(lstorderbyasc, lstorderbydesc, rows);
   }
   if (lstSelectedFields.ListCount() == 0) {
     mblnAggregateMode = false;
@@ -219,8 +213,7 @@ void ZOLT20MapControl::cmdRemoveAll_Click() {
   }
   const std::vector<int> rows =
       lstorderbyasc.RowsWhere([](StringView row) { return !Holds(row, u"_index"); });
-  lstorderbyasc.RemoveItems(rows);
-  lstorderbydesc.RemoveItems(rows);
+  RowsControl::RemoveItemsFromBoth(lstorderbyasc, lstorderbydesc, rows);
   if (!mblnAggregateMode) {
     lstorderbyasc.Enabled(true);
     lstorderbydesc.Enabled(true);

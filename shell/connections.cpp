@@ -96,10 +96,8 @@ void ZOLT20MapControl::OnItemCheck(ListBox& list, int row) {
   switch (list.design().name) {
     case ControlName::lstorderbyasc:
       return lstorderbyasc_ItemCheck(row);
-    case ControlName::lstorderbydesc:
+    default:  // lstorderbydesc
       return lstorderbydesc_ItemCheck(row);
-    default:
-      return;
   }
 }
 

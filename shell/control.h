@@ -335,6 +335,9 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void AppendStatement(String statement);
   void StoreStatement(String statement);
   void RewriteResult();
+  void ForgetChangedResult();
+  void KeepWrittenStatements(int count);
+  void EndTrimmedResult(StringView end);
   void ReadSelectedFields();
   void AppendRecordsOf(StringView item, String& records) const;
   void KeepResultAsStatement();
@@ -362,6 +365,14 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void ShowMessage(StringView text);
 
   ControlHost& host_;
+
+  // What TxtOutput is known to begin with, so that a statement can be added to it without writing
+  // those before it again. No part of a snapshot: a text box that is put back is another revision.
+  struct WrittenStatements {
+    std::size_t revision = 0;  // of TxtOutput; of any other nothing is known
+    int count = 0;             // entries of marrResultStatements
+    std::size_t length = 0;    // their characters
+  } written_;
 };
 
 }  // namespace zolt20

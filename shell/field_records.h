@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "shell/split_list.h"
@@ -59,8 +60,11 @@ class FieldRecords {
   Places OfTable(StringView table) const;
   /// The records in reach whose name stands anywhere in `text`.
   Places WithNameIn(StringView text) const;
-  /// The records in reach whose name holds `part` anywhere.
-  Places WithNameHolding(StringView part) const;
+  /// The records in reach whose name holds `part`, of 8 characters or less, anywhere. Asked for the
+  /// first time, it walks all records. Valid up to the next FindNamesHolding.
+  const Places& WithNameHolding(StringView part) const;
+  /// Finds what WithNameHolding answers, for all these parts in one walk.
+  void FindNamesHolding(std::span<const StringView> parts) const;
   /// Whether `text`, of 8 characters, stands anywhere in the list.
   bool Mentions(StringView text) const;
 

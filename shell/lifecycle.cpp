@@ -21,7 +21,7 @@ constexpr int kConditionPage = 6;
 
 // The code of the page that a request button stands on, "" beyond the pages in `codes`.
 StringView PageCode(StringView codes, Integer index) {
-  return index < 0 ? StringView() : Mid(codes, index.value() + 1, 1);
+  return Mid(codes, index.value() + 1, 1);
 }
 
 }  // namespace
@@ -102,11 +102,9 @@ void ZOLT20MapControl::tabVrn_Click(Integer /*PreviousTab*/) {
       WriteTabOrder({&txtSelectError, &cmdFunction(2), &cmdCondition(2), &cmdSubQuery(2),
                      &cmdAddtoSERROR, &cmdClear, &cmdCancel, &cmdDone});
       break;
-    case kConditionPage:
+    default:  // kConditionPage
       tabVrn.TabIndex(0);
       WriteTabOrder({&optIfThen, &cmdClear, &cmdCancel, &cmdDone});
-      break;
-    default:
       break;
   }
 }
@@ -143,6 +141,7 @@ void ZOLT20MapControl::cmdClear_Click() {
   const Integer page = tabVrn.Tab();
   mintCurrentStatement = 0;
   if (mintStatementCount > 0 && marrResultStatements.UpperBound() > 0) {
+    KeepWrittenStatements(0);
     // ODD: the entry at the upper bound keeps its text; it shows again when a statement box of
     // another page is added to the Result before a new statement is.
     for (int i = 0; i < marrResultStatements.UpperBound(); ++i)
@@ -279,8 +278,8 @@ ControlSnapshot ZOLT20MapControl::Save() const {
 }
 
 void ZOLT20MapControl::Restore(ControlSnapshot snapshot) {
-  static_cast<ModuleVariables&>(*this) = std::move(snapshot.variables_);
   Surface::Restore(std::move(snapshot.surface_));
+  static_cast<ModuleVariables&>(*this) = std::move(snapshot.variables_);
 }
 
 }  // namespace zolt20

@@ -7,8 +7,8 @@ SplitList::SplitList(SharedString text) : text_(std::move(text)) {
   std::vector<std::size_t> starts;
   if (!list.empty()) {
     starts.push_back(0);
-    for (std::size_t comma = list.find(u','); comma != StringView::npos;
-         comma = list.find(u',', comma + 1)) {
+    for (std::size_t comma = Find(list, u","); comma != StringView::npos;
+         comma = Find(list, u",", comma + 1)) {
       starts.push_back(comma + 1);
     }
     starts.push_back(list.size() + 1);

@@ -3,8 +3,17 @@
 #include <utility>
 
 #include "shell/control.h"
+#include "shell/table_key.h"
 
 namespace zolt20 {
+namespace {
+
+// Whether an item of a select list is the whole of a table.
+bool StandsForTable(StringView item) {
+  return Holds(item, u"*") && !Holds(item, u")");
+}
+
+}  // namespace
 
 bool ZOLT20MapControl::TablesAndFieldsSelected() {
   if (lsttables.SelCount() == 0) {
@@ -81,11 +90,13 @@ void ZOLT20MapControl::AddQueryPart() {
 void ZOLT20MapControl::RewriteCurrentStatement() {
   if (!mblnSelectAdded) return ShowMessage(u"Select Statement Not Present");
   if (mintCurrentStatement > 0) mstrStatement.insert(0, kLineBreak);
+  KeepWrittenStatements(mintCurrentStatement.value());
   marrResultStatements(mintCurrentStatement.value()) = mstrStatement;
   RewriteResult();
 }
 
 void ZOLT20MapControl::AppendStatement(String statement) {
+  KeepWrittenStatements(mintStatementCount.value());
   marrResultStatements.Resize(mintStatementCount);
   marrResultStatements(mintStatementCount.value()) = std::move(statement);
   ++mintStatementCount;
@@ -96,11 +107,48 @@ void ZOLT20MapControl::StoreStatement(String statement) {
   RewriteResult();
 }
 
+// The Result becomes the statements one behind the other. Those that it begins with stay.
 void ZOLT20MapControl::RewriteResult() {
-  String result;
-  for (const String& statement : marrResultStatements.Entries())
-    result += statement;
-  TxtOutput.Text(std::move(result));
+  const std::vector<String>& statements = marrResultStatements.Entries();
+  ForgetChangedResult();
+  const auto known = static_cast<std::size_t>(written_.count);
+  if (known + 1 == statements.size()) {
+    TxtOutput.ReplaceFrom(written_.length, statements.back());
+  } else {
+    String rest;
+    for (std::size_t i = known; i < statements.size(); ++i)
+      rest += statements[i];
+    TxtOutput.ReplaceFrom(written_.length, rest);
+  }
+  written_ = {TxtOutput.Revision(), static_cast<int>(statements.size()), TxtOutput.Text().size()};
+}
+
+// Somebody else may have written the Result.
+void ZOLT20MapControl::ForgetChangedResult() {
+  if (written_.revision != TxtOutput.Revision()) written_ = {TxtOutput.Revision(), 0, 0};
+}
+
+// The entries from `count` on are about to change.
+void ZOLT20MapControl::KeepWrittenStatements(int count) {
+  ForgetChangedResult();
+  while (written_.count > count) {
+    --written_.count;
+    written_.length -= std::as_const(marrResultStatements)(written_.count).size();
+  }
+}
+
+// The Result without the blanks at its ends, with `end` behind it.
+void ZOLT20MapControl::EndTrimmedResult(StringView end) {
+  const StringView result = Trim(TxtOutput.Text());
+  if (result.data() != TxtOutput.Text().data()) {
+    TxtOutput.Text(Concat(result, end));
+    return;
+  }
+  ForgetChangedResult();
+  while (written_.length > result.size())
+    KeepWrittenStatements(written_.count - 1);
+  TxtOutput.ReplaceFrom(result.size(), end);
+  written_.revision = TxtOutput.Revision();
 }
 
 String ZOLT20MapControl::prpstrSelectedFields() {
@@ -125,8 +173,14 @@ void ZOLT20MapControl::ReadSelectedFields() {
   if (from == StringView::npos || (select != StringView::npos && from < select)) return;
 
   const StringView list = Mid(*chosen, 8, static_cast<std::int64_t>(from) + 1 - 8);
+  const std::vector<StringView> items = Split(list, u",");
+  std::vector<StringView> wholeTables;
+  for (const StringView item : items) {
+    if (StandsForTable(item)) wholeTables.push_back(Left(item, kTableLength));
+  }
+  if (!wholeTables.empty()) marrFields.FindNamesHolding(wholeTables);
   String records;
-  for (const StringView item : Split(list, u","))
+  for (const StringView item : items)
     AppendRecordsOf(item, records);
   mstrSelectedFields = Trim(Mid(records, 2));
 }
@@ -135,7 +189,7 @@ void ZOLT20MapControl::ReadSelectedFields() {
 void ZOLT20MapControl::AppendRecordsOf(StringView item, String& records) const {
   if (marrFields.Count() == 0) return;
   const bool isFunction = Holds(item, u")");
-  const bool isWholeTable = !isFunction && Holds(item, u"*");
+  const bool isWholeTable = StandsForTable(item);
 
   // The walk over the records binds the item at the first of them, and fails at the first broken
   // one.
@@ -145,8 +199,9 @@ void ZOLT20MapControl::AppendRecordsOf(StringView item, String& records) const {
     binding = BuildFieldBinding(item);
   }
   marrFields.RaiseIfBroken();
-  const FieldRecords::Places places =
-      isWholeTable ? marrFields.WithNameHolding(Left(item, 8)) : marrFields.WithNameIn(binding);
+  const FieldRecords::Places places = isWholeTable
+                                          ? marrFields.WithNameHolding(Left(item, kTableLength))
+                                          : marrFields.WithNameIn(binding);
   for (const auto place : places) {
     records += u',';
     if (isFunction) {

@@ -1,25 +1,30 @@
 // The stored parts of a statement that come back from the host. Each property splits, compares and
 // walks in a way of its own, and none of them clears anything first.
+#include <span>
 #include <unordered_set>
 #include <utility>
 
 #include "shell/control.h"
+#include "shell/table_key.h"
 
 namespace zolt20 {
 namespace {
 
-constexpr std::size_t kTableNameLength = 8;
-
-// Every piece of 8 characters that stands anywhere in one of the texts; all table names are of that
-// length.
-std::unordered_set<StringView> PiecesOf(const std::vector<StringView>& texts, std::size_t count) {
-  std::unordered_set<StringView> pieces;
-  for (std::size_t i = 0; i < count; ++i) {
-    for (std::size_t at = 0; at + kTableNameLength <= texts[i].size(); ++at) {
-      pieces.insert(texts[i].substr(at, kTableNameLength));
+// Of the tables in the list, at least those whose name stands anywhere in one of the texts; all
+// table names are of 8 characters. What else is there is no name of a table.
+std::unordered_set<StringView> TablesNamedIn(std::span<const StringView> texts,
+                                             const ListBox& tables) {
+  TableFilter known(static_cast<std::size_t>(tables.ListCount()));
+  for (int row = 0; row < tables.ListCount(); ++row)
+    known.Add(TableKey(tables.List(row)));
+  std::unordered_set<StringView> named;
+  for (const StringView text : texts) {
+    for (std::size_t at = 0; at + kTableLength <= text.size(); ++at) {
+      const StringView piece = text.substr(at, kTableLength);
+      if (known.MayHold(TableKey(piece))) named.insert(piece);
     }
   }
-  return pieces;
+  return named;
 }
 
 }  // namespace
@@ -32,8 +37,9 @@ void ZOLT20MapControl::prpSelectPart(String selectList) {
   host_.PropertyChanged("prpSelectPart");
 
   // ODD: the last element selects no table.
-  const std::unordered_set<StringView> named =
-      PiecesOf(elements, elements.empty() ? 0 : elements.size() - 1);
+  const std::span<const StringView> naming(elements.data(),
+                                           elements.empty() ? 0 : elements.size() - 1);
+  const std::unordered_set<StringView> named = TablesNamedIn(naming, lsttables);
   for (int i = lsttables.ListCount() - 1; i >= 0; --i) {
     if (named.count(lsttables.List(i)) != 0 && !lsttables.Selected(i)) {
       lsttables.Selected(i, true);  // runs lsttables_Click

@@ -2,31 +2,78 @@
 //
 // Encoded text is one line: "~" is a line break, the character of code 1 a tab, "`^`" a double
 // quote. The marker "*zlt*" at its head keeps it from being indented.
+#include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "shell/control.h"
+#include "surface/scan.h"
 
 namespace zolt20 {
 namespace {
 
 constexpr StringView kMarker = u"*zlt*";
 
-String Decode(StringView encoded) {
-  return Replace(Replace(Replace(encoded, u"~", kLineBreak), u"\u0001", kTabCharacter), u"`^`",
-                 u"\"");
+enum class Indentation { kKept, kOneTabLess };
+
+// What the host's text is within the control.
+struct Decoded {
+  String text;
+  bool isMarked = false;    // holds the marker
+  bool hasTwoTabs = false;  // one behind the other
+};
+
+// A character that is more than itself: it is replaced, or begins the marker, or counts for the
+// indentation. Others below it are rare enough to be looked at.
+constexpr char16_t kFirstPlain = u'\r' + 1;
+
+bool IsSpecial(char16_t character) {
+  return character < kFirstPlain || character == u'`' || character == u'~' || character == u'*';
 }
 
-// The decoded text with one level of indentation taken off every line but the first.
-String DecodeIndented(StringView encoded) {
-  return Replace(Decode(encoded), u"\r\n\t", kLineBreak);
+std::uint64_t AnyIsSpecial(std::uint64_t word) {
+  return scan::AnyBelow(word, kFirstPlain) | scan::AnyIs(word, u'`') | scan::AnyIs(word, u'~') |
+         scan::AnyIs(word, u'*');
+}
+
+// All in one pass. With kOneTabLess one level of indentation is taken off every line but the first.
+Decoded Decode(StringView encoded, Indentation indentation) {
+  constexpr StringView kQuote = u"`^`";
+  Decoded decoded;
+  String& text = decoded.text;
+  text.reserve(encoded.size() +
+               static_cast<std::size_t>(std::count(encoded.begin(), encoded.end(), u'~')));
+  const char16_t* at = encoded.data();
+  const char16_t* const end = at + encoded.size();
+  std::size_t unindented = 0;  // the length at which the last tab was taken off
+  for (;;) {
+    const char16_t* const special = scan::FindFirst(at, end, AnyIsSpecial, IsSpecial);
+    text.append(at, special);
+    if (special == end) return decoded;
+    at = special + 1;
+    const StringView rest(special, static_cast<std::size_t>(end - special));
+    if (*special == u'~') {
+      text += kLineBreak;
+    } else if (*special == u'`' && rest.starts_with(kQuote)) {
+      text += u'"';
+      at = special + kQuote.size();
+    } else if (*special == u'\x1' || *special == kTabCharacter.front()) {
+      if (indentation == Indentation::kOneTabLess && text.size() != unindented &&
+          text.ends_with(kLineBreak)) {
+        unindented = text.size();
+        continue;
+      }
+      if (text.ends_with(kTabCharacter)) decoded.hasTwoTabs = true;
+      text += kTabCharacter;
+    } else {
+      if (rest.starts_with(kMarker)) decoded.isMarked = true;
+      text += *special;
+    }
+  }
 }
 
 String Indented(StringView text) {
   return Replace(text, kLineBreak, u"\r\n\t");
-}
-
-bool IsMarked(StringView text) {
-  return Holds(text, kMarker);
 }
 
 // ODD: with the marker anywhere, the first five characters go, marker or not.
@@ -34,46 +81,53 @@ StringView Unmarked(StringView text) {
   return Mid(text, 6);
 }
 
-// What a box that holds `old` holds when it has taken `text`.
-String Inserted(StringView old, bool countsAsEmpty, StringView text) {
-  if (countsAsEmpty) return String(IsMarked(text) ? Unmarked(text) : text);
-  if (IsMarked(text)) return Concat(old, kLineBreak, Unmarked(text));
-  return Concat(old, u"\r\n\t", Indented(text));
+// Writes a text behind what a box holds, or instead of it.
+template <typename Box>
+void Insert(Box& box, bool countsAsEmpty, Decoded&& decoded) {
+  if (countsAsEmpty && decoded.isMarked) {
+    box.Text(Unmarked(decoded.text));
+  } else if (countsAsEmpty) {
+    box.Text(std::move(decoded.text));
+  } else if (decoded.isMarked) {
+    box.ReplaceFrom(box.Text().size(), Concat(kLineBreak, Unmarked(decoded.text)));
+  } else {
+    box.ReplaceFrom(box.Text().size(), Concat(u"\r\n\t", Indented(decoded.text)));
+  }
 }
 
 template <typename Box>
-void InsertInto(Box& box, StringView text) {
-  box.Text(Inserted(box.Text(), box.Text().empty(), text));
+void InsertInto(Box& box, Decoded&& decoded) {
+  Insert(box, box.Text().empty(), std::move(decoded));
 }
 
 }  // namespace
 
 void ZOLT20MapControl::prpStroutput(String encoded) {
-  const String text = Decode(encoded);
+  Decoded decoded = Decode(encoded, Indentation::kKept);
   if (mstrActiveBox == u"txtforstmt") {
     // ODD: a box of blanks counts as empty here, and nowhere else.
     const bool isBlank = Trim(txtForStmt.Text()).empty();
-    txtForStmt.Text(Inserted(txtForStmt.Text(), isBlank, text));
+    Insert(txtForStmt, isBlank, std::move(decoded));
   } else if (mstrActiveBox == u"txtwhlstm") {
-    InsertInto(txtWhlStm, text);
+    InsertInto(txtWhlStm, std::move(decoded));
   } else if (mstrActiveBox == u"txtstmt2") {
     // ODD: the first text for the else box goes to the box before it, in place of what stands
     // there.
-    if (txtStmt2.Text().empty() && !IsMarked(text)) {
-      txtStmt1.Text(text);
+    if (txtStmt2.Text().empty() && !decoded.isMarked) {
+      txtStmt1.Text(std::move(decoded.text));
     } else {
-      InsertInto(txtStmt2, text);
+      InsertInto(txtStmt2, std::move(decoded));
     }
   } else if (mstrActiveBox == u"txtstmt1") {
-    InsertInto(txtStmt1, text);
+    InsertInto(txtStmt1, std::move(decoded));
   } else if (mstrActiveBox == u"txtdef") {
-    InsertInto(TxtDef, text);
+    InsertInto(TxtDef, std::move(decoded));
   } else if (mstrActiveBox == u"txtrepstm") {
-    InsertInto(txtRepStm, text);
+    InsertInto(txtRepStm, std::move(decoded));
   } else if (Mid(mstrActiveBox, 2, 7) == u"txtstmt") {
-    InsertInto(txtStmt(ToInteger(Mid(mstrActiveBox, 9))), text);
+    InsertInto(txtStmt(ToInteger(Mid(mstrActiveBox, 9))), std::move(decoded));
   } else {
-    InsertInto(TxtOutput, text);
+    InsertInto(TxtOutput, std::move(decoded));
     KeepResultAsStatement();
   }
 }
@@ -94,8 +148,7 @@ String ZOLT20MapControl::prpStroutput() {
 }
 
 void ZOLT20MapControl::prpSelectWherePart(String encoded) {
-  mPrpSelectWherePart = std::move(encoded);
-  mPrpSelectWherePart = DecodeIndented(mPrpSelectWherePart);
+  mPrpSelectWherePart = Decode(encoded, Indentation::kOneTabLess).text;
   txtwhereCondition.Text(mPrpSelectWherePart);  // runs txtwhereCondition_Change
   host_.PropertyChanged("prpSelectWherePart");
 }
@@ -103,33 +156,40 @@ void ZOLT20MapControl::prpSelectWherePart(String encoded) {
 void ZOLT20MapControl::prpSelectDoPart(String encoded) {
   // ODD: the variable keeps the encoded text, unlike its three sisters, and blanks at the ends go.
   mPrpSelectDoPart = std::move(encoded);
-  const String text = Replace(DecodeIndented(mPrpSelectDoPart), u"\t\t", kTabCharacter);
-  const String& old = txtSelectDo.Text();
-  if (old.empty()) {
-    txtSelectDo.Text(IsMarked(text) ? Trim(Unmarked(text)) : StringView(text));
-  } else if (IsMarked(text)) {
-    txtSelectDo.Text(Concat(old, kLineBreak, Trim(Unmarked(text))));
+  Decoded decoded = Decode(mPrpSelectDoPart, Indentation::kOneTabLess);
+  String text = std::move(decoded.text);
+  if (decoded.hasTwoTabs) text = Replace(text, u"\t\t", kTabCharacter);
+  const std::size_t old = txtSelectDo.Text().size();
+  if (old == 0 && decoded.isMarked) {
+    txtSelectDo.Text(Trim(Unmarked(text)));
+  } else if (old == 0) {
+    txtSelectDo.Text(std::move(text));
+  } else if (decoded.isMarked) {
+    txtSelectDo.ReplaceFrom(old, Concat(kLineBreak, Trim(Unmarked(text))));
   } else {
-    txtSelectDo.Text(Concat(old, u"\r\n\t", Trim(Indented(text))));
+    txtSelectDo.ReplaceFrom(old, Concat(u"\r\n\t", Trim(Indented(text))));
   }
   host_.PropertyChanged("prpSelectDoPart");
 }
 
 void ZOLT20MapControl::prpSelectEOSPart(String encoded) {
-  mPrpSelectEOSPart = DecodeIndented(encoded);
-  InsertInto(txtSelectEOS, mPrpSelectEOSPart);
+  Decoded decoded = Decode(encoded, Indentation::kOneTabLess);
+  mPrpSelectEOSPart = decoded.text;
+  InsertInto(txtSelectEOS, std::move(decoded));
   host_.PropertyChanged("prpSelectEOSPart");
 }
 
 void ZOLT20MapControl::prpSelectEmptyPart(String encoded) {
-  mPrpSelectEmptyPart = DecodeIndented(encoded);
-  InsertInto(txtselectempty, mPrpSelectEmptyPart);
+  Decoded decoded = Decode(encoded, Indentation::kOneTabLess);
+  mPrpSelectEmptyPart = decoded.text;
+  InsertInto(txtselectempty, std::move(decoded));
   host_.PropertyChanged("prpSelectEmptyPart");
 }
 
 void ZOLT20MapControl::prpSelectErrorPart(String encoded) {
-  mPrpSelectErrorPart = DecodeIndented(encoded);
-  InsertInto(txtSelectError, mPrpSelectErrorPart);
+  Decoded decoded = Decode(encoded, Indentation::kOneTabLess);
+  mPrpSelectErrorPart = decoded.text;
+  InsertInto(txtSelectError, std::move(decoded));
   host_.PropertyChanged("prpSelectErrorPart");
 }
 

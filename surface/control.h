@@ -14,6 +14,7 @@
 #include "surface/form.h"
 #include "surface/integer.h"
 #include "surface/observer.h"
+#include "surface/row_text.h"
 #include "surface/shared.h"
 #include "surface/string.h"
 
@@ -36,8 +37,8 @@ struct SyntaxTextState {
 };
 
 struct RowsState {
-  Shared<std::vector<String>> rows;
-  std::vector<bool> marks;  // one for each row
+  Shared<std::vector<RowText>> rows;
+  std::vector<unsigned char> marks;  // one for each row, 1 or 0; bytes, since rows come in between
   int listIndex = -1;
   int markCount = 0;
   String text;  ///< a combo's alone

@@ -19,39 +19,67 @@ int RunsIn(std::span<const int> rows) {
   return runs;
 }
 
+// The first row that `holds(text)` is true of, as of all behind it. Rows that come in their order
+// find their place at the end at once.
+template <typename Test>
+int FirstRow(const std::vector<RowText>& rows, const Test& holds) {
+  if (rows.empty() || !holds(rows.back().View())) return static_cast<int>(rows.size());
+  const auto first = std::partition_point(
+      rows.begin(), rows.end(), [&holds](const RowText& row) { return !holds(row.View()); });
+  return static_cast<int>(first - rows.begin());
+}
+
 }  // namespace
 
 StringView RowsControl::List(int row) const {
   if (row < 0 || row >= ListCount()) return {};
-  return (*state_.rows)[static_cast<std::size_t>(row)];
+  return (*state_.rows)[static_cast<std::size_t>(row)].View();
 }
 
-void RowsControl::AddItem(StringView text) {
-  const int row = Sorted() ? RowBehind(text) : ListCount();
-  String added(text);
-  std::vector<String>& rows = WriteRows(1);
+void RowsControl::AddItem(RowText text) {
+  const int row = Sorted() ? RowBehind(text.View()) : ListCount();
+  std::vector<RowText>& rows = WriteRows(1);
   const RowChange change{RowChange::What::kInserted, row, 1};
   surface().RowsAboutToChange(*this, change);
-  rows.insert(rows.begin() + row, std::move(added));
-  state_.marks.insert(state_.marks.begin() + row, false);
+  rows.insert(rows.begin() + row, std::move(text));
+  state_.marks.insert(state_.marks.begin() + row, 0);
   surface().RowsChanged(*this, change);
   if (row <= state_.listIndex) MoveListIndex(state_.listIndex + 1);
 }
 
-void RowsControl::AddItems(std::span<const StringView> texts) {
+void RowsControl::AddTexts(std::span<const RowText> texts) {
   if (Sorted()) {
-    for (const StringView text : texts)
+    for (const RowText& text : texts)
       AddItem(text);
     return;
   }
   if (texts.empty()) return;
-  std::vector<String> added(texts.begin(), texts.end());
-  std::vector<String>& rows = WriteRows(added.size());
+  std::vector<RowText>& rows = WriteRows(texts.size());
   const RowChange change{RowChange::What::kInserted, ListCount(), static_cast<int>(texts.size())};
   surface().RowsAboutToChange(*this, change);
-  std::move(added.begin(), added.end(), std::back_inserter(rows));
+  rows.insert(rows.end(), texts.begin(), texts.end());
   state_.marks.resize(rows.size());
   surface().RowsChanged(*this, change);
+}
+
+void RowsControl::AddItems(std::span<const StringView> texts) {
+  AddTexts(std::vector<RowText>(texts.begin(), texts.end()));
+}
+
+void RowsControl::AddTextsToBoth(RowsControl& a, RowsControl& b, std::span<const RowText> texts) {
+  assert(!a.Sorted() && !b.Sorted());
+  a.WriteRows(texts.size());
+  b.WriteRows(texts.size());
+  a.AddTexts(texts);  // from here on there is room for all
+  b.AddTexts(texts);
+}
+
+void RowsControl::RemoveItemsFromBoth(RowsControl& a, RowsControl& b, std::span<const int> rows) {
+  if (rows.empty()) return;
+  a.WriteRows();
+  b.WriteRows();
+  a.RemoveItems(rows);
+  b.RemoveItems(rows);
 }
 
 void RowsControl::RemoveItem(int row) {
@@ -94,9 +122,21 @@ int RowsControl::LastRowOf(StringView text) const {
   return row;
 }
 
+std::vector<int> RowsControl::RowsStarting(StringView start, int length) const {
+  assert(Sorted());
+  const auto startOf = [length](StringView row) {
+    return row.substr(0, static_cast<std::size_t>(length));
+  };
+  int row = FirstRow(*state_.rows, [&](StringView text) { return start < startOf(text); });
+  std::vector<int> found;
+  while (row > 0 && startOf(List(row - 1)) == start)
+    found.push_back(--row);
+  std::reverse(found.begin(), found.end());
+  return found;
+}
+
 int RowsControl::RowBehind(StringView text) const {
-  return static_cast<int>(std::upper_bound(state_.rows->begin(), state_.rows->end(), text) -
-                          state_.rows->begin());
+  return FirstRow(*state_.rows, [text](StringView row) { return text < row; });
 }
 
 void RowsControl::RaiseUnlessRow(int row, ErrorKind kind) const {
@@ -115,11 +155,11 @@ void RowsControl::RestoreKind(KindState&& state) noexcept {
 
 void RowsControl::EraseRun(int first, int count) {
   const RowChange change{RowChange::What::kRemoved, first, count};
-  std::vector<String>& rows = WriteRows();
+  std::vector<RowText>& rows = WriteRows();
   surface().RowsAboutToChange(*this, change);
   rows.erase(rows.begin() + first, rows.begin() + first + count);
   const auto firstMark = state_.marks.begin() + first;
-  state_.markCount -= static_cast<int>(std::count(firstMark, firstMark + count, true));
+  state_.markCount -= static_cast<int>(std::count(firstMark, firstMark + count, 1));
   state_.marks.erase(firstMark, firstMark + count);
   surface().RowsChanged(*this, change);
   if (state_.listIndex >= first + count) {
@@ -132,22 +172,22 @@ void RowsControl::EraseRun(int first, int count) {
 
 void RowsControl::EraseScattered(std::span<const int> rows) {
   const RowChange change{RowChange::What::kReplaced, 0, ListCount()};
-  std::vector<String>& texts = WriteRows();
-  std::vector<bool>& marks = state_.marks;
+  std::vector<RowText>& texts = WriteRows();
+  std::vector<unsigned char>& marks = state_.marks;
   surface().RowsAboutToChange(*this, change);
   auto gone = rows.begin();
   auto kept = static_cast<std::size_t>(*gone);
   for (std::size_t row = kept; row < texts.size(); ++row) {
     if (gone != rows.end() && static_cast<std::size_t>(*gone) == row) {
       ++gone;
-      if (marks[row]) --state_.markCount;
+      state_.markCount -= marks[row];
     } else {
       texts[kept] = std::move(texts[row]);
       marks[kept] = marks[row];
       ++kept;
     }
   }
-  texts.resize(kept);
+  texts.erase(texts.begin() + static_cast<std::ptrdiff_t>(kept), texts.end());
   marks.resize(kept);
   surface().RowsChanged(*this, change);
   const auto selected = std::lower_bound(rows.begin(), rows.end(), state_.listIndex);
@@ -159,8 +199,8 @@ void RowsControl::EraseScattered(std::span<const int> rows) {
   }
 }
 
-std::vector<String>& RowsControl::WriteRows(std::size_t more) {
-  std::vector<String>& rows = state_.rows.Write();
+std::vector<RowText>& RowsControl::WriteRows(std::size_t more) {
+  std::vector<RowText>& rows = state_.rows.Write();
   const std::size_t needed = rows.size() + more;
   if (needed > rows.capacity()) rows.reserve(std::max(needed, 2 * rows.size()));
   state_.marks.reserve(rows.capacity());
@@ -176,7 +216,7 @@ void ListBox::ListIndex(int row) {
 
 bool ListBox::Selected(int row) const {
   RaiseUnlessRow(row, ErrorKind::kIndex);
-  return state_.marks[static_cast<std::size_t>(row)];
+  return state_.marks[static_cast<std::size_t>(row)] != 0;
 }
 
 void ListBox::Selected(int row, bool marked) {
@@ -201,7 +241,7 @@ void ListBox::Selected(int row, bool marked) {
 
 void ListBox::Mark(int row, bool marked) {
   if (Selected(row) == marked) return;
-  state_.marks[static_cast<std::size_t>(row)] = marked;
+  state_.marks[static_cast<std::size_t>(row)] = marked ? 1 : 0;
   state_.markCount += marked ? 1 : -1;
   surface().MarksChanged(*this, row, 1);
 }
@@ -241,6 +281,7 @@ void ComboBox::ListIndex(int row) {
 
 void ComboBox::Text(StringView text) {
   assert(IsEditable());
+  state_.text.reserve(text.size());  // so that nothing fails between the two
   MoveListIndex(-1);
   SetText(text);
 }
@@ -262,6 +303,7 @@ void ComboBox::SetText(StringView text) {
 }
 
 void ComboBox::Pick(int row) {
+  state_.text.reserve(List(row).size());  // so that nothing fails between the two
   MoveListIndex(row);
   SetText(List(row));
   surface().OnClick(*this);

@@ -21,9 +21,15 @@ class RowsControl : public Control {
   int ListIndex() const { return state_.listIndex; }
 
   /// Appends, or with kSorted inserts behind the last row that is not greater.
-  void AddItem(StringView text);
+  void AddItem(RowText text);
+  void AddItem(StringView text) { AddItem(RowText(text)); }
   /// The same for each text in turn.
+  void AddTexts(std::span<const RowText> texts);
   void AddItems(std::span<const StringView> texts);
+  /// AddTexts to two lists that are not sorted, and RemoveItems from two. When memory runs out
+  /// neither list has changed.
+  static void AddTextsToBoth(RowsControl& a, RowsControl& b, std::span<const RowText> texts);
+  static void RemoveItemsFromBoth(RowsControl& a, RowsControl& b, std::span<const int> rows);
   /// Raises `argument` for a row that is not there.
   void RemoveItem(int row);
   /// Removes all these rows, which are given in ascending order, each once. Raises `argument`,
@@ -47,6 +53,9 @@ class RowsControl : public Control {
   }
   /// The last row with just this text, -1 for none.
   int LastRowOf(StringView text) const;
+  /// Of a sorted list: the rows, in ascending order, whose first `length` characters, or all of a
+  /// shorter row, are `start`, which is no longer than that. `length` is not negative.
+  std::vector<int> RowsStarting(StringView start, int length) const;
 
  protected:
   using Control::Control;
@@ -67,7 +76,7 @@ class RowsControl : public Control {
   void EraseRun(int first, int count);
   void EraseScattered(std::span<const int> rows);
   // The rows, to be written, and room for more of them: between two notices nothing may fail.
-  std::vector<String>& WriteRows(std::size_t more = 0);
+  std::vector<RowText>& WriteRows(std::size_t more = 0);
 };
 
 /// A list box. Its kind is told by the style: kMultiSelect, kCheckBoxes, or single selection with

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cassert>
 
+#include "surface/scan.h"
+
 namespace zolt20 {
 namespace {
 
@@ -88,6 +90,27 @@ StringView Mid(StringView text, std::int64_t position, std::int64_t count) {
   return text.substr(start, static_cast<std::size_t>(count));
 }
 
+bool Equal(StringView a, StringView b) {
+  return a.size() == b.size() &&
+         (a.data() == b.data() || std::equal(a.begin(), a.end(), b.begin()));
+}
+
+std::size_t Find(StringView text, StringView part, std::size_t from) {
+  assert(!part.empty());
+  const char16_t first = part.front();
+  const char16_t* const end = text.data() + text.size();
+  const char16_t* at = text.data() + std::min(from, text.size());
+  for (;;) {
+    at = scan::FindFirst(
+        at, end, [first](std::uint64_t word) { return scan::AnyIs(word, first); },
+        [first](char16_t character) { return character == first; });
+    if (at == end) return StringView::npos;
+    const auto place = static_cast<std::size_t>(at - text.data());
+    if (text.substr(place).starts_with(part)) return place;
+    ++at;
+  }
+}
+
 bool Holds(StringView text, StringView part) {
   return text.find(part) != StringView::npos;
 }
@@ -97,8 +120,8 @@ String Replace(StringView text, StringView from, StringView to) {
   String result;
   result.reserve(text.size());
   std::size_t start = 0;
-  for (std::size_t found = text.find(from); found != StringView::npos;
-       found = text.find(from, start)) {
+  for (std::size_t found = Find(text, from); found != StringView::npos;
+       found = Find(text, from, start)) {
     result.append(text, start, found - start);
     result.append(to);
     start = found + from.size();

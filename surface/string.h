@@ -42,6 +42,13 @@ StringView Mid(StringView text, std::int64_t position);
 /// The same, at most `count` characters. Raises `argument` for a negative count.
 StringView Mid(StringView text, std::int64_t position, std::int64_t count);
 
+/// Whether the two are equal. Of two views of one text the characters are not looked at.
+bool Equal(StringView a, StringView b);
+
+/// The place, from 0, of `part` in `text` at or behind `from`; npos when it is nowhere. `part` is
+/// not "". Fast in long texts where its first character is rare.
+std::size_t Find(StringView text, StringView part, std::size_t from = 0);
+
 /// Whether `part` stands anywhere in `text`; "" stands in every text.
 bool Holds(StringView text, StringView part);
 

@@ -1,6 +1,7 @@
 #include "surface/text_box.h"
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 #include "surface/surface.h"
@@ -11,15 +12,31 @@ namespace {
 constexpr unsigned kWhite = 0xFFFFFF;
 constexpr unsigned kSystemColor14 = 0x8000000E;
 
+// Whether the text is another one then.
+bool ReplaceEnd(Shared<String>& text, std::size_t kept, StringView end) {
+  assert(kept <= text->size());
+  if (Equal(StringView(*text).substr(kept), end)) return false;
+  text.Write().replace(kept, String::npos, end);
+  return true;
+}
+
 }  // namespace
 
 TextBox::TextBox(Surface& surface, const Design& design) : Control(surface, design) {
   state_.backColor = design.name == ControlName::txtCondition ? kSystemColor14 : kWhite;
 }
 
+void TextBox::Text(StringView text) {
+  if (!Equal(text, Text())) Enter(String(text), 0);
+}
+
 void TextBox::Text(String&& text) {
-  if (text == Text()) return;
-  Enter(std::move(text), 0);
+  if (!Equal(text, Text())) Enter(std::move(text), 0);
+}
+
+void TextBox::ReplaceFrom(std::size_t kept, StringView end) {
+  if (!ReplaceEnd(state_.text, kept, end)) return;
+  Written(true, 0);
 }
 
 void TextBox::SelStart(int caret) {
@@ -30,9 +47,14 @@ void TextBox::SelStart(int caret) {
 }
 
 void TextBox::Enter(String text, int caret) {
-  const bool differs = text != Text();
-  const bool moved = caret != state_.selStart;
+  const bool differs = !Equal(text, Text());
   if (differs) state_.text = Shared(std::move(text));
+  Written(differs, caret);
+}
+
+// The text is written by now: puts the caret, and tells what is different.
+void TextBox::Written(bool differs, int caret) {
+  const bool moved = caret != state_.selStart;
   state_.selStart = caret;
   if (differs) Changed(Property::kText);
   if (moved) Changed(Property::kSelStart);
@@ -43,9 +65,20 @@ void TextBox::RestoreKind(KindState&& state) noexcept {
   state_ = std::move(*std::get_if<TextState>(&state));
 }
 
+void SyntaxTextBox::Text(StringView text) {
+  if (!Equal(text, Text())) Text(String(text));
+}
+
 void SyntaxTextBox::Text(String&& text) {
-  if (text == Text()) return;
+  if (Equal(text, Text())) return;
   state_.text = Shared(std::move(text));
+  ++revision_;
+  Changed(Property::kText);
+}
+
+void SyntaxTextBox::ReplaceFrom(std::size_t kept, StringView end) {
+  if (!ReplaceEnd(state_.text, kept, end)) return;
+  ++revision_;
   Changed(Property::kText);
 }
 
@@ -57,6 +90,7 @@ void SyntaxTextBox::Highlight(bool highlight) {
 
 void SyntaxTextBox::RestoreKind(KindState&& state) noexcept {
   state_ = std::move(*std::get_if<SyntaxTextState>(&state));
+  ++revision_;
 }
 
 }  // namespace zolt20

@@ -13,9 +13,12 @@ class TextBox final : public Control {
   const String& Text() const { return *state_.text; }
   /// A text that does not differ changes nothing. One that differs puts the caret at 0 and runs
   /// Change inside the call.
-  void Text(StringView text) { Text(String(text)); }
-  void Text(const char16_t* text) { Text(String(text)); }
+  void Text(StringView text);
+  void Text(const char16_t* text) { Text(StringView(text)); }
   void Text(String&& text);
+  /// The same as Text of the first `kept` characters with `end` behind them, in a time that grows
+  /// with what comes and goes and not with what is kept. `kept` is at most the length of the text.
+  void ReplaceFrom(std::size_t kept, StringView end);
 
   /// The caret: the number of characters before it.
   int SelStart() const { return state_.selStart; }
@@ -33,6 +36,7 @@ class TextBox final : public Control {
   // A person's way of writing: the caret goes where it is told, and Change runs when the text
   // differs.
   void Enter(String text, int caret);
+  void Written(bool differs, int caret);
 
   TextState state_;
 };
@@ -44,9 +48,14 @@ class SyntaxTextBox final : public Control {
   SyntaxTextBox(Surface& surface, const Design& design) : Control(surface, design) {}
 
   const String& Text() const { return *state_.text; }
-  void Text(StringView text) { Text(String(text)); }
-  void Text(const char16_t* text) { Text(String(text)); }
+  void Text(StringView text);
+  void Text(const char16_t* text) { Text(StringView(text)); }
   void Text(String&& text);
+  /// The same as Text of the first `kept` characters with `end` behind them, in a time that grows
+  /// with what comes and goes and not with what is kept. `kept` is at most the length of the text.
+  void ReplaceFrom(std::size_t kept, StringView end);
+  /// A number that is another after each change of the text, and after each Restore.
+  std::size_t Revision() const { return revision_; }
 
   bool Highlight() const { return state_.highlight; }
   /// Has no effect on the text.
@@ -57,6 +66,7 @@ class SyntaxTextBox final : public Control {
   void RestoreKind(KindState&& state) noexcept override;
 
   SyntaxTextState state_;
+  std::size_t revision_ = 0;
 };
 
 }  // namespace zolt20

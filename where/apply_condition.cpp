@@ -85,10 +85,11 @@ void ZOLT20MapControl::ApplyCondition(StringView word) {
   }
   const String& where = txtwhereCondition.Text();
   if (Trim(where).empty()) {
-    txtwhereCondition.Text(Concat(where, field, u" ", op, u" ", value));
+    txtwhereCondition.ReplaceFrom(where.size(), Concat(field, u" ", op, u" ", value));
   } else {
     // ODD: two blanks before the value here, one in the first condition.
-    txtwhereCondition.Text(Concat(where, kLineBreak, word, field, u" ", op, u"  ", value));
+    txtwhereCondition.ReplaceFrom(where.size(),
+                                  Concat(kLineBreak, word, field, u" ", op, u"  ", value));
   }
   cboWhereFields1.Text(u"");
   PutChoosingBack();
@@ -99,7 +100,7 @@ void ZOLT20MapControl::JoinTemplate(StringView word) {
   if (where.empty()) {
     txtwhereCondition.Text(txtCondition.Text());
   } else {
-    txtwhereCondition.Text(Concat(where, kLineBreak, word, txtCondition.Text()));
+    txtwhereCondition.ReplaceFrom(where.size(), Concat(kLineBreak, word, txtCondition.Text()));
   }
 }
 

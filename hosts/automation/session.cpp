@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -32,15 +33,28 @@ std::string Quoted(const Json& value) {
   return value.dump();
 }
 
-const Json& Needed(const Json& request, const char* key) {
+// Puts a member of a reply behind its text. A complaint may quote bytes of the line that are no
+// UTF-8.
+void AppendMember(std::string& reply, std::string_view key, const Json& value) {
+  reply += reply.size() == 1 ? "\"" : ",\"";
+  reply += key;
+  reply += "\":";
+  if (value.is_array() && value.empty()) {
+    reply += "[]";
+  } else {
+    reply += value.dump(-1, ' ', false, Json::error_handler_t::replace);
+  }
+}
+
+const Json& Needed(const Json& request, std::string_view key) {
   const auto found = request.find(key);
-  if (found == request.end()) throw BadRequest(std::string("the request has no \"") + key + "\"");
+  if (found == request.end()) throw BadRequest("the request has no \"" + std::string(key) + "\"");
   return *found;
 }
 
-const std::string& NeededText(const Json& request, const char* key) {
+const std::string& NeededText(const Json& request, std::string_view key) {
   const Json& value = Needed(request, key);
-  if (!value.is_string()) throw BadRequest(std::string("\"") + key + "\" is no string");
+  if (!value.is_string()) throw BadRequest("\"" + std::string(key) + "\" is no string");
   return value.get_ref<const std::string&>();
 }
 
@@ -124,17 +138,23 @@ Json Failure(const char* kind, const std::string& description) {
   return {{"kind", kind}, {"number", 0}, {"description", description}};
 }
 
-constexpr std::array<const char*, 8> kVerbs{"new",  "set",  "get",    "call",
-                                            "save", "user", "answer", "dump"};
+constexpr std::array<std::string_view, 8> kVerbs{"new",  "set",  "get",    "call",
+                                                 "save", "user", "answer", "dump"};
 
 // The one verb of a request.
-std::string VerbOf(const Json& request) {
+std::string_view VerbOf(const Json& request) {
   if (!request.is_object()) throw BadRequest("a request is a JSON object");
-  std::string verb;
-  for (const char* candidate : kVerbs) {
-    if (!request.contains(candidate)) continue;
+  const auto& members = request.get_ref<const Json::object_t&>();
+  const auto holds = [&members](std::string_view verb) {
+    return std::any_of(members.begin(), members.end(),
+                       [verb](const auto& member) { return member.first == verb; });
+  };
+  std::string_view verb;
+  for (const std::string_view candidate : kVerbs) {
+    if (!holds(candidate)) continue;
     if (!verb.empty()) {
-      throw BadRequest("a request has one verb, not \"" + verb + "\" and \"" + candidate + "\"");
+      throw BadRequest("a request has one verb, not \"" + std::string(verb) + "\" and \"" +
+                       std::string(candidate) + "\"");
     }
     verb = candidate;
   }
@@ -143,8 +163,8 @@ std::string VerbOf(const Json& request) {
 }
 
 // A set, get or call request, checked for its shape.
-HostAction ReadAction(const Json& request, const std::string& verb) {
-  const std::string& name = NeededText(request, verb.c_str());
+HostAction ReadAction(const Json& request, std::string_view verb) {
+  const std::string& name = NeededText(request, verb);
   const Member* member = FindMember(name);
   if (member == nullptr) throw BadRequest("the control has no member " + Quoted(name));
   HostAction action{HostAction::Verb::kGet, member, {}};
@@ -194,8 +214,10 @@ int DepthOf(std::string_view line) {
 
 Json Parse(std::string_view line) {
   constexpr int kMostDepth = 256;
-  if (DepthOf(line) > kMostDepth) throw BadRequest("the line is nested too deep");
+  if (line.size() > kMostDepth && DepthOf(line) > kMostDepth)
+    throw BadRequest("the line is nested too deep");
   try {
+    if (!hosts::NeedsStandIns(line)) return Json::parse(line);
     return Json::parse(hosts::PutStandIns(line));
   } catch (const Json::exception& error) {
     throw BadRequest(error.what());
@@ -259,43 +281,51 @@ bool Session::IsSkipped(std::string_view line) {
 }
 
 std::string Session::Reply(std::string_view line) {
-  Json reply = Json::object();
-  log_ = Json::array();
-  const auto fail = [&reply](Json error) {
-    reply.erase("value");
-    reply["ok"] = false;
-    reply["error"] = std::move(error);
+  log_.clear();
+  constexpr std::size_t kMostOfThem = 256;
+  std::string reply;
+  reply.reserve(kMostOfThem);
+  reply = "{";
+  std::size_t outcome = reply.size();  // where what became of the request begins
+  const auto fail = [&](const char* key, const Json& reason) {
+    reply.resize(outcome);
+    AppendMember(reply, "ok", false);
+    AppendMember(reply, key, reason);
   };
   try {
     const Json request = Parse(line);
-    if (request.is_object() && request.contains("id")) reply["id"] = request["id"];
-    reply["ok"] = true;
-    CarryOut(request, reply);
+    if (request.is_object()) {
+      const auto id = request.find(std::string_view("id"));
+      if (id != request.end()) AppendMember(reply, "id", *id);
+    }
+    outcome = reply.size();
+    const std::optional<Json> value = CarryOut(request);
+    reply += outcome == 1 ? "\"ok\":true" : ",\"ok\":true";
+    if (value.has_value()) AppendMember(reply, "value", *value);
   } catch (const BadRequest& error) {
-    fail(Failure("request", error.what()));
+    fail("error", Failure("request", error.what()));
   } catch (const Refused& refusal) {
-    reply["ok"] = false;
-    reply["refused"] = refusal.what();
+    fail("refused", refusal.what());
   } catch (const RuntimeError& error) {
-    fail(ToJson(error));
+    fail("error", ToJson(error));
   } catch (const std::exception& error) {
-    fail(Failure("failure", error.what()));
+    fail("error", Failure("failure", error.what()));
   }
-  reply["log"] = std::move(log_);
-  // A complaint may quote bytes of the line that are no UTF-8.
-  return hosts::TakeStandIns(reply.dump(-1, ' ', false, Json::error_handler_t::replace));
+  AppendMember(reply, "log", log_);
+  reply += '}';
+  return hosts::TakeStandIns(std::move(reply));
 }
 
-void Session::CarryOut(const Json& request, Json& reply) {
-  const std::string verb = VerbOf(request);
+std::optional<Session::Json> Session::CarryOut(const Json& request) {
+  const std::string_view verb = VerbOf(request);
   if (verb == "new") {
     MakeNew(request["new"]);
   } else if (verb == "save") {
     NeedTrue(request, "save");
-    reply["value"] = WriteBag();
+    return WriteBag();
   } else if (verb == "dump") {
     NeedTrue(request, "dump");
-    reply["value"] = Dump(control_->Form());
+    return Dump(control_->Form());
   } else if (verb == "answer") {
     KeepAnswer(request);
   } else if (verb == "user") {
@@ -303,8 +333,9 @@ void Session::CarryOut(const Json& request, Json& reply) {
   } else {
     const HostAction action = ReadAction(request, verb);
     const Variant value = Run(action);
-    if (action.verb != HostAction::Verb::kSet) reply["value"] = ToJson(value);
+    if (action.verb != HostAction::Verb::kSet) return ToJson(value);
   }
+  return std::nullopt;
 }
 
 Variant Session::Run(const HostAction& action) {
@@ -360,7 +391,7 @@ void Session::KeepAnswer(const Json& request) {
   if (!with.is_array()) throw BadRequest("\"with\" is no array");
   std::vector<HostAction> actions;
   for (const Json& action : with) {
-    const std::string verb = VerbOf(action);
+    const std::string_view verb = VerbOf(action);
     if (verb != "set" && verb != "get" && verb != "call") {
       throw BadRequest("an answer is made of set, get and call requests");
     }

@@ -9,6 +9,7 @@
 #include <array>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,7 +58,8 @@ class Session final : private ControlHost {
   void RaiseEvent(std::size_t event);
   Variant Run(const HostAction& action);
 
-  void CarryOut(const Json& request, Json& reply);
+  // The value of the reply, when the request gives one.
+  std::optional<Json> CarryOut(const Json& request);
   void MakeNew(const Json& settings);
   void MakeNew(FormVisible visible);
   Json WriteBag() const;

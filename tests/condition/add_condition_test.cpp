@@ -564,6 +564,14 @@ TEST_P(AddAfterClearTest, RunsTheOldKindOnEmptyBoxesAndCountsThePass) {
   EXPECT_EQ(Depth(), 1);
 }
 
+TEST_P(AddAfterClearTest, OffersTheRequestsOfThePageAgain) {
+  Choose(GetParam().option, GetParam().boxes);
+  Click("cmdClear");
+  ASSERT_FALSE(Enabled("cmdFunction(4)") || Enabled("cmdSubQuery(4)"));
+  Add();
+  EXPECT_TRUE(Enabled("cmdFunction(4)") && Enabled("cmdSubQuery(4)"));
+}
+
 TEST_P(AddAfterClearTest, StoresWhatEmptyBoxesGive) {
   Choose(GetParam().option, GetParam().boxes);
   Click("cmdClear");

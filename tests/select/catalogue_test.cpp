@@ -626,5 +626,14 @@ TEST_F(CatalogueTest, ADoubleClickTakesTheMarkFromAFieldAndFromNoFunction) {
   EXPECT_EQ(MarkedRows("lstFunctions"), RowNumbers{2});
 }
 
+TEST_F(CatalogueTest, ADoubleClickOnATableDoesNothing) {
+  Catalogue("CUSTOMER0", Field("NCUSTOMER.A"));
+  Mark("lsttables", 0);
+  const Texts fields = Rows("lstFields");
+  DoubleClick("lsttables", 0);
+  EXPECT_EQ(MarkedRows("lsttables"), RowNumbers{0});
+  EXPECT_EQ(Rows("lstFields"), fields);
+}
+
 }  // namespace
 }  // namespace zolt20::tests

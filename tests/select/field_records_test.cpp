@@ -289,6 +289,13 @@ TEST(FieldRecords, AnEmptyNameStandsInEveryText) {
   EXPECT_FALSE(FailsWithSubscript([&] { records.RaiseIfBrokenBeforeNameIn(u"x"); }));
 }
 
+TEST(FieldRecords, NamesThatDifferByANulAloneAreOfTwoTables) {
+  using namespace std::string_literals;
+  const FieldRecords records = Records(u"a*Q*V*R*N*NT,a*Q*V*R*N*NT\0,a*Q*V*R*N*NT"s);
+  EXPECT_EQ(records.OfTable(u"T"), (FieldRecords::Places{0, 2}));
+  EXPECT_EQ(records.OfTable(u"T\0"s), FieldRecords::Places{1});
+}
+
 TEST(FieldRecords, TheListIsTheOneThatWasGiven) {
   const SharedString list(u"a*Q*V*R*N*Nb");
   EXPECT_TRUE(FieldRecords(list).List().IsSameAs(list));
@@ -377,6 +384,29 @@ TEST(FieldRecords, AreComparedOnListsOfEveryKind) {
   }
   for (const int kind : {broken, whole, emptyNames, shortNames, sameNames, withoutRest})
     EXPECT_GT(kind, 100);
+}
+
+TEST(FieldRecords, PartsOfNamesAreFoundTogetherAsOneByOne) {
+  const FieldRecords records =
+      Records(u"a*Q*V*R*N*NTTTTTTTTT.A,a*Q*V*R*N*NUUUUUUUU.TTTTTTTT,a*Q*V*R*N*NU,a*Q*V*R*N*N");
+  const std::vector<StringView> parts{u"TTTTTTTT", u"U",        u"",
+                                      u"TTTTTTTT", u"TTTTTTT.", u"XXXXXXXX"};
+  records.FindNamesHolding(parts);
+  records.FindNamesHolding(parts);
+  EXPECT_EQ(records.WithNameHolding(u"TTTTTTTT"), (FieldRecords::Places{0, 1}));
+  EXPECT_EQ(records.WithNameHolding(u"U"), (FieldRecords::Places{1, 2}));
+  EXPECT_EQ(records.WithNameHolding(u""), (FieldRecords::Places{0, 1, 2, 3}));
+  EXPECT_EQ(records.WithNameHolding(u"TTTTTTT."), FieldRecords::Places{0});
+  EXPECT_EQ(records.WithNameHolding(u"XXXXXXXX"), FieldRecords::Places{});
+}
+
+TEST(FieldRecords, AnswersAreRightHoweverManyWereAsked) {
+  const FieldRecords records = Records(u"a*Q*V*R*N*NTTTTTTTT.77777777,a*Q*V*R*N*NTTTTTTTT.A");
+  for (int part = 0; part < 30'000; ++part) {
+    const String eight = String(8 - ToText(part).size(), u'T') + ToText(part);
+    ASSERT_EQ(records.WithNameHolding(eight), FieldRecords::Places{}) << part;
+    ASSERT_EQ(records.WithNameHolding(u"TTTTTTTT"), (FieldRecords::Places{0, 1})) << part;
+  }
 }
 
 }  // namespace

@@ -692,6 +692,13 @@ TEST_F(SelectedFieldsTest, RemoveOneOutsideTheModeEnablesTheOrderLists) {
   EXPECT_TRUE(OrderEnabled());
 }
 
+TEST_F(SelectedFieldsTest, AnExpressionWithNothingBehindItsParenthesisIsNoPlainRow) {
+  host().prpSelectPart(u"max ( ORDERITM.QTY ):var.max");
+  EXPECT_EQ(Log(), Texts{"changed prpSelectPart"});
+  Add("sum", "ORDERITM.QTY");
+  EXPECT_EQ(Selected(), (Texts{"max ( ORDERITM.QTY )", "sum ( ORDERITM.QTY ) "}));
+}
+
 // "<<".
 
 TEST_F(SelectedFieldsTest, RemoveAllEmptiesTheSelectListAndKeepsTheIndexRows) {
@@ -720,6 +727,14 @@ TEST_F(SelectedFieldsTest, RemoveAllEndsTheMode) {
   Click("cmdRemoveAll");
   EXPECT_EQ(Selected(), Texts{});
   EXPECT_TRUE(OrderEnabled());
+  Add("ORDERITM.QTY");
+  EXPECT_EQ(Selected(), Texts{"ORDERITM.QTY"});
+}
+
+TEST_F(SelectedFieldsTest, RemoveAllTakesAnOnlyEntryToo) {
+  Add("sum", "ORDERITM.QTY");
+  Click("cmdRemoveAll");
+  EXPECT_EQ(Selected(), Texts{});
   Add("ORDERITM.QTY");
   EXPECT_EQ(Selected(), Texts{"ORDERITM.QTY"});
 }

@@ -116,6 +116,13 @@ TEST_F(ContractTest, TheArgumentOfClearAllHasItsName) {
   EXPECT_EQ(The("BuildGroupBy").argument, "");
 }
 
+TEST_F(ContractTest, NoOtherMemberNamesAnArgument) {
+  for (const Row& row : kRows) {
+    if (row.name == "ClearAll") continue;
+    EXPECT_EQ(The(row.name).argument, "") << row.name;
+  }
+}
+
 TEST_F(ContractTest, WhatIsWrittenByTheListIsReadByIt) {
   The("prpintTabcount").let(host(), Integer(3));
   EXPECT_EQ(std::get<Integer>(The("prpintTabcount").get(host())), 3);

@@ -431,6 +431,29 @@ TEST_F(ClauseBuildersTest, AGroupFieldBesideFunctionsStandsInTheGroupByClauseAlo
             "endselect");
 }
 
+// A clear takes the control out of the mode of functions and leaves them in the list.
+TEST_F(ClauseBuildersTest, AGroupFieldThatAFunctionAloneHoldsStandsInTheGroupByClause) {
+  Add("sum", "CUSTOMER.NAME");
+  host().ClearAll(6);
+  MarkRow("lstGroupby", "CUSTOMER.NAME");
+  EXPECT_EQ(Statement(),
+            "select sum ( CUSTOMER.NAME ) \r\n"
+            "from  ORDERITM,CUSTOMER\r\n"
+            "group by  CUSTOMER.NAME\r\n"
+            "endselect");
+}
+
+TEST_F(ClauseBuildersTest, AGroupFieldWithABracketInItsNameIsOneOfTheSelectList) {
+  Use("CUSTOMER0", {"CUSTOMER.NO(1)"});
+  Add("CUSTOMER.NO(1)");
+  MarkRow("lstGroupby", "CUSTOMER.NO(1)");
+  EXPECT_EQ(Statement(),
+            "select CUSTOMER.NO(1)\r\n"
+            "from  CUSTOMER\r\n"
+            "group by  CUSTOMER.NO(1)\r\n"
+            "endselect");
+}
+
 TEST_F(ClauseBuildersTest, TheHostCanBuildTheGroupByClauseAndGetsNothingFromIt) {
   Add("CUSTOMER.NAME");
   MarkRow("lstGroupby", "ORDERITM.QTY");

@@ -10,8 +10,36 @@ namespace {
 
 using hosts::ToJsonText;
 
-bool HasRows(const Control& control) {
-  return control.kind() == Kind::ListBox || control.kind() == Kind::ComboBox;
+// Whether a control is of a kind, or of one of those that share a base.
+template <typename T>
+bool Is(Kind kind);
+#define ZOLT20_KIND(name)      \
+  template <>                  \
+  bool Is<name>(Kind kind) {   \
+    return kind == Kind::name; \
+  }
+ZOLT20_KIND(ComboBox)
+ZOLT20_KIND(ListBox)
+ZOLT20_KIND(OptionButton)
+ZOLT20_KIND(ScrollBar)
+ZOLT20_KIND(SyntaxTextBox)
+ZOLT20_KIND(TabStrip)
+ZOLT20_KIND(TextBox)
+#undef ZOLT20_KIND
+template <>
+bool Is<RowsControl>(Kind kind) {
+  return kind == Kind::ListBox || kind == Kind::ComboBox;
+}
+template <>
+bool Is<CaptionedControl>(Kind kind) {
+  return kind == Kind::Button || kind == Kind::OptionButton || kind == Kind::Label ||
+         kind == Kind::Frame;
+}
+
+// A cast by the kind: the checkers make very many.
+template <typename T>
+const T* As(const Control& control) {
+  return Is<T>(control.kind()) ? static_cast<const T*>(&control) : nullptr;
 }
 
 std::string NameOf(const Control* control) {
@@ -70,48 +98,47 @@ void Mirror::Read(const Control& control, Property property, Image& image) {
       image.place = At(control.Left(), control.Top(), control.Width(), control.Height());
       break;
     case Property::kText:
-      if (const auto* box = dynamic_cast<const TextBox*>(&control)) image.text = box->Text();
-      if (const auto* box = dynamic_cast<const SyntaxTextBox*>(&control)) image.text = box->Text();
-      if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) image.text = combo->Text();
+      if (const auto* box = As<TextBox>(control)) image.text = box->Text();
+      if (const auto* box = As<SyntaxTextBox>(control)) image.text = box->Text();
+      if (const auto* combo = As<ComboBox>(control)) image.text = combo->Text();
       break;
     case Property::kSelStart:
-      image.selStart = dynamic_cast<const TextBox&>(control).SelStart();
+      image.selStart = As<TextBox>(control)->SelStart();
       break;
     case Property::kBackColor:
-      if (const auto* box = dynamic_cast<const TextBox*>(&control))
-        image.backColor = box->BackColor();
-      if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) {
+      if (const auto* box = As<TextBox>(control)) image.backColor = box->BackColor();
+      if (const auto* combo = As<ComboBox>(control)) {
         image.backColor = combo->BackColor();
       }
       break;
     case Property::kCaption:
-      image.caption = dynamic_cast<const CaptionedControl&>(control).Caption();
+      image.caption = As<CaptionedControl>(control)->Caption();
       break;
     case Property::kValue:
-      if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
+      if (const auto* option = As<OptionButton>(control)) {
         image.value = option->Value() ? 1 : 0;
       }
-      if (const auto* bar = dynamic_cast<const ScrollBar*>(&control)) image.value = bar->Value();
+      if (const auto* bar = As<ScrollBar>(control)) image.value = bar->Value();
       break;
     case Property::kMax:
-      image.max = dynamic_cast<const ScrollBar&>(control).Max();
+      image.max = As<ScrollBar>(control)->Max();
       break;
     case Property::kTab:
-      image.tab = dynamic_cast<const TabStrip&>(control).Tab().value();
+      image.tab = As<TabStrip>(control)->Tab().value();
       break;
     case Property::kListIndex:
-      image.listIndex = dynamic_cast<const RowsControl&>(control).ListIndex();
+      image.listIndex = As<RowsControl>(control)->ListIndex();
       break;
     case Property::kHighlight:
-      image.highlight = dynamic_cast<const SyntaxTextBox&>(control).Highlight();
+      image.highlight = As<SyntaxTextBox>(control)->Highlight();
       break;
   }
 }
 
 // Reads rows that have come, with their marks, into their places.
 void Mirror::ReadRows(const Control& list, int first, int count, Image& image) {
-  const auto& rows = dynamic_cast<const RowsControl&>(list);
-  const auto* marked = dynamic_cast<const ListBox*>(&list);
+  const auto& rows = *As<RowsControl>(list);
+  const auto* marked = As<ListBox>(list);
   for (int row = first; row < first + count; ++row) {
     image.rows.insert(image.rows.begin() + row, String(rows.List(row)));
     image.marks.insert(image.marks.begin() + row, marked != nullptr && marked->Selected(row));
@@ -125,15 +152,15 @@ Mirror::Image Mirror::ReadAll(const Control& control) {
   read(Property::kVisible);
   read(Property::kPlace);
   image.tabIndex = control.TabIndex().value();
-  if (HasRows(control)) {
+  if (Is<RowsControl>(control.kind())) {
     read(Property::kListIndex);
-    ReadRows(control, 0, dynamic_cast<const RowsControl&>(control).ListCount(), image);
+    ReadRows(control, 0, As<RowsControl>(control)->ListCount(), image);
   }
   read(Property::kText);
   read(Property::kBackColor);
   read(Property::kValue);
   if (control.kind() == Kind::TextBox) read(Property::kSelStart);
-  if (dynamic_cast<const CaptionedControl*>(&control) != nullptr) read(Property::kCaption);
+  if (As<CaptionedControl>(control) != nullptr) read(Property::kCaption);
   if (control.kind() == Kind::ScrollBar) read(Property::kMax);
   if (control.kind() == Kind::TabStrip) read(Property::kTab);
   if (control.kind() == Kind::SyntaxTextBox) read(Property::kHighlight);
@@ -155,8 +182,7 @@ void Mirror::PropertyChanged(const Control& control, Property property) noexcept
 
 void Mirror::RowsAboutToChange(const Control& list, const RowChange& change) noexcept {
   if (rowsUnderChange_.has_value()) Complain("two row changes run into each other");
-  if (Of(list).rows.size() !=
-      static_cast<std::size_t>(dynamic_cast<const RowsControl&>(list).ListCount())) {
+  if (Of(list).rows.size() != static_cast<std::size_t>(As<RowsControl>(list)->ListCount())) {
     Complain(NameOf(&list) + " had changed before it was announced");
   }
   rowsUnderChange_ = NameOf(&list);
@@ -183,15 +209,14 @@ void Mirror::RowsChanged(const Control& list, const RowChange& change) noexcept 
     case RowChange::What::kReplaced:
       image.rows.clear();
       image.marks.clear();
-      ReadRows(list, 0, dynamic_cast<const RowsControl&>(list).ListCount(), image);
+      ReadRows(list, 0, As<RowsControl>(list)->ListCount(), image);
       break;
   }
 }
 
 void Mirror::MarksChanged(const Control& list, int first, int count) noexcept {
   for (int row = first; row < first + count; ++row) {
-    Of(list).marks[static_cast<std::size_t>(row)] =
-        dynamic_cast<const ListBox&>(list).Selected(row);
+    Of(list).marks[static_cast<std::size_t>(row)] = As<ListBox>(list)->Selected(row);
   }
 }
 
@@ -236,11 +261,11 @@ std::string BrokenRule(const Surface& surface) {
       return name + " is wrong about the tab order";
     }
     if (surface.Find(name) != control) return name + " can't be found";
-    if (const auto* option = dynamic_cast<const OptionButton*>(control)) {
+    if (const auto* option = As<OptionButton>(*control)) {
       if (option->Value() && ++trueOptions[option->frame()] > 1)
         return name + " is a second True option";
     }
-    if (const auto* rows = dynamic_cast<const RowsControl*>(control)) {
+    if (const auto* rows = As<RowsControl>(*control)) {
       if (rows->ListIndex() < -1 || rows->ListIndex() >= rows->ListCount()) {
         return name + " has its ListIndex beyond its rows";
       }
@@ -250,7 +275,7 @@ std::string BrokenRule(const Surface& surface) {
         }
       }
     }
-    if (const auto* list = dynamic_cast<const ListBox*>(control)) {
+    if (const auto* list = As<ListBox>(*control)) {
       int marks = 0;
       for (int row = 0; row < list->ListCount(); ++row)
         marks += list->Selected(row) ? 1 : 0;
@@ -259,18 +284,18 @@ std::string BrokenRule(const Surface& surface) {
         return name + " has more than one mark";
       }
     }
-    if (const auto* combo = dynamic_cast<const ComboBox*>(control)) {
+    if (const auto* combo = As<ComboBox>(*control)) {
       const bool showsEntry = combo->Text() == combo->List(combo->ListIndex());
       if ((combo->ListIndex() >= 0 || !combo->IsEditable()) && !showsEntry) {
         return name + " does not show its entry";
       }
     }
-    if (const auto* box = dynamic_cast<const TextBox*>(control)) {
+    if (const auto* box = As<TextBox>(*control)) {
       if (box->SelStart() < 0 || box->SelStart() > static_cast<int>(box->Text().size())) {
         return name + " has its caret beyond its text";
       }
     }
-    if (const auto* bar = dynamic_cast<const ScrollBar*>(control)) {
+    if (const auto* bar = As<ScrollBar>(*control)) {
       if (bar->Value() < 0 || bar->Value() > bar->Max()) return name + " is beyond its ends";
     }
   }

@@ -108,5 +108,12 @@ TEST_F(ControlArrayTest, EventsOfAnElementNameIt) {
   EXPECT_EQ(Events(), Texts{"Change txtStmt(3)"});
 }
 
+TEST_F(ControlArrayTest, WhoMayOnlyReadGetsTheSameElements) {
+  const BareForm& read = form;
+  EXPECT_EQ(&read.TxtExpr(0), &form.TxtExpr(0));
+  EXPECT_EQ(&read.cmdSubQuery(4), &form.cmdSubQuery(4));
+  EXPECT_EQ(ErrorOf([&] { (void)read.TxtExpr(1); }), "340 element");
+}
+
 }  // namespace
 }  // namespace zolt20::tests

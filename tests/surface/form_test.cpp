@@ -358,5 +358,19 @@ TEST_F(FirstTabOrderTest, BothSortedControlsKeepAlphabeticalOrderWhateverTheOrde
   EXPECT_EQ(Rows(form.cboOper), (Texts{"!=", "<>", "="}));
 }
 
+TEST_F(FormTest, ANameBehindAllOthersIsNotFound) {
+  EXPECT_EQ(host().Form().Find("zzz"), nullptr);
+  EXPECT_EQ(host().Form().Find(""), nullptr);
+}
+
+TEST(Geometry, IsEqualWhenPlaceAndSizeAre) {
+  constexpr Geometry kGiven{1, 2, 3, 4};
+  EXPECT_EQ(kGiven, (Geometry{1, 2, 3, 4}));
+  for (const Geometry& other :
+       {Geometry{0, 2, 3, 4}, Geometry{1, 0, 3, 4}, Geometry{1, 2, 0, 4}, Geometry{1, 2, 3, 0}}) {
+    EXPECT_NE(kGiven, other);
+  }
+}
+
 }  // namespace
 }  // namespace zolt20::tests

@@ -340,6 +340,15 @@ TEST_F(GesturesTest, ADoubleClickInASingleSelectionClicksFirst) {
   EXPECT_EQ(Events(), (Texts{"GotFocus lstFields", "Click lstFields", "DblClick lstFields"}));
 }
 
+TEST_F(GesturesTest, TheFirstAndTheLastRowCanBeDoubleClicked) {
+  for (const int row : {0, 2}) {
+    EXPECT_EQ(form.UserDoubleClick(form.lstFields, row), Outcome::kDone) << row;
+    EXPECT_EQ(Marks(form.lstFields), RowNumbers{row});
+  }
+  EXPECT_EQ(Events(), (Texts{"GotFocus lstFields", "Click lstFields", "DblClick lstFields",
+                             "Click lstFields", "DblClick lstFields"}));
+}
+
 TEST_F(GesturesTest, ADoubleClickElsewhereIsDblClickAlone) {
   form.UserDoubleClick(form.lsttables, 1);
   EXPECT_EQ(form.lsttables.SelCount(), 0);

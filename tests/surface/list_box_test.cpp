@@ -346,5 +346,55 @@ TEST_F(ManyRowsTest, TheLastRowOfATextIsFoundInBothKindsOfOrder) {
   EXPECT_EQ(form.lstSelectedFields.LastRowOf(u"bb"), -1);
 }
 
+TEST_F(ManyRowsTest, TheEmptyTextIsFoundInARowOfItsOwnAlone) {
+  EXPECT_EQ(list.LastRowOf(u""), -1);
+  list.AddItem(u"");
+  EXPECT_EQ(list.LastRowOf(u""), 100);
+}
+
+// Rows by their start, and two lists at once.
+
+TEST_F(ListBoxTest, OfASortedListTheRowsOfAStartAreFound) {
+  ListBox& sorted = form.lstSelectedFields;
+  Fill(sorted, {"AB", "ABC.1", "ABC.2", "ABD", "B"});
+  EXPECT_EQ(sorted.RowsStarting(u"ABC", 3), (RowNumbers{1, 2}));
+  EXPECT_EQ(sorted.RowsStarting(u"AB", 3), RowNumbers{0});
+  EXPECT_EQ(sorted.RowsStarting(u"AB", 2), (RowNumbers{0, 1, 2, 3}));
+  EXPECT_EQ(sorted.RowsStarting(u"B", 3), RowNumbers{4});
+  EXPECT_EQ(sorted.RowsStarting(u"ABCD", 4), RowNumbers{});
+  EXPECT_EQ(sorted.RowsStarting(u"C", 3), RowNumbers{});
+  EXPECT_EQ(sorted.RowsStarting(u"", 3), RowNumbers{});
+  EXPECT_EQ(sorted.RowsStarting(u"", 0), (RowNumbers{0, 1, 2, 3, 4}));
+}
+
+TEST_F(ListBoxTest, AnEmptySortedListHasNoRowOfAnyStart) {
+  EXPECT_EQ(form.lstSelectedFields.RowsStarting(u"", 0), RowNumbers{});
+}
+
+TEST_F(ListBoxTest, TwoListsTakeTheSameTexts) {
+  const std::vector<RowText> texts{RowText(u"x"), RowText(u"y")};
+  RowsControl::AddTextsToBoth(single, checked, texts);
+  for (const ListBox* list : {&single, &checked})
+    EXPECT_EQ(Rows(*list), (Texts{"a", "b", "c", "x", "y"}));
+}
+
+TEST_F(ListBoxTest, TwoListsLoseTheSameRows) {
+  RowsControl::RemoveItemsFromBoth(single, checked, RowNumbers{0, 2});
+  for (const ListBox* list : {&single, &checked})
+    EXPECT_EQ(Rows(*list), Texts{"b"});
+  RowsControl::RemoveItemsFromBoth(single, checked, {});
+  EXPECT_EQ(single.ListCount(), 1);
+}
+
+TEST_F(ListBoxTest, WhenTheSecondListLacksARowTheFirstHasLostIts) {
+  checked.RemoveItem(2);
+  EXPECT_EQ(ErrorOf([this] {
+              RowsControl::RemoveItemsFromBoth(single, checked, RowNumbers{1, 2});
+            }),
+            "5 argument");
+  EXPECT_EQ(Rows(single), Texts{"a"});
+  EXPECT_EQ(Rows(checked), (Texts{"a", "b"}));
+}
+
 }  // namespace
 }  // namespace zolt20::tests

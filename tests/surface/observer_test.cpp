@@ -178,6 +178,12 @@ TEST_F(ObserverTest, RemovedRunsAreEachToldInAPair) {
                              "- done remove 0+1 with 1 in lsttables"}));
 }
 
+TEST_F(ObserverTest, NeighbouringRowsGoInOneRun) {
+  form.lsttables.RemoveItems(std::vector<int>{1, 2});
+  EXPECT_EQ(Events(), (Texts{"- about to remove 1+2 with 3 in lsttables",
+                             "- done remove 1+2 with 1 in lsttables"}));
+}
+
 TEST_F(ObserverTest, WidelyScatteredRowsAreToldAsReplaced) {
   RowNumbers everySecond;
   for (int row = 3; row < 103; ++row) {
@@ -260,6 +266,44 @@ TEST_F(ObserverTest, TheTabOrderIsToldFromTheOldToTheNewPlace) {
   const int last = static_cast<int>(form.TabOrder().size()) - 1;
   form.cmdDone.TabIndex(32767);
   EXPECT_EQ(Events(), Texts{"- tab order 5 to " + std::to_string(last)});
+}
+
+// Looks, at each notice of the tab order, whether the controls know their places already.
+class PlaceReader final : public SurfaceObserver {
+ public:
+  explicit PlaceReader(const Surface& surface) : surface_(surface) {}
+
+  void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
+  void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
+  void RowsChanged(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
+  void MarksChanged(const Control& /*list*/, int /*first*/, int /*count*/) noexcept override {}
+  void FocusChanged(const Control* /*control*/) noexcept override {}
+  void TabOrderChanged(int first, int last) noexcept override {
+    const auto order = surface_.TabOrder();
+    for (int place = first; place <= last && place < static_cast<int>(order.size()); ++place)
+      EXPECT_EQ(order[static_cast<std::size_t>(place)]->TabIndex(), place);
+    ++notices;
+  }
+  void ElementLoaded(const Control& /*element*/) noexcept override {}
+  void ElementUnloading(const Control& /*element*/) noexcept override {}
+  void StateReplaced() noexcept override {}
+
+  int notices = 0;
+
+ private:
+  const Surface& surface_;
+};
+
+TEST_F(ObserverTest, TheControlsKnowTheirPlacesWhenTheTabOrderIsTold) {
+  PlaceReader reader(form);
+  form.AddObserver(reader);
+  form.cmdDone.TabIndex(1);
+  form.TxtExpr.Load(1);
+  form.TxtExpr(1).TabIndex(4);
+  form.TxtExpr.Unload(1);
+  form.RemoveObserver(reader);
+  EXPECT_EQ(reader.notices, 4);
+  Events();
 }
 
 TEST_F(ObserverTest, ALoadedElementIsToldWhenItIsThereAndThenItsPlace) {

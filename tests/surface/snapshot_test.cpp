@@ -143,6 +143,44 @@ TEST_F(SurfaceSnapshotTest, OtherElementsGiveWayToThoseOfTheState) {
   EXPECT_EQ(Events(), Texts{});
 }
 
+TEST_F(SurfaceSnapshotTest, AnElementThatIsStillLoadedStaysAndTakesItsState) {
+  form.TxtExpr.Load(1);
+  form.TxtExpr(1).Top(810);
+  const SurfaceState kept = form.Save();
+  const TextBox* const element = &form.TxtExpr(1);
+  form.TxtExpr(1).Top(0);
+  form.Restore(kept);
+  EXPECT_EQ(&form.TxtExpr(1), element);
+  EXPECT_EQ(form.TxtExpr(1).Top(), 810);
+}
+
+TEST_F(SurfaceSnapshotTest, AnElementOfAnotherArrayGivesWayToThatOfTheState) {
+  form.TxtExpr.Load(1);
+  const SurfaceState kept = form.Save();
+  form.TxtExpr.Unload(1);
+  form.txtStmt.Load(1);
+  form.Restore(kept);
+  EXPECT_EQ(form.TxtExpr.UpperBound(), 1);
+  EXPECT_EQ(form.txtStmt.UpperBound(), 0);
+  EXPECT_EQ(form.TabOrder().back(), &form.TxtExpr(1));
+}
+
+TEST_F(SurfaceSnapshotTest, LoadedButtonsComeBackAndGo) {
+  const SurfaceState without = form.Save();
+  for (ControlArray<Button>* buttons : {&form.cmdFunction, &form.cmdCondition, &form.cmdSubQuery}) {
+    buttons->Load(7);
+    (*buttons)(7).Caption(u"x");
+  }
+  const SurfaceState with = form.Save();
+  form.Restore(without);
+  EXPECT_EQ(form.Find("cmdFunction(7)"), nullptr);
+  EXPECT_EQ(form.Find("cmdCondition(7)"), nullptr);
+  EXPECT_EQ(form.Find("cmdSubQuery(7)"), nullptr);
+  form.Restore(with);
+  for (ControlArray<Button>* buttons : {&form.cmdFunction, &form.cmdCondition, &form.cmdSubQuery})
+    EXPECT_EQ((*buttons)(7).Caption(), u"x");
+}
+
 TEST_F(SurfaceSnapshotTest, AStateIsAValueThatCanBePutBackManyTimes) {
   form.txtAsSet.Text(u"1");
   const SurfaceState one = form.Save();

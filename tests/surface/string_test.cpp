@@ -237,5 +237,28 @@ TEST(StringTest, PiecesAreJoinedAndAsciiIsWidened) {
   EXPECT_EQ(FromAscii("a~1"), u"a~1");
 }
 
+TEST(StringTest, EqualTextsAreEqualUnitByUnit) {
+  const String text = u"a\xD800";
+  EXPECT_TRUE(Equal(text, text));
+  EXPECT_TRUE(Equal(text, u"a\xD800"));
+  EXPECT_TRUE(Equal({}, u""));
+  EXPECT_FALSE(Equal(text, StringView(text).substr(0, 1)));
+  EXPECT_FALSE(Equal(u"ab", u"aB"));
+}
+
+TEST(StringTest, APartIsFoundFromAPlaceOn) {
+  const StringView text = u"aab aab aab";
+  EXPECT_EQ(Find(text, u"ab"), 1U);
+  EXPECT_EQ(Find(text, u"ab", 1), 1U);
+  EXPECT_EQ(Find(text, u"ab", 2), 5U);
+  EXPECT_EQ(Find(text, u"ab", 9), 9U);
+  EXPECT_EQ(Find(text, u"ab", 10), StringView::npos);
+  EXPECT_EQ(Find(text, u"ab", 100), StringView::npos);
+  EXPECT_EQ(Find(text, u"b a"), 2U);
+  EXPECT_EQ(Find(text, u"c"), StringView::npos);
+  EXPECT_EQ(Find(u"", u"a"), StringView::npos);
+  EXPECT_EQ(Find(u"ab", u"abc"), StringView::npos);
+}
+
 }  // namespace
 }  // namespace zolt20::tests

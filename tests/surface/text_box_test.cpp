@@ -1,3 +1,6 @@
+#include <set>
+#include <vector>
+
 #include "tests/surface/bare_form.h"
 
 namespace zolt20::tests {
@@ -85,6 +88,70 @@ TEST_F(SyntaxTextBoxTest, HighlightHasNoEffectOnTheText) {
   EXPECT_EQ(form.TxtOutput.Text(), u"select");
   form.TxtOutput.Highlight(false);
   EXPECT_FALSE(form.TxtOutput.Highlight());
+}
+
+// Writing the end of a text.
+
+TEST_F(TextBoxTest, AnEndIsWrittenInPlaceOfWhatStandsThere) {
+  form.txtCond.Text(u"abc");
+  form.txtCond.ReplaceFrom(1, u"xyz");
+  EXPECT_EQ(form.txtCond.Text(), u"axyz");
+  form.txtCond.ReplaceFrom(4, u"!");
+  EXPECT_EQ(form.txtCond.Text(), u"axyz!");
+  form.txtCond.ReplaceFrom(0, u"");
+  EXPECT_EQ(form.txtCond.Text(), u"");
+  EXPECT_EQ(Events(), Texts(4, "Change txtCond"));
+}
+
+TEST_F(TextBoxTest, AnEndThatDiffersPutsTheCaretAtTheStartBeforeChange) {
+  form.txtCond.Text(u"abc");
+  form.txtCond.SelStart(2);
+  int caretInside = -1;
+  When("Change txtCond", [&] { caretInside = form.txtCond.SelStart(); });
+  form.txtCond.ReplaceFrom(3, u"d");
+  EXPECT_EQ(caretInside, 0);
+  EXPECT_EQ(Events(), Texts(2, "Change txtCond"));
+}
+
+TEST_F(TextBoxTest, AnEndThatDoesNotDifferDoesNothing) {
+  form.txtCond.Text(u"abc");
+  form.txtCond.SelStart(2);
+  Events();
+  form.txtCond.ReplaceFrom(1, u"bc");
+  form.txtCond.ReplaceFrom(3, u"");
+  EXPECT_EQ(form.txtCond.SelStart(), 2);
+  EXPECT_EQ(Events(), Texts{});
+}
+
+TEST_F(TextBoxTest, ASnapshotKeepsItsTextWhenAnEndIsWritten) {
+  form.txtCond.Text(u"abc");
+  form.TxtOutput.Text(u"abc");
+  const SurfaceState before = form.Save();
+  form.txtCond.ReplaceFrom(3, u"d");
+  form.TxtOutput.ReplaceFrom(3, u"d");
+  EXPECT_EQ(form.TxtOutput.Text(), u"abcd");
+  form.Restore(before);
+  EXPECT_EQ(form.txtCond.Text(), u"abc");
+  EXPECT_EQ(form.TxtOutput.Text(), u"abc");
+  EXPECT_EQ(Events(), Texts(2, "Change txtCond"));
+}
+
+TEST_F(TextBoxTest, ARevisionIsAnotherAfterEachChange) {
+  std::vector<std::size_t> revisions{form.TxtOutput.Revision()};
+  const auto note = [&] { revisions.push_back(form.TxtOutput.Revision()); };
+  form.TxtOutput.Text(u"abc");
+  note();
+  form.TxtOutput.ReplaceFrom(3, u"d");
+  note();
+  form.UserType(form.TxtOutput, u"e");
+  note();
+  form.Restore(form.Save());
+  note();
+  EXPECT_EQ(std::set<std::size_t>(revisions.begin(), revisions.end()).size(), revisions.size());
+  form.TxtOutput.Text(u"e");
+  form.TxtOutput.ReplaceFrom(0, u"e");
+  EXPECT_EQ(form.TxtOutput.Revision(), revisions.back());
+  Events();
 }
 
 }  // namespace

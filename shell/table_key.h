@@ -1,0 +1,64 @@
+// What tells one table from another in lists of names: the first 8 characters, or all of a shorter
+// name.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "surface/string.h"
+
+namespace zolt20 {
+
+inline constexpr std::size_t kTableLength = 8;
+
+struct TableKey {
+  explicit TableKey(StringView name) : length(std::min(name.size(), kTableLength)) {
+    std::copy_n(name.begin(), length, characters.begin());
+  }
+
+  friend bool operator==(const TableKey&, const TableKey&) = default;
+
+  std::array<char16_t, kTableLength> characters{};
+  std::size_t length;
+};
+
+struct TableKeyHash {
+  std::size_t operator()(const TableKey& key) const {
+    std::array<std::uint64_t, 2> halves{};
+    std::memcpy(halves.data(), key.characters.data(), sizeof(halves));
+    constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;
+    std::uint64_t hash = (halves[0] ^ key.length) * kOdd;
+    hash = ((hash ^ (hash >> 32)) + halves[1]) * kOdd;
+    return static_cast<std::size_t>(hash ^ (hash >> 29));
+  }
+};
+
+/// A set of tables that may take another for one of them, rarely, and never one of them for
+/// another. It fits into the processor's cache where the tables themselves do not.
+class TableFilter {
+ public:
+  /// For about so many tables.
+  explicit TableFilter(std::size_t tables) {
+    constexpr std::size_t kBitsOfTable = 16;
+    std::size_t bits = 64;
+    while (bits < tables * kBitsOfTable)
+      bits *= 2;
+    bits_.resize(bits);
+  }
+
+  void Add(const TableKey& key) { bits_[PlaceOf(key)] = true; }
+  bool MayHold(const TableKey& key) const { return bits_[PlaceOf(key)]; }
+
+ private:
+  std::size_t PlaceOf(const TableKey& key) const {
+    return TableKeyHash()(key) & (bits_.size() - 1);
+  }
+
+  std::vector<bool> bits_;
+};
+
+}  // namespace zolt20
