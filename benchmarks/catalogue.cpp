@@ -1,130 +1,178 @@
-// What the control costs. Each figure stands beside its yardstick, measured in the same run, so
-// that the ratio counts and not the machine.
-#include <benchmark/benchmark.h>
+// Catalogues of a million records: written, pointed at, read back, kept.
+#include <malloc.h>
 
-#include <algorithm>
 #include <cstring>
 #include <memory>
-#include <random>
 #include <string>
-#include <vector>
+#include <utility>
 
-#include "shell/control.h"
+#include "benchmarks/bars.h"
+#include "benchmarks/forms.h"
 
+namespace zolt20::bench {
 namespace {
 
-using zolt20::String;
-using zolt20::ZOLT20MapControl;
-
-class SilentHost final : public zolt20::ControlHost {
- public:
-  void eventCancel() override {}
-  void eventDone() override {}
-  void eventSubQuery() override {}
-  void eventCondition() override {}
-  void eventFunction() override {}
-  void PropertyChanged(std::string_view) override {}
-  void ShowMessage(const zolt20::Message&) override {}
-};
-
-String Digits(int number, std::size_t width) {
-  const std::string digits = std::to_string(number);
-  String text(width - digits.size(), u'0');
-  text.append(digits.begin(), digits.end());
-  return text;
-}
-
-constexpr int kFieldsOfTable = 50;
-
-struct Lists {
-  String tables;
-  String fields;
-};
-
-// Records of about 45 characters, 50 to a table, grouped by table or shuffled.
-Lists MakeLists(int records, bool shuffled) {
-  std::vector<String> all;
-  Lists lists;
-  for (int i = 0; i < records; ++i) {
-    const String table = u"T" + Digits(i / kFieldsOfTable, 7);
-    if (i % kFieldsOfTable == 0) lists.tables += table + u"2,";
-    all.push_back(u"long*Q*V*R*N*N" + table + u".FLD" + Digits(i % kFieldsOfTable, 4) +
-                  u"*Q*V*R*N*" + u"X9");
-  }
-  if (shuffled) std::shuffle(all.begin(), all.end(), std::mt19937(1));
-  for (const String& record : all) {
-    if (!lists.fields.empty()) lists.fields += u',';
-    lists.fields += record;
-  }
-  lists.tables.pop_back();
-  return lists;
-}
-
-const Lists& ListsOf(int records, bool shuffled) {
-  static const Lists kSmall = MakeLists(1000, false);
-  static const Lists kGrouped = MakeLists(1'000'000, false);
-  static const Lists kShuffled = MakeLists(1'000'000, true);
-  if (records == 1000) return kSmall;
-  return shuffled ? kShuffled : kGrouped;
-}
-
-// The yardstick of the lists: the same bytes into fresh memory.
-void CopyOfTheFields(benchmark::State& state) {
-  const String& fields = ListsOf(1'000'000, state.range(0) != 0).fields;
-  for (auto _ : state) {
-    const std::unique_ptr<char16_t[]> copy(new char16_t[fields.size()]);
-    std::memcpy(copy.get(), fields.data(), fields.size() * sizeof(char16_t));
+// The same bytes into fresh memory.
+double CopySeconds(const String& text) {
+  ForgetFreeMemory();
+  return SecondsOf([&] {
+    const std::unique_ptr<char16_t[]> copy(new char16_t[text.size()]);
+    std::memcpy(copy.get(), text.data(), text.size() * sizeof(char16_t));
     benchmark::DoNotOptimize(copy.get());
-  }
+  });
 }
-BENCHMARK(CopyOfTheFields)->ArgName("shuffled")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
-void FieldsUpToTheFirstClick(benchmark::State& state) {
-  const Lists& lists = ListsOf(1'000'000, state.range(0) != 0);
+// With the copy that the control keeps, up to and including the first click on a table.
+void FieldsUpToTheFirstClick(benchmark::State& state, bool shuffled, double bar) {
+  const Lists& lists = MillionRecords(shuffled);
   SilentHost host;
-  for (auto _ : state) {
-    state.PauseTiming();
-    auto control = std::make_unique<ZOLT20MapControl>(host);
-    control->PrpStrTables(lists.tables);
-    String fields = lists.fields;
-    state.ResumeTiming();
-    control->PrpStrFields(std::move(fields));
-    control->UserClick(control->Form().lsttables, 7);
-    state.PauseTiming();
-    control.reset();
-    state.ResumeTiming();
-  }
+  const auto work = [&] {
+    ZOLT20MapControl control(host);
+    control.PrpStrTables(lists.tables);
+    ForgetFreeMemory();
+    return SecondsOf([&] {
+      control.PrpStrFields(lists.fields);
+      control.UserClick(control.Form().lsttables, 7);
+    });
+  };
+  Compare(state, Bar::kRatio, bar, work, [&] { return CopySeconds(lists.fields); });
 }
-BENCHMARK(FieldsUpToTheFirstClick)
-    ->ArgName("shuffled")
-    ->Arg(0)
-    ->Arg(1)
-    ->Unit(benchmark::kMillisecond);
 
-// The same work on catalogues of any size.
-void MarkAndUnmarkATable(benchmark::State& state) {
-  const Lists& lists = ListsOf(static_cast<int>(state.range(0)), false);
+// A click that marks a table of 50 fields and one that unmarks it.
+class Clicks {
+ public:
+  explicit Clicks(const Lists& lists) : control_(host_) {
+    control_.PrpStrTables(lists.tables);
+    control_.PrpStrFields(lists.fields);
+  }
+  double Mark() {
+    return SecondsOf([&] { control_.UserClick(control_.Form().lsttables, 7); });
+  }
+
+ private:
+  SilentHost host_;
+  ZOLT20MapControl control_;
+};
+
+void ClickThatMarks(benchmark::State& state) {
+  Clicks large(MillionRecords(false));
+  Clicks small(ThousandRecords());
+  const auto marking = [](Clicks& clicks) {
+    const double seconds = clicks.Mark();
+    clicks.Mark();
+    return seconds;
+  };
+  Compare(
+      state, Bar::kRatio, 1.5, [&] { return marking(large); }, [&] { return marking(small); });
+}
+
+void ClickThatUnmarks(benchmark::State& state) {
+  Clicks large(MillionRecords(false));
+  Clicks small(ThousandRecords());
+  const auto unmarking = [](Clicks& clicks) {
+    clicks.Mark();
+    return clicks.Mark();
+  };
+  Compare(
+      state, Bar::kRatio, 1.5, [&] { return unmarking(large); }, [&] { return unmarking(small); });
+}
+
+double SecondsToClear(int tables, int fields) {
+  const Lists lists = MakeLists(tables, fields);
   SilentHost host;
   ZOLT20MapControl control(host);
   control.PrpStrTables(lists.tables);
   control.PrpStrFields(lists.fields);
-  for (auto _ : state) {
-    control.UserClick(control.Form().lsttables, 7);
-    control.UserClick(control.Form().lsttables, 7);
-  }
+  for (int table = 0; table < tables; ++table)
+    control.UserClick(control.Form().lsttables, table);
+  ForgetFreeMemory();
+  return SecondsOf([&] { control.ClearAll(0); });
 }
-BENCHMARK(MarkAndUnmarkATable)->ArgName("records")->Arg(1000)->Arg(1'000'000);
 
-void CreateAControl(benchmark::State& state) {
+void ClearAllOfMarkedTables(benchmark::State& state) {
+  Compare(
+      state, Bar::kRatio, 9, [] { return SecondsToClear(200, 200); },
+      [] { return SecondsToClear(100, 100); });
+}
+
+// The select list of 1,000 items, read back from a statement.
+class ReadBack {
+ public:
+  ReadBack(const Lists& lists, bool wholeTables) : control_(host_) {
+    control_.PrpStrTables(lists.tables);
+    control_.PrpStrFields(lists.fields);
+    String statement = u"select ";
+    for (int item = 0; item < 1000; ++item) {
+      if (item > 0) statement += u',';
+      statement += wholeTables ? TableName(item % 20) + u".*" : FieldName(item % 20, item / 20);
+    }
+    control_.prpStroutput(statement + u"~from  T0000000~endselect");
+  }
+  double Get() {
+    return SecondsOf([&] { benchmark::DoNotOptimize(control_.prpstrSelectedFields()); });
+  }
+
+ private:
+  SilentHost host_;
+  ZOLT20MapControl control_;
+};
+
+void ReadSelectedFields(benchmark::State& state, bool wholeTables) {
+  ReadBack large(MillionRecords(false), wholeTables);
+  ReadBack small(ThousandRecords(), wholeTables);
+  Compare(
+      state, Bar::kRatio, 3, [&] { return large.Get(); }, [&] { return small.Get(); });
+}
+
+// What is allocated at the moment.
+std::size_t LiveBytes() {
+  const struct mallinfo2 info = mallinfo2();
+  return info.uordblks + info.hblkhd;
+}
+
+void MemoryOfTheCatalogue(benchmark::State& state) {
+  const Lists& lists = MillionRecords(false);
+  const auto bytes = static_cast<double>(lists.fields.size() * sizeof(char16_t));
   SilentHost host;
+  double kept = 0;
   for (auto _ : state) {
     ZOLT20MapControl control(host);
-    control.UserControl_InitProperties();
-    benchmark::DoNotOptimize(&control);
+    control.PrpStrTables(lists.tables);
+    const std::size_t before = LiveBytes();
+    control.PrpStrFields(lists.fields);
+    kept = static_cast<double>(LiveBytes() - before);
+    state.SetIterationTime(1);
   }
+  constexpr double kMegabyte = 1e6;
+  Report(state, kept / kMegabyte, bytes / kMegabyte, Bar::kRatio, 1.5, "MB");
 }
-BENCHMARK(CreateAControl)->Unit(benchmark::kMicrosecond);
+
+const int kRegistered = [] {
+  const auto add = [](const char* name, auto function, int iterations) {
+    benchmark::RegisterBenchmark(name, function)->UseManualTime()->Iterations(iterations);
+  };
+  add(
+      "1,000,000 records to the first click, grouped | a copy",
+      [](benchmark::State& state) { FieldsUpToTheFirstClick(state, false, 3.5); }, 9);
+  add(
+      "1,000,000 records to the first click, shuffled | a copy",
+      [](benchmark::State& state) { FieldsUpToTheFirstClick(state, true, 6); }, 9);
+  add("a click that marks: 1,000,000 records | 1,000", ClickThatMarks, 1001);
+  add("a click that unmarks: 1,000,000 records | 1,000", ClickThatUnmarks, 1001);
+  add("ClearAll(0): 200 tables of 200 marked | 100 of 100", ClearAllOfMarkedTables, 9);
+  add(
+      "1,000 fields read back: 1,000,000 records | 1,000",
+      [](benchmark::State& state) { ReadSelectedFields(state, false); }, 21);
+  add(
+      "1,000 whole tables read back: 1,000,000 records | 1,000",
+      [](benchmark::State& state) { ReadSelectedFields(state, true); }, 5);
+  add("memory of 1,000,000 records | their string", MemoryOfTheCatalogue, 1);
+  return 0;
+}();
 
 }  // namespace
+}  // namespace zolt20::bench
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  return zolt20::bench::Run(argc, argv);
+}

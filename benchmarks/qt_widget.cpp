@@ -9,13 +9,15 @@
 #include <QTest>
 #include <QTextBlock>
 
+#include "benchmarks/bars.h"
 #include "faces/qt/map_widget.h"
 #include "faces/qt/rows_view.h"
 #include "surface/surface.h"
 
+namespace zolt20::bench {
 namespace {
 
-using zolt20::qt::RowsView;
+using qt::RowsView;
 
 // A message would wait for somebody to answer it.
 class Widget final : public ZOLT20MapWidget {
@@ -48,73 +50,114 @@ class Tables {
     widget_.repaint();
     QApplication::processEvents();
   }
+  void AddRow() {
+    widget_.setPrpStrTables(QStringLiteral("T99999990"));
+    QApplication::processEvents();
+  }
 
  private:
   Widget widget_;
 };
 
+constexpr int kShort = 1000;
+constexpr int kLong = 100'000;
+
+// Measures a step on a list of 100,000 rows beside the same on one of 1,000.
+template <typename Step>
+void OnBothLists(benchmark::State& state, double bar, const Step& step) {
+  Tables longList(kLong);
+  Tables shortList(kShort);
+  Compare(
+      state, Bar::kFigure, bar, [&] { return SecondsOf([&] { step(longList); }); },
+      [&] { return SecondsOf([&] { step(shortList); }); });
+}
+
 void DrawNewRows(benchmark::State& state) {
-  Tables tables(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
+  OnBothLists(state, 16e-3, [](Tables& tables) {
     tables.view().ReplaceRows();
     tables.view().ShowMarks();
     benchmark::DoNotOptimize(tables.view().grab());
-  }
+  });
 }
-BENCHMARK(DrawNewRows)->ArgName("rows")->Arg(1000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+// Appended by the host, and shown.
+void OneMoreRow(benchmark::State& state) {
+  OnBothLists(state, 1e-3, [](Tables& tables) { tables.AddRow(); });
+}
 
 // One letter more or less in the filter: every tenth row is drawn, and then every hundredth.
 void FilterRows(benchmark::State& state) {
-  Tables tables(static_cast<int>(state.range(0)));
-  auto& filter = *tables.view().window()->findChild<QLineEdit*>(QStringLiteral("lsttables.filter"));
-  for (auto _ : state) {
+  OnBothLists(state, 0, [](Tables& tables) {
+    auto& filter =
+        *tables.view().window()->findChild<QLineEdit*>(QStringLiteral("lsttables.filter"));
     filter.setText(filter.text() == u"7" ? QStringLiteral("77") : QStringLiteral("7"));
     tables.Draw();
-  }
+  });
 }
-BENCHMARK(FilterRows)->ArgName("rows")->Arg(1000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 // A click on the first row, with its step for Undo, and what it changes on the screen.
 void MarkARow(benchmark::State& state) {
-  Tables tables(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
+  OnBothLists(state, 0, [](Tables& tables) {
     QTest::mouseClick(tables.view().viewport(), Qt::LeftButton, {}, QPoint(20, 8));
     tables.Draw();
-  }
+  });
 }
-BENCHMARK(MarkARow)->ArgName("rows")->Arg(1000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
-// A key in the middle of a coloured text, and what it changes on the screen.
-void TypeAKey(benchmark::State& state) {
-  Widget widget;
-  widget.setSyntax_Highlight(true);
-  QString text;
-  while (text.size() < state.range(0))
-    text += QStringLiteral("if CUSTOMER.C_ID = :var.id and \"x\" <> upper(NAME) then~");
-  widget.setPrpStroutput(text);
-  widget.resize(900, 650);
-  widget.show();
-  widget.activateWindow();
-  auto& box = *widget.findChild<QPlainTextEdit*>(QStringLiteral("TxtOutput"));
-  box.setFocus();
-  QTextCursor middle(box.document()->findBlockByNumber(box.blockCount() / 2));
-  box.setTextCursor(middle);
-  QApplication::processEvents();
-  for (auto _ : state) {
-    QTest::keyClick(&box, Qt::Key_7);
-    widget.repaint();
+// A coloured text of so many letters, in which somebody types.
+class Text {
+ public:
+  explicit Text(int letters) {
+    widget_.setSyntax_Highlight(true);
+    QString text;
+    while (text.size() < letters)
+      text += QStringLiteral("if CUSTOMER.C_ID = :var.id and \"x\" <> upper(NAME) then~");
+    widget_.setPrpStroutput(text);
+    widget_.resize(900, 650);
+    widget_.show();
+    widget_.activateWindow();
+    box_ = widget_.findChild<QPlainTextEdit*>(QStringLiteral("TxtOutput"));
+    box_->setFocus();
+    box_->setTextCursor(QTextCursor(box_->document()->findBlockByNumber(box_->blockCount() / 2)));
     QApplication::processEvents();
   }
+  // A key in the middle of the text, and what it changes on the screen.
+  void TypeAKey() {
+    QTest::keyClick(box_, Qt::Key_7);
+    widget_.repaint();
+    QApplication::processEvents();
+  }
+
+ private:
+  Widget widget_;
+  QPlainTextEdit* box_ = nullptr;
+};
+
+void TypeAKey(benchmark::State& state) {
+  Text longText(1'000'000);
+  Text shortText(1000);
+  Compare(
+      state, Bar::kFigure, 16e-3, [&] { return SecondsOf([&] { longText.TypeAKey(); }); },
+      [&] { return SecondsOf([&] { shortText.TypeAKey(); }); });
 }
-BENCHMARK(TypeAKey)->ArgName("letters")->Arg(1000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+void Register() {
+  const auto add = [](const char* name, auto function) {
+    benchmark::RegisterBenchmark(name, function)->UseManualTime()->Iterations(51);
+  };
+  add("the first screen of a list: 100,000 rows | 1,000", DrawNewRows);
+  add("one more row in a list: 100,000 rows | 1,000", OneMoreRow);
+  add("a letter in the filter of a list: 100,000 rows | 1,000", FilterRows);
+  add("a click on a row: 100,000 rows | 1,000", MarkARow);
+  add("a key in a coloured text: 1,000,000 letters | 1,000", TypeAKey);
+}
 
 }  // namespace
+}  // namespace zolt20::bench
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  benchmark::Initialize(&argc, argv);
-  QApplication application(argc, argv);
+  const QApplication application(argc, argv);
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  zolt20::bench::Register();
+  return zolt20::bench::Run(argc, argv);
 }
