@@ -9,6 +9,7 @@
 #include "hosts/automation/session.h"
 #include "tests/qt/widget_test.h"
 #include "tests/support/example_sessions.h"
+#include "tests/support/session_maker.h"
 
 namespace zolt20::tests {
 namespace {
@@ -330,6 +331,32 @@ TEST_P(ClickingAroundTest, TheWidgetGoesTheWayOfTheSession) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Seed, ClickingAroundTest, ::testing::Range(1U, 7U));
+
+// People who know what they want.
+class MadeUpSessionsTest : public ReplayTest, public ::testing::WithParamInterface<unsigned> {};
+
+TEST_P(MadeUpSessionsTest, TheWidgetGoesTheWayOfTheSession) {
+  constexpr unsigned kSessionsOfEach = 10;
+  constexpr int kSteps = 40;
+  int results = 0;
+  for (unsigned i = 0; i < kSessionsOfEach; ++i) {
+    const unsigned seed = GetParam() * kSessionsOfEach + i;
+    Play(R"({"new":{}})");
+    SessionMaker maker(seed, Gestures::kOfAPerson,
+                       [this](const std::string& control) { return IsInSight(control); });
+    for (int step = 0; step < kSteps; ++step) {
+      SCOPED_TRACE("seed " + std::to_string(seed) + ", step " + std::to_string(step));
+      const Json request = maker.Next(form());
+      maker.Hear(request, Json::parse(session_.Reply(R"({"save":true})")));
+      Play(request.dump());
+      if (HasFailure()) return;
+    }
+    if (!form().TxtOutput.Text().empty()) ++results;
+  }
+  EXPECT_GT(results, static_cast<int>(kSessionsOfEach) / 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, MadeUpSessionsTest, ::testing::Range(0U, 6U));
 
 }  // namespace
 }  // namespace zolt20::tests

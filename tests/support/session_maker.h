@@ -1,0 +1,84 @@
+// People and hosts made up at random, from a seed: requests of the automation host, one by one,
+// chosen by what the form shows at the moment.
+//
+// They go about it in courses, such as marking a table, moving a field and adding the statement, so
+// that they get somewhere; and now and then something happens that nobody would do.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "surface/surface.h"
+
+namespace zolt20::tests {
+
+/// What gestures a session may hold: any, or those that a person can make by mouse and keys.
+enum class Gestures { kAny, kOfAPerson };
+
+class SessionMaker {
+ public:
+  using Json = nlohmann::ordered_json;
+
+  /// `isInSight` tells whether a person can reach the control of a name; with kAny it is not asked.
+  explicit SessionMaker(
+      unsigned seed, Gestures gestures = Gestures::kAny,
+      std::function<bool(const std::string&)> isInSight = [](const std::string&) { return true; });
+
+  /// The next request to a control whose form is this.
+  Json Next(const Surface& form);
+  /// The reply to it; that to a "save" is what a new control is made from later.
+  void Hear(const Json& request, const Json& reply);
+
+ private:
+  // What to do once the form is known; null when it can't be done.
+  using Wish = std::function<Json(const Surface&)>;
+
+  int Any(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
+  bool OneIn(int count) { return Any(count) == 0; }
+  template <typename Entries>
+  auto AnyOf(const Entries& entries) {
+    return entries[static_cast<std::size_t>(Any(static_cast<int>(entries.size())))];
+  }
+
+  void Do(Wish wish) { wishes_.push_back(std::move(wish)); }
+  void Do(Json request);
+  void DoOnAnyRow(const char* verb, const char* list);
+  void DoOnRow(const char* verb, const char* list, std::string holding);
+  void DoType(const char* box, std::string text);
+
+  // Courses.
+  void WriteCatalogue();
+  void TakeUpACourse();
+  void MarkATable();
+  void ComposeTheSelectList();
+  void ComposeACondition();
+  void OrderAndLimit();
+  void FillABlock();
+  void NestAStatement();
+  void FillInCaseRows();
+  void BringPartsBack();
+  void ReadAndWriteProperties();
+  void SaveAndReopen();
+  Json AnythingAtAll(const Surface& form);
+
+  bool IsPossible(const Json& request, const Surface& form) const;
+  Json Answer();
+  std::string Field();
+  std::string Value();
+  std::string EncodedText();
+
+  std::mt19937 random_;
+  Gestures gestures_;
+  std::function<bool(const std::string&)> isInSight_;
+  std::deque<Wish> wishes_;
+  std::vector<std::string> tables_;
+  std::vector<std::string> fields_;  // qualified names
+  Json catalogue_;                   // the two requests that wrote it
+  Json bag_;                         // the values last saved
+};
+
+}  // namespace zolt20::tests
