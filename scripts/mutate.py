@@ -1,0 +1,616 @@
+#!/usr/bin/env python3
+"""Changes the logic in small ways, one change at a time, and runs the tests on each.
+
+A change is called a mutant; it is killed when a test fails on it, and survives when none does. The test programs are built
+once, with the logic as a shared library. For each mutant the one changed file is compiled into a copy of that library, and
+the programs run with the copy, that of the changed folder first, until a test fails.
+
+A mutant that does not compile is none, and one that compiles to the same object code as the original can be told from it by
+nobody; neither counts. A survivor stands in scripts/mutants.txt with the reason why no test can tell it. Exit status 1 when
+one survives that has no reason.
+
+A whole run (all folders, the seed and number by default) writes docs/mutation.md, and names reasons that no survivor needs.
+"""
+import argparse
+import concurrent.futures
+import hashlib
+import json
+import os
+import pathlib
+import re
+import resource
+import shutil
+import signal
+import subprocess
+import sys
+import threading
+
+LOGIC = ['surface', 'shell', 'select', 'where', 'statement', 'condition']
+PROGRAMS = LOGIC + ['hosts']
+REASONS = pathlib.Path('scripts/mutants.txt')
+REPORT = pathlib.Path('docs/mutation.md')
+BUILD = pathlib.Path('build/mutation')
+WORK = pathlib.Path('build/mutants')
+LIBRARY = 'libzolt20_control.so'
+# Assertions on, those of the library too: what the tests of ./check would stop at counts as killed.
+COMPILE = ['g++', '-std=c++20', '-O1', '-fPIC', '-Wreturn-type', '-Werror=return-type', '-D_GLIBCXX_ASSERTIONS']
+COUNT = 460
+LEAST_PER_FOLDER = 30
+MEMORY_KIB = 2 << 20
+WALL_SECONDS = 900
+
+KINDS = {
+    'comparison': 'a comparison turned round, or its bound moved by one',
+    'junction': '"and" and "or" taken for each other',
+    'negation': 'the condition of an if or a while negated',
+    'truth': 'true and false taken for each other',
+    'number': 'a number one more or one less',
+    'sign': 'plus and minus taken for each other',
+    'text': 'a character of a text added, dropped or changed',
+    'dropped': 'a statement left out',
+    'swapped': 'two statements in the other order',
+}
+
+
+class Mutant:
+    def __init__(self, path, kind, start, end, new, text, change):
+        self.path, self.kind, self.start, self.end, self.new = path, kind, start, end, new
+        line_start = text.rfind('\n', 0, start) + 1
+        line_end = text.find('\n', start)
+        self.line = text.count('\n', 0, start) + 1
+        context = text[line_start:line_end].strip()
+        if kind in ('dropped', 'swapped'):
+            self.name = '%s: %s: %s' % (path, kind, change)
+        else:
+            self.name = '%s: %s, %s: %s' % (path, kind, change, context)
+
+    def applied(self, text):
+        return text[:self.start] + self.new + text[self.end:]
+
+
+def quoted(text):
+    return '`%s`' % text
+
+
+def one_line(text):
+    return re.sub(r'\s+', ' ', text.strip())
+
+
+def masked(text):
+    """The text with comments, preprocessor lines, assertions and what stands in literals made blank, place for place.
+
+    Beside it, the literals as (start, end) of what stands between their quotes.
+    """
+    out = list(text)
+    literals = []
+
+    def blank(start, end):
+        for i in range(start, end):
+            if out[i] != '\n':
+                out[i] = ' '
+
+    token = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|(?<![0-9A-Fa-f])\'(?:\\.|[^\'\\\n])+\'|'
+                       r'(?m:^[ \t]*#(?:[^\n]*\\\n)*[^\n]*)', re.S)
+    for found in token.finditer(text):
+        start, end = found.span()
+        if found.group()[0] in '"\'':
+            literals.append((start + 1, end - 1))
+            blank(start + 1, end - 1)
+        elif text[start] == 'u':
+            continue
+        else:
+            blank(start, end)
+    for found in re.finditer(r'\b(?:static_)?assert\(', ''.join(out)):
+        end = matching(''.join(out), found.end() - 1)
+        blank(found.start(), end)
+        literals = [each for each in literals if not found.start() <= each[0] < end]
+    return ''.join(out), literals
+
+
+def matching(text, opened):
+    """The place behind the parenthesis that closes the one at `opened`."""
+    depth = 0
+    for i in range(opened, len(text)):
+        if text[i] == '(':
+            depth += 1
+        elif text[i] == ')':
+            depth -= 1
+            if depth == 0:
+                return i + 1
+    return len(text)
+
+
+def statements(mask):
+    """Yields runs of neighbouring statements that can be left out, each as a list of (start, end) with the semicolon."""
+    run = []
+    depth = 0
+    start = 0
+    for i, character in enumerate(mask):
+        if character == '(':
+            depth += 1
+        elif character == ')':
+            depth -= 1
+        elif depth == 0 and character in '{}':
+            if run:
+                yield run
+            run, start = [], i + 1
+        elif depth == 0 and character == ';':
+            begin, is_alone = begin_of_statement(mask, start, i)
+            movable = begin is not None
+            if not is_alone and run:
+                yield run
+                run = []
+            if movable:
+                run.append((begin, i + 1))
+            if run and (not movable or not is_alone):
+                yield run
+                run = []
+            start = i + 1
+    if run:
+        yield run
+
+
+def begin_of_statement(mask, start, end):
+    """Where the statement that ends there begins, behind labels and heads, or None when it is no statement to leave out;
+    and whether it stands on its own, behind no head."""
+    is_alone = True
+    while True:
+        start += len(mask[start:end]) - len(mask[start:end].lstrip())
+        rest = mask[start:end]
+        label = re.match(r'(?:case [\w:]+|default|public|private|protected)\s*:(?!:)', rest)
+        head = re.match(r'(?:else\s+)?(?:if|for|while|switch) (?:constexpr )?\(', rest)
+        if label:
+            start += label.end()
+            is_alone = False
+        elif head:
+            start = matching(mask, start + head.end() - 1)
+            is_alone = False
+        elif re.match(r'else\b', rest):
+            start += len('else')
+            is_alone = False
+        else:
+            break
+    rest = mask[start:end].strip()
+    if not rest:
+        return None, is_alone
+    if re.match(r'(?:return|break|continue|throw)\b', rest):
+        return start, False
+    if re.match(r'(?:const|constexpr|static|auto|using|struct|class|enum|template|friend|typedef|inline|namespace)\b', rest):
+        return None, is_alone
+    if re.match(r'[\w:]+(?:<[^;()]*>)?[&*]* +[&*]*\w+\s*(?:$|[=({;])', rest) or '= default' in rest:
+        return None, is_alone
+    if not re.match(r'[\w(*+:-]', rest):
+        return None, is_alone
+    return start, is_alone
+
+
+def commute(first, second):
+    """Whether the two are plain writes to different things, of which neither fires an event, can fail or reads anything."""
+    write = re.compile(r'(\w+(?:\(\d+\))?)(?:\.(?:Visible|Enabled|BackColor|Caption|Clear|clear)\([^()]*\)|\.Text\(u""\)| = [\w.]+);')
+    left, right = write.fullmatch(first.strip()), write.fullmatch(second.strip())
+    return bool(left and right and 'txtwhereCondition' not in first + second and left.group(1) != right.group(1) and
+                left.group(1) not in second and right.group(1) not in first)
+
+
+def units(literal):
+    """The characters of a literal, escapes as one."""
+    return re.findall(r'\\u[0-9A-Fa-f]{4}|\\.|.', literal, re.S)
+
+
+def changed_texts(literal, quote):
+    """Yields the texts that a literal is changed to."""
+    pieces = units(literal)
+    if quote == "'":
+        yield '_' if literal != '_' else ' '
+        return
+    if not pieces:
+        yield 'x'
+        return
+    gaps = [i for i, piece in enumerate(pieces) if piece in (' ', '\\n', '\\t')]
+    if gaps:
+        yield ''.join(pieces[:gaps[0]] + pieces[gaps[0] + 1:])
+        if gaps[-1] != gaps[0]:
+            yield ''.join(pieces[:gaps[-1]] + pieces[gaps[-1] + 1:])
+    yield literal + ' '
+    other = pieces[-1].swapcase() if pieces[-1].swapcase() != pieces[-1] else '_'
+    yield ''.join(pieces[:-1] + [other])
+
+
+def mutants_of(path):
+    text = pathlib.Path(path).read_text('utf-8')
+    mask, literals = masked(text)
+    found = []
+
+    def add(kind, start, end, new, change=None):
+        found.append(Mutant(path, kind, start, end, new, text,
+                            change or '%s to %s' % (quoted(text[start:end]), quoted(new))))
+
+    # The format puts blanks around these where they compare, and none where they are brackets or references.
+    for old, new in [('<', '<='), ('<=', '<'), ('>', '>='), ('>=', '>'), ('==', '!='), ('!=', '==')]:
+        for each in re.finditer(r'(?<!template)(?<!operator) (%s)(?= |\n)' % re.escape(old), mask):
+            add('comparison', each.start(1), each.end(1), new)
+    for old, new in [('&&', '||'), ('||', '&&')]:
+        for each in re.finditer(r' (%s)(?= |\n)' % re.escape(old), mask):
+            add('junction', each.start(1), each.end(1), new)
+    for each in re.finditer(r'\b(?:if|while) (?:constexpr )?\(', mask):
+        start, end = each.end(), matching(mask, each.end() - 1) - 1
+        semicolon = mask.rfind(';', start, end)
+        start = start if semicolon < 0 else semicolon + 2
+        if re.match(r'const\b|auto\b', mask[start:end]):
+            continue
+        add('negation', start, end, '!(%s)' % text[start:end], quoted(one_line(text[start:end])) + ' negated')
+    for old, new in [('true', 'false'), ('false', 'true')]:
+        for each in re.finditer(r'\b%s\b' % old, mask):
+            add('truth', each.start(), each.end(), new)
+    for each in re.finditer(r'(?<![\w.])(0x[0-9A-Fa-f]+|\d+)(?![\w.])', mask):
+        digits = each.group(1)
+        value = int(digits, 0)
+        for new in [value + 1, value - 1]:
+            if new >= 0:
+                add('number', each.start(), each.end(), hex(new) if digits.startswith('0x') else str(new))
+    for pattern, old, new in [(r' (\+)(?= |\n)', '+', '-'), (r' (-)(?= |\n)', '-', '+'), (r' (\+=) ', '+=', '-='),
+                              (r' (-=) ', '-=', '+='), (r'(?<!\+)(\+\+)', '++', '--'), (r'(?<!-)(--)', '--', '++'),
+                              (r'(?<=[(\s])(-)(?=\w)', '-', '')]:
+        for each in re.finditer(pattern, mask):
+            add('sign', each.start(1), each.end(1), new)
+    for start, end in literals:
+        for new in changed_texts(text[start:end], text[end]):
+            add('text', start, end, new)
+    for run in statements(mask):
+        for start, end in run:
+            lines = text.count('\n', start, end)
+            add('dropped', start, end, ';' + '\n' * lines, quoted(one_line(text[start:end])))
+        for (first, first_end), (second, second_end) in zip(run, run[1:]):
+            if text[first:first_end] == text[second:second_end] or commute(text[first:first_end], text[second:second_end]):
+                continue
+            add('swapped', first, second_end,
+                text[second:second_end] + text[first_end:second] + text[first:first_end],
+                '%s and %s' % (quoted(one_line(text[first:first_end])), quoted(one_line(text[second:second_end]))))
+
+    seen = {}
+    for mutant in sorted(found, key=lambda each: (each.start, each.end)):
+        seen[mutant.name] = seen.get(mutant.name, 0) + 1
+        if seen[mutant.name] > 1:
+            mutant.name += ' [%d]' % seen[mutant.name]
+    return found
+
+
+def shares(total, sizes, least):
+    """Splits a number in proportion to the sizes, each share at least `least` or all there is."""
+    whole = sum(sizes.values())
+    result = {key: min(size, max(least, total * size // max(whole, 1))) for key, size in sizes.items()}
+    for key in sorted(sizes, key=lambda each: -sizes[each]):
+        while sum(result.values()) < total and result[key] < sizes[key]:
+            result[key] += 1
+            if sum(result.values()) % 2:
+                break
+    return result
+
+
+class Queue:
+    """Gives out mutants, for each file as many as count; one that does not count makes room for the next of its file."""
+
+    def __init__(self, by_file, quota):
+        self.lock = threading.Lock()
+        self.left = {path: list(mutants) for path, mutants in by_file.items()}
+        self.room = dict(quota)
+
+    def take(self):
+        with self.lock:
+            open_files = [path for path, mutants in self.left.items() if mutants and self.room[path] > 0]
+            if open_files:
+                path = max(open_files, key=lambda each: self.room[each])
+                self.room[path] -= 1
+                return self.left[path].pop(0)
+        return None
+
+    def give_back(self, mutant):
+        with self.lock:
+            self.room[mutant.path] += 1
+
+
+def run(command, **options):
+    return subprocess.run(command, check=True, **options)
+
+
+class Bench:
+    """The test programs, and the logic in object files of which each mutant takes the place of one."""
+
+    def __init__(self, jobs):
+        self.jobs = max(1, jobs)
+        self.root = pathlib.Path.cwd()
+        self.objects = {}
+        self.seconds = dict.fromkeys(PROGRAMS, 60)
+        self.killers = {}
+
+    def build(self):
+        print('Building the tests', flush=True)
+        environment = dict(os.environ, LD_LIBRARY_PATH=str(self.root / BUILD))
+        run(['cmake', '-S', '.', '-B', BUILD, '-G', 'Ninja', '-Wno-dev', '--log-level=WARNING', '-DCMAKE_BUILD_TYPE=Release',
+             '-DZOLT20_SHARED=ON', '-DZOLT20_QT=OFF', '-DCMAKE_SKIP_RPATH=ON'], stdout=subprocess.DEVNULL)
+        run(['cmake', '--build', BUILD, '--target', 'zolt20-host', *(each + '_tests' for each in PROGRAMS), '--', '--quiet'],
+            env=environment, stdout=subprocess.DEVNULL)
+
+        shutil.rmtree(WORK, ignore_errors=True)
+        (WORK / 'original').mkdir(parents=True)
+        headers = ['shell/contract.h', 'shell/control.h']
+        system = set()
+        for path in sources(LOGIC):
+            system.update(re.findall(r'#include (<\w+>)', pathlib.Path(path).read_text('utf-8')))
+        self.header = self.root / WORK / 'common.h'
+        self.header.write_text(''.join('#include %s\n' % name for name in sorted(system)) +
+                               ''.join('#include "%s"\n' % name for name in headers))
+        run([*COMPILE, '-I', str(self.root), '-x', 'c++-header', str(self.header), '-o', str(self.header) + '.gch'])
+        print('Building the logic', flush=True)
+        for path in sources(LOGIC):
+            self.objects[path] = self.root / WORK / 'original' / (path.replace('/', '_') + '.o')
+        with concurrent.futures.ThreadPoolExecutor(self.jobs) as pool:
+            complaints = pool.map(lambda each: self.compile(each, pathlib.Path(each).read_text('utf-8'), self.objects[each]),
+                                  self.objects)
+            for complaint in filter(None, complaints):
+                sys.exit(complaint)
+        self.link(self.root / WORK / 'original', {})
+
+    def compile(self, path, text, output):
+        """What the compiler complains about, or ""."""
+        command = [*COMPILE, '-I', str(self.root), '-include', str(self.header), '-x', 'c++', '-', '-c', '-o', str(output)]
+        done = subprocess.run(command, input='#line 1 "%s"\n%s' % (path, text), text=True, cwd=self.root / WORK,
+                              stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+        return '' if done.returncode == 0 else done.stderr or 'failed'
+
+    def link(self, folder, replaced):
+        objects = [str(replaced.get(path, output)) for path, output in self.objects.items()]
+        run(['g++', '-shared', '-o', str(folder / LIBRARY), *objects])
+
+    def measure(self):
+        """The tests must pass before they can judge; the time they take decides when they take too long."""
+        for program in PROGRAMS:
+            before = resource.getrusage(resource.RUSAGE_CHILDREN)
+            verdict = self.test(program, self.root / WORK / 'original')
+            after = resource.getrusage(resource.RUSAGE_CHILDREN)
+            if verdict:
+                sys.exit('The unchanged logic fails %s_tests: %s' % (program, verdict))
+            used = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+            self.seconds[program] = int(10 + 10 * used)
+
+    def test(self, program, folder, only='*'):
+        """What the program died of: "time", "crash" or the name of the test that failed; "" when all pass."""
+        scratch = folder / 'tmp'
+        scratch.mkdir(exist_ok=True)
+        environment = dict(os.environ, LD_LIBRARY_PATH=str(folder), GTEST_BRIEF='1', GTEST_FAIL_FAST='1',
+                           GTEST_FILTER=only, TMPDIR=str(scratch), TEST_TMPDIR=str(scratch))
+        command = 'ulimit -c 0; ulimit -t %d; ulimit -v %d; exec "$0"' % (self.seconds[program], MEMORY_KIB)
+        process = subprocess.Popen(['sh', '-c', command, str(self.root / BUILD / 'tests' / (program + '_tests'))],
+                                   env=environment, cwd=scratch, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                   stderr=subprocess.DEVNULL, start_new_session=True)
+        try:
+            output, _ = process.communicate(timeout=WALL_SECONDS)
+        except subprocess.TimeoutExpired:
+            output = b''
+        finally:
+            try:
+                os.killpg(process.pid, signal.SIGKILL)
+            except ProcessLookupError:
+                pass
+        process.wait()
+        if process.returncode == 0:
+            return ''
+        failed = re.search(r'\[  FAILED  \] ([\w./]+)', output.decode('utf-8', 'replace'))
+        if failed:
+            return failed.group(1)
+        return 'time' if process.returncode in (-signal.SIGXCPU, -signal.SIGKILL) else 'crash'
+
+    def judge(self, mutant, folder):
+        """The verdict, and what it rests on: ("killed", "shell: Suite.Test"), ("survived", "") and so on."""
+        text = pathlib.Path(mutant.path).read_text('utf-8')
+        output = folder / 'mutant.o'
+        if self.compile(mutant.path, mutant.applied(text), output):
+            return 'broken', ''
+        if output.read_bytes() == self.objects[mutant.path].read_bytes():
+            return 'same', ''
+        self.link(folder, {mutant.path: output})
+        own = mutant.path.split('/')[0]
+        for program, only in self.order(mutant.path, own):
+            died_of = self.test(program, folder, only)
+            if died_of:
+                if program == own and '.' in died_of:
+                    self.killers.setdefault(mutant.path, set()).add(died_of)
+                return ('timed out' if died_of == 'time' else 'killed'), '%s: %s' % (program, died_of)
+        return 'survived', ''
+
+
+    def order(self, path, own):
+        """The programs and which of their tests to run, the likeliest to kill first: the tests that killed mutants of the
+        file before, those of its topic, the others of its folder, the other folders."""
+        killers = sorted(self.killers.get(path, ()))
+        topic = ':'.join('%s.*:*/%s.*' % (suite, suite) for suite in suites_of(path))
+        if killers:
+            yield own, ':'.join(killers)
+        if topic:
+            yield own, topic
+        yield own, '*-' + topic if topic else '*'
+        for program in PROGRAMS:
+            if program != own:
+                yield program, '*'
+
+
+def suites_of(path):
+    """The test suites in the files of a source file's topic."""
+    folder, name = os.path.split(path)
+    found = set()
+    for test in pathlib.Path('tests', folder).glob(pathlib.Path(name).stem + '*_test.cpp'):
+        text = test.read_text('utf-8')
+        found.update(re.findall(r'\b(?:TEST|TEST_F|TEST_P|TYPED_TEST)\(\s*(\w+)', text))
+    return sorted(found)
+
+
+def sources(folders):
+    return [str(path) for folder in folders for path in sorted(pathlib.Path(folder).glob('*.cpp'))]
+
+
+def read_reasons():
+    """The reasons by the name of their mutant."""
+    reasons = {}
+    name = None
+    for line in REASONS.read_text('utf-8').splitlines() if REASONS.is_file() else []:
+        if not line.strip() or line.startswith('#'):
+            continue
+        if line[0] != ' ':
+            name = line.strip()
+            reasons[name] = ''
+        elif name:
+            reasons[name] = (reasons[name] + ' ' + line.strip()).strip()
+    return reasons
+
+
+def table(heading, keys, results, of):
+    rows = ['| %s | mutants | killed | by time | survived |' % heading, '| --- | ---: | ---: | ---: | ---: |']
+    for key in keys + ['all']:
+        verdicts = [verdict for mutant, verdict, _ in results if key == 'all' or of(mutant) == key]
+        rows.append('| %s | %d | %d | %d | %d |' % (key, len(verdicts), verdicts.count('killed'),
+                                                   verdicts.count('timed out'), verdicts.count('survived')))
+    return '\n'.join(rows) + '\n'
+
+
+def report(results, same, reasons, arguments, found):
+    counted = [each for each in results if each[1] not in ('broken', 'same')]
+    survivors = sorted(mutant.name for mutant, verdict, _ in counted if verdict == 'survived')
+    own = sum(1 for mutant, verdict, why in counted
+              if verdict != 'survived' and why.startswith(mutant.path.split('/')[0] + ':'))
+    lines = [
+        '# What the tests notice',
+        '',
+        '`./mutate` changes the logic in small ways, one change at a time, and runs the tests on each. It wrote this page; seed '
+        '%d.' % arguments.seed,
+        '',
+        'Of %d changes that its operators find, these were tried, spread over all files. %d more compiled to the same object code as '
+        'the original and are not counted. "By time" are those on which a test did not end. Of the changes that were noticed, %d '
+        'were noticed by the tests of their own folder.' % (found, same, own),
+        '',
+        table('folder', LOGIC, counted, lambda mutant: mutant.path.split('/')[0]),
+        table('kind', list(KINDS), counted, lambda mutant: mutant.kind),
+        'The kinds:',
+        '',
+    ]
+    lines += ['- %s: %s' % each for each in KINDS.items()]
+    lines += ['', '## What survived', '']
+    if not survivors:
+        lines.append('Nothing.')
+    for name in survivors:
+        lines.append('- `` %s ``  \n  %s' % (name, reasons.get(name) or '**No reason yet.**'))
+    REPORT.write_text('\n'.join(lines) + '\n', 'utf-8')
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split('\n')[0])
+    parser.add_argument('--count', type=int, default=COUNT, help='how many mutants (default %d)' % COUNT)
+    parser.add_argument('--seed', type=int, default=1, help='which of them (default 1)')
+    parser.add_argument('--only', metavar='PATH', help='a file or folder; no report is written')
+    parser.add_argument('--all', action='store_true', help='every mutant that there is')
+    parser.add_argument('--jobs', type=int, default=os.cpu_count(), help='how many at a time')
+    parser.add_argument('--list', action='store_true', help='name the mutants that there are and run none')
+    parser.add_argument('--resume', action='store_true',
+                        help='keep the verdicts of the run before: a kill while the logic is the same, any other while the '
+                             'tests are the same too')
+    arguments = parser.parse_args()
+
+    paths = [path for path in sources(LOGIC)
+             if not arguments.only or path == arguments.only or path.startswith(arguments.only.rstrip('/') + '/')]
+    rank = lambda mutant: hashlib.sha256(('%d %s' % (arguments.seed, mutant.name)).encode()).digest()
+    by_file = {path: sorted(mutants_of(path), key=rank) for path in paths}
+    found = sum(map(len, by_file.values()))
+    if not found:
+        sys.exit('There is nothing to change in %s' % arguments.only)
+    if arguments.list:
+        for path in paths:
+            print('\n'.join(mutant.name for mutant in sorted(by_file[path], key=lambda each: each.start)))
+        print('%d mutants' % found)
+        return 0
+    if arguments.all:
+        quota = {path: len(mutants) for path, mutants in by_file.items()}
+    else:
+        folders = {}
+        for path, mutants in by_file.items():
+            folders[path.split('/')[0]] = folders.get(path.split('/')[0], 0) + len(mutants)
+        quota = {}
+        for folder, share in shares(min(arguments.count, found), folders, LEAST_PER_FOLDER).items():
+            quota.update(shares(share, {path: len(mutants) for path, mutants in by_file.items()
+                                        if path.startswith(folder + '/')}, 3))
+
+    bench = Bench(arguments.jobs)
+    bench.build()
+    print('Running the tests on the unchanged logic', flush=True)
+    bench.measure()
+
+    logic = digest(path for folder in LOGIC for path in pathlib.Path(folder).iterdir())
+    tests = logic + digest(path for folder in ('tests', 'hosts', 'examples') for path in pathlib.Path(folder).rglob('*'))
+    store = pathlib.Path('build/mutants.json')
+    known = {}
+    if arguments.resume and store.is_file():
+        known = json.loads(store.read_text('utf-8'))
+    queue = Queue(by_file, quota)
+    results = []
+    lock = threading.Lock()
+    failures = []
+
+    def work(number):
+        try:
+            try_mutants(number)
+        except BaseException as failure:
+            failures.append(failure)
+
+    def try_mutants(number):
+        folder = bench.root / WORK / ('worker%d' % number)
+        folder.mkdir(parents=True)
+        while not failures and (mutant := queue.take()) is not None:
+            verdict, why, of = known.get(mutant.name, ('', '', ''))
+            if of != (tests if verdict == 'survived' else logic):
+                verdict, why = bench.judge(mutant, folder)
+            if verdict in ('broken', 'same'):
+                queue.give_back(mutant)
+            with lock:
+                results.append((mutant, verdict, why))
+                known[mutant.name] = (verdict, why, tests if verdict == 'survived' else logic)
+                store.write_text(json.dumps(known, indent=0), 'utf-8')
+                counted = sum(1 for each in results if each[1] not in ('broken', 'same'))
+                if verdict == 'survived':
+                    print('Survived (line %d): %s' % (mutant.line, mutant.name), flush=True)
+                if counted % 50 == 0 and verdict not in ('broken', 'same'):
+                    print('%d tried' % counted, flush=True)
+
+    threads = [threading.Thread(target=work, args=(number,)) for number in range(bench.jobs)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    if failures:
+        raise failures[0]
+
+    reasons = read_reasons()
+    same = sum(1 for each in results if each[1] == 'same')
+    counted = [each for each in results if each[1] not in ('broken', 'same')]
+    survivors = {mutant.name for mutant, verdict, _ in counted if verdict == 'survived'}
+    unexplained = sorted(name for name in survivors if not reasons.get(name))
+    is_whole = not arguments.only
+    if is_whole:
+        report(results, same, reasons, arguments, found)
+        for name in sorted(set(reasons) - survivors):
+            print('Stale reason, no such survivor: %s' % name)
+    print('%d mutants: %d killed, %d by time, %d survived, %d of them without a reason; %d more with the same object code' %
+          (len(counted), sum(1 for each in counted if each[1] == 'killed'),
+           sum(1 for each in counted if each[1] == 'timed out'), len(survivors), len(unexplained), same))
+    for name in unexplained:
+        print('No reason for: %s' % name)
+    return 1 if unexplained else 0
+
+
+def digest(paths):
+    total = hashlib.sha256()
+    for path in sorted(paths):
+        if path.is_file():
+            total.update(path.as_posix().encode() + b'\0' + path.read_bytes())
+    return total.hexdigest()
+
+
+if __name__ == '__main__':
+    sys.exit(main())
