@@ -52,9 +52,10 @@ struct FieldRecords::Index {
     return TakeApart(record, record.find(kSeparator)).Name();
   }
 
-  const Chain* Find(StringView key) const {
-    const auto found = tables.find(TableKey(key));
-    return found == tables.end() ? nullptr : &found->second;
+  // The first record of a table, or kNoPlace.
+  std::uint32_t First(StringView table) const {
+    const auto found = tables.find(TableKey(table));
+    return found == tables.end() ? kNoPlace : found->second.first;
   }
 };
 
@@ -108,9 +109,16 @@ void FieldRecords::RaiseIfBrokenBeforeNameIn(StringView text) const {
 }
 
 bool FieldRecords::IsFlagged(StringView name) const {
-  for (const std::uint32_t place : OfTable(name.substr(0, kTableLength))) {
-    const FieldRecord record = At(place);
-    if (record.Name() == name) return record.flagAndName.starts_with(u'Y');
+  const Index& index = Assigned();
+  std::uint32_t place = index.First(name.substr(0, kTableLength));
+  for (; place != kNoPlace; place = index.next[place]) {
+    const StringView record = index.records(place);
+    const std::size_t separator = record.find(kSeparator);
+    // That a record can't have the name is told sooner than where its name ends.
+    const StringView flagged = record.substr(separator + kSeparator.size());
+    if (!flagged.substr(std::min<std::size_t>(1, flagged.size())).starts_with(name)) continue;
+    const FieldRecord parts = TakeApart(record, separator);
+    if (parts.Name() == name) return parts.flagAndName.starts_with(u'Y');
   }
   RaiseIfBroken();
   return false;
@@ -119,11 +127,9 @@ bool FieldRecords::IsFlagged(StringView name) const {
 FieldRecords::Places FieldRecords::OfTable(StringView table) const {
   const Index& index = Assigned();
   Places places;
-  if (const Chain* chain = index.Find(table)) {
-    for (std::uint32_t place = chain->first; place != kNoPlace; place = index.next[place]) {
-      places.push_back(place);
-    }
-  }
+  std::uint32_t place = index.First(table);
+  for (; place != kNoPlace; place = index.next[place])
+    places.push_back(place);
   return places;
 }
 
@@ -134,9 +140,8 @@ FieldRecords::Places FieldRecords::WithNameIn(StringView text) const {
     const StringView rest = text.substr(start);
     for (std::size_t length = 0; length <= std::min(kTableLength, rest.size()); ++length) {
       if (!index.hasKeyOfLength[length]) continue;
-      const Chain* chain = index.Find(rest.substr(0, length));
-      if (chain == nullptr) continue;
-      for (std::uint32_t place = chain->first; place != kNoPlace; place = index.next[place]) {
+      std::uint32_t place = index.First(rest.substr(0, length));
+      for (; place != kNoPlace; place = index.next[place]) {
         if (length < kTableLength || rest.starts_with(index.NameAt(place))) places.push_back(place);
       }
     }
@@ -195,7 +200,7 @@ void FieldRecords::FindNamesHolding(std::span<const StringView> parts) const {
 
 bool FieldRecords::Mentions(StringView text) const {
   const Index& index = Assigned();
-  if (index.Find(text) != nullptr) return true;
+  if (index.First(text) != kNoPlace) return true;
   const auto [answer, isNew] = index.mentions.try_emplace(TableKey(text), false);
   if (isNew) answer->second = Holds(index.records.Text().Text(), text);
   return answer->second;

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -110,6 +111,15 @@ class PlainRecords {
     return false;
   }
 
+  /// The walk to the first record of just that name; it fails when it meets a broken one before.
+  std::optional<bool> IsFlagged(const String& name) const {
+    for (const PlainRecord& record : records_) {
+      if (record.IsBroken()) return std::nullopt;
+      if (record.Name() == name) return record.parts[1].starts_with(u'Y');
+    }
+    return false;
+  }
+
   FieldRecords::Places Where(const std::function<bool(const String& name)>& holds) const {
     FieldRecords::Places places;
     for (std::size_t place = 0; place < InReach(); ++place) {
@@ -146,19 +156,20 @@ String AnyName(Dice& dice) {
 
 String AnyRecord(Dice& dice) {
   const String name = AnyName(dice);
+  const String flag = dice.OneOf({u"N", u"Y"});
   switch (dice.Below(12)) {
     case 0:
       return dice.OneOf({u"", u"a", u"*Q*V*R*N", u"Q*V*R*N*", u"*q*v*r*n*"}) + name;
     case 1:
       return String(u"a*Q*V*R*N*") + dice.OneOf({u"", u"N"}) + u"*Q*V*R*N*b";
     case 2:
-      return u"a*Q*V*R*N*N" + name;
+      return u"a*Q*V*R*N*" + flag + name;
     case 3:
-      return u"a*Q*V*R*N*N" + name + u"*Q*V*R*N*b*Q*V*R*N*c";
+      return u"a*Q*V*R*N*" + flag + name + u"*Q*V*R*N*b*Q*V*R*N*c";
     case 4:
-      return u"a*Q*V*R*N*Q*V*R*N*N" + name + u"*Q*V*R*N*";
+      return u"a*Q*V*R*N*Q*V*R*N*" + flag + name + u"*Q*V*R*N*";
     default:
-      return u"a*Q*V*R*N*N" + name + u"*Q*V*R*N*b";
+      return u"a*Q*V*R*N*" + flag + name + u"*Q*V*R*N*b";
   }
 }
 
@@ -251,6 +262,7 @@ TEST(FieldRecords, RecordsThatWereNeverAssignedFailAtEveryQuestion) {
   EXPECT_TRUE(FailsWithSubscript([&] { static_cast<void>(none.At(0)); }));
   EXPECT_TRUE(FailsWithSubscript([&] { none.RaiseIfBroken(); }));
   EXPECT_TRUE(FailsWithSubscript([&] { none.RaiseIfBrokenBeforeNameIn(u"a"); }));
+  EXPECT_TRUE(FailsWithSubscript([&] { static_cast<void>(none.IsFlagged(u"aaaaaaaa.a")); }));
   EXPECT_TRUE(FailsWithSubscript([&] { static_cast<void>(none.OfTable(u"aaaaaaaa")); }));
   EXPECT_TRUE(FailsWithSubscript([&] { static_cast<void>(none.WithNameIn(u"a")); }));
   EXPECT_TRUE(FailsWithSubscript([&] { static_cast<void>(none.WithNameHolding(u"a")); }));
@@ -289,6 +301,15 @@ TEST(FieldRecords, AnEmptyNameStandsInEveryText) {
   EXPECT_FALSE(FailsWithSubscript([&] { records.RaiseIfBrokenBeforeNameIn(u"x"); }));
 }
 
+TEST(FieldRecords, ANameThatGoesOnIsAnotherName) {
+  const FieldRecords records = Records(
+      u"a*Q*V*R*N*YTTTTTTTT.AB*Q*V*R*N*b,a*Q*V*R*N*NTTTTTTTT.A*Q*V*R*N*b,a*Q*V*R*N*YTTTTTTTT.A");
+  EXPECT_TRUE(records.IsFlagged(u"TTTTTTTT.AB"));
+  EXPECT_FALSE(records.IsFlagged(u"TTTTTTTT.A"));
+  EXPECT_FALSE(records.IsFlagged(u"TTTTTTTT."));
+  EXPECT_FALSE(records.IsFlagged(u"TTTTTTTT.AB*Q*V*R*N*"));
+}
+
 TEST(FieldRecords, NamesThatDifferByANulAloneAreOfTwoTables) {
   using namespace std::string_literals;
   const FieldRecords records = Records(u"a*Q*V*R*N*NT,a*Q*V*R*N*NT\0,a*Q*V*R*N*NT"s);
@@ -322,6 +343,15 @@ void CompareWithThePlainWalk(const String& list, Dice& dice) {
     ASSERT_TRUE(FailsWithSubscript([&] { static_cast<void>(records.At(place)); }));
   ASSERT_EQ(FailsWithSubscript([&] { records.RaiseIfBroken(); }), inReach < plain.Count());
 
+  for (int i = 0; i < 4; ++i) {
+    const String name = AnyName(dice);
+    SCOPED_TRACE("name " + hosts::ToJsonText(name));
+    const std::optional<bool> flagged = plain.IsFlagged(name);
+    ASSERT_EQ(FailsWithSubscript([&] { static_cast<void>(records.IsFlagged(name)); }), !flagged);
+    if (flagged) {
+      ASSERT_EQ(records.IsFlagged(name), *flagged);
+    }
+  }
   for (int i = 0; i < 4; ++i) {
     const String table = AnyTable(dice);
     ASSERT_EQ(records.OfTable(table), plain.Where([&](const String& name) {
