@@ -26,7 +26,7 @@ import sys
 import threading
 
 LOGIC = ['surface', 'shell', 'select', 'where', 'statement', 'condition']
-PROGRAMS = LOGIC + ['hosts']
+PROGRAMS = LOGIC + ['hosts', 'torture']
 REASONS = pathlib.Path('scripts/mutants.txt')
 REPORT = pathlib.Path('docs/mutation.md')
 BUILD = pathlib.Path('build/mutation')

@@ -270,5 +270,15 @@ TEST_F(ClearButtonTest, AnErrorOfTheTablesLeavesItHalfDone) {
   EXPECT_TRUE(Visible("fraif"));
 }
 
+TEST_F(ClearButtonTest, AnErrorOfTheTablesComesAfterTheStatementsAreForgotten) {
+  AddStatements(2);
+  host().PrpStrTables(u"ORDERITM0");
+  Log();
+  ExpectError(ErrorKind::kSubscript, [this] { host().UserClick(On("cmdClear")); });
+  EXPECT_EQ(Result(), kSelectCustNo + "\r\n" + kSelectCustNo);
+  Click("cmdAddSelect");
+  EXPECT_EQ(Result(), kSelectCustNo);
+}
+
 }  // namespace
 }  // namespace zolt20::tests

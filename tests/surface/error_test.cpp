@@ -11,22 +11,27 @@ struct KindRow {
   ErrorKind kind;
   std::string_view word;
   int number;
+  std::string_view description;
 };
 
 constexpr KindRow kKinds[] = {
-    {ErrorKind::kArgument, "argument", 5},   {ErrorKind::kOverflow, "overflow", 6},
-    {ErrorKind::kSubscript, "subscript", 9}, {ErrorKind::kElement, "element", 340},
-    {ErrorKind::kLoaded, "loaded", 360},     {ErrorKind::kUnload, "unload", 362},
-    {ErrorKind::kValue, "value", 380},       {ErrorKind::kIndex, "index", 381},
+    {ErrorKind::kArgument, "argument", 5, "invalid procedure call or argument"},
+    {ErrorKind::kOverflow, "overflow", 6, "overflow"},
+    {ErrorKind::kSubscript, "subscript", 9, "subscript out of range"},
+    {ErrorKind::kElement, "element", 340, "control array element does not exist"},
+    {ErrorKind::kLoaded, "loaded", 360, "object already loaded"},
+    {ErrorKind::kUnload, "unload", 362, "cannot unload a control created at design time"},
+    {ErrorKind::kValue, "value", 380, "invalid property value"},
+    {ErrorKind::kIndex, "index", 381, "invalid property array index"},
 };
 
-TEST(ErrorTest, EveryKindHasItsWordAndNumber) {
+TEST(ErrorTest, EveryKindHasItsWordNumberAndDescription) {
   for (const KindRow& row : kKinds) {
     const RuntimeError error(row.kind);
     EXPECT_EQ(error.kind(), row.kind);
     EXPECT_EQ(error.kind_word(), row.word);
     EXPECT_EQ(error.number(), row.number);
-    EXPECT_NE(std::string(error.what()), "") << row.word;
+    EXPECT_EQ(std::string_view(error.what()), row.description);
   }
 }
 
