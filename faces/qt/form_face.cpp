@@ -517,6 +517,9 @@ void FormFace::Do(Act act) {
       break;
     case Act::kType:
       control_.UserType(control, act.text);
+      // The control's caret is at the end now; where the person types it stays, unless the text
+      // became another.
+      if (TextOf(control) == act.text) caretChanged_.erase(&control);
       break;
     case Act::kKey:
       control_.UserKey(control, act.number);

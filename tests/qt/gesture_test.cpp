@@ -121,6 +121,23 @@ TEST_F(GestureTest, AKeyInTheMiddleIsThreeGestures) {
   ExpectTold({"type txtAsSet '1'", "key txtAsSet 51", "type txtAsSet '132'"});
 }
 
+// The control's caret goes to the end with each text that is typed; the person's stays.
+TEST_F(GestureTest, TypingInTheMiddleGoesOnThere) {
+  const auto typeBeforeTheLast = [this](std::string_view box) {
+    TypeKeys(box, "ad");
+    Press(Qt::Key_Left);
+    for (const char key : {'b', 'c'})
+      QTest::keyClick(Window(), key);
+    EXPECT_EQ(Last(), "type " + std::string(box) + " 'abcd'");
+  };
+  Tab(1);
+  typeBeforeTheLast("txtwhereCondition");
+  Tab(6);
+  Click("optIfThen");
+  typeBeforeTheLast("txtCond");
+  typeBeforeTheLast("TxtOutput");
+}
+
 TEST_F(GestureTest, APageHasNoControl) {
   Tab(3);
   ExpectTold({"focus tabVrn", "tab 3"});
