@@ -9,55 +9,48 @@ namespace {
 
 using Control = ZOLT20MapControl;
 
-// Each Lambda below stands for one overload of a member, by the member's name.
-#define ZOLT20_LET(name, Type) \
-  [](Control& control, Variant value) { control.name(std::get<Type>(std::move(value))); }
-#define ZOLT20_GET(name) [](Control& control) -> Variant { return control.name(); }
-
+// The types of the list, and the alternative of a Variant that a value of such a type is.
+using Boolean = bool;
 constexpr auto kString = ValueType::kString;
 constexpr auto kInteger = ValueType::kInteger;
 constexpr auto kBoolean = ValueType::kBoolean;
-constexpr bool kReports = true;
-constexpr bool kSilent = false;
+
+// Each lambda stands for one overload of a member, by the member's name.
+#define ZOLT20_WRITE(Type, name) \
+  [](Control& control, Variant value) { control.name(std::get<Type>(std::move(value))); }
+#define ZOLT20_READ(name) [](Control& control) -> Variant { return control.name(); }
 
 // clang-format off
 constexpr std::array<Member, 21> kMembers{{
-    {1, "PrpStrTables", kString, "", kReports, ZOLT20_LET(PrpStrTables, String), nullptr, nullptr},
-    {2, "PrpStrFields", kString, "", kReports, ZOLT20_LET(PrpStrFields, String), nullptr, nullptr},
-    {3, "prpSelectPart", kString, "", kReports, ZOLT20_LET(prpSelectPart, String), nullptr, nullptr},
-    {4, "prpTab", kInteger, "", kReports, ZOLT20_LET(prpTab, Integer), nullptr, nullptr},
-    {5, "prpParentorChild", kString, "", kReports, ZOLT20_LET(prpParentorChild, String), nullptr, nullptr},
-    {6, "prpStroutput", kString, "", kSilent, ZOLT20_LET(prpStroutput, String), ZOLT20_GET(prpStroutput), nullptr},
-    {7, "prpSelectFromPart", kString, "", kReports, ZOLT20_LET(prpSelectFromPart, String), nullptr, nullptr},
-    {8, "prpSelectWherePart", kString, "", kReports, ZOLT20_LET(prpSelectWherePart, String), nullptr, nullptr},
-    {9, "prpSelectGroupbyPart", kString, "", kReports, ZOLT20_LET(prpSelectGroupbyPart, String), nullptr, nullptr},
-    {10, "prpSelectOrderbyPart", kString, "", kReports, ZOLT20_LET(prpSelectOrderbyPart, String), nullptr, nullptr},
-    {11, "prpSelectAsSetPart", kString, "", kReports, ZOLT20_LET(prpSelectAsSetPart, String), nullptr, nullptr},
-    {12, "prpSelectDoPart", kString, "", kReports, ZOLT20_LET(prpSelectDoPart, String), nullptr, nullptr},
-    {13, "prpSelectEOSPart", kString, "", kReports, ZOLT20_LET(prpSelectEOSPart, String), nullptr, nullptr},
-    {14, "prpSelectEmptyPart", kString, "", kReports, ZOLT20_LET(prpSelectEmptyPart, String), nullptr, nullptr},
-    {15, "prpSelectErrorPart", kString, "", kReports, ZOLT20_LET(prpSelectErrorPart, String), nullptr, nullptr},
-    {16, "prpStrSQLPart", kString, "", kSilent, nullptr, ZOLT20_GET(prpStrSQLPart), nullptr},
-    {17, "BuildGroupBy", ValueType::kNone, "", kSilent, nullptr, nullptr,
-     [](Control& control, Variant /*none*/) { return control.BuildGroupBy(); }},
-    {18, "ClearAll", kInteger, "i_intTabNo", kSilent, nullptr, nullptr,
-     [](Control& control, Variant argument) { return control.ClearAll(std::get<Integer>(argument)); }},
-    {19, "prpstrSelectedFields", kString, "", kSilent, nullptr, ZOLT20_GET(prpstrSelectedFields), nullptr},
-    {20, "prpintTabcount", kInteger, "", kSilent, ZOLT20_LET(prpintTabcount, Integer), ZOLT20_GET(prpintTabcount), nullptr},
-    {21, "Syntax_Highlight", kBoolean, "", kSilent, ZOLT20_LET(Syntax_Highlight, bool), ZOLT20_GET(Syntax_Highlight), nullptr},
+#define ZOLT20_LET(number, type, name) \
+  {number, #name, k##type, "", true, ZOLT20_WRITE(type, name), nullptr, nullptr},
+#define ZOLT20_GET(number, type, name) \
+  {number, #name, k##type, "", false, nullptr, ZOLT20_READ(name), nullptr},
+#define ZOLT20_LET_GET(number, type, name) \
+  {number, #name, k##type, "", false, ZOLT20_WRITE(type, name), ZOLT20_READ(name), nullptr},
+#define ZOLT20_METHOD(number, name) \
+  {number, #name, ValueType::kNone, "", false, nullptr, nullptr, \
+   [](Control& control, Variant /*none*/) { return control.name(); }},
+#define ZOLT20_METHOD_WITH(number, name, type, argument) \
+  {number, #name, k##type, #argument, false, nullptr, nullptr, \
+   [](Control& control, Variant value) { return control.name(std::get<type>(std::move(value))); }},
+#define ZOLT20_EVENT(number, name)
+#include "shell/contract.def"
+}};
+
+constexpr std::array<Event, 5> kEvents{{
+#define ZOLT20_LET(number, type, name)
+#define ZOLT20_GET(number, type, name)
+#define ZOLT20_LET_GET(number, type, name)
+#define ZOLT20_METHOD(number, name)
+#define ZOLT20_METHOD_WITH(number, name, type, argument)
+#define ZOLT20_EVENT(number, name) {number, #name, &ControlHost::name},
+#include "shell/contract.def"
 }};
 // clang-format on
 
-#undef ZOLT20_LET
-#undef ZOLT20_GET
-
-constexpr std::array<Event, 5> kEvents{{
-    {1, "eventCancel", &ControlHost::eventCancel},
-    {2, "eventDone", &ControlHost::eventDone},
-    {3, "eventSubQuery", &ControlHost::eventSubQuery},
-    {4, "eventCondition", &ControlHost::eventCondition},
-    {5, "eventFunction", &ControlHost::eventFunction},
-}};
+#undef ZOLT20_WRITE
+#undef ZOLT20_READ
 
 // ODD: the two lists are written under keys that are never read, so a stored control forgets them
 // and its host sets them anew.

@@ -1,5 +1,10 @@
 #include "shell/contract.h"
 
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+
 #include "tests/support/control_test.h"
 
 namespace zolt20::tests {
@@ -86,6 +91,61 @@ TEST_F(ContractTest, EveryMemberHasItsAccessAndType) {
     EXPECT_EQ(member.IsMethod(), (row.access & kCall) != 0) << row.name;
     EXPECT_EQ(member.type, row.type) << row.name;
   }
+}
+
+// The declarations of the contract's part of the header, as rows of name and access with type; in
+// the order in which the names come first.
+std::vector<std::string> RowsOfTheHeader() {
+  std::ifstream header(std::string(ZOLT20_SOURCES) + "/shell/control.h");
+  const std::regex declaration(R"(  (void|String|Integer|bool|Variant) (\w+)\((\w+)?.*)");
+  std::vector<std::string> names;
+  std::map<std::string, std::set<std::string>> accesses;
+  bool isContract = false;
+  for (std::string line; std::getline(header, line);) {
+    if (line.find("// The contract, in its order.") != std::string::npos) isContract = true;
+    if (line.find("// The property bag.") != std::string::npos) break;
+    std::smatch found;
+    if (!isContract || !std::regex_match(line, found, declaration)) continue;
+    const std::string name = found[2];
+    if (accesses[name].empty()) names.push_back(name);
+    const std::string result = found[1];
+    accesses[name].insert(result == "void"      ? "let " + found[3].str()
+                          : result == "Variant" ? "call " + found[3].str()
+                                                : "get " + result);
+  }
+  std::vector<std::string> rows;
+  for (const std::string& name : names) {
+    std::string row = name;
+    for (const std::string& access : accesses[name])
+      row += " " + access;
+    rows.push_back(row);
+  }
+  return rows;
+}
+
+TEST_F(ContractTest, TheListIsWhatTheHeaderDeclares) {
+  const auto nameOf = [](ValueType type) {
+    switch (type) {
+      case ValueType::kString:
+        return "String";
+      case ValueType::kInteger:
+        return "Integer";
+      case ValueType::kBoolean:
+        return "bool";
+      case ValueType::kNone:
+        break;
+    }
+    return "";
+  };
+  std::vector<std::string> rows;
+  for (const Member& member : Members()) {
+    std::string row(member.name);
+    if (member.IsMethod()) row += std::string(" call ") + nameOf(member.type);
+    if (member.get != nullptr) row += std::string(" get ") + nameOf(member.type);
+    if (member.let != nullptr) row += std::string(" let ") + nameOf(member.type);
+    rows.push_back(row);
+  }
+  EXPECT_EQ(RowsOfTheHeader(), rows);
 }
 
 TEST_F(ContractTest, ALetTellsTheHostWhereItReportsAndNothingElsewhere) {
