@@ -47,6 +47,24 @@ bool CallFollows(StringView line, std::size_t from) {
 
 }  // namespace
 
+Look LookOf(WordKind kind) {
+  switch (kind) {
+    case WordKind::kKeyword:
+      return {0x0B4F9E, 0x7FB6FF, 700, false};
+    case WordKind::kBlock:
+      return {0x6A1B9A, 0xD7A6FF, 900, false};
+    case WordKind::kFunction:
+      return {0x005F56, 0x6FE0C8, 600, true};
+    case WordKind::kBinding:
+      return {0x7A4100, 0xF0B76B, 600, false};
+    case WordKind::kString:
+      return {0x1B661F, 0x9BE29B, 400, true};
+    case WordKind::kNumber:
+      return {0x9C1C1C, 0xFF9E9E, 500, false};
+  }
+  return {};
+}
+
 std::vector<ColouredWord> ColouredWordsOf(StringView line) {
   std::vector<ColouredWord> words;
   const auto isInName = [](char16_t character) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "surface/string.h"
@@ -28,6 +29,16 @@ struct ColouredWord {
 
   friend bool operator==(const ColouredWord&, const ColouredWord&) = default;
 };
+
+/// How a word of a kind looks. The colours are 0xRRGGBB and can be read on white and on nearly
+/// black; weight and slope tell the kinds apart without them.
+struct Look {
+  std::uint32_t onLight;
+  std::uint32_t onDark;
+  int weight;  ///< 100 to 900, 400 is normal
+  bool italic;
+};
+Look LookOf(WordKind kind);
 
 /// The words of a line that have a colour, from left to right, without overlaps. Keywords are found
 /// in any letter case, and not within other words.

@@ -16,12 +16,13 @@
 #include <optional>
 #include <utility>
 
+#include "faces/keys/neighbours.h"
 #include "faces/qt/face_style.h"
 #include "faces/qt/form_layout.h"
-#include "faces/qt/form_words.h"
 #include "faces/qt/qt_text.h"
 #include "faces/qt/rows_view.h"
 #include "faces/qt/text_boxes.h"
+#include "faces/words/form_words.h"
 
 namespace zolt20::qt {
 namespace {
@@ -228,7 +229,7 @@ QWidget* FormFace::MakeWidget(const Control& control) {
   }
   widget->setStyle(style_.get());
   widget->setObjectName(Name(control));
-  widget->setAccessibleName(AccessibleName(control));
+  widget->setAccessibleName(ToQt(faces::AccessibleName(control)));
   widgets_.emplace(&control, widget);
   controls_.insert(widget, &control);
   if (control.TakesFocus() || &control == &Form().fracase) widget->installEventFilter(this);
@@ -430,11 +431,11 @@ void FormFace::ShowKind(const Control& control, QWidget& widget) {
       break;
     }
     case Kind::Button:
-      static_cast<QPushButton&>(widget).setText(CaptionWithMnemonic(control));
+      static_cast<QPushButton&>(widget).setText(ToQt(faces::CaptionWithMnemonic(control)));
       break;
     case Kind::OptionButton: {
       auto& radio = static_cast<QRadioButton&>(widget);
-      radio.setText(CaptionWithMnemonic(control));
+      radio.setText(ToQt(faces::CaptionWithMnemonic(control)));
       radio.setAutoExclusive(false);  // so that the one that is on can go off
       radio.setChecked(static_cast<const OptionButton&>(control).Value());
       radio.setAutoExclusive(true);
@@ -458,7 +459,7 @@ void FormFace::ShowKind(const Control& control, QWidget& widget) {
       break;
     }
   }
-  widget.setAccessibleName(AccessibleName(control));
+  widget.setAccessibleName(ToQt(faces::AccessibleName(control)));
 }
 
 // Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes and
@@ -624,17 +625,6 @@ void FormFace::Redo() {
 
 // Focus and keys.
 
-const Control* FormFace::NextInTabOrder(const Control* from, bool forward) const {
-  std::vector<const Control*> order = Form().TabOrder();
-  if (!forward) std::reverse(order.begin(), order.end());
-  auto next = order.begin();
-  if (from != nullptr) next = std::next(std::find(order.begin(), order.end(), from));
-  next = std::find_if(next, order.end(), [](const Control* control) {
-    return control->TakesFocus() && control->Enabled() && control->Shown();
-  });
-  return next == order.end() ? nullptr : *next;
-}
-
 bool FormFace::MoveFocus(bool forward) {
   const Control* from = Form().Focused();
   QWidget* const now = QApplication::focusWidget();
@@ -646,14 +636,14 @@ bool FormFace::MoveFocus(bool forward) {
     }
     from = filter.key();
   }
-  const Control* next = NextInTabOrder(from, forward);
+  const Control* next = faces::NextInTabOrder(Form(), from, forward);
   if (next == nullptr) return false;
   WidgetOf(*next)->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
   return true;
 }
 
 bool FormFace::EnterByTab(bool forward) {
-  const Control* first = NextInTabOrder(nullptr, forward);
+  const Control* first = faces::NextInTabOrder(Form(), nullptr, forward);
   if (first == nullptr) return false;
   WidgetOf(*first)->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
   return true;
@@ -749,14 +739,8 @@ bool FormFace::HandleKey(const Control& control, QWidget& widget, const QKeyEven
 }
 
 bool FormFace::MoveOption(const Control& option, bool forward) {
-  std::vector<const Control*> options;
-  for (const Control* control : Form().Controls()) {
-    if (control->kind() == Kind::OptionButton && control->frame() == option.frame())
-      options.push_back(control);
-  }
-  if (!forward) std::reverse(options.begin(), options.end());
-  const auto next = std::next(std::find(options.begin(), options.end(), &option));
-  if (next != options.end()) static_cast<QRadioButton*>(WidgetOf(**next))->click();
+  const Control* next = faces::NextOption(Form(), option, forward);
+  if (next != nullptr) static_cast<QRadioButton*>(WidgetOf(*next))->click();
   return true;
 }
 

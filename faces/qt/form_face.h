@@ -144,7 +144,6 @@ class FormFace final : public QObject, private SurfaceObserver {
   void TypeKey(const TextBox& box, LineBox& line, int position, int count, int code);
   bool HandleKey(const Control& control, QWidget& widget, const QKeyEvent& event);
   bool MoveOption(const Control& option, bool forward);
-  const Control* NextInTabOrder(const Control* from, bool forward) const;
 
   QWidget& owner_;
   ZOLT20MapControl& control_;

@@ -9,56 +9,21 @@
 
 #include "faces/qt/highlighter.h"
 #include "faces/qt/qt_text.h"
+#include "faces/texts/shown_text.h"
 
 namespace zolt20::qt {
 namespace {
 
 constexpr int kTabWidthInBlanks = 4;
 
-bool IsLineBreak(StringView text, std::size_t at) {
-  return text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
-}
+// A document has one character for each line end.
+constexpr char16_t kLineEnd = QChar::ParagraphSeparator;
 
-// The text as a document has it: one character for each line end.
-QString Shown(StringView text) {
-  QString shown;
-  shown.reserve(static_cast<qsizetype>(text.size()));
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    if (IsLineBreak(text, at)) ++at;
-    const char16_t character = text[at];
-    shown += character == u'\n' || character == u'\r' ? QChar(QChar::ParagraphSeparator)
-                                                      : QChar(character);
-  }
-  return shown;
-}
-
-// The place in the text of a place in the document.
-std::size_t PlaceInText(StringView text, std::size_t from, int count) {
-  std::size_t at = from;
-  for (; count > 0 && at < text.size(); --count)
-    at += IsLineBreak(text, at) ? 2 : 1;
-  return at;
-}
-
-QString TextBetween(const QTextDocument& document, int position, int count) {
+String TextBetween(const QTextDocument& document, int position, int count) {
   QTextCursor cursor(const_cast<QTextDocument*>(&document));
   cursor.setPosition(position);
   cursor.setPosition(position + count, QTextCursor::KeepAnchor);
-  return cursor.selectedText();
-}
-
-// What was typed or pasted, as the control keeps it.
-String TypedText(QStringView shown) {
-  String text;
-  for (const QChar character : shown) {
-    const char16_t unit = character.unicode();
-    if (unit == QChar::ParagraphSeparator || unit == QChar::LineSeparator) {
-      text += kLineBreak;
-    } else {
-      text += unit;
-    }
-  }
-  return text;
+  return FromQt(cursor.selectedText());
 }
 
 }  // namespace
@@ -74,32 +39,25 @@ LinesBox::LinesBox(QWidget* parent) : QPlainTextEdit(parent) {
 void LinesBox::Show(const String& text) {
   if (text == text_) return;
   const QScopedValueRollback showing(isShowing_, true);
-  const QString before = Shown(text_);
-  const QString after = Shown(text);
-  const auto [oldFirst, newFirst] =
-      std::mismatch(before.begin(), before.end(), after.begin(), after.end());
-  const auto first = static_cast<int>(oldFirst - before.begin());
-  int oldEnd = static_cast<int>(before.size());
-  int newEnd = static_cast<int>(after.size());
-  while (oldEnd > first && newEnd > first && before[oldEnd - 1] == after[newEnd - 1]) {
-    --oldEnd;
-    --newEnd;
-  }
+  const String before = faces::Shown(text_, kLineEnd);
+  const String after = faces::Shown(text, kLineEnd);
+  const faces::Edit edit = faces::EditBetween(before, after, after.size());
   QTextCursor cursor(document());
-  cursor.setPosition(first);
-  cursor.setPosition(oldEnd, QTextCursor::KeepAnchor);
-  cursor.insertText(after.mid(first, newEnd - first));
+  cursor.setPosition(static_cast<int>(edit.position));
+  cursor.setPosition(static_cast<int>(edit.position + edit.removed), QTextCursor::KeepAnchor);
+  cursor.insertText(ToQt(StringView(after).substr(edit.position, edit.added)));
   document()->clearUndoRedoStacks();
   text_ = text;
   // What is new is in sight.
-  if (first > 0) {
+  if (edit.position > 0) {
     setTextCursor(cursor);
     ensureCursorVisible();
   }
 }
 
 void LinesBox::ShowCaret(int caret) {
-  const QString before = Shown(StringView(text_).substr(0, static_cast<std::size_t>(caret)));
+  const String before =
+      faces::Shown(StringView(text_).substr(0, static_cast<std::size_t>(caret)), kLineEnd);
   QTextCursor cursor = textCursor();
   cursor.setPosition(static_cast<int>(before.size()));
   setTextCursor(cursor);
@@ -123,26 +81,22 @@ void LinesBox::TakeEdit(int position, int removed, int added) {
   if (isShowing_ || (removed == 0 && added == 0)) return;
   const int length = document()->characterCount() - 1;
   added = std::min(added, length - position);
-  const std::size_t first = PlaceInText(text_, 0, position);
-  std::size_t behind = PlaceInText(text_, first, removed);
+  const auto place = static_cast<std::size_t>(position);
+  const std::size_t first = faces::PlaceInText(text_, 0, place);
+  const std::size_t behind = faces::PlaceInText(text_, first, static_cast<std::size_t>(removed));
   // A document names more than was edited: what is the same behind the caret was not.
-  const QString before = Shown(StringView(text_).substr(first, behind - first));
-  const QString now = TextBetween(*document(), position, added);
-  qsizetype oldEnd = before.size();
-  qsizetype newEnd = now.size();
-  const qsizetype caret = std::max(textCursor().position() - position, 0);
+  const String before = faces::Shown(StringView(text_).substr(first, behind - first), kLineEnd);
+  String now = TextBetween(*document(), position, added);
+  std::size_t oldEnd = before.size();
+  std::size_t newEnd = now.size();
+  const auto caret = static_cast<std::size_t>(std::max(textCursor().position() - position, 0));
   while (oldEnd > 0 && newEnd > caret && before[oldEnd - 1] == now[newEnd - 1]) {
     --oldEnd;
     --newEnd;
   }
-  behind = PlaceInText(text_, first, static_cast<int>(oldEnd));
-  String typed = TypedText(QStringView(now).first(newEnd));
-  // Two line ends that come together stay two: "\r" and "\n" would be one from now on.
-  if (typed.empty() && first > 0 && behind < text_.size() && text_[first - 1] == u'\r' &&
-      text_[behind] == u'\n') {
-    typed = u"\n";
-  }
-  String text = Concat(StringView(text_).substr(0, first), typed, StringView(text_).substr(behind));
+  now.resize(newEnd);
+  std::replace(now.begin(), now.end(), char16_t{QChar::LineSeparator}, kLineEnd);
+  String text = faces::AfterEdit(text_, place, oldEnd, now, kLineEnd);
   if (text == text_) return;
   text_ = std::move(text);
   emit Typed();
@@ -182,9 +136,10 @@ void LinesBox::insertFromMimeData(const QMimeData* source) {
 
 QMimeData* LinesBox::createMimeDataFromSelection() const {
   const QTextCursor cursor = textCursor();
-  const std::size_t first = PlaceInText(text_, 0, cursor.selectionStart());
-  const std::size_t behind =
-      PlaceInText(text_, first, cursor.selectionEnd() - cursor.selectionStart());
+  const auto start = static_cast<std::size_t>(cursor.selectionStart());
+  const auto end = static_cast<std::size_t>(cursor.selectionEnd());
+  const std::size_t first = faces::PlaceInText(text_, 0, start);
+  const std::size_t behind = faces::PlaceInText(text_, first, end - start);
   auto* copied = new QMimeData;
   copied->setText(ToQt(StringView(text_).substr(first, behind - first)));
   return copied;

@@ -1,115 +1,108 @@
-#include "faces/qt/form_words.h"
+#include "faces/words/form_words.h"
 
-#include "faces/qt/qt_text.h"
 #include "surface/simple_controls.h"
 
-namespace zolt20::qt {
+namespace zolt20::faces {
 namespace {
 
-QString PageName(const Control& control) {
-  const int page = control.design().page;
-  if (page == kEveryPage) return {};
-  return ToQt(Trim(kPageCaptions[static_cast<std::size_t>(page)]));
-}
-
 // Names of controls that have no caption, or one that tells too little.
-const char* OwnName(ControlName name) {
+const char16_t* OwnName(ControlName name) {
   switch (name) {
     case ControlName::tabVrn:
-      return "Pages";
+      return u"Pages";
     case ControlName::TxtOutput:
-      return "Result";
+      return u"Result";
     case ControlName::lsttables:
-      return "Tables";
+      return u"Tables";
     case ControlName::lstFunctions:
-      return "Functions";
+      return u"Functions";
     case ControlName::lstFields:
-      return "Fields";
+      return u"Fields";
     case ControlName::lstSelectedFields:
-      return "Selected fields";
+      return u"Selected fields";
     case ControlName::lstGroupby:
-      return "Group By";
+      return u"Group By";
     case ControlName::cmdMoveOne:
-      return "Add marked fields";
+      return u"Add marked fields";
     case ControlName::cmdMoveAll:
-      return "Add all fields";
+      return u"Add all fields";
     case ControlName::cmdRemoveOne:
-      return "Remove marked fields";
+      return u"Remove marked fields";
     case ControlName::cmdRemoveAll:
-      return "Remove all fields";
+      return u"Remove all fields";
     case ControlName::lstorderbyasc:
-      return "Order ascending";
+      return u"Order ascending";
     case ControlName::lstorderbydesc:
-      return "Order descending";
+      return u"Order descending";
     case ControlName::cboWhereFields:
-      return "Operand";
+      return u"Operand";
     case ControlName::cboOper:
-      return "Operator";
+      return u"Operator";
     case ControlName::cboWhereFields1:
-      return "Value";
+      return u"Value";
     case ControlName::FrawhereCondition:
     case ControlName::txtwhereCondition:
-      return "Where condition";
+      return u"Where condition";
     case ControlName::FraCondition:
     case ControlName::txtCondition:
-      return "Condition to complete";
+      return u"Condition to complete";
     case ControlName::txtAsSet:
-      return "As set with rows";
+      return u"As set with rows";
     case ControlName::Shape1:
-      return "Order";
+      return u"Order";
     case ControlName::txtSelectDo:
-      return "SelectDo statements";
+      return u"SelectDo statements";
     case ControlName::txtSelectEOS:
-      return "SelectEOS statements";
+      return u"SelectEOS statements";
     case ControlName::txtselectempty:
-      return "SelectEmpty statements";
+      return u"SelectEmpty statements";
     case ControlName::txtSelectError:
-      return "SelectError statements";
+      return u"SelectError statements";
     case ControlName::Frainitial:
-      return "Instructions";
+      return u"Instructions";
     case ControlName::txtCond:
-      return "If condition";
+      return u"If condition";
     case ControlName::txtStmt1:
-      return "Then statement";
+      return u"Then statement";
     case ControlName::txtStmt2:
-      return "Else statement";
+      return u"Else statement";
     case ControlName::txtWhlCnd:
-      return "While expression";
+      return u"While expression";
     case ControlName::txtWhlStm:
-      return "While statement";
+      return u"While statement";
     case ControlName::txtRepCnd:
-      return "Until expression";
+      return u"Until expression";
     case ControlName::txtRepStm:
-      return "Repeat statement";
+      return u"Repeat statement";
     case ControlName::txtVariable:
-      return "For variable";
+      return u"For variable";
     case ControlName::txtinitval:
-      return "For initial value";
+      return u"For initial value";
     case ControlName::txtFinVal:
-      return "For final value";
+      return u"For final value";
     case ControlName::txtStep:
-      return "For step";
+      return u"For step";
     case ControlName::txtForStmt:
-      return "For statement";
+      return u"For statement";
     case ControlName::txtcaseexp:
-      return "Case expression";
+      return u"Case expression";
     case ControlName::TxtDef:
-      return "Default statement";
+      return u"Default statement";
     case ControlName::fracase:
-      return "Case rows";
+      return u"Case rows";
     case ControlName::TxtExpr:
-      return "Case value";
+      return u"Case value";
     case ControlName::txtStmt:
-      return "Case statements";
+      return u"Case statements";
     case ControlName::VscrCase:
-      return "Scroll case rows";
+      return u"Scroll case rows";
     default:
       return nullptr;
   }
 }
 
 // The letter of a caption that works with Alt; no two on a page are the same.
-char16_t MnemonicOf(ControlName name) {
+char16_t LetterOf(ControlName name) {
   switch (name) {
     case ControlName::cmdClear:
       return u'l';
@@ -156,36 +149,47 @@ char16_t MnemonicOf(ControlName name) {
   }
 }
 
-}  // namespace
-
-QString AccessibleName(const Control& control) {
-  if (const char* name = OwnName(control.design().name)) {
-    const QString text = QString::fromLatin1(name);
-    const bool isRow = control.design().name == ControlName::TxtExpr ||
-                       control.design().name == ControlName::txtStmt;
-    return isRow ? text + QStringLiteral(" %1").arg(control.Index() + 1) : text;
+// Without blanks at the ends, and one for each run of them.
+String Simplified(StringView text) {
+  String simple;
+  for (const char16_t character : Trim(text)) {
+    if (character != u' ' || simple.back() != u' ') simple += character;
   }
-  QString caption = ToQt(static_cast<const CaptionedControl&>(control).Caption()).simplified();
-  const QString page = PageName(control);
-  // The same captions stand on several pages, and on a page in several frames.
-  if (control.kind() == Kind::Label && control.frame() != nullptr) {
-    const QString frame = ToQt(static_cast<const Frame*>(control.frame())->Caption()).simplified();
-    return frame.isEmpty() ? caption : caption + QStringLiteral(", ") + frame;
-  }
-  if (control.kind() != Kind::Button || page.isEmpty()) return caption;
-  return caption + QStringLiteral(", ") + page;
+  return simple;
 }
 
-QString CaptionWithMnemonic(const Control& control) {
-  QString caption = ToQt(static_cast<const CaptionedControl&>(control).Caption());
-  const char16_t letter = MnemonicOf(control.design().name);
-  const qsizetype place = letter == u'\0' ? -1 : caption.indexOf(QChar(letter));
-  QString shown;
-  for (qsizetype at = 0; at < caption.size(); ++at) {
+}  // namespace
+
+String AccessibleName(const Control& control) {
+  const Design& design = control.design();
+  if (const char16_t* name = OwnName(design.name)) {
+    const bool isRow = design.name == ControlName::TxtExpr || design.name == ControlName::txtStmt;
+    return isRow ? Concat(name, u" ", ToText(control.Index() + 1)) : String(name);
+  }
+  String caption = Simplified(static_cast<const CaptionedControl&>(control).Caption());
+  // The same captions stand on several pages, and on a page in several frames.
+  if (control.kind() == Kind::Label && control.frame() != nullptr) {
+    const String frame = Simplified(control.frame()->Caption());
+    return frame.empty() ? caption : Concat(caption, u", ", frame);
+  }
+  if (control.kind() != Kind::Button || design.page == kEveryPage) return caption;
+  return Concat(caption, u", ", Trim(kPageCaptions[static_cast<std::size_t>(design.page)]));
+}
+
+char16_t MnemonicOf(const Control& control) {
+  return LetterOf(control.design().name);
+}
+
+String CaptionWithMnemonic(const Control& control) {
+  const String& caption = static_cast<const CaptionedControl&>(control).Caption();
+  const char16_t letter = MnemonicOf(control);
+  const std::size_t place = letter == u'\0' ? String::npos : caption.find(letter);
+  String shown;
+  for (std::size_t at = 0; at < caption.size(); ++at) {
     if (at == place || caption[at] == u'&') shown += u'&';
     shown += caption[at];
   }
   return shown;
 }
 
-}  // namespace zolt20::qt
+}  // namespace zolt20::faces
