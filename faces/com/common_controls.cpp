@@ -1,0 +1,75 @@
+#include "faces/com/common_controls.h"
+
+#include <commctrl.h>
+
+#include "faces/com/server.h"
+
+namespace zolt20::com {
+namespace {
+
+// From the manifest in the server's file; kept for as long as the server is loaded.
+class ActivationContext {
+ public:
+  ActivationContext() {
+    ACTCTXW wanted{};
+    wanted.cbSize = sizeof wanted;
+    wanted.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
+    wanted.lpResourceName = MAKEINTRESOURCEW(2);
+    wanted.hModule = ServerInstance();
+    context_ = CreateActCtxW(&wanted);
+  }
+  ~ActivationContext() {
+    if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
+  }
+  ActivationContext(const ActivationContext&) = delete;
+  ActivationContext& operator=(const ActivationContext&) = delete;
+
+  ULONG_PTR Activate() const {
+    ULONG_PTR cookie = 0;
+    if (context_ != INVALID_HANDLE_VALUE) ActivateActCtx(context_, &cookie);
+    return cookie;
+  }
+
+ private:
+  HANDLE context_;
+};
+
+}  // namespace
+
+CommonControls::CommonControls() {
+  static const ActivationContext context;
+  cookie_ = context.Activate();
+  INITCOMMONCONTROLSEX classes{sizeof classes,
+                               ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES};
+  InitCommonControlsEx(&classes);
+}
+
+CommonControls::~CommonControls() {
+  if (cookie_ != 0) DeactivateActCtx(0, cookie_);
+}
+
+void RegisterClasses(WNDPROC root, WNDPROC panel) {
+  for (const auto& [name, procedure] :
+       {std::pair(kRootClass, root), std::pair(kPanelClass, panel)}) {
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.lpfnWndProc = procedure;
+    description.hInstance = ServerInstance();
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.lpszClassName = name;
+    RegisterClassExW(&description);
+  }
+}
+
+void UnregisterClasses() {
+  UnregisterClassW(kRootClass, ServerInstance());
+  UnregisterClassW(kPanelClass, ServerInstance());
+}
+
+void ForgetName(HWND window) {
+  if (HANDLE name = RemovePropW(window, kNameProperty)) {
+    GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name)));
+  }
+}
+
+}  // namespace zolt20::com

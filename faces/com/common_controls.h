@@ -1,0 +1,34 @@
+// What the windows need of the platform: its controls of version 6, and the classes of our own.
+#pragma once
+
+#include <windows.h>
+
+namespace zolt20::com {
+
+/// As long as one of these is there, windows are made of the controls of version 6, whatever the
+/// program around has.
+class CommonControls {
+ public:
+  CommonControls();
+  ~CommonControls();
+  CommonControls(const CommonControls&) = delete;
+  CommonControls& operator=(const CommonControls&) = delete;
+
+ private:
+  ULONG_PTR cookie_ = 0;
+};
+
+/// Registers the classes of the form's own windows; a second time nothing happens.
+void RegisterClasses(WNDPROC root, WNDPROC panel);
+/// The server is about to be unloaded.
+void UnregisterClasses();
+
+/// Gives the name back that a window of a control has.
+void ForgetName(HWND window);
+
+inline constexpr wchar_t kRootClass[] = L"ZOLT20MapControl";
+inline constexpr wchar_t kPanelClass[] = L"ZOLT20MapControl.Panel";
+/// Of each window of a control: its name, as an atom, for programs that look for it.
+inline constexpr wchar_t kNameProperty[] = L"ZOLT20.Name";
+
+}  // namespace zolt20::com

@@ -1,0 +1,59 @@
+// A connection point: whoever listens to one outgoing interface of the control.
+#pragma once
+
+#include <ocidl.h>
+
+#include <vector>
+
+#include "faces/com/com_call.h"
+#include "faces/com/com_pointer.h"
+
+namespace zolt20::com {
+
+/// Lives within the object that it is a part of, and counts its references with it. Calls from
+/// another thread than the one that made it are refused.
+class ConnectionPoint final : public IConnectionPoint {
+ public:
+  /// Listeners answer for `sinkId`.
+  ConnectionPoint(IConnectionPointContainer& container, REFIID sinkId)
+      : container_(container), sinkId_(sinkId) {}
+
+  const IID& SinkId() const { return sinkId_; }
+  /// The listeners as they are now: one may come or go while the others are told.
+  template <typename Sink>
+  std::vector<Pointer<Sink>> Sinks() const {
+    std::vector<Pointer<Sink>> sinks;
+    for (const Connection& connection : connections_)
+      sinks.emplace_back(static_cast<Sink*>(connection.sink.Get()));
+    return sinks;
+  }
+
+  STDMETHODIMP QueryInterface(REFIID id, void** object) override;
+  STDMETHODIMP_(ULONG) AddRef() override { return container_.AddRef(); }
+  STDMETHODIMP_(ULONG) Release() override { return container_.Release(); }
+
+  STDMETHODIMP GetConnectionInterface(IID* id) override;
+  STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** container) override;
+  STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) override;
+  STDMETHODIMP Unadvise(DWORD cookie) override;
+  STDMETHODIMP EnumConnections(IEnumConnections** connections) override;
+
+ private:
+  struct Connection {
+    DWORD cookie;
+    Pointer<IUnknown> sink;  // its pointer is one of the sink's interface
+  };
+
+  template <typename Body>
+  HRESULT Enter(const Body& body) noexcept {
+    return GetCurrentThreadId() == thread_ ? Guarded(body) : RPC_E_WRONG_THREAD;
+  }
+
+  const DWORD thread_ = GetCurrentThreadId();
+  IConnectionPointContainer& container_;
+  IID sinkId_;
+  std::vector<Connection> connections_;
+  DWORD lastCookie_ = 0;
+};
+
+}  // namespace zolt20::com

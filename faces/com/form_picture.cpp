@@ -1,0 +1,248 @@
+#include "faces/com/form_picture.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "faces/com/com_text.h"
+#include "faces/com/form_places.h"
+
+namespace zolt20::com {
+namespace {
+
+constexpr int kFontTwips = 165;  // 8 1/4 points
+constexpr int kRowTwips = 210;
+constexpr int kTextMarginTwips = 45;
+
+struct DeleteObjectFor {
+  void operator()(void* object) const { DeleteObject(object); }
+};
+using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteObjectFor>;
+
+// Draws with twips of the form.
+class Picture {
+ public:
+  Picture(HDC canvas, const RECT& place, const Surface& form)
+      : canvas_(canvas),
+        form_(form),
+        place_(place),
+        width_(FormPlaces::kWidth),
+        height_(FormPlaces::kHeight),
+        places_(form, width_, height_),
+        saved_(SaveDC(canvas)) {
+    const int height = std::max(1, Down(kFontTwips));
+    verdana_ = MakeFont(L"Verdana", height);
+    arial_ = MakeFont(L"Arial", height);
+    SetBkMode(canvas_, TRANSPARENT);
+  }
+  ~Picture() { RestoreDC(canvas_, saved_); }
+  Picture(const Picture&) = delete;
+  Picture& operator=(const Picture&) = delete;
+
+  void Draw() {
+    FillRect(canvas_, &place_, GetSysColorBrush(COLOR_BTNFACE));
+    for (const Control* control : form_.Controls()) {
+      // Of the two views of the where condition, which at first are both visible, the where text
+      // lies on top.
+      const bool isCovered =
+          (control == &form_.FraCondition || control->frame() == &form_.FraCondition) &&
+          form_.FrawhereCondition.Visible();
+      if (control->Shown() && !isCovered) DrawWithin(*control);
+    }
+  }
+
+ private:
+  static Font MakeFont(const wchar_t* name, int height) {
+    return Font(CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                            OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                            DEFAULT_PITCH | FF_DONTCARE, name));
+  }
+
+  int Across(int twips) const { return MulDiv(twips, place_.right - place_.left, width_); }
+  int Down(int twips) const { return MulDiv(twips, place_.bottom - place_.top, height_); }
+
+  RECT RectOf(const Control& control) const {
+    Geometry place = places_.Of(control);
+    for (const Control* frame = control.frame(); frame != nullptr; frame = frame->frame()) {
+      const Geometry around = places_.Of(*frame);
+      place.left += around.left;
+      place.top += around.top;
+    }
+    return {place_.left + Across(place.left), place_.top + Down(place.top),
+            place_.left + Across(place.left + place.width),
+            place_.top + Down(place.top + place.height)};
+  }
+
+  // What lies in a frame is seen in it alone, such as the rows of the cases that do not fit.
+  void DrawWithin(const Control& control) {
+    const int saved = SaveDC(canvas_);
+    if (const Control* frame = control.frame()) {
+      const RECT inside = RectOf(*frame);
+      IntersectClipRect(canvas_, inside.left, inside.top, inside.right, inside.bottom);
+    }
+    DrawControl(control);
+    RestoreDC(canvas_, saved);
+  }
+
+  void DrawControl(const Control& control) {
+    RECT rect = RectOf(control);
+    SetTextColor(canvas_, GetSysColor(control.Enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+    const bool isArial = control.frame() == &form_.frawhile || &control == &form_.frawhile;
+    SelectObject(canvas_, isArial ? arial_.get() : verdana_.get());
+    switch (control.kind()) {
+      case Kind::TabStrip:
+        DrawTabs(rect);
+        break;
+      case Kind::SyntaxTextBox:
+        DrawBox(rect);
+        DrawLines(rect, static_cast<const SyntaxTextBox&>(control).Text());
+        break;
+      case Kind::TextBox:
+        DrawBox(rect);
+        DrawLines(rect, static_cast<const TextBox&>(control).Text());
+        break;
+      case Kind::ListBox:
+        DrawBox(rect);
+        DrawRows(rect, static_cast<const ListBox&>(control));
+        break;
+      case Kind::ComboBox: {
+        DrawBox(rect);
+        RECT arrow = rect;
+        arrow.left = std::max(rect.left, rect.right - (rect.bottom - rect.top));
+        DrawFrameControl(canvas_, &arrow, DFC_SCROLL, DFCS_SCROLLCOMBOBOX);
+        rect.right = arrow.left;
+        DrawLine(rect, static_cast<const ComboBox&>(control).Text(), DT_VCENTER);
+        break;
+      }
+      case Kind::Button:
+        DrawFrameControl(canvas_, &rect, DFC_BUTTON, DFCS_BUTTONPUSH);
+        DrawLine(rect, static_cast<const Button&>(control).Caption(), DT_CENTER | DT_VCENTER);
+        break;
+      case Kind::OptionButton: {
+        RECT mark = rect;
+        mark.right = mark.left + Across(kRowTwips);
+        DrawFrameControl(canvas_, &mark, DFC_BUTTON,
+                         static_cast<const OptionButton&>(control).Value()
+                             ? DFCS_BUTTONRADIO | DFCS_CHECKED
+                             : DFCS_BUTTONRADIO);
+        rect.left = mark.right;
+        DrawLine(rect, static_cast<const OptionButton&>(control).Caption(), DT_VCENTER);
+        break;
+      }
+      case Kind::Frame:
+        if ((control.design().style & kNoBorder) == 0)
+          DrawFrame(rect, static_cast<const Frame&>(control).Caption());
+        break;
+      case Kind::Label:
+        DrawLine(rect, static_cast<const Label&>(control).Caption(), 0);
+        break;
+      case Kind::Rectangle:
+        DrawEdge(canvas_, &rect, EDGE_ETCHED, BF_RECT);
+        break;
+      case Kind::ScrollBar:
+        DrawFrameControl(canvas_, &rect, DFC_SCROLL, DFCS_SCROLLDOWN);
+        break;
+    }
+  }
+
+  void DrawTabs(RECT rect) {
+    const int width = (rect.right - rect.left) / static_cast<int>(kPageCaptions.size());
+    for (std::size_t page = 0; page < kPageCaptions.size(); ++page) {
+      RECT tab = rect;
+      tab.left += static_cast<int>(page) * width;
+      tab.right = tab.left + width;
+      const bool isActive = form_.tabVrn.Tab().value() == static_cast<int>(page);
+      if (!isActive) tab.top += Down(kTextMarginTwips);
+      DrawEdge(canvas_, &tab, EDGE_RAISED,
+               BF_LEFT | BF_TOP | BF_RIGHT | (isActive ? 0U : BF_BOTTOM));
+      DrawLine(tab, Trim(kPageCaptions[page]), DT_CENTER | DT_VCENTER);
+    }
+  }
+
+  void DrawBox(RECT& rect) {
+    FillRect(canvas_, &rect, GetSysColorBrush(COLOR_WINDOW));
+    DrawEdge(canvas_, &rect, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+  }
+
+  void DrawFrame(RECT rect, StringView caption) {
+    RECT border = rect;
+    border.top += Down(kRowTwips) / 2;
+    DrawEdge(canvas_, &border, EDGE_ETCHED, BF_RECT);
+    RECT text = rect;
+    text.left += Across(kRowTwips) / 2;
+    text.bottom = text.top + Down(kRowTwips);
+    if (caption.empty()) return;
+    DrawTextW(canvas_, reinterpret_cast<const wchar_t*>(caption.data()),
+              static_cast<int>(caption.size()), &text, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+    FillRect(canvas_, &text, GetSysColorBrush(COLOR_BTNFACE));
+    DrawLine(text, caption, 0, 0);
+  }
+
+  void DrawRows(const RECT& rect, const ListBox& list) {
+    RECT row = rect;
+    const int height = std::max(1, Down(kRowTwips));
+    for (int number = 0; number < list.ListCount() && row.top < rect.bottom; ++number) {
+      row.bottom = std::min<LONG>(rect.bottom, row.top + height);
+      const bool isMarked = list.Selected(number);
+      if (list.HasCheckBoxes()) {
+        RECT mark = row;
+        mark.right = std::min<LONG>(rect.right, mark.left + height);
+        DrawFrameControl(canvas_, &mark, DFC_BUTTON,
+                         isMarked ? DFCS_BUTTONCHECK | DFCS_CHECKED : DFCS_BUTTONCHECK);
+        row.left = mark.right;
+      } else if (isMarked) {
+        FillRect(canvas_, &row, GetSysColorBrush(COLOR_HIGHLIGHT));
+      }
+      SetTextColor(canvas_, GetSysColor(isMarked && !list.HasCheckBoxes() ? COLOR_HIGHLIGHTTEXT
+                                                                          : COLOR_WINDOWTEXT));
+      DrawLine(row, list.List(number), DT_VCENTER);
+      row.left = rect.left;
+      row.top = row.bottom;
+    }
+  }
+
+  void DrawLines(RECT rect, StringView text) {
+    // No more than can be seen: the text may be long.
+    constexpr std::size_t kMost = 20'000;
+    rect.left += Across(kTextMarginTwips);
+    SetTextColor(canvas_, GetSysColor(COLOR_WINDOWTEXT));
+    DrawTextW(canvas_, reinterpret_cast<const wchar_t*>(text.data()),
+              static_cast<int>(std::min(text.size(), kMost)), &rect, DT_NOPREFIX | DT_EXPANDTABS);
+  }
+
+  void DrawLine(RECT rect, StringView text, UINT format, int margin = kTextMarginTwips) {
+    if ((format & DT_CENTER) == 0) rect.left += Across(margin);
+    DrawTextW(canvas_, reinterpret_cast<const wchar_t*>(text.data()), static_cast<int>(text.size()),
+              &rect, format | DT_SINGLELINE | DT_NOPREFIX);
+  }
+
+  HDC canvas_;
+  const Surface& form_;
+  RECT place_;
+  int width_;
+  int height_;
+  FormPlaces places_;
+  int saved_;
+  Font verdana_;
+  Font arial_;
+};
+
+}  // namespace
+
+void DrawForm(HDC canvas, const RECT& place, const Surface& form) {
+  const int saved = SaveDC(canvas);
+  RECT pixels = place;
+  // In pixels, which run down, whatever the canvas's own measure; a metafile has none.
+  if (GetObjectType(canvas) == OBJ_DC || GetObjectType(canvas) == OBJ_MEMDC) {
+    LPtoDP(canvas, reinterpret_cast<POINT*>(&pixels), 2);
+    SetMapMode(canvas, MM_TEXT);
+    SetWindowOrgEx(canvas, 0, 0, nullptr);
+    SetViewportOrgEx(canvas, 0, 0, nullptr);
+  }
+  pixels = {std::min(pixels.left, pixels.right), std::min(pixels.top, pixels.bottom),
+            std::max(pixels.left, pixels.right), std::max(pixels.top, pixels.bottom)};
+  IntersectClipRect(canvas, pixels.left, pixels.top, pixels.right, pixels.bottom);
+  if (IsRectEmpty(&pixels) == FALSE) Picture(canvas, pixels, form).Draw();
+  RestoreDC(canvas, saved);
+}
+
+}  // namespace zolt20::com

@@ -1,0 +1,15 @@
+// A picture of the form, for containers that do not activate it, for print and for metafiles: drawn
+// from the surface, at any size, with no window.
+#pragma once
+
+#include <windows.h>
+
+#include "surface/surface.h"
+
+namespace zolt20::com {
+
+/// Draws the page that is active and what is around it into the place, given in the canvas's own
+/// measure.
+void DrawForm(HDC canvas, const RECT& place, const Surface& form);
+
+}  // namespace zolt20::com

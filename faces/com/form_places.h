@@ -1,0 +1,47 @@
+// Where the controls of the form stand at a size of it, in twips: a plain computation that knows no
+// window, so that the window and the picture of a control that has none share it.
+#pragma once
+
+#include <array>
+#include <map>
+
+#include "surface/surface.h"
+
+namespace zolt20::com {
+
+inline constexpr int kTwipsPerInch = 1440;
+
+class FormPlaces {
+ public:
+  /// The size that a new control has, and the least that shows everything.
+  static constexpr int kWidth = 12'600;
+  static constexpr int kHeight = 8'700;
+  static constexpr int kLeastWidth = 10'500;
+  static constexpr int kLeastHeight = 6'900;
+
+  /// Of a form of that size; below the least it is that of the least.
+  FormPlaces(const Surface& form, int width, int height);
+
+  /// Within the control's frame, or the form. Of an element that was loaded since, its own place.
+  Geometry Of(const Control& control) const;
+
+ private:
+  struct Box;
+
+  void Put(const Control& control, const Box& place);
+  void PutAround(Box whole);
+  void PutSelectList(Box page);
+  void PutWhere(Box page);
+  void PutStatements(Box page, int index);
+  void PutConditions(Box page);
+  void PutCase(Box frame);
+  void PutRows(Box frame, std::initializer_list<std::pair<const Control*, const Control*>> rows);
+  Box PutInstructions(Box page, std::initializer_list<const Control*> labels,
+                      const Control& button);
+
+  const Surface& form_;
+  std::map<const Control*, Geometry> places_;
+  int caseWidth_ = 0;
+};
+
+}  // namespace zolt20::com

@@ -1,0 +1,1506 @@
+#include "faces/com/form_window.h"
+
+#include <commctrl.h>
+#include <richedit.h>
+#include <windowsx.h>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "faces/com/com_text.h"
+#include "faces/com/common_controls.h"
+#include "faces/com/statement_box.h"
+#include "faces/keys/neighbours.h"
+#include "faces/texts/shown_text.h"
+#include "faces/words/form_words.h"
+
+namespace zolt20::com {
+namespace {
+
+constexpr UINT kGoAway = WM_APP + 1;
+constexpr UINT kResolutionChanged = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
+constexpr UINT kThemeChanged = 0x031A;       // WM_THEMECHANGED
+constexpr UINT_PTR kSubclass = 1;
+constexpr int kFontTwips = 165;  // 8 1/4 points
+constexpr int kSmallFontTwips = 150;
+constexpr int kBackspace = 8;
+
+// The keys by which texts and marks are changed and gone through.
+bool IsEditingKey(const MSG& message) {
+  if (message.message != WM_KEYDOWN || GetKeyState(VK_MENU) < 0) return false;
+  switch (message.wParam) {
+    case VK_LEFT:
+    case VK_RIGHT:
+    case VK_UP:
+    case VK_DOWN:
+    case VK_HOME:
+    case VK_END:
+    case VK_PRIOR:
+    case VK_NEXT:
+    case VK_RETURN:
+    case VK_BACK:
+    case VK_DELETE:
+    case VK_INSERT:
+      return true;
+    case L'A':
+    case L'C':
+    case L'V':
+    case L'X':
+    case L'Y':
+    case L'Z':
+      return GetKeyState(VK_CONTROL) < 0;
+    default:
+      return false;
+  }
+}
+
+bool MayScroll(UINT message) {
+  return message == WM_VSCROLL || message == WM_MOUSEWHEEL || message == WM_KEYDOWN ||
+         message == WM_SIZE || message == EM_SCROLLCARET || message == EM_SCROLL;
+}
+
+int DpiOf(HWND window) {
+  // Not there before Windows 10.
+  using GetDpi = UINT(WINAPI*)(HWND);
+  static const auto getDpi = reinterpret_cast<GetDpi>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+  if (getDpi != nullptr) {
+    if (const UINT dpi = getDpi(window); dpi != 0) return static_cast<int>(dpi);
+  }
+  const HDC screen = GetDC(nullptr);
+  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  return dpi;
+}
+
+bool IsMultiLine(const Control& control) {
+  return (control.design().style & kMultiLine) != 0;
+}
+
+// The labels that tell how a page is used, small and out of the way: those that begin with a
+// number.
+bool IsInstruction(const Control& control) {
+  return control.kind() == Kind::Label && control.frame() == nullptr &&
+         !control.design().caption.empty() && control.design().caption.front() >= u'1' &&
+         control.design().caption.front() <= u'9';
+}
+
+bool HasCaption(const Control& control) {
+  return control.kind() == Kind::Button || control.kind() == Kind::OptionButton;
+}
+
+// What the cases of an On...Case are written into.
+bool IsCaseBox(const Control& control) {
+  return control.design().name == ControlName::TxtDef ||
+         control.design().name == ControlName::txtStmt;
+}
+
+// A plain number is 0xBBGGRR; of the system colours the ones of the form, told by their top bit,
+// are those of a box that takes nothing.
+bool IsInactiveColour(unsigned color) {
+  constexpr unsigned kSystemColour = 0x80000000;
+  constexpr unsigned kHighlightText = 0x8000000E;
+  return (color & kSystemColour) != 0 && color != kHighlightText;
+}
+
+// A text that stays in the background and can be read all the same: two thirds of the way.
+COLORREF Quiet(COLORREF text, COLORREF background) {
+  const auto mix = [](int one, int other) { return (2 * one + other) / 3; };
+  return RGB(mix(GetRValue(text), GetRValue(background)),
+             mix(GetGValue(text), GetGValue(background)),
+             mix(GetBValue(text), GetBValue(background)));
+}
+
+String WindowText(HWND window) {
+  String text(static_cast<std::size_t>(GetWindowTextLengthW(window)), u'\0');
+  const int length = GetWindowTextW(window, reinterpret_cast<wchar_t*>(text.data()),
+                                    static_cast<int>(text.size()) + 1);
+  text.resize(static_cast<std::size_t>(length));
+  return text;
+}
+
+// What the platform's own boxes show of a text: a NUL would end it there.
+String WithoutNuls(StringView text) {
+  String shown(text);
+  std::replace(shown.begin(), shown.end(), u'\0', u'\u2400');
+  return shown;
+}
+
+}  // namespace
+
+// A control's window. What it shows stays known, so that nothing is drawn that does not differ.
+struct FormWindow::Child {
+  static constexpr int kAllRows = std::numeric_limits<int>::max();
+
+  explicit Child(const Control& shownControl) : control(shownControl) {}
+
+  const Control& control;
+  HWND window = nullptr;
+  HWND edit = nullptr;    // the line within an editable combo
+  bool isChanged = true;  // it shows something else than the control has
+  bool caretChanged = false;
+  String shown;             // of a text box: what it shows
+  bool rowsChanged = true;  // of lists and combos
+  int firstNewRow = 0;      // of a list: which rows are not measured yet
+  int behindNewRows = kAllRows;
+  String longestRow;  // of a list: the one of the most characters that was there
+  bool marksChanged = true;
+  std::unique_ptr<StatementBox> statements;  // of a box of statements
+  bool isPicking = false;  // of a combo: its list was open, and an entry was chosen
+  bool wasPicked = false;  // of a combo: what the last key or press chose is done
+  std::wstring searched;   // of a list: the letters typed last
+  DWORD searchedAt = 0;
+};
+
+// A message in progress: the window stays until the last of them is through.
+class FormWindow::Busy {
+ public:
+  explicit Busy(FormWindow& window) : window_(window.shared_from_this()) { ++window_->busy_; }
+  ~Busy() {
+    --window_->busy_;
+    if (window_->busy_ == 0 && window_->root_ != nullptr &&
+        std::exchange(window_->goesLater_, false)) {
+      PostMessageW(window_->root_, kGoAway, 0, 0);
+    }
+  }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  std::shared_ptr<FormWindow> window_;
+};
+
+namespace {
+
+class Showing {
+ public:
+  explicit Showing(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  ~Showing() { flag_ = before_; }
+  Showing(const Showing&) = delete;
+  Showing& operator=(const Showing&) = delete;
+
+ private:
+  bool& flag_;
+  bool before_;
+};
+
+}  // namespace
+
+// Making windows.
+
+FormWindow::Handle FormWindow::Make(HWND parent, const RECT& place, ZOLT20MapControl& control,
+                                    Owner& owner) {
+  const std::shared_ptr<FormWindow> made(new FormWindow(control, owner),
+                                         [](FormWindow* window) { delete window; });
+  made->self_ = made;
+  Handle window(made.get());
+  window->Create(parent, place);
+  return window;
+}
+
+FormWindow::FormWindow(ZOLT20MapControl& control, Owner& owner)
+    : control_(control), owner_(owner) {}
+
+FormWindow::~FormWindow() {
+  for (const HFONT font : {verdana_, small_, arial_}) {
+    if (font != nullptr) DeleteObject(font);
+  }
+}
+
+void FormWindow::Retire() {
+  isRetired_ = true;
+  const Busy busy(*this);
+  if (root_ == nullptr) {
+    self_ = nullptr;
+    return;
+  }
+  control_.RemoveObserver(*this);
+  if (HasFocus()) SetFocus(GetParent(root_));
+  if (busy_ == 1) {
+    DestroyWindow(root_);
+    return;
+  }
+  // Its parent may go before the messages in progress are through.
+  ShowWindow(root_, SW_HIDE);
+  SetParent(root_, HWND_MESSAGE);
+  PostMessageW(root_, kGoAway, 0, 0);
+}
+
+void FormWindow::Create(HWND parent, const RECT& place) {
+  RegisterClasses(&RootMessage, &PanelMessage);
+  const Busy busy(*this);
+  const CommonControls commonControls;
+  const Showing showing(isShowing_);
+  root_ = CreateWindowExW(WS_EX_CONTROLPARENT, kRootClass, L"",
+                          WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, place.left, place.top,
+                          place.right - place.left, place.bottom - place.top, parent, nullptr,
+                          ServerInstance(), this);
+  if (root_ == nullptr) throw std::runtime_error("no window");
+  dpi_ = DpiOf(root_);
+  MakeFonts();
+  for (const auto& caption : kPageCaptions) {
+    pages_.push_back(CreateWindowExW(WS_EX_CONTROLPARENT, kPanelClass, Wide(String(Trim(caption))),
+                                     WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, 0, 0, 0,
+                                     root_, nullptr, ServerInstance(), this));
+  }
+  for (const Control* control : Form().Controls())
+    CreateChild(*control);
+  control_.AddObserver(*this);
+  StateReplaced();
+  LayOut();
+}
+
+void FormWindow::MakeFonts() {
+  // The windows have the old ones until they get these.
+  const std::array<HFONT, 3> before{verdana_, small_, arial_};
+  const auto make = [this](const wchar_t* name, int twips) {
+    return CreateFontW(-MulDiv(twips, dpi_, kTwipsPerInch), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                       DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY,
+                       DEFAULT_PITCH | FF_SWISS, name);
+  };
+  verdana_ = make(L"Verdana", kFontTwips);
+  small_ = make(L"Verdana", kSmallFontTwips);
+  arial_ = make(L"Arial", kFontTwips);
+  for (const auto& [control, child] : children_)
+    SendMessageW(child->window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(*control)), TRUE);
+  for (const HFONT font : before) {
+    if (font != nullptr) DeleteObject(font);
+  }
+}
+
+HFONT FormWindow::FontOf(const Control& control) const {
+  if (&control == &Form().frawhile || control.frame() == &Form().frawhile) return arial_;
+  return IsInstruction(control) ? small_ : verdana_;
+}
+
+HWND FormWindow::ParentOf(const Control& control) const {
+  if (const Control* frame = control.frame()) return children_.at(frame)->window;
+  const int page = control.design().page;
+  return page == kEveryPage ? root_ : pages_[static_cast<std::size_t>(page)];
+}
+
+FormWindow::Child& FormWindow::CreateChild(const Control& control) {
+  auto made = std::make_unique<Child>(control);
+  Child& child = *made;
+  const wchar_t* kind = nullptr;
+  DWORD style = WS_CHILD | WS_CLIPSIBLINGS;
+  DWORD extended = 0;
+  const unsigned traits = control.design().style;
+  switch (control.kind()) {
+    case Kind::TabStrip:
+      kind = WC_TABCONTROLW;
+      break;
+    case Kind::SyntaxTextBox:
+      child.statements = std::make_unique<StatementBox>();
+      kind = StatementBox::ClassName();
+      style |= StatementBox::kStyle;
+      extended = WS_EX_CLIENTEDGE;
+      break;
+    case Kind::TextBox:
+      kind = WC_EDITW;
+      style |= ES_NOHIDESEL;
+      if (IsMultiLine(control)) style |= ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL;
+      // The small boxes of the cases have no room for a scroll bar below; their lines are wrapped.
+      if (!IsCaseBox(control)) style |= ES_AUTOHSCROLL;
+      if (IsMultiLine(control) && !IsCaseBox(control)) style |= WS_HSCROLL;
+      extended = WS_EX_CLIENTEDGE;
+      break;
+    case Kind::ListBox:
+      kind = WC_LISTVIEWW;
+      style |= LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
+      if (static_cast<const ListBox&>(control).IsSingle()) style |= LVS_SINGLESEL;
+      extended = WS_EX_CLIENTEDGE;
+      break;
+    case Kind::ComboBox:
+      kind = WC_COMBOBOXW;
+      style |= WS_VSCROLL | CBS_HASSTRINGS | CBS_AUTOHSCROLL |
+               ((traits & kEditable) != 0 ? CBS_DROPDOWN : CBS_DROPDOWNLIST);
+      break;
+    case Kind::Button:
+      kind = WC_BUTTONW;
+      style |= BS_PUSHBUTTON;
+      break;
+    case Kind::OptionButton:
+      kind = WC_BUTTONW;
+      style |= BS_RADIOBUTTON;
+      break;
+    case Kind::Frame:
+      kind = kPanelClass;
+      style |= WS_CLIPCHILDREN;
+      extended = WS_EX_CONTROLPARENT;
+      break;
+    case Kind::Label:
+      kind = WC_STATICW;
+      style |= SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_ENDELLIPSIS;
+      break;
+    case Kind::Rectangle:
+      kind = kPanelClass;
+      break;
+    case Kind::ScrollBar:
+      kind = WC_SCROLLBARW;
+      style |= SBS_VERT;
+      break;
+  }
+  if (control.TakesFocus()) style |= WS_TABSTOP;
+  child.window = CreateWindowExW(extended, kind, L"", style, 0, 0, 0, 0, ParentOf(control), nullptr,
+                                 ServerInstance(), this);
+  if (child.window == nullptr) throw std::runtime_error("no window");
+  const ATOM name = GlobalAddAtomW(Wide(Widened(control.name())));
+  SetPropW(child.window, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(name)));
+  SendMessageW(child.window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(control)), FALSE);
+  const auto entry = children_.emplace(&control, std::move(made)).first;
+  childOfWindow_.emplace(child.window, &child);
+  if (control.TakesFocus() && !HasCaption(control)) {
+    spoken_.Give(child.window, faces::AccessibleName(control));
+  }
+  if (control.kind() != Kind::Frame)
+    SetWindowSubclass(child.window, &ChildMessage, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+
+  switch (control.kind()) {
+    case Kind::TabStrip:
+      for (std::size_t page = 0; page < kPageCaptions.size(); ++page) {
+        String caption(kPageCaptions[page]);
+        TCITEMW item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = const_cast<wchar_t*>(Wide(caption));
+        SendMessageW(child.window, TCM_INSERTITEMW, page, reinterpret_cast<LPARAM>(&item));
+      }
+      break;
+    case Kind::SyntaxTextBox:
+      child.statements->Attach(child.window);
+      break;
+    case Kind::TextBox:
+      SendMessageW(child.window, EM_SETLIMITTEXT, 0x7FFFFFFE, 0);
+      break;
+    case Kind::ListBox: {
+      LVCOLUMNW column{};
+      column.mask = LVCF_WIDTH;
+      SendMessageW(child.window, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+      DWORD wanted = LVS_EX_DOUBLEBUFFER | LVS_EX_FULLROWSELECT;
+      if (static_cast<const ListBox&>(control).HasCheckBoxes()) {
+        wanted |= LVS_EX_CHECKBOXES;
+        SendMessageW(child.window, LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK, 0);
+      }
+      SendMessageW(child.window, LVM_SETEXTENDEDLISTVIEWSTYLE, wanted, static_cast<LPARAM>(wanted));
+      break;
+    }
+    case Kind::ComboBox: {
+      SendMessageW(child.window, CB_LIMITTEXT, 0, 0);
+      COMBOBOXINFO info{};
+      info.cbSize = sizeof info;
+      if ((traits & kEditable) != 0 && GetComboBoxInfo(child.window, &info) &&
+          info.hwndItem != nullptr) {
+        child.edit = info.hwndItem;
+        childOfWindow_.emplace(child.edit, &child);
+        SetWindowSubclass(child.edit, &ChildMessage, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+      }
+      break;
+    }
+    default:
+      break;
+  }
+  return *entry->second;
+}
+
+// Notices.
+
+void FormWindow::PropertyChanged(const Control& control, Property property) noexcept {
+  if (Child* child = ChildOf(control)) {
+    child->isChanged = true;
+    if (property == Property::kSelStart) child->caretChanged = true;
+  }
+  if (property == Property::kPlace || property == Property::kTab) placesChanged_ = true;
+}
+
+void FormWindow::RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept {}
+
+void FormWindow::RowsChanged(const Control& list, const RowChange& change) noexcept {
+  Child* const child = ChildOf(list);
+  if (child == nullptr) return;
+  child->isChanged = true;
+  const bool isFirst = !std::exchange(child->rowsChanged, true);
+  if (isFirst && change.what == RowChange::What::kInserted) {
+    child->firstNewRow = change.first;
+    child->behindNewRows = change.first + change.count;
+  } else {
+    child->firstNewRow = 0;
+    child->behindNewRows = Child::kAllRows;
+  }
+}
+
+void FormWindow::MarksChanged(const Control& list, int /*first*/, int /*count*/) noexcept {
+  if (Child* child = ChildOf(list)) {
+    child->isChanged = true;
+    child->marksChanged = true;
+  }
+}
+
+void FormWindow::FocusChanged(const Control* /*control*/) noexcept {
+  focusMoved_ = true;
+}
+
+void FormWindow::TabOrderChanged(int /*first*/, int /*last*/) noexcept {
+  // The tab order is read when the Tab key asks for it.
+}
+
+void FormWindow::ElementLoaded(const Control& /*element*/) noexcept {
+  elementsLoaded_ = true;
+  placesChanged_ = true;
+}
+
+void FormWindow::ElementUnloading(const Control& element) noexcept {
+  const auto found = children_.find(&element);
+  if (found == children_.end()) return;
+  const Showing showing(isShowing_);
+  focusMoved_ = true;
+  const HWND window = found->second->window;
+  if (GetFocus() == window) SetFocus(root_);
+  childOfWindow_.erase(window);
+  RemoveWindowSubclass(window, &ChildMessage, kSubclass);
+  ForgetName(window);
+  spoken_.Take(window);
+  children_.erase(found);
+  DestroyWindow(window);
+}
+
+void FormWindow::StateReplaced() noexcept {
+  focusMoved_ = true;
+  placesChanged_ = true;
+  elementsLoaded_ = true;
+  for (const auto& [control, child] : children_) {
+    child->isChanged = true;
+    child->rowsChanged = true;
+    child->firstNewRow = 0;
+    child->behindNewRows = Child::kAllRows;
+    child->marksChanged = true;
+  }
+}
+
+// Showing.
+
+void FormWindow::ShowChanges() noexcept {
+  const Busy busy(*this);
+  ShowNow();
+}
+
+void FormWindow::ShowNow() noexcept {
+  if (isShowing_ || isRetired_ || root_ == nullptr) return;
+  const Showing showing(isShowing_);
+  try {
+    ShowEverything();
+  } catch (...) {
+    placesChanged_ = true;
+  }
+}
+
+void FormWindow::ShowEverything() {
+  const bool hadFocus = HasFocus();
+  if (elementsLoaded_) {
+    const CommonControls commonControls;
+    for (const Control* control : Form().Controls()) {
+      if (ChildOf(*control) == nullptr) CreateChild(*control);
+    }
+    elementsLoaded_ = false;
+  }
+  for (const auto& [control, child] : children_) {
+    if (!child->isChanged) continue;
+    ShowChild(*child);
+    child->isChanged = false;
+    child->caretChanged = false;
+  }
+  if (std::exchange(placesChanged_, false)) LayOut();
+  if (hadFocus && focusMoved_) ShowFocus();
+  focusMoved_ = false;
+}
+
+void FormWindow::ShowChild(Child& child) {
+  const Control& control = child.control;
+  switch (control.kind()) {
+    case Kind::TabStrip:
+      SendMessageW(child.window, TCM_SETCURSEL,
+                   static_cast<WPARAM>(static_cast<const TabStrip&>(control).Tab().value()), 0);
+      break;
+    case Kind::SyntaxTextBox: {
+      const auto& box = static_cast<const SyntaxTextBox&>(control);
+      child.statements->Highlight(box.Highlight());
+      child.statements->Show(box.Text());
+      break;
+    }
+    case Kind::TextBox: {
+      const auto& box = static_cast<const TextBox&>(control);
+      ShowText(child, box.Text());
+      if (child.caretChanged) {
+        SendMessageW(child.window, EM_SETSEL, static_cast<WPARAM>(box.SelStart()), box.SelStart());
+        SendMessageW(child.window, EM_SCROLLCARET, 0, 0);
+      }
+      break;
+    }
+    case Kind::ListBox:
+      ShowRows(child);
+      break;
+    case Kind::ComboBox:
+      ShowCombo(child);
+      break;
+    case Kind::Button:
+    case Kind::OptionButton:
+      ShowCaption(child, faces::CaptionWithMnemonic(control));
+      if (control.kind() == Kind::OptionButton) {
+        SendMessageW(
+            child.window, BM_SETCHECK,
+            static_cast<const OptionButton&>(control).Value() ? BST_CHECKED : BST_UNCHECKED, 0);
+      }
+      break;
+    case Kind::Frame:
+      ShowCaption(child, static_cast<const Frame&>(control).Caption());
+      break;
+    case Kind::Label:
+      ShowCaption(child, static_cast<const Label&>(control).Caption());
+      break;
+    case Kind::Rectangle:
+      break;
+    case Kind::ScrollBar: {
+      const auto& bar = static_cast<const ScrollBar&>(control);
+      SCROLLINFO info{};
+      info.cbSize = sizeof info;
+      info.fMask = SIF_RANGE | SIF_POS | SIF_PAGE;
+      info.nMax = bar.Max();
+      info.nPage = 1;
+      info.nPos = bar.Value();
+      SetScrollInfo(child.window, SB_CTL, &info, TRUE);
+      break;
+    }
+  }
+  if ((IsWindowEnabled(child.window) != FALSE) != control.Enabled())
+    EnableWindow(child.window, control.Enabled());
+  const bool isVisible = (GetWindowLongPtrW(child.window, GWL_STYLE) & WS_VISIBLE) != 0;
+  if (isVisible != control.Visible()) {
+    ShowWindow(child.window, control.Visible() ? SW_SHOWNA : SW_HIDE);
+    // The two views of the where condition lie over each other, and at first both are visible.
+    if (control.Visible() && &control == &Form().FrawhereCondition) {
+      SetWindowPos(child.window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
+  }
+}
+
+void FormWindow::ShowCaption(Child& child, StringView caption) {
+  if (child.shown == caption) return;
+  child.shown = caption;
+  SetWindowTextW(child.window, Wide(child.shown));
+  if (child.control.kind() == Kind::Frame) InvalidateRect(child.window, nullptr, TRUE);
+}
+
+// Redraws no more than what differs, and stays where the person is.
+void FormWindow::ShowText(Child& child, StringView text) {
+  String shown = WithoutNuls(text);
+  if (shown == child.shown) return;
+  if (IsMultiLine(child.control)) {
+    const faces::Edit edit = faces::EditBetween(child.shown, shown, shown.size());
+    const String added = shown.substr(edit.position, edit.added);
+    SendMessageW(child.window, EM_SETSEL, edit.position,
+                 static_cast<LPARAM>(edit.position + edit.removed));
+    SendMessageW(child.window, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(Wide(added)));
+    SendMessageW(child.window, EM_EMPTYUNDOBUFFER, 0, 0);
+  } else {
+    SetWindowTextW(child.window, Wide(shown));
+  }
+  child.shown = std::move(shown);
+}
+
+void FormWindow::ShowRows(Child& child) {
+  const auto& list = static_cast<const ListBox&>(child.control);
+  if (std::exchange(child.rowsChanged, false)) {
+    child.marksChanged = true;
+    SendMessageW(child.window, LVM_SETITEMCOUNT, static_cast<WPARAM>(list.ListCount()),
+                 LVSICF_NOSCROLL);
+    if (child.behindNewRows == Child::kAllRows) child.longestRow.clear();
+    const int behind = std::min(child.behindNewRows, list.ListCount());
+    for (int row = child.firstNewRow; row < behind; ++row) {
+      if (list.List(row).size() > child.longestRow.size()) child.longestRow = list.List(row);
+    }
+    RECT inside{};
+    GetClientRect(child.window, &inside);
+    const int around = list.HasCheckBoxes() ? 26 : 12;
+    const auto width = static_cast<int>(SendMessageW(
+        child.window, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(Wide(child.longestRow))));
+    SendMessageW(child.window, LVM_SETCOLUMNWIDTH, 0,
+                 std::max<int>(width + MulDiv(around, dpi_, 96), inside.right));
+    InvalidateRect(child.window, nullptr, FALSE);
+  }
+  if (std::exchange(child.marksChanged, false)) ShowMarks(child);
+  if (list.ListIndex() >= 0) {
+    LVITEMW item{};
+    item.stateMask = LVIS_FOCUSED;
+    item.state = LVIS_FOCUSED;
+    SendMessageW(child.window, LVM_SETITEMSTATE, static_cast<WPARAM>(list.ListIndex()),
+                 reinterpret_cast<LPARAM>(&item));
+  }
+}
+
+void FormWindow::ShowMarks(Child& child) {
+  const auto& list = static_cast<const ListBox&>(child.control);
+  if (list.HasCheckBoxes()) {
+    InvalidateRect(child.window, nullptr, FALSE);
+    return;
+  }
+  LVITEMW item{};
+  item.stateMask = LVIS_SELECTED;
+  SendMessageW(child.window, LVM_SETITEMSTATE, static_cast<WPARAM>(-1),
+               reinterpret_cast<LPARAM>(&item));
+  item.state = LVIS_SELECTED;
+  int left = list.SelCount();
+  for (int row = 0; left > 0; ++row) {
+    if (!list.Selected(row)) continue;
+    --left;
+    SendMessageW(child.window, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+                 reinterpret_cast<LPARAM>(&item));
+  }
+}
+
+void FormWindow::ShowCombo(Child& child) {
+  const auto& combo = static_cast<const ComboBox&>(child.control);
+  if (std::exchange(child.rowsChanged, false)) {
+    SendMessageW(child.window, WM_SETREDRAW, FALSE, 0);
+    SendMessageW(child.window, CB_RESETCONTENT, 0, 0);
+    for (int row = 0; row < combo.ListCount(); ++row) {
+      const String text = WithoutNuls(combo.List(row));
+      SendMessageW(child.window, CB_INSERTSTRING, static_cast<WPARAM>(-1),
+                   reinterpret_cast<LPARAM>(Wide(text)));
+    }
+    SendMessageW(child.window, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(child.window, nullptr, TRUE);
+  }
+  if (SendMessageW(child.window, CB_GETCURSEL, 0, 0) != combo.ListIndex()) {
+    SendMessageW(child.window, CB_SETCURSEL, static_cast<WPARAM>(combo.ListIndex()), 0);
+  }
+  if (combo.IsEditable()) {
+    String shown = WithoutNuls(combo.Text());
+    if (WindowText(child.window) != shown) SetWindowTextW(child.window, Wide(shown));
+    child.shown = std::move(shown);
+  }
+  InvalidateRect(child.window, nullptr, FALSE);
+}
+
+void FormWindow::LayOut() {
+  if (root_ == nullptr) return;
+  RECT inside{};
+  GetClientRect(root_, &inside);
+  const auto twips = [this](int pixels) { return MulDiv(pixels, kTwipsPerInch, dpi_); };
+  const auto pixels = [this](int inTwips) { return MulDiv(inTwips, dpi_, kTwipsPerInch); };
+  const FormPlaces places(Form(), twips(inside.right), twips(inside.bottom));
+  const Geometry strip = places.Of(Form().tabVrn);
+  const int top = strip.top + strip.height;
+  const int width = std::max<int>(inside.right, pixels(strip.width));
+  const int bottom = places.Of(Form().lblResult).top;
+  for (std::size_t page = 0; page < pages_.size(); ++page) {
+    SetWindowPos(pages_[page], nullptr, 0, pixels(top), width, pixels(bottom) - pixels(top),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    ShowWindow(pages_[page],
+               Form().tabVrn.Tab().value() == static_cast<int>(page) ? SW_SHOWNA : SW_HIDE);
+  }
+  for (const auto& [control, child] : children_) {
+    Geometry place = places.Of(*control);
+    if (control->frame() == nullptr && control->design().page != kEveryPage) place.top -= top;
+    int height = pixels(place.top + place.height) - pixels(place.top);
+    // Of a combo it is the height with its list open.
+    if (control->kind() == Kind::ComboBox) height = pixels(4'000);
+    // A decoration lies behind what it surrounds.
+    const bool isBehind = control->kind() == Kind::Rectangle;
+    SetWindowPos(child->window, isBehind ? HWND_BOTTOM : nullptr, pixels(place.left),
+                 pixels(place.top), pixels(place.left + place.width) - pixels(place.left), height,
+                 (isBehind ? 0U : SWP_NOZORDER) | SWP_NOACTIVATE);
+    if (control->kind() == Kind::ListBox) {
+      RECT list{};
+      GetClientRect(child->window, &list);
+      const auto column = SendMessageW(child->window, LVM_GETCOLUMNWIDTH, 0, 0);
+      if (column < list.right) SendMessageW(child->window, LVM_SETCOLUMNWIDTH, 0, list.right);
+    }
+  }
+}
+
+bool FormWindow::HasFocus() const {
+  const HWND focus = GetFocus();
+  return focus != nullptr && (focus == root_ || IsChild(root_, focus));
+}
+
+void FormWindow::ShowFocus() {
+  if (const Control* focused = Form().Focused()) {
+    FocusOn(*focused);
+  } else if (GetFocus() != root_) {
+    SetFocus(root_);
+  }
+}
+
+void FormWindow::FocusOn(const Control& control) {
+  const Child* child = ChildOf(control);
+  if (child == nullptr) return;
+  const HWND wanted = child->edit != nullptr ? child->edit : child->window;
+  if (GetFocus() != wanted) SetFocus(wanted);
+}
+
+void FormWindow::ResolutionChanged() {
+  dpi_ = DpiOf(root_);
+  MakeFonts();
+  for (const auto& [control, child] : children_) {
+    child->isChanged = true;
+    child->rowsChanged = true;  // the rows have another width
+    if (child->statements) child->statements->Recolour();
+  }
+  placesChanged_ = true;
+  ShowChanges();
+}
+
+void FormWindow::ColoursChanged() {
+  for (const auto& [control, child] : children_) {
+    SendMessageW(child->window, WM_SYSCOLORCHANGE, 0, 0);
+    if (child->statements) child->statements->Recolour();
+  }
+  InvalidateRect(root_, nullptr, TRUE);
+}
+
+void FormWindow::Place(const RECT& place, const RECT& clip) {
+  if (root_ == nullptr) return;
+  const Busy busy(*this);
+  SetWindowPos(root_, nullptr, place.left, place.top, place.right - place.left,
+               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  RECT seen{};
+  IntersectRect(&seen, &place, &clip);
+  if (EqualRect(&seen, &place)) {
+    SetWindowRgn(root_, nullptr, TRUE);
+  } else {
+    OffsetRect(&seen, -place.left, -place.top);
+    SetWindowRgn(root_, CreateRectRgnIndirect(&seen), TRUE);
+  }
+}
+
+void FormWindow::Show(bool visible) {
+  if (root_ == nullptr) return;
+  const Busy busy(*this);
+  ShowNow();
+  ShowWindow(root_, visible ? SW_SHOW : SW_HIDE);
+}
+
+void FormWindow::Enable(bool enabled) {
+  if (root_ != nullptr) EnableWindow(root_, enabled);
+}
+
+void FormWindow::TakeFocus() {
+  if (root_ == nullptr || HasFocus()) return;
+  const Busy busy(*this);
+  if (Form().Focused() != nullptr) {
+    ShowFocus();
+    return;
+  }
+  const Control* first = faces::NextInTabOrder(Form(), nullptr, GetKeyState(VK_SHIFT) >= 0);
+  if (first == nullptr) {
+    SetFocus(root_);
+  } else {
+    FocusOn(*first);
+  }
+}
+
+// Gestures.
+
+void FormWindow::Gesture(const Control& source, const std::function<void()>& act) noexcept {
+  if (isShowing_ || isRetired_) return;
+  const Busy busy(*this);
+  if (Child* child = ChildOf(source)) {
+    child->isChanged = true;
+    child->marksChanged = true;  // the window may have changed its own
+  }
+  if (!owner_.GestureBegins()) {  // within an event of the host
+    focusMoved_ = true;
+    return;
+  }
+  try {
+    const auto fail = [this](const std::wstring& description) {
+      if (isRetired_) return;
+      ShowChanges();
+      owner_.GestureFailed(description.c_str());
+    };
+    try {
+      act();
+    } catch (const RuntimeError& error) {
+      const std::string_view text = error.what();
+      fail(L"Run-time error " + std::to_wstring(error.number()) + L": " +
+           std::wstring(text.begin(), text.end()));
+    } catch (...) {
+      fail(L"The program failed that answers the events of the control.");
+    }
+  } catch (...) {
+    // No memory to tell it.
+  }
+  owner_.GestureEnds();
+}
+
+void FormWindow::Type(Child& child, const String& text) {
+  const Control& control = child.control;
+  Gesture(control, [&] {
+    control_.UserType(control, text);
+    // The control's caret is at the end now; where the person types it stays, unless the text
+    // became another.
+    Child* const left = ChildOf(control);
+    if (left != nullptr && control.kind() == Kind::TextBox &&
+        static_cast<const TextBox&>(control).Text() == text) {
+      left->caretChanged = false;
+    }
+  });
+}
+
+// What a person made of the text of a box.
+void FormWindow::TakeEdit(Child& child) {
+  if (isShowing_) return;
+  if (child.statements) {
+    if (std::optional<String> text = child.statements->TakeEdit()) Type(child, *text);
+    return;
+  }
+  String now = WindowText(child.window);
+  if (now == child.shown) return;
+  DWORD caret = 0;
+  SendMessageW(child.window, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+  const faces::Edit edit =
+      faces::EditBetween(child.shown, now, std::min<std::size_t>(caret, now.size()));
+  const String& text = static_cast<const TextBox&>(child.control).Text();
+  const String changed = Concat(StringView(text).substr(0, edit.position),
+                                StringView(now).substr(edit.position, edit.added),
+                                StringView(text).substr(edit.position + edit.removed));
+  child.shown = std::move(now);
+  Type(child, changed);
+}
+
+// A key goes in at the caret of the control, which stands behind what was typed last. Where the
+// person is elsewhere in the text, what lies behind goes away for that moment.
+void FormWindow::TypeKey(Child& child, int code) {
+  const auto& box = static_cast<const TextBox&>(child.control);
+  DWORD first = 0;
+  DWORD behindSelection = 0;
+  SendMessageW(child.window, EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+               reinterpret_cast<LPARAM>(&behindSelection));
+  const auto position = static_cast<int>(first);
+  const auto count = static_cast<int>(behindSelection - first);
+  int caret = position;
+  Gesture(box, [&] {
+    const String before(Left(box.Text(), position));
+    const String behind(Mid(box.Text(), position + count + 1));
+    if (!behind.empty() || count > 0 || box.SelStart() != position) control_.UserType(box, before);
+    if (code != kBackspace || count == 0) control_.UserKey(box, code);
+    caret = box.SelStart();
+    if (!behind.empty()) control_.UserType(box, Concat(box.Text(), behind));
+  });
+  if (!isRetired_ && root_ != nullptr)
+    SendMessageW(child.window, EM_SETSEL, static_cast<WPARAM>(caret), caret);
+}
+
+void FormWindow::PickEntry(Child& child) {
+  const auto row = static_cast<int>(SendMessageW(child.window, CB_GETCURSEL, 0, 0));
+  if (row < 0) return;
+  Gesture(child.control, [&] { control_.UserPick(child.control, row); });
+}
+
+bool FormWindow::MoveFocus(bool forward) {
+  const Control* next = faces::NextInTabOrder(Form(), Form().Focused(), forward);
+  if (next == nullptr) return false;
+  FocusOn(*next);
+  return true;
+}
+
+void FormWindow::MoveOption(const Control& option, bool forward) {
+  const Control* next = faces::NextOption(Form(), option, forward);
+  if (next != nullptr) Gesture(*next, [&] { control_.UserClick(*next); });
+}
+
+bool FormWindow::TranslateKey(const MSG& message) {
+  if (root_ == nullptr || !HasFocus()) return false;
+  const Busy busy(*this);
+  const bool isAlt = GetKeyState(VK_MENU) < 0;
+  if (message.message == WM_KEYDOWN && message.wParam == VK_TAB && !isAlt &&
+      GetKeyState(VK_CONTROL) >= 0) {
+    return MoveFocus(GetKeyState(VK_SHIFT) >= 0);
+  }
+  // Some containers take for themselves what a control leaves to them.
+  if (IsEditingKey(message) && IsChild(root_, message.hwnd)) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+    return true;
+  }
+  if (message.message == WM_SYSCHAR) return ClickMnemonic(static_cast<wchar_t>(message.wParam));
+  return false;
+}
+
+bool FormWindow::ClickMnemonic(wchar_t letter) {
+  const auto lower = [](wchar_t character) {
+    return static_cast<wchar_t>(reinterpret_cast<UINT_PTR>(
+        CharLowerW(reinterpret_cast<wchar_t*>(static_cast<UINT_PTR>(character)))));
+  };
+  for (const Control* control : Form().Controls()) {
+    const char16_t own = faces::MnemonicOf(*control);
+    if (own == 0 || lower(static_cast<wchar_t>(own)) != lower(letter) || !control->Shown() ||
+        !control->Enabled())
+      continue;
+    Gesture(*control, [&] { control_.UserClick(*control); });
+    return true;
+  }
+  return false;
+}
+
+// What comes from the windows.
+
+FormWindow::Child* FormWindow::ChildOf(HWND window) {
+  const auto found = childOfWindow_.find(window);
+  return found == childOfWindow_.end() ? nullptr : found->second;
+}
+
+FormWindow::Child* FormWindow::ChildOf(const Control& control) {
+  const auto found = children_.find(&control);
+  return found == children_.end() ? nullptr : found->second.get();
+}
+
+LRESULT CALLBACK FormWindow::RootMessage(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_NCCREATE) {
+    SetWindowLongPtrW(
+        window, GWLP_USERDATA,
+        reinterpret_cast<LONG_PTR>(reinterpret_cast<const CREATESTRUCTW*>(longer)->lpCreateParams));
+  }
+  auto* const form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (form == nullptr) return DefWindowProcW(window, message, wide, longer);
+  const Busy busy(*form);
+  try {
+    return form->OnRoot(window, message, wide, longer);
+  } catch (...) {
+    return 0;  // memory ran out; the platform takes no exceptions
+  }
+}
+
+LRESULT CALLBACK FormWindow::PanelMessage(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+  return RootMessage(window, message, wide, longer);
+}
+
+LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+  if (message == kGoAway) {
+    constexpr int kThisOne = 1;
+    if (busy_ > kThisOne) {
+      goesLater_ = true;
+    } else {
+      DestroyWindow(root_);
+    }
+    return 0;
+  }
+  // Once it is given up there may be no control any more.
+  if (isRetired_ && message != WM_DESTROY && message != WM_NCDESTROY)
+    return DefWindowProcW(window, message, wide, longer);
+  switch (message) {
+    case WM_COMMAND:
+      if (Child* child = ChildOf(reinterpret_cast<HWND>(longer))) OnCommand(*child, HIWORD(wide));
+      return 0;
+    case WM_NOTIFY:
+      return OnNotify(*reinterpret_cast<const NMHDR*>(longer), longer);
+    case WM_VSCROLL:
+      if (Child* child = ChildOf(reinterpret_cast<HWND>(longer))) {
+        SCROLLINFO info{};
+        info.cbSize = sizeof info;
+        info.fMask = SIF_ALL;
+        GetScrollInfo(child->window, SB_CTL, &info);
+        int value = info.nPos;
+        switch (LOWORD(wide)) {
+          case SB_LINEUP:
+          case SB_PAGEUP:
+            value -= ScrollBar::SmallChange();
+            break;
+          case SB_LINEDOWN:
+          case SB_PAGEDOWN:
+            value += ScrollBar::SmallChange();
+            break;
+          case SB_TOP:
+            value = 0;
+            break;
+          case SB_BOTTOM:
+            value = info.nMax;
+            break;
+          case SB_THUMBPOSITION:  // a drag is one gesture, when the slider is let go
+            value = HIWORD(wide);
+            break;
+          default:
+            return 0;
+        }
+        Gesture(child->control,
+                [&] { control_.UserScroll(child->control, std::clamp(value, 0, info.nMax)); });
+      }
+      return 0;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLORLISTBOX:
+      if (const HBRUSH brush =
+              OnColour(reinterpret_cast<HDC>(wide), reinterpret_cast<HWND>(longer))) {
+        return reinterpret_cast<LRESULT>(brush);
+      }
+      break;
+    case WM_ERASEBKGND: {
+      RECT inside{};
+      GetClientRect(window, &inside);
+      FillRect(reinterpret_cast<HDC>(wide), &inside, GetSysColorBrush(COLOR_BTNFACE));
+      return 1;
+    }
+    case WM_PAINT:
+      DrawPanel(window);
+      return 0;
+    case WM_LBUTTONDOWN:
+      TakeFocus();
+      return 0;
+    case WM_SETFOCUS:
+      if (window == root_ && !isShowing_ && !isRetired_) {
+        owner_.FocusCame();
+        if (isRetired_ || root_ == nullptr || GetFocus() != root_) return 0;
+        const Control* first = Form().Focused();
+        if (first == nullptr)
+          first = faces::NextInTabOrder(Form(), nullptr, GetKeyState(VK_SHIFT) >= 0);
+        if (first != nullptr) FocusOn(*first);
+      }
+      return 0;
+    case WM_SIZE:
+      if (window == root_) LayOut();
+      return 0;
+    case kResolutionChanged:
+      if (window == root_) ResolutionChanged();
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case kThemeChanged:
+      if (window == root_) ColoursChanged();
+      return 0;
+    case WM_CLOSE:
+      return 0;  // a box of several lines asks for it at Esc, in the belief that this is a dialog
+    case WM_DESTROY:
+      if (window == root_) {
+        isShowing_ = true;  // what the windows tell on their way is nobody's act
+        for (const auto& [control, child] : children_) {
+          RemoveWindowSubclass(child->window, &ChildMessage, kSubclass);
+          if (child->edit != nullptr) RemoveWindowSubclass(child->edit, &ChildMessage, kSubclass);
+          ForgetName(child->window);
+          spoken_.Take(child->window);
+        }
+      }
+      break;
+    case WM_NCDESTROY:
+      SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+      if (window == root_) {
+        root_ = nullptr;
+        if (isRetired_) {
+          self_ = nullptr;
+        } else {
+          control_.RemoveObserver(*this);  // its container took it away
+        }
+        children_.clear();
+        childOfWindow_.clear();
+        pages_.clear();
+      }
+      break;
+    default:
+      break;
+  }
+  return DefWindowProcW(window, message, wide, longer);
+}
+
+void FormWindow::DrawPanel(HWND window) {
+  PAINTSTRUCT paint{};
+  const HDC canvas = BeginPaint(window, &paint);
+  const Child* child = ChildOf(window);
+  if (child != nullptr && child->control.kind() == Kind::Rectangle) {
+    RECT border{};
+    GetClientRect(window, &border);
+    DrawEdge(canvas, &border, EDGE_ETCHED, BF_RECT);
+  } else if (child != nullptr && (child->control.design().style & kNoBorder) == 0) {
+    RECT border{};
+    GetClientRect(window, &border);
+    const int line = MulDiv(kFontTwips, dpi_, kTwipsPerInch);
+    RECT text{line / 2, 0, border.right, line * 3 / 2};
+    border.top += line * 2 / 3;
+    DrawEdge(canvas, &border, EDGE_ETCHED, BF_RECT);
+    const HGDIOBJ before = SelectObject(canvas, FontOf(child->control));
+    SetBkColor(canvas, GetSysColor(COLOR_BTNFACE));
+    SetTextColor(canvas, GetSysColor(COLOR_BTNTEXT));
+    DrawTextW(canvas, Wide(child->shown), -1, &text, DT_SINGLELINE | DT_NOPREFIX);
+    SelectObject(canvas, before);
+  }
+  EndPaint(window, &paint);
+}
+
+HBRUSH FormWindow::OnColour(HDC canvas, HWND window) {
+  const Child* child = ChildOf(window);
+  if (child == nullptr) child = ChildOf(GetParent(window));  // the line of a combo
+  if (child == nullptr) return nullptr;
+  const Control& control = child->control;
+  if (control.kind() == Kind::Label || control.kind() == Kind::OptionButton ||
+      control.kind() == Kind::Button) {
+    SetBkMode(canvas, TRANSPARENT);
+    if (IsInstruction(control))
+      SetTextColor(canvas, Quiet(GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)));
+    return GetSysColorBrush(COLOR_BTNFACE);
+  }
+  if (control.kind() == Kind::ComboBox &&
+      IsInactiveColour(static_cast<const ComboBox&>(control).BackColor())) {
+    SetBkColor(canvas, GetSysColor(COLOR_BTNFACE));
+    return GetSysColorBrush(COLOR_BTNFACE);
+  }
+  return nullptr;
+}
+
+void FormWindow::OnCommand(Child& child, int code) {
+  const Control& control = child.control;
+  switch (control.kind()) {
+    case Kind::Button:
+    case Kind::OptionButton:
+      // An option that gets the focus tells a click, too.
+      if (code == BN_CLICKED && !isFocusing_) {
+        Gesture(control, [&] { control_.UserClick(control); });
+      }
+      break;
+    case Kind::TextBox:
+    case Kind::SyntaxTextBox:
+      if (code == EN_CHANGE) TakeEdit(child);
+      break;
+    case Kind::ComboBox: {
+      // Platforms tell a choice in different orders, once or twice; it is one pick, when the list
+      // is closed.
+      const bool isOpen = SendMessageW(child.window, CB_GETDROPPEDSTATE, 0, 0) != 0;
+      if (code == CBN_EDITCHANGE) {
+        Type(child, WindowText(child.window));
+      } else if (code == CBN_DROPDOWN || code == CBN_SELENDCANCEL) {
+        child.isPicking = false;
+        child.wasPicked = false;
+      } else if (code == CBN_SELENDOK && isOpen) {
+        child.isPicking = true;
+      } else if (code == CBN_CLOSEUP && std::exchange(child.isPicking, false)) {
+        child.wasPicked = true;
+        PickEntry(child);
+      } else if (code == CBN_SELENDOK || code == CBN_SELCHANGE) {
+        if (isOpen) break;
+        if (code == CBN_SELCHANGE && std::exchange(child.wasPicked, false)) break;
+        child.wasPicked = code == CBN_SELENDOK;
+        PickEntry(child);
+      }
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+LRESULT FormWindow::OnNotify(const NMHDR& notice, LPARAM longer) {
+  Child* const child = ChildOf(notice.hwndFrom);
+  if (child == nullptr) return 0;
+  const Control& control = child->control;
+  switch (notice.code) {
+    case static_cast<UINT>(TCN_SELCHANGE): {
+      const auto page = static_cast<int>(SendMessageW(child->window, TCM_GETCURSEL, 0, 0));
+      Gesture(control, [&] { control_.UserTab(page); });
+      return 0;
+    }
+    case static_cast<UINT>(LVN_GETDISPINFOW): {
+      LVITEMW& item = reinterpret_cast<NMLVDISPINFOW*>(longer)->item;
+      const auto& list = static_cast<const ListBox&>(control);
+      if (item.iItem < 0 || item.iItem >= list.ListCount()) return 0;
+      if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
+        const String text = WithoutNuls(list.List(item.iItem));
+        const std::size_t count =
+            std::min(text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
+        std::copy_n(text.begin(), count, item.pszText);
+        item.pszText[count] = L'\0';
+      }
+      if ((item.mask & LVIF_STATE) != 0 && list.HasCheckBoxes()) {
+        item.stateMask |= LVIS_STATEIMAGEMASK;
+        item.state = INDEXTOSTATEIMAGEMASK(list.Selected(item.iItem) ? 2U : 1U);
+      }
+      return 0;
+    }
+    case static_cast<UINT>(NM_CUSTOMDRAW): {
+      // A mark looks the same whether the list has the focus or not: it is what the form is about.
+      auto& draw = *reinterpret_cast<NMLVCUSTOMDRAW*>(longer);
+      if (control.kind() != Kind::ListBox) return CDRF_DODEFAULT;
+      if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+      const auto& list = static_cast<const ListBox&>(control);
+      const auto row = static_cast<int>(draw.nmcd.dwItemSpec);
+      if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || list.HasCheckBoxes() ||
+          row >= list.ListCount() || !list.Selected(row) || !list.Enabled()) {
+        return CDRF_DODEFAULT;
+      }
+      draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+      draw.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+      draw.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
+      return CDRF_DODEFAULT;
+    }
+    case static_cast<UINT>(LVN_ITEMCHANGED): {
+      // A mark that came by another way than the mouse and the keys, such as from an aid for
+      // reading the screen.
+      const auto& change = *reinterpret_cast<const NMLISTVIEW*>(longer);
+      const auto& list = static_cast<const ListBox&>(control);
+      const bool isMarked = (change.uNewState & LVIS_SELECTED) != 0;
+      const bool wasMarked = (change.uOldState & LVIS_SELECTED) != 0;
+      if (isShowing_ || isMarked == wasMarked || change.iItem < 0 ||
+          change.iItem >= list.ListCount())
+        return 0;
+      if (list.Selected(change.iItem) == isMarked || (!isMarked && list.IsSingle())) return 0;
+      Gesture(control, [&] { control_.UserClick(control, change.iItem); });
+      return 0;
+    }
+    default:
+      return 0;
+  }
+}
+
+LRESULT CALLBACK FormWindow::ChildMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
+                                          UINT_PTR /*id*/, DWORD_PTR data) {
+  auto* const form = reinterpret_cast<FormWindow*>(data);
+  Child* const child = form->ChildOf(window);
+  if (child == nullptr || form->isRetired_) return DefSubclassProc(window, message, wide, longer);
+  const Busy busy(*form);
+  try {
+    switch (message) {
+      case WM_GETDLGCODE: {
+        // Every key is the form's but Esc, which closes the dialog around. The window does not
+        // learn that there is one.
+        const auto* key = reinterpret_cast<const MSG*>(longer);
+        const LRESULT wanted = DefSubclassProc(window, message, wide, 0);
+        const bool isEscape = key != nullptr && key->wParam == VK_ESCAPE;
+        return isEscape ? wanted & ~DLGC_WANTALLKEYS : wanted | DLGC_WANTALLKEYS;
+      }
+      case WM_SETFOCUS:
+      case WM_KILLFOCUS: {
+        const bool before = std::exchange(form->isFocusing_, message == WM_SETFOCUS);
+        const LRESULT result = DefSubclassProc(window, message, wide, longer);
+        form->isFocusing_ = before;
+        form->OnFocus(window, message == WM_SETFOCUS, reinterpret_cast<HWND>(wide));
+        return result;
+      }
+      default: {
+        bool isDone = false;
+        LRESULT result = form->OnChild(*child, message, wide, longer, isDone);
+        if (isDone) return result;
+        result = DefSubclassProc(window, message, wide, longer);
+        // Whatever the message was, it may have scrolled; the child may be gone with it.
+        Child* const left = MayScroll(message) ? form->ChildOf(window) : nullptr;
+        if (left != nullptr && left->statements) left->statements->Scrolled();
+        return result;
+      }
+    }
+  } catch (...) {
+    return 0;  // memory ran out; the platform takes no exceptions
+  }
+}
+
+void FormWindow::OnFocus(HWND window, bool came, HWND other) {
+  if (isShowing_ || isRetired_) return;
+  const bool isWithin = other != nullptr && (other == root_ || IsChild(root_, other));
+  if (!came) {
+    if (!isWithin) owner_.FocusWent();
+    return;
+  }
+  if (!isWithin) owner_.FocusCame();
+  if (isRetired_ || root_ == nullptr) return;
+  const Child* child = ChildOf(window);
+  if (child == nullptr || Form().Focused() == &child->control) return;
+  const Control& control = child->control;
+  Gesture(control, [&] { control_.UserFocus(control); });
+}
+
+LRESULT FormWindow::OnChild(Child& child, UINT message, WPARAM wide, LPARAM longer, bool& isDone) {
+  const Control& control = child.control;
+  const bool isList = control.kind() == Kind::ListBox;
+  const auto done = [&isDone] {
+    isDone = true;
+    return 0;
+  };
+  if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_MOUSEWHEEL ||
+      message == WM_KILLFOCUS) {
+    child.wasPicked = false;
+  }
+  switch (message) {
+    case WM_KEYDOWN:
+      if (OnKey(child, wide)) return done();
+      break;
+    case WM_PASTE:
+      if (!child.statements) break;
+      child.statements->Paste();
+      return done();
+    case WM_SYSCHAR:
+      if (ClickMnemonic(static_cast<wchar_t>(wide))) return done();
+      break;
+    case WM_CHAR: {
+      const auto character = static_cast<wchar_t>(wide);
+      const bool isBox = control.kind() == Kind::TextBox || control.kind() == Kind::SyntaxTextBox;
+      if (character == L'\t' && !(isBox && IsMultiLine(control) && GetKeyState(VK_CONTROL) < 0))
+        return done();
+      if (character == L'\r' && !IsMultiLine(control)) return done();
+      if (character == 1 && isBox) {  // Ctrl+A
+        SendMessageW(child.window, EM_SETSEL, 0, -1);
+        return done();
+      }
+      if (&control == &Form().txtAsSet && (character >= L' ' || character == kBackspace) &&
+          character != 0x7F) {
+        if (character <= 0x7FFF) TypeKey(child, character);
+        return done();
+      }
+      if (isList) {
+        if (character > L' ') OnListCharacter(child, character);
+        return done();
+      }
+      break;
+    }
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+      if (isList) {
+        LVHITTESTINFO hit{};
+        hit.pt = {GET_X_LPARAM(longer), GET_Y_LPARAM(longer)};
+        const auto row = static_cast<int>(
+            SendMessageW(child.window, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+        if (GetFocus() != child.window) SetFocus(child.window);
+        if (isRetired_ || row < 0 || row >= static_cast<const ListBox&>(control).ListCount())
+          return done();
+        Gesture(control, [&] {
+          message == WM_LBUTTONDOWN ? control_.UserClick(control, row)
+                                    : control_.UserDoubleClick(control, row);
+        });
+        return done();
+      }
+      break;
+    case WM_LBUTTONUP:
+    case WM_RBUTTONDOWN:
+      if (isList) return done();
+      break;
+    default:
+      break;
+  }
+  return 0;
+}
+
+bool FormWindow::OnKey(Child& child, WPARAM key) {
+  const Control& control = child.control;
+  const bool isControl = GetKeyState(VK_CONTROL) < 0;
+  if (key == VK_TAB && !isControl) {
+    const bool forward = GetKeyState(VK_SHIFT) >= 0;
+    if (MoveFocus(forward)) return true;
+    MSG message{};
+    message.hwnd = child.window;
+    message.message = WM_KEYDOWN;
+    message.wParam = VK_TAB;
+    if (owner_.LeavesAtTheEnd(message)) return true;
+    // In a container that knows nothing of this it goes on as in any dialog.
+    const HWND parent = GetParent(root_);
+    const HWND next = GetNextDlgTabItem(GetAncestor(root_, GA_ROOT), root_, !forward);
+    if (parent != nullptr && next != nullptr && next != root_ && !IsChild(root_, next))
+      SetFocus(next);
+    return true;
+  }
+  switch (control.kind()) {
+    case Kind::TextBox:
+      return key == VK_ESCAPE;
+    case Kind::SyntaxTextBox: {
+      if (key == VK_ESCAPE) return true;
+      const bool isShift = GetKeyState(VK_SHIFT) < 0;
+      const bool isCommand = isControl && GetKeyState(VK_MENU) >= 0;
+      if ((key == L'V' && isCommand) || (key == VK_INSERT && isShift && !isControl)) {
+        child.statements->Paste();
+        return true;
+      }
+      // A box of statements has no alignments, bullets or styles of letters.
+      const bool isOfText = key == L'A' || key == L'C' || key == L'X' || key == L'Y' || key == L'Z';
+      const bool isCharacter = (key >= L'0' && key <= L'Z') || key >= VK_OEM_1;
+      return isCommand && isCharacter && !isOfText;
+    }
+    case Kind::Button:
+      if (key != VK_RETURN) return false;
+      Gesture(control, [&] { control_.UserClick(control); });
+      return true;
+    case Kind::OptionButton:
+      if (key == VK_DOWN || key == VK_RIGHT) {
+        MoveOption(control, true);
+        return true;
+      }
+      if (key == VK_UP || key == VK_LEFT) {
+        MoveOption(control, false);
+        return true;
+      }
+      return false;
+    case Kind::ListBox:
+      return OnListKey(child, key);
+    default:
+      return false;
+  }
+}
+
+// In a single selection the keys move the mark, elsewhere the row that Space marks.
+bool FormWindow::OnListKey(Child& child, WPARAM key) {
+  const auto& list = static_cast<const ListBox&>(child.control);
+  const auto at = static_cast<int>(
+      SendMessageW(child.window, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+  const auto page = static_cast<int>(SendMessageW(child.window, LVM_GETCOUNTPERPAGE, 0, 0));
+  int row = 0;
+  switch (key) {
+    case VK_UP:
+      row = at - 1;
+      break;
+    case VK_DOWN:
+      row = at + 1;
+      break;
+    case VK_PRIOR:
+      row = at - page;
+      break;
+    case VK_NEXT:
+      row = at + page;
+      break;
+    case VK_HOME:
+      row = 0;
+      break;
+    case VK_END:
+      row = list.ListCount() - 1;
+      break;
+    case VK_SPACE:
+      if (at >= 0) Gesture(list, [&] { control_.UserClick(list, at); });
+      return true;
+    case VK_RETURN:
+      if (at >= 0) Gesture(list, [&] { control_.UserDoubleClick(list, at); });
+      return true;
+    default:
+      return false;
+  }
+  GoToRow(child, std::clamp(row, 0, std::max(0, list.ListCount() - 1)));
+  return true;
+}
+
+void FormWindow::GoToRow(Child& child, int row) {
+  const auto& list = static_cast<const ListBox&>(child.control);
+  if (row >= list.ListCount()) return;
+  LVITEMW item{};
+  item.stateMask = LVIS_FOCUSED;
+  item.state = LVIS_FOCUSED;
+  SendMessageW(child.window, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+               reinterpret_cast<LPARAM>(&item));
+  SendMessageW(child.window, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+  if (list.IsSingle()) Gesture(list, [&] { control_.UserClick(list, row); });
+}
+
+// Letters typed one soon after the other look for the row that begins with them.
+void FormWindow::OnListCharacter(Child& child, wchar_t character) {
+  const auto& list = static_cast<const ListBox&>(child.control);
+  const DWORD now = GetTickCount();
+  constexpr DWORD kSoon = 1000;
+  if (now - child.searchedAt > kSoon) child.searched.clear();
+  child.searchedAt = now;
+  child.searched += character;
+  const auto at = static_cast<int>(
+      SendMessageW(child.window, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+  const int count = list.ListCount();
+  // One letter goes on to the next row, more of them stay as long as they fit.
+  const int from = child.searched.size() == 1 ? at + 1 : std::max(at, 0);
+  for (int step = 0; step < count; ++step) {
+    const int row = (from + step) % count;
+    if (EqualIgnoringCase(Left(list.List(row), static_cast<int>(child.searched.size())),
+                          View(child.searched.c_str()))) {
+      return GoToRow(child, row);
+    }
+  }
+}
+
+}  // namespace zolt20::com

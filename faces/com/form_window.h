@@ -1,0 +1,170 @@
+// The form as windows: one of the platform's own controls for each control of the surface, under
+// its name.
+//
+// What the control tells about its form is noted and shown when the call in progress is over, or
+// before the host hears of an event in it. What a person does becomes a gesture. No gesture is
+// taken while another call is in progress, so a host may show dialogs from within an event. The
+// window may be given up at any time, from within its own messages too: it does nothing any more
+// then, and goes when they are through.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "faces/com/form_places.h"
+#include "faces/com/server.h"
+#include "faces/com/spoken_names.h"
+#include "shell/control.h"
+
+namespace zolt20::com {
+
+class FormWindow final : public std::enable_shared_from_this<FormWindow>, private SurfaceObserver {
+ public:
+  /// Whom the window belongs to.
+  class Owner {
+   public:
+    /// A gesture is about to be made; not while another call is in progress, and then it is false.
+    /// Between the two the owner and the control stay.
+    virtual bool GestureBegins() = 0;
+    virtual void GestureEnds() noexcept = 0;
+    /// A gesture failed, half done.
+    virtual void GestureFailed(const wchar_t* description) = 0;
+    /// The focus came into the window from elsewhere, or left it.
+    virtual void FocusCame() = 0;
+    virtual void FocusWent() = 0;
+    /// The Tab key went beyond the last control, or with Shift the first. Whether the focus went
+    /// elsewhere.
+    virtual bool LeavesAtTheEnd(const MSG& message) = 0;
+
+   protected:
+    ~Owner() = default;
+  };
+
+  struct GiveUp {
+    void operator()(FormWindow* window) const { window->Retire(); }
+  };
+  using Handle = std::unique_ptr<FormWindow, GiveUp>;
+
+  /// A window within `parent`, in pixels of it, not yet visible. The control and the owner outlive
+  /// the handle. Throws std::bad_alloc, and std::runtime_error when the platform refuses.
+  static Handle Make(HWND parent, const RECT& place, ZOLT20MapControl& control, Owner& owner);
+
+  /// None when the parent took it along.
+  HWND Window() const { return root_; }
+  /// In pixels of the parent; nothing is drawn outside `clip`.
+  void Place(const RECT& place, const RECT& clip);
+  void Show(bool visible);
+  void Enable(bool enabled);
+  /// The control with the focus gets the keyboard, or the first one that can have it.
+  void TakeFocus();
+
+  /// Shows all that changed. The host is about to hear of something, or its call is over. What the
+  /// platform has no room for is shown the next time.
+  void ShowChanges() noexcept;
+
+  /// Whether a key was the form's: Tab moves the focus along the tab order of the surface.
+  bool TranslateKey(const MSG& message);
+  /// Clicks what has the letter, as long as it can be clicked.
+  bool ClickMnemonic(wchar_t letter);
+
+ private:
+  class Busy;
+  struct Child;
+
+  FormWindow(ZOLT20MapControl& control, Owner& owner);
+  ~FormWindow() override;
+  void Retire();
+  const Surface& Form() const { return control_.Form(); }
+
+  // Notices.
+  void PropertyChanged(const Control& control, Property property) noexcept override;
+  void RowsAboutToChange(const Control& list, const RowChange& change) noexcept override;
+  void RowsChanged(const Control& list, const RowChange& change) noexcept override;
+  void MarksChanged(const Control& list, int first, int count) noexcept override;
+  void FocusChanged(const Control* control) noexcept override;
+  void TabOrderChanged(int first, int last) noexcept override;
+  void ElementLoaded(const Control& element) noexcept override;
+  void ElementUnloading(const Control& element) noexcept override;
+  void StateReplaced() noexcept override;
+
+  // Making windows.
+  void Create(HWND parent, const RECT& place);
+  Child& CreateChild(const Control& control);
+  HWND ParentOf(const Control& control) const;
+  void MakeFonts();
+  void ResolutionChanged();
+  void ColoursChanged();
+  HFONT FontOf(const Control& control) const;
+
+  // Showing.
+  void ShowNow() noexcept;
+  void ShowEverything();
+  void ShowChild(Child& child);
+  void ShowText(Child& child, StringView text);
+  void ShowRows(Child& child);
+  void ShowMarks(Child& child);
+  void ShowCombo(Child& child);
+  void ShowCaption(Child& child, StringView caption);
+  void LayOut();
+  void ShowFocus();
+  void FocusOn(const Control& control);
+  bool HasFocus() const;
+
+  // What comes from the windows.
+  static LRESULT CALLBACK RootMessage(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  static LRESULT CALLBACK PanelMessage(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  static LRESULT CALLBACK ChildMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
+                                       UINT_PTR id, DWORD_PTR data);
+  LRESULT OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  LRESULT OnChild(Child& child, UINT message, WPARAM wide, LPARAM longer, bool& isDone);
+  void OnFocus(HWND window, bool came, HWND other);
+  LRESULT OnNotify(const NMHDR& notice, LPARAM longer);
+  void OnCommand(Child& child, int code);
+  HBRUSH OnColour(HDC canvas, HWND window);
+  void DrawPanel(HWND window);
+  bool OnKey(Child& child, WPARAM key);
+  bool OnListKey(Child& child, WPARAM key);
+  void OnListCharacter(Child& child, wchar_t character);
+  void GoToRow(Child& child, int row);
+  void TakeEdit(Child& child);
+  void TypeKey(Child& child, int code);
+  void PickEntry(Child& child);
+
+  // Gestures.
+  void Gesture(const Control& source, const std::function<void()>& act) noexcept;
+  void Type(Child& child, const String& text);
+  bool MoveFocus(bool forward);
+  void MoveOption(const Control& option, bool forward);
+  /// None when there is none.
+  Child* ChildOf(HWND window);
+  Child* ChildOf(const Control& control);
+
+  ZOLT20MapControl& control_;
+  Owner& owner_;
+  ServerLock lock_;
+  std::shared_ptr<FormWindow> self_;  // until it is given up and the platform's window is gone
+  SpokenNames spoken_;
+  HWND root_ = nullptr;
+  std::vector<HWND> pages_;
+  std::unordered_map<const Control*, std::unique_ptr<Child>> children_;
+  std::unordered_map<HWND, Child*> childOfWindow_;
+  bool elementsLoaded_ = false;  // some controls have no window yet
+  bool focusMoved_ = false;
+  bool placesChanged_ = false;
+  bool isShowing_ = false;  // what the windows tell comes from us, and not from a person
+  bool isRetired_ = false;
+  bool goesLater_ = false;   // it is to go, and messages are in progress
+  bool isFocusing_ = false;  // a window is getting the focus
+  int busy_ = 0;             // messages in progress, one within the other
+  int dpi_ = 96;
+  HFONT verdana_ = nullptr;
+  HFONT small_ = nullptr;
+  HFONT arial_ = nullptr;
+};
+
+}  // namespace zolt20::com

@@ -1,0 +1,350 @@
+#include "faces/com/map_control.h"
+
+#include <olectl.h>
+
+#include "faces/com/com_call.h"
+#include "faces/com/com_text.h"
+#include "faces/com/enumeration.h"
+#include "faces/com/form_places.h"
+#include "faces/com/outside_call.h"
+
+namespace zolt20::com {
+namespace {
+
+SIZEL DesignExtent() {
+  constexpr int kPerInch = 2540;
+  return {MulDiv(FormPlaces::kWidth, kPerInch, kTwipsPerInch),
+          MulDiv(FormPlaces::kHeight, kPerInch, kTwipsPerInch)};
+}
+
+// A VARIANT that is cleared by itself.
+class Value {
+ public:
+  Value() { VariantInit(&value_); }
+  ~Value() { VariantClear(&value_); }
+  Value(const Value&) = delete;
+  Value& operator=(const Value&) = delete;
+  VARIANT* operator&() { return &value_; }
+  VARIANT* operator->() { return &value_; }
+
+ private:
+  VARIANT value_;
+};
+
+struct PointTraits {
+  static void Keep(IConnectionPoint* point) { point->AddRef(); }
+  static void Drop(IConnectionPoint* point) { point->Release(); }
+};
+
+// The failures of Automation itself, which a caller by name gets as they are.
+bool IsOfDispatch(HRESULT result) {
+  return HRESULT_FACILITY(result) == FACILITY_DISPATCH || result == RPC_E_WRONG_THREAD ||
+         result == E_INVALIDARG;
+}
+
+// The error that the call left for its caller, in the form that a caller by name takes it.
+void Describe(HRESULT failure, EXCEPINFO& exception) {
+  exception = {};
+  exception.scode = failure;
+  Pointer<IErrorInfo> info;
+  if (GetErrorInfo(0, info.Put()) != S_OK) return;
+  info->GetSource(&exception.bstrSource);
+  info->GetDescription(&exception.bstrDescription);
+}
+
+}  // namespace
+
+// Identity and life.
+
+HRESULT MapControl::Create(IUnknown* outer, REFIID id, void** object) {
+  auto* const control = new MapControl(outer);
+  const HRESULT result = control->own_.QueryInterface(id, object);
+  control->own_.Release();
+  return result;
+}
+
+MapControl::MapControl(IUnknown* outer)
+    : outer_(outer == nullptr ? &own_ : outer),
+      control_(*this),
+      extent_(DesignExtent()),
+      events_(*this, DIID___ZOLT20MapControl),
+      notices_(*this, IID_IPropertyNotifySink) {
+  // A host that never says whether the control is new or stored has a new one.
+  control_.UserControl_InitProperties();
+}
+
+MapControl::~MapControl() {
+  if (accelerators_ != nullptr) DestroyAcceleratorTable(accelerators_);
+}
+
+STDMETHODIMP_(ULONG) MapControl::Own::Release() {
+  const long left = --references_;
+  if (left != 0) return static_cast<ULONG>(left);
+  // What goes with the object may take and give back a reference on its way.
+  references_ = 1;
+  delete &control_;
+  return 0;
+}
+
+HRESULT MapControl::FindInterface(REFIID id, void** object) {
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  const auto found = [&]() -> void* {
+    if (id == IID_IUnknown) return static_cast<IUnknown*>(&own_);
+    if (id == IID_IDispatch || id == IID__ZOLT20MapControl)
+      return static_cast<_ZOLT20MapControl*>(this);
+    if (id == IID_IOleObject) return static_cast<IOleObject*>(this);
+    if (id == IID_IOleControl) return static_cast<IOleControl*>(this);
+    if (id == IID_IOleInPlaceObject || id == IID_IOleWindow)
+      return static_cast<IOleInPlaceObject*>(this);
+    if (id == IID_IOleInPlaceActiveObject) return static_cast<IOleInPlaceActiveObject*>(this);
+    if (id == IID_IViewObject || id == IID_IViewObject2 || id == IID_IViewObjectEx)
+      return static_cast<IViewObjectEx*>(this);
+    if (id == IID_IPersistStreamInit || id == IID_IPersist)
+      return static_cast<IPersistStreamInit*>(this);
+    if (id == IID_IPersistPropertyBag) return static_cast<IPersistPropertyBag*>(this);
+    if (id == IID_IConnectionPointContainer) return static_cast<IConnectionPointContainer*>(this);
+    if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2)
+      return static_cast<IProvideClassInfo2*>(this);
+    if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
+    return nullptr;
+  }();
+  if (found == nullptr) return E_NOINTERFACE;
+  static_cast<IUnknown*>(found)->AddRef();
+  *object = found;
+  return S_OK;
+}
+
+void MapControl::CallEnded() noexcept {
+  if (--calls_ > 0) return;
+  if (window_) window_->ShowChanges();
+  if (std::exchange(isPictureOld_, false)) {
+    Guarded([this] {
+      PictureChanged();
+      return S_OK;
+    });
+  }
+}
+
+bool MapControl::GestureBegins() {
+  if (calls_ > 0) return false;
+  own_.AddRef();
+  if (outer_ != &own_) outer_->AddRef();
+  ++calls_;
+  isPictureOld_ = true;
+  return true;
+}
+
+void MapControl::GestureEnds() noexcept {
+  CallEnded();
+  if (outer_ != &own_) outer_->Release();
+  own_.Release();
+}
+
+// Automation.
+
+HRESULT MapControl::LoadOwnDescription() {
+  return description_ ? S_OK : LoadDescription(IID__ZOLT20MapControl, description_);
+}
+
+STDMETHODIMP MapControl::GetTypeInfoCount(UINT* count) {
+  if (count == nullptr) return E_POINTER;
+  *count = 1;
+  return S_OK;
+}
+
+STDMETHODIMP MapControl::GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo** description) {
+  if (description == nullptr) return E_POINTER;
+  *description = nullptr;
+  if (index != 0) return DISP_E_BADINDEX;
+  return Enter([&] {
+    if (const HRESULT result = LoadOwnDescription(); FAILED(result)) return result;
+    *description = Pointer<ITypeInfo>(description_).Detach();
+    return S_OK;
+  });
+}
+
+STDMETHODIMP MapControl::GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID /*locale*/,
+                                       DISPID* numbers) {
+  if (id != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+  if (names == nullptr || numbers == nullptr) return E_POINTER;
+  return Enter([&] {
+    if (const HRESULT result = LoadOwnDescription(); FAILED(result)) return result;
+    return DispGetIDsOfNames(description_.Get(), names, count, numbers);
+  });
+}
+
+STDMETHODIMP MapControl::Invoke(DISPID number, REFIID id, LCID locale, WORD flags,
+                                DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
+                                UINT* wrongArgument) {
+  if (id != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+  if (arguments == nullptr || (arguments->cArgs > 0 && arguments->rgvarg == nullptr) ||
+      (arguments->cNamedArgs > 0 && arguments->rgdispidNamedArgs == nullptr)) {
+    return E_INVALIDARG;
+  }
+  if (result != nullptr) VariantInit(result);
+  const auto members = Members();
+  if (number < 1 || static_cast<std::size_t>(number) > members.size()) return DISP_E_MEMBERNOTFOUND;
+  const HRESULT done = EnterMember([&] {
+    return Run(members[static_cast<std::size_t>(number - 1)], locale, flags, *arguments, result,
+               wrongArgument);
+  });
+  if (SUCCEEDED(done) || IsOfDispatch(done) || exception == nullptr) return done;
+  Describe(done, *exception);
+  return DISP_E_EXCEPTION;
+}
+
+HRESULT MapControl::Run(const Member& member, LCID locale, WORD flags, const DISPPARAMS& arguments,
+                        VARIANT* result, UINT* wrongArgument) {
+  const bool isLet = (flags & DISPATCH_PROPERTYPUT) != 0 && member.let != nullptr;
+  const bool isGet = !isLet && (flags & DISPATCH_PROPERTYGET) != 0 && member.get != nullptr;
+  const bool isCall = !isLet && (flags & DISPATCH_METHOD) != 0 && member.IsMethod();
+  if (!isLet && !isGet && !isCall) return DISP_E_MEMBERNOTFOUND;
+
+  const UINT wanted = isGet || member.type == ValueType::kNone ? 0 : 1;
+  if (arguments.cArgs != wanted || arguments.cNamedArgs > wanted) return DISP_E_BADPARAMCOUNT;
+  // A value that is written goes by a name of its own; a method's argument may.
+  if (arguments.cNamedArgs == 1 &&
+      arguments.rgdispidNamedArgs[0] != (isLet ? DISPID_PROPERTYPUT : 0)) {
+    return DISP_E_PARAMNOTFOUND;
+  }
+
+  Variant taken;
+  if (wanted == 1) {
+    const auto wrong = [&](HRESULT why) {
+      if (wrongArgument != nullptr) *wrongArgument = 0;
+      return why;
+    };
+    VARIANT& given = arguments.rgvarg[0];
+    if (V_VT(&given) == VT_ERROR && V_ERROR(&given) == DISP_E_PARAMNOTFOUND)
+      return wrong(DISP_E_PARAMNOTOPTIONAL);
+    const VARTYPE type = member.type == ValueType::kString    ? VT_BSTR
+                         : member.type == ValueType::kInteger ? VT_I2
+                                                              : VT_BOOL;
+    Value plain;
+    if (const HRESULT copied = VariantCopyInd(&plain, &given); FAILED(copied)) return wrong(copied);
+    if (const HRESULT changed = VariantChangeTypeEx(&plain, &plain, locale, 0, type);
+        FAILED(changed))
+      return wrong(changed);
+    switch (member.type) {
+      case ValueType::kString:
+        taken = TakenString(plain->bstrVal);
+        break;
+      case ValueType::kInteger:
+        taken = TakenInteger(plain->iVal);
+        break;
+      default:
+        taken = TakenBoolean(plain->boolVal);
+        break;
+    }
+  }
+
+  if (isLet) {
+    member.let(control_, std::move(taken));
+    return S_OK;
+  }
+  const Variant read = isGet ? member.get(control_) : member.call(control_, std::move(taken));
+  if (result == nullptr) return S_OK;
+  if (std::holds_alternative<String>(read)) {
+    V_BSTR(result) = GivenString(read);
+    V_VT(result) = VT_BSTR;
+  } else if (std::holds_alternative<Integer>(read)) {
+    V_I2(result) = GivenInteger(read);
+    V_VT(result) = VT_I2;
+  } else if (std::holds_alternative<bool>(read)) {
+    V_BOOL(result) = GivenBoolean(read);
+    V_VT(result) = VT_BOOL;
+  }
+  return S_OK;
+}
+
+STDMETHODIMP MapControl::InterfaceSupportsErrorInfo(REFIID id) {
+  return id == IID__ZOLT20MapControl || id == IID_IDispatch ? S_OK : S_FALSE;
+}
+
+STDMETHODIMP MapControl::GetClassInfo(ITypeInfo** description) {
+  if (description == nullptr) return E_POINTER;
+  *description = nullptr;
+  return Enter([&] {
+    Pointer<ITypeInfo> loaded;
+    const HRESULT result = LoadDescription(CLSID_ZOLT20MapControl, loaded);
+    *description = loaded.Detach();
+    return result;
+  });
+}
+
+STDMETHODIMP MapControl::GetGUID(DWORD kind, GUID* guid) {
+  if (guid == nullptr) return E_POINTER;
+  *guid = GUID_NULL;
+  if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
+  *guid = DIID___ZOLT20MapControl;
+  return S_OK;
+}
+
+// Events and notices.
+
+STDMETHODIMP MapControl::EnumConnectionPoints(IEnumConnectionPoints** points) {
+  if (points == nullptr) return E_POINTER;
+  *points = nullptr;
+  return Enter([&] {
+    std::vector<IConnectionPoint*> all{&events_, &notices_};
+    *points =
+        new Enumeration<IEnumConnectionPoints, IConnectionPoint*, PointTraits>(std::move(all));
+    return S_OK;
+  });
+}
+
+STDMETHODIMP MapControl::FindConnectionPoint(REFIID id, IConnectionPoint** point) {
+  if (point == nullptr) return E_POINTER;
+  *point = nullptr;
+  for (ConnectionPoint* each : {&events_, &notices_}) {
+    if (id != each->SinkId()) continue;
+    *point = each;
+    each->AddRef();
+    return S_OK;
+  }
+  return CONNECT_E_NOCONNECTION;
+}
+
+// What a listener throws passes through the control to whoever called it; what it returns is its
+// own.
+void MapControl::Fire(DISPID number) {
+  if (window_) window_->ShowChanges();
+  if (frozen_ > 0) return;
+  for (const Pointer<IDispatch>& sink : events_.Sinks<IDispatch>()) {
+    CallOutside([&] {
+      DISPPARAMS none{};
+      sink->Invoke(number, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr,
+                   nullptr);
+    });
+  }
+}
+
+void MapControl::PropertyChanged(std::string_view property) {
+  isDirty_ = true;
+  if (window_) window_->ShowChanges();
+  if (frozen_ > 0) return;
+  const DISPID number = FindMember(property)->number;
+  for (const Pointer<IPropertyNotifySink>& sink : notices_.Sinks<IPropertyNotifySink>())
+    CallOutside([&] { sink->OnChanged(number); });
+}
+
+void MapControl::ShowMessage(const Message& message) {
+  if (window_) window_->ShowChanges();
+  ShowBox(Wide(String(message.text)), Wide(String(message.title)));
+}
+
+void MapControl::GestureFailed(const wchar_t* description) {
+  ShowBox(description, L"ZOLT20MapControl");
+}
+
+void MapControl::ShowBox(const wchar_t* text, const wchar_t* title) {
+  // The one that is told to wait is told when that is over, wherever the control is by then.
+  const Pointer<IOleInPlaceFrame> frame = frame_;
+  const HWND owner = window_ ? GetAncestor(window_->Window(), GA_ROOT) : nullptr;
+  if (frame) frame->EnableModeless(FALSE);
+  MessageBoxW(owner, text, title, MB_OK | MB_ICONERROR);
+  if (frame) frame->EnableModeless(TRUE);
+}
+
+}  // namespace zolt20::com

@@ -1,0 +1,360 @@
+// ZOLT20MapControl as a COM control.
+//
+// One object with the interfaces that containers ask a control for: its own by name and by table,
+// embedding in place, drawing where it is not active, its property bag and the same values as a
+// stream, its events. It holds the control, and the form window while it is active in place;
+// neither has a state beside the control's.
+//
+// One thread uses it, the one that made it; calls from others are refused. It may be a part of
+// another object. It stays alive through each call and gesture, whoever gives it up meanwhile.
+#pragma once
+
+#include <ocidl.h>
+#include <oleidl.h>
+
+#include <atomic>
+#include <memory>
+
+#include "faces/com/com_call.h"
+#include "faces/com/com_text.h"
+#include "faces/com/connection_point.h"
+#include "faces/com/form_window.h"
+#include "faces/com/server.h"
+#include "shell/contract.h"
+#include "shell/control.h"
+
+namespace zolt20::com {
+
+/// How the control behaves in containers: it is at home inside others, active whenever it is seen,
+/// knows its site before its values, and draws itself anew at another size.
+inline constexpr DWORD kMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
+                                     OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
+                                     OLEMISC_SETCLIENTSITEFIRST;
+
+// How the types of the contract's list are called in the interface.
+#define ZOLT20_COM_String BSTR
+#define ZOLT20_COM_Integer short
+#define ZOLT20_COM_Boolean VARIANT_BOOL
+
+class MapControl final : public _ZOLT20MapControl,
+                         public IOleObject,
+                         public IOleControl,
+                         public IOleInPlaceObject,
+                         public IOleInPlaceActiveObject,
+                         public IViewObjectEx,
+                         public IPersistStreamInit,
+                         public IPersistPropertyBag,
+                         public IConnectionPointContainer,
+                         public IProvideClassInfo2,
+                         public ISupportErrorInfo,
+                         private ControlHost,
+                         private FormWindow::Owner {
+ public:
+  /// A new control, which may be a part of `outer`. Throws std::bad_alloc.
+  static HRESULT Create(IUnknown* outer, REFIID id, void** object);
+
+  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+    return outer_->QueryInterface(id, object);
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return outer_->AddRef(); }
+  STDMETHODIMP_(ULONG) Release() override { return outer_->Release(); }
+
+  // The contract, by table.
+#define ZOLT20_LET(number, type, name)                               \
+  STDMETHODIMP put_##name(ZOLT20_COM_##type value) override {        \
+    return Let(number, [&] { return Variant(Taken##type(value)); }); \
+  }
+#define ZOLT20_GET(number, type, name)                                                   \
+  STDMETHODIMP get_##name(ZOLT20_COM_##type* value) override {                           \
+    return Get(number, value, [&](const Variant& read) { *value = Given##type(read); }); \
+  }
+#define ZOLT20_LET_GET(number, type, name) \
+  ZOLT20_GET(number, type, name) ZOLT20_LET(number, type, name)
+#define ZOLT20_METHOD(number, name)                              \
+  STDMETHODIMP name(VARIANT* result) override {                  \
+    return CallMethod(number, result, [] { return Variant(); }); \
+  }
+#define ZOLT20_METHOD_WITH(number, name, type, argument)                               \
+  STDMETHODIMP name(ZOLT20_COM_##type argument, VARIANT* result) override {            \
+    return CallMethod(number, result, [&] { return Variant(Taken##type(argument)); }); \
+  }
+#define ZOLT20_EVENT(number, name)
+#include "shell/contract.def"
+
+  // IDispatch: the contract, by name.
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+  STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** description) override;
+  STDMETHODIMP GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale,
+                             DISPID* numbers) override;
+  STDMETHODIMP Invoke(DISPID number, REFIID id, LCID locale, WORD flags, DISPPARAMS* arguments,
+                      VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) override;
+
+  // ISupportErrorInfo, IProvideClassInfo2.
+  STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) override;
+  STDMETHODIMP GetClassInfo(ITypeInfo** description) override;
+  STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override;
+
+  // IConnectionPointContainer.
+  STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override;
+  STDMETHODIMP FindConnectionPoint(REFIID id, IConnectionPoint** point) override;
+
+  // IPersistStreamInit, IPersistPropertyBag.
+  STDMETHODIMP GetClassID(CLSID* classId) override;
+  STDMETHODIMP InitNew() override;
+  STDMETHODIMP IsDirty() override;
+  STDMETHODIMP Load(IStream* stream) override;
+  STDMETHODIMP Save(IStream* stream, BOOL clearDirty) override;
+  STDMETHODIMP GetSizeMax(ULARGE_INTEGER* size) override;
+  STDMETHODIMP Load(IPropertyBag* bag, IErrorLog* log) override;
+  STDMETHODIMP Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) override;
+
+  // IOleObject.
+  STDMETHODIMP SetClientSite(IOleClientSite* site) override;
+  STDMETHODIMP GetClientSite(IOleClientSite** site) override;
+  STDMETHODIMP SetHostNames(LPCOLESTR application, LPCOLESTR document) override;
+  STDMETHODIMP Close(DWORD save) override;
+  STDMETHODIMP SetMoniker(DWORD which, IMoniker* moniker) override;
+  STDMETHODIMP GetMoniker(DWORD assign, DWORD which, IMoniker** moniker) override;
+  STDMETHODIMP InitFromData(IDataObject* data, BOOL creation, DWORD reserved) override;
+  STDMETHODIMP GetClipboardData(DWORD reserved, IDataObject** data) override;
+  STDMETHODIMP DoVerb(LONG verb, MSG* message, IOleClientSite* site, LONG index, HWND parent,
+                      const RECT* place) override;
+  STDMETHODIMP EnumVerbs(IEnumOLEVERB** verbs) override;
+  STDMETHODIMP Update() override;
+  STDMETHODIMP IsUpToDate() override;
+  STDMETHODIMP GetUserClassID(CLSID* classId) override;
+  STDMETHODIMP GetUserType(DWORD form, LPOLESTR* type) override;
+  STDMETHODIMP SetExtent(DWORD aspect, SIZEL* size) override;
+  STDMETHODIMP GetExtent(DWORD aspect, SIZEL* size) override;
+  STDMETHODIMP Advise(IAdviseSink* sink, DWORD* connection) override;
+  STDMETHODIMP Unadvise(DWORD connection) override;
+  STDMETHODIMP EnumAdvise(IEnumSTATDATA** connections) override;
+  STDMETHODIMP GetMiscStatus(DWORD aspect, DWORD* status) override;
+  STDMETHODIMP SetColorScheme(LOGPALETTE* palette) override;
+
+  // IOleControl.
+  STDMETHODIMP GetControlInfo(CONTROLINFO* info) override;
+  STDMETHODIMP OnMnemonic(MSG* message) override;
+  STDMETHODIMP OnAmbientPropertyChange(DISPID property) override;
+  STDMETHODIMP FreezeEvents(BOOL freeze) override;
+
+  // IOleInPlaceObject, IOleInPlaceActiveObject.
+  STDMETHODIMP GetWindow(HWND* window) override;
+  STDMETHODIMP ContextSensitiveHelp(BOOL enter) override;
+  STDMETHODIMP InPlaceDeactivate() override;
+  STDMETHODIMP UIDeactivate() override;
+  STDMETHODIMP SetObjectRects(const RECT* place, const RECT* clip) override;
+  STDMETHODIMP ReactivateAndUndo() override;
+  STDMETHODIMP TranslateAccelerator(MSG* message) override;
+  STDMETHODIMP OnFrameWindowActivate(BOOL active) override;
+  STDMETHODIMP OnDocWindowActivate(BOOL active) override;
+  STDMETHODIMP ResizeBorder(const RECT* border, IOleInPlaceUIWindow* window, BOOL isFrame) override;
+  STDMETHODIMP EnableModeless(BOOL enable) override;
+
+  // IViewObjectEx.
+  STDMETHODIMP Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device,
+                    HDC information, HDC canvas, const RECTL* place, const RECTL* windowPlace,
+                    BOOL(STDMETHODCALLTYPE* goesOn)(ULONG_PTR), ULONG_PTR context) override;
+  STDMETHODIMP GetColorSet(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device,
+                           HDC information, LOGPALETTE** colors) override;
+  STDMETHODIMP Freeze(DWORD aspect, LONG index, void* aspectInfo, DWORD* key) override;
+  STDMETHODIMP Unfreeze(DWORD key) override;
+  STDMETHODIMP SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) override;
+  STDMETHODIMP GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
+  STDMETHODIMP GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, SIZEL* size) override;
+  STDMETHODIMP GetRect(DWORD aspect, RECTL* place) override;
+  STDMETHODIMP GetViewStatus(DWORD* status) override;
+  STDMETHODIMP QueryHitPoint(DWORD aspect, const RECT* bounds, POINT point, LONG closeHint,
+                             DWORD* result) override;
+  STDMETHODIMP QueryHitRect(DWORD aspect, const RECT* bounds, const RECT* place, LONG closeHint,
+                            DWORD* result) override;
+  STDMETHODIMP GetNaturalExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, HDC target,
+                                DVEXTENTINFO* info, SIZEL* size) override;
+
+ private:
+  // The object's own identity, which does not ask the outer one.
+  class Own final : public IUnknown {
+   public:
+    explicit Own(MapControl& control) : control_(control) {}
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+      return control_.FindInterface(id, object);
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++references_); }
+    STDMETHODIMP_(ULONG) Release() override;
+
+   private:
+    MapControl& control_;
+    std::atomic<long> references_ = 1;
+  };
+
+  /// The object stays, and the one that it is a part of.
+  class Keep {
+   public:
+    explicit Keep(MapControl& control) : control_(control) {
+      control_.own_.AddRef();
+      if (control_.outer_ != &control_.own_) control_.outer_->AddRef();
+    }
+    ~Keep() {
+      if (control_.outer_ != &control_.own_) control_.outer_->Release();
+      control_.own_.Release();
+    }
+    Keep(const Keep&) = delete;
+    Keep& operator=(const Keep&) = delete;
+
+   private:
+    MapControl& control_;
+  };
+  /// A call from outside is in progress: no gesture is taken, and what changed is shown at its end.
+  class Call {
+   public:
+    explicit Call(MapControl& control) : control_(control) { ++control_.calls_; }
+    ~Call() { control_.CallEnded(); }
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+   private:
+    MapControl& control_;
+  };
+
+  explicit MapControl(IUnknown* outer);
+  virtual ~MapControl();
+  HRESULT FindInterface(REFIID id, void** object);
+  void CallEnded() noexcept;
+
+  /// What every entry has around it.
+  template <typename Body>
+  HRESULT Enter(const Body& body) noexcept {
+    if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
+    const Keep keep(*this);
+    const Call call(*this);
+    return Guarded(body);
+  }
+
+  /// The same for what a container passes on of a person's acts, of which gestures come.
+  template <typename Body>
+  HRESULT EnterForPerson(const Body& body) noexcept {
+    if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
+    const Keep keep(*this);
+    const HRESULT result = Guarded(body);
+    if (calls_ == 0 && window_) window_->ShowChanges();
+    return result;
+  }
+
+  // Members, by their number in the contract.
+  template <typename Body>
+  HRESULT EnterMember(const Body& body) noexcept {
+    SetErrorInfo(0, nullptr);  // a text that is there is of an earlier call
+    isPictureOld_ = true;
+    return Enter(body);
+  }
+  template <typename Take>
+  HRESULT Let(int number, const Take& take) noexcept {
+    return EnterMember([&] {
+      Members()[static_cast<std::size_t>(number - 1)].let(control_, take());
+      return S_OK;
+    });
+  }
+  template <typename Value, typename Give>
+  HRESULT Get(int number, Value* value, const Give& give) noexcept {
+    if (value == nullptr) return E_POINTER;
+    *value = {};
+    return EnterMember([&] {
+      give(Members()[static_cast<std::size_t>(number - 1)].get(control_));
+      return S_OK;
+    });
+  }
+  template <typename Take>
+  HRESULT CallMethod(int number, VARIANT* result, const Take& take) noexcept {
+    if (result == nullptr) return E_POINTER;
+    VariantInit(result);
+    return EnterMember([&] {
+      Members()[static_cast<std::size_t>(number - 1)].call(control_, take());
+      return S_OK;
+    });
+  }
+  static String TakenString(BSTR value) {
+    return String(View(value));
+  }
+  static Integer TakenInteger(short value) {
+    return value;
+  }
+  static bool TakenBoolean(VARIANT_BOOL value) {
+    return value != VARIANT_FALSE;
+  }
+  static BSTR GivenString(const Variant& value) {
+    return ToBstr(std::get<String>(value));
+  }
+  static short GivenInteger(const Variant& value) {
+    return static_cast<short>(std::get<Integer>(value).value());
+  }
+  static VARIANT_BOOL GivenBoolean(const Variant& value) {
+    return std::get<bool>(value) ? VARIANT_TRUE : VARIANT_FALSE;
+  }
+
+  HRESULT Run(const Member& member, LCID locale, WORD flags, const DISPPARAMS& arguments,
+              VARIANT* result, UINT* wrongArgument);
+  HRESULT LoadOwnDescription();
+
+  // ControlHost.
+#define ZOLT20_LET(number, type, name)
+#define ZOLT20_GET(number, type, name)
+#define ZOLT20_LET_GET(number, type, name)
+#define ZOLT20_METHOD(number, name)
+#define ZOLT20_METHOD_WITH(number, name, type, argument)
+#define ZOLT20_EVENT(number, name) \
+  void name() override {           \
+    Fire(number);                  \
+  }
+#include "shell/contract.def"
+  void PropertyChanged(std::string_view property) override;
+  void ShowMessage(const Message& message) override;
+  void Fire(DISPID number);
+
+  // FormWindow::Owner.
+  bool GestureBegins() override;
+  void GestureEnds() noexcept override;
+  void GestureFailed(const wchar_t* description) override;
+  void FocusCame() override;
+  void FocusWent() override;
+  bool LeavesAtTheEnd(const MSG& message) override;
+
+  // In place.
+  HRESULT Activate(bool withUser);
+  HRESULT MakeWindow();
+  void Deactivate();
+  bool IsAmbient(DISPID property, bool otherwise) const;
+  void ReadAmbients();
+  void ShowBox(const wchar_t* text, const wchar_t* title);
+  void PictureChanged();
+  Pointer<IOleControlSite> ControlSite() const;
+
+  const DWORD thread_ = GetCurrentThreadId();
+  ServerLock lock_;
+  Own own_{*this};
+  IUnknown* outer_;  // the object that this is a part of, which has the references, or own_
+  int calls_ = 0;
+
+  ZOLT20MapControl control_;
+  FormWindow::Handle window_;  // while active in place
+  Pointer<ITypeInfo> description_;
+
+  Pointer<IOleClientSite> site_;
+  Pointer<IOleInPlaceSite> placeSite_;  // while active in place
+  Pointer<IOleInPlaceFrame> frame_;
+  Pointer<IOleInPlaceUIWindow> document_;
+  bool hasUser_ = false;       // the user works in it
+  SIZEL extent_;               // in hundredths of a millimetre
+  int frozen_ = 0;             // FreezeEvents that were not taken back
+  bool isPictureOld_ = false;  // the container was not told that it looks otherwise
+  HACCEL accelerators_ = nullptr;
+  bool isDirty_ = false;
+
+  Pointer<IOleAdviseHolder> advised_;
+  Pointer<IAdviseSink> viewSink_;
+  DWORD viewAspects_ = 0;
+  DWORD viewFlags_ = 0;
+  ConnectionPoint events_;
+  ConnectionPoint notices_;
+};
+
+}  // namespace zolt20::com

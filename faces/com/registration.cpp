@@ -1,0 +1,152 @@
+#include "faces/com/registration.h"
+
+#include <comcat.h>
+#include <olectl.h>
+
+#include <array>
+
+#include "faces/com/map_control.h"
+#include "faces/com/server.h"
+
+namespace zolt20::com {
+namespace {
+
+constexpr const wchar_t* kDescription = L"ZOLT20MapControl";
+constexpr const wchar_t* kCurrentVersion = L"ZOLT20MappingCtrl.ZOLT20MapControl.1";
+constexpr const wchar_t* kClasses = L"Software\\Classes\\";
+
+std::wstring Text(REFGUID guid) {
+  std::array<wchar_t, 40> text{};
+  StringFromGUID2(guid, text.data(), static_cast<int>(text.size()));
+  return text.data();
+}
+
+HRESULT ResultOf(LSTATUS status) {
+  return HRESULT_FROM_WIN32(static_cast<unsigned long>(status));
+}
+
+// Writes values below the classes of one root, and keeps the first failure.
+class Writer {
+ public:
+  explicit Writer(HKEY root) : root_(root) {}
+
+  /// The default value of a key, or the one of that name.
+  void Write(const std::wstring& key, const std::wstring& value, const wchar_t* name = nullptr) {
+    if (status_ != ERROR_SUCCESS) return;
+    const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+    status_ = RegSetKeyValueW(root_, (kClasses + key).c_str(), name, REG_SZ, value.c_str(), bytes);
+  }
+  LSTATUS status() const { return status_; }
+
+ private:
+  HKEY root_;
+  LSTATUS status_ = ERROR_SUCCESS;
+};
+
+// An interface that Automation carries from one apartment to another by itself, as the type library
+// describes it.
+void WriteInterface(Writer& writer, REFGUID id, const wchar_t* name, const wchar_t* marshaller) {
+  const std::wstring key = L"Interface\\" + Text(id);
+  writer.Write(key, name);
+  writer.Write(key + L"\\ProxyStubClsid32", marshaller);
+  writer.Write(key + L"\\TypeLib", Text(LIBID_ZOLT20MappingCtrl));
+  writer.Write(key + L"\\TypeLib", L"1.0", L"Version");
+}
+
+// Not by the system's own function for it, which has one for the machine alone in some versions.
+void WriteTypeLibrary(Writer& writer, const std::wstring& path) {
+  const std::wstring key = L"TypeLib\\" + Text(LIBID_ZOLT20MappingCtrl) + L"\\1.0";
+  writer.Write(key, L"ZOLT20MappingCtrl");
+  writer.Write(key + L"\\0\\win64", path);
+  writer.Write(key + L"\\FLAGS", L"0");
+  writer.Write(key + L"\\HELPDIR", path.substr(0, path.find_last_of(L"\\/")));
+  WriteInterface(writer, IID__ZOLT20MapControl, L"_ZOLT20MapControl",
+                 L"{00020424-0000-0000-C000-000000000046}");  // by the table
+  WriteInterface(writer, DIID___ZOLT20MapControl, L"__ZOLT20MapControl",
+                 L"{00020420-0000-0000-C000-000000000046}");  // by name
+}
+
+HRESULT RegisterUnder(HKEY root, const std::wstring& path) {
+  const std::wstring classId = Text(CLSID_ZOLT20MapControl);
+  const std::wstring classKey = L"CLSID\\" + classId;
+  Writer writer(root);
+  writer.Write(kCurrentVersion, kDescription);
+  writer.Write(kCurrentVersion + std::wstring(L"\\CLSID"), classId);
+  writer.Write(kProgId, kDescription);
+  writer.Write(kProgId + std::wstring(L"\\CLSID"), classId);
+  writer.Write(kProgId + std::wstring(L"\\CurVer"), kCurrentVersion);
+  writer.Write(classKey, kDescription);
+  writer.Write(classKey + L"\\InprocServer32", path);
+  writer.Write(classKey + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
+  writer.Write(classKey + L"\\ProgID", kCurrentVersion);
+  writer.Write(classKey + L"\\VersionIndependentProgID", kProgId);
+  writer.Write(classKey + L"\\TypeLib", Text(LIBID_ZOLT20MappingCtrl));
+  writer.Write(classKey + L"\\Version", L"1.0");
+  writer.Write(classKey + L"\\Control", L"");
+  writer.Write(classKey + L"\\Programmable", L"");
+  writer.Write(classKey + L"\\MiscStatus", L"0");
+  writer.Write(classKey + L"\\MiscStatus\\1", std::to_wstring(kMiscStatus));
+  writer.Write(classKey + L"\\ToolboxBitmap32", path + L", 101");
+  writer.Write(classKey + L"\\Implemented Categories\\" + Text(CATID_Control), L"");
+  WriteTypeLibrary(writer, path);
+  return writer.status() == ERROR_SUCCESS ? S_OK : ResultOf(writer.status());
+}
+
+// Keeps the first failure in `result`; what is not there is none.
+void RemoveTree(HKEY root, const std::wstring& key, HRESULT& result) {
+  const LSTATUS status = RegDeleteTreeW(root, (kClasses + key).c_str());
+  if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND && SUCCEEDED(result))
+    result = ResultOf(status);
+}
+
+// What registrations share goes with the last of them.
+void RemoveWhenEmpty(HKEY root, const std::wstring& key) {
+  HKEY opened = nullptr;
+  const std::wstring path = kClasses + key;
+  if (RegOpenKeyExW(root, path.c_str(), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS) return;
+  DWORD keys = 1;
+  DWORD values = 1;
+  RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
+                   nullptr, nullptr, nullptr);
+  RegCloseKey(opened);
+  if (keys == 0 && values == 0) RegDeleteKeyW(root, path.c_str());
+}
+
+HRESULT UnregisterUnder(HKEY root) {
+  HRESULT result = S_OK;
+  RemoveTree(root, L"CLSID\\" + Text(CLSID_ZOLT20MapControl), result);
+  RemoveTree(root, kProgId, result);
+  RemoveTree(root, kCurrentVersion, result);
+  RemoveTree(root, L"TypeLib\\" + Text(LIBID_ZOLT20MappingCtrl), result);
+  RemoveTree(root, L"Interface\\" + Text(IID__ZOLT20MapControl), result);
+  RemoveTree(root, L"Interface\\" + Text(DIID___ZOLT20MapControl), result);
+  for (const wchar_t* shared : {L"CLSID", L"TypeLib", L"Interface"})
+    RemoveWhenEmpty(root, shared);
+  return result;
+}
+
+bool IsDenied(HRESULT result) {
+  return result == E_ACCESSDENIED;
+}
+
+}  // namespace
+
+HRESULT Register(const std::wstring& path) {
+  HRESULT result = S_OK;
+  for (HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
+    result = RegisterUnder(root, path);
+    if (SUCCEEDED(result)) return result;
+    UnregisterUnder(root);
+    if (!IsDenied(result)) return result;
+  }
+  return result;
+}
+
+HRESULT Unregister() {
+  // Of the user's first: what is there hides what the machine has.
+  const HRESULT ofUser = UnregisterUnder(HKEY_CURRENT_USER);
+  const HRESULT ofMachine = UnregisterUnder(HKEY_LOCAL_MACHINE);
+  return FAILED(ofUser) ? ofUser : ofMachine;
+}
+
+}  // namespace zolt20::com
