@@ -26,6 +26,11 @@ build_packages=(g++ cmake ninja-build nlohmann-json3-dev libgtest-dev qt6-base-d
 # What testing takes beside that.
 test_packages=(xvfb xauth)
 
+# What the Windows control and its tests take: compilers, the system by Wine with what type libraries are made of, a container of
+# controls in source.
+windows_packages=(cmake ninja-build nlohmann-json3-dev googletest g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64
+  libwine-dev xvfb xauth fp-compiler fp-utils fpc-source lazarus-src)
+
 # configure_and_build PRESET [TARGET...]: all targets when none is named.
 configure_and_build() {
   local preset=$1

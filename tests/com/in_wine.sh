@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Runs a program of Windows by Wine, in a prefix of its own that is made with the first call.
+#   in_wine.sh PREFIX PROGRAM [ARGUMENT...]
+# With ZOLT20_DPI set to a number the screen has that many pixels for each inch, 96 otherwise.
+set -euo pipefail
+export WINEPREFIX=$1 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+shift
+wine=$(command -v wine64 || command -v wine)
+if [ ! -f "$WINEPREFIX/made" ]; then
+  mkdir -p "$WINEPREFIX"
+  "$wine" wineboot --init >/dev/null 2>&1
+  # No window manager is there to wait for.
+  "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
+  wineserver --wait || true
+  touch "$WINEPREFIX/made"
+fi
+set_resolution() {
+  "$wine" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f >/dev/null
+}
+[ -z "${ZOLT20_DPI:-}" ] || set_resolution "$ZOLT20_DPI"
+
+# By way of a file: Wine's own processes outlive the program for some seconds, and would keep a pipe open.
+status=0
+"$wine" "$@" >"$WINEPREFIX/output" 2>&1 || status=$?
+cat "$WINEPREFIX/output"
+[ -z "${ZOLT20_DPI:-}" ] || set_resolution 96
+exit "$status"

@@ -1,0 +1,28 @@
+// Message boxes, answered as soon as they are there.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+
+namespace zolt20::tests {
+
+/// As long as one lives, every message box of this thread is answered with OK, and told before
+/// that. One at a time.
+class MessageBoxes {
+ public:
+  using Tell = std::function<void(const std::wstring& title, const std::wstring& text)>;
+
+  explicit MessageBoxes(Tell tell);
+  ~MessageBoxes();
+  MessageBoxes(const MessageBoxes&) = delete;
+  MessageBoxes& operator=(const MessageBoxes&) = delete;
+
+ private:
+  static LRESULT CALLBACK Hook(int code, WPARAM wide, LPARAM longer);
+
+  HHOOK hook_;
+};
+
+}  // namespace zolt20::tests

@@ -1,0 +1,211 @@
+// What registering and unregistering leave in the registry, in a process of its own for each as a
+// setup program would.
+#include <aclapi.h>
+#include <gtest/gtest.h>
+#include <ole2.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "ZOLT20MappingCtrl.h"
+
+namespace zolt20::tests {
+namespace {
+
+constexpr wchar_t kClasses[] = L"Software\\Classes";
+
+// The registry does not tell capital letters from small ones.
+std::wstring Small(std::wstring text) {
+  CharLowerW(text.data());
+  return text;
+}
+
+// Every key and value below, a line each.
+void Collect(HKEY root, const std::wstring& path, std::set<std::wstring>& lines) {
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
+  wchar_t name[512];
+  for (DWORD i = 0;; ++i) {
+    DWORD length = 512;
+    DWORD type = 0;
+    std::vector<BYTE> data(1 << 16);
+    auto size = static_cast<DWORD>(data.size());
+    if (RegEnumValueW(key, i, name, &length, nullptr, &type, data.data(), &size) != ERROR_SUCCESS)
+      break;
+    std::wstring line = path + L" [" + name + L"] = ";
+    if (type == REG_SZ) line += reinterpret_cast<const wchar_t*>(data.data());
+    lines.insert(Small(line));
+  }
+  for (DWORD i = 0;; ++i) {
+    DWORD length = 512;
+    if (RegEnumKeyExW(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS)
+      break;
+    lines.insert(Small(path + L"\\" + name));
+    Collect(root, path + L"\\" + name, lines);
+  }
+  RegCloseKey(key);
+}
+
+std::set<std::wstring> ClassesOf(HKEY root) {
+  std::set<std::wstring> lines;
+  Collect(root, kClasses, lines);
+  return lines;
+}
+
+// What the one has and the other has not, either way.
+std::vector<std::string> Difference(const std::set<std::wstring>& before,
+                                    const std::set<std::wstring>& after) {
+  std::vector<std::string> lines;
+  const auto missing = [&lines](const auto& in, const auto& from, const char* sign) {
+    for (const std::wstring& line : from) {
+      if (in.count(line) == 0) lines.push_back(sign + std::string(line.begin(), line.end()));
+    }
+  };
+  missing(before, after, "+");
+  missing(after, before, "-");
+  return lines;
+}
+
+const std::vector<std::string> kNothing;
+
+std::wstring Server() {
+  wchar_t path[MAX_PATH] = L"";
+  GetEnvironmentVariableW(L"ZOLT20_SERVER", path, MAX_PATH);
+  return path;
+}
+
+// The exit code of the system's own program for this.
+DWORD Regsvr32(const std::wstring& arguments) {
+  std::wstring line = L"regsvr32.exe /s " + arguments + L" \"" + Server() + L"\"";
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                      &process))
+    return 99;
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD code = 98;
+  GetExitCodeProcess(process.hProcess, &code);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return code;
+}
+
+bool CanBeCreated() {
+  CLSID id{};
+  if (FAILED(CLSIDFromProgID(L"ZOLT20MappingCtrl.ZOLT20MapControl", &id))) return false;
+  IDispatch* control = nullptr;
+  if (FAILED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                              reinterpret_cast<void**>(&control))))
+    return false;
+  control->Release();
+  CoFreeUnusedLibraries();
+  return true;
+}
+
+// As long as it lives, the classes of the machine can be read and not be written.
+class WithoutRights {
+ public:
+  WithoutRights() {
+    RegOpenKeyExW(HKEY_LOCAL_MACHINE, kClasses, 0, KEY_READ | WRITE_DAC, &key_);
+    SID_IDENTIFIER_AUTHORITY world = SECURITY_WORLD_SID_AUTHORITY;
+    PSID everyone = nullptr;
+    AllocateAndInitializeSid(&world, 1, SECURITY_WORLD_RID, 0, 0, 0, 0, 0, 0, 0, &everyone);
+    Set(everyone, KEY_READ | WRITE_DAC);
+    everyone_ = everyone;
+  }
+  ~WithoutRights() {
+    Set(everyone_, KEY_ALL_ACCESS);
+    FreeSid(everyone_);
+    RegCloseKey(key_);
+  }
+  WithoutRights(const WithoutRights&) = delete;
+  WithoutRights& operator=(const WithoutRights&) = delete;
+
+ private:
+  void Set(PSID who, DWORD rights) {
+    alignas(ACL) BYTE memory[256];
+    auto* list = reinterpret_cast<ACL*>(memory);
+    InitializeAcl(list, sizeof memory, ACL_REVISION);
+    AddAccessAllowedAce(list, ACL_REVISION, rights, who);
+    SECURITY_DESCRIPTOR descriptor{};
+    InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
+    SetSecurityDescriptorDacl(&descriptor, TRUE, list, FALSE);
+    EXPECT_EQ(RegSetKeySecurity(key_, DACL_SECURITY_INFORMATION, &descriptor), ERROR_SUCCESS);
+  }
+
+  HKEY key_ = nullptr;
+  PSID everyone_ = nullptr;
+};
+
+class RegistrationTest : public testing::Test {
+ protected:
+  ~RegistrationTest() override { Regsvr32(L"/u"); }
+
+  const std::set<std::wstring> machine_ = ClassesOf(HKEY_LOCAL_MACHINE);
+  const std::set<std::wstring> user_ = ClassesOf(HKEY_CURRENT_USER);
+};
+
+TEST_F(RegistrationTest, PerMachineItLeavesNothingBehind) {
+  EXPECT_FALSE(CanBeCreated());
+  EXPECT_EQ(Regsvr32(L""), 0U);
+  const std::set<std::wstring> registered = ClassesOf(HKEY_LOCAL_MACHINE);
+  EXPECT_GT(registered.size(), machine_.size() + 20);
+  EXPECT_EQ(Difference(user_, ClassesOf(HKEY_CURRENT_USER)), kNothing);
+  EXPECT_TRUE(CanBeCreated());
+  EXPECT_EQ(Regsvr32(L"/u"), 0U);
+  EXPECT_EQ(Difference(machine_, ClassesOf(HKEY_LOCAL_MACHINE)), kNothing);
+  EXPECT_FALSE(CanBeCreated());
+}
+
+TEST_F(RegistrationTest, ASecondTimeNothingIsDifferent) {
+  EXPECT_EQ(Regsvr32(L""), 0U);
+  const std::set<std::wstring> once = ClassesOf(HKEY_LOCAL_MACHINE);
+  EXPECT_EQ(Regsvr32(L""), 0U);
+  EXPECT_EQ(Difference(once, ClassesOf(HKEY_LOCAL_MACHINE)), kNothing);
+  EXPECT_EQ(Regsvr32(L"/u"), 0U);
+  EXPECT_EQ(Regsvr32(L"/u"), 0U);
+  EXPECT_EQ(Difference(machine_, ClassesOf(HKEY_LOCAL_MACHINE)), kNothing);
+}
+
+TEST_F(RegistrationTest, WithoutRightsItIsTheSameForTheUserAlone) {
+  EXPECT_EQ(Regsvr32(L""), 0U);
+  std::vector<std::string> ofMachine = Difference(machine_, ClassesOf(HKEY_LOCAL_MACHINE));
+  // Programs of 32 bits see the machine's type libraries too.
+  std::erase_if(ofMachine,
+                [](const std::string& line) { return line.find("wow6432node") != line.npos; });
+  EXPECT_EQ(Regsvr32(L"/u"), 0U);
+  {
+    const WithoutRights withoutRights;
+    EXPECT_EQ(Regsvr32(L""), 0U);
+    EXPECT_EQ(Difference(machine_, ClassesOf(HKEY_LOCAL_MACHINE)), kNothing);
+    std::vector<std::string> ofUser = Difference(user_, ClassesOf(HKEY_CURRENT_USER));
+    // What registrations share is not there yet.
+    for (const char* shared : {"clsid", "interface", "typelib"})
+      std::erase(ofUser, std::string("+software\\classes\\") + shared);
+    EXPECT_EQ(ofUser, ofMachine);
+    EXPECT_EQ(Regsvr32(L"/u"), 0U);
+  }
+  EXPECT_EQ(Difference(user_, ClassesOf(HKEY_CURRENT_USER)), kNothing);
+  EXPECT_EQ(Difference(machine_, ClassesOf(HKEY_LOCAL_MACHINE)), kNothing);
+}
+
+TEST_F(RegistrationTest, TheRegistryNamesWhatContainersLookFor) {
+  EXPECT_EQ(Regsvr32(L""), 0U);
+  wchar_t* text = nullptr;
+  ASSERT_EQ(StringFromCLSID(CLSID_ZOLT20MapControl, &text), S_OK);
+  const std::wstring key = std::wstring(kClasses) + L"\\CLSID\\" + text;
+  CoTaskMemFree(text);
+  const std::set<std::wstring> registered = ClassesOf(HKEY_LOCAL_MACHINE);
+  for (const wchar_t* line :
+       {L"\\Control", L"\\InprocServer32 [ThreadingModel] = Apartment",
+        L"\\VersionIndependentProgID [] = ZOLT20MappingCtrl.ZOLT20MapControl",
+        L"\\Version [] = 1.0", L"\\MiscStatus\\1", L"\\ToolboxBitmap32",
+        L"\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}"}) {
+    EXPECT_EQ(registered.count(Small(key + line)), 1U) << std::string(line, line + wcslen(line));
+  }
+}
+
+}  // namespace
+}  // namespace zolt20::tests
