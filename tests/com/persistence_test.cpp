@@ -72,6 +72,21 @@ TEST_F(PersistenceTest, TheBagIsReadAndWrittenUnderItsKeysInTheirOrder) {
   EXPECT_EQ(bag.TextOf(L"prpSelectPart"), L"0");
 }
 
+TEST_F(PersistenceTest, AContainerLoadsItsControlFromItsBag) {
+  Bag bag;
+  bag.Text(L"prpStrSQLPart", L"O");
+  Container container(880, 620);
+  ASSERT_EQ(container.Create(CLSID_ZOLT20MapControl, &bag), S_OK);
+  EXPECT_EQ(bag.read, Keys(&BagEntry::readKey));
+  ASSERT_EQ(container.Activate(), S_OK);
+  const auto byName = com::Query<IDispatch>(container.Control());
+  EXPECT_EQ((Named{*byName.Get()}.Text(L"prpStrSQLPart")), L"O");
+  const auto persist = com::Query<IPersistPropertyBag>(container.Control());
+  EXPECT_EQ(persist->Save(&bag, TRUE, TRUE), S_OK);
+  EXPECT_EQ(bag.written, Keys(&BagEntry::writeKey));
+  EXPECT_EQ(bag.TextOf(L"prpStrSQLPart"), L"O");
+}
+
 TEST_F(PersistenceTest, WhatWasWrittenIsWhatIsKept) {
   Catalogue();
   named().Put(L"prpSelectWherePart", L"a = 1~b");

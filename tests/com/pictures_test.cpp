@@ -60,6 +60,8 @@ class PicturesTest : public testing::Test {
   Named named() const { return {*byName_.Get()}; }
   void Page(int page) { named().Put(L"prpTab", Number(page)); }
 
+  void Press(const wchar_t* button) { ClickOn(container_.Window(), button); }
+
   std::vector<HWND> InSight() const {
     std::vector<HWND> windows;
     EnumChildWindows(
@@ -169,6 +171,15 @@ TEST_F(PicturesTest, TheStatementPagesAreFilled) {
   for (int page = 2; page <= 5; ++page) {
     Page(page);
     Picture(L"windows-page" + std::to_wstring(page));
+  }
+}
+
+TEST_F(PicturesTest, EachKindHasItsPanel) {
+  Begin();
+  Page(6);
+  for (const wchar_t* option : {L"optIfThen", L"optwhile", L"optRepeat", L"optFor", L"optCase"}) {
+    Press(option);
+    Picture(std::wstring(L"windows-kind-") + option);
   }
 }
 
