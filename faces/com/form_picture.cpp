@@ -9,7 +9,6 @@
 namespace zolt20::com {
 namespace {
 
-constexpr int kFontTwips = 165;  // 8 1/4 points
 constexpr int kRowTwips = 210;
 constexpr int kTextMarginTwips = 45;
 
@@ -86,8 +85,7 @@ class Picture {
   void DrawControl(const Control& control) {
     RECT rect = RectOf(control);
     SetTextColor(canvas_, GetSysColor(control.Enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
-    const bool isArial = control.frame() == &form_.frawhile || &control == &form_.frawhile;
-    SelectObject(canvas_, isArial ? arial_.get() : verdana_.get());
+    SelectObject(canvas_, IsInArial(form_, control) ? arial_.get() : verdana_.get());
     switch (control.kind()) {
       case Kind::TabStrip:
         DrawTabs(rect);
@@ -139,7 +137,7 @@ class Picture {
         DrawEdge(canvas_, &rect, EDGE_ETCHED, BF_RECT);
         break;
       case Kind::ScrollBar:
-        DrawFrameControl(canvas_, &rect, DFC_SCROLL, DFCS_SCROLLDOWN);
+        DrawScrollBar(rect);
         break;
     }
   }
@@ -156,6 +154,15 @@ class Picture {
                BF_LEFT | BF_TOP | BF_RIGHT | (isActive ? 0U : BF_BOTTOM));
       DrawLine(tab, Trim(kPageCaptions[page]), DT_CENTER | DT_VCENTER);
     }
+  }
+
+  void DrawScrollBar(const RECT& rect) {
+    FillRect(canvas_, &rect, GetSysColorBrush(COLOR_SCROLLBAR));
+    const LONG side = std::min(rect.right - rect.left, (rect.bottom - rect.top) / 2);
+    RECT up{rect.left, rect.top, rect.right, rect.top + side};
+    RECT down{rect.left, rect.bottom - side, rect.right, rect.bottom};
+    DrawFrameControl(canvas_, &up, DFC_SCROLL, DFCS_SCROLLUP);
+    DrawFrameControl(canvas_, &down, DFC_SCROLL, DFCS_SCROLLDOWN);
   }
 
   void DrawBox(RECT& rect) {

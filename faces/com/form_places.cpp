@@ -20,6 +20,10 @@ constexpr int kCaseFrame = 6'720 + 825 + 120;
 
 }  // namespace
 
+bool IsInArial(const Surface& form, const Control& control) {
+  return &control == &form.frawhile || control.frame() == &form.frawhile;
+}
+
 // A rectangle of which pieces are cut off, each with a gap behind it.
 struct FormPlaces::Box : Geometry {
   Box CutTop(int amount, int gap = kGap) {

@@ -10,6 +10,11 @@
 namespace zolt20::com {
 
 inline constexpr int kTwipsPerInch = 1440;
+/// The height of the letters: 8 1/4 points.
+inline constexpr int kFontTwips = 165;
+
+/// Whether a control has its text in Arial; the others have Verdana.
+bool IsInArial(const Surface& form, const Control& control);
 
 class FormPlaces {
  public:

@@ -25,7 +25,6 @@ constexpr UINT kGoAway = WM_APP + 1;
 constexpr UINT kResolutionChanged = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
 constexpr UINT kThemeChanged = 0x031A;       // WM_THEMECHANGED
 constexpr UINT_PTR kSubclass = 1;
-constexpr int kFontTwips = 165;  // 8 1/4 points
 constexpr int kSmallFontTwips = 150;
 constexpr int kBackspace = 8;
 
@@ -273,7 +272,7 @@ void FormWindow::MakeFonts() {
 }
 
 HFONT FormWindow::FontOf(const Control& control) const {
-  if (&control == &Form().frawhile || control.frame() == &Form().frawhile) return arial_;
+  if (IsInArial(Form(), control)) return arial_;
   return IsInstruction(control) ? small_ : verdana_;
 }
 
