@@ -11,6 +11,7 @@
 #include <string>
 #include <utility>
 
+#include "faces/acts/act.h"
 #include "faces/com/com_text.h"
 #include "faces/com/common_controls.h"
 #include "faces/com/statement_box.h"
@@ -26,7 +27,6 @@ constexpr UINT kResolutionChanged = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
 constexpr UINT kThemeChanged = 0x031A;       // WM_THEMECHANGED
 constexpr UINT_PTR kSubclass = 1;
 constexpr int kSmallFontTwips = 150;
-constexpr int kBackspace = 8;
 
 // The keys by which texts and marks are changed and gone through.
 bool IsEditingKey(const MSG& message) {
@@ -870,8 +870,6 @@ void FormWindow::TakeEdit(Child& child) {
   Type(child, changed);
 }
 
-// A key goes in at the caret of the control, which stands behind what was typed last. Where the
-// person is elsewhere in the text, what lies behind goes away for that moment.
 void FormWindow::TypeKey(Child& child, int code) {
   const auto& box = static_cast<const TextBox&>(child.control);
   DWORD first = 0;
@@ -882,12 +880,8 @@ void FormWindow::TypeKey(Child& child, int code) {
   const auto count = static_cast<int>(behindSelection - first);
   int caret = position;
   Gesture(box, [&] {
-    const String before(Left(box.Text(), position));
-    const String behind(Mid(box.Text(), position + count + 1));
-    if (!behind.empty() || count > 0 || box.SelStart() != position) control_.UserType(box, before);
-    if (code != kBackspace || count == 0) control_.UserKey(box, code);
-    caret = box.SelStart();
-    if (!behind.empty()) control_.UserType(box, Concat(box.Text(), behind));
+    caret = faces::TypeKey(box, position, count, code,
+                           [this](const faces::Act& act) { faces::Perform(control_, act); });
   });
   if (!isRetired_ && root_ != nullptr)
     SendMessageW(child.window, EM_SETSEL, static_cast<WPARAM>(caret), caret);
@@ -1336,7 +1330,7 @@ LRESULT FormWindow::OnChild(Child& child, UINT message, WPARAM wide, LPARAM long
         SendMessageW(child.window, EM_SETSEL, 0, -1);
         return done();
       }
-      if (&control == &Form().txtAsSet && (character >= L' ' || character == kBackspace) &&
+      if (&control == &Form().txtAsSet && (character >= L' ' || character == faces::kBackspace) &&
           character != 0x7F) {
         if (character <= 0x7FFF) TypeKey(child, character);
         return done();

@@ -75,15 +75,6 @@ class OptionWidget final : public QRadioButton {
   void nextCheckState() override {}
 };
 
-// The text of a text box.
-std::optional<String> TextOf(const Control& control) {
-  if (control.kind() == Kind::TextBox) return static_cast<const TextBox&>(control).Text();
-  if (control.kind() == Kind::SyntaxTextBox) {
-    return static_cast<const SyntaxTextBox&>(control).Text();
-  }
-  return std::nullopt;
-}
-
 }  // namespace
 
 FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control)
@@ -505,36 +496,11 @@ void FormFace::ShowFocus() {
 
 void FormFace::Do(Act act) {
   acts_.push_back(act);
-  const Control& control = *act.control;
-  switch (act.kind) {
-    case Act::kClick:
-      act.number == kNone ? control_.UserClick(control) : control_.UserClick(control, act.number);
-      break;
-    case Act::kDoubleClick:
-      control_.UserDoubleClick(control, act.number);
-      break;
-    case Act::kPick:
-      control_.UserPick(control, act.number);
-      break;
-    case Act::kType:
-      control_.UserType(control, act.text);
-      // The control's caret is at the end now; where the person types it stays, unless the text
-      // became another.
-      if (TextOf(control) == act.text) caretChanged_.erase(&control);
-      break;
-    case Act::kKey:
-      control_.UserKey(control, act.number);
-      break;
-    case Act::kFocus:
-      control_.UserFocus(control);
-      break;
-    case Act::kTab:
-      control_.UserTab(act.number);
-      break;
-    case Act::kScroll:
-      control_.UserScroll(control, act.number);
-      break;
-  }
+  faces::Perform(control_, act);
+  // The control's caret is at the end now; where the person types it stays, unless the text became
+  // another.
+  if (act.kind == Act::kType && faces::TextOf(*act.control) == act.text)
+    caretChanged_.erase(act.control);
 }
 
 void FormFace::Gesture(const Control& source, Run run, const std::function<void()>& act) {
@@ -543,14 +509,9 @@ void FormFace::Gesture(const Control& source, Run run, const std::function<void(
     changed_.insert(&source);
     return;
   }
-  const bool goesOn = run == Run::kTyping && history_.IsTypingIn(source);
-  std::optional<ControlSnapshot> before;
-  if (history_.IsOn() && !goesOn && run != Run::kFocus) {
-    before = control_.Save();
-    textBefore_ = TextOf(source);
-  }
+  history_.Begin(control_, hostData_, source, run);
+  const bool goesOn = history_.GoesOn();
   anythingChanged_ = false;
-  QVariant dataBefore = hostData_;
 
   std::optional<Failure> failure;
   ++calls_;
@@ -568,15 +529,7 @@ void FormFace::Gesture(const Control& source, Run run, const std::function<void(
   --calls_;
   std::vector<Act> acts = std::exchange(acts_, {});
 
-  if (!goesOn) history_.EndTyping();
-  if (before && anythingChanged_) {
-    history_.Add({std::move(*before), std::move(dataBefore)},
-                 run == Run::kTyping ? &source : nullptr);
-    emit HistoryChanged();
-  } else if (goesOn && textBefore_ && textBefore_ == TextOf(source)) {
-    history_.DropTyping();
-    emit HistoryChanged();
-  }
+  if (history_.End(anythingChanged_)) emit HistoryChanged();
   changed_.insert(&source);
   ShowChanges();
   for (Act& done : acts) {
@@ -586,24 +539,15 @@ void FormFace::Gesture(const Control& source, Run run, const std::function<void(
   if (failure) emit Failed(*failure);
 }
 
-// A key goes in at the caret of the control, which stands behind what was typed last. Where the
-// person is elsewhere in the text, what lies behind goes away for that moment.
 void FormFace::TypeKey(const TextBox& box, LineBox& line, int position, int count, int code) {
-  constexpr int kBackspace = 8;
   int caret = 0;
   Gesture(box, Run::kTyping, [&] {
-    const String before(Left(box.Text(), position));
-    const String behind(Mid(box.Text(), position + count + 1));
-    if (!behind.empty() || count > 0 || box.SelStart() != position)
-      Do({Act::kType, &box, kNone, before});
-    if (code != kBackspace || count == 0) Do({Act::kKey, &box, code});
-    caret = box.SelStart();
-    if (!behind.empty()) Do({Act::kType, &box, kNone, Concat(box.Text(), behind)});
+    caret = faces::TypeKey(box, position, count, code, [this](Act act) { Do(std::move(act)); });
   });
   line.ShowCaret(caret);
 }
 
-void FormFace::PutBack(Step step) {
+void FormFace::PutBack(History::Step step) {
   control_.Restore(std::move(step.state));
   hostData_ = std::move(step.hostData);
   ShowChanges();

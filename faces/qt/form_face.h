@@ -17,7 +17,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "faces/qt/history.h"
+#include "faces/acts/history.h"
 #include "shell/control.h"
 
 class QTabBar;
@@ -37,18 +37,10 @@ struct Failure {
   QString text;
 };
 
-/// What a person did, as one gesture of the surface.
-struct Act {
-  enum Kind { kClick, kDoubleClick, kPick, kType, kKey, kFocus, kTab, kScroll };
-
-  Kind kind;
-  const Control* control;  // of kTab the strip
-  int number = kNone;      // a row, a key's code, a page or a scroll value
-  String text = {};        // of kType
-  bool goesOn = false;     // with the step of typing before
-
-  static constexpr int kNone = -1;
-};
+using faces::Act;
+using faces::Run;
+/// The host's value is whatever it likes.
+using History = faces::History<QVariant>;
 
 class FormFace final : public QObject, private SurfaceObserver {
   Q_OBJECT
@@ -93,7 +85,7 @@ class FormFace final : public QObject, private SurfaceObserver {
 
  signals:
   /// A gesture is over, with all that it changed; comes before what follows from it.
-  void Acted(const zolt20::qt::Act& act);
+  void Acted(const zolt20::faces::Act& act);
   void Failed(const zolt20::qt::Failure& failure);
   void HistoryChanged();
   void Undone();
@@ -136,11 +128,10 @@ class FormFace final : public QObject, private SurfaceObserver {
   bool HasFocus() const;
 
   // Gestures.
-  enum class Run { kStep, kTyping, kFocus };
   static constexpr int kNone = Act::kNone;
   void Gesture(const Control& source, Run run, const std::function<void()>& act);
   void Do(Act act);
-  void PutBack(Step step);
+  void PutBack(History::Step step);
   void TypeKey(const TextBox& box, LineBox& line, int position, int count, int code);
   bool HandleKey(const Control& control, QWidget& widget, const QKeyEvent& event);
   bool MoveOption(const Control& option, bool forward);
@@ -161,7 +152,6 @@ class FormFace final : public QObject, private SurfaceObserver {
   std::vector<Act> acts_;         // of the gesture in progress
   History history_;
   QVariant hostData_;
-  std::optional<String> textBefore_;  // of the text box that a run of typing is in
 };
 
 template <typename Act>

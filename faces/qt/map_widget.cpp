@@ -12,7 +12,7 @@ using zolt20::Integer;
 using zolt20::Message;
 using zolt20::StringView;
 using zolt20::ZOLT20MapControl;
-using zolt20::qt::Act;
+using zolt20::faces::Act;
 using zolt20::qt::FormFace;
 using zolt20::qt::FromQt;
 using zolt20::qt::ToQt;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "faces/acts/act.h"
 #include "faces/qt/highlighter.h"
 #include "faces/qt/qt_text.h"
 #include "faces/texts/shown_text.h"
@@ -160,7 +161,6 @@ void LineBox::ShowCaret(int caret) {
 }
 
 void LineBox::keyPressEvent(QKeyEvent* event) {
-  constexpr int kBackspace = 8;
   const QString text = event->text();
   const bool isPlain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
   const bool isBackspace = event->key() == Qt::Key_Backspace && isPlain;
@@ -169,7 +169,7 @@ void LineBox::keyPressEvent(QKeyEvent* event) {
   if (!byKeys_ || (!isBackspace && !isCharacter)) return QLineEdit::keyPressEvent(event);
   const int first = hasSelectedText() ? selectionStart() : cursorPosition();
   emit KeyTyped(first, static_cast<int>(selectedText().size()),
-                isBackspace ? kBackspace : static_cast<int>(text[0].unicode()));
+                isBackspace ? faces::kBackspace : static_cast<int>(text[0].unicode()));
 }
 
 }  // namespace zolt20::qt

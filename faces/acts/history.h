@@ -1,0 +1,114 @@
+// What Undo and Redo put back: states of the control, from before each step of a person. Knows no
+// platform.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "faces/acts/act.h"
+
+namespace zolt20::faces {
+
+/// How a gesture stands to the steps of the history: one of its own, one that may go on with the
+/// typing before, or none.
+enum class Run { kStep, kTyping, kFocus };
+
+/// `HostData` is a value of the host's that goes with the state.
+template <typename HostData>
+class History {
+ public:
+  static constexpr std::size_t kSteps = 200;
+
+  /// A state to go back to.
+  struct Step {
+    ControlSnapshot state;
+    HostData hostData;
+  };
+
+  bool IsOn() const { return isOn_; }
+  /// Switched off it forgets, and keeps nothing.
+  void Switch(bool on) {
+    isOn_ = on;
+    if (!on) Forget();
+  }
+
+  bool CanUndo() const { return !undo_.empty(); }
+  bool CanRedo() const { return !redo_.empty(); }
+
+  /// A gesture on `source` begins.
+  void Begin(const ZOLT20MapControl& control, const HostData& hostData, const Control& source,
+             Run run) {
+    run_ = run;
+    source_ = &source;
+    goesOn_ = run == Run::kTyping && typing_ == &source;
+    before_.reset();
+    if (!isOn_ || goesOn_ || run == Run::kFocus) return;
+    before_ = Step{control.Save(), hostData};
+    textBefore_ = TextOf(source);
+  }
+  /// Whether it goes on with the step before.
+  bool GoesOn() const { return goesOn_; }
+  /// The gesture is over and changed something, or nothing but the focus. Gives whether the steps
+  /// are others now.
+  bool End(bool anythingChanged) {
+    std::optional<Step> before = std::exchange(before_, std::nullopt);
+    if (!goesOn_) typing_ = nullptr;
+    if (before && anythingChanged) {
+      Add(std::move(*before));
+      return true;
+    }
+    // A run of typing that has come back to where it began is no step.
+    if (!goesOn_ || undo_.empty() || !textBefore_ || textBefore_ != TextOf(*source_)) return false;
+    undo_.pop_back();
+    typing_ = nullptr;
+    return true;
+  }
+
+  void Forget() {
+    undo_.clear();
+    redo_.clear();
+    typing_ = nullptr;
+  }
+
+  /// The state to put back, in exchange for the state as it is now. There is one.
+  Step Undo(Step now) {
+    redo_.push_back(std::move(now));
+    Step before = std::move(undo_.back());
+    undo_.pop_back();
+    typing_ = nullptr;
+    return before;
+  }
+  Step Redo(Step now) {
+    undo_.push_back(std::move(now));
+    Step after = std::move(redo_.back());
+    redo_.pop_back();
+    typing_ = nullptr;
+    return after;
+  }
+
+ private:
+  void Add(Step before) {
+    if (!isOn_) return;  // switched off within the step
+    undo_.push_back(std::move(before));
+    if (undo_.size() > kSteps) undo_.pop_front();
+    redo_.clear();
+    typing_ = run_ == Run::kTyping ? source_ : nullptr;
+  }
+
+  bool isOn_ = true;
+  std::deque<Step> undo_;
+  std::vector<Step> redo_;
+  const Control* typing_ = nullptr;  // the box that a run of typing is in
+
+  // Of the gesture in progress.
+  Run run_ = Run::kStep;
+  const Control* source_ = nullptr;
+  bool goesOn_ = false;
+  std::optional<Step> before_;
+  std::optional<String> textBefore_;  // from where the run of typing began
+};
+
+}  // namespace zolt20::faces
