@@ -31,11 +31,11 @@ const char16_t* OwnName(ControlName name) {
     case ControlName::cmdRemoveAll:
       return u"Remove all fields";
     case ControlName::lstorderbyasc:
-      return u"Order ascending";
+      return u"Order By Asc";
     case ControlName::lstorderbydesc:
-      return u"Order descending";
+      return u"Order By Desc";
     case ControlName::cboWhereFields:
-      return u"Operand";
+      return u"Operand1";
     case ControlName::cboOper:
       return u"Operator";
     case ControlName::cboWhereFields1:
@@ -63,9 +63,9 @@ const char16_t* OwnName(ControlName name) {
     case ControlName::txtCond:
       return u"If condition";
     case ControlName::txtStmt1:
-      return u"Then statement";
+      return u"Then, Statement1";
     case ControlName::txtStmt2:
-      return u"Else statement";
+      return u"Else, Statement2";
     case ControlName::txtWhlCnd:
       return u"While expression";
     case ControlName::txtWhlStm:
