@@ -31,6 +31,14 @@ test_packages=(xvfb xauth)
 windows_packages=(cmake ninja-build nlohmann-json3-dev googletest g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64
   libwine-dev xvfb xauth fp-compiler fp-utils fpc-source lazarus-src)
 
+# What building the browser element and serving its page take. A node of version 18 or later will do, wherever it comes from.
+web_build_packages=(cmake ninja-build emscripten esbuild)
+node -e 'process.exit(Number(parseInt(process.versions.node) < 18))' 2>/dev/null || web_build_packages+=(nodejs)
+
+# What testing it takes beside that: a browser with letters to draw, and the way to the npm registry.
+web_test_packages=(chromium fonts-dejavu-core fonts-liberation)
+command -v npm >/dev/null || web_test_packages+=(npm)
+
 # configure_and_build PRESET [TARGET...]: all targets when none is named.
 configure_and_build() {
   local preset=$1

@@ -1,0 +1,432 @@
+// What a page calls: functions of numbers. Controls and elements are their addresses. A text comes
+// in by text_in, which gives room for the text that the next call takes, and goes out by text_out;
+// lists of numbers go out by numbers_out. What went out stands there until the next call.
+//
+// A call that can fail gives a Status; error_number, error_kind and error_text tell of the
+// element's last run-time error.
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "faces/colouring/statement_colours.h"
+#include "faces/keys/neighbours.h"
+#include "faces/texts/shown_text.h"
+#include "faces/web/element.h"
+#include "faces/words/form_words.h"
+
+#define ZOLT20_EXPORT(name) __attribute__((export_name(#name)))
+#define ZOLT20_IMPORT(name) __attribute__((import_module("page"), import_name(#name)))
+
+using namespace zolt20;
+using web::Element;
+using web::Status;
+
+namespace {
+
+String taken;
+String given;
+std::vector<std::int32_t> numbers;
+
+void Give(StringView text) {
+  given = text;
+}
+void Give(std::string_view text) {
+  given = FromAscii(text);
+}
+
+std::int32_t Address(const void* object) {
+  return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(object));
+}
+
+void GiveControls(const std::vector<const Control*>& controls) {
+  numbers.clear();
+  for (const Control* control : controls)
+    numbers.push_back(Address(control));
+}
+
+const Member& MemberOf(int number) {
+  return Members()[static_cast<std::size_t>(number - 1)];
+}
+
+// A value of the page: a text that came in, or a number; none for one outside of 16 bits.
+Variant ValueOf(ValueType type, int number) {
+  switch (type) {
+    case ValueType::kString:
+      return std::exchange(taken, {});
+    case ValueType::kInteger:
+      if (number < Integer::kLeast || number > Integer::kGreatest) break;
+      return Integer(number);
+    case ValueType::kBoolean:
+      return number != 0;
+    case ValueType::kNone:
+      break;
+  }
+  return {};
+}
+
+// Gives a text, or a number as the one of the list.
+void Give(const Variant& value) {
+  numbers.clear();
+  if (const auto* text = std::get_if<String>(&value)) return Give(StringView(*text));
+  if (const auto* number = std::get_if<Integer>(&value)) return numbers.push_back(number->value());
+  if (const auto* flag = std::get_if<bool>(&value)) numbers.push_back(*flag ? 1 : 0);
+}
+
+// What the page asks of a control; the numbers are those of its own list.
+enum class Ask {
+  kEnabled,
+  kVisible,
+  kShown,
+  kTabIndex,
+  kListCount,
+  kListIndex,
+  kSelCount,
+  kValue,
+  kMax,
+  kBackColor,
+  kHighlight,
+  kSelStart,
+  kLeft,
+  kTop,
+  kWidth,
+  kHeight,
+  kKind,
+  kPage,
+  kStyle,
+  kFrame,
+  kTakesFocus,
+  kSmallChange,
+};
+
+enum class AskText { kName, kText, kCaption, kAccessibleName };
+
+int NumberOfKind(const Control& control, Ask ask) {
+  switch (control.kind()) {
+    case Kind::TabStrip:
+      return static_cast<const TabStrip&>(control).Tab().value();
+    case Kind::SyntaxTextBox:
+      return static_cast<const SyntaxTextBox&>(control).Highlight() ? 1 : 0;
+    case Kind::TextBox: {
+      const auto& box = static_cast<const TextBox&>(control);
+      return ask == Ask::kSelStart ? box.SelStart() : static_cast<int>(box.BackColor());
+    }
+    case Kind::ListBox:
+    case Kind::ComboBox: {
+      const auto& rows = static_cast<const RowsControl&>(control);
+      if (ask == Ask::kListCount) return rows.ListCount();
+      if (ask == Ask::kListIndex) return rows.ListIndex();
+      if (ask == Ask::kSelCount) return static_cast<const ListBox&>(control).SelCount();
+      return static_cast<int>(static_cast<const ComboBox&>(control).BackColor());
+    }
+    case Kind::OptionButton:
+      return static_cast<const OptionButton&>(control).Value() ? 1 : 0;
+    case Kind::ScrollBar: {
+      const auto& bar = static_cast<const ScrollBar&>(control);
+      return ask == Ask::kMax ? bar.Max() : bar.Value();
+    }
+    default:
+      return 0;
+  }
+}
+
+}  // namespace
+
+extern "C" {
+
+ZOLT20_IMPORT(event) void page_event(int id, int number);
+ZOLT20_IMPORT(property_changed) void page_property_changed(int id, int number);
+ZOLT20_IMPORT(message)
+void page_message(int id, const char16_t* text, int length, const char16_t* title, int titleLength);
+
+// Texts and numbers.
+
+ZOLT20_EXPORT(text_in) char16_t* text_in(int length) {
+  taken.resize(static_cast<std::size_t>(length));
+  return taken.data();
+}
+ZOLT20_EXPORT(text_out) const char16_t* text_out() {
+  return given.data();
+}
+ZOLT20_EXPORT(text_out_length) int text_out_length() {
+  return static_cast<int>(given.size());
+}
+ZOLT20_EXPORT(numbers_out) const std::int32_t* numbers_out() {
+  return numbers.data();
+}
+ZOLT20_EXPORT(numbers_out_length) int numbers_out_length() {
+  return static_cast<int>(numbers.size());
+}
+/// A long text that went through is not kept.
+ZOLT20_EXPORT(forget_texts) void forget_texts() {
+  String().swap(taken);
+  String().swap(given);
+}
+
+// The tables of the contract and of the form.
+
+ZOLT20_EXPORT(member_count) int member_count() {
+  return static_cast<int>(Members().size());
+}
+ZOLT20_EXPORT(member_name) void member_name(int number) {
+  Give(MemberOf(number).name);
+}
+ZOLT20_EXPORT(member_argument) void member_argument(int number) {
+  Give(MemberOf(number).argument);
+}
+/// The value type in the lowest two bits, then a bit each for Let, Get, method and notice.
+ZOLT20_EXPORT(member_traits) int member_traits(int number) {
+  const Member& member = MemberOf(number);
+  return static_cast<int>(member.type) | (member.let != nullptr ? 4 : 0) |
+         (member.get != nullptr ? 8 : 0) | (member.IsMethod() ? 16 : 0) | (member.reports ? 32 : 0);
+}
+ZOLT20_EXPORT(event_count) int event_count() {
+  return static_cast<int>(Events().size());
+}
+ZOLT20_EXPORT(event_name) void event_name(int number) {
+  Give(Events()[static_cast<std::size_t>(number - 1)].name);
+}
+ZOLT20_EXPORT(bag_count) int bag_count() {
+  return static_cast<int>(BagEntries().size());
+}
+ZOLT20_EXPORT(bag_key) void bag_key(int entry, int forReading) {
+  const BagEntry& key = BagEntries()[static_cast<std::size_t>(entry)];
+  Give(forReading != 0 ? key.readKey : key.writeKey);
+}
+ZOLT20_EXPORT(bag_type) int bag_type(int entry) {
+  return static_cast<int>(BagEntries()[static_cast<std::size_t>(entry)].type);
+}
+ZOLT20_EXPORT(page_caption) void page_caption(int page) {
+  Give(kPageCaptions[static_cast<std::size_t>(page)]);
+}
+/// Colour on light, on dark, weight and slope of each kind of word.
+ZOLT20_EXPORT(looks) void looks() {
+  numbers.clear();
+  for (int kind = 0; kind <= static_cast<int>(faces::WordKind::kNumber); ++kind) {
+    const faces::Look look = faces::LookOf(static_cast<faces::WordKind>(kind));
+    numbers.insert(numbers.end(),
+                   {static_cast<std::int32_t>(look.onLight), static_cast<std::int32_t>(look.onDark),
+                    look.weight, look.italic ? 1 : 0});
+  }
+}
+
+// Elements.
+
+ZOLT20_EXPORT(make) Element* make(int id) {
+  static constexpr web::Page kPage{
+      page_event, page_property_changed, [](int element, StringView text, StringView title) {
+        page_message(element, text.data(), static_cast<int>(text.size()), title.data(),
+                     static_cast<int>(title.size()));
+      }};
+  return new Element(kPage, id);
+}
+ZOLT20_EXPORT(destroy) void destroy(Element* element) {
+  delete element;
+}
+
+ZOLT20_EXPORT(let) Status let(Element* element, int member, int value) {
+  return element->Let(member, ValueOf(MemberOf(member).type, value));
+}
+ZOLT20_EXPORT(get) Status get(Element* element, int member) {
+  Variant value;
+  const Status status = element->Get(member, value);
+  if (status == Status::kDone) Give(value);
+  return status;
+}
+ZOLT20_EXPORT(call) Status call(Element* element, int member, int argument) {
+  return element->Call(member, ValueOf(MemberOf(member).type, argument));
+}
+
+ZOLT20_EXPORT(bag_init) Status bag_init(Element* element) {
+  return element->InitProperties();
+}
+ZOLT20_EXPORT(bag_put) void bag_put(Element* element, int entry, int value) {
+  const auto index = static_cast<std::size_t>(entry);
+  element->PutInBag(index, ValueOf(BagEntries()[index].type, value));
+}
+ZOLT20_EXPORT(bag_read) Status bag_read(Element* element) {
+  return element->ReadProperties();
+}
+ZOLT20_EXPORT(bag_write) void bag_write(Element* element, int entry) {
+  Give(element->WriteProperties()[static_cast<std::size_t>(entry)]);
+}
+
+ZOLT20_EXPORT(error_number) int error_number(Element* element) {
+  return element->Error()->number();
+}
+ZOLT20_EXPORT(error_kind) void error_kind(Element* element) {
+  Give(element->Error()->kind_word());
+}
+ZOLT20_EXPORT(error_text) void error_text(Element* element) {
+  Give(std::string_view(element->Error()->what()));
+}
+
+// The form.
+
+ZOLT20_EXPORT(controls) void controls(Element* element) {
+  GiveControls(element->Form().Controls());
+}
+ZOLT20_EXPORT(focused) const Control* focused(Element* element) {
+  return element->Form().Focused();
+}
+ZOLT20_EXPORT(next_in_tab_order)
+const Control* next_in_tab_order(Element* element, const Control* from, int forward) {
+  return faces::NextInTabOrder(element->Form(), from, forward != 0);
+}
+ZOLT20_EXPORT(next_option)
+const Control* next_option(Element* element, const Control* option, int forward) {
+  return faces::NextOption(element->Form(), *option, forward != 0);
+}
+
+ZOLT20_EXPORT(control_number) int control_number(const Control* control, Ask ask) {
+  switch (ask) {
+    case Ask::kEnabled:
+      return control->Enabled() ? 1 : 0;
+    case Ask::kVisible:
+      return control->Visible() ? 1 : 0;
+    case Ask::kShown:
+      return control->Shown() ? 1 : 0;
+    case Ask::kTabIndex:
+      return control->TabIndex().value();
+    case Ask::kLeft:
+      return control->Left();
+    case Ask::kTop:
+      return control->Top();
+    case Ask::kWidth:
+      return control->Width();
+    case Ask::kHeight:
+      return control->Height();
+    case Ask::kKind:
+      return static_cast<int>(control->kind());
+    case Ask::kPage:
+      return control->design().page;
+    case Ask::kStyle:
+      return static_cast<int>(control->design().style);
+    case Ask::kFrame:
+      return Address(control->frame());
+    case Ask::kTakesFocus:
+      return control->TakesFocus() ? 1 : 0;
+    case Ask::kSmallChange:
+      return ScrollBar::SmallChange();
+    default:
+      return NumberOfKind(*control, ask);
+  }
+}
+
+ZOLT20_EXPORT(control_text) void control_text(const Control* control, AskText ask) {
+  switch (ask) {
+    case AskText::kName:
+      return Give(control->name());
+    case AskText::kCaption:
+      return Give(StringView(static_cast<const CaptionedControl&>(*control).Caption()));
+    case AskText::kAccessibleName:
+      return Give(StringView(faces::AccessibleName(*control)));
+    case AskText::kText:
+      if (control->kind() == Kind::ComboBox)
+        return Give(StringView(static_cast<const ComboBox&>(*control).Text()));
+      return Give(StringView(faces::TextOf(*control).value_or(String())));
+  }
+}
+
+/// The text of a box with one character for each line end.
+ZOLT20_EXPORT(shown_text) void shown_text(const Control* box, int lineEnd) {
+  control_text(box, AskText::kText);
+  given = faces::Shown(given, static_cast<char16_t>(lineEnd));
+}
+/// The part of a box's text that these shown characters stand for.
+ZOLT20_EXPORT(text_between) void text_between(const Control* box, int first, int behind) {
+  control_text(box, AskText::kText);
+  const std::size_t start = faces::PlaceInText(given, 0, static_cast<std::size_t>(first));
+  const std::size_t end =
+      faces::PlaceInText(given, start, static_cast<std::size_t>(behind - first));
+  given = given.substr(start, end - start);
+}
+/// The place in what is shown of a box that so many characters of its text take.
+ZOLT20_EXPORT(shown_place) int shown_place(const Control* box, int place) {
+  control_text(box, AskText::kText);
+  return static_cast<int>(
+      faces::Shown(StringView(given).substr(0, static_cast<std::size_t>(place)), u'\n').size());
+}
+
+/// The texts of these rows, one behind the other; their lengths, each followed by its mark.
+ZOLT20_EXPORT(rows) void rows(const RowsControl* list, int first, int count) {
+  given.clear();
+  numbers.clear();
+  const auto* marked = list->kind() == Kind::ListBox ? static_cast<const ListBox*>(list) : nullptr;
+  for (int row = first; row < first + count; ++row) {
+    const StringView text = list->List(row);
+    given += text;
+    numbers.push_back(static_cast<std::int32_t>(text.size()));
+    numbers.push_back(marked != nullptr && marked->Selected(row) ? 1 : 0);
+  }
+}
+
+/// First, count and kind of each word that has a colour, of the line that came in.
+ZOLT20_EXPORT(coloured_words) void coloured_words() {
+  const String line = std::exchange(taken, {});
+  numbers.clear();
+  for (const faces::ColouredWord& word : faces::ColouredWordsOf(line)) {
+    numbers.insert(numbers.end(),
+                   {static_cast<std::int32_t>(word.first), static_cast<std::int32_t>(word.count),
+                    static_cast<std::int32_t>(word.kind)});
+  }
+}
+
+// What a person does.
+
+ZOLT20_EXPORT(gesture)
+Status gesture(Element* element, faces::Act::Kind kind, const Control* control, int number) {
+  const faces::Run run = kind == faces::Act::kFocus ? faces::Run::kFocus : faces::Run::kStep;
+  return element->Make(run, {kind, control, number});
+}
+ZOLT20_EXPORT(type) Status type(Element* element, const Control* box, int caret, int lineEnd) {
+  const String shown = std::exchange(taken, {});
+  return element->Type(*box, shown, static_cast<std::size_t>(caret),
+                       static_cast<char16_t>(lineEnd));
+}
+/// The caret after the key is the one number, when the key was taken.
+ZOLT20_EXPORT(type_key)
+Status type_key(Element* element, const TextBox* box, int position, int count, int code) {
+  int caret = position;
+  const Status status = element->TypeKey(*box, position, count, code, caret);
+  numbers.assign({caret});
+  return status;
+}
+
+ZOLT20_EXPORT(begin_step) int begin_step(Element* element) {
+  return element->BeginStep() ? 1 : 0;
+}
+ZOLT20_EXPORT(end_step) void end_step(Element* element) {
+  element->EndStep();
+}
+ZOLT20_EXPORT(undo) Status undo(Element* element) {
+  return element->Undo();
+}
+ZOLT20_EXPORT(redo) Status redo(Element* element) {
+  return element->Redo();
+}
+/// A bit each for undo, redo, and whether the history is on.
+ZOLT20_EXPORT(history) int history(Element* element) {
+  return (element->CanUndo() ? 1 : 0) | (element->CanRedo() ? 2 : 0) |
+         (element->HistoryIsOn() ? 4 : 0);
+}
+ZOLT20_EXPORT(switch_history) void switch_history(Element* element, int on) {
+  element->SwitchHistory(on != 0);
+}
+
+/// What changed since the last call: whether the focus moved, the number of controls that are gone,
+/// these, then each control that changed with its bits.
+ZOLT20_EXPORT(changes) void changes(Element* element) {
+  const Element::Changes taken_changes = element->TakeChanges();
+  numbers.clear();
+  numbers.push_back(taken_changes.focusMoved ? 1 : 0);
+  numbers.push_back(static_cast<std::int32_t>(taken_changes.gone.size()));
+  for (const Control* control : taken_changes.gone)
+    numbers.push_back(Address(control));
+  for (const auto& [control, what] : taken_changes.changed) {
+    numbers.push_back(Address(control));
+    numbers.push_back(what);
+  }
+}
+
+}  // extern "C"

@@ -1,0 +1,431 @@
+// The form as HTML: a view for each control of the surface, under the control's name.
+//
+// What the control tells about its form is fetched and shown when the call in progress is over, or
+// before the host hears of an event in it. What a person does becomes a gesture.
+import { make } from './dom';
+import { layOut } from './layout';
+import { Address, Ask, AskText, Gesture, Kind, Logic, Status, What, ZOLT20Error } from './logic';
+import { MessageBox } from './message_box';
+import { TypedBox, TypedInto, spokenName } from './text_boxes';
+import { ComboView, ListView, View, viewOf } from './views';
+
+/** What the element does when the face has something to tell. */
+export interface FaceOwner {
+  failed(error: Error): unknown;
+  historyChanged(): unknown;
+  undone(): unknown;
+  redone(): unknown;
+}
+
+const kFiltered = ['lsttables', 'lstFields'];
+// What lies in the frame of the case rows, with a margin behind like that before it.
+const kCaseFrameTwips = 6720 + 825 + 120;
+// So that the least of the buttons there can be pointed at.
+const kTwipsPerPixel = 14.4;
+
+export class Face implements TypedInto {
+  readonly logic: Logic;
+  readonly handle: number;
+  /** Before the first control and behind the last: where the Tab key comes in. */
+  readonly edges: readonly [HTMLElement, HTMLElement] =
+    [make('span', { class: 'edge', tabindex: 0 }), make('span', { class: 'edge', tabindex: 0 })];
+  readonly node: HTMLElement;
+  readonly messages: MessageBox;
+
+  readonly #owner: FaceOwner;
+  readonly #root: ShadowRoot;
+  readonly #views = new Map<Address, View>();
+  readonly #addresses = new Map<string, Address>();
+  readonly #controls = new WeakMap<Element, Address>();  // by the node that has the focus
+  readonly #filters = new Map<string, HTMLInputElement>();
+  #isShowing = false;  // what the nodes tell comes from us, and not from a person
+  #isLeaving = false;
+  #page = -1;
+  #isLate = false;     // something is to be shown when that is over
+  #turns = 0;
+  #typingIn: Address = 0;  // the box that what was done last was typed into
+  #isMeant = false;  // a focus that comes now is where the person wants it
+  #left: HTMLElement | undefined;  // the node that had the focus last
+
+  constructor(logic: Logic, handle: number, root: ShadowRoot, owner: FaceOwner) {
+    this.logic = logic;
+    this.handle = handle;
+    this.#root = root;
+    this.#owner = owner;
+    for (const control of logic.controls(handle)) this.#makeView(control);
+    for (const list of kFiltered) this.#makeFilter(list);
+    this.node = layOut(this);
+    this.messages = new MessageBox((close, hadFocus) => {
+      this.#quietly(close);
+      if (hadFocus) this.#showFocus(true);
+    });
+    new ResizeObserver(([entry]) => {
+      if (entry!.contentRect.width > 0) this.messages.showWaiting();
+      else this.leavesSight();
+    }).observe(this.node);
+    root.append(this.node, this.messages.node);
+    for (const control of this.#views.keys()) this.#show(control, What.Everything);
+
+    this.node.addEventListener('focusin', (event) => this.#focusIn(event));
+    this.node.addEventListener('focusout', (event) => {
+      this.#left = event.target as HTMLElement;
+      if (this.edges.includes(this.#left)) this.#isLeaving = false;
+    });
+    // By touch the focus comes with the mouse that is made of it.
+    for (const kind of ['pointerdown', 'mousedown']) {
+      this.node.addEventListener(kind, () => {
+        this.#isMeant = true;
+        setTimeout(() => { this.#isMeant = false; });
+      }, true);
+    }
+    this.node.addEventListener('keydown', (event) => this.#key(event));
+    // A press beside the controls leaves the focus where it is.
+    this.node.addEventListener('mousedown', (event) => {
+      const target = (event.target as Element).closest('button, input, textarea, label, .popup, [tabindex]');
+      if (target !== this.node) return;
+      this.#closePopups();
+      if (this.#root.activeElement !== null) event.preventDefault();
+    });
+  }
+
+  // Views.
+
+  #makeView(control: Address): View {
+    const view = viewOf(this, control);
+    const name = this.logic.text(control, AskText.Name);
+    view.node.dataset['control'] = name;
+    const focus = this.logic.number(control, Ask.Kind) === Kind.TabStrip ? view.node : view.focus;
+    focus.id = name;
+    focus.setAttribute('part', `${focus.getAttribute('part') ?? ''} ${name.replace(/\(\d+\)/, '')}`.trim());
+    if (name === 'fraSelect') view.node.setAttribute('role', 'radiogroup');
+    this.#views.set(control, view);
+    this.#addresses.set(name, control);
+    if (this.logic.is(control, Ask.TakesFocus)) this.#controls.set(focus, control);
+    return view;
+  }
+  #makeFilter(list: string): void {
+    const view = this.#viewOf(list) as ListView;
+    const name = spokenName(this.logic, this.#addresses.get(list)!);
+    const filter = make('input', { type: 'search', id: `${list}.filter`, class: 'filter', part: 'input filter', autocomplete: 'off',
+                                   'aria-label': `Filter ${name}`, 'aria-keyshortcuts': 'Control+F', placeholder: 'Filter (Ctrl+F)' });
+    filter.spellcheck = false;
+    filter.addEventListener('input', () => view.rows.setFilter(filter.value));
+    this.#filters.set(list, filter);
+  }
+  #viewOf(name: string): View {
+    return this.#views.get(this.#addresses.get(name)!)!;
+  }
+  nodeOf(name: string): HTMLElement {
+    return this.#viewOf(name).node;
+  }
+  filterOf(list: string): HTMLElement | undefined {
+    return this.#filters.get(list);
+  }
+  nameTables(names: ReadonlyMap<string, string>): void {
+    (this.#viewOf('lsttables') as ListView).rows.nameRows(names);
+  }
+
+  // Showing.
+
+  /** Shows all that changed. */
+  show(): void {
+    this.#isLate = this.#isShowing;
+    if (this.#isShowing) return;
+    this.#quietly(() => {
+      const hadFocus = this.#root.activeElement !== null;
+      const { focusMoved, gone, changed } = this.logic.changes(this.handle);
+      for (const control of gone) this.#forget(control);
+      for (const [control, what] of changed) this.#show(control, what);
+      if (hadFocus) this.#showFocus(focusMoved);
+    });
+    this.#showHistory();
+  }
+  // What the nodes tell meanwhile is nobody's act.
+  #quietly(act: () => void): void {
+    const wasShowing = this.#isShowing;
+    this.#isShowing = true;
+    try {
+      act();
+    } finally {
+      this.#isShowing = wasShowing;
+    }
+    // A listener of the page's, such as one of the focus that we moved, made the control do something.
+    const kMostTurns = 8;
+    if (wasShowing || !this.#isLate || this.#turns > kMostTurns) return;
+    ++this.#turns;
+    try {
+      this.show();
+    } finally {
+      --this.#turns;
+    }
+  }
+  #forget(control: Address): void {
+    const view = this.#views.get(control);
+    if (view === undefined) return;
+    view.node.remove();
+    this.#views.delete(control);
+    this.#addresses.delete(view.focus.id);
+  }
+  #show(control: Address, what: number): void {
+    const { logic } = this;
+    let view = this.#views.get(control);
+    if (view === undefined) {
+      view = this.#makeView(control);
+      // In the order of the rows, as they are read.
+      const frame = this.nodeOf('fracase');
+      const place = placeOfRow(view.node);
+      frame.insertBefore(view.node, [...frame.children].find((other) => placeOfRow(other) > place) ?? null);
+    }
+    view.show(what);
+    view.enable?.(logic.is(control, Ask.Enabled));
+    view.node.hidden = !logic.is(control, Ask.Visible);
+    const filter = this.#filters.get(view.focus.id);
+    if (filter !== undefined) filter.disabled = !logic.is(control, Ask.Enabled);
+    this.#showPlace(control, view);
+    this.#showName(control, view);
+  }
+  #showName(control: Address, view: View): void {
+    const name = spokenName(this.logic, control);
+    const kind = this.logic.number(control, Ask.Kind);
+    if (kind === Kind.Label) return;  // its text is its name
+    const named = kind === Kind.TabStrip ? view.node : view.focus;
+    if (named.getAttribute('aria-label') === name) return;
+    named.setAttribute('aria-label', name);
+    if (view instanceof ComboView) view.name(name);
+  }
+  // Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes and
+  // what stands beside them are wider; tops and heights stay.
+  #showPlace(control: Address, view: View): void {
+    const height = this.logic.number(control, Ask.Height);
+    if (height === 0) return;
+    const down = (twips: number) => `${twips / kTwipsPerPixel}px`;
+    const { style } = view.node;
+    style.height = down(height);
+    if (view.focus.id === 'fracase') return;
+    const start = this.logic.number(control, Ask.Left);
+    const width = this.logic.number(control, Ask.Width);
+    style.top = down(this.logic.number(control, Ask.Top));
+    style.setProperty('--start', `${100 * start / kCaseFrameTwips}%`);
+    style.width = `${100 * width / kCaseFrameTwips}%`;
+  }
+  /** Shows this page alone. */
+  showPage(active: number): void {
+    if (active === this.#page) return;
+    this.#page = active;
+    for (const page of this.#root.querySelectorAll<HTMLElement>('[role="tabpanel"]'))
+      page.hidden = Number(page.dataset['page']) !== active;
+    const lists = [...this.#views.values()].filter((view) => view instanceof ListView);
+    const heights = lists.map((list) => list.node.clientHeight);  // all at once, before any of them is drawn
+    lists.forEach((list, at) => list.rows.lookAgain(heights[at]!));
+  }
+  #showHistory(): void {
+    const { canUndo, canRedo } = this.logic.history(this.handle);
+    const tools = [['undo', canUndo], ['redo', canRedo]] as const;
+    let isNew = false;
+    for (const [id, can] of tools) {
+      const tool = this.#root.getElementById(id) as HTMLButtonElement;
+      isNew ||= tool.disabled === can;
+      tool.disabled = !can;
+    }
+    if (isNew) this.#owner.historyChanged();
+  }
+  /** The element is in a page again, and the browser forgot what was scrolled and what was typed. */
+  restorePlaces(): void {
+    this.#typingIn = 0;
+    for (const view of this.#views.values()) view.restorePlace?.();
+  }
+
+  // What a person does.
+
+  gesture(kind: Gesture, control: Address, number = -1): void {
+    if (this.#isShowing) return;
+    this.#typingIn = 0;
+    this.#end(this.logic.gesture(this.handle, kind, control, number));
+  }
+  typed(box: Address, shown: string, caret: number, lineEnd: string): void {
+    if (this.#isShowing || !this.#views.has(box)) return;
+    this.#typingIn = box;
+    this.#end(this.logic.type(this.handle, box, shown, caret, lineEnd));
+  }
+  isTypingIn(box: Address): boolean {
+    return this.#typingIn === box;
+  }
+  keyed(box: Address, position: number, count: number, code: number): number {
+    if (this.#isShowing || !this.#views.has(box)) return -1;
+    this.#typingIn = 0;
+    const status = this.logic.typeKey(this.handle, box, position, count, code);
+    const caret = status === Status.Done ? this.logic.givenNumber() : -1;
+    this.#end(status);
+    return caret;
+  }
+  #end(status: Status): void {
+    const error = errorOf(this.logic, this.handle, status);
+    this.show();
+    if (error !== undefined) this.#owner.failed(error);
+  }
+
+  undo(): void {
+    if (this.logic.undo(this.handle) !== Status.Done) return;
+    this.show();
+    this.#owner.undone();
+  }
+  redo(): void {
+    if (this.logic.redo(this.handle) !== Status.Done) return;
+    this.show();
+    this.#owner.redone();
+  }
+
+  // Focus and keys.
+
+  #controlOf(node: Element | null): Address {
+    for (let at = node; at !== null; at = at.parentElement) {
+      const control = this.#controls.get(at);
+      if (control !== undefined) return control;
+    }
+    return 0;
+  }
+
+  /** The focus of the page is on the control that has it in the form, or on none. */
+  #showFocus(moved: boolean): void {
+    const now = this.#root.activeElement;
+    // A filter keeps the focus: it is no control of the form.
+    if (!moved && now !== null && now !== this.node && this.#controlOf(now) === 0 && !this.messages.node.contains(now)) return;
+    const focused = this.logic.focused(this.handle);
+    const wanted = focused === 0 ? this.node : this.#views.get(focused)!.focus;
+    if (now === wanted) return;
+    this.#quietly(() => wanted.focus());
+    this.#bringToFront(wanted);
+  }
+  /** The control that has the focus in the form gets that of the page, or else the first one. */
+  takeFocus(): void {
+    if (this.logic.focused(this.handle) !== 0) this.#showFocus(true);
+    else this.#enter(true);
+  }
+  #enter(isForward: boolean): void {
+    const first = this.logic.nextInTabOrder(this.handle, 0, isForward);
+    if (first === 0) return;
+    this.#isMeant = true;
+    this.#views.get(first)!.focus.focus();
+    this.#isMeant = false;
+  }
+
+  #focusIn(event: FocusEvent): void {
+    const target = event.target as HTMLElement;
+    const edge = this.edges.indexOf(target);
+    if (edge >= 0) {
+      if (!this.#isLeaving) this.#enter(edge === 0);
+      return;
+    }
+    this.#bringToFront(target);
+    if (this.#isShowing) return;
+    if (target === this.node) {
+      // A press on a disabled button. The focus stays where it was.
+      const before = event.relatedTarget;
+      if (before instanceof HTMLElement && this.node.contains(before)) this.#quietly(() => before.focus());
+      else this.#showFocus(true);
+      return;
+    }
+    const isFromOutside = !(event.relatedTarget instanceof Node && this.node.contains(event.relatedTarget));
+    if (isFromOutside && target === this.#left && !this.#isMeant) {
+      // The focus comes back by itself, from behind a dialog for instance, and the form moved it meanwhile.
+      this.#showFocus(false);
+      return;
+    }
+    const control = this.#controlOf(target);
+    if (control !== 0 && control !== this.logic.focused(this.handle)) this.gesture(Gesture.Focus, control);
+  }
+  // The two views of the where condition lie over each other, and at first both are visible.
+  #bringToFront(target: Element): void {
+    const inFront = target.closest('.stack > .frame');
+    if (inFront === null) return;
+    for (const frame of inFront.parentElement!.children) frame.classList.toggle('front', frame === inFront);
+  }
+
+  #key(event: KeyboardEvent): void {
+    if (event.defaultPrevented || event.isComposing) return;
+    if (event.key === 'Tab' && !event.ctrlKey && !event.altKey && !event.metaKey) {
+      this.#tab(event);
+      return;
+    }
+    const isCommand = (event.ctrlKey || event.metaKey) && !event.altKey;
+    if (!isCommand) return;
+    const key = event.key.toLowerCase();
+    const isUndo = key === 'z' && !event.shiftKey;
+    const isRedo = key === 'y' || (key === 'z' && event.shiftKey);
+    if (key === 'f' && !event.shiftKey) this.#focusFilter(event);
+    else if (isUndo || isRedo) this.#takeBack(event, isUndo);
+  }
+  // Along the tab order of the form, and out of the element at its ends.
+  #tab(event: KeyboardEvent): void {
+    const isForward = !event.shiftKey;
+    const now = event.target as HTMLElement;
+    const filtered = [...this.#filters].find(([, filter]) => filter === now)?.[0];
+    const list = filtered === undefined ? 0 : this.#addresses.get(filtered)!;
+    const from = list !== 0 ? list : this.logic.focused(this.handle);
+    // From a filter forward to its list.
+    const next = list !== 0 && isForward ? list : this.logic.nextInTabOrder(this.handle, from, isForward);
+    if (next !== 0) {
+      event.preventDefault();
+      const { focus } = this.#views.get(next)!;
+      focus.focus();
+      if (focus instanceof HTMLInputElement && focus.type === 'text') focus.select();
+      return;
+    }
+    // From the edge the browser goes on to what comes behind the element, or before it.
+    this.#isLeaving = true;
+    const edge = this.edges[isForward ? 1 : 0];
+    edge.focus();
+    // A page that keeps the Tab key for itself.
+    setTimeout(() => {
+      if (!event.defaultPrevented || this.#root.activeElement !== edge) return;
+      this.#isLeaving = false;
+      this.#showFocus(true);
+    });
+  }
+  #focusFilter(event: KeyboardEvent): void {
+    const focused = this.logic.focused(this.handle);
+    const own = focused === 0 ? undefined : this.#filters.get(this.#views.get(focused)!.focus.id);
+    const canBeSeen = (filter: HTMLInputElement) => filter.checkVisibility() && !filter.disabled;
+    const filter = own !== undefined && canBeSeen(own) ? own : [...this.#filters.values()].find(canBeSeen);
+    if (filter === undefined) return;
+    event.preventDefault();
+    filter.focus();
+    filter.select();
+  }
+  // A box's own undo comes first, as long as it has anything to take back.
+  #takeBack(event: KeyboardEvent, isUndo: boolean): void {
+    const target = event.target as HTMLElement;
+    if ([...this.#filters.values()].includes(target as HTMLInputElement)) return;
+    const box = TypedBox.of(target);
+    if (box !== undefined && (isUndo ? box.hasOwnUndo : box.hasOwnRedo)) return;
+    if (!this.logic.history(this.handle).isOn) return;
+    event.preventDefault();
+    if (isUndo) this.undo();
+    else this.redo();
+  }
+
+  /** The element leaves its page, or is hidden in it. */
+  leavesSight(): void {
+    this.#closePopups();
+    this.#quietly(() => this.messages.suspend());
+  }
+  #closePopups(): void {
+    for (const view of this.#views.values()) {
+      if (view instanceof ComboView) view.close();
+    }
+  }
+}
+
+// The place of a box of the case rows among them; what is no such box stands behind all.
+function placeOfRow(node: Element): number {
+  const row = /^(TxtExpr|txtStmt)\((\d+)\)$/.exec((node as HTMLElement).dataset['control'] ?? '');
+  return row === null ? Infinity : 2 * Number(row[2]) + (row[1] === 'txtStmt' ? 1 : 0);
+}
+
+/** What a call that ended so is to be told as, if anything. */
+export function errorOf(logic: Logic, handle: number, status: Status): Error | undefined {
+  if (status === Status.RuntimeError) return logic.error(handle);
+  if (status === Status.Failed) return new ZOLT20Error('memory', 0, 'out of memory');
+  return undefined;
+}
+

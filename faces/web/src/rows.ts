@@ -1,0 +1,314 @@
+// The rows of a list as people see them: rows of one height, of which only those in sight are nodes.
+//
+// The rows themselves are the control's; here is only which are drawn while a filter is on, and on
+// which one the keys stand.
+import { make, setAttributes } from './dom';
+import { Address, Ask, Logic, Row, Style } from './logic';
+
+// The tallest a browser draws without losing its way. Beyond it a list is scrolled in proportion.
+const kTallest = 8_000_000;
+// The height of a row, by its letters, and the least that can be pointed at.
+const kRowInLetters = 1.85;
+const kLeastHeight = 24;
+// Rows are read so many at once where all are looked at.
+const kChunk = 2000;
+// Letters that come within this time belong together.
+const kTypeAheadMilliseconds = 1000;
+
+export interface RowsOptions {
+  logic: Logic;
+  list: Address;
+  /** The node that scrolls, a list box. */
+  box: HTMLElement;
+  /** The node that has the focus while the keys move among the rows. */
+  holder: HTMLElement;
+  /** Whether the rows are entries of a combo box, of which ListIndex is the selected one. */
+  isPopup?: boolean;
+}
+
+export class Rows {
+  readonly #logic: Logic;
+  readonly #list: Address;
+  readonly #box: HTMLElement;
+  readonly #holder: HTMLElement;
+  readonly #isPopup: boolean;
+  readonly #hasCheckBoxes: boolean;
+  readonly #space = make('div', { role: 'presentation', class: 'space' });
+  readonly #nodes = new Map<number, HTMLElement>();
+  #filter = '';
+  #names: ReadonlyMap<string, string> = new Map();
+  #drawn: number[] | undefined;  // the control's rows, while a filter is on
+  #current = -1;  // as drawn
+  #isWanted = false;  // in sight, as soon as anything of the list is
+  #rowHeight = 0;
+  // The height in sight and the scrolling, kept here: to ask a browser for them lays the page out, and it forgets
+  // the scrolling of what is hidden or moved.
+  #view = 0;
+  #place = 0;
+  #letters = '';
+  #lettersAt = 0;
+
+  constructor(options: RowsOptions) {
+    this.#logic = options.logic;
+    this.#list = options.list;
+    this.#box = options.box;
+    this.#holder = options.holder;
+    this.#isPopup = options.isPopup ?? false;
+    this.#hasCheckBoxes = !this.#isPopup && (this.#logic.number(this.#list, Ask.Style) & Style.CheckBoxes) !== 0;
+    this.#box.append(this.#space);
+    this.#box.addEventListener('scroll', () => {
+      this.#place = this.#box.scrollTop;
+      this.draw();
+    }, { passive: true });
+    new ResizeObserver(([entry]) => this.lookAgain(entry!.contentRect.height)).observe(this.#box);
+  }
+
+  /** The number of rows drawn, of which only some are nodes. */
+  get count(): number {
+    return this.#drawn?.length ?? this.#logic.number(this.#list, Ask.ListCount);
+  }
+  /** The row of the control on which the keys stand, -1 for none. */
+  get current(): number {
+    return this.#current < 0 ? -1 : this.#controlRow(this.#current);
+  }
+  #controlRow(drawn: number): number {
+    return this.#drawn === undefined ? drawn : this.#drawn[drawn]!;
+  }
+  #drawnRow(row: number): number {
+    if (this.#drawn === undefined || row < 0) return row;
+    return this.#drawn.indexOf(row);
+  }
+
+  /** Only rows that hold the text in any letter case are drawn from now on; all with "". */
+  setFilter(filter: string): void {
+    if (filter === this.#filter) return;
+    this.#filter = filter;
+    this.#current = -1;
+    this.#scrollTo(0);
+    this.rowsChanged();
+  }
+  /** What rows are called beside their texts, by text. The filter finds it as well. */
+  nameRows(names: ReadonlyMap<string, string>): void {
+    this.#names = names;
+    this.rowsChanged();
+  }
+
+  /** Rows came, went or became others. */
+  rowsChanged(): void {
+    this.#applyFilter();
+    const count = this.count;
+    if (this.#current >= count) this.#current = count - 1;
+    this.showListIndex();
+  }
+  #applyFilter(): void {
+    this.#drawn = undefined;
+    if (this.#filter === '') return;
+    const wanted = this.#filter.toLowerCase();
+    const holds = (text: string | undefined) => text?.toLowerCase().includes(wanted) ?? false;
+    const drawn: number[] = [];
+    this.#eachRow(0, (row, number) => {
+      if (holds(row.text) || holds(this.#names.get(row.text))) drawn.push(number);
+      return false;
+    });
+    this.#drawn = drawn;
+  }
+  // Walks the rows as drawn until one is found. Gives its place, -1 for none.
+  #eachRow(from: number, found: (row: Row, number: number) => boolean): number {
+    const count = this.count;
+    for (let first = from; first < count; first += kChunk) {
+      const rows = this.#read(first, Math.min(first + kChunk, count));
+      const at = rows.findIndex((row, number) => found(row, first + number));
+      if (at >= 0) return first + at;
+    }
+    return -1;
+  }
+  #read(first: number, behind: number): Row[] {
+    if (this.#drawn === undefined) return this.#logic.rows(this.#list, first, behind - first);
+    return this.#drawn.slice(first, behind).map((row) => this.#logic.rows(this.#list, row, 1)[0]!);
+  }
+
+  /** The keys stand on ListIndex from now on, where there is one. */
+  showListIndex(): void {
+    const row = this.#drawnRow(this.#logic.number(this.#list, Ask.ListIndex));
+    if (row >= 0 && row !== this.#current) {
+      this.moveTo(row);
+    } else {
+      this.draw();
+    }
+  }
+
+  /** The keys stand on this drawn row from now on, and it is in sight. */
+  moveTo(drawn: number): void {
+    this.#current = Math.max(-1, Math.min(drawn, this.count - 1));
+    if (this.#current >= 0) this.#bringIntoSight(this.#current);
+    this.draw();
+  }
+  moveToRow(row: number): void {
+    this.moveTo(this.#drawnRow(row));
+  }
+
+  // Where the rows stand.
+
+  get #height(): number {
+    if (this.#rowHeight === 0) {
+      const letters = parseFloat(getComputedStyle(this.#box).fontSize) || 0;
+      this.#rowHeight = Math.max(Math.round(kRowInLetters * letters), kLeastHeight);
+      this.#box.style.setProperty('--row-height', `${this.#rowHeight}px`);
+    }
+    return this.#rowHeight;
+  }
+  get rowsInSight(): number {
+    return Math.max(Math.floor(this.#view / this.#height), 1);
+  }
+  /** The height that this many rows take. */
+  heightOf(count: number): number {
+    return count * this.#height;
+  }
+  /** A list that is about to be seen has this height. */
+  set view(height: number) {
+    this.#view = height;
+  }
+  // By how much the rows stand higher than the scrolling tells, in a list too tall for a browser.
+  #lift(): number {
+    const all = this.heightOf(this.count);
+    if (all <= kTallest) return 0;
+    return this.#place * (all - this.#view) / (kTallest - this.#view) - this.#place;
+  }
+  #scrollTo(place: number): void {
+    this.#place = place;
+    if (this.#view === 0) return;
+    this.#stretch();
+    this.#box.scrollTop = place;
+  }
+  #bringIntoSight(drawn: number): void {
+    this.#isWanted = this.#view === 0;
+    if (this.#isWanted) return;
+    const all = this.heightOf(this.count);
+    const top = drawn * this.#height;
+    const from = this.#place + this.#lift();
+    let wanted = from;
+    if (top < from) wanted = top;
+    else if (top + this.#height > from + this.#view) wanted = Math.max(0, top + this.#height - this.#view);
+    if (wanted === from) return;
+    this.#scrollTo(all <= kTallest ? wanted : wanted * (kTallest - this.#view) / (all - this.#view));
+  }
+  #stretch(): void {
+    this.#space.style.height = `${Math.min(this.heightOf(this.count), kTallest)}px`;
+  }
+  /** The scrolling as it was before the element moved in its page. */
+  restorePlace(): void {
+    if (this.#place !== 0) this.#scrollTo(this.#place);
+  }
+
+  /** The list may have come into sight, gone out of it, or have another height: this one. */
+  lookAgain(height: number): void {
+    this.#view = height;
+    this.#rowHeight = 0;
+    if (this.#isWanted && this.#view > 0) this.#bringIntoSight(this.#current);
+    else this.restorePlace();
+    this.draw();
+  }
+
+  /** Draws the rows that are in sight. */
+  draw(): void {
+    const view = this.#view;
+    if (view === 0) return;  // what is seen again later is drawn then
+    const count = this.count;
+    const height = this.#height;
+    this.#stretch();
+    this.#place = Math.max(0, Math.min(this.#place, Math.min(count * height, kTallest) - view));
+    const lift = this.#lift();
+    const from = this.#place + lift;
+    const first = Math.max(0, Math.min(Math.floor(from / height), count));
+    const behind = Math.min(first + Math.ceil(view / height) + 1, count);
+
+    const rows = new Map(this.#read(first, behind).map((row, at) => [first + at, row] as const));
+    // The row with the keys is always there, for those who are told of it.
+    if (this.#current >= 0 && this.#current < count && !rows.has(this.#current))
+      rows.set(this.#current, this.#read(this.#current, this.#current + 1)[0]!);
+    for (const [drawn, node] of this.#nodes) {
+      if (rows.has(drawn)) continue;
+      node.remove();
+      this.#nodes.delete(drawn);
+    }
+    for (const [drawn, row] of rows) this.#drawRow(drawn, row, count, drawn * height - lift);
+    const active = this.#nodes.get(this.#current);
+    setAttributes(this.#holder, { 'aria-activedescendant': active?.id ?? false });
+  }
+
+  #drawRow(drawn: number, row: Row, count: number, top: number): void {
+    const number = this.#controlRow(drawn);
+    let node = this.#nodes.get(drawn);
+    if (node === undefined) {
+      node = make('div', { role: 'option', class: 'row', part: 'row' });
+      this.#nodes.set(drawn, node);
+      // In the order of the rows, as they are read out.
+      let next: HTMLElement | null = null;
+      for (const [other, candidate] of this.#nodes) {
+        if (other > drawn && (next === null || other < Number(next.dataset['drawn']))) next = candidate;
+      }
+      this.#space.insertBefore(node, next);
+    }
+    const name = this.#names.get(row.text) ?? '';
+    const shown = `${row.text}\n${name}`;
+    if (node.dataset['shown'] !== shown || node.childNodes.length === 0) {
+      node.dataset['shown'] = shown;
+      node.replaceChildren(make('span', { class: 'text' }, row.text));
+      if (name !== '') node.append(make('span', { class: 'name' }, name));
+      node.title = name === '' ? row.text : `${row.text}: ${name}`;
+    }
+    const isMarked = this.#isPopup ? number === this.#logic.number(this.#list, Ask.ListIndex) : row.marked;
+    setAttributes(node, {
+      id: `${this.#box.id}.row.${number}`,
+      'data-row': number,
+      'data-drawn': drawn,
+      'aria-posinset': drawn + 1,
+      'aria-setsize': count,
+      [this.#hasCheckBoxes ? 'aria-checked' : 'aria-selected']: String(isMarked),
+      class: drawn === this.#current ? 'row current' : 'row',
+    });
+    node.style.top = `${top}px`;
+  }
+
+  // What keys and the mouse mean.
+
+  /** The row of the control under the mouse, -1 for none. */
+  rowUnder(event: Event): number {
+    const node = (event.target as Element | null)?.closest?.('[data-row]');
+    return node instanceof HTMLElement && this.#box.contains(node) ? Number(node.dataset['row']) : -1;
+  }
+
+  /** Moves for an arrow, a page key or a letter. Gives whether the key is one of these. */
+  moveByKey(event: KeyboardEvent): boolean {
+    if (event.ctrlKey || event.metaKey || event.altKey) return false;
+    const last = this.count - 1;
+    const step = (by: number) => this.#current < 0 ? 0 : Math.max(0, Math.min(this.#current + by, last));
+    const places: Record<string, () => number> = {
+      ArrowUp: () => step(-1),
+      ArrowDown: () => step(1),
+      PageUp: () => step(-this.rowsInSight),
+      PageDown: () => step(this.rowsInSight),
+      Home: () => 0,
+      End: () => last,
+    };
+    const place = places[event.key];
+    if (place !== undefined) {
+      if (last >= 0) this.moveTo(place());
+      return true;
+    }
+    if (event.key.length !== 1 || event.key === ' ') return false;
+    const now = event.timeStamp;
+    if (now - this.#lettersAt > kTypeAheadMilliseconds) this.#letters = '';
+    this.#lettersAt = now;
+    this.#letters += event.key.toLowerCase();
+    // One letter again and again goes from row to row; more letters stay where they fit.
+    const isOne = [...this.#letters].every((letter) => letter === this.#letters[0]);
+    const wanted = isOne ? this.#letters[0]! : this.#letters;
+    const fits = (row: Row) => row.text.toLowerCase().startsWith(wanted);
+    const from = Math.max(0, this.#current + (isOne ? 1 : 0));
+    let found = this.#eachRow(from, fits);
+    if (found < 0) found = this.#eachRow(0, fits);
+    if (found >= 0) this.moveTo(found);
+    return true;
+  }
+}

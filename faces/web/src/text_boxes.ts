@@ -1,0 +1,281 @@
+// Text boxes as people see them.
+//
+// A box shows the text of its control, with one character for each line end, and hands over what a
+// person makes of it. Line ends of any kind survive outside the place that is edited.
+import { make } from './dom';
+import { Address, Ask, AskText, Logic, Style, What } from './logic';
+
+/** How a box shows a line end: of several lines as one, of one line as a code that is no character of any text. */
+const kLineEnd = '\n';
+const kLineEndInALine = '\ufdd0';
+/** A line longer than this is coloured up to here only. */
+const kColouredLine = 20_000;
+
+/** What a box hands over. */
+export interface TypedInto {
+  typed(box: Address, shown: string, caret: number, lineEnd: string): void;
+  /** Gives the caret after the key, -1 when it was not taken. */
+  keyed(box: Address, position: number, count: number, code: number): number;
+  /** Whether what was done last was typed into this box. */
+  isTypingIn(box: Address): boolean;
+}
+
+type Input = HTMLTextAreaElement | HTMLInputElement;
+
+/** A box that a person types into. */
+export class TypedBox {
+  static readonly #boxes = new WeakMap<Element, TypedBox>();
+  /** The box that the node is, if any. */
+  static of(node: Element): TypedBox | undefined {
+    return TypedBox.#boxes.get(node);
+  }
+
+  readonly input: Input;
+  readonly #logic: Logic;
+  readonly #box: Address;
+  readonly #lineEnd: string;
+  readonly #into: TypedInto;
+  #before = '';    // what the person is about to change
+  #runStart = '';  // from where the run of typing began
+  #takenBack = 0;  // by the box's own undo, to be had again
+
+  constructor(logic: Logic, box: Address, input: Input, into: TypedInto) {
+    this.#logic = logic;
+    this.#box = box;
+    this.#into = into;
+    this.input = input;
+    TypedBox.#boxes.set(input, this);
+    this.#lineEnd = input instanceof HTMLTextAreaElement ? kLineEnd : kLineEndInALine;
+    input.spellcheck = false;
+    input.setAttribute('autocomplete', 'off');
+    input.setAttribute('autocapitalize', 'off');
+    // What is shown goes from left to right, as the language is read.
+    input.dir = 'ltr';
+
+    const hand = () => {
+      if (!into.isTypingIn(box)) this.#runStart = this.#before;
+      into.typed(box, input.value, input.selectionEnd ?? input.value.length, this.#lineEnd);
+    };
+    input.addEventListener('beforeinput', () => { this.#before = input.value; });
+    input.addEventListener('input', (event) => {
+      const { inputType, isComposing } = event as InputEvent;
+      if (inputType === 'historyUndo') ++this.#takenBack;
+      else if (inputType === 'historyRedo') --this.#takenBack;
+      else this.#takenBack = 0;
+      if (!isComposing) hand();
+    });
+    // It may come from within, when the form moves the focus away.
+    input.addEventListener('compositionend', () => queueMicrotask(hand));
+    // Texts leave the box as they are in the control.
+    for (const kind of ['copy', 'cut'] as const) {
+      input.addEventListener(kind, (event) => {
+        const [first, behind] = this.selection;
+        if (first === behind) return;
+        (event as ClipboardEvent).clipboardData?.setData('text/plain', logic.textBetween(box, first, behind));
+        event.preventDefault();
+        if (kind === 'cut') document.execCommand('delete');
+      });
+    }
+    input.addEventListener('dragstart', (event) => {
+      const [first, behind] = this.selection;
+      (event as DragEvent).dataTransfer?.setData('text/plain', logic.textBetween(box, first, behind));
+    });
+    if (input instanceof HTMLInputElement) {
+      input.addEventListener('paste', (event) => {
+        const text = (event as ClipboardEvent).clipboardData?.getData('text/plain') ?? '';
+        if (!/[\r\n]/.test(text)) return;
+        event.preventDefault();
+        document.execCommand('insertText', false, text.replace(/\r\n|\r|\n/g, kLineEndInALine));
+      });
+    }
+  }
+
+  get selection(): [number, number] {
+    return [this.input.selectionStart ?? 0, this.input.selectionEnd ?? 0];
+  }
+
+  /** Whether the box's own undo and redo concern the run of typing that goes on here. */
+  get hasOwnUndo(): boolean {
+    return this.#into.isTypingIn(this.#box) && this.input.value !== this.#runStart;
+  }
+  get hasOwnRedo(): boolean {
+    return this.#into.isTypingIn(this.#box) && this.#takenBack > 0;
+  }
+
+  /** Shows the control's text and, where it moved, its caret. Gives whether the text is another. */
+  show(what: number): boolean {
+    const text = (what & What.Text) !== 0 ? this.#logic.shownText(this.#box, this.#lineEnd) : this.input.value;
+    const before = this.input.value;
+    const isOther = text !== before;
+    if (isOther) {
+      const wasEmpty = before === '';
+      this.input.value = text;
+      this.#runStart = text;
+      this.#takenBack = 0;
+      // What is new is in sight.
+      const end = endOfChange(before, text);
+      this.input.setSelectionRange(end, end);
+      if (!wasEmpty) this.#bringIntoSight(end);
+    }
+    return isOther;
+  }
+  /** Puts the caret behind so many characters of the control's text. */
+  showCaret(caret: number): void {
+    const place = this.#logic.shownPlace(this.#box, caret);
+    this.input.setSelectionRange(place, place);
+    this.#bringIntoSight(place);
+  }
+  #bringIntoSight(place: number): void {
+    if (!(this.input instanceof HTMLTextAreaElement)) return;
+    const style = getComputedStyle(this.input);
+    const height = parseFloat(style.lineHeight) || 20;
+    const line = this.input.value.slice(0, place).split('\n').length - 1;
+    const top = parseFloat(style.paddingTop) + line * height;
+    if (top < this.input.scrollTop) this.input.scrollTop = top;
+    else if (top + height > this.input.scrollTop + this.input.clientHeight)
+      this.input.scrollTop = top + 2 * height - this.input.clientHeight;
+  }
+}
+
+// The place in `after` behind what differs from `before`.
+function endOfChange(before: string, after: string): number {
+  let start = 0;
+  const least = Math.min(before.length, after.length);
+  while (start < least && before[start] === after[start]) ++start;
+  let end = 0;
+  while (end < least - start && before[before.length - 1 - end] === after[after.length - 1 - end]) ++end;
+  return after.length - end;
+}
+
+/** A box of one line. */
+export function lineBox(logic: Logic, box: Address, into: TypedInto, byKeys: boolean): TypedBox {
+  const input = make('input', { type: 'text', part: 'input' });
+  const typed = new TypedBox(logic, box, input, into);
+  if (byKeys) {
+    // Each key is handed over by itself, so that the control can refuse it.
+    input.addEventListener('beforeinput', (event) => {
+      const { data, inputType, isComposing } = event as InputEvent;
+      if (isComposing) return;
+      const kBackspace = 8;
+      const kLastCharacter = 0x7fff;
+      let code = 0;
+      if (inputType === 'insertText' && data?.length === 1 && data.charCodeAt(0) <= kLastCharacter)
+        code = data.charCodeAt(0);
+      else if (inputType === 'deleteContentBackward') code = kBackspace;
+      if (code === 0) return;
+      event.preventDefault();
+      const [first, behind] = typed.selection;
+      const caret = into.keyed(box, first, behind - first, code);
+      if (caret >= 0) input.setSelectionRange(caret, caret);
+    });
+  }
+  return typed;
+}
+
+/** A box of several lines, coloured or not. */
+export class LinesBox {
+  readonly node: HTMLElement;
+  readonly typed: TypedBox;
+  readonly #logic: Logic;
+  readonly #area = make('textarea', { wrap: 'off', part: 'input', rows: 2 });
+  readonly #colours = make('div', { class: 'colours', 'aria-hidden': 'true' });
+  readonly #sheet = make('div', { class: 'sheet' });
+  #isColoured = false;
+  #lines: string[] | undefined;
+  // The scrolling and the measures, kept here: to ask the browser for them lays the page out with each key.
+  #place: [number, number] = [0, 0];
+  #view = { width: 0, height: 0, line: 0, padding: 0 };
+
+  constructor(logic: Logic, box: Address, into: TypedInto) {
+    this.#logic = logic;
+    this.typed = new TypedBox(logic, box, this.#area, {
+      typed: (...typed) => {
+        this.#lines = undefined;
+        into.typed(...typed);
+        this.#draw();
+      },
+      keyed: (...key) => into.keyed(...key),
+      isTypingIn: () => into.isTypingIn(box),
+    });
+    this.#colours.append(this.#sheet);
+    this.node = make('div', { class: 'lines', part: 'lines' }, this.#colours, this.#area);
+    this.#area.addEventListener('scroll', () => {
+      this.#place = [this.#area.scrollLeft, this.#area.scrollTop];
+      this.#draw();
+    }, { passive: true });
+    new ResizeObserver(() => {
+      const wasHidden = this.#view.height === 0;
+      this.#measure();
+      if (wasHidden) this.restorePlace();
+      else this.#place = [this.#area.scrollLeft, this.#area.scrollTop];
+      this.#draw();
+    }).observe(this.#area);
+    this.#area.addEventListener('keydown', (event) => {
+      // The Tab key goes to the next control.
+      const isTab = event.ctrlKey && !event.altKey && !event.metaKey && (event.key === 'i' || event.key === 'Tab');
+      if (!isTab) return;
+      event.preventDefault();
+      document.execCommand('insertText', false, '\t');
+    });
+  }
+
+  show(what: number, isColoured: boolean): void {
+    if (this.typed.show(what)) this.#lines = undefined;
+    this.#isColoured = isColoured;
+    this.node.classList.toggle('coloured', isColoured);
+    this.#draw();
+  }
+  restorePlace(): void {
+    if (this.#place[0] === 0 && this.#place[1] === 0) return;
+    [this.#area.scrollLeft, this.#area.scrollTop] = this.#place;
+    this.#draw();
+  }
+
+  #measure(): void {
+    const style = getComputedStyle(this.#area);
+    this.#view = {
+      width: this.#area.clientWidth,
+      height: this.#area.clientHeight,
+      line: parseFloat(style.lineHeight),
+      padding: parseFloat(style.paddingTop),
+    };
+  }
+  // Draws the coloured lines in sight under the box, whose own letters are not seen then.
+  #draw(): void {
+    if (!this.#isColoured) return;
+    const { width, height: view, line: height, padding } = this.#view;
+    if (view === 0) return;  // what is seen again later is drawn then
+    this.#lines ??= this.#area.value.split('\n');
+    const [scrollLeft, scrollTop] = this.#place;
+    const first = Math.max(0, Math.floor((scrollTop - padding) / height));
+    const behind = Math.min(this.#lines.length, first + Math.ceil(view / height) + 2);
+    this.#sheet.replaceChildren(...this.#lines.slice(first, behind).map((line) => this.#drawLine(line)));
+    this.#colours.style.width = `${width}px`;
+    this.#colours.style.height = `${view}px`;
+    this.#sheet.style.transform = `translate(${-scrollLeft}px, ${padding + first * height - scrollTop}px)`;
+  }
+  #drawLine(line: string): HTMLElement {
+    const node = make('div', { class: 'line' });
+    let at = 0;
+    for (const { first, count, kind } of this.#logic.colouredWords(line.slice(0, kColouredLine))) {
+      if (first > at) node.append(line.slice(at, first));
+      // A slanted word is a block of its own, and a tab has to stay in the line.
+      for (const piece of line.slice(first, first + count).split(/(\t)/)) {
+        if (piece === '\t') node.append(piece);
+        else if (piece !== '') node.append(make('span', { class: `word kind${kind}` }, piece));
+      }
+      at = first + count;
+    }
+    node.append(line.slice(at));
+    return node;
+  }
+}
+
+/** Whether a box of the form has several lines. */
+export function hasSeveralLines(logic: Logic, box: Address): boolean {
+  return (logic.number(box, Ask.Style) & Style.MultiLine) !== 0;
+}
+/** The name of a control for screen readers. */
+export function spokenName(logic: Logic, control: Address): string {
+  return logic.text(control, AskText.AccessibleName);
+}

@@ -1,0 +1,314 @@
+// What tests in the browser begin with: Chromium, a server of pages under the policy of serve.mjs, and a person at an
+// element, whose verbs are mouse and keys at real places. A verb fails where a person could not do it.
+import assert from 'node:assert/strict';
+import path from 'node:path';
+
+import {serve} from '../../scripts/serve.mjs';
+import {designOf, kForm} from './form.mjs';
+import {kChromium, kPackage, kTests, require} from './places.mjs';
+
+const {chromium} = require('playwright-core');
+
+const kArguments = [
+  '--headless',
+  '--no-sandbox',
+  '--disable-gpu',
+  '--disable-quic',
+  '--no-first-run',
+  '--disable-background-networking',
+  '--disable-component-update',
+  '--disable-smooth-scrolling',
+  '--disable-sync',
+  '--js-flags=--expose-gc',
+];
+
+const kViewport = {width: 1280, height: 1000};
+const kPatience = 15000;
+const kBackspace = 8;
+const selectAll = 'Control+A';
+
+/// Chromium and a server of the test pages, the package at /package/ and further folders.
+export class Stage {
+  static async open(mounts = {}) {
+    const server = await serve({root: {'/package/': kPackage, '/': path.join(kTests, 'pages'), ...mounts}});
+    try {
+      return new Stage(server, await chromium.launch({executablePath: kChromium, args: kArguments}));
+    } catch (error) {
+      await server.close();
+      throw error;
+    }
+  }
+  constructor(server, browser) {
+    this.server = server;
+    this.browser = browser;
+  }
+
+  get address() {
+    return this.server.address;
+  }
+
+  /// A page of the server, or of any address, in a browser context of its own. What it complains of is kept.
+  async openPage(address, settings = {}) {
+    const context = await this.browser.newContext({viewport: kViewport, ...settings});
+    context.setDefaultTimeout(kPatience);
+    const page = await context.newPage();
+    page.complaints = [];
+    page.on('console', (message) => {
+      if (['error', 'warning'].includes(message.type())) page.complaints.push(`console: ${message.text()}`);
+    });
+    page.on('pageerror', (error) => page.complaints.push(`error: ${error.message}`));
+    await page.addInitScript(() => {
+      globalThis.violations = [];
+      document.addEventListener('securitypolicyviolation', (event) =>
+        globalThis.violations.push(`${event.violatedDirective} ${event.blockedURI} ${event.sample}`),
+      );
+    });
+    await page.goto(address.includes(':') ? address : `${this.address}/${address}`);
+    return page;
+  }
+  /// A person at the element of a page, whose host has begun.
+  async openElement(settings = {}, address = 'element.html') {
+    const page = await this.openPage(address, settings);
+    const person = new Person(page);
+    try {
+      await page.waitForFunction(() => globalThis.host !== undefined);
+    } catch (error) {
+      throw new Error(`${address} has no host: ${page.complaints.join('; ') || error.message}`);
+    }
+    return person;
+  }
+
+  async close() {
+    await this.browser.close();
+    await this.server.close();
+  }
+}
+
+/// Fails if the page has complained of anything, and closes it.
+export async function closePage(page) {
+  const violations = await page.evaluate(() => globalThis.violations);
+  await page.context().close();
+  assert.deepEqual([...page.complaints, ...violations], []);
+}
+
+export class Person {
+  constructor(page) {
+    this.page = page;
+    this.mouse = page.mouse;
+    this.keyboard = page.keyboard;
+  }
+
+  // Reads.
+
+  /// What the element has told its host since the last call.
+  async takeLog() {
+    return JSON.parse(await this.page.evaluate(() => host.takeLog()));
+  }
+  async dump() {
+    return JSON.parse(await this.page.evaluate(() => host.dump()));
+  }
+  /// What a host does for a line of the automation host, and its reply without the log.
+  async carryOut(line) {
+    return JSON.parse(await this.page.evaluate((request) => host.carryOut(request), line));
+  }
+  async makeNew(line) {
+    await this.page.evaluate((request) => makeNew(request), line);
+  }
+  place(id, selector = '') {
+    return this.page.evaluate(([name, within]) => host.place(name, within), [id, selector]);
+  }
+  /// The name of the control that the keyboard is at, '#id' for something outside of the element.
+  at() {
+    return this.page.evaluate(() => host.keyboard());
+  }
+  nextFrame() {
+    return this.page.evaluate(() => new Promise((done) => requestAnimationFrame(() => done())));
+  }
+  /// What the element has told since the last call, its state, and where it is drawn otherwise, all at once.
+  async look() {
+    return JSON.parse(await this.withForm(() => (Host.form === undefined ? null : host.look())));
+  }
+  /// Where what is drawn is not what the form has; '' when it is. Drawing may take some frames.
+  async difference() {
+    const kFrames = 4;
+    let found = '';
+    for (let frame = 0; frame < kFrames; ++frame) {
+      found = await this.withForm(() => (Host.form === undefined ? null : host.difference()));
+      if (found === '') break;
+      await this.nextFrame();
+    }
+    return found;
+  }
+  // A page that has just been loaded does not know the form yet.
+  async withForm(ask) {
+    const answer = await this.page.evaluate(ask);
+    if (answer !== null) return answer;
+    await this.page.evaluate((form) => {
+      Host.form = form;
+    }, kForm);
+    return this.page.evaluate(ask);
+  }
+
+  // Verbs. Each presses where a person would: in the middle of what can be seen.
+
+  async press(id, selector = '', settings = {}) {
+    const place = await this.inSight(id, selector);
+    await this.mouse.click(place.x, place.y, settings);
+  }
+  /// The place of something that can be pressed.
+  async inSight(id, selector = '') {
+    let place = await this.place(id, selector);
+    // What lies outside of the window is scrolled to, as by the wheel.
+    if (place.isThere && !place.isOnTop) {
+      await this.bringIntoWindow(id, selector);
+      place = await this.place(id, selector);
+    }
+    assert.ok(place.isOnTop, `${id} ${selector} is not in sight`);
+    return place;
+  }
+  /// Turns the wheel until it is in the window, and in sight of what it is scrolled in.
+  async bringIntoWindow(id, selector = '') {
+    for (let turns = 0; turns < 6; ++turns) {
+      const next = await this.page.evaluate(([name, within]) => host.wayIntoSight(name, within), [id, selector]);
+      if (next === null) return;
+      await this.mouse.move(next.x, next.y);
+      await this.wheel(next.way);
+    }
+  }
+  async wheel(way) {
+    await this.mouse.wheel(0, way);
+    await this.nextFrame();
+    await this.nextFrame();
+  }
+
+  click(control) {
+    return this.press(control);
+  }
+  tab(page) {
+    return this.press('tabVrn', `[data-page="${page}"]`);
+  }
+  /// Turns the wheel over a list until a row is in sight. Where to press it.
+  async row(list, row) {
+    const selector = `[data-row="${row}"]`;
+    await this.bringIntoWindow(list);
+    for (let turns = 0; turns < 20; ++turns) {
+      const way = await this.page.evaluate(([name, number]) => host.wayToRow(name, number), [list, row]);
+      if (way === 0) break;
+      if (way === null) {
+        await this.nextFrame();
+        continue;
+      }
+      const box = await this.place(list);
+      await this.mouse.move(box.x, box.y);
+      await this.wheel(way);
+    }
+    const place = await this.place(list, selector);
+    assert.ok(place.isOnTop, `${list} does not show row ${row}`);
+    return place;
+  }
+  async clickRow(list, row) {
+    const {x, y} = await this.row(list, row);
+    await this.mouse.click(x, y);
+  }
+  /// Presses a row twice, soon after each other.
+  async doubleClickRow(list, row) {
+    const {x, y} = await this.row(list, row);
+    await this.mouse.dblclick(x, y);
+  }
+  /// Opens the list of a combo box and presses an entry.
+  async pick(combo, row) {
+    const isEditable = designOf(combo).styles.includes('kEditable');
+    await this.press(isEditable ? `${combo}.open` : combo);
+    await this.waitFor(`${combo} opens its list`, async () => (await this.place(`${combo}.list`)).isOnTop);
+    await this.clickRow(`${combo}.list`, row);
+    await this.waitFor(`${combo} closes its list`, async () => !(await this.place(`${combo}.list`)).isThere);
+  }
+  /// Goes to a control by the mouse; on a button, away from it before the release, so that it is not clicked.
+  async focus(control) {
+    const place = await this.inSight(control);
+    if (designOf(control).kind !== 'Button') return this.mouse.click(place.x, place.y);
+    await this.mouse.move(place.x, place.y);
+    await this.mouse.down();
+    await this.mouse.move(2, 2);
+    await this.mouse.up();
+  }
+  /// Replaces the whole text at once.
+  async type(box, text) {
+    await this.focus(box);
+    await this.keyboard.press(selectAll);
+    if (text === '') await this.keyboard.press('Delete');
+    else await this.keyboard.insertText(text);
+  }
+  /// Key by key, behind the text that is there.
+  async typeKeys(box, text) {
+    await this.goBehindTheText(box);
+    await this.keyboard.type(text);
+  }
+  /// A key in a text box, by its character code or 8 for backspace.
+  async key(box, code) {
+    await this.goBehindTheText(box);
+    await this.keyboard.press(code === kBackspace ? 'Backspace' : String.fromCharCode(code));
+  }
+  async goBehindTheText(box) {
+    if ((await this.at()) !== box) await this.focus(box);
+    await this.keyboard.press('Control+End');
+  }
+  /// Presses the arrows of a scroll bar until it is there.
+  async scroll(bar, value) {
+    const now = async () => (await this.dump()).controls[bar].Value;
+    for (let presses = 0; (await now()) !== value && presses < 20; ++presses) {
+      await this.press(bar, `[data-step="${(await now()) < value ? 1 : -1}"]`);
+    }
+    assert.equal(await now(), value, `${bar} does not come there`);
+  }
+
+  /// Presses OK of each message that waits, and checks that it shows what the host was told.
+  async answerMessages(messages) {
+    for (const {message, title} of messages) {
+      const kBox = 'dialog[open]';
+      await this.waitFor('a message shows', async () => (await this.place('', kBox)).isThere);
+      const text = await this.page.evaluate((box) => host.find('', box).textContent, kBox);
+      assert.ok(text.includes(message) && text.includes(title), `the message shows ${text}`);
+      await this.press('', `${kBox} button`);
+    }
+    await this.waitFor('no message shows', async () => !(await this.place('', 'dialog[open]')).isThere);
+  }
+  async waitFor(what, condition) {
+    const end = Date.now() + kPatience;
+    while (!(await condition())) {
+      assert.ok(Date.now() < end, `${what}: not within ${kPatience} ms`);
+      await this.nextFrame();
+    }
+  }
+
+  /// Carries out a gesture of the automation host, an object with "user".
+  make(gesture) {
+    const {user, control, row} = gesture;
+    switch (user) {
+      case 'tab':
+        return this.tab(gesture.page);
+      case 'click':
+        return row === undefined ? this.click(control) : this.clickRow(control, row);
+      case 'dblclick':
+        return this.doubleClickRow(control, row);
+      case 'pick':
+        return this.pick(control, row);
+      case 'type':
+        return this.type(control, gesture.text);
+      case 'key':
+        return this.key(control, gesture.code);
+      case 'focus':
+        return this.focus(control);
+      case 'scroll':
+        return this.scroll(control, gesture.value);
+      default:
+        throw new Error(`there is no gesture ${user}`);
+    }
+  }
+  /// Presses where a control is that takes no gesture at the moment, if it is anywhere to be seen.
+  async tryInVain(gesture) {
+    const place = await this.place(gesture.control ?? 'tabVrn');
+    assert.ok(!place.isOnTop || !place.isEnabled, `${gesture.control} could be used`);
+    if (place.isOnTop) await this.mouse.click(place.x, place.y);
+  }
+}

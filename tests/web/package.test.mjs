@@ -1,0 +1,185 @@
+// The package as others get it: its size, its files, and what its two descriptions say of the contract.
+import assert from 'node:assert/strict';
+import {spawnSync} from 'node:child_process';
+import {existsSync, mkdtempSync, readFileSync, rmSync, writeFileSync} from 'node:fs';
+import {tmpdir} from 'node:os';
+import path from 'node:path';
+import {describe, test} from 'node:test';
+import {gzipSync} from 'node:zlib';
+
+import {kEvents, kMembers} from './form.mjs';
+import {kPackage, kRoot, kTests, require} from './places.mjs';
+
+const kMostBytes = 250000;
+const kTypes = {String: 'string', Integer: 'number', Boolean: 'boolean'};
+// What the element has beside the contract.
+const kOwnMembers = [
+  'UserControl_InitProperties',
+  'UserControl_ReadProperties',
+  'UserControl_WriteProperties',
+  'undoEnabled',
+  'canUndo',
+  'canRedo',
+  'undo',
+  'redo',
+  'asStep',
+  'tableNames',
+  'dump',
+  'statistics',
+  'focus',
+];
+const kOwnEvents = ['propertychanged', 'failed', 'message', 'historychanged', 'undone', 'redone'];
+
+const inPackage = (file) => path.join(kPackage, file);
+const textOf = (file) => readFileSync(inPackage(file), 'utf8');
+const jsonOf = (file) => JSON.parse(textOf(file));
+
+describe('the package', () => {
+  test('is small', () => {
+    const bytes = ['zolt20-map-control.js', 'zolt20-map-control.wasm'].map(
+      (file) => gzipSync(readFileSync(inPackage(file)), {level: 9}).length,
+    );
+    assert.ok(bytes[0] + bytes[1] < kMostBytes, `${bytes.join(' + ')} bytes packed`);
+  });
+
+  test('has all that its list names, and loads nothing else', () => {
+    const list = jsonOf('package.json');
+    const exported = Object.values(list.exports).flatMap((entry) => (typeof entry === 'string' ? [entry] : Object.values(entry)));
+    const named = [...exported, list.main, list.module, list.types, list.customElements, ...list.files];
+    assert.ok(named.length > 10);
+    for (const file of named) assert.ok(existsSync(inPackage(file)), `${file} is not there`);
+    assert.equal(list.name, 'zolt20-map-control');
+    assert.equal(list.type, 'module');
+    assert.equal(list.dependencies, undefined);
+    for (const file of ['zolt20-map-control.js', 'zolt20-map-control.classic.js']) {
+      assert.doesNotMatch(textOf(file), /https?:\/\/(?!www\.w3\.org\/)/, `${file} names an address`);
+      assert.doesNotMatch(textOf(file), /\beval\(|new Function\(/, `${file} makes code of texts`);
+    }
+  });
+
+  test('can be imported where there is no page', () => {
+    const script = `import('${inPackage('zolt20-map-control.js')}').then((all) => console.log(Object.keys(all).sort().join()))`;
+    const {stdout, stderr, status} = spawnSync(process.execPath, ['--input-type=module', '-e', script], {encoding: 'utf8'});
+    assert.equal(status, 0, stderr);
+    assert.equal(stdout.trim(), 'ZOLT20Error,ZOLT20MapControlElement');
+  });
+});
+
+describe('custom-elements.json', () => {
+  const manifest = jsonOf('custom-elements.json');
+  const declaration = manifest.modules
+    .flatMap(({declarations}) => declarations)
+    .find(({tagName}) => tagName === 'zolt20-map-control');
+
+  test('keeps to its schema', () => {
+    const {default: Ajv} = require('ajv');
+    const schema = require('custom-elements-manifest/schema.json');
+    const validate = new Ajv({allErrors: true, strict: false}).compile(schema);
+    assert.ok(validate(manifest), JSON.stringify(validate.errors, null, 1));
+    assert.equal(manifest.schemaVersion, '2.1.0');
+    // And one that does not is told from it.
+    assert.equal(validate({...manifest, modules: [{kind: 'other'}]}), false);
+  });
+
+  test('names the members of the contract, and those of the element', () => {
+    const names = declaration.members.map(({name}) => name);
+    assert.deepEqual(
+      names.filter((name) => !kOwnMembers.includes(name)),
+      kMembers.map(({name}) => name),
+    );
+    assert.deepEqual(
+      kOwnMembers.filter((name) => !names.includes(name)),
+      [],
+    );
+  });
+
+  test('tells of each its type, and whether it can be written', () => {
+    const wrong = [];
+    for (const {name, type, canSet, isMethod, argument} of kMembers) {
+      const member = declaration.members.find((one) => one.name === name);
+      const expected = isMethod
+        ? {kind: 'method', parameters: argument === undefined ? [] : [`${argument}: ${kTypes[type]}`]}
+        : {kind: 'field', readonly: !canSet, type: kTypes[type]};
+      const said = isMethod
+        ? {kind: member.kind, parameters: (member.parameters ?? []).map((one) => `${one.name}: ${one.type?.text}`)}
+        : {kind: member.kind, readonly: member.readonly ?? false, type: member.type?.text};
+      if (JSON.stringify(said) !== JSON.stringify(expected)) wrong.push(`${name}: ${JSON.stringify(said)}`);
+    }
+    assert.deepEqual(wrong, []);
+  });
+
+  test('names the events of the contract, and those of the element', () => {
+    const names = declaration.events.map(({name}) => name);
+    assert.deepEqual(
+      names.filter((name) => !kOwnEvents.includes(name)),
+      kEvents,
+    );
+    assert.deepEqual(
+      kOwnEvents.filter((name) => !names.includes(name)),
+      [],
+    );
+    for (const {name, type} of declaration.events)
+      assert.match(type.text, kEvents.includes(name) ? /^Event$/ : /^(Custom)?Event/, name);
+  });
+
+  test('names the parts and custom properties that the element has', () => {
+    const script = textOf('zolt20-map-control.js');
+    assert.ok(declaration.cssProperties.length > 0 && declaration.cssParts.length > 0);
+    for (const {name} of declaration.cssProperties) assert.ok(script.includes(name), name);
+  });
+});
+
+describe('the scripts of the element', () => {
+  test('have no error of types', () => {
+    const project = path.join(kRoot, 'faces/web');
+    const {stdout, status} = spawnSync(process.execPath, [require.resolve('typescript/bin/tsc'), '-p', project], {
+      encoding: 'utf8',
+    });
+    assert.equal(stdout, '');
+    assert.equal(status, 0);
+  });
+});
+
+describe('the types', () => {
+  const compile = (source) => {
+    const folder = mkdtempSync(path.join(tmpdir(), 'zolt20-'));
+    try {
+      writeFileSync(path.join(folder, 'host.ts'), source);
+      const options = {
+        strict: true,
+        noEmit: true,
+        target: 'es2022',
+        module: 'esnext',
+        moduleResolution: 'bundler',
+        lib: ['es2022', 'dom', 'dom.iterable'],
+        types: [],
+        exactOptionalPropertyTypes: true,
+        skipLibCheck: false,
+        paths: {'zolt20-map-control': [inPackage('zolt20-map-control.d.ts')]},
+      };
+      writeFileSync(path.join(folder, 'tsconfig.json'), JSON.stringify({compilerOptions: options, files: ['host.ts']}));
+      const {stdout, status} = spawnSync(process.execPath, [require.resolve('typescript/bin/tsc'), '-p', folder], {
+        encoding: 'utf8',
+      });
+      return {stdout, status};
+    } finally {
+      rmSync(folder, {recursive: true});
+    }
+  };
+  const host = readFileSync(path.join(kTests, 'typed_host.ts'), 'utf8');
+
+  test('let a host compile, and refuse what is wrong', () => {
+    const {stdout, status} = compile(host);
+    assert.equal(stdout, '');
+    assert.equal(status, 0);
+  });
+
+  test('refuse each of the wrong uses by itself', () => {
+    const count = host.split('@ts-expect-error').length - 1;
+    assert.ok(count > 15);
+    const {stdout, status} = compile(host.replaceAll('@ts-expect-error', ''));
+    assert.notEqual(status, 0);
+    const refused = stdout.split('\n').filter((line) => / error TS\d+:/.test(line) && !line.startsWith(' '));
+    assert.equal(refused.length, count, stdout);
+  });
+});

@@ -1,0 +1,259 @@
+// The host of an element in a page of the tests. It keeps what the element tells, in the words of the automation host's
+// log, carries requests of the automation host out by the element's members, and finds out where things are drawn.
+//
+// What goes to the test and back is text of JSON, which holds any 16-bit characters. It is no module, so that a page from a
+// file can have it too.
+const kEvents = ['eventCancel', 'eventDone', 'eventSubQuery', 'eventCondition', 'eventFunction'];
+
+const told = (error) => ({kind: error.kind, number: error.number, description: error.message});
+
+class Host {
+  constructor(element) {
+    this.element = element;
+    this.log = [];
+    this.answers = {};
+    for (const name of kEvents) element.addEventListener(name, () => this.#answer(name));
+    element.addEventListener('propertychanged', (event) => this.log.push({changed: event.detail.name}));
+    element.addEventListener('message', ({detail: {text, title, icon, buttons}}) =>
+      this.log.push({message: text, title, icon, buttons}),
+    );
+    element.addEventListener('failed', (event) => this.log.push({failed: told(event.detail)}));
+    for (const name of ['undone', 'redone']) element.addEventListener(name, () => this.log.push({[name]: true}));
+  }
+
+  takeLog() {
+    return JSON.stringify(this.log.splice(0));
+  }
+
+  #answer(event) {
+    this.log.push({event});
+    for (const request of this.answers[event] ?? []) {
+      const {value, error} = this.#run(request);
+      const entry = {answered: request.set ?? request.get ?? request.call};
+      if (error !== undefined) entry.error = error;
+      else if (request.set === undefined) entry.value = value;
+      this.log.push(entry);
+      if (error !== undefined) break;
+    }
+  }
+
+  // A set, get or call.
+  #run(request) {
+    try {
+      if (request.set !== undefined) {
+        if (!(request.set in this.element)) throw new Error(`there is no property ${request.set}`);
+        this.element[request.set] = request.value;
+        return {ok: true};
+      }
+      if (request.get !== undefined) return {ok: true, value: this.element[request.get]};
+      return {ok: true, value: this.element[request.call](...(request.args ?? [])) ?? null};
+    } catch (error) {
+      if (error.name !== 'ZOLT20Error') throw error;
+      return {ok: false, error: told(error)};
+    }
+  }
+
+  /// What a host does for a line that no person does. The reply without its log.
+  carryOut(line) {
+    const request = JSON.parse(line);
+    if (request.answer !== undefined) {
+      this.answers[request.answer] = request.with;
+      return JSON.stringify({ok: true});
+    }
+    if (request.save !== undefined) {
+      return JSON.stringify({ok: true, value: this.element.UserControl_WriteProperties()});
+    }
+    return JSON.stringify(this.#run(request));
+  }
+
+  dump() {
+    return JSON.stringify(this.element.dump());
+  }
+
+  // Where a person finds things.
+
+  on(id) {
+    return this.element.shadowRoot.getElementById(id);
+  }
+  /// A node of the control with this name by a selector within it, or of the whole element for no name.
+  find(id, selector) {
+    const within = id === '' ? this.element.shadowRoot : this.on(id);
+    return selector === '' || within === null ? within : within.querySelector(selector);
+  }
+  /// The middle of a node in the window, cut to what its scrolling ancestors show; and whether nothing lies on it.
+  place(id, selector = '') {
+    const node = this.find(id, selector);
+    if (node === null || !node.checkVisibility()) return {isThere: false, isOnTop: false};
+    let {left, top, right, bottom} = node.getBoundingClientRect();
+    // What stands in the top layer is cut by nothing around it.
+    const isOnItsOwn = (at) => at.matches(':popover-open, dialog[open]');
+    for (let at = node; !isOnItsOwn(at) && at.parentElement !== null; at = at.parentElement) {
+      const {parentElement} = at;
+      if (getComputedStyle(parentElement).overflow === 'visible') continue;
+      const box = parentElement.getBoundingClientRect();
+      [left, top] = [Math.max(left, box.left), Math.max(top, box.top)];
+      [right, bottom] = [Math.min(right, box.right), Math.min(bottom, box.bottom)];
+    }
+    const [x, y] = [(left + right) / 2, (top + bottom) / 2];
+    const hit = right > left && bottom > top ? this.element.shadowRoot.elementFromPoint(x, y) : null;
+    return {
+      isThere: true,
+      isOnTop: hit !== null && (hit === node || node.contains(hit)),
+      isEnabled: !node.disabled && node.getAttribute('aria-disabled') !== 'true',
+      left,
+      top,
+      right,
+      bottom,
+      x,
+      y,
+    };
+  }
+  /// Where the wheel has to be turned next, and how far, for a node to come into sight; null when it is there.
+  wayIntoSight(id, selector) {
+    const node = this.find(id, selector);
+    const scrolled = [];
+    for (let at = node.parentElement; at !== null; at = at.parentElement) {
+      if (/auto|scroll/.test(getComputedStyle(at).overflowY) && at.scrollHeight > at.clientHeight) scrolled.unshift(at);
+    }
+    let box = {left: 0, top: 0, bottom: innerHeight};
+    for (const target of [...scrolled, node]) {
+      const {left, top, bottom} = target.getBoundingClientRect();
+      const kEnough = target === node ? bottom - top : 60;
+      const seen = Math.min(bottom, box.bottom) - Math.max(top, box.top);
+      if (seen < Math.min(kEnough, bottom - top, box.bottom - box.top) - 1) {
+        // At the edge lies nothing that is scrolled by itself.
+        return {x: box.left + 2, y: (box.top + box.bottom) / 2, way: (top + bottom - box.top - box.bottom) / 2};
+      }
+      box = {left, top: Math.max(top, box.top), bottom: Math.min(bottom, box.bottom)};
+    }
+    return null;
+  }
+  /// How far a list has to be scrolled for a row to be in its sight; 0 when it is, null
+  /// when no rows are drawn yet.
+  wayToRow(list, row) {
+    const box = this.on(list);
+    const first = box.querySelector('[data-row]');
+    if (first === null) return null;
+    const height = first.getBoundingClientRect().height;
+    const place = box.getBoundingClientRect();
+    const top = first.getBoundingClientRect().top + (row - Number(first.dataset.row)) * height;
+    const upper = place.top + box.clientTop;
+    const lower = upper + box.clientHeight;
+    if (top >= upper && top + height <= lower) return 0;
+    const middle = (upper + lower - height) / 2;
+    return Math.abs(top - middle) < 1 ? 0 : top - middle;
+  }
+
+  /// The name of the control that the keyboard is at, or whatever else it is at.
+  keyboard() {
+    const active = document.activeElement;
+    if (active !== this.element) return active === document.body ? 'body' : `#${active.id}`;
+    for (let at = this.element.shadowRoot.activeElement; at !== null; at = at.parentElement) {
+      if (at.id !== '' && at.role !== 'tab') return at.id;
+    }
+    return '';
+  }
+
+  /// The log since the last call, the state, and what is drawn otherwise.
+  look() {
+    const dump = this.element.dump();
+    return JSON.stringify({log: this.log.splice(0), dump, difference: this.difference(dump)});
+  }
+  /// The first way in which what is drawn is not what the form has; '' when there is none.
+  difference({controls, focus} = this.element.dump()) {
+    for (const [name, control] of Object.entries(controls)) {
+      const node = this.on(name);
+      const {kind, styles} = designOf(name);
+      if (node === null) return `${name} is not there`;
+      const shown = isShown(controls, name);
+      if (node.checkVisibility() !== shown) return `${name} is ${shown ? 'hidden' : 'shown'}`;
+      const what = shown ? kindDifference(kind, styles, node, control) : '';
+      if (what !== '') return `${name} ${what}`;
+    }
+    const keyboard = this.keyboard();
+    const isModal = this.find('', 'dialog[open]') !== null;
+    if (document.activeElement === this.element && focus !== null && keyboard !== focus && !isModal) {
+      return `the keyboard is at ${keyboard === '' ? 'no control' : keyboard} and the focus at ${focus}`;
+    }
+    return '';
+  }
+}
+
+// The form at design, which the test hands over: see form.mjs.
+const designOf = (name) => Host.form[name] ?? Host.form[name.replace(/\(\d+\)$/, '(0)')];
+
+function isShown(controls, name) {
+  const {page} = designOf(name);
+  if (page !== null && page !== controls.tabVrn.Tab) return false;
+  for (let at = name; at !== null; at = designOf(at).frame) {
+    if (!controls[at].Visible) return false;
+  }
+  return true;
+}
+
+const lines = (text) => text.replace(/\r\n/g, '\n');
+const quoted = (text) => `shows ${JSON.stringify(text)}`;
+
+function kindDifference(kind, styles, node, control) {
+  const has = (shown, text) => (shown === lines(text) ? '' : quoted(shown));
+  const isDisabled = node.disabled === true || node.getAttribute('aria-disabled') === 'true';
+  switch (kind) {
+    case 'TabStrip':
+      return node.querySelector('[role=tab][aria-selected=true]').dataset.page === String(control.Tab)
+        ? ''
+        : 'shows another page';
+    case 'TextBox':
+    case 'SyntaxTextBox':
+      return isDisabled !== !control.Enabled ? 'Enabled' : has(node.value, control.Text);
+    case 'Button':
+      return isDisabled !== !control.Enabled ? 'Enabled' : has(node.textContent, control.Caption);
+    case 'Label':
+      return has(node.textContent, control.Caption);
+    case 'OptionButton':
+      if (isDisabled !== !control.Enabled) return 'Enabled';
+      return node.checked === control.Value ? '' : 'shows another Value';
+    case 'ScrollBar':
+      return Number(node.getAttribute('aria-valuenow')) === control.Value &&
+        Number(node.getAttribute('aria-valuemax')) === control.Max
+        ? ''
+        : 'is at another place';
+    case 'ComboBox':
+      if (isDisabled !== !control.Enabled) return 'Enabled';
+      return has(styles.includes('kEditable') ? node.value : node.textContent, control.Text);
+    case 'ListBox':
+      return isDisabled !== !control.Enabled ? 'Enabled' : rowsDifference(styles, node, control);
+    default:
+      return '';
+  }
+}
+
+function rowsDifference(styles, node, control) {
+  const rows = [...node.querySelectorAll('[role=option]')];
+  if ((rows.length === 0) !== (control.List.length === 0)) return `draws ${rows.length} rows`;
+  const mark = styles.includes('kCheckBoxes') ? 'aria-checked' : 'aria-selected';
+  for (const row of rows) {
+    const number = Number(row.dataset.row);
+    const text = row.querySelector('.text').textContent;
+    if (text !== control.List[number]) return `row ${number} ${quoted(text)}`;
+    if (row.getAttribute('aria-setsize') !== String(control.List.length)) return `row ${number} has another size of set`;
+    if (row.getAttribute('aria-posinset') !== String(number + 1)) return `row ${number} has another position`;
+    if ((row.getAttribute(mark) === 'true') !== control.Selected[number]) return `row ${number} is marked otherwise`;
+  }
+  return '';
+}
+
+/// What a page offers to the test: the host of its first element, and a new element instead of that.
+function beginHost() {
+  globalThis.host = new Host(document.querySelector('zolt20-map-control'));
+}
+function makeNew(line) {
+  const {new: settings} = JSON.parse(line);
+  const before = globalThis.host;
+  const element = document.createElement('zolt20-map-control');
+  before.element.remove();
+  document.querySelector('main').insertBefore(element, document.querySelector('#behind'));
+  globalThis.host = new Host(element);
+  globalThis.host.answers = before.answers;
+  if (settings.bag !== undefined) element.UserControl_ReadProperties(settings.bag);
+}
+Object.assign(globalThis, {Host, beginHost, makeNew});

@@ -1,0 +1,15 @@
+// Where things stand. CTest says it by the environment; otherwise everything is where the presets leave it.
+import {createRequire} from 'node:module';
+import path from 'node:path';
+import {fileURLToPath} from 'node:url';
+
+export const kTests = path.dirname(fileURLToPath(import.meta.url));
+export const kRoot = process.env.ZOLT20_ROOT ?? path.resolve(kTests, '../..');
+export const kPackage = process.env.ZOLT20_PACKAGE ?? path.join(kRoot, 'build/web/package');
+export const kHost = process.env.ZOLT20_HOST ?? path.join(kRoot, 'build/release/hosts/zolt20-host');
+export const kChromium = process.env.CHROMIUM ?? '/usr/bin/chromium';
+
+const modules = process.env.ZOLT20_MODULES ?? path.join(kRoot, 'build/web/tests/web');
+
+/// The packages of the registry are installed in the build tree, beside a copy of their list.
+export const require = createRequire(path.join(modules, 'package.json'));
