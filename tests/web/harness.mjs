@@ -191,19 +191,18 @@ export class Person {
   async row(list, row) {
     const selector = `[data-row="${row}"]`;
     await this.bringIntoWindow(list);
-    for (let turns = 0; turns < 20; ++turns) {
+    let place;
+    await this.waitFor(`${list} shows row ${row}`, async () => {
       const way = await this.page.evaluate(([name, number]) => host.wayToRow(name, number), [list, row]);
-      if (way === 0) break;
-      if (way === null) {
-        await this.nextFrame();
-        continue;
+      if (way !== null && way !== 0) {
+        const box = await this.place(list);
+        await this.mouse.move(box.x, box.y);
+        await this.wheel(way);
       }
-      const box = await this.place(list);
-      await this.mouse.move(box.x, box.y);
-      await this.wheel(way);
-    }
-    const place = await this.place(list, selector);
-    assert.ok(place.isOnTop, `${list} does not show row ${row}`);
+      // The wheel may still turn.
+      place = await this.place(list, selector);
+      return way === 0 && place.isOnTop;
+    });
     return place;
   }
   async clickRow(list, row) {
