@@ -166,6 +166,28 @@ describe('rows', () => {
     assert.ok(rows.length > 0 && rows.every(([row, letters]) => row >= letters), JSON.stringify(rows));
   });
 
+  withPerson('read from left to right in a page from right to left', async (person, page) => {
+    await page.evaluate(() => {
+      document.documentElement.dir = 'rtl';
+      host.element.PrpStrTables = 'TABLE__10';
+      host.element.PrpStrFields = 'char*Q*V*R*N*NTABLE__1.A*Q*V*R*N*x';
+      host.element.prpSelectFromPart = 'TABLE__1';
+    });
+    await frames(person);
+    const [text, first, last] = await page.evaluate(() => {
+      const node = host.on('lstFields').querySelector('[data-row="0"] .text').firstChild;
+      const leftOf = (at) => {
+        const range = document.createRange();
+        range.setStart(node, at);
+        range.setEnd(node, at + 1);
+        return range.getBoundingClientRect().left;
+      };
+      return [node.data, leftOf(0), leftOf(node.data.length - 1)];
+    });
+    assert.equal(text, 'TABLE__1.*');
+    assert.ok(first < last, `${first} and ${last}`);
+  });
+
   withPerson('of an on-case stand in their order, undone and done again', async (person, page) => {
     await person.tab(6);
     await person.click('optCase');
