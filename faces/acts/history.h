@@ -74,20 +74,8 @@ class History {
   }
 
   /// The state to put back, in exchange for the state as it is now. There is one.
-  Step Undo(Step now) {
-    redo_.push_back(std::move(now));
-    Step before = std::move(undo_.back());
-    undo_.pop_back();
-    typing_ = nullptr;
-    return before;
-  }
-  Step Redo(Step now) {
-    undo_.push_back(std::move(now));
-    Step after = std::move(redo_.back());
-    redo_.pop_back();
-    typing_ = nullptr;
-    return after;
-  }
+  Step Undo(Step now) { return Exchange(std::move(now), undo_, redo_); }
+  Step Redo(Step now) { return Exchange(std::move(now), redo_, undo_); }
 
  private:
   void Add(Step before) {
@@ -96,6 +84,15 @@ class History {
     if (undo_.size() > kSteps) undo_.pop_front();
     redo_.clear();
     typing_ = run_ == Run::kTyping ? source_ : nullptr;
+  }
+
+  template <typename From, typename To>
+  Step Exchange(Step now, From& from, To& to) {
+    to.push_back(std::move(now));
+    Step taken = std::move(from.back());
+    from.pop_back();
+    typing_ = nullptr;
+    return taken;
   }
 
   bool isOn_ = true;

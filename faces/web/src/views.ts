@@ -180,7 +180,6 @@ class ListView implements View {
       role: 'listbox', part: 'list', tabindex: 0, class: (style & Style.CheckBoxes) !== 0 ? 'rows checks' : 'rows',
       'aria-multiselectable': isSingle ? false : 'true',
     });
-    // The row names have their own direction.
     this.rows = new Rows({ logic, list: control, box: this.node, holder: this.node });
     this.node.addEventListener('click', (event) => {
       const row = this.rows.rowUnder(event);
