@@ -99,9 +99,9 @@ for (const each of declarationsIn(types, 'export declare class ZOLT20MapControlE
   members.set(each.name, field);
 }
 const style = read('faces/web/src/style.css');
-const cssProperties = [...style.matchAll(/^ {2}(--zolt20-[\w-]+): (.*?);(?: {2}\/\* (.*) \*\/)?$/gm)]
+const cssProperties = [...style.matchAll(/^(?: {2}\/\* (.*) \*\/\n)? {2}(--zolt20-[\w-]+):\s+([^;]*);$/gm)]
   .filter((match) => match.index < style.indexOf('\n}\n'))
-  .map(([, name, value, comment]) => ({ name, default: value, ...(comment ? { description: comment } : {}) }));
+  .map(([, comment, name, value]) => ({ name, default: value.replace(/\s+/g, ' '), ...(comment ? { description: comment } : {}) }));
 const sources = readdirSync(join(source, 'faces/web/src')).filter((name) => name.endsWith('.ts'))
   .map((name) => read('faces/web/src', name)).join('\n');
 const parts = [...new Set([...sources.matchAll(/part: '([\w ]+)'/g)].flatMap(([, names]) => names.split(' ')))].sort();
