@@ -3,20 +3,28 @@
 //   node benchmarks/web.mjs        with the environment of the tests of tests/web
 import fs from 'node:fs';
 import path from 'node:path';
-import { gzipSync } from 'node:zlib';
+import {gzipSync} from 'node:zlib';
 
-import { Stage, closePage } from '../tests/web/harness.mjs';
-import { kPackage } from '../tests/web/places.mjs';
+import {Stage, closePage} from '../tests/web/harness.mjs';
+import {kPackage} from '../tests/web/places.mjs';
 
 const kRuns = 15;
-const kPages = path.join(import.meta.dirname ?? path.dirname(new URL(import.meta.url).pathname), 'web');
+const kPages = path.join(
+  import.meta.dirname ?? path.dirname(new URL(import.meta.url).pathname),
+  'web',
+);
 
 const median = (values) => values.slice().sort((a, b) => a - b)[values.length >> 1];
-const shown = (milliseconds) => milliseconds < 1 ? `${(1000 * milliseconds).toPrecision(3)} µs` : `${milliseconds.toPrecision(3)} ms`;
+const shown = (milliseconds) =>
+  milliseconds < 1
+    ? `${(1000 * milliseconds).toPrecision(3)} µs`
+    : `${milliseconds.toPrecision(3)} ms`;
 const row = (work, figure, yardstick, bar = '') =>
-  console.log(`| ${work} | ${shown(figure)} | ${shown(yardstick)} | ${(figure / yardstick).toPrecision(3)} | ${bar} |`);
+  console.log(
+    `| ${work} | ${shown(figure)} | ${shown(yardstick)} | ${(figure / yardstick).toPrecision(3)} | ${bar} |`,
+  );
 
-const stage = await Stage.open({ '/bench/': kPages });
+const stage = await Stage.open({'/bench/': kPages});
 
 // From the start of the script to an element that is drawn, each time in a page that is loaded anew. The first few make it warm.
 async function readyTimes(script) {
@@ -25,7 +33,12 @@ async function readyTimes(script) {
   const times = [];
   for (let run = 0; run < kWarm + kRuns; ++run) {
     await page.reload();
-    times.push(await page.evaluate(async (source) => (await import('/bench/measure.js')).ready(source), script));
+    times.push(
+      await page.evaluate(
+        async (source) => (await import('/bench/measure.js')).ready(source),
+        script,
+      ),
+    );
   }
   await closePage(page);
   return median(times.slice(kWarm));
@@ -33,27 +46,63 @@ async function readyTimes(script) {
 
 async function measured(what, ...given) {
   const page = await stage.openPage('bench/page.html');
-  const value = await page.evaluate(async ([name, values]) => (await import('/bench/measure.js'))[name](...values), [what, given]);
+  const value = await page.evaluate(
+    async ([name, values]) => (await import('/bench/measure.js'))[name](...values),
+    [what, given],
+  );
   await closePage(page);
   return median(value);
 }
 
-console.log('| work / yardstick | figure | yardstick | ratio | bar |\n| --- | --- | --- | --- | --- |');
-row('the script to an element that is drawn / to an empty element', await readyTimes('/package/zolt20-map-control.js'),
-    await readyTimes('/bench/empty.js'), '100 ms');
-row('a further element, drawn / an empty one', await measured('further', 'zolt20-map-control'), await measured('further', 'zolt20-empty'));
+console.log(
+  '| work / yardstick | figure | yardstick | ratio | bar |\n| --- | --- | --- | --- | --- |',
+);
+row(
+  'the script to an element that is drawn / to an empty element',
+  await readyTimes('/package/zolt20-map-control.js'),
+  await readyTimes('/bench/empty.js'),
+  '100 ms',
+);
+row(
+  'a further element, drawn / an empty one',
+  await measured('further', 'zolt20-map-control'),
+  await measured('further', 'zolt20-empty'),
+);
 const few = 1000;
 const many = 100_000;
-row('the first screen of a list: 100,000 rows / 1,000', await measured('firstScreen', many), await measured('firstScreen', few),
-    '16 ms more');
-row('PrpStrTables and the first screen: 100,000 rows / 1,000', await measured('tables', many), await measured('tables', few));
-row('a letter in the filter of a list: 100,000 rows / 1,000', await measured('filter', many), await measured('filter', few));
-row('a click on a row: 100,000 rows / 1,000', await measured('click', many), await measured('click', few));
+row(
+  'the first screen of a list: 100,000 rows / 1,000',
+  await measured('firstScreen', many),
+  await measured('firstScreen', few),
+  '16 ms more',
+);
+row(
+  'PrpStrTables and the first screen: 100,000 rows / 1,000',
+  await measured('tables', many),
+  await measured('tables', few),
+);
+row(
+  'a letter in the filter of a list: 100,000 rows / 1,000',
+  await measured('filter', many),
+  await measured('filter', few),
+);
+row(
+  'a click on a row: 100,000 rows / 1,000',
+  await measured('click', many),
+  await measured('click', few),
+);
 for (const letters of [few, 20_000, 600_000]) {
-  row(`a key in a coloured text of ${letters.toLocaleString('en')} letters / in a box of the browser`, await measured('key', letters),
-      await measured('plainKey', letters));
+  row(
+    `a key in a coloured text of ${letters.toLocaleString('en')} letters / in a box of the browser`,
+    await measured('key', letters),
+    await measured('plainKey', letters),
+  );
 }
 await stage.close();
 
-const packed = ['zolt20-map-control.js', 'zolt20-map-control.wasm'].map((name) => gzipSync(fs.readFileSync(path.join(kPackage, name)), { level: 9 }).length);
-console.log(`\nModule and .wasm, compressed with gzip: ${packed.join(' + ')} = ${packed[0] + packed[1]} bytes (250,000)`);
+const packed = ['zolt20-map-control.js', 'zolt20-map-control.wasm'].map(
+  (name) => gzipSync(fs.readFileSync(path.join(kPackage, name)), {level: 9}).length,
+);
+console.log(
+  `\nModule and .wasm, compressed with gzip: ${packed.join(' + ')} = ${packed[0] + packed[1]} bytes (250,000)`,
+);

@@ -8,7 +8,8 @@ import {createServer} from 'node:http';
 import path from 'node:path';
 import {pathToFileURL} from 'node:url';
 
-export const kPolicy = "default-src 'none'; script-src 'self' 'wasm-unsafe-eval'; style-src 'self'; connect-src 'self'";
+export const kPolicy =
+  "default-src 'none'; script-src 'self' 'wasm-unsafe-eval'; style-src 'self'; connect-src 'self'";
 
 const kTypes = {
   '.css': 'text/css; charset=utf-8',
@@ -42,7 +43,9 @@ async function fileOf(address, mounts) {
   try {
     // A link may lead elsewhere, so the real place counts.
     file = await realpath(file);
-    return isWithin(file, await realpath(mount.folder)) && (await stat(file)).isFile() ? file : undefined;
+    return isWithin(file, await realpath(mount.folder)) && (await stat(file)).isFile()
+      ? file
+      : undefined;
   } catch {
     return undefined;
   }
@@ -52,7 +55,10 @@ async function fileOf(address, mounts) {
 /// mount that fits counts. Gives the address, and what ends it.
 export async function serve({root, port = 0}) {
   const mounts = Object.entries(root)
-    .map(([prefix, folder]) => ({prefix: prefix.endsWith('/') ? prefix : prefix + '/', folder: path.resolve(folder)}))
+    .map(([prefix, folder]) => ({
+      prefix: prefix.endsWith('/') ? prefix : prefix + '/',
+      folder: path.resolve(folder),
+    }))
     .sort((one, other) => other.prefix.length - one.prefix.length);
   for (const {prefix, folder} of mounts) {
     const isFolder = await stat(folder).then(
@@ -71,11 +77,16 @@ export async function serve({root, port = 0}) {
       response.writeHead(status, {...headers, 'Content-Type': 'text/plain; charset=utf-8'});
       response.end(why + '\n');
     };
-    if (request.method !== 'GET' && request.method !== 'HEAD') return refuse(405, 'Files can only be read');
+    if (request.method !== 'GET' && request.method !== 'HEAD')
+      return refuse(405, 'Files can only be read');
     const file = await fileOf(request.url, mounts);
     if (file === undefined) return refuse(404, 'There is no such file');
     const type = kTypes[path.extname(file)] ?? 'application/octet-stream';
-    response.writeHead(200, {...headers, 'Content-Type': type, 'Content-Length': (await stat(file)).size});
+    response.writeHead(200, {
+      ...headers,
+      'Content-Type': type,
+      'Content-Length': (await stat(file)).size,
+    });
     if (request.method === 'HEAD') return response.end();
     createReadStream(file)
       .on('error', () => response.destroy())

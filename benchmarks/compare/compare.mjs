@@ -62,19 +62,27 @@ class QueryBuilder {
       }),
       autoSelectOption: true,
     });
-    const {optionList: combinators} = prepareOptionList({optionList: defaultCombinators, autoSelectOption: true});
-    const {optionList: operators} = prepareOptionList({optionList: defaultOperators, autoSelectOption: true});
+    const {optionList: combinators} = prepareOptionList({
+      optionList: defaultCombinators,
+      autoSelectOption: true,
+    });
+    const {optionList: operators} = prepareOptionList({
+      optionList: defaultOperators,
+      autoSelectOption: true,
+    });
     const getOperators = (field, {fieldData}) =>
       resolveOperatorList({field, fieldData, operators, autoSelectOption: true});
     const rules = {
-      getRuleDefaultOperator: (field) => resolveDefaultOperator({field, fieldData: fieldMap[field], getOperators}),
+      getRuleDefaultOperator: (field) =>
+        resolveDefaultOperator({field, fieldData: fieldMap[field], getOperators}),
       getValueSources: (field, operator) => getValueSourcesUtil(fieldMap[field], operator),
       getMatchModes: (field) => getMatchModesUtil(fieldMap[field]),
       getRuleDefaultValue: (rule) =>
         getRuleDefaultValue(rule, {
           fieldData: fieldMap[rule.field] ?? {},
           fields,
-          getValueEditorType: (field, operator, {fieldData}) => resolveValueEditorType({field, operator, fieldData}),
+          getValueEditorType: (field, operator, {fieldData}) =>
+            resolveValueEditorType({field, operator, fieldData}),
           getValues: (field, operator, {fieldData}) =>
             resolveValueList({field, operator, fieldData, autoSelectOption: true}),
         }),
@@ -99,7 +107,14 @@ class QueryBuilder {
     const path = [this.query.rules.length];
     change(this.actions.addRule(this.query, this.createRule(), []));
     change(this.actions.propChange(this.query, 'field', field, path));
-    change(this.actions.propChange(this.query, 'operator', QueryBuilder.operatorNames[operator] ?? operator, path));
+    change(
+      this.actions.propChange(
+        this.query,
+        'operator',
+        QueryBuilder.operatorNames[operator] ?? operator,
+        path,
+      ),
+    );
     // An input gives its text, of a number too.
     change(this.actions.propChange(this.query, 'value', String(value), path));
   }
@@ -123,10 +138,16 @@ class AwesomeQueryBuilder {
 
   constructor() {
     const subfields = {};
-    for (let i = 0; i < kFields; ++i) subfields[fieldName(i)] = {label: fieldName(i), type: 'number'};
+    for (let i = 0; i < kFields; ++i)
+      subfields[fieldName(i)] = {label: fieldName(i), type: 'number'};
     const fields = {[kTable]: {label: kTable, type: '!struct', subfields}};
     this.config = Utils.ConfigUtils.extendConfig({...CoreConfig, fields}, 1);
-    const root = Utils.loadTree({id: Utils.uuid(), type: 'group', children1: [], properties: {conjunction: 'AND'}});
+    const root = Utils.loadTree({
+      id: Utils.uuid(),
+      type: 'group',
+      children1: [],
+      properties: {conjunction: 'AND'},
+    });
     this.path = [root.get('id')];
     this.reduce = TreeStore(this.config, root);
     this.state = this.reduce(undefined, {type: 'start'});
@@ -157,10 +178,15 @@ function checkText(name, text, conditions) {
     .map((condition) => condition.replace(' != ', ' <> '));
   const expected = conditions.map(({field, operator, value}) => `${field} ${operator} ${value}`);
   if (found.length !== expected.length) {
-    throw new Error(`${name}: the text has ${found.length} conditions instead of ${expected.length}`);
+    throw new Error(
+      `${name}: the text has ${found.length} conditions instead of ${expected.length}`,
+    );
   }
   const wrong = found.findIndex((condition, i) => condition !== expected[i]);
-  if (wrong >= 0) throw new Error(`${name}: condition ${wrong} is "${found[wrong]}" instead of "${expected[wrong]}"`);
+  if (wrong >= 0)
+    throw new Error(
+      `${name}: condition ${wrong} is "${found[wrong]}" instead of "${expected[wrong]}"`,
+    );
 }
 
 function microseconds(work) {
@@ -194,7 +220,8 @@ function measure(Builder) {
   for (const condition of conditions) {
     const addition = microseconds(() => builder.add(condition));
     additions.push(addition);
-    if (additions.length % kPreviewEvery === 0) previews.push(addition + microseconds(() => builder.text()));
+    if (additions.length % kPreviewEvery === 0)
+      previews.push(addition + microseconds(() => builder.text()));
   }
   const texts = Array.from({length: kTexts}, () => microseconds(() => builder.text()));
   const text = builder.text();
@@ -212,4 +239,5 @@ function measure(Builder) {
   };
 }
 
-for (const Builder of [QueryBuilder, AwesomeQueryBuilder]) console.log(JSON.stringify(measure(Builder)));
+for (const Builder of [QueryBuilder, AwesomeQueryBuilder])
+  console.log(JSON.stringify(measure(Builder)));

@@ -11,7 +11,9 @@ const nextFrame = () => new Promise((done) => requestAnimationFrame(() => setTim
 export async function ready(script) {
   const begin = performance.now();
   await import(script);
-  document.body.append(document.createElement(script.includes('empty') ? 'zolt20-empty' : 'zolt20-map-control'));
+  document.body.append(
+    document.createElement(script.includes('empty') ? 'zolt20-empty' : 'zolt20-map-control'),
+  );
   layOut();
   return performance.now() - begin;
 }
@@ -27,7 +29,8 @@ async function newElement() {
   await nextFrame();
   return element;
 }
-const tablesOf = (count) => Array.from({ length: count }, (_, row) => `T${String(row).padStart(7, '0')}0`).join(',');
+const tablesOf = (count) =>
+  Array.from({length: count}, (_, row) => `T${String(row).padStart(7, '0')}0`).join(',');
 
 /** One more element on the page. */
 export async function further(tag) {
@@ -118,7 +121,7 @@ async function keys(box) {
     await nextFrame();
     const begin = performance.now();
     box.setRangeText('x', box.value.length >> 1, box.value.length >> 1, 'end');
-    box.dispatchEvent(new InputEvent('input', { inputType: 'insertText', data: 'x' }));
+    box.dispatchEvent(new InputEvent('input', {inputType: 'insertText', data: 'x'}));
     layOut();
     times.push(performance.now() - begin);
   }

@@ -18,7 +18,8 @@ function complain(where, complaint) {
 }
 
 function needed(object, key, where) {
-  if (typeof object !== 'object' || object === null || Array.isArray(object)) complain(where, 'is no object');
+  if (typeof object !== 'object' || object === null || Array.isArray(object))
+    complain(where, 'is no object');
   if (!Object.hasOwn(object, key)) complain(where, `has no "${key}"`);
   return object[key];
 }
@@ -62,7 +63,8 @@ function readField(json, where, code) {
   const type = neededName(json, 'type', field);
   const text = neededText(json, 'text', field);
   const flagged = needed(json, 'flagged', field);
-  if (typeof flagged !== 'boolean') complain(field, 'has a "flagged" that is neither true nor false');
+  if (typeof flagged !== 'boolean')
+    complain(field, 'has a "flagged" that is neither true nor false');
   checkListed(name, 'name', field);
   checkListed(type, 'type', field);
   checkListed(text, 'text', field);
@@ -135,7 +137,8 @@ export function readCatalogue(bytes) {
 }
 
 /// The value for PrpStrTables: each table's code with its index count.
-export const tableListOf = ({tables}) => tables.map(({code, indexes}) => `${code}${indexes}`).join(',');
+export const tableListOf = ({tables}) =>
+  tables.map(({code, indexes}) => `${code}${indexes}`).join(',');
 
 /// The value for PrpStrFields: a record for each field, table by table.
 export function fieldListOf({tables}) {

@@ -17,7 +17,8 @@ const kPages = {
   C: {name: 'Condition', property: 'prpStroutput', isBlock: false},
 };
 
-const encodeFor = (code, text) => (kPages[code].isBlock ? encodeBlock(text, code === 'D') : encode(text));
+const encodeFor = (code, text) =>
+  kPages[code].isBlock ? encodeBlock(text, code === 'D') : encode(text);
 
 // Why a text can't be handed over, '' when it can.
 function complaintOf(text) {
@@ -29,7 +30,14 @@ function complaintOf(text) {
 
 // What a person has put into the form, wherever they look at it. This look changes nothing, as a read of prpStroutput may.
 const contentOf = (control) =>
-  JSON.stringify(Object.values(control.dump().controls).map(({Text, List, Selected, Value}) => [Text, List, Selected, Value]));
+  JSON.stringify(
+    Object.values(control.dump().controls).map(({Text, List, Selected, Value}) => [
+      Text,
+      List,
+      Selected,
+      Value,
+    ]),
+  );
 
 const settledContents = new WeakMap();
 
@@ -43,7 +51,10 @@ export const isChanged = (control) => settledContents.get(control) !== contentOf
 
 /// Whether the person agrees to lose what was composed; true when there is nothing to lose.
 export async function mayLeave(control, title) {
-  return !isChanged(control) || (await ask(title, 'Leave without what was composed?', 'Discard', 'Keep')) === 'Discard';
+  return (
+    !isChanged(control) ||
+    (await ask(title, 'Leave without what was composed?', 'Discard', 'Keep')) === 'Discard'
+  );
 }
 
 // The page is known within the request only; the text comes later, as one step that can be undone.
@@ -61,11 +72,23 @@ async function answer(control, textFor) {
 }
 
 const answerByComposer = (control, catalogue, what, firstPage) =>
-  answer(control, (code) => composeFor(code, catalogue, `${what} for ${kPages[code].name}`, firstPage, control.Syntax_Highlight));
+  answer(control, (code) =>
+    composeFor(
+      code,
+      catalogue,
+      `${what} for ${kPages[code].name}`,
+      firstPage,
+      control.Syntax_Highlight,
+    ),
+  );
 
 const answerByFunction = (control, catalogue) =>
   answer(control, async (code) => {
-    const call = await pickFunction(catalogue.functions, `Function for ${kPages[code].name}`, complaintOf);
+    const call = await pickFunction(
+      catalogue.functions,
+      `Function for ${kPages[code].name}`,
+      complaintOf,
+    );
     return call && encodeFor(code, call);
   });
 
@@ -76,8 +99,12 @@ export function makeControl(catalogue, isColoured) {
   control.PrpStrFields = fieldListOf(catalogue);
   control.tableNames = tableNamesOf(catalogue);
   control.Syntax_Highlight = isColoured;
-  control.addEventListener('eventSubQuery', () => answerByComposer(control, catalogue, 'Sub Query', kSelectListPage));
-  control.addEventListener('eventCondition', () => answerByComposer(control, catalogue, 'Condition', kConditionPage));
+  control.addEventListener('eventSubQuery', () =>
+    answerByComposer(control, catalogue, 'Sub Query', kSelectListPage),
+  );
+  control.addEventListener('eventCondition', () =>
+    answerByComposer(control, catalogue, 'Condition', kConditionPage),
+  );
   control.addEventListener('eventFunction', () => answerByFunction(control, catalogue));
   control.addEventListener('failed', ({detail}) => tellFailure(detail));
   settle(control);

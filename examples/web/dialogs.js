@@ -5,7 +5,10 @@ let dialogs = 0;
 // Says by what its heading and its text are read out.
 function nameParts(dialog) {
   const number = ++dialogs;
-  for (const [attribute, part] of [['aria-labelledby', 'h2'], ['aria-describedby', '.text']]) {
+  for (const [attribute, part] of [
+    ['aria-labelledby', 'h2'],
+    ['aria-describedby', '.text'],
+  ]) {
     const element = dialog.querySelector(part);
     if (element === null) continue;
     element.id = `dialog${number}-${attribute}`;
@@ -16,7 +19,10 @@ function nameParts(dialog) {
 /// Shows a dialog until it has an answer, and gives that. `fill` gets the dialog and what ends it with an answer, and gives
 /// what happens when the person turns away from it.
 export function show(template, title, fill) {
-  const dialog = document.importNode(document.getElementById(template).content.firstElementChild, true);
+  const dialog = document.importNode(
+    document.getElementById(template).content.firstElementChild,
+    true,
+  );
   dialog.querySelector('h2').textContent = title;
   nameParts(dialog);
   return new Promise((resolve) => {
@@ -29,7 +35,8 @@ export function show(template, title, fill) {
     dialog.querySelector('.leave')?.addEventListener('click', leave);
     // A browser closes a dialog at the second Escape in a row whatever becomes of its event "cancel", so the key is taken.
     dialog.addEventListener('keydown', (event) => {
-      const isOwn = event.composedPath().find((node) => node instanceof HTMLDialogElement) === dialog;
+      const isOwn =
+        event.composedPath().find((node) => node instanceof HTMLDialogElement) === dialog;
       if (event.key !== 'Escape' || event.isComposing || event.defaultPrevented || !isOwn) return;
       event.preventDefault();
       leave();
@@ -66,4 +73,5 @@ export function ask(title, text, ...answers) {
 }
 
 /// Tells what failed in a control.
-export const tellFailure = (error) => ask('Error', `${error.kind} (${error.number}): ${error.message}`, 'OK');
+export const tellFailure = (error) =>
+  ask('Error', `${error.kind} (${error.number}): ${error.message}`, 'OK');

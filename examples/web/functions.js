@@ -43,7 +43,13 @@ export function pickFunction(functions, title, complaintOf) {
     const picked = () => rows.find(({choice}) => choice.checked);
     const showCall = () => {
       const row = picked();
-      output.value = row === undefined ? '' : callOf(row.name, boxes.map(({value}) => value));
+      output.value =
+        row === undefined
+          ? ''
+          : callOf(
+              row.name,
+              boxes.map(({value}) => value),
+            );
       insert.disabled = row === undefined;
       complaint.hidden = true;
     };

@@ -64,7 +64,8 @@ export function findMistake(text) {
   }
   if (text[at] === '"' && kSteps.get(needed).some(({pattern}) => pattern === kString)) {
     at = endOf(kBegunString);
-    needed = text[at] === '\\' ? 'an escape that JSON knows' : 'the double quote at the end of a text';
+    needed =
+      text[at] === '\\' ? 'an escape that JSON knows' : 'the double quote at the end of a text';
   }
   return tell(text, at, needed);
 }

@@ -30,5 +30,6 @@ for (const request of ['eventSubQuery', 'eventCondition', 'eventFunction']) {
 
 // The Result is read once; its lines end with CR LF.
 control.addEventListener('eventDone', () => {
-  document.querySelector('pre').textContent = `${control.prpStroutput}\r\n\r\n${control.prpstrSelectedFields}`;
+  document.querySelector('pre').textContent =
+    `${control.prpStroutput}\r\n\r\n${control.prpstrSelectedFields}`;
 });

@@ -28,10 +28,12 @@ function complain(text) {
   part('complaint').querySelector('p').textContent = text;
 }
 
-part('complaint').querySelector('button').addEventListener('click', () => {
-  complain('');
-  control?.focus();
-});
+part('complaint')
+  .querySelector('button')
+  .addEventListener('click', () => {
+    complain('');
+    control?.focus();
+  });
 
 // ---- the control
 
@@ -57,15 +59,19 @@ function showResult() {
   part('statement').textContent = text.replaceAll('\r\n', '\n');
   part('records').textContent = records;
   part('result').querySelector('caption').textContent = counted(fields.length, 'selected field');
-  part('result').querySelector('tbody').replaceChildren(
-    ...fields.map(({name, type, flagged, text: further}) => {
-      const row = document.createElement('tr');
-      for (const cell of [name, type, flagged ? 'yes' : 'no', further]) row.insertCell().textContent = cell;
-      return row;
-    }),
-  );
+  part('result')
+    .querySelector('tbody')
+    .replaceChildren(
+      ...fields.map(({name, type, flagged, text: further}) => {
+        const row = document.createElement('tr');
+        for (const cell of [name, type, flagged ? 'yes' : 'no', further])
+          row.insertCell().textContent = cell;
+        return row;
+      }),
+    );
   part('copy-statement').onclick = () => copy(text, part('statement'), 'The statement is copied.');
-  part('copy-records').onclick = () => copy(records, part('records'), 'The field records are copied.');
+  part('copy-records').onclick = () =>
+    copy(records, part('records'), 'The field records are copied.');
   part('copy-records').hidden = records === '';
   part('records-details').hidden = records === '';
   part('result').querySelector('.fields').hidden = fields.length === 0;
@@ -75,7 +81,9 @@ function showResult() {
   part('result-heading').focus({preventScroll: true});
   part('result-heading').closest('section').scrollIntoView({block: 'nearest'});
   const lines = text === '' ? 0 : text.split('\r\n').length;
-  say(`The statement is done: ${counted(lines, 'line')}, ${counted(fields.length, 'selected field')}.`);
+  say(
+    `The statement is done: ${counted(lines, 'line')}, ${counted(fields.length, 'selected field')}.`,
+  );
 }
 
 async function copy(text, element, done) {
@@ -131,14 +139,20 @@ async function open(name, bytesOf) {
       throw error;
     }
   } catch (error) {
-    complain(`${name} can't be opened: ${error instanceof CatalogueError ? error.message : String(error)}.`);
+    complain(
+      `${name} can't be opened: ${error instanceof CatalogueError ? error.message : String(error)}.`,
+    );
     return;
   }
   complain('');
   showNoResult();
   const fields = catalogue.tables.reduce((sum, table) => sum + table.fields.length, 0);
   const {name: title, tables, functions} = catalogue;
-  const size = [counted(tables.length, 'table'), counted(fields, 'field'), counted(functions.length, 'function')].join(', ');
+  const size = [
+    counted(tables.length, 'table'),
+    counted(fields, 'field'),
+    counted(functions.length, 'function'),
+  ].join(', ');
   part('catalogue-name').textContent = title || 'A catalogue without a name';
   part('catalogue-size').textContent = `${size} of ${name}`;
   if (!isFirst) say(`${name} is open: ${size}.`);

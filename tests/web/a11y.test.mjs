@@ -62,7 +62,12 @@ async function fill(person) {
         prpSelectOrderbyPart: 'CUSTOMER.C_ID,ORDERS__.O_ID desc',
         prpSelectAsSetPart: '10',
       });
-      for (const name of ['prpSelectDoPart', 'prpSelectEOSPart', 'prpSelectEmptyPart', 'prpSelectErrorPart'])
+      for (const name of [
+        'prpSelectDoPart',
+        'prpSelectEOSPart',
+        'prpSelectEmptyPart',
+        'prpSelectErrorPart',
+      ])
         element[name] = statement;
     },
     [kFields, kStatement],
@@ -76,7 +81,11 @@ async function choose(person, option, filled) {
   await person.click(option);
   if (!filled) return;
   for (const [name, [role]] of Object.entries(kPanels[option])) {
-    if (role === 'textbox') await person.type(name, designOf(name).styles.includes('kMultiLine') ? 'a = 1\nb = 2' : ':var.a');
+    if (role === 'textbox')
+      await person.type(
+        name,
+        designOf(name).styles.includes('kMultiLine') ? 'a = 1\nb = 2' : ':var.a',
+      );
   }
   if (option === 'optCase') for (let row = 0; row < 4; ++row) await person.click('cmdNext');
 }
@@ -158,7 +167,10 @@ describe('nothing is found by the rules of accessibility', () => {
         await person.click('cmdAnd');
         const messages = await person.takeLog();
         assert.equal(messages.length, 1);
-        await person.waitFor('the message shows', async () => (await person.place('', 'dialog[open]')).isThere);
+        await person.waitFor(
+          'the message shows',
+          async () => (await person.place('', 'dialog[open]')).isThere,
+        );
         assert.deepEqual(await violationsOf(page), [], 'a message');
         await person.answerMessages(messages);
       },
@@ -197,7 +209,9 @@ describe('nothing is found by the rules of accessibility', () => {
 describe('every control is found by its role and name', () => {
   const find = async (page, role, name) => {
     const found = page.locator('zolt20-map-control').getByRole(role, {name, exact: true});
-    return (await found.count()) === 1 ? found.first().getAttribute('id') : `${await found.count()} of them`;
+    return (await found.count()) === 1
+      ? found.first().getAttribute('id')
+      : `${await found.count()} of them`;
   };
   withPerson('on every page and panel', async (person, page) => {
     const found = [];
@@ -216,7 +230,9 @@ describe('every control is found by its role and name', () => {
     assert.deepEqual(found, []);
     // None is left out, but for the bar, which comes with the fourth row.
     const {controls} = await person.dump();
-    const unnamed = Object.keys(controls).filter((name) => takesFocus(name) && !named.has(name) && !/\([1-9]\)$/.test(name));
+    const unnamed = Object.keys(controls).filter(
+      (name) => takesFocus(name) && !named.has(name) && !/\([1-9]\)$/.test(name),
+    );
     assert.deepEqual(
       unnamed.filter((name) => !/^cmd(Function|Condition|SubQuery)/.test(name)),
       ['VscrCase'],
@@ -231,12 +247,16 @@ describe('every control is found by its role and name', () => {
   withPerson('of rows by their texts, with their marks', async (person, page) => {
     await fill(person);
     await person.tab(0);
-    const tables = page.locator('zolt20-map-control').getByRole('listbox', {name: 'Tables', exact: true});
+    const tables = page
+      .locator('zolt20-map-control')
+      .getByRole('listbox', {name: 'Tables', exact: true});
     assert.equal(await tables.getByRole('option', {selected: true}).count(), 2);
     assert.equal(await tables.getByRole('option').count(), 3);
     assert.equal(await tables.getAttribute('aria-multiselectable'), 'true');
     await person.tab(1);
-    const ascending = page.locator('zolt20-map-control').getByRole('listbox', {name: 'Order By Asc', exact: true});
+    const ascending = page
+      .locator('zolt20-map-control')
+      .getByRole('listbox', {name: 'Order By Asc', exact: true});
     assert.equal(await ascending.getByRole('option', {checked: true}).count(), 1);
   });
   withPerson('of messages, which are dialogs with their title and text', async (person, page) => {
@@ -292,7 +312,8 @@ describe('the Tab key', () => {
     withPerson(`goes through the panel of ${option}`, async (person) => {
       await choose(person, option, true);
       const way = await walk(person, true);
-      for (const [name, [role]] of Object.entries(kPanels[option])) if (role === 'textbox') assert.ok(way.includes(name), name);
+      for (const [name, [role]] of Object.entries(kPanels[option]))
+        if (role === 'textbox') assert.ok(way.includes(name), name);
       await walk(person, false);
     });
   }
@@ -308,7 +329,8 @@ describe('the Tab key', () => {
 
 describe('without a mouse', () => {
   const tabTo = async (person, control) => {
-    for (let presses = 0; presses < 60 && (await person.at()) !== control; ++presses) await person.keyboard.press('Tab');
+    for (let presses = 0; presses < 60 && (await person.at()) !== control; ++presses)
+      await person.keyboard.press('Tab');
     assert.equal(await person.at(), control);
   };
   const controlOf = async (person, name) => (await person.dump()).controls[name];
@@ -419,11 +441,15 @@ describe('what can be pressed', () => {
   const smallOnes = (page) =>
     page.evaluate(() => {
       const kLeast = 24;
-      const kPressed = 'button, textarea, input, [role=option], [role=combobox], [role=scrollbar], [data-step]';
+      const kPressed =
+        'button, textarea, input, [role=option], [role=combobox], [role=scrollbar], [data-step]';
       return [...host.element.shadowRoot.querySelectorAll(kPressed)]
         .map((node) => (node.type === 'radio' ? node.closest('label') : node))
         .filter((node) => node.checkVisibility())
-        .map((node) => [node.id || node.className || node.textContent, node.getBoundingClientRect()])
+        .map((node) => [
+          node.id || node.className || node.textContent,
+          node.getBoundingClientRect(),
+        ])
         .filter(([, {width, height}]) => width < kLeast || height < kLeast)
         .map(([name, {width, height}]) => `${name} ${width} x ${height}`);
     });
@@ -452,7 +478,10 @@ describe('enlarged to the double', () => {
       const found = [];
       await eachView(person, true, async (view) => {
         const wide = await page.evaluate(() => {
-          const scrolls = document.documentElement.scrollWidth > document.documentElement.clientWidth ? ['the page scrolls'] : [];
+          const scrolls =
+            document.documentElement.scrollWidth > document.documentElement.clientWidth
+              ? ['the page scrolls']
+              : [];
           const {left, right} = host.element.getBoundingClientRect();
           const kOwn = 'textarea, input, [role=listbox], .colours';
           const outside = [...host.element.shadowRoot.querySelectorAll('*')].filter((node) => {
@@ -460,14 +489,21 @@ describe('enlarged to the double', () => {
             const place = node.getBoundingClientRect();
             return place.width > 0 && (place.left < left - 1 || place.right > right + 1);
           });
-          return [...scrolls, ...outside.map((node) => `${node.id || node.className} goes beyond the element`)];
+          return [
+            ...scrolls,
+            ...outside.map((node) => `${node.id || node.className} goes beyond the element`),
+          ];
         });
         found.push(...wide.map((what) => `${view}: ${what}`));
         const dump = await person.dump();
         for (const name of Object.keys(dump.controls)) {
           if (!takesFocus(name) || !isShown(dump, name)) continue;
           // Of the two views of a condition one lies before the other; rows of a case are scrolled to.
-          if (['txtCondition', 'txtwhereCondition'].includes(name) || /^(TxtExpr|txtStmt)\(/.test(name)) continue;
+          if (
+            ['txtCondition', 'txtwhereCondition'].includes(name) ||
+            /^(TxtExpr|txtStmt)\(/.test(name)
+          )
+            continue;
           await person.bringIntoWindow(name, '');
           if (!(await person.place(name)).isOnTop) found.push(`${view}: ${name} can't be reached`);
         }
@@ -481,19 +517,25 @@ describe('enlarged to the double', () => {
 describe('in forced colours', () => {
   const picture = async (person, name) => {
     const {left, top, right, bottom} = await person.inSight(name);
-    return person.page.screenshot({clip: {x: left, y: top, width: right - left, height: bottom - top}});
+    return person.page.screenshot({
+      clip: {x: left, y: top, width: right - left, height: bottom - top},
+    });
   };
   withPerson(
     'texts and marks are seen',
     async (person, page) => {
       await fill(person);
       const withTexts = {};
-      const kSeen = {0: ['TxtOutput', 'lsttables', 'lstSelectedFields', 'cmdAddSelect'], 2: ['txtSelectDo']};
+      const kSeen = {
+        0: ['TxtOutput', 'lsttables', 'lstSelectedFields', 'cmdAddSelect'],
+        2: ['txtSelectDo'],
+      };
       const pictures = async () => {
         const taken = {};
         for (const [number, names] of Object.entries(kSeen)) {
           await person.tab(Number(number));
-          for (const name of names) if (name !== 'cmdAddSelect') taken[name] = await picture(person, name);
+          for (const name of names)
+            if (name !== 'cmdAddSelect') taken[name] = await picture(person, name);
         }
         return taken;
       };
@@ -505,15 +547,25 @@ describe('in forced colours', () => {
       await person.type('TxtOutput', '');
       const without = await pictures();
       for (const name of Object.keys(withTexts)) {
-        assert.ok(!withTexts[name].equals(without[name]), `${name} looks the same with a text and without`);
+        assert.ok(
+          !withTexts[name].equals(without[name]),
+          `${name} looks the same with a text and without`,
+        );
       }
       // No control hides its words by a colour that is none, or that of its ground.
       const hidden = await page.evaluate(() =>
-        [...host.element.shadowRoot.querySelectorAll('button, .label, [role=option] .text, .title, textarea, input')]
+        [
+          ...host.element.shadowRoot.querySelectorAll(
+            'button, .label, [role=option] .text, .title, textarea, input',
+          ),
+        ]
           .filter((node) => node.checkVisibility())
           .filter((node) => {
             const {color, backgroundColor, webkitTextFillColor} = getComputedStyle(node);
-            return color === backgroundColor || [color, webkitTextFillColor].some((ink) => /^rgba\(.*, 0\)$/.test(ink));
+            return (
+              color === backgroundColor ||
+              [color, webkitTextFillColor].some((ink) => /^rgba\(.*, 0\)$/.test(ink))
+            );
           })
           .map((node) => node.id || node.className),
       );

@@ -7,14 +7,17 @@ import {kHost} from './places.mjs';
 
 export class Automation {
   constructor() {
-    if (!existsSync(kHost)) throw new Error(`there is no ${kHost}: build the preset "release" first`);
+    if (!existsSync(kHost))
+      throw new Error(`there is no ${kHost}: build the preset "release" first`);
     this.process_ = spawn(kHost, {stdio: ['pipe', 'pipe', 'inherit']});
     this.replies_ = createInterface({input: this.process_.stdout})[Symbol.asyncIterator]();
   }
 
   /// The reply to a request, which is an object or a line.
   async ask(request) {
-    this.process_.stdin.write((typeof request === 'string' ? request : JSON.stringify(request)) + '\n');
+    this.process_.stdin.write(
+      (typeof request === 'string' ? request : JSON.stringify(request)) + '\n',
+    );
     const {value, done} = await this.replies_.next();
     if (done) throw new Error('zolt20-host has ended');
     return JSON.parse(value);

@@ -18,14 +18,22 @@ describe('docs/web.md', () => {
 
   before(async () => {
     page = await documentOf('docs/web.md');
-    stage = await Stage.open({'/': path.join(kRoot, 'examples/web'), '/tests/': path.join(kTests, 'pages')});
+    stage = await Stage.open({
+      '/': path.join(kRoot, 'examples/web'),
+      '/tests/': path.join(kTests, 'pages'),
+    });
   });
   after(() => stage.close());
 
-  for (const [file, language] of [['minimal.html', 'html'], ['minimal.js', 'js']]) {
+  for (const [file, language] of [
+    ['minimal.html', 'html'],
+    ['minimal.js', 'js'],
+  ]) {
     test(`has ${file} as it is`, async () => {
       const blocks = [...page.matchAll(/^```(\w*)\n(.*?)^```$/gms)];
-      const found = blocks.filter(([, word, block]) => word === language && block.split('\n').length > 12);
+      const found = blocks.filter(
+        ([, word, block]) => word === language && block.split('\n').length > 12,
+      );
       assert.equal(found.length, 1);
       assert.equal(found[0][2], await documentOf(`examples/web/${file}`));
       assert.ok(page.includes(`\`examples/web/${file}\``));
@@ -33,7 +41,10 @@ describe('docs/web.md', () => {
   }
 
   test('names every member and event of the contract', () => {
-    const rows = [...page.matchAll(/^\| `(\w+)[^`]*` \| (.*) \|$/gm)].map(([, name, cells]) => [name, cells.split(' | ').at(-1)]);
+    const rows = [...page.matchAll(/^\| `(\w+)[^`]*` \| (.*) \|$/gm)].map(([, name, cells]) => [
+      name,
+      cells.split(' | ').at(-1),
+    ]);
     const told = (member) => {
       if (member.isMethod) return 'method';
       if (!member.canGet) return 'written; notice';
@@ -44,14 +55,18 @@ describe('docs/web.md', () => {
       assert.equal(row.length, 1, member.name);
       assert.equal(row[0][1], told(member), member.name);
     }
-    for (const name of kEvents) assert.equal(rows.filter(([first]) => first === name).length, 1, name);
+    for (const name of kEvents)
+      assert.equal(rows.filter(([first]) => first === name).length, 1, name);
   });
 
   test('names every custom property and every part', () => {
     const manifest = JSON.parse(readFileSync(path.join(kPackage, 'custom-elements.json'), 'utf8'));
     const {cssParts, cssProperties} = manifest.modules[0].declarations[0];
     const rows = [...page.matchAll(/^\| `(--zolt20-[\w-]+)` \|/gm)].map(([, name]) => name);
-    assert.deepEqual(rows, cssProperties.map(({name}) => name));
+    assert.deepEqual(
+      rows,
+      cssProperties.map(({name}) => name),
+    );
     const parts = /each kind is one: (.*?)\. The/s.exec(page)[1].match(/\w+/g);
     assert.deepEqual(parts.sort(), cssParts.map(({name}) => name).sort());
   });
@@ -60,24 +75,37 @@ describe('docs/web.md', () => {
     const links = [...page.matchAll(/\]\(([^)#]+)(#[^)]*)?\)/g)].map(([, link]) => link);
     assert.ok(links.length > 3);
     for (const link of links) assert.ok(existsSync(path.join(kRoot, 'docs', link)), link);
-    const headings = [...page.matchAll(/^#+ (.*)$/gm)].map(([, heading]) => heading.toLowerCase().replaceAll(' ', '-'));
-    for (const [, heading] of page.matchAll(/\]\(#(.*?)\)/g)) assert.ok(headings.includes(heading), heading);
+    const headings = [...page.matchAll(/^#+ (.*)$/gm)].map(([, heading]) =>
+      heading.toLowerCase().replaceAll(' ', '-'),
+    );
+    for (const [, heading] of page.matchAll(/\]\(#(.*?)\)/g))
+      assert.ok(headings.includes(heading), heading);
   });
 
   test('the small page answers a request inside its event and shows the statement', async () => {
     const person = new Person(await stage.openPage('minimal.html'));
     await person.page.addScriptTag({url: '/tests/host.js'});
-    await person.page.evaluate(() => customElements.whenDefined('zolt20-map-control').then(() => beginHost()));
+    await person.page.evaluate(() =>
+      customElements.whenDefined('zolt20-map-control').then(() => beginHost()),
+    );
     await person.clickRow('lsttables', 0);
     await person.clickRow('lstFields', 2);
     await person.click('cmdMoveOne');
     await person.click('cmdAddSelect');
-    for (const [number, box] of ['txtSelectDo', 'txtSelectEOS', 'txtselectempty', 'txtSelectError'].entries()) {
+    for (const [number, box] of [
+      'txtSelectDo',
+      'txtSelectEOS',
+      'txtselectempty',
+      'txtSelectError',
+    ].entries()) {
       await person.tab(2 + number);
       await person.takeLog();
       await person.click(`cmdFunction(${number})`);
       const log = await person.takeLog();
-      assert.ok(log.some(({event}) => event === 'eventFunction'), JSON.stringify(log));
+      assert.ok(
+        log.some(({event}) => event === 'eventFunction'),
+        JSON.stringify(log),
+      );
       assert.equal((await person.dump()).controls[box].Text, 'print ( :var.name )');
     }
     await person.tab(2);
@@ -94,7 +122,10 @@ describe('docs/web.md', () => {
       [
         'select CUSTOMER.C_LAST',
         'from  CUSTOMER',
-        ...['selectdo', 'selecteos', 'selectempty', 'selecterror'].flatMap((keyword) => [keyword, '\tprint ( :var.name )']),
+        ...['selectdo', 'selecteos', 'selectempty', 'selecterror'].flatMap((keyword) => [
+          keyword,
+          '\tprint ( :var.name )',
+        ]),
         'endselect',
         '',
         'char*Q*V*R*N*NCUSTOMER.C_LAST*Q*V*R*N*name',

@@ -13,7 +13,9 @@ import {kPackage, kTests} from './places.mjs';
 
 const kTables = 'TABLE__12,TABLE__20';
 const field = (name, flag = 'N') => `char*Q*V*R*N*${flag}${name}*Q*V*R*N*text`;
-const kFields = ['TABLE__1.A', 'TABLE__1.B', 'TABLE__2.C', 'TABLE__2.D'].map((name) => field(name)).join(',');
+const kFields = ['TABLE__1.A', 'TABLE__1.B', 'TABLE__2.C', 'TABLE__2.D']
+  .map((name) => field(name))
+  .join(',');
 
 const kMost = 60000;
 
@@ -33,7 +35,13 @@ function withPerson(name, act) {
       host.answers = {};
     });
     await act(shared, shared.page);
-    assert.deepEqual([...shared.page.complaints.splice(0), ...(await shared.page.evaluate(() => violations.splice(0)))], []);
+    assert.deepEqual(
+      [
+        ...shared.page.complaints.splice(0),
+        ...(await shared.page.evaluate(() => violations.splice(0))),
+      ],
+      [],
+    );
   });
 }
 /// A test in a page without an element, in which the module is there.
@@ -59,9 +67,12 @@ describe('the members', () => {
     const found = await page.evaluate(
       (names) => {
         const {prototype} = zolt20.ZOLT20MapControlElement;
-        const isThere = prototype instanceof HTMLElement && customElements.get('zolt20-map-control').prototype === prototype;
+        const isThere =
+          prototype instanceof HTMLElement &&
+          customElements.get('zolt20-map-control').prototype === prototype;
         return names.map((name) => {
-          const {get, set, value, enumerable} = Object.getOwnPropertyDescriptor(prototype, name) ?? {};
+          const {get, set, value, enumerable} =
+            Object.getOwnPropertyDescriptor(prototype, name) ?? {};
           return {
             isThere,
             canGet: get !== undefined,
@@ -91,38 +102,43 @@ describe('the members', () => {
     });
   });
 
-  withPerson('that can only be written give nothing, and those that can only be read take nothing', async (_person, page) => {
-    const {written, refused} = await page.evaluate((members) => {
-      const tries = (act) => {
-        try {
-          act();
-          return 'done';
-        } catch (error) {
-          return error.constructor.name;
-        }
-      };
-      return {
-        written: members.filter(({canSet, canGet}) => canSet && !canGet).map(({name}) => typeof host.element[name]),
-        refused: members
-          .filter(({canSet, canGet}) => canGet && !canSet)
-          .map(({name}) =>
-            tries(() => {
-              'use strict';
-              host.element[name] = '';
-            }),
-          ),
-      };
-    }, kMembers);
-    assert.ok(written.length === 14 && refused.length === 2);
-    assert.ok(
-      written.every((type) => type === 'undefined'),
-      String(written),
-    );
-    assert.ok(
-      refused.every((name) => name === 'TypeError'),
-      String(refused),
-    );
-  });
+  withPerson(
+    'that can only be written give nothing, and those that can only be read take nothing',
+    async (_person, page) => {
+      const {written, refused} = await page.evaluate((members) => {
+        const tries = (act) => {
+          try {
+            act();
+            return 'done';
+          } catch (error) {
+            return error.constructor.name;
+          }
+        };
+        return {
+          written: members
+            .filter(({canSet, canGet}) => canSet && !canGet)
+            .map(({name}) => typeof host.element[name]),
+          refused: members
+            .filter(({canSet, canGet}) => canGet && !canSet)
+            .map(({name}) =>
+              tries(() => {
+                'use strict';
+                host.element[name] = '';
+              }),
+            ),
+        };
+      }, kMembers);
+      assert.ok(written.length === 14 && refused.length === 2);
+      assert.ok(
+        written.every((type) => type === 'undefined'),
+        String(written),
+      );
+      assert.ok(
+        refused.every((name) => name === 'TypeError'),
+        String(refused),
+      );
+    },
+  );
 
   withPerson('give back what was written', async (person, page) => {
     const values = await page.evaluate(() => {
@@ -147,9 +163,11 @@ describe('the members', () => {
     await writeCatalogue(person);
     await person.clickRow('lsttables', 0);
     const given = await page.evaluate(() =>
-      [host.element.BuildGroupBy(), host.element.ClearAll(0), host.element.UserControl_InitProperties()].map(
-        (value) => typeof value,
-      ),
+      [
+        host.element.BuildGroupBy(),
+        host.element.ClearAll(0),
+        host.element.UserControl_InitProperties(),
+      ].map((value) => typeof value),
     );
     assert.deepEqual(given, ['undefined', 'undefined', 'undefined']);
     assert.deepEqual((await controlsOf(person)).lsttables.Selected, [false, false]);
@@ -204,7 +222,11 @@ describe('the members', () => {
         },
         [name, values[type]],
       );
-      assert.deepEqual(await person.takeLog(), kTellsNothing.includes(name) ? [] : [{changed: name}], name);
+      assert.deepEqual(
+        await person.takeLog(),
+        kTellsNothing.includes(name) ? [] : [{changed: name}],
+        name,
+      );
     }
   });
 });
@@ -234,7 +256,12 @@ describe('errors', () => {
           if (line.set) host.element[line.set] = line.value;
           else host.element[line.call](...line.args);
         } catch (error) {
-          return [error instanceof zolt20.ZOLT20Error, error instanceof Error, error.name, typeof error.stack];
+          return [
+            error instanceof zolt20.ZOLT20Error,
+            error instanceof Error,
+            error.name,
+            typeof error.stack,
+          ];
         }
         return [];
       }, request);
@@ -296,7 +323,10 @@ describe('errors', () => {
     await person.tab(3);
     assert.equal((await controlsOf(person)).tabVrn.Tab, 3);
     const complaints = person.page.complaints.splice(0);
-    assert.ok(complaints.length > 0 && complaints.every((text) => text.includes('no answer')), String(complaints));
+    assert.ok(
+      complaints.length > 0 && complaints.every((text) => text.includes('no answer')),
+      String(complaints),
+    );
     await closePage(person.page);
   });
 });
@@ -324,7 +354,9 @@ describe('events', () => {
       for (const name of [...names, 'message']) {
         // A message alone stays at the element.
         const target = name === 'message' ? element : document;
-        document.addEventListener('message', () => seen.push({name: 'a message that bubbles', isElement: false}));
+        document.addEventListener('message', () =>
+          seen.push({name: 'a message that bubbles', isElement: false}),
+        );
         target.addEventListener(name, (event) =>
           seen.push({
             name,
@@ -341,9 +373,12 @@ describe('events', () => {
     await page.evaluate(() => {
       host.element.prpTab = 2;
     });
-    for (const button of ['cmdSubQuery(0)', 'cmdCondition(0)', 'cmdFunction(0)']) await person.click(button);
+    for (const button of ['cmdSubQuery(0)', 'cmdCondition(0)', 'cmdFunction(0)'])
+      await person.click(button);
     await person.click('cmdAddSelectDoQuer');
-    await person.answerMessages((await person.takeLog()).filter(({message}) => message !== undefined));
+    await person.answerMessages(
+      (await person.takeLog()).filter(({message}) => message !== undefined),
+    );
     await person.type('txtSelectDo', 'x');
     await page.evaluate(() => {
       host.element.undo();
@@ -385,10 +420,17 @@ describe('events', () => {
       }),
     );
     await person.click('cmdFunction(0)');
-    assert.deepEqual(await person.takeLog(), [{event: 'eventFunction'}, {changed: 'prpSelectDoPart'}]);
+    assert.deepEqual(await person.takeLog(), [
+      {event: 'eventFunction'},
+      {changed: 'prpSelectDoPart'},
+    ]);
     assert.equal((await controlsOf(person)).txtSelectDo.Text, 'a = "x"\r\nb');
     assert.equal(await page.evaluate(() => globalThis.read), 'D');
-    assert.equal(await page.evaluate(() => globalThis.seen), 'a = "x"\nb', 'what is written is shown at once');
+    assert.equal(
+      await page.evaluate(() => globalThis.seen),
+      'a = "x"\nb',
+      'what is written is shown at once',
+    );
     assert.equal(await person.difference(), '');
   });
 
@@ -402,7 +444,10 @@ describe('events', () => {
       ),
     );
     await person.click('cmdSubQuery(1)');
-    await person.waitFor('the answer comes', async () => (await controlsOf(person)).txtSelectEOS.Text === 'later');
+    await person.waitFor(
+      'the answer comes',
+      async () => (await controlsOf(person)).txtSelectEOS.Text === 'later',
+    );
     assert.equal(await person.difference(), '');
   });
 
@@ -414,7 +459,9 @@ describe('events', () => {
     await person.click('cmdCondition(0)');
     assert.equal((await controlsOf(person)).tabVrn.Tab, 6);
     assert.equal(await person.difference(), '');
-    await page.evaluate(() => host.element.addEventListener('eventCancel', ({target}) => target.remove()));
+    await page.evaluate(() =>
+      host.element.addEventListener('eventCancel', ({target}) => target.remove()),
+    );
     await person.click('cmdCancel');
     assert.equal(await page.evaluate(() => document.querySelector('zolt20-map-control')), null);
     assert.equal((await controlsOf(person)).tabVrn.Tab, 6);
@@ -422,7 +469,9 @@ describe('events', () => {
 
   withPerson('of messages may be prevented from showing', async (person, page) => {
     await person.tab(2);
-    await page.evaluate(() => host.element.addEventListener('message', (event) => event.preventDefault()));
+    await page.evaluate(() =>
+      host.element.addEventListener('message', (event) => event.preventDefault()),
+    );
     await person.click('cmdAddSelectDoQuer');
     assert.equal((await person.takeLog()).length, 1);
     await person.nextFrame();
@@ -442,13 +491,25 @@ describe('events', () => {
     assert.equal(await person.at(), focus);
     // By the keyboard: OK has the focus, and Escape does as well.
     await person.press('cmdAnd');
-    await person.waitFor('the message shows', async () => (await person.place('', 'dialog[open]')).isThere);
+    await person.waitFor(
+      'the message shows',
+      async () => (await person.place('', 'dialog[open]')).isThere,
+    );
     await person.keyboard.press('Enter');
-    await person.waitFor('it closes', async () => !(await person.place('', 'dialog[open]')).isThere);
+    await person.waitFor(
+      'it closes',
+      async () => !(await person.place('', 'dialog[open]')).isThere,
+    );
     await person.press('cmdAnd');
-    await person.waitFor('the message shows', async () => (await person.place('', 'dialog[open]')).isThere);
+    await person.waitFor(
+      'the message shows',
+      async () => (await person.place('', 'dialog[open]')).isThere,
+    );
     await person.keyboard.press('Escape');
-    await person.waitFor('it closes', async () => !(await person.place('', 'dialog[open]')).isThere);
+    await person.waitFor(
+      'it closes',
+      async () => !(await person.place('', 'dialog[open]')).isThere,
+    );
     assert.equal(await person.at(), (await person.dump()).focus);
     assert.equal((await person.takeLog()).length, 2);
   });
@@ -485,7 +546,9 @@ describe('the bag', () => {
   });
 
   withPerson('comes back as it was read, but for the two lists', async (_person, page) => {
-    const bag = Object.fromEntries(kKeys.map((key) => [key, key === 'prpTab' ? 5 : `text of ${key}`]));
+    const bag = Object.fromEntries(
+      kKeys.map((key) => [key, key === 'prpTab' ? 5 : `text of ${key}`]),
+    );
     const written = await page.evaluate((values) => {
       host.element.UserControl_ReadProperties(values);
       return host.element.UserControl_WriteProperties();
@@ -499,49 +562,62 @@ describe('the bag', () => {
     host.close();
   });
 
-  withPerson('takes its defaults for what is missing, and passes over other keys', async (_person, page) => {
-    const written = await page.evaluate(() => {
-      host.element.UserControl_ReadProperties({prpSelectDoPart: 'a', other: {}});
-      return host.element.UserControl_WriteProperties();
-    });
-    const host = new Automation();
-    await host.ask({new: {bag: {prpSelectDoPart: 'a'}}});
-    assert.equal(JSON.stringify(written), JSON.stringify((await host.ask({save: true})).value));
-    host.close();
-  });
+  withPerson(
+    'takes its defaults for what is missing, and passes over other keys',
+    async (_person, page) => {
+      const written = await page.evaluate(() => {
+        host.element.UserControl_ReadProperties({prpSelectDoPart: 'a', other: {}});
+        return host.element.UserControl_WriteProperties();
+      });
+      const host = new Automation();
+      await host.ask({new: {bag: {prpSelectDoPart: 'a'}}});
+      assert.equal(JSON.stringify(written), JSON.stringify((await host.ask({save: true})).value));
+      host.close();
+    },
+  );
 
-  withPerson('refuses values of another type, and numbers outside of 16 bits', async (person, page) => {
-    const before = await page.evaluate(() => JSON.stringify(host.element.UserControl_WriteProperties()));
-    const came = await page.evaluate(() => {
-      const tries = (bag) => {
-        try {
-          host.element.UserControl_ReadProperties(bag);
-          return 'done';
-        } catch (error) {
-          return error instanceof zolt20.ZOLT20Error ? `${error.kind} ${error.number}` : error.constructor.name;
-        }
-      };
-      return [
-        {prpTab: '1'},
-        {prpTab: 1.5},
-        {prpTab: true},
-        {prpTab: null},
-        {prpSelectPart: 1},
-        {prpSelectPart: null},
-        {prpSelectDoPart: {}},
-        {mPrpStrTables: 1},
-        undefined,
-        null,
-        'text',
-        {prpTab: 32768},
-        {prpTab: -32769},
-      ].map(tries);
-    });
-    assert.deepEqual(came, [...Array(11).fill('TypeError'), 'overflow 6', 'overflow 6']);
-    assert.equal(await page.evaluate(() => JSON.stringify(host.element.UserControl_WriteProperties())), before);
-    await person.tab(1);
-    assert.equal(await person.difference(), '');
-  });
+  withPerson(
+    'refuses values of another type, and numbers outside of 16 bits',
+    async (person, page) => {
+      const before = await page.evaluate(() =>
+        JSON.stringify(host.element.UserControl_WriteProperties()),
+      );
+      const came = await page.evaluate(() => {
+        const tries = (bag) => {
+          try {
+            host.element.UserControl_ReadProperties(bag);
+            return 'done';
+          } catch (error) {
+            return error instanceof zolt20.ZOLT20Error
+              ? `${error.kind} ${error.number}`
+              : error.constructor.name;
+          }
+        };
+        return [
+          {prpTab: '1'},
+          {prpTab: 1.5},
+          {prpTab: true},
+          {prpTab: null},
+          {prpSelectPart: 1},
+          {prpSelectPart: null},
+          {prpSelectDoPart: {}},
+          {mPrpStrTables: 1},
+          undefined,
+          null,
+          'text',
+          {prpTab: 32768},
+          {prpTab: -32769},
+        ].map(tries);
+      });
+      assert.deepEqual(came, [...Array(11).fill('TypeError'), 'overflow 6', 'overflow 6']);
+      assert.equal(
+        await page.evaluate(() => JSON.stringify(host.element.UserControl_WriteProperties())),
+        before,
+      );
+      await person.tab(1);
+      assert.equal(await person.difference(), '');
+    },
+  );
 });
 
 describe('an element', () => {
@@ -550,8 +626,12 @@ describe('an element', () => {
     const found = await person.page.evaluate(() => ({
       early,
       dumps: [...document.querySelectorAll('zolt20-map-control')].map((element) => element.dump()),
-      own: [...document.querySelectorAll('zolt20-map-control')].map((element) => Object.keys(element)),
-      undo: [...document.querySelectorAll('zolt20-map-control')].map((element) => element.undoEnabled),
+      own: [...document.querySelectorAll('zolt20-map-control')].map((element) =>
+        Object.keys(element),
+      ),
+      undo: [...document.querySelectorAll('zolt20-map-control')].map(
+        (element) => element.undoEnabled,
+      ),
     }));
     assert.equal(found.early.wasDefined, false);
     assert.deepEqual(found.early.log, [
@@ -603,7 +683,9 @@ describe('an element', () => {
   withPerson('that is cloned is a new one', async (person, page) => {
     await writeCatalogue(person);
     await person.tab(2);
-    const clone = JSON.parse(await page.evaluate(() => JSON.stringify(host.element.cloneNode(true).dump())));
+    const clone = JSON.parse(
+      await page.evaluate(() => JSON.stringify(host.element.cloneNode(true).dump())),
+    );
     const host = new Automation();
     assert.deepEqual(clone, await host.dump());
     host.close();
@@ -699,7 +781,10 @@ describe('an element', () => {
       const element = document.createElement('zolt20-map-control');
       globalThis.host = new Host(element);
       // A whole table that is named like a function is refused with a message.
-      Object.assign(element, {PrpStrTables: 'sum_____0', PrpStrFields: 'char*Q*V*R*N*Nsum_____.A*Q*V*R*N*text'});
+      Object.assign(element, {
+        PrpStrTables: 'sum_____0',
+        PrpStrFields: 'char*Q*V*R*N*Nsum_____.A*Q*V*R*N*text',
+      });
       element.prpSelectFromPart = 'sum_____,';
       element.prpSelectPart = 'sum_____,x';
       return host.log.find(({message}) => message !== undefined)?.message;
@@ -707,7 +792,9 @@ describe('an element', () => {
     assert.equal(typeof message, 'string', 'no message came');
     await page.evaluate(() => document.querySelector('main').append(host.element));
     const person = new Person(page);
-    await person.answerMessages((await person.takeLog()).filter((entry) => entry.message !== undefined));
+    await person.answerMessages(
+      (await person.takeLog()).filter((entry) => entry.message !== undefined),
+    );
     await person.tab(1);
     assert.equal((await controlsOf(person)).tabVrn.Tab, 1);
     assert.equal(await person.difference(), '');
@@ -764,7 +851,10 @@ describe('the classic script', () => {
     await person.click('cmdCancel');
     assert.deepEqual(await person.takeLog(), [{event: 'eventCancel'}]);
     const {controls} = await person.dump();
-    assert.deepEqual([controls.lsttables.Selected, controls.txtSelectDo.Text], [[true, false], 'x\r\ny']);
+    assert.deepEqual(
+      [controls.lsttables.Selected, controls.txtSelectDo.Text],
+      [[true, false], 'x\r\ny'],
+    );
     assert.equal(await person.difference(), '');
     await closePage(person.page);
   };
@@ -804,13 +894,21 @@ describe('texts', () => {
         const value = JSON.parse(json);
         host.element.UserControl_ReadProperties({prpSelectPart: value, prpStrSQLPart: value});
         const {prpSelectPart, prpStrSQLPart} = host.element.UserControl_WriteProperties();
-        return [prpSelectPart === value, prpStrSQLPart === value, host.element.prpStrSQLPart === value];
+        return [
+          prpSelectPart === value,
+          prpStrSQLPart === value,
+          host.element.prpStrSQLPart === value,
+        ];
       }, JSON.stringify(text));
       assert.deepEqual(isSame, [true, true, true]);
     });
     withPerson(`of ${name} come into the Result as everywhere`, async (person) => {
       const host = new Automation();
-      for (const request of [{set: 'prpTab', value: 6}, {set: 'prpStroutput', value: text}, {get: 'prpStroutput'}]) {
+      for (const request of [
+        {set: 'prpTab', value: 6},
+        {set: 'prpStroutput', value: text},
+        {get: 'prpStroutput'},
+      ]) {
         const {log, ...expected} = await host.ask(request);
         assert.deepEqual(await person.carryOut(JSON.stringify(request)), expected);
       }
@@ -872,24 +970,27 @@ describe('texts', () => {
     assert.equal((await controlsOf(person)).txtCond.Text, `${Text}!`);
   });
 
-  withPerson('keep line ends of other kinds outside of the place that is edited', async (person, page) => {
-    await page.evaluate(() => {
-      host.element.UserControl_ReadProperties({});
-      host.element.prpTab = 2;
-      host.element.prpSelectDoPart = '*zlt*a\rb\nc~d';
-    });
-    const {Text} = (await controlsOf(person)).txtSelectDo;
-    assert.equal(Text, 'a\rb\nc\r\nd');
-    await person.focus('txtSelectDo');
-    await person.keyboard.press('Control+End');
-    await person.keyboard.type('e');
-    assert.equal((await controlsOf(person)).txtSelectDo.Text, 'a\rb\nc\r\nde');
-    await person.keyboard.press('Enter');
-    assert.equal((await controlsOf(person)).txtSelectDo.Text, 'a\rb\nc\r\nde\r\n');
-    await person.keyboard.press('Control+Home');
-    await person.keyboard.press('Delete');
-    assert.equal((await controlsOf(person)).txtSelectDo.Text, '\rb\nc\r\nde\r\n');
-  });
+  withPerson(
+    'keep line ends of other kinds outside of the place that is edited',
+    async (person, page) => {
+      await page.evaluate(() => {
+        host.element.UserControl_ReadProperties({});
+        host.element.prpTab = 2;
+        host.element.prpSelectDoPart = '*zlt*a\rb\nc~d';
+      });
+      const {Text} = (await controlsOf(person)).txtSelectDo;
+      assert.equal(Text, 'a\rb\nc\r\nd');
+      await person.focus('txtSelectDo');
+      await person.keyboard.press('Control+End');
+      await person.keyboard.type('e');
+      assert.equal((await controlsOf(person)).txtSelectDo.Text, 'a\rb\nc\r\nde');
+      await person.keyboard.press('Enter');
+      assert.equal((await controlsOf(person)).txtSelectDo.Text, 'a\rb\nc\r\nde\r\n');
+      await person.keyboard.press('Control+Home');
+      await person.keyboard.press('Delete');
+      assert.equal((await controlsOf(person)).txtSelectDo.Text, '\rb\nc\r\nde\r\n');
+    },
+  );
 
   withPerson('that are typed key by key come to the same as those at once', async (person) => {
     await person.tab(6);
@@ -929,7 +1030,12 @@ describe('the history', () => {
     }
     await person.takeLog();
     const lists = ({controls}) =>
-      JSON.stringify([controls.lsttables, controls.lstFields, controls.lstSelectedFields, controls.TxtOutput]);
+      JSON.stringify([
+        controls.lsttables,
+        controls.lstFields,
+        controls.lstSelectedFields,
+        controls.TxtOutput,
+      ]);
     for (let at = steps.length - 1; at >= 0; --at) {
       assert.equal(await page.evaluate(() => host.element.canUndo), true);
       if (at % 2 === 0) await person.press('undo');
@@ -937,62 +1043,76 @@ describe('the history', () => {
       assert.equal(lists(await person.dump()), lists(states[at]), `step ${at}`);
       assert.equal(await person.difference(), '');
     }
-    assert.deepEqual(await page.evaluate(() => [host.element.canUndo, host.element.canRedo]), [false, true]);
+    assert.deepEqual(await page.evaluate(() => [host.element.canUndo, host.element.canRedo]), [
+      false,
+      true,
+    ]);
     for (let at = 1; at <= steps.length; ++at) {
       await person.press('redo');
       assert.equal(lists(await person.dump()), lists(states[at]), `step ${at}`);
     }
-    assert.deepEqual(await person.takeLog(), [...Array(4).fill({undone: true}), ...Array(4).fill({redone: true})]);
+    assert.deepEqual(await person.takeLog(), [
+      ...Array(4).fill({undone: true}),
+      ...Array(4).fill({redone: true}),
+    ]);
     assert.equal(await person.difference(), '');
   });
 
-  withPerson('is forgotten when the host writes, but for answers and steps', async (person, page) => {
-    const canUndo = () => page.evaluate(() => host.element.canUndo);
-    await person.tab(2);
-    await page.evaluate(() => {
-      host.answers.eventFunction = [{set: 'prpSelectDoPart', value: 'f()'}];
-    });
-    await person.click('cmdFunction(0)');
-    assert.equal(await canUndo(), true);
-    await page.evaluate(() => host.element.undo());
-    assert.equal((await controlsOf(person)).txtSelectDo.Text, '');
-    const [given, before] = await page.evaluate(() => {
-      const value = host.element.asStep(() => {
-        host.element.prpSelectDoPart = 'a';
-        host.element.prpSelectDoPart = 'b';
-        return 5;
-      });
-      return [value, host.element.dump().controls.txtSelectDo.Text];
-    });
-    assert.notEqual(before, '');
-    assert.ok(given === 5 || given === undefined);
-    assert.equal(await canUndo(), true);
-    await page.evaluate(() => host.element.undo());
-    assert.equal((await controlsOf(person)).txtSelectDo.Text, '', 'both writes are one step');
-    await page.evaluate(() => host.element.redo());
-    assert.equal((await controlsOf(person)).txtSelectDo.Text, before);
-    await page.evaluate(() => {
-      host.element.prpSelectDoPart = 'c';
-    });
-    assert.equal(await canUndo(), false);
-    await page.evaluate(() => {
-      host.element.undoEnabled = false;
-    });
-    await person.type('txtSelectDo', 'z');
-    assert.deepEqual(await page.evaluate(() => [host.element.undoEnabled, host.element.canUndo]), [false, false]);
-    assert.equal(
+  withPerson(
+    'is forgotten when the host writes, but for answers and steps',
+    async (person, page) => {
+      const canUndo = () => page.evaluate(() => host.element.canUndo);
+      await person.tab(2);
       await page.evaluate(() => {
-        host.element.undo();
-        return host.element.dump().controls.txtSelectDo.Text;
-      }),
-      'z',
-    );
-  });
+        host.answers.eventFunction = [{set: 'prpSelectDoPart', value: 'f()'}];
+      });
+      await person.click('cmdFunction(0)');
+      assert.equal(await canUndo(), true);
+      await page.evaluate(() => host.element.undo());
+      assert.equal((await controlsOf(person)).txtSelectDo.Text, '');
+      const [given, before] = await page.evaluate(() => {
+        const value = host.element.asStep(() => {
+          host.element.prpSelectDoPart = 'a';
+          host.element.prpSelectDoPart = 'b';
+          return 5;
+        });
+        return [value, host.element.dump().controls.txtSelectDo.Text];
+      });
+      assert.notEqual(before, '');
+      assert.ok(given === 5 || given === undefined);
+      assert.equal(await canUndo(), true);
+      await page.evaluate(() => host.element.undo());
+      assert.equal((await controlsOf(person)).txtSelectDo.Text, '', 'both writes are one step');
+      await page.evaluate(() => host.element.redo());
+      assert.equal((await controlsOf(person)).txtSelectDo.Text, before);
+      await page.evaluate(() => {
+        host.element.prpSelectDoPart = 'c';
+      });
+      assert.equal(await canUndo(), false);
+      await page.evaluate(() => {
+        host.element.undoEnabled = false;
+      });
+      await person.type('txtSelectDo', 'z');
+      assert.deepEqual(
+        await page.evaluate(() => [host.element.undoEnabled, host.element.canUndo]),
+        [false, false],
+      );
+      assert.equal(
+        await page.evaluate(() => {
+          host.element.undo();
+          return host.element.dump().controls.txtSelectDo.Text;
+        }),
+        'z',
+      );
+    },
+  );
 
   withPerson('tells when it can be used', async (person, page) => {
     await page.evaluate(() => {
       globalThis.told = [];
-      host.element.addEventListener('historychanged', ({detail}) => told.push([detail.canUndo, detail.canRedo]));
+      host.element.addEventListener('historychanged', ({detail}) =>
+        told.push([detail.canUndo, detail.canRedo]),
+      );
     });
     await person.tab(2);
     await person.type('txtSelectDo', 'a');
@@ -1020,7 +1140,9 @@ describe('the history', () => {
 
 describe('names of tables', () => {
   const shownRows = (page) =>
-    page.evaluate(() => [...host.on('lsttables').querySelectorAll('[role=option]')].map((row) => row.textContent));
+    page.evaluate(() =>
+      [...host.on('lsttables').querySelectorAll('[role=option]')].map((row) => row.textContent),
+    );
   withPerson('stand beside their rows and are found by the filter', async (person, page) => {
     await writeCatalogue(person);
     await page.evaluate(() => {

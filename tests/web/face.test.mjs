@@ -6,7 +6,8 @@ import {after, before, describe, test} from 'node:test';
 import {stopsOf} from './form.mjs';
 import {closePage, Stage} from './harness.mjs';
 
-const tablesOf = (count) => Array.from({length: count}, (_, row) => `T${String(row).padStart(7, '0')}0`).join(',');
+const tablesOf = (count) =>
+  Array.from({length: count}, (_, row) => `T${String(row).padStart(7, '0')}0`).join(',');
 
 let stage;
 before(async () => {
@@ -80,28 +81,35 @@ describe('the list of a combo box', () => {
   const open = async (person) => {
     await person.tab(1);
     await person.press('cboOper');
-    await person.waitFor('the list opens', async () => (await person.place('cboOper.list')).isOnTop);
+    await person.waitFor(
+      'the list opens',
+      async () => (await person.place('cboOper.list')).isOnTop,
+    );
   };
   const isThere = async (person) => (await person.place('cboOper.list')).isThere;
 
-  withPerson('goes when its box moves, and stays when something else scrolls', async (person, page) => {
-    await page.evaluate(() => {
-      const pane = document.body.appendChild(document.createElement('div'));
-      pane.id = 'pane';
-      pane.style.cssText = 'position: fixed; inset: auto 0 0 auto; inline-size: 50px; block-size: 40px; overflow: auto';
-      pane.append('a '.repeat(300));
-    });
-    await open(person);
-    await page.evaluate(() => {
-      document.getElementById('pane').scrollTop = 60;
-    });
-    await frames(person);
-    assert.equal(await isThere(person), true);
-    await page.evaluate(() => {
-      host.element.style.marginBlockStart = '30px';
-    });
-    await person.waitFor('the list goes', async () => !(await isThere(person)));
-  });
+  withPerson(
+    'goes when its box moves, and stays when something else scrolls',
+    async (person, page) => {
+      await page.evaluate(() => {
+        const pane = document.body.appendChild(document.createElement('div'));
+        pane.id = 'pane';
+        pane.style.cssText =
+          'position: fixed; inset: auto 0 0 auto; inline-size: 50px; block-size: 40px; overflow: auto';
+        pane.append('a '.repeat(300));
+      });
+      await open(person);
+      await page.evaluate(() => {
+        document.getElementById('pane').scrollTop = 60;
+      });
+      await frames(person);
+      assert.equal(await isThere(person), true);
+      await page.evaluate(() => {
+        host.element.style.marginBlockStart = '30px';
+      });
+      await person.waitFor('the list goes', async () => !(await isThere(person)));
+    },
+  );
 
   withPerson(
     'goes when the form itself scrolls',
@@ -128,7 +136,10 @@ describe('the list of a combo box', () => {
     });
     await open(person);
     const [box, list] = [await person.place('cboOper'), await person.place('cboOper.list')];
-    assert.ok(Math.abs(box.left - list.left) < 3 && Math.abs(box.bottom - list.top) < 3, JSON.stringify([box, list]));
+    assert.ok(
+      Math.abs(box.left - list.left) < 3 && Math.abs(box.bottom - list.top) < 3,
+      JSON.stringify([box, list]),
+    );
     assert.ok(Math.abs(box.right - list.right) < 3);
   });
 
@@ -136,22 +147,28 @@ describe('the list of a combo box', () => {
     await open(person);
     for (const key of ['ArrowDown', 'Enter']) await person.keyboard.press(key);
     await frames(person);
-    assert.equal(await page.evaluate(() => host.on('cboOper').getAttribute('aria-activedescendant')), null);
+    assert.equal(
+      await page.evaluate(() => host.on('cboOper').getAttribute('aria-activedescendant')),
+      null,
+    );
   });
 });
 
 describe('rows', () => {
-  withPerson('that are marked while their list is hidden are in sight later', async (person, page) => {
-    await person.tab(3);
-    await page.evaluate((tables) => {
-      host.element.PrpStrTables = tables;
-      host.element.PrpStrFields = 'char*Q*V*R*N*NT0000150.A*Q*V*R*N*x';
-      host.element.prpSelectFromPart = 'T0000150';
-    }, tablesOf(300));
-    await person.tab(0);
-    await frames(person);
-    assert.equal((await person.place('lsttables', '[data-row="150"]')).isOnTop, true);
-  });
+  withPerson(
+    'that are marked while their list is hidden are in sight later',
+    async (person, page) => {
+      await person.tab(3);
+      await page.evaluate((tables) => {
+        host.element.PrpStrTables = tables;
+        host.element.PrpStrFields = 'char*Q*V*R*N*NT0000150.A*Q*V*R*N*x';
+        host.element.prpSelectFromPart = 'T0000150';
+      }, tablesOf(300));
+      await person.tab(0);
+      await frames(person);
+      assert.equal((await person.place('lsttables', '[data-row="150"]')).isOnTop, true);
+    },
+  );
 
   withPerson('grow with their letters', async (person, page) => {
     await page.evaluate((tables) => {
@@ -161,9 +178,15 @@ describe('rows', () => {
     }, tablesOf(20));
     await frames(person);
     const rows = await page.evaluate(() =>
-      [...host.on('lsttables').querySelectorAll('[data-row]')].map((row) => [row.offsetHeight, row.firstChild.offsetHeight]),
+      [...host.on('lsttables').querySelectorAll('[data-row]')].map((row) => [
+        row.offsetHeight,
+        row.firstChild.offsetHeight,
+      ]),
     );
-    assert.ok(rows.length > 0 && rows.every(([row, letters]) => row >= letters), JSON.stringify(rows));
+    assert.ok(
+      rows.length > 0 && rows.every(([row, letters]) => row >= letters),
+      JSON.stringify(rows),
+    );
   });
 
   withPerson('read from left to right in a page from right to left', async (person, page) => {
@@ -193,7 +216,9 @@ describe('rows', () => {
     await person.click('optCase');
     for (let row = 0; row < 4; ++row) await person.click('cmdNext');
     const order = () =>
-      page.evaluate(() => [...host.on('fracase').querySelectorAll('input, textarea')].map(({id}) => id).join(' '));
+      page.evaluate(() =>
+        [...host.on('fracase').querySelectorAll('input, textarea')].map(({id}) => id).join(' '),
+      );
     const expected = [0, 1, 2, 3, 4].map((row) => `TxtExpr(${row}) txtStmt(${row})`).join(' ');
     assert.equal(await order(), expected);
     for (let step = 0; step < 4; ++step) await page.evaluate(() => host.element.undo());
@@ -238,18 +263,25 @@ describe('the focus', () => {
     assert.notEqual(await person.at(), last);
   });
 
-  withPerson('that another box takes ends a composition, which is not lost', async (person, page) => {
-    await person.tab(6);
-    await person.click('optIfThen');
-    await person.focus('txtCond');
-    const session = await page.context().newCDPSession(page);
-    await session.send('Input.imeSetComposition', {text: 'ni', selectionStart: 2, selectionEnd: 2});
-    await person.focus('txtStmt1');
-    await frames(person);
-    const {txtCond} = (await person.dump()).controls;
-    assert.equal(await page.evaluate(() => host.on('txtCond').value), txtCond.Text);
-    assert.equal(txtCond.Text, 'ni');
-  });
+  withPerson(
+    'that another box takes ends a composition, which is not lost',
+    async (person, page) => {
+      await person.tab(6);
+      await person.click('optIfThen');
+      await person.focus('txtCond');
+      const session = await page.context().newCDPSession(page);
+      await session.send('Input.imeSetComposition', {
+        text: 'ni',
+        selectionStart: 2,
+        selectionEnd: 2,
+      });
+      await person.focus('txtStmt1');
+      await frames(person);
+      const {txtCond} = (await person.dump()).controls;
+      assert.equal(await page.evaluate(() => host.on('txtCond').value), txtCond.Text);
+      assert.equal(txtCond.Text, 'ni');
+    },
+  );
 });
 
 describe('undo', () => {
@@ -263,12 +295,21 @@ describe('undo', () => {
     await person.keyboard.type('de');
     await person.focus('TxtOutput');
     await person.keyboard.press('Control+Z');
-    assert.deepEqual([await textOf(person, 'TxtOutput'), await textOf(person, 'txtSelectDo')], ['abc', '']);
+    assert.deepEqual(
+      [await textOf(person, 'TxtOutput'), await textOf(person, 'txtSelectDo')],
+      ['abc', ''],
+    );
     await person.keyboard.press('Control+Z');
-    assert.deepEqual([await textOf(person, 'TxtOutput'), await textOf(person, 'txtSelectDo')], ['', '']);
+    assert.deepEqual(
+      [await textOf(person, 'TxtOutput'), await textOf(person, 'txtSelectDo')],
+      ['', ''],
+    );
     await person.keyboard.press('Control+Y');
     await person.keyboard.press('Control+Y');
-    assert.deepEqual([await textOf(person, 'TxtOutput'), await textOf(person, 'txtSelectDo')], ['abc', 'de']);
+    assert.deepEqual(
+      [await textOf(person, 'TxtOutput'), await textOf(person, 'txtSelectDo')],
+      ['abc', 'de'],
+    );
     await person.takeLog();
   });
 
@@ -293,7 +334,11 @@ describe('texts', () => {
     await page.evaluate(() => {
       const data = new DataTransfer();
       data.setData('text/plain', 'c\r\nd\ne');
-      host.on('txtCond').dispatchEvent(new ClipboardEvent('paste', {clipboardData: data, bubbles: true, cancelable: true}));
+      host
+        .on('txtCond')
+        .dispatchEvent(
+          new ClipboardEvent('paste', {clipboardData: data, bubbles: true, cancelable: true}),
+        );
     });
     assert.equal((await person.dump()).controls.txtCond.Text, 'a\u2028bc\r\nd\r\ne');
   });

@@ -16,7 +16,9 @@ export const kForm = Object.fromEntries(
     .filter((line) => !line.startsWith('ZOLT20_ARRAY'))
     .map((line) => {
       const row =
-        /^ZOLT20_(CONTROL|ELEMENT)\((\w+), (\w+), (?:(\d+), )?(\w+), (\w+), u"((?:[^"\\]|\\.)*)", ([\w |]+), (.*)\)$/.exec(line);
+        /^ZOLT20_(CONTROL|ELEMENT)\((\w+), (\w+), (?:(\d+), )?(\w+), (\w+), u"((?:[^"\\]|\\.)*)", ([\w |]+), (.*)\)$/.exec(
+          line,
+        );
       if (row === null) throw new Error(`form.def has a row of another shape: ${line}`);
       const [, list, kind, name, index, page, frame, caption, styles] = row;
       return [
@@ -68,6 +70,12 @@ for (const line of linesOf('shell/contract.def')) {
     kMembers.push({name, type, argument, canSet: false, canGet: false, isMethod: true});
   } else {
     const [type, name] = rest;
-    kMembers.push({name, type, canSet: list.startsWith('LET'), canGet: list.endsWith('GET'), isMethod: false});
+    kMembers.push({
+      name,
+      type,
+      canSet: list.startsWith('LET'),
+      canGet: list.endsWith('GET'),
+      isMethod: false,
+    });
   }
 }

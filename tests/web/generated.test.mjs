@@ -39,19 +39,31 @@ function gestureOn(name, control, any) {
     case 'TextBox':
     case 'SyntaxTextBox': {
       if (any(3) === 0) return {user: 'focus', control: name};
-      if (name === 'txtAsSet' && any(2) === 0) return {user: 'key', control: name, code: kKeys[any(kKeys.length)]};
+      if (name === 'txtAsSet' && any(2) === 0)
+        return {user: 'key', control: name, code: kKeys[any(kKeys.length)]};
       const value = kValues[any(kValues.length)];
-      return {user: 'type', control: name, text: styles.includes('kMultiLine') ? `${value}\r\n${value}` : value};
+      return {
+        user: 'type',
+        control: name,
+        text: styles.includes('kMultiLine') ? `${value}\r\n${value}` : value,
+      };
     }
     case 'ListBox': {
       const {length} = control.List;
       if (length === 0) return undefined;
       const isSingle = !styles.includes('kMultiSelect') && !styles.includes('kCheckBoxes');
-      return {user: isSingle && any(4) === 0 ? 'dblclick' : 'click', control: name, row: any(length)};
+      return {
+        user: isSingle && any(4) === 0 ? 'dblclick' : 'click',
+        control: name,
+        row: any(length),
+      };
     }
     case 'ComboBox':
-      if (styles.includes('kEditable') && any(2) === 0) return {user: 'type', control: name, text: kValues[any(kValues.length)]};
-      return control.List.length === 0 ? undefined : {user: 'pick', control: name, row: any(control.List.length)};
+      if (styles.includes('kEditable') && any(2) === 0)
+        return {user: 'type', control: name, text: kValues[any(kValues.length)]};
+      return control.List.length === 0
+        ? undefined
+        : {user: 'pick', control: name, row: any(control.List.length)};
     case 'ScrollBar': {
       // One step, as a person's way to a value goes through those between.
       const value = control.Value + (any(2) === 0 ? 1 : -1);
@@ -62,13 +74,21 @@ function gestureOn(name, control, any) {
   }
 }
 
-const kFields = ['NTABLE__1.A', 'YTABLE__1.B', 'NTABLE__2.C', 'NTABLE__2.D'].map((name) => `char*Q*V*R*N*${name}*Q*V*R*N*text`);
+const kFields = ['NTABLE__1.A', 'YTABLE__1.B', 'NTABLE__2.C', 'NTABLE__2.D'].map(
+  (name) => `char*Q*V*R*N*${name}*Q*V*R*N*text`,
+);
 const kHostLines = [
   {set: 'PrpStrTables', value: 'TABLE__11,TABLE__21'},
   {set: 'PrpStrFields', value: kFields.join(',')},
-  {answer: 'eventSubQuery', with: [{set: 'prpStroutput', value: 'select A~\u0001from  B~endselect'}]},
+  {
+    answer: 'eventSubQuery',
+    with: [{set: 'prpStroutput', value: 'select A~\u0001from  B~endselect'}],
+  },
   {answer: 'eventFunction', with: [{set: 'prpSelectDoPart', value: '*zlt*f(`^`x`^`)'}]},
-  {answer: 'eventCondition', with: [{set: 'prpSelectErrorPart', value: 'if a then ~\u0001b~endif'}]},
+  {
+    answer: 'eventCondition',
+    with: [{set: 'prpSelectErrorPart', value: 'if a then ~\u0001b~endif'}],
+  },
 ];
 
 describe('the element goes the way of a person who clicks around', () => {
@@ -90,7 +110,9 @@ describe('the element goes the way of a person who clicks around', () => {
         for (const line of kHostLines) await replay.play(JSON.stringify(line));
         while (step < kSteps) {
           const {controls} = replay.dump;
-          const names = Object.keys(controls).filter((name) => controls[name].Enabled && isShown(replay.dump, name));
+          const names = Object.keys(controls).filter(
+            (name) => controls[name].Enabled && isShown(replay.dump, name),
+          );
           // The bar of the case rows comes with the fourth row only, which takes some luck.
           const wanted = any(4) === 0 ? names.filter((name) => kRare.includes(name)) : names;
           if (wanted.length === 0) continue;
@@ -100,7 +122,8 @@ describe('the element goes the way of a person who clicks around', () => {
           ++step;
           seen.kinds.add(`${gesture.user} ${designOf(name).kind}`);
           // A double click of a person is a click before it.
-          const clicks = gesture.user === 'dblclick' ? [JSON.stringify({...gesture, user: 'click'})] : [];
+          const clicks =
+            gesture.user === 'dblclick' ? [JSON.stringify({...gesture, user: 'click'})] : [];
           await replay.play(JSON.stringify(gesture), clicks);
         }
       } catch (error) {
@@ -135,6 +158,9 @@ describe('the element goes the way of a person who clicks around', () => {
       kAll.filter((kind) => !seen.kinds.has(kind)),
       [],
     );
-    assert.ok(seen.messages > 0 && seen.failures > 0, JSON.stringify([seen.messages, seen.failures]));
+    assert.ok(
+      seen.messages > 0 && seen.failures > 0,
+      JSON.stringify([seen.messages, seen.failures]),
+    );
   });
 });

@@ -30,9 +30,14 @@ const selectAll = 'Control+A';
 /// Chromium and a server of the test pages, the package at /package/ and further folders.
 export class Stage {
   static async open(mounts = {}) {
-    const server = await serve({root: {'/package/': kPackage, '/': path.join(kTests, 'pages'), ...mounts}});
+    const server = await serve({
+      root: {'/package/': kPackage, '/': path.join(kTests, 'pages'), ...mounts},
+    });
     try {
-      return new Stage(server, await chromium.launch({executablePath: kChromium, args: kArguments}));
+      return new Stage(
+        server,
+        await chromium.launch({executablePath: kChromium, args: kArguments}),
+      );
     } catch (error) {
       await server.close();
       throw error;
@@ -54,13 +59,16 @@ export class Stage {
     const page = await context.newPage();
     page.complaints = [];
     page.on('console', (message) => {
-      if (['error', 'warning'].includes(message.type())) page.complaints.push(`console: ${message.text()}`);
+      if (['error', 'warning'].includes(message.type()))
+        page.complaints.push(`console: ${message.text()}`);
     });
     page.on('pageerror', (error) => page.complaints.push(`error: ${error.message}`));
     await page.addInitScript(() => {
       globalThis.violations = [];
       document.addEventListener('securitypolicyviolation', (event) =>
-        globalThis.violations.push(`${event.violatedDirective} ${event.blockedURI} ${event.sample}`),
+        globalThis.violations.push(
+          `${event.violatedDirective} ${event.blockedURI} ${event.sample}`,
+        ),
       );
     });
     await page.goto(address.includes(':') ? address : `${this.address}/${address}`);
@@ -169,7 +177,10 @@ export class Person {
   /// Turns the wheel until it is in the window, and in sight of what it is scrolled in.
   async bringIntoWindow(id, selector = '') {
     for (let turns = 0; turns < 6; ++turns) {
-      const next = await this.page.evaluate(([name, within]) => host.wayIntoSight(name, within), [id, selector]);
+      const next = await this.page.evaluate(
+        ([name, within]) => host.wayIntoSight(name, within),
+        [id, selector],
+      );
       if (next === null) return;
       await this.mouse.move(next.x, next.y);
       await this.wheel(next.way);
@@ -193,7 +204,10 @@ export class Person {
     await this.bringIntoWindow(list);
     let place;
     await this.waitFor(`${list} shows row ${row}`, async () => {
-      const way = await this.page.evaluate(([name, number]) => host.wayToRow(name, number), [list, row]);
+      const way = await this.page.evaluate(
+        ([name, number]) => host.wayToRow(name, number),
+        [list, row],
+      );
       if (way !== null && way !== 0) {
         const box = await this.place(list);
         await this.mouse.move(box.x, box.y);
@@ -218,9 +232,15 @@ export class Person {
   async pick(combo, row) {
     const isEditable = designOf(combo).styles.includes('kEditable');
     await this.press(isEditable ? `${combo}.open` : combo);
-    await this.waitFor(`${combo} opens its list`, async () => (await this.place(`${combo}.list`)).isOnTop);
+    await this.waitFor(
+      `${combo} opens its list`,
+      async () => (await this.place(`${combo}.list`)).isOnTop,
+    );
     await this.clickRow(`${combo}.list`, row);
-    await this.waitFor(`${combo} closes its list`, async () => !(await this.place(`${combo}.list`)).isThere);
+    await this.waitFor(
+      `${combo} closes its list`,
+      async () => !(await this.place(`${combo}.list`)).isThere,
+    );
   }
   /// Goes to a control by the mouse; on a button, away from it before the release, so that it is not clicked.
   async focus(control) {
@@ -270,7 +290,10 @@ export class Person {
       assert.ok(text.includes(message) && text.includes(title), `the message shows ${text}`);
       await this.press('', `${kBox} button`);
     }
-    await this.waitFor('no message shows', async () => !(await this.place('', 'dialog[open]')).isThere);
+    await this.waitFor(
+      'no message shows',
+      async () => !(await this.place('', 'dialog[open]')).isThere,
+    );
   }
   async waitFor(what, condition) {
     const end = Date.now() + kPatience;

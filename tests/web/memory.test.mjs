@@ -23,10 +23,15 @@ describe('elements that are removed', () => {
     const {page} = person;
     await page.evaluate((at) => {
       makeNew('{"new":{}}');
-      const tables = Array.from({length: 50}, (_, table) => `TABLE${String(table).padStart(3, '0')}0`);
+      const tables = Array.from(
+        {length: 50},
+        (_, table) => `TABLE${String(table).padStart(3, '0')}0`,
+      );
       Object.assign(host.element, {
         PrpStrTables: tables.join(','),
-        PrpStrFields: tables.map((table) => `char*Q*V*R*N*N${table.slice(0, 8)}.FIELD${at}*Q*V*R*N*text`).join(','),
+        PrpStrFields: tables
+          .map((table) => `char*Q*V*R*N*N${table.slice(0, 8)}.FIELD${at}*Q*V*R*N*text`)
+          .join(','),
         tableNames: {TABLE000: 'first'},
         Syntax_Highlight: true,
         prpSelectDoPart: 'if a then ~\u0001b~endif',
@@ -56,7 +61,9 @@ describe('elements that are removed', () => {
     }
     const {metrics} = await session.send('Performance.getMetrics');
     const metric = (name) => metrics.find((one) => one.name === name).value;
-    const {elements, memoryBytes} = await page.evaluate(() => zolt20.ZOLT20MapControlElement.statistics());
+    const {elements, memoryBytes} = await page.evaluate(() =>
+      zolt20.ZOLT20MapControlElement.statistics(),
+    );
     return {
       elements,
       memoryBytes,
@@ -86,7 +93,10 @@ describe('elements that are removed', () => {
     const {heap: heapBehind, ...behind} = late;
     assert.equal(before.elements, 1, 'the controls that live with one element in the page');
     assert.deepEqual(behind, before);
-    assert.ok(heapBehind - heapBefore < kHeapTolerance, `the heap grew by ${heapBehind - heapBefore} bytes`);
+    assert.ok(
+      heapBehind - heapBefore < kHeapTolerance,
+      `the heap grew by ${heapBehind - heapBefore} bytes`,
+    );
     await closePage(person.page);
   });
 
@@ -96,12 +106,20 @@ describe('elements that are removed', () => {
     await session.send('Performance.enable');
     const one = await measure(person, session);
     await person.page.evaluate((count) => {
-      globalThis.kept = Array.from({length: count}, () => document.createElement('zolt20-map-control'));
+      globalThis.kept = Array.from({length: count}, () =>
+        document.createElement('zolt20-map-control'),
+      );
     }, kHalf);
     const many = await measure(person, session);
     assert.equal(many.elements, one.elements + kHalf);
-    assert.ok(many.nodes > one.nodes + kHalf * 200 && many.listeners > one.listeners, JSON.stringify([one, many]));
-    assert.ok(many.heap - one.heap > kHeapTolerance, 'the tolerance is more than half of the elements take');
+    assert.ok(
+      many.nodes > one.nodes + kHalf * 200 && many.listeners > one.listeners,
+      JSON.stringify([one, many]),
+    );
+    assert.ok(
+      many.heap - one.heap > kHeapTolerance,
+      'the tolerance is more than half of the elements take',
+    );
     await person.page.evaluate(() => {
       globalThis.kept = undefined;
     });

@@ -11,7 +11,15 @@ const kEverywhere = {
   redo: ['button', 'Redo'],
 };
 
-export const kTabs = ['Select List', 'Where', 'SelectDo', 'SelectEOS', 'SelectEmpty', 'SelectError', 'Condition'];
+export const kTabs = [
+  'Select List',
+  'Where',
+  'SelectDo',
+  'SelectEOS',
+  'SelectEmpty',
+  'SelectError',
+  'Condition',
+];
 
 const blockPage = (index, page, box, button) => ({
   [box]: ['textbox', `${page} statements`],
@@ -111,4 +119,8 @@ export const kPanels = {
 };
 
 /// All that is to be found on a page.
-export const namesOn = (page, panel = '') => ({...kEverywhere, ...kPages[page], ...(page === 6 ? kPanels[panel] : {})});
+export const namesOn = (page, panel = '') => ({
+  ...kEverywhere,
+  ...kPages[page],
+  ...(page === 6 ? kPanels[panel] : {}),
+});

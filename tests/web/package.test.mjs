@@ -44,22 +44,39 @@ describe('the package', () => {
 
   test('has all that its list names, and loads nothing else', () => {
     const list = jsonOf('package.json');
-    const exported = Object.values(list.exports).flatMap((entry) => (typeof entry === 'string' ? [entry] : Object.values(entry)));
-    const named = [...exported, list.main, list.module, list.types, list.customElements, ...list.files];
+    const exported = Object.values(list.exports).flatMap((entry) =>
+      typeof entry === 'string' ? [entry] : Object.values(entry),
+    );
+    const named = [
+      ...exported,
+      list.main,
+      list.module,
+      list.types,
+      list.customElements,
+      ...list.files,
+    ];
     assert.ok(named.length > 10);
     for (const file of named) assert.ok(existsSync(inPackage(file)), `${file} is not there`);
     assert.equal(list.name, 'zolt20-map-control');
     assert.equal(list.type, 'module');
     assert.equal(list.dependencies, undefined);
     for (const file of ['zolt20-map-control.js', 'zolt20-map-control.classic.js']) {
-      assert.doesNotMatch(textOf(file), /https?:\/\/(?!www\.w3\.org\/)/, `${file} names an address`);
+      assert.doesNotMatch(
+        textOf(file),
+        /https?:\/\/(?!www\.w3\.org\/)/,
+        `${file} names an address`,
+      );
       assert.doesNotMatch(textOf(file), /\beval\(|new Function\(/, `${file} makes code of texts`);
     }
   });
 
   test('can be imported where there is no page', () => {
     const script = `import('${inPackage('zolt20-map-control.js')}').then((all) => console.log(Object.keys(all).sort().join()))`;
-    const {stdout, stderr, status} = spawnSync(process.execPath, ['--input-type=module', '-e', script], {encoding: 'utf8'});
+    const {stdout, stderr, status} = spawnSync(
+      process.execPath,
+      ['--input-type=module', '-e', script],
+      {encoding: 'utf8'},
+    );
     assert.equal(status, 0, stderr);
     assert.equal(stdout.trim(), 'ZOLT20Error,ZOLT20MapControlElement');
   });
@@ -98,12 +115,19 @@ describe('custom-elements.json', () => {
     for (const {name, type, canSet, isMethod, argument} of kMembers) {
       const member = declaration.members.find((one) => one.name === name);
       const expected = isMethod
-        ? {kind: 'method', parameters: argument === undefined ? [] : [`${argument}: ${kTypes[type]}`]}
+        ? {
+            kind: 'method',
+            parameters: argument === undefined ? [] : [`${argument}: ${kTypes[type]}`],
+          }
         : {kind: 'field', readonly: !canSet, type: kTypes[type]};
       const said = isMethod
-        ? {kind: member.kind, parameters: (member.parameters ?? []).map((one) => `${one.name}: ${one.type?.text}`)}
+        ? {
+            kind: member.kind,
+            parameters: (member.parameters ?? []).map((one) => `${one.name}: ${one.type?.text}`),
+          }
         : {kind: member.kind, readonly: member.readonly ?? false, type: member.type?.text};
-      if (JSON.stringify(said) !== JSON.stringify(expected)) wrong.push(`${name}: ${JSON.stringify(said)}`);
+      if (JSON.stringify(said) !== JSON.stringify(expected))
+        wrong.push(`${name}: ${JSON.stringify(said)}`);
     }
     assert.deepEqual(wrong, []);
   });
@@ -132,9 +156,13 @@ describe('custom-elements.json', () => {
 describe('the scripts of the element', () => {
   test('have no error of types', () => {
     const project = path.join(kRoot, 'faces/web');
-    const {stdout, status} = spawnSync(process.execPath, [require.resolve('typescript/bin/tsc'), '-p', project], {
-      encoding: 'utf8',
-    });
+    const {stdout, status} = spawnSync(
+      process.execPath,
+      [require.resolve('typescript/bin/tsc'), '-p', project],
+      {
+        encoding: 'utf8',
+      },
+    );
     assert.equal(stdout, '');
     assert.equal(status, 0);
   });
@@ -157,10 +185,17 @@ describe('the types', () => {
         skipLibCheck: false,
         paths: {'zolt20-map-control': [inPackage('zolt20-map-control.d.ts')]},
       };
-      writeFileSync(path.join(folder, 'tsconfig.json'), JSON.stringify({compilerOptions: options, files: ['host.ts']}));
-      const {stdout, status} = spawnSync(process.execPath, [require.resolve('typescript/bin/tsc'), '-p', folder], {
-        encoding: 'utf8',
-      });
+      writeFileSync(
+        path.join(folder, 'tsconfig.json'),
+        JSON.stringify({compilerOptions: options, files: ['host.ts']}),
+      );
+      const {stdout, status} = spawnSync(
+        process.execPath,
+        [require.resolve('typescript/bin/tsc'), '-p', folder],
+        {
+          encoding: 'utf8',
+        },
+      );
       return {stdout, status};
     } finally {
       rmSync(folder, {recursive: true});
@@ -179,7 +214,9 @@ describe('the types', () => {
     assert.ok(count > 15);
     const {stdout, status} = compile(host.replaceAll('@ts-expect-error', ''));
     assert.notEqual(status, 0);
-    const refused = stdout.split('\n').filter((line) => / error TS\d+:/.test(line) && !line.startsWith(' '));
+    const refused = stdout
+      .split('\n')
+      .filter((line) => / error TS\d+:/.test(line) && !line.startsWith(' '));
     assert.equal(refused.length, count, stdout);
   });
 });

@@ -22,9 +22,27 @@ const kConditionPage = 6;
 // The pages with a block: the number of their buttons, and what stands on them.
 const kBlocks = [
   {number: 0, name: 'SelectDo', keyword: 'selectdo', box: 'txtSelectDo', add: 'cmdAddSelectDoQuer'},
-  {number: 1, name: 'SelectEOS', keyword: 'selecteos', box: 'txtSelectEOS', add: 'cmdAddSEOStoquery'},
-  {number: 2, name: 'SelectEmpty', keyword: 'selectempty', box: 'txtselectempty', add: 'cmdSelectmpty'},
-  {number: 3, name: 'SelectError', keyword: 'selecterror', box: 'txtSelectError', add: 'cmdAddtoSERROR'},
+  {
+    number: 1,
+    name: 'SelectEOS',
+    keyword: 'selecteos',
+    box: 'txtSelectEOS',
+    add: 'cmdAddSEOStoquery',
+  },
+  {
+    number: 2,
+    name: 'SelectEmpty',
+    keyword: 'selectempty',
+    box: 'txtselectempty',
+    add: 'cmdSelectmpty',
+  },
+  {
+    number: 3,
+    name: 'SelectError',
+    keyword: 'selecterror',
+    box: 'txtSelectError',
+    add: 'cmdAddtoSERROR',
+  },
 ];
 
 const kRule = [
@@ -71,7 +89,11 @@ const kSmall = `{
 }`;
 const kSmallAndOneFunction = kSmall.replace(/,\s*\{"name": "substr".*\}/, '');
 
-const jsonFile = (name, content) => ({name, mimeType: 'application/json', buffer: Buffer.from(content)});
+const jsonFile = (name, content) => ({
+  name,
+  mimeType: 'application/json',
+  buffer: Buffer.from(content),
+});
 
 /// A person at the page, whose verbs go to the control that is in front.
 class Visitor extends Person {
@@ -91,7 +113,10 @@ class Visitor extends Person {
   }
   /// The dialog with this title that opens, or has opened, in front of so many others.
   dialog(title, depth = 0) {
-    return this.page.locator('body > dialog').nth(depth).and(this.page.getByRole('dialog', {name: title, exact: true}));
+    return this.page
+      .locator('body > dialog')
+      .nth(depth)
+      .and(this.page.getByRole('dialog', {name: title, exact: true}));
   }
   button(name) {
     return this.page.getByRole('button', {name, exact: true});
@@ -176,7 +201,9 @@ class Visitor extends Person {
     return this.page.locator('#catalogue-name').textContent();
   }
   tables() {
-    return this.page.evaluate(() => document.querySelector('zolt20-map-control').dump().controls.lsttables.List);
+    return this.page.evaluate(
+      () => document.querySelector('zolt20-map-control').dump().controls.lsttables.List,
+    );
   }
   leave() {
     return closePage(this.page);
@@ -206,8 +233,13 @@ describe('the page of examples/web', () => {
     assert.equal(await visitor.catalogueName(), sample.name);
     const size = await visitor.page.locator('#catalogue-size').textContent();
     assert.equal(size, '9 tables, 92 fields, 5 functions of catalogue.json');
-    assert.deepEqual(await visitor.tables(), sample.tables.map(({code}) => code));
-    const [, written] = (await readFile(path.join(kRoot, 'examples/sessions/plain-report.jsonl'), 'utf8'))
+    assert.deepEqual(
+      await visitor.tables(),
+      sample.tables.map(({code}) => code),
+    );
+    const [, written] = (
+      await readFile(path.join(kRoot, 'examples/sessions/plain-report.jsonl'), 'utf8')
+    )
       .split('\n')
       .filter((line) => line.startsWith('{'))
       .map((line) => JSON.parse(line).value);
@@ -247,7 +279,12 @@ describe('the page of examples/web', () => {
     for (const file of files) await writeFile(file, kSmall);
     const session = await visitor.page.context().newCDPSession(visitor.page);
     const drag = (type, dropped) =>
-      session.send('Input.dispatchDragEvent', {type, x: 400, y: 400, data: {items: [], files: dropped, dragOperationsMask: 1}});
+      session.send('Input.dispatchDragEvent', {
+        type,
+        x: 400,
+        y: 400,
+        data: {items: [], files: dropped, dragOperationsMask: 1},
+      });
 
     for (const type of ['dragEnter', 'dragOver', 'drop']) await drag(type, [folder]);
     await visitor.page.getByRole('alert').getByText("can't be opened").waitFor();
@@ -262,7 +299,10 @@ describe('the page of examples/web', () => {
     for (const type of ['dragEnter', 'dragOver', 'drop']) await drag(type, files.slice(0, 1));
     await visitor.page.getByText('2 tables, 3 fields, 2 functions of one.json').waitFor();
     assert.ok(!(await visitor.page.locator('#drop').isVisible()));
-    assert.ok(!(await visitor.page.getByRole('alert').isVisible()), 'the complaint of before is gone');
+    assert.ok(
+      !(await visitor.page.getByRole('alert').isVisible()),
+      'the complaint of before is gone',
+    );
     await rm(folder, {recursive: true});
     await visitor.leave();
   });
@@ -277,34 +317,80 @@ describe('the page of examples/web', () => {
     ['ORDRLINE', 'ORDR,INE', 'table ORDR,INE has a "code" that holds a comma'],
     ['ORDRLINE', 'CUSTOMER', 'table CUSTOMER stands twice'],
     ['"indexes": 2', '"indexes": -1', 'table CUSTOMER has -1 indexes, and 0 to 32767 are possible'],
-    ['"indexes": 2', '"indexes": 32768', 'table CUSTOMER has 32768 indexes, and 0 to 32767 are possible'],
+    [
+      '"indexes": 2',
+      '"indexes": 32768',
+      'table CUSTOMER has 32768 indexes, and 0 to 32767 are possible',
+    ],
     ['"indexes": 2', '"indexes": 2.5', 'table CUSTOMER has "indexes" that are no whole number'],
-    ['"indexes": 0, "fields": [', '"indexes": 0, "fields": 3, "rest": [', 'table ORDRLINE has "fields" that are no array'],
+    [
+      '"indexes": 0, "fields": [',
+      '"indexes": 0, "fields": 3, "rest": [',
+      'table ORDRLINE has "fields" that are no array',
+    ],
     ['"name": "C_SINCE", ', '', 'table CUSTOMER, field number 2, has no "name"'],
     ['C_SINCE', '', 'table CUSTOMER, field number 2, has an empty "name"'],
     ['C_SINCE', 'C_ID', 'field CUSTOMER.C_ID stands twice'],
-    ['C_SINCE', 'C*Q*V*R*N', 'field CUSTOMER.C*Q*V*R*N has a "name" that holds the separator *Q*V*R*N* or runs into it'],
+    [
+      'C_SINCE',
+      'C*Q*V*R*N',
+      'field CUSTOMER.C*Q*V*R*N has a "name" that holds the separator *Q*V*R*N* or runs into it',
+    ],
     ['"type": "date", ', '', 'field CUSTOMER.C_SINCE has no "type"'],
-    ['"flagged": true', '"flagged": "Y"', 'field CUSTOMER.C_SINCE has a "flagged" that is neither true nor false'],
+    [
+      '"flagged": true',
+      '"flagged": "Y"',
+      'field CUSTOMER.C_SINCE has a "flagged" that is neither true nor false',
+    ],
     ['numeric(5)', 'numeric(5,2)', 'field CUSTOMER.C_ID has a "text" that holds a comma'],
     ['substr', 'today', 'function today stands twice'],
     ['"start"', '2', 'function substr has an argument that is no string'],
-    ['"C_SINCE",', '"C_SINCE"', 'the catalogue is no JSON: line 6, column 26 has "\\"" where a comma or "}" should be'],
-    ['"Small"', '"Sm\\all"', 'the catalogue is no JSON: line 2, column 14 has "\\\\" where an escape that JSON knows should be'],
-    ['\n  ]\n}', '', 'the catalogue is no JSON: it ends in line 14, column 65, where a comma or "]" should follow'],
+    [
+      '"C_SINCE",',
+      '"C_SINCE"',
+      'the catalogue is no JSON: line 6, column 26 has "\\"" where a comma or "}" should be',
+    ],
+    [
+      '"Small"',
+      '"Sm\\all"',
+      'the catalogue is no JSON: line 2, column 14 has "\\\\" where an escape that JSON knows should be',
+    ],
+    [
+      '\n  ]\n}',
+      '',
+      'the catalogue is no JSON: it ends in line 14, column 65, where a comma or "]" should follow',
+    ],
     [kSmall, '[]', 'the catalogue is no object'],
-    [kSmall, '', 'the catalogue is no JSON: it ends in line 1, column 1, where a value should follow'],
+    [
+      kSmall,
+      '',
+      'the catalogue is no JSON: it ends in line 1, column 1, where a value should follow',
+    ],
   ];
   test('says what is wrong in a file and where, and keeps the catalogue before', async () => {
     const visitor = await come();
     for (const [part, by, complaint] of kMistakes) {
       assert.ok(kSmall.includes(part), part);
-      await visitor.openFile(jsonFile('bad.json', kSmall.replace(part, () => by)));
-      await visitor.page.getByRole('alert').getByText(`bad.json can't be opened: ${complaint}.`, {exact: true}).waitFor();
+      await visitor.openFile(
+        jsonFile(
+          'bad.json',
+          kSmall.replace(part, () => by),
+        ),
+      );
+      await visitor.page
+        .getByRole('alert')
+        .getByText(`bad.json can't be opened: ${complaint}.`, {exact: true})
+        .waitFor();
       assert.equal(await visitor.catalogueName(), 'Order entry');
     }
-    await visitor.openFile({name: 'bytes.json', mimeType: '', buffer: Buffer.from('"\xff"', 'latin1')});
-    await visitor.page.getByText("bytes.json can't be opened: the catalogue is no text in UTF-8.").waitFor();
+    await visitor.openFile({
+      name: 'bytes.json',
+      mimeType: '',
+      buffer: Buffer.from('"\xff"', 'latin1'),
+    });
+    await visitor.page
+      .getByText("bytes.json can't be opened: the catalogue is no text in UTF-8.")
+      .waitFor();
     assert.equal((await visitor.tables()).length, 9);
     await visitor.button('Close the message').click();
     assert.ok(!(await visitor.page.getByRole('alert').isVisible()));
@@ -354,10 +440,21 @@ describe('the page of examples/web', () => {
     assert.equal(await visitor.result(), text(kRule));
     await visitor.click('cmdDone');
     assert.equal(await visitor.statement(), kRule.join('\n'));
-    assert.equal(await visitor.page.locator('#records').textContent(), 'long*Q*V*R*N*NCUSTOMER.C_ID*Q*V*R*N*numeric(5)');
-    assert.deepEqual(await visitor.page.locator('.fields td').allTextContents(), ['CUSTOMER.C_ID', 'long', 'no', 'numeric(5)']);
+    assert.equal(
+      await visitor.page.locator('#records').textContent(),
+      'long*Q*V*R*N*NCUSTOMER.C_ID*Q*V*R*N*numeric(5)',
+    );
+    assert.deepEqual(await visitor.page.locator('.fields td').allTextContents(), [
+      'CUSTOMER.C_ID',
+      'long',
+      'no',
+      'numeric(5)',
+    ]);
     assert.equal(await visitor.status(), 'The statement is done: 9 lines, 1 selected field.');
-    assert.equal(await visitor.page.evaluate(() => document.activeElement.textContent), 'Statement');
+    assert.equal(
+      await visitor.page.evaluate(() => document.activeElement.textContent),
+      'Statement',
+    );
     const {y, height} = await visitor.page.locator('section.result').boundingBox();
     assert.ok(y >= 0 && y + height <= visitor.page.viewportSize().height, 'all of it is in sight');
     await visitor.leave();
@@ -420,17 +517,24 @@ describe('the page of examples/web', () => {
     test(`${block.name}: a text comes exactly into an empty box and behind another text, as a step`, async () => {
       const visitor = await come();
       const compose = () =>
-        visitor.request(`cmdCondition(${block.number})`, `Condition for ${block.name}`, async () => {
-          await visitor.composeLoops();
-          await visitor.click('cmdDone');
-        });
+        visitor.request(
+          `cmdCondition(${block.number})`,
+          `Condition for ${block.name}`,
+          async () => {
+            await visitor.composeLoops();
+            await visitor.click('cmdDone');
+          },
+        );
       await visitor.tab(block.number + kSelectDoPage);
       await compose();
       assert.equal(await visitor.text(block.box), text(kLoops));
       await visitor.type(block.box, 'x = 0');
       await compose();
       assert.equal(await visitor.text(block.box), text(['x = 0', ...indented(kLoops)]));
-      assert.equal(await visitor.page.evaluate(() => document.activeElement.localName), 'zolt20-map-control');
+      assert.equal(
+        await visitor.page.evaluate(() => document.activeElement.localName),
+        'zolt20-map-control',
+      );
 
       await visitor.click('undo');
       assert.equal(await visitor.text(block.box), 'x = 0');
@@ -455,15 +559,25 @@ describe('the page of examples/web', () => {
       });
     const kLine = 'a = "*zlt*" + `^b + "\u20ac"';
     await compose(kLine);
-    assert.equal(await visitor.text('txtSelectDo'), text(['while :var.a < 2', `\t${kLine}`, 'endwhile']));
+    assert.equal(
+      await visitor.text('txtSelectDo'),
+      text(['while :var.a < 2', `\t${kLine}`, 'endwhile']),
+    );
 
     await compose('b = ~1', async () => {
       await visitor.decide('it holds "~", which has a meaning of its own on the way', 'OK');
-      assert.equal(await visitor.result(), text(['while :var.a < 2', '\tb = ~1', 'endwhile']), 'nothing is lost');
+      assert.equal(
+        await visitor.result(),
+        text(['while :var.a < 2', '\tb = ~1', 'endwhile']),
+        'nothing is lost',
+      );
       await visitor.click('cmdCancel');
       await visitor.decide('Leave without what was composed?', 'Discard');
     });
-    assert.equal(await visitor.text('txtSelectDo'), text(['while :var.a < 2', `\t${kLine}`, 'endwhile']));
+    assert.equal(
+      await visitor.text('txtSelectDo'),
+      text(['while :var.a < 2', `\t${kLine}`, 'endwhile']),
+    );
     await visitor.leave();
   });
 
@@ -471,8 +585,8 @@ describe('the page of examples/web', () => {
     const visitor = await come();
     const encoded = await visitor.page.evaluate(async () => {
       const {encode, encodeBlock} = await import('/texts.js');
-      return [encode, (text) => encodeBlock(text, true), (text) => encodeBlock(text, false)].map((each) =>
-        each('a\r\n\tb "c"\r\n\t\td\n*zlt*'),
+      return [encode, (text) => encodeBlock(text, true), (text) => encodeBlock(text, false)].map(
+        (each) => each('a\r\n\tb "c"\r\n\t\td\n*zlt*'),
       );
     });
     assert.deepEqual(encoded, [
@@ -497,10 +611,17 @@ describe('the page of examples/web', () => {
       await visitor.addSelect(kOrders);
       for (let presses = 0; presses < 6; ++presses) await visitor.page.keyboard.press('Escape');
       assert.ok(await dialog.isVisible());
-      assert.equal(await visitor.page.getByRole('alertdialog').count(), 0, 'the question is asked and answered three times');
+      assert.equal(
+        await visitor.page.getByRole('alertdialog').count(),
+        0,
+        'the question is asked and answered three times',
+      );
       await visitor.click('cmdCancel');
       await visitor.decide('Leave without what was composed?', 'Keep');
-      assert.equal(await visitor.result(), text(['select ORDERS__.O_ID', 'from  ORDERS__', 'endselect']));
+      assert.equal(
+        await visitor.result(),
+        text(['select ORDERS__.O_ID', 'from  ORDERS__', 'endselect']),
+      );
       await visitor.page.keyboard.press('Escape');
       await visitor.decide('Leave without what was composed?', 'Discard');
     });
@@ -525,9 +646,15 @@ describe('the page of examples/web', () => {
       await visitor.click('cmdMoveOne');
       const message = (await visitor.takeLog()).find((entry) => entry.message !== undefined);
       assert.ok(message !== undefined);
-      await visitor.waitFor('the message shows', async () => (await visitor.place('', 'dialog[open]')).isThere);
+      await visitor.waitFor(
+        'the message shows',
+        async () => (await visitor.place('', 'dialog[open]')).isThere,
+      );
       await visitor.page.keyboard.press('Escape');
-      await visitor.waitFor('the message is gone', async () => !(await visitor.place('', 'dialog[open]')).isThere);
+      await visitor.waitFor(
+        'the message is gone',
+        async () => !(await visitor.place('', 'dialog[open]')).isThere,
+      );
       assert.ok(await dialog.isVisible());
       await visitor.click('cmdCancel');
     });
@@ -576,19 +703,26 @@ describe('the page of examples/web', () => {
       await dialog.getByLabel('upper(text)').click();
       await dialog.getByLabel('text', {exact: true}).fill('a~b');
       await dialog.getByRole('button', {name: 'Insert', exact: true}).click();
-      await dialog.getByRole('alert').getByText('it holds "~", which has a meaning of its own on the way').waitFor();
+      await dialog
+        .getByRole('alert')
+        .getByText('it holds "~", which has a meaning of its own on the way')
+        .waitFor();
       await dialog.getByLabel('Filter').fill('nothing');
       assert.ok(await dialog.getByRole('button', {name: 'Insert', exact: true}).isDisabled());
       await dialog.getByRole('button', {name: 'Cancel', exact: true}).click();
     });
-    await visitor.request('cmdFunction(0)', 'Function for SelectDo', () => visitor.page.keyboard.press('Escape'));
+    await visitor.request('cmdFunction(0)', 'Function for SelectDo', () =>
+      visitor.page.keyboard.press('Escape'),
+    );
     assert.equal(await visitor.text('txtSelectDo'), '');
 
     await visitor.openFile(jsonFile('one.json', kSmallAndOneFunction));
     await visitor.page.getByText('2 tables, 3 fields, 1 function of one.json').waitFor();
     await visitor.turnToFront();
     await visitor.tab(kSelectDoPage);
-    await visitor.request('cmdFunction(0)', 'Function for SelectDo', () => visitor.page.keyboard.press('Enter'));
+    await visitor.request('cmdFunction(0)', 'Function for SelectDo', () =>
+      visitor.page.keyboard.press('Enter'),
+    );
     assert.equal(await visitor.text('txtSelectDo'), 'today()');
     await visitor.leave();
   });
@@ -613,7 +747,9 @@ describe('the page of examples/web', () => {
     const visitor = await come();
     await visitor.composeRule();
     await visitor.click('cmdDone');
-    await visitor.page.evaluate(() => Object.defineProperty(navigator, 'clipboard', {value: undefined}));
+    await visitor.page.evaluate(() =>
+      Object.defineProperty(navigator, 'clipboard', {value: undefined}),
+    );
     await visitor.button('Copy Statement').click();
     await visitor.page.getByText('press Ctrl+C').waitFor();
     assert.equal(await visitor.page.evaluate(() => String(getSelection())), kRule.join('\n'));
@@ -652,17 +788,25 @@ describe('the page of examples/web', () => {
       const seen = [];
       while ((await there()) !== place) {
         seen.push(await there());
-        assert.ok(seen.length < 40, `the Tab key does not come to ${place}, but to ${seen.join(', ')}`);
+        assert.ok(
+          seen.length < 40,
+          `the Tab key does not come to ${place}, but to ${seen.join(', ')}`,
+        );
         await keyboard.press(key);
       }
     };
     // The scheme and a new sample, before the control.
     await tabTo('system');
     await press('ArrowRight', 2);
-    assert.equal(await visitor.page.evaluate(() => getComputedStyle(document.body).colorScheme), 'dark');
+    assert.equal(
+      await visitor.page.evaluate(() => getComputedStyle(document.body).colorScheme),
+      'dark',
+    );
     await tabTo('Sample');
     await press('Enter');
-    await visitor.waitFor('it is opened', async () => (await visitor.status()).startsWith('catalogue.json is open'));
+    await visitor.waitFor('it is opened', async () =>
+      (await visitor.status()).startsWith('catalogue.json is open'),
+    );
     await visitor.turnToFront();
     await tabTo('lsttables');
     await press('Home');
@@ -682,7 +826,11 @@ describe('the page of examples/web', () => {
     await press('Enter');
     await visitor.dialog('Sub Query for SelectDo').waitFor();
     await visitor.turnToFront();
-    assert.notEqual(await visitor.page.evaluate(() => host.keyboard()), '', 'the keyboard is in the nested control');
+    assert.notEqual(
+      await visitor.page.evaluate(() => host.keyboard()),
+      '',
+      'the keyboard is in the nested control',
+    );
     await tabTo('lsttables');
     await press('Home');
     await press('ArrowDown', kOrders);
@@ -723,7 +871,8 @@ describe('the page of examples/web', () => {
 
   test('the scheme and the colours of statements are what was chosen, also the next time', async () => {
     const visitor = await come({colorScheme: 'light'});
-    const ground = () => visitor.page.evaluate(() => getComputedStyle(document.body).backgroundColor);
+    const ground = () =>
+      visitor.page.evaluate(() => getComputedStyle(document.body).backgroundColor);
     const light = await ground();
     await visitor.page.getByRole('radio', {name: 'Dark'}).click();
     const dark = await ground();
@@ -745,7 +894,10 @@ describe('the page of examples/web', () => {
     assert.equal(await isColoured(), true);
     await visitor.click('undo');
     assert.equal(await isColoured(), false);
-    assert.ok(!(await visitor.page.getByRole('switch').isChecked()), 'the switch shows what undo brought');
+    assert.ok(
+      !(await visitor.page.getByRole('switch').isChecked()),
+      'the switch shows what undo brought',
+    );
     await visitor.page.getByRole('radio', {name: 'System'}).click();
     assert.equal(await ground(), light);
     await visitor.leave();
@@ -758,8 +910,12 @@ describe('the page of examples/web', () => {
       await visitor.page.evaluate(axe);
       let checked = 0;
       const check = async (what) => {
-        const {violations, passes} = await visitor.page.evaluate(() => globalThis.axe.run(document));
-        const found = violations.map(({id, nodes}) => `${id}: ${nodes.map(({html}) => html).join(' ')}`);
+        const {violations, passes} = await visitor.page.evaluate(() =>
+          globalThis.axe.run(document),
+        );
+        const found = violations.map(
+          ({id, nodes}) => `${id}: ${nodes.map(({html}) => html).join(' ')}`,
+        );
         assert.deepEqual(found, [], what);
         checked += passes.length;
       };
@@ -794,10 +950,15 @@ describe('the page of examples/web', () => {
     });
   }
 
-  for (const [width, height] of [[360, 740], [820, 1180], [1920, 1080]]) {
+  for (const [width, height] of [
+    [360, 740],
+    [820, 1180],
+    [1920, 1080],
+  ]) {
     test(`fits into a window of ${width} by ${height}`, async () => {
       const visitor = await come({viewport: {width, height}});
-      const isWithin = () => visitor.page.evaluate(() => document.documentElement.scrollWidth <= innerWidth);
+      const isWithin = () =>
+        visitor.page.evaluate(() => document.documentElement.scrollWidth <= innerWidth);
       assert.ok(await isWithin());
       await visitor.click('cmdDone');
       assert.ok(await isWithin());

@@ -25,7 +25,8 @@ function cutTexts() {
     const range = document.createRange();
     range.selectNodeContents(node);
     const text = range.getBoundingClientRect();
-    const isOut = place.left < within.left || place.right > within.right || place.bottom > within.bottom;
+    const isOut =
+      place.left < within.left || place.right > within.right || place.bottom > within.bottom;
     const isCut = text.width > place.width + 1 || text.height > Math.max(place.height, 1) + 4;
     if (isOut || isCut) found.push(`${node.id || node.className}: ${node.textContent}`);
   }
@@ -73,14 +74,19 @@ describe('the pages have room for what they show', () => {
       if (request.new !== undefined) await person.makeNew(line);
       else if (request.user === undefined) await person.carryOut(line);
       else await person.make(request).catch(() => {}); // one that is refused; the sessions have their own test
-      await person.answerMessages((await person.takeLog()).filter((entry) => entry.message !== undefined));
+      await person.answerMessages(
+        (await person.takeLog()).filter((entry) => entry.message !== undefined),
+      );
     }
     await person.carryOut('{"set":"Syntax_Highlight","value":true}');
   }
   async function look(person, name) {
     const dump = await person.dump();
     const names = Object.keys(dump.controls)
-      .filter((control) => takesFocus(control) && isShown(dump, control) && designOf(control).frame !== 'fracase')
+      .filter(
+        (control) =>
+          takesFocus(control) && isShown(dump, control) && designOf(control).frame !== 'fracase',
+      )
       // Until the first template the where text lies over it.
       .filter((control) => control !== 'txtCondition' || !dump.controls.FrawhereCondition.Visible);
     await person.mouse.move(2, 2);

@@ -7,7 +7,10 @@ import {Automation} from './automation.mjs';
 /// The first few places in which two values of JSON differ, '' when there is none.
 export function differencesOf(one, other, at = '') {
   const areBoth = [one, other].every((value) => typeof value === 'object' && value !== null);
-  if (!areBoth) return Object.is(one, other) ? '' : `${at}: ${JSON.stringify(one)} instead of ${JSON.stringify(other)}`;
+  if (!areBoth)
+    return Object.is(one, other)
+      ? ''
+      : `${at}: ${JSON.stringify(one)} instead of ${JSON.stringify(other)}`;
   const kMost = 5;
   const keys = [...new Set([...Object.keys(one), ...Object.keys(other)])];
   return keys
@@ -43,7 +46,9 @@ export class Replay {
     for (const one of before) logBefore.push(...(await this.automation.ask(one)).log);
     const expected = await this.automation.ask(line);
     const isGesture = request.user !== undefined;
-    const reply = isGesture ? await this.#makeGesture(request, expected) : await this.#carryOut(line, request);
+    const reply = isGesture
+      ? await this.#makeGesture(request, expected)
+      : await this.#carryOut(line, request);
     const log = [...logBefore, ...expected.log];
     if (isGesture && expected.error !== undefined) {
       log.push({failed: expected.error});

@@ -22,7 +22,9 @@ describe('a list of very many rows', () => {
       const code = (row) => `T${String(row).padStart(7, '0')}`;
       const rows = Array.from({length: tables}, (_, row) => code(row));
       host.element.PrpStrTables = rows.map((table) => `${table}0`).join(',');
-      host.element.PrpStrFields = rows.map((table) => `char*Q*V*R*N*N${table}.A*Q*V*R*N*text`).join(',');
+      host.element.PrpStrFields = rows
+        .map((table) => `char*Q*V*R*N*N${table}.A*Q*V*R*N*text`)
+        .join(',');
     }, count);
     await person.nextFrame();
     return person;
@@ -34,15 +36,19 @@ describe('a list of very many rows', () => {
     ]);
   const shownRows = (person) =>
     person.page.evaluate(() =>
-      [...host.on('lsttables').querySelectorAll('[role=option]')].map(({dataset, ariaPosInSet, ariaSetSize, ariaSelected}) => ({
-        row: Number(dataset.row),
-        position: Number(ariaPosInSet),
-        size: Number(ariaSetSize),
-        isMarked: ariaSelected === 'true',
-      })),
+      [...host.on('lsttables').querySelectorAll('[role=option]')].map(
+        ({dataset, ariaPosInSet, ariaSetSize, ariaSelected}) => ({
+          row: Number(dataset.row),
+          position: Number(ariaPosInSet),
+          size: Number(ariaSetSize),
+          isMarked: ariaSelected === 'true',
+        }),
+      ),
     );
   const marksOf = async (person) => {
-    const {Selected} = JSON.parse(await person.page.evaluate(() => JSON.stringify(host.element.dump().controls.lsttables)));
+    const {Selected} = JSON.parse(
+      await person.page.evaluate(() => JSON.stringify(host.element.dump().controls.lsttables)),
+    );
     return Selected.flatMap((isMarked, row) => (isMarked ? [row] : []));
   };
 
@@ -59,7 +65,10 @@ describe('a list of very many rows', () => {
     }
     assert.deepEqual(await nodesOf(many), await nodesOf(few));
     const rows = await shownRows(many);
-    assert.ok(rows[0].row > 0 && rows.every(({row, position, size}) => position === row + 1 && size === kMany));
+    assert.ok(
+      rows[0].row > 0 &&
+        rows.every(({row, position, size}) => position === row + 1 && size === kMany),
+    );
     await closePage(few.page);
     await closePage(many.page);
   });
@@ -99,7 +108,10 @@ describe('a list of very many rows', () => {
     assert.equal(await person.difference(), '');
     // The rows of a table that is far behind come to the fields.
     const {lstFields} = (await person.dump()).controls;
-    assert.deepEqual(lstFields.List.filter((name) => name.endsWith('.A')).at(1), `${codeOf(last)}.A`);
+    assert.deepEqual(
+      lstFields.List.filter((name) => name.endsWith('.A')).at(1),
+      `${codeOf(last)}.A`,
+    );
     assert.equal(lstFields.List.length, 2 * marks.length);
     assert.deepEqual(
       (await person.takeLog()).filter(({changed}) => changed === undefined),

@@ -17,7 +17,8 @@ describe('the server', () => {
   let server;
   before(async () => {
     folder = mkdtempSync(path.join(tmpdir(), 'zolt20-'));
-    for (const name of ['site', 'site/inner', 'package', 'siteways']) mkdirSync(path.join(folder, name));
+    for (const name of ['site', 'site/inner', 'package', 'siteways'])
+      mkdirSync(path.join(folder, name));
     const files = {
       'site/index.html': '<p>index</p>',
       'site/inner/index.html': '<p>inner</p>',
@@ -29,7 +30,9 @@ describe('the server', () => {
     };
     for (const [name, text] of Object.entries(files)) writeFileSync(path.join(folder, name), text);
     symlinkSync(path.join(folder, 'secret.txt'), path.join(folder, 'site/link.txt'));
-    server = await serve({root: {'/package/': path.join(folder, 'package'), '/': path.join(folder, 'site')}});
+    server = await serve({
+      root: {'/package/': path.join(folder, 'package'), '/': path.join(folder, 'site')},
+    });
   });
   after(async () => {
     await server?.close();
@@ -61,7 +64,11 @@ describe('the server', () => {
     };
     for (const [address, [type, text]] of Object.entries(kServed)) {
       const came = await get(address);
-      assert.deepEqual([came.status, came.headers['content-type'], came.text], [200, type, text], address);
+      assert.deepEqual(
+        [came.status, came.headers['content-type'], came.text],
+        [200, type, text],
+        address,
+      );
       assert.equal(came.headers['content-security-policy'], kPolicy);
     }
     const head = await get('/', 'HEAD');
@@ -96,14 +103,25 @@ describe('the server', () => {
 
   test('says so when its port is taken', async () => {
     const {port} = new URL(server.address);
-    await assert.rejects(serve({root: {'/': folder}, port: Number(port)}), new RegExp(`the port ${port} is taken`));
-    const {stderr, status} = spawnSync(process.execPath, [kScript, port, folder], {encoding: 'utf8'});
+    await assert.rejects(
+      serve({root: {'/': folder}, port: Number(port)}),
+      new RegExp(`the port ${port} is taken`),
+    );
+    const {stderr, status} = spawnSync(process.execPath, [kScript, port, folder], {
+      encoding: 'utf8',
+    });
     assert.equal(status, 2);
     assert.match(stderr, /^serve: the port \d+ is taken/);
   });
 
   test('is a command as well', async () => {
-    for (const words of [[], ['0'], ['x', folder], ['70000', folder], ['0', path.join(folder, 'none')]]) {
+    for (const words of [
+      [],
+      ['0'],
+      ['x', folder],
+      ['70000', folder],
+      ['0', path.join(folder, 'none')],
+    ]) {
       const {stderr, status} = spawnSync(process.execPath, [kScript, ...words], {encoding: 'utf8'});
       assert.equal(status, 2);
       assert.match(stderr, /^serve: /);
@@ -115,7 +133,9 @@ describe('the server', () => {
       `${path.join(folder, 'package')}=/package`,
     ]);
     try {
-      const address = await new Promise((resolve) => command.stdout.once('data', (text) => resolve(String(text).trim())));
+      const address = await new Promise((resolve) =>
+        command.stdout.once('data', (text) => resolve(String(text).trim())),
+      );
       assert.match(address, /^http:\/\/127\.0\.0\.1:\d+\/$/);
       assert.equal(await (await fetch(`${address}package/x.css`)).text(), 'p {}');
       assert.equal(await (await fetch(address)).text(), '<p>index</p>');

@@ -19,7 +19,9 @@ element.UserControl_InitProperties();
 const bag: Record<string, string | number> = element.UserControl_WriteProperties();
 element.UserControl_ReadProperties(bag);
 
-element.addEventListener('eventDone', (event) => console.log(event.type, result, code, fields, same));
+element.addEventListener('eventDone', (event) =>
+  console.log(event.type, result, code, fields, same),
+);
 element.addEventListener('propertychanged', ({detail}) => detail.name.length);
 element.addEventListener('message', (event) => {
   const text: string = `${event.detail.title}: ${event.detail.text} ${event.detail.icon} ${event.detail.buttons}`;
@@ -40,7 +42,8 @@ if (element.canRedo) element.redo();
 element.tableNames = {CUSTOMER: 'Customers'};
 element.tableNames = new Map([['CUSTOMER', 'Customers']]);
 const focus: string | null = element.dump().focus;
-const {elements, memoryBytes}: {elements: number; memoryBytes: number} = ZOLT20MapControlElement.statistics();
+const {elements, memoryBytes}: {elements: number; memoryBytes: number} =
+  ZOLT20MapControlElement.statistics();
 console.log(focus, elements, memoryBytes);
 
 // What can only be written.

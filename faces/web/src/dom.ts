@@ -4,7 +4,10 @@ type Attributes = Record<string, string | number | boolean>;
 
 /** A node with these attributes and children; an attribute that is false is left out. */
 export function make<K extends keyof HTMLElementTagNameMap>(
-    tag: K, attributes: Attributes = {}, ...children: (Node | string)[]): HTMLElementTagNameMap[K] {
+  tag: K,
+  attributes: Attributes = {},
+  ...children: (Node | string)[]
+): HTMLElementTagNameMap[K] {
   const node = document.createElement(tag);
   setAttributes(node, attributes);
   node.append(...children);
@@ -22,7 +25,7 @@ export function setAttributes(node: Element, attributes: Attributes): void {
 export function icon(path: string): SVGElement {
   const kSvg = 'http://www.w3.org/2000/svg';
   const svg = document.createElementNS(kSvg, 'svg');
-  setAttributes(svg, { viewBox: '0 0 16 16', 'aria-hidden': 'true', class: 'icon' });
+  setAttributes(svg, {viewBox: '0 0 16 16', 'aria-hidden': 'true', class: 'icon'});
   const line = document.createElementNS(kSvg, 'path');
   line.setAttribute('d', path);
   svg.append(line);

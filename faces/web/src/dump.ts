@@ -1,5 +1,5 @@
 // The whole state of the form as a plain object, in the words of the JSON lines that zolt20-host speaks.
-import { Address, Ask, AskText, Kind, Logic } from './logic';
+import {Address, Ask, AskText, Kind, Logic} from './logic';
 
 /** A control: its name's properties, by kind. */
 export type DumpedControl = Record<string, unknown>;
@@ -14,7 +14,7 @@ export function dumpOf(logic: Logic, handle: number): Dump {
   for (const control of logic.controls(handle))
     controls[logic.text(control, AskText.Name)] = dumpControl(logic, control);
   const focused = logic.focused(handle);
-  return { controls, focus: focused === 0 ? null : logic.text(focused, AskText.Name) };
+  return {controls, focus: focused === 0 ? null : logic.text(focused, AskText.Name)};
 }
 
 function dumpControl(logic: Logic, control: Address): DumpedControl {
@@ -26,39 +26,53 @@ function dumpControl(logic: Logic, control: Address): DumpedControl {
   const rows = () => logic.rows(control, 0, number(Ask.ListCount));
   const text = () => logic.text(control, AskText.Text);
 
-  const dumped: DumpedControl = { Enabled: is(Ask.Enabled), Visible: is(Ask.Visible) };
+  const dumped: DumpedControl = {Enabled: is(Ask.Enabled), Visible: is(Ask.Visible)};
   if (kind !== Kind.Rectangle) dumped['TabIndex'] = number(Ask.TabIndex);
   switch (kind) {
     case Kind.TabStrip:
       dumped['Tab'] = number(Ask.Value);
       break;
     case Kind.SyntaxTextBox:
-      Object.assign(dumped, { Text: text(), Highlight: is(Ask.Highlight) });
+      Object.assign(dumped, {Text: text(), Highlight: is(Ask.Highlight)});
       break;
     case Kind.TextBox:
-      Object.assign(dumped, { Text: text(), SelStart: number(Ask.SelStart) });
+      Object.assign(dumped, {Text: text(), SelStart: number(Ask.SelStart)});
       if (name === 'txtCondition') dumped['BackColor'] = backColor();
       if (/^(TxtExpr|txtStmt)\(/.test(name)) {
-        Object.assign(dumped, { Left: number(Ask.Left), Top: number(Ask.Top), Width: number(Ask.Width), Height: number(Ask.Height) });
+        Object.assign(dumped, {
+          Left: number(Ask.Left),
+          Top: number(Ask.Top),
+          Width: number(Ask.Width),
+          Height: number(Ask.Height),
+        });
       }
       break;
     case Kind.ListBox: {
       const all = rows();
       Object.assign(dumped, {
-        List: all.map((row) => row.text), Selected: all.map((row) => row.marked), ListIndex: number(Ask.ListIndex),
+        List: all.map((row) => row.text),
+        Selected: all.map((row) => row.marked),
+        ListIndex: number(Ask.ListIndex),
       });
       break;
     }
     case Kind.ComboBox:
       Object.assign(dumped, {
-        List: rows().map((row) => row.text), ListIndex: number(Ask.ListIndex), Text: text(), BackColor: backColor(),
+        List: rows().map((row) => row.text),
+        ListIndex: number(Ask.ListIndex),
+        Text: text(),
+        BackColor: backColor(),
       });
       break;
     case Kind.OptionButton:
       dumped['Value'] = is(Ask.Value);
       break;
     case Kind.ScrollBar:
-      Object.assign(dumped, { Value: number(Ask.Value), Max: number(Ask.Max), SmallChange: number(Ask.SmallChange) });
+      Object.assign(dumped, {
+        Value: number(Ask.Value),
+        Max: number(Ask.Max),
+        SmallChange: number(Ask.SmallChange),
+      });
       break;
     case Kind.Rectangle:
       break;

@@ -1,10 +1,15 @@
 // <zolt20-map-control>: the control as an element of a page.
-import { Dump, dumpOf } from './dump';
-import { Face, FaceOwner, errorOf } from './face';
-import { Listener, Logic, Status } from './logic';
-import { styleSheets } from './style';
+import {Dump, dumpOf} from './dump';
+import {Face, FaceOwner, errorOf} from './face';
+import {Listener, Logic, Status} from './logic';
+import {styleSheets} from './style';
 
-const enum ValueType { None, String, Integer, Boolean }
+const enum ValueType {
+  None,
+  String,
+  Integer,
+  Boolean,
+}
 type Value = string | number | boolean;
 
 // What is defined once the logic is there. The class stands without it, so that a program without a
@@ -26,28 +31,30 @@ export class ZOLT20MapControlElement extends Base {
   readonly #listener: Listener & FaceOwner = {
     event: (number) => {
       this.#face.show();
-      this.#tell(new Event(logic.eventName(number), { bubbles: true, composed: true }));
+      this.#tell(new Event(logic.eventName(number), {bubbles: true, composed: true}));
     },
     propertyChanged: (number) => {
       this.#face.show();
-      this.#tellOf('propertychanged', { name: logic.memberName(number) });
+      this.#tellOf('propertychanged', {name: logic.memberName(number)});
     },
     message: (text, title) => {
       this.#face.show();
       // It does not bubble: pages listen at their window for messages of another kind.
-      const detail = { text, title, icon: 'critical', buttons: 'ok' };
-      if (this.#tell(new CustomEvent('message', { detail, cancelable: true }))) this.#face.messages.show(text, title);
+      const detail = {text, title, icon: 'critical', buttons: 'ok'};
+      if (this.#tell(new CustomEvent('message', {detail, cancelable: true})))
+        this.#face.messages.show(text, title);
     },
     failed: (error) => this.#tellOf('failed', error),
-    historyChanged: () => this.#tellOf('historychanged', { canUndo: this.canUndo, canRedo: this.canRedo }),
-    undone: () => this.#tell(new Event('undone', { bubbles: true, composed: true })),
-    redone: () => this.#tell(new Event('redone', { bubbles: true, composed: true })),
+    historyChanged: () =>
+      this.#tellOf('historychanged', {canUndo: this.canUndo, canRedo: this.canRedo}),
+    undone: () => this.#tell(new Event('undone', {bubbles: true, composed: true})),
+    redone: () => this.#tell(new Event('redone', {bubbles: true, composed: true})),
   };
 
   constructor() {
     super();
     const early = this.#takeEarlyProperties();
-    const root = this.attachShadow({ mode: 'open' });
+    const root = this.attachShadow({mode: 'open'});
     this.#dress(root);
     this.#handle = logic.make(this.#listener);
     this.#face = new Face(logic, this.#handle, root, this.#listener);
@@ -55,7 +62,7 @@ export class ZOLT20MapControlElement extends Base {
       try {
         (this as Record<string, unknown>)[name] = value;
       } catch (error) {
-        reportError(error);  // the others are written all the same
+        reportError(error); // the others are written all the same
       }
     }
   }
@@ -91,20 +98,23 @@ export class ZOLT20MapControlElement extends Base {
   }
 
   /** How many controls there are in this page, and the bytes of memory of all of them. */
-  static statistics(): { elements: number; memoryBytes: number } {
+  static statistics(): {elements: number; memoryBytes: number} {
     return logic.statistics();
   }
 
   // The contract. Its properties and methods are defined from its list, by these.
 
   static {
-    letMember = (element, member, value) => element.#end(logic.let(element.#handle, member, value), () => undefined);
-    getMember = (element, member, type) => element.#end(logic.get(element.#handle, member), () => {
-      if (type === ValueType.String) return logic.givenText();
-      const number = logic.givenNumber();
-      return type === ValueType.Boolean ? number !== 0 : number;
-    });
-    callMember = (element, member, argument) => element.#end(logic.call(element.#handle, member, argument), () => undefined);
+    letMember = (element, member, value) =>
+      element.#end(logic.let(element.#handle, member, value), () => undefined);
+    getMember = (element, member, type) =>
+      element.#end(logic.get(element.#handle, member), () => {
+        if (type === ValueType.String) return logic.givenText();
+        const number = logic.givenNumber();
+        return type === ValueType.Boolean ? number !== 0 : number;
+      });
+    callMember = (element, member, argument) =>
+      element.#end(logic.call(element.#handle, member, argument), () => undefined);
   }
   #end<Result>(status: Status, result: () => Result): Result {
     const error = errorOf(logic, this.#handle, status);
@@ -120,7 +130,8 @@ export class ZOLT20MapControlElement extends Base {
     this.#end(logic.bagInit(this.#handle), () => undefined);
   }
   UserControl_ReadProperties(bag: object): void {
-    if (bag === null || typeof bag !== 'object') throw new TypeError('UserControl_ReadProperties takes an object');
+    if (bag === null || typeof bag !== 'object')
+      throw new TypeError('UserControl_ReadProperties takes an object');
     const values: [number, string | number][] = [];
     for (let entry = 0; entry < logic.bagCount; ++entry) {
       const key = logic.bagKey(entry, true);
@@ -135,22 +146,33 @@ export class ZOLT20MapControlElement extends Base {
     for (let entry = 0; entry < logic.bagCount; ++entry) {
       const key = logic.bagKey(entry, false);
       logic.bagWrite(this.#handle, entry);
-      bag[key] = logic.bagType(entry) === ValueType.String ? logic.givenText() : logic.givenNumber();
+      bag[key] =
+        logic.bagType(entry) === ValueType.String ? logic.givenText() : logic.givenNumber();
     }
     return bag;
   }
 
   // Undo of what the person does.
 
-  get undoEnabled(): boolean { return logic.history(this.#handle).isOn; }
+  get undoEnabled(): boolean {
+    return logic.history(this.#handle).isOn;
+  }
   set undoEnabled(isOn: boolean) {
     logic.switchHistory(this.#handle, Boolean(isOn));
     this.#face.show();
   }
-  get canUndo(): boolean { return logic.history(this.#handle).canUndo; }
-  get canRedo(): boolean { return logic.history(this.#handle).canRedo; }
-  undo(): void { this.#face.undo(); }
-  redo(): void { this.#face.redo(); }
+  get canUndo(): boolean {
+    return logic.history(this.#handle).canUndo;
+  }
+  get canRedo(): boolean {
+    return logic.history(this.#handle).canRedo;
+  }
+  undo(): void {
+    this.#face.undo();
+  }
+  redo(): void {
+    this.#face.redo();
+  }
   asStep<Result>(write: () => Result): Result {
     const isStep = logic.beginStep(this.#handle);
     try {
@@ -163,17 +185,25 @@ export class ZOLT20MapControlElement extends Base {
 
   // The form.
 
-  get tableNames(): ReadonlyMap<string, string> { return this.#tableNames; }
+  get tableNames(): ReadonlyMap<string, string> {
+    return this.#tableNames;
+  }
   set tableNames(names: ReadonlyMap<string, string> | Readonly<Record<string, string>>) {
     this.#tableNames = new Map(names instanceof Map ? names : Object.entries(names ?? {}));
     this.#face.nameTables(this.#tableNames);
   }
-  dump(): Dump { return dumpOf(logic, this.#handle); }
-  override focus(): void { this.#face.takeFocus(); }
+  dump(): Dump {
+    return dumpOf(logic, this.#handle);
+  }
+  override focus(): void {
+    this.#face.takeFocus();
+  }
 
-  #tell(event: Event): boolean { return this.dispatchEvent(event); }
+  #tell(event: Event): boolean {
+    return this.dispatchEvent(event);
+  }
   #tellOf(name: string, detail: unknown): boolean {
-    return this.#tell(new CustomEvent(name, { detail, bubbles: true, composed: true }));
+    return this.#tell(new CustomEvent(name, {detail, bubbles: true, composed: true}));
   }
 }
 
@@ -189,7 +219,8 @@ function checked(value: unknown, type: ValueType, name: string): string | number
       if (typeof value === 'string') return value;
       throw new TypeError(`${name} takes a string`);
     case ValueType.Integer: {
-      if (typeof value !== 'number' || !Number.isInteger(value)) throw new TypeError(`${name} takes a whole number`);
+      if (typeof value !== 'number' || !Number.isInteger(value))
+        throw new TypeError(`${name} takes a whole number`);
       // Of what is no number of 32 bits the logic hears that it is none of 16.
       const kOutside = 0x10000;
       return Math.max(-kOutside, Math.min(value, kOutside));
@@ -207,21 +238,24 @@ function defineMember(number: number): void {
   const name = logic.memberName(number);
   const traits = logic.memberTraits(number);
   const type: ValueType = traits & 3;
-  const property: PropertyDescriptor = { configurable: true, enumerable: true };
+  const property: PropertyDescriptor = {configurable: true, enumerable: true};
   if ((traits & kMethod) !== 0) {
     const takes = type === ValueType.None ? 0 : 1;
-    const method = function(this: ZOLT20MapControlElement, ...given: unknown[]): void {
-      if (given.length < takes) throw new TypeError(`${name} takes ${logic.memberArgument(number)}`);
-      callMember(this, number, takes === 0 ? 0 : checked(given[0], type, name) as number);
+    const method = function (this: ZOLT20MapControlElement, ...given: unknown[]): void {
+      if (given.length < takes)
+        throw new TypeError(`${name} takes ${logic.memberArgument(number)}`);
+      callMember(this, number, takes === 0 ? 0 : (checked(given[0], type, name) as number));
     };
-    Object.defineProperty(method, 'name', { value: name });
-    Object.defineProperty(method, 'length', { value: takes });
-    Object.assign(property, { value: method, writable: true });
+    Object.defineProperty(method, 'name', {value: name});
+    Object.defineProperty(method, 'length', {value: takes});
+    Object.assign(property, {value: method, writable: true});
   }
   if ((traits & kGet) !== 0)
-    property.get = function(this: ZOLT20MapControlElement) { return getMember(this, number, type); };
+    property.get = function (this: ZOLT20MapControlElement) {
+      return getMember(this, number, type);
+    };
   if ((traits & kLet) !== 0) {
-    property.set = function(this: ZOLT20MapControlElement, value: unknown) {
+    property.set = function (this: ZOLT20MapControlElement, value: unknown) {
       letMember(this, number, checked(value, type, name));
     };
   }

@@ -2,12 +2,12 @@
 //
 // What the control tells about its form is fetched and shown when the call in progress is over, or
 // before the host hears of an event in it. What a person does becomes a gesture.
-import { make } from './dom';
-import { layOut } from './layout';
-import { Address, Ask, AskText, Gesture, Kind, Logic, Status, What, ZOLT20Error } from './logic';
-import { MessageBox } from './message_box';
-import { TypedBox, TypedInto, spokenName } from './text_boxes';
-import { ComboView, ListView, View, viewOf } from './views';
+import {make} from './dom';
+import {layOut} from './layout';
+import {Address, Ask, AskText, Gesture, Kind, Logic, Status, What, ZOLT20Error} from './logic';
+import {MessageBox} from './message_box';
+import {TypedBox, TypedInto, spokenName} from './text_boxes';
+import {ComboView, ListView, View, viewOf} from './views';
 
 /** What the element does when the face has something to tell. */
 export interface FaceOwner {
@@ -27,8 +27,10 @@ export class Face implements TypedInto {
   readonly logic: Logic;
   readonly handle: number;
   /** Before the first control and behind the last: where the Tab key comes in. */
-  readonly edges: readonly [HTMLElement, HTMLElement] =
-    [make('span', { class: 'edge', tabindex: 0 }), make('span', { class: 'edge', tabindex: 0 })];
+  readonly edges: readonly [HTMLElement, HTMLElement] = [
+    make('span', {class: 'edge', tabindex: 0}),
+    make('span', {class: 'edge', tabindex: 0}),
+  ];
   readonly node: HTMLElement;
   readonly messages: MessageBox;
 
@@ -36,16 +38,16 @@ export class Face implements TypedInto {
   readonly #root: ShadowRoot;
   readonly #views = new Map<Address, View>();
   readonly #addresses = new Map<string, Address>();
-  readonly #controls = new WeakMap<Element, Address>();  // by the node that has the focus
+  readonly #controls = new WeakMap<Element, Address>(); // by the node that has the focus
   readonly #filters = new Map<string, HTMLInputElement>();
-  #isShowing = false;  // what the nodes tell comes from us, and not from a person
+  #isShowing = false; // what the nodes tell comes from us, and not from a person
   #isLeaving = false;
   #page = -1;
-  #isLate = false;     // something is to be shown when that is over
+  #isLate = false; // something is to be shown when that is over
   #turns = 0;
-  #typingIn: Address = 0;  // the box that what was done last was typed into
-  #isMeant = false;  // a focus that comes now is where the person wants it
-  #left: HTMLElement | undefined;  // the node that had the focus last
+  #typingIn: Address = 0; // the box that what was done last was typed into
+  #isMeant = false; // a focus that comes now is where the person wants it
+  #left: HTMLElement | undefined; // the node that had the focus last
 
   constructor(logic: Logic, handle: number, root: ShadowRoot, owner: FaceOwner) {
     this.logic = logic;
@@ -73,15 +75,23 @@ export class Face implements TypedInto {
     });
     // By touch the focus comes with the mouse that is made of it.
     for (const kind of ['pointerdown', 'mousedown']) {
-      this.node.addEventListener(kind, () => {
-        this.#isMeant = true;
-        setTimeout(() => { this.#isMeant = false; });
-      }, true);
+      this.node.addEventListener(
+        kind,
+        () => {
+          this.#isMeant = true;
+          setTimeout(() => {
+            this.#isMeant = false;
+          });
+        },
+        true,
+      );
     }
     this.node.addEventListener('keydown', (event) => this.#key(event));
     // A press beside the controls leaves the focus where it is.
     this.node.addEventListener('mousedown', (event) => {
-      const target = (event.target as Element).closest('button, input, textarea, label, .popup, [tabindex]');
+      const target = (event.target as Element).closest(
+        'button, input, textarea, label, .popup, [tabindex]',
+      );
       if (target !== this.node) return;
       this.#closePopups();
       if (this.#root.activeElement !== null) event.preventDefault();
@@ -96,7 +106,10 @@ export class Face implements TypedInto {
     view.node.dataset['control'] = name;
     const focus = this.logic.number(control, Ask.Kind) === Kind.TabStrip ? view.node : view.focus;
     focus.id = name;
-    focus.setAttribute('part', `${focus.getAttribute('part') ?? ''} ${name.replace(/\(\d+\)/, '')}`.trim());
+    focus.setAttribute(
+      'part',
+      `${focus.getAttribute('part') ?? ''} ${name.replace(/\(\d+\)/, '')}`.trim(),
+    );
     if (name === 'fraSelect') view.node.setAttribute('role', 'radiogroup');
     this.#views.set(control, view);
     this.#addresses.set(name, control);
@@ -106,8 +119,16 @@ export class Face implements TypedInto {
   #makeFilter(list: string): void {
     const view = this.#viewOf(list) as ListView;
     const name = spokenName(this.logic, this.#addresses.get(list)!);
-    const filter = make('input', { type: 'search', id: `${list}.filter`, class: 'filter', part: 'input filter', autocomplete: 'off',
-                                   'aria-label': `Filter ${name}`, 'aria-keyshortcuts': 'Control+F', placeholder: 'Filter (Ctrl+F)' });
+    const filter = make('input', {
+      type: 'search',
+      id: `${list}.filter`,
+      class: 'filter',
+      part: 'input filter',
+      autocomplete: 'off',
+      'aria-label': `Filter ${name}`,
+      'aria-keyshortcuts': 'Control+F',
+      placeholder: 'Filter (Ctrl+F)',
+    });
     filter.spellcheck = false;
     filter.addEventListener('input', () => view.rows.setFilter(filter.value));
     this.#filters.set(list, filter);
@@ -133,7 +154,7 @@ export class Face implements TypedInto {
     if (this.#isShowing) return;
     this.#quietly(() => {
       const hadFocus = this.#root.activeElement !== null;
-      const { focusMoved, gone, changed } = this.logic.changes(this.handle);
+      const {focusMoved, gone, changed} = this.logic.changes(this.handle);
       for (const control of gone) this.#forget(control);
       for (const [control, what] of changed) this.#show(control, what);
       if (hadFocus) this.#showFocus(focusMoved);
@@ -167,14 +188,17 @@ export class Face implements TypedInto {
     this.#addresses.delete(view.focus.id);
   }
   #show(control: Address, what: number): void {
-    const { logic } = this;
+    const {logic} = this;
     let view = this.#views.get(control);
     if (view === undefined) {
       view = this.#makeView(control);
       // In the order of the rows, as they are read.
       const frame = this.nodeOf('fracase');
       const place = placeOfRow(view.node);
-      frame.insertBefore(view.node, [...frame.children].find((other) => placeOfRow(other) > place) ?? null);
+      frame.insertBefore(
+        view.node,
+        [...frame.children].find((other) => placeOfRow(other) > place) ?? null,
+      );
     }
     view.show(what);
     view.enable?.(logic.is(control, Ask.Enabled));
@@ -187,7 +211,7 @@ export class Face implements TypedInto {
   #showName(control: Address, view: View): void {
     const name = spokenName(this.logic, control);
     const kind = this.logic.number(control, Ask.Kind);
-    if (kind === Kind.Label) return;  // its text is its name
+    if (kind === Kind.Label) return; // its text is its name
     const named = kind === Kind.TabStrip ? view.node : view.focus;
     if (named.getAttribute('aria-label') === name) return;
     named.setAttribute('aria-label', name);
@@ -199,14 +223,14 @@ export class Face implements TypedInto {
     const height = this.logic.number(control, Ask.Height);
     if (height === 0) return;
     const down = (twips: number) => `${twips / kTwipsPerPixel}px`;
-    const { style } = view.node;
+    const {style} = view.node;
     style.height = down(height);
     if (view.focus.id === 'fracase') return;
     const start = this.logic.number(control, Ask.Left);
     const width = this.logic.number(control, Ask.Width);
     style.top = down(this.logic.number(control, Ask.Top));
-    style.setProperty('--start', `${100 * start / kCaseFrameTwips}%`);
-    style.width = `${100 * width / kCaseFrameTwips}%`;
+    style.setProperty('--start', `${(100 * start) / kCaseFrameTwips}%`);
+    style.width = `${(100 * width) / kCaseFrameTwips}%`;
   }
   /** Shows this page alone. */
   showPage(active: number): void {
@@ -215,12 +239,15 @@ export class Face implements TypedInto {
     for (const page of this.#root.querySelectorAll<HTMLElement>('[role="tabpanel"]'))
       page.hidden = Number(page.dataset['page']) !== active;
     const lists = [...this.#views.values()].filter((view) => view instanceof ListView);
-    const heights = lists.map((list) => list.node.clientHeight);  // all at once, before any of them is drawn
+    const heights = lists.map((list) => list.node.clientHeight); // all at once, before any of them is drawn
     lists.forEach((list, at) => list.rows.lookAgain(heights[at]!));
   }
   #showHistory(): void {
-    const { canUndo, canRedo } = this.logic.history(this.handle);
-    const tools = [['undo', canUndo], ['redo', canRedo]] as const;
+    const {canUndo, canRedo} = this.logic.history(this.handle);
+    const tools = [
+      ['undo', canUndo],
+      ['redo', canRedo],
+    ] as const;
     let isNew = false;
     for (const [id, can] of tools) {
       const tool = this.#root.getElementById(id) as HTMLButtonElement;
@@ -289,7 +316,14 @@ export class Face implements TypedInto {
   #showFocus(moved: boolean): void {
     const now = this.#root.activeElement;
     // A filter keeps the focus: it is no control of the form.
-    if (!moved && now !== null && now !== this.node && this.#controlOf(now) === 0 && !this.messages.node.contains(now)) return;
+    if (
+      !moved &&
+      now !== null &&
+      now !== this.node &&
+      this.#controlOf(now) === 0 &&
+      !this.messages.node.contains(now)
+    )
+      return;
     const focused = this.logic.focused(this.handle);
     const wanted = focused === 0 ? this.node : this.#views.get(focused)!.focus;
     if (now === wanted) return;
@@ -321,24 +355,29 @@ export class Face implements TypedInto {
     if (target === this.node) {
       // A press on a disabled button. The focus stays where it was.
       const before = event.relatedTarget;
-      if (before instanceof HTMLElement && this.node.contains(before)) this.#quietly(() => before.focus());
+      if (before instanceof HTMLElement && this.node.contains(before))
+        this.#quietly(() => before.focus());
       else this.#showFocus(true);
       return;
     }
-    const isFromOutside = !(event.relatedTarget instanceof Node && this.node.contains(event.relatedTarget));
+    const isFromOutside = !(
+      event.relatedTarget instanceof Node && this.node.contains(event.relatedTarget)
+    );
     if (isFromOutside && target === this.#left && !this.#isMeant) {
       // The focus comes back by itself, from behind a dialog for instance, and the form moved it meanwhile.
       this.#showFocus(false);
       return;
     }
     const control = this.#controlOf(target);
-    if (control !== 0 && control !== this.logic.focused(this.handle)) this.gesture(Gesture.Focus, control);
+    if (control !== 0 && control !== this.logic.focused(this.handle))
+      this.gesture(Gesture.Focus, control);
   }
   // The two views of the where condition lie over each other, and at first both are visible.
   #bringToFront(target: Element): void {
     const inFront = target.closest('.stack > .frame');
     if (inFront === null) return;
-    for (const frame of inFront.parentElement!.children) frame.classList.toggle('front', frame === inFront);
+    for (const frame of inFront.parentElement!.children)
+      frame.classList.toggle('front', frame === inFront);
   }
 
   #key(event: KeyboardEvent): void {
@@ -363,10 +402,11 @@ export class Face implements TypedInto {
     const list = filtered === undefined ? 0 : this.#addresses.get(filtered)!;
     const from = list !== 0 ? list : this.logic.focused(this.handle);
     // From a filter forward to its list.
-    const next = list !== 0 && isForward ? list : this.logic.nextInTabOrder(this.handle, from, isForward);
+    const next =
+      list !== 0 && isForward ? list : this.logic.nextInTabOrder(this.handle, from, isForward);
     if (next !== 0) {
       event.preventDefault();
-      const { focus } = this.#views.get(next)!;
+      const {focus} = this.#views.get(next)!;
       focus.focus();
       if (focus instanceof HTMLInputElement && focus.type === 'text') focus.select();
       return;
@@ -386,7 +426,8 @@ export class Face implements TypedInto {
     const focused = this.logic.focused(this.handle);
     const own = focused === 0 ? undefined : this.#filters.get(this.#views.get(focused)!.focus.id);
     const canBeSeen = (filter: HTMLInputElement) => filter.checkVisibility() && !filter.disabled;
-    const filter = own !== undefined && canBeSeen(own) ? own : [...this.#filters.values()].find(canBeSeen);
+    const filter =
+      own !== undefined && canBeSeen(own) ? own : [...this.#filters.values()].find(canBeSeen);
     if (filter === undefined) return;
     event.preventDefault();
     filter.focus();
@@ -428,4 +469,3 @@ export function errorOf(logic: Logic, handle: number, status: Status): Error | u
   if (status === Status.Failed) return new ZOLT20Error('memory', 0, 'out of memory');
   return undefined;
 }
-

@@ -60,40 +60,110 @@ interface Exports {
 }
 
 /** How a call ended. */
-export const enum Status { Done, RuntimeError, Failed, NotTaken }
+export const enum Status {
+  Done,
+  RuntimeError,
+  Failed,
+  NotTaken,
+}
 
 /** What a control can be asked, in the order of exports.cpp. */
 export const enum Ask {
-  Enabled, Visible, Shown, TabIndex, ListCount, ListIndex, SelCount, Value, Max, BackColor, Highlight, SelStart,
-  Left, Top, Width, Height, Kind, Page, Style, Frame, TakesFocus, SmallChange,
+  Enabled,
+  Visible,
+  Shown,
+  TabIndex,
+  ListCount,
+  ListIndex,
+  SelCount,
+  Value,
+  Max,
+  BackColor,
+  Highlight,
+  SelStart,
+  Left,
+  Top,
+  Width,
+  Height,
+  Kind,
+  Page,
+  Style,
+  Frame,
+  TakesFocus,
+  SmallChange,
 }
-export const enum AskText { Name, Text, Caption, AccessibleName }
+export const enum AskText {
+  Name,
+  Text,
+  Caption,
+  AccessibleName,
+}
 
 /** Kinds of controls, in the order of surface/form.h. */
 export const enum Kind {
-  TabStrip, SyntaxTextBox, TextBox, ListBox, ComboBox, Button, OptionButton, Frame, Label, Rectangle, ScrollBar,
+  TabStrip,
+  SyntaxTextBox,
+  TextBox,
+  ListBox,
+  ComboBox,
+  Button,
+  OptionButton,
+  Frame,
+  Label,
+  Rectangle,
+  ScrollBar,
 }
 /** Traits of controls, by the bits of surface/form.h. */
-export const enum Style { MultiLine = 1, MultiSelect = 2, CheckBoxes = 4, Editable = 32, NoBorder = 64 }
+export const enum Style {
+  MultiLine = 1,
+  MultiSelect = 2,
+  CheckBoxes = 4,
+  Editable = 32,
+  NoBorder = 64,
+}
 
 /** What a person does, in the order of faces/acts/act.h. */
-export const enum Gesture { Click, DoubleClick, Pick, Type, Key, Focus, Tab, Scroll }
+export const enum Gesture {
+  Click,
+  DoubleClick,
+  Pick,
+  Type,
+  Key,
+  Focus,
+  Tab,
+  Scroll,
+}
 
 /** What changed of a control, by the bits of element.h. */
 export const enum What {
-  Text = 1 << 2, SelStart = 1 << 3, ListIndex = 1 << 9, Rows = 1 << 16, Everything = (1 << 18) - 1,
+  Text = 1 << 2,
+  SelStart = 1 << 3,
+  ListIndex = 1 << 9,
+  Rows = 1 << 16,
+  Everything = (1 << 18) - 1,
 }
 
 /** The address of a control; 0 is none. */
 export type Address = number;
 
 /** A row of a list: its text, and whether it is marked. */
-export interface Row { text: string; marked: boolean }
+export interface Row {
+  text: string;
+  marked: boolean;
+}
 
 /** A word of a line that has a colour. */
-export interface ColouredWord { first: number; count: number; kind: number }
+export interface ColouredWord {
+  first: number;
+  count: number;
+  kind: number;
+}
 
-export interface Changes { focusMoved: boolean; gone: Address[]; changed: Map<Address, number> }
+export interface Changes {
+  focusMoved: boolean;
+  gone: Address[];
+  changed: Map<Address, number>;
+}
 
 /** A run-time error of the control. */
 export class ZOLT20Error extends Error {
@@ -124,7 +194,7 @@ const kLongText = 1 << 16;
 export class Logic {
   readonly #exports: Exports;
   readonly #listeners = new Map<number, WeakRef<Listener>>();
-  readonly #leftBehind = new FinalizationRegistry<{ id: number; handle: number }>(({ id, handle }) => {
+  readonly #leftBehind = new FinalizationRegistry<{id: number; handle: number}>(({id, handle}) => {
     this.#listeners.delete(id);
     this.#exports.destroy(handle);
   });
@@ -137,17 +207,23 @@ export class Logic {
 
   /** The logic of a module that is compiled. */
   static of(module: WebAssembly.Module): Logic {
-    return new Logic((imports) => new WebAssembly.Instance(module, imports).exports as unknown as Exports);
+    return new Logic(
+      (imports) => new WebAssembly.Instance(module, imports).exports as unknown as Exports,
+    );
   }
 
   /** Compiles the module at the address. */
   static async at(url: URL | string): Promise<Logic> {
     const response = await fetch(url);
-    if (!response.ok) throw new Error(`${url} can't be loaded: ${response.status} ${response.statusText}`);
+    if (!response.ok)
+      throw new Error(`${url} can't be loaded: ${response.status} ${response.statusText}`);
     // A server that does not know the type of the file is no reason to fail.
     const isTyped = response.headers.get('Content-Type')?.startsWith('application/wasm') ?? false;
-    return Logic.of(isTyped ? await WebAssembly.compileStreaming(response)
-                            : await WebAssembly.compile(await response.arrayBuffer()));
+    return Logic.of(
+      isTyped
+        ? await WebAssembly.compileStreaming(response)
+        : await WebAssembly.compile(await response.arrayBuffer()),
+    );
   }
 
   #imports(): WebAssembly.Imports {
@@ -157,20 +233,25 @@ export class Logic {
       try {
         what(listener);
       } catch (error) {
-        reportError(error);  // nothing is thrown through the logic
+        reportError(error); // nothing is thrown through the logic
       }
     };
     return {
       page: {
         event: (id: number, number: number) => tell(id, (listener) => listener.event(number)),
-        property_changed: (id: number, number: number) => tell(id, (listener) => listener.propertyChanged(number)),
+        property_changed: (id: number, number: number) =>
+          tell(id, (listener) => listener.propertyChanged(number)),
         message: (id: number, text: number, length: number, title: number, titleLength: number) =>
-          tell(id, (listener) => listener.message(this.#textAt(text, length), this.#textAt(title, titleLength))),
+          tell(id, (listener) =>
+            listener.message(this.#textAt(text, length), this.#textAt(title, titleLength)),
+          ),
       },
-      env: { emscripten_notify_memory_growth() {} },
+      env: {emscripten_notify_memory_growth() {}},
       wasi_snapshot_preview1: {
         // The standard library's way of saying why it gives up.
-        proc_exit(status: number) { throw new Error(`the control's logic ended with ${status}`); },
+        proc_exit(status: number) {
+          throw new Error(`the control's logic ended with ${status}`);
+        },
         fd_close: () => 0,
         fd_seek: () => 0,
         fd_write: () => 0,
@@ -183,13 +264,13 @@ export class Logic {
     const id = ++this.#lastId;
     this.#listeners.set(id, new WeakRef(listener));
     const handle = this.#exports.make(id);
-    this.#leftBehind.register(listener, { id, handle });
+    this.#leftBehind.register(listener, {id, handle});
     return handle;
   }
 
   /** How many controls there are, and the bytes of memory of all. */
-  statistics(): { elements: number; memoryBytes: number } {
-    return { elements: this.#listeners.size, memoryBytes: this.#exports.memory.buffer.byteLength };
+  statistics(): {elements: number; memoryBytes: number} {
+    return {elements: this.#listeners.size, memoryBytes: this.#exports.memory.buffer.byteLength};
   }
 
   // Texts and numbers.
@@ -199,7 +280,9 @@ export class Logic {
     if (length <= kPiece) return String.fromCharCode.apply(null, units as unknown as number[]);
     const pieces: string[] = [];
     for (let from = 0; from < length; from += kPiece)
-      pieces.push(String.fromCharCode.apply(null, units.subarray(from, from + kPiece) as unknown as number[]));
+      pieces.push(
+        String.fromCharCode.apply(null, units.subarray(from, from + kPiece) as unknown as number[]),
+      );
     return pieces.join('');
   }
 
@@ -218,22 +301,54 @@ export class Logic {
   }
 
   #numbers(): Int32Array {
-    return new Int32Array(this.#exports.memory.buffer, this.#exports.numbers_out(), this.#exports.numbers_out_length());
+    return new Int32Array(
+      this.#exports.memory.buffer,
+      this.#exports.numbers_out(),
+      this.#exports.numbers_out_length(),
+    );
   }
 
   // The tables.
 
-  get memberCount(): number { return this.#exports.member_count(); }
-  memberName(number: number): string { this.#exports.member_name(number); return this.#text(); }
-  memberArgument(number: number): string { this.#exports.member_argument(number); return this.#text(); }
-  memberTraits(number: number): number { return this.#exports.member_traits(number); }
-  get eventCount(): number { return this.#exports.event_count(); }
-  eventName(number: number): string { this.#exports.event_name(number); return this.#text(); }
-  get bagCount(): number { return this.#exports.bag_count(); }
-  bagKey(entry: number, forReading: boolean): string { this.#exports.bag_key(entry, Number(forReading)); return this.#text(); }
-  bagType(entry: number): number { return this.#exports.bag_type(entry); }
-  pageCaption(page: number): string { this.#exports.page_caption(page); return this.#text(); }
-  looks(): number[] { this.#exports.looks(); return [...this.#numbers()]; }
+  get memberCount(): number {
+    return this.#exports.member_count();
+  }
+  memberName(number: number): string {
+    this.#exports.member_name(number);
+    return this.#text();
+  }
+  memberArgument(number: number): string {
+    this.#exports.member_argument(number);
+    return this.#text();
+  }
+  memberTraits(number: number): number {
+    return this.#exports.member_traits(number);
+  }
+  get eventCount(): number {
+    return this.#exports.event_count();
+  }
+  eventName(number: number): string {
+    this.#exports.event_name(number);
+    return this.#text();
+  }
+  get bagCount(): number {
+    return this.#exports.bag_count();
+  }
+  bagKey(entry: number, forReading: boolean): string {
+    this.#exports.bag_key(entry, Number(forReading));
+    return this.#text();
+  }
+  bagType(entry: number): number {
+    return this.#exports.bag_type(entry);
+  }
+  pageCaption(page: number): string {
+    this.#exports.page_caption(page);
+    return this.#text();
+  }
+  looks(): number[] {
+    this.#exports.looks();
+    return [...this.#numbers()];
+  }
 
   // The contract.
 
@@ -241,19 +356,33 @@ export class Logic {
     if (typeof value === 'string') this.send(value);
     return this.#exports.let(handle, member, typeof value === 'number' ? value : 0);
   }
-  get(handle: number, member: number): Status { return this.#exports.get(handle, member); }
+  get(handle: number, member: number): Status {
+    return this.#exports.get(handle, member);
+  }
   /** The text, or the number, that the call before gave. */
-  givenText(): string { return this.#text(); }
-  givenNumber(): number { return this.#numbers()[0] ?? 0; }
-  call(handle: number, member: number, argument: number): Status { return this.#exports.call(handle, member, argument); }
+  givenText(): string {
+    return this.#text();
+  }
+  givenNumber(): number {
+    return this.#numbers()[0] ?? 0;
+  }
+  call(handle: number, member: number, argument: number): Status {
+    return this.#exports.call(handle, member, argument);
+  }
 
-  bagInit(handle: number): Status { return this.#exports.bag_init(handle); }
+  bagInit(handle: number): Status {
+    return this.#exports.bag_init(handle);
+  }
   bagPut(handle: number, entry: number, value: string | number): void {
     if (typeof value === 'string') this.send(value);
     this.#exports.bag_put(handle, entry, typeof value === 'number' ? value : 0);
   }
-  bagRead(handle: number): Status { return this.#exports.bag_read(handle); }
-  bagWrite(handle: number, entry: number): void { this.#exports.bag_write(handle, entry); }
+  bagRead(handle: number): Status {
+    return this.#exports.bag_read(handle);
+  }
+  bagWrite(handle: number, entry: number): void {
+    this.#exports.bag_write(handle, entry);
+  }
 
   /** The error of the last call of the element that ended with one. */
   error(handle: number): ZOLT20Error {
@@ -265,17 +394,29 @@ export class Logic {
 
   // The form.
 
-  controls(handle: number): Address[] { this.#exports.controls(handle); return [...this.#numbers()]; }
-  focused(handle: number): Address { return this.#exports.focused(handle); }
+  controls(handle: number): Address[] {
+    this.#exports.controls(handle);
+    return [...this.#numbers()];
+  }
+  focused(handle: number): Address {
+    return this.#exports.focused(handle);
+  }
   nextInTabOrder(handle: number, from: Address, forward: boolean): Address {
     return this.#exports.next_in_tab_order(handle, from, Number(forward));
   }
   nextOption(handle: number, option: Address, forward: boolean): Address {
     return this.#exports.next_option(handle, option, Number(forward));
   }
-  number(control: Address, ask: Ask): number { return this.#exports.control_number(control, ask); }
-  is(control: Address, ask: Ask): boolean { return this.#exports.control_number(control, ask) !== 0; }
-  text(control: Address, ask: AskText): string { this.#exports.control_text(control, ask); return this.#text(); }
+  number(control: Address, ask: Ask): number {
+    return this.#exports.control_number(control, ask);
+  }
+  is(control: Address, ask: Ask): boolean {
+    return this.#exports.control_number(control, ask) !== 0;
+  }
+  text(control: Address, ask: AskText): string {
+    this.#exports.control_text(control, ask);
+    return this.#text();
+  }
   shownText(box: Address, lineEnd: string): string {
     this.#exports.shown_text(box, lineEnd.charCodeAt(0));
     return this.#text();
@@ -284,7 +425,9 @@ export class Logic {
     this.#exports.text_between(box, first, behind);
     return this.#text();
   }
-  shownPlace(box: Address, place: number): number { return this.#exports.shown_place(box, place); }
+  shownPlace(box: Address, place: number): number {
+    return this.#exports.shown_place(box, place);
+  }
   rows(list: Address, first: number, count: number): Row[] {
     this.#exports.rows(list, first, count);
     const texts = this.#text();
@@ -292,7 +435,7 @@ export class Logic {
     const rows: Row[] = [];
     for (let at = 0, from = 0; at < lengths.length; at += 2) {
       const behind = from + lengths[at]!;
-      rows.push({ text: texts.slice(from, behind), marked: lengths[at + 1] !== 0 });
+      rows.push({text: texts.slice(from, behind), marked: lengths[at + 1] !== 0});
       from = behind;
     }
     return rows;
@@ -303,7 +446,7 @@ export class Logic {
     const numbers = this.#numbers();
     const words: ColouredWord[] = [];
     for (let at = 0; at < numbers.length; at += 3)
-      words.push({ first: numbers[at]!, count: numbers[at + 1]!, kind: numbers[at + 2]! });
+      words.push({first: numbers[at]!, count: numbers[at + 1]!, kind: numbers[at + 2]!});
     return words;
   }
 
@@ -320,22 +463,33 @@ export class Logic {
   typeKey(handle: number, box: Address, position: number, count: number, code: number): Status {
     return this.#exports.type_key(handle, box, position, count, code);
   }
-  beginStep(handle: number): boolean { return this.#exports.begin_step(handle) !== 0; }
-  endStep(handle: number): void { this.#exports.end_step(handle); }
-  undo(handle: number): Status { return this.#exports.undo(handle); }
-  redo(handle: number): Status { return this.#exports.redo(handle); }
-  history(handle: number): { canUndo: boolean; canRedo: boolean; isOn: boolean } {
-    const bits = this.#exports.history(handle);
-    return { canUndo: (bits & 1) !== 0, canRedo: (bits & 2) !== 0, isOn: (bits & 4) !== 0 };
+  beginStep(handle: number): boolean {
+    return this.#exports.begin_step(handle) !== 0;
   }
-  switchHistory(handle: number, on: boolean): void { this.#exports.switch_history(handle, Number(on)); }
+  endStep(handle: number): void {
+    this.#exports.end_step(handle);
+  }
+  undo(handle: number): Status {
+    return this.#exports.undo(handle);
+  }
+  redo(handle: number): Status {
+    return this.#exports.redo(handle);
+  }
+  history(handle: number): {canUndo: boolean; canRedo: boolean; isOn: boolean} {
+    const bits = this.#exports.history(handle);
+    return {canUndo: (bits & 1) !== 0, canRedo: (bits & 2) !== 0, isOn: (bits & 4) !== 0};
+  }
+  switchHistory(handle: number, on: boolean): void {
+    this.#exports.switch_history(handle, Number(on));
+  }
 
   changes(handle: number): Changes {
     this.#exports.changes(handle);
     const numbers = this.#numbers();
     const goneCount = numbers[1]!;
     const changed = new Map<Address, number>();
-    for (let at = 2 + goneCount; at < numbers.length; at += 2) changed.set(numbers[at]!, numbers[at + 1]!);
-    return { focusMoved: numbers[0] !== 0, gone: [...numbers.subarray(2, 2 + goneCount)], changed };
+    for (let at = 2 + goneCount; at < numbers.length; at += 2)
+      changed.set(numbers[at]!, numbers[at + 1]!);
+    return {focusMoved: numbers[0] !== 0, gone: [...numbers.subarray(2, 2 + goneCount)], changed};
   }
 }

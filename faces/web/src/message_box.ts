@@ -1,30 +1,44 @@
 // A message of the control, as a modal dialog. The control does not wait for the answer, which can
 // only be OK; a message that comes meanwhile is shown behind it.
-import { make } from './dom';
+import {make} from './dom';
 
-interface Message { text: string; title: string }
+interface Message {
+  text: string;
+  title: string;
+}
 
 /** Given the way to close the dialog that the person answered, and whether the focus was in the element before it. */
 export type Answered = (close: () => void, hadFocus: boolean) => void;
 
 export class MessageBox {
   readonly node: HTMLDialogElement;
-  readonly #title = make('h2', { id: 'message.title' });
-  readonly #text = make('p', { id: 'message.text' });
+  readonly #title = make('h2', {id: 'message.title'});
+  readonly #text = make('p', {id: 'message.text'});
   readonly #waiting: Message[] = [];
   #hadFocus = false;
 
   constructor(answered: Answered) {
-    const ok = make('button', { type: 'button', part: 'button', autofocus: true }, 'OK');
-    const sign = make('span', { class: 'sign', 'aria-hidden': 'true' }, '!');
-    this.node = make('dialog', { role: 'alertdialog', class: 'message', part: 'message', 'aria-labelledby': 'message.title',
-                                 'aria-describedby': 'message.text' },
-                     this.#title, make('div', { class: 'words' }, sign, this.#text), make('div', { class: 'buttons' }, ok));
-    const close = () => answered(() => {
-      this.node.close();
-      this.#waiting.shift();
-      this.showWaiting();
-    }, this.#hadFocus);
+    const ok = make('button', {type: 'button', part: 'button', autofocus: true}, 'OK');
+    const sign = make('span', {class: 'sign', 'aria-hidden': 'true'}, '!');
+    this.node = make(
+      'dialog',
+      {
+        role: 'alertdialog',
+        class: 'message',
+        part: 'message',
+        'aria-labelledby': 'message.title',
+        'aria-describedby': 'message.text',
+      },
+      this.#title,
+      make('div', {class: 'words'}, sign, this.#text),
+      make('div', {class: 'buttons'}, ok),
+    );
+    const close = () =>
+      answered(() => {
+        this.node.close();
+        this.#waiting.shift();
+        this.showWaiting();
+      }, this.#hadFocus);
     ok.addEventListener('click', close);
     this.node.addEventListener('cancel', (event) => {
       event.preventDefault();
@@ -33,7 +47,7 @@ export class MessageBox {
   }
 
   show(text: string, title: string): void {
-    this.#waiting.push({ text, title });
+    this.#waiting.push({text, title});
     if (this.#waiting.length > 1) return;
     this.#hadFocus = (this.node.getRootNode() as ShadowRoot).activeElement !== null;
     this.showWaiting();
@@ -42,7 +56,13 @@ export class MessageBox {
   showWaiting(): void {
     const message = this.#waiting[0];
     const element = (this.node.getRootNode() as ShadowRoot).host;
-    if (message === undefined || this.node.open || !element.isConnected || !element.checkVisibility()) return;
+    if (
+      message === undefined ||
+      this.node.open ||
+      !element.isConnected ||
+      !element.checkVisibility()
+    )
+      return;
     this.#title.textContent = message.title;
     this.#text.textContent = message.text;
     this.node.showModal();

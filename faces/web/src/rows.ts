@@ -2,8 +2,8 @@
 //
 // The rows themselves are the control's; here is only which are drawn while a filter is on, and on
 // which one the keys stand.
-import { make, setAttributes } from './dom';
-import { Address, Ask, Logic, Row, Style } from './logic';
+import {make, setAttributes} from './dom';
+import {Address, Ask, Logic, Row, Style} from './logic';
 
 // The tallest a browser draws without losing its way. Beyond it a list is scrolled in proportion.
 const kTallest = 8_000_000;
@@ -33,13 +33,13 @@ export class Rows {
   readonly #holder: HTMLElement;
   readonly #isPopup: boolean;
   readonly #hasCheckBoxes: boolean;
-  readonly #space = make('div', { role: 'presentation', class: 'space' });
+  readonly #space = make('div', {role: 'presentation', class: 'space'});
   readonly #nodes = new Map<number, HTMLElement>();
   #filter = '';
   #names: ReadonlyMap<string, string> = new Map();
-  #drawn: number[] | undefined;  // the control's rows, while a filter is on
-  #current = -1;  // as drawn
-  #isWanted = false;  // in sight, as soon as anything of the list is
+  #drawn: number[] | undefined; // the control's rows, while a filter is on
+  #current = -1; // as drawn
+  #isWanted = false; // in sight, as soon as anything of the list is
   #rowHeight = 0;
   // The height in sight and the scrolling, kept here: to ask a browser for them lays the page out, and it forgets
   // the scrolling of what is hidden or moved.
@@ -54,12 +54,17 @@ export class Rows {
     this.#box = options.box;
     this.#holder = options.holder;
     this.#isPopup = options.isPopup ?? false;
-    this.#hasCheckBoxes = !this.#isPopup && (this.#logic.number(this.#list, Ask.Style) & Style.CheckBoxes) !== 0;
+    this.#hasCheckBoxes =
+      !this.#isPopup && (this.#logic.number(this.#list, Ask.Style) & Style.CheckBoxes) !== 0;
     this.#box.append(this.#space);
-    this.#box.addEventListener('scroll', () => {
-      this.#place = this.#box.scrollTop;
-      this.draw();
-    }, { passive: true });
+    this.#box.addEventListener(
+      'scroll',
+      () => {
+        this.#place = this.#box.scrollTop;
+        this.draw();
+      },
+      {passive: true},
+    );
     new ResizeObserver(([entry]) => this.lookAgain(entry!.contentRect.height)).observe(this.#box);
   }
 
@@ -172,7 +177,7 @@ export class Rows {
   #lift(): number {
     const all = this.heightOf(this.count);
     if (all <= kTallest) return 0;
-    return this.#place * (all - this.#view) / (kTallest - this.#view) - this.#place;
+    return (this.#place * (all - this.#view)) / (kTallest - this.#view) - this.#place;
   }
   #scrollTo(place: number): void {
     this.#place = place;
@@ -188,9 +193,12 @@ export class Rows {
     const from = this.#place + this.#lift();
     let wanted = from;
     if (top < from) wanted = top;
-    else if (top + this.#height > from + this.#view) wanted = Math.max(0, top + this.#height - this.#view);
+    else if (top + this.#height > from + this.#view)
+      wanted = Math.max(0, top + this.#height - this.#view);
     if (wanted === from) return;
-    this.#scrollTo(all <= kTallest ? wanted : wanted * (kTallest - this.#view) / (all - this.#view));
+    this.#scrollTo(
+      all <= kTallest ? wanted : (wanted * (kTallest - this.#view)) / (all - this.#view),
+    );
   }
   #stretch(): void {
     this.#space.style.height = `${Math.min(this.heightOf(this.count), kTallest)}px`;
@@ -212,7 +220,7 @@ export class Rows {
   /** Draws the rows that are in sight. */
   draw(): void {
     const view = this.#view;
-    if (view === 0) return;  // what is seen again later is drawn then
+    if (view === 0) return; // what is seen again later is drawn then
     const count = this.count;
     const height = this.#height;
     this.#stretch();
@@ -233,19 +241,20 @@ export class Rows {
     }
     for (const [drawn, row] of rows) this.#drawRow(drawn, row, count, drawn * height - lift);
     const active = this.#nodes.get(this.#current);
-    setAttributes(this.#holder, { 'aria-activedescendant': active?.id ?? false });
+    setAttributes(this.#holder, {'aria-activedescendant': active?.id ?? false});
   }
 
   #drawRow(drawn: number, row: Row, count: number, top: number): void {
     const number = this.#controlRow(drawn);
     let node = this.#nodes.get(drawn);
     if (node === undefined) {
-      node = make('div', { role: 'option', class: 'row', part: 'row' });
+      node = make('div', {role: 'option', class: 'row', part: 'row'});
       this.#nodes.set(drawn, node);
       // In the order of the rows, as they are read out.
       let next: HTMLElement | null = null;
       for (const [other, candidate] of this.#nodes) {
-        if (other > drawn && (next === null || other < Number(next.dataset['drawn']))) next = candidate;
+        if (other > drawn && (next === null || other < Number(next.dataset['drawn'])))
+          next = candidate;
       }
       this.#space.insertBefore(node, next);
     }
@@ -253,11 +262,13 @@ export class Rows {
     const shown = `${row.text}\n${name}`;
     if (node.dataset['shown'] !== shown || node.childNodes.length === 0) {
       node.dataset['shown'] = shown;
-      node.replaceChildren(make('span', { class: 'text' }, row.text));
-      if (name !== '') node.append(make('span', { class: 'name' }, name));
+      node.replaceChildren(make('span', {class: 'text'}, row.text));
+      if (name !== '') node.append(make('span', {class: 'name'}, name));
       node.title = name === '' ? row.text : `${row.text}: ${name}`;
     }
-    const isMarked = this.#isPopup ? number === this.#logic.number(this.#list, Ask.ListIndex) : row.marked;
+    const isMarked = this.#isPopup
+      ? number === this.#logic.number(this.#list, Ask.ListIndex)
+      : row.marked;
     setAttributes(node, {
       id: `${this.#box.id}.row.${number}`,
       'data-row': number,
@@ -275,14 +286,17 @@ export class Rows {
   /** The row of the control under the mouse, -1 for none. */
   rowUnder(event: Event): number {
     const node = (event.target as Element | null)?.closest?.('[data-row]');
-    return node instanceof HTMLElement && this.#box.contains(node) ? Number(node.dataset['row']) : -1;
+    return node instanceof HTMLElement && this.#box.contains(node)
+      ? Number(node.dataset['row'])
+      : -1;
   }
 
   /** Moves for an arrow, a page key or a letter. Gives whether the key is one of these. */
   moveByKey(event: KeyboardEvent): boolean {
     if (event.ctrlKey || event.metaKey || event.altKey) return false;
     const last = this.count - 1;
-    const step = (by: number) => this.#current < 0 ? 0 : Math.max(0, Math.min(this.#current + by, last));
+    const step = (by: number) =>
+      this.#current < 0 ? 0 : Math.max(0, Math.min(this.#current + by, last));
     const places: Record<string, () => number> = {
       ArrowUp: () => step(-1),
       ArrowDown: () => step(1),

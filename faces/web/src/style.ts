@@ -1,5 +1,5 @@
 // The style sheets of the face: the same objects for all elements of a document.
-import { Logic } from './logic';
+import {Logic} from './logic';
 import text from './style.css';
 
 const made = new WeakMap<Document, CSSStyleSheet[]>();
@@ -25,11 +25,18 @@ function coloursOf(logic: Logic): string {
   const looks = logic.looks();
   const rules: string[] = [];
   for (let kind = 0; kind * 4 < looks.length; ++kind) {
-    const [onLight, onDark, weight, isItalic] = looks.slice(kind * 4) as [number, number, number, number];
+    const [onLight, onDark, weight, isItalic] = looks.slice(kind * 4) as [
+      number,
+      number,
+      number,
+      number,
+    ];
     const hex = (colour: number) => `#${colour.toString(16).padStart(6, '0')}`;
     const stroke = Math.max(0, (weight - 400) * kStrokePerWeight);
-    rules.push(`.kind${kind} { color: light-dark(${hex(onLight)}, ${hex(onDark)}); -webkit-text-stroke-width: ${stroke}px;`,
-               isItalic !== 0 ? 'display: inline-block; transform: skewX(-10deg); }' : '}');
+    rules.push(
+      `.kind${kind} { color: light-dark(${hex(onLight)}, ${hex(onDark)}); -webkit-text-stroke-width: ${stroke}px;`,
+      isItalic !== 0 ? 'display: inline-block; transform: skewX(-10deg); }' : '}',
+    );
   }
   return rules.join('\n');
 }

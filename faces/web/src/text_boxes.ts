@@ -2,8 +2,8 @@
 //
 // A box shows the text of its control, with one character for each line end, and hands over what a
 // person makes of it. Line ends of any kind survive outside the place that is edited.
-import { make } from './dom';
-import { Address, Ask, AskText, Logic, Style, What } from './logic';
+import {make} from './dom';
+import {Address, Ask, AskText, Logic, Style, What} from './logic';
 
 /** How a box shows a line end: of several lines as one, of one line as a code that is no character of any text. */
 const kLineEnd = '\n';
@@ -35,9 +35,9 @@ export class TypedBox {
   readonly #box: Address;
   readonly #lineEnd: string;
   readonly #into: TypedInto;
-  #before = '';    // what the person is about to change
-  #runStart = '';  // from where the run of typing began
-  #takenBack = 0;  // by the box's own undo, to be had again
+  #before = ''; // what the person is about to change
+  #runStart = ''; // from where the run of typing began
+  #takenBack = 0; // by the box's own undo, to be had again
 
   constructor(logic: Logic, box: Address, input: Input, into: TypedInto) {
     this.#logic = logic;
@@ -56,9 +56,11 @@ export class TypedBox {
       if (!into.isTypingIn(box)) this.#runStart = this.#before;
       into.typed(box, input.value, input.selectionEnd ?? input.value.length, this.#lineEnd);
     };
-    input.addEventListener('beforeinput', () => { this.#before = input.value; });
+    input.addEventListener('beforeinput', () => {
+      this.#before = input.value;
+    });
     input.addEventListener('input', (event) => {
-      const { inputType, isComposing } = event as InputEvent;
+      const {inputType, isComposing} = event as InputEvent;
       if (inputType === 'historyUndo') ++this.#takenBack;
       else if (inputType === 'historyRedo') --this.#takenBack;
       else this.#takenBack = 0;
@@ -71,14 +73,20 @@ export class TypedBox {
       input.addEventListener(kind, (event) => {
         const [first, behind] = this.selection;
         if (first === behind) return;
-        (event as ClipboardEvent).clipboardData?.setData('text/plain', logic.textBetween(box, first, behind));
+        (event as ClipboardEvent).clipboardData?.setData(
+          'text/plain',
+          logic.textBetween(box, first, behind),
+        );
         event.preventDefault();
         if (kind === 'cut') document.execCommand('delete');
       });
     }
     input.addEventListener('dragstart', (event) => {
       const [first, behind] = this.selection;
-      (event as DragEvent).dataTransfer?.setData('text/plain', logic.textBetween(box, first, behind));
+      (event as DragEvent).dataTransfer?.setData(
+        'text/plain',
+        logic.textBetween(box, first, behind),
+      );
     });
     if (input instanceof HTMLInputElement) {
       input.addEventListener('paste', (event) => {
@@ -104,7 +112,8 @@ export class TypedBox {
 
   /** Shows the control's text and, where it moved, its caret. Gives whether the text is another. */
   show(what: number): boolean {
-    const text = (what & What.Text) !== 0 ? this.#logic.shownText(this.#box, this.#lineEnd) : this.input.value;
+    const text =
+      (what & What.Text) !== 0 ? this.#logic.shownText(this.#box, this.#lineEnd) : this.input.value;
     const before = this.input.value;
     const isOther = text !== before;
     if (isOther) {
@@ -143,18 +152,19 @@ function endOfChange(before: string, after: string): number {
   const least = Math.min(before.length, after.length);
   while (start < least && before[start] === after[start]) ++start;
   let end = 0;
-  while (end < least - start && before[before.length - 1 - end] === after[after.length - 1 - end]) ++end;
+  while (end < least - start && before[before.length - 1 - end] === after[after.length - 1 - end])
+    ++end;
   return after.length - end;
 }
 
 /** A box of one line. */
 export function lineBox(logic: Logic, box: Address, into: TypedInto, byKeys: boolean): TypedBox {
-  const input = make('input', { type: 'text', part: 'input' });
+  const input = make('input', {type: 'text', part: 'input'});
   const typed = new TypedBox(logic, box, input, into);
   if (byKeys) {
     // Each key is handed over by itself, so that the control can refuse it.
     input.addEventListener('beforeinput', (event) => {
-      const { data, inputType, isComposing } = event as InputEvent;
+      const {data, inputType, isComposing} = event as InputEvent;
       if (isComposing) return;
       const kBackspace = 8;
       const kLastCharacter = 0x7fff;
@@ -177,14 +187,14 @@ export class LinesBox {
   readonly node: HTMLElement;
   readonly typed: TypedBox;
   readonly #logic: Logic;
-  readonly #area = make('textarea', { wrap: 'off', part: 'input', rows: 2 });
-  readonly #colours = make('div', { class: 'colours', 'aria-hidden': 'true' });
-  readonly #sheet = make('div', { class: 'sheet' });
+  readonly #area = make('textarea', {wrap: 'off', part: 'input', rows: 2});
+  readonly #colours = make('div', {class: 'colours', 'aria-hidden': 'true'});
+  readonly #sheet = make('div', {class: 'sheet'});
   #isColoured = false;
   #lines: string[] | undefined;
   // The scrolling and the measures, kept here: to ask the browser for them lays the page out with each key.
   #place: [number, number] = [0, 0];
-  #view = { width: 0, height: 0, line: 0, padding: 0 };
+  #view = {width: 0, height: 0, line: 0, padding: 0};
 
   constructor(logic: Logic, box: Address, into: TypedInto) {
     this.#logic = logic;
@@ -198,11 +208,15 @@ export class LinesBox {
       isTypingIn: () => into.isTypingIn(box),
     });
     this.#colours.append(this.#sheet);
-    this.node = make('div', { class: 'lines', part: 'lines' }, this.#colours, this.#area);
-    this.#area.addEventListener('scroll', () => {
-      this.#place = [this.#area.scrollLeft, this.#area.scrollTop];
-      this.#draw();
-    }, { passive: true });
+    this.node = make('div', {class: 'lines', part: 'lines'}, this.#colours, this.#area);
+    this.#area.addEventListener(
+      'scroll',
+      () => {
+        this.#place = [this.#area.scrollLeft, this.#area.scrollTop];
+        this.#draw();
+      },
+      {passive: true},
+    );
     new ResizeObserver(() => {
       const wasHidden = this.#view.height === 0;
       this.#measure();
@@ -212,7 +226,11 @@ export class LinesBox {
     }).observe(this.#area);
     this.#area.addEventListener('keydown', (event) => {
       // The Tab key goes to the next control.
-      const isTab = event.ctrlKey && !event.altKey && !event.metaKey && (event.key === 'i' || event.key === 'Tab');
+      const isTab =
+        event.ctrlKey &&
+        !event.altKey &&
+        !event.metaKey &&
+        (event.key === 'i' || event.key === 'Tab');
       if (!isTab) return;
       event.preventDefault();
       document.execCommand('insertText', false, '\t');
@@ -243,26 +261,28 @@ export class LinesBox {
   // Draws the coloured lines in sight under the box, whose own letters are not seen then.
   #draw(): void {
     if (!this.#isColoured) return;
-    const { width, height: view, line: height, padding } = this.#view;
-    if (view === 0) return;  // what is seen again later is drawn then
+    const {width, height: view, line: height, padding} = this.#view;
+    if (view === 0) return; // what is seen again later is drawn then
     this.#lines ??= this.#area.value.split('\n');
     const [scrollLeft, scrollTop] = this.#place;
     const first = Math.max(0, Math.floor((scrollTop - padding) / height));
     const behind = Math.min(this.#lines.length, first + Math.ceil(view / height) + 2);
-    this.#sheet.replaceChildren(...this.#lines.slice(first, behind).map((line) => this.#drawLine(line)));
+    this.#sheet.replaceChildren(
+      ...this.#lines.slice(first, behind).map((line) => this.#drawLine(line)),
+    );
     this.#colours.style.width = `${width}px`;
     this.#colours.style.height = `${view}px`;
     this.#sheet.style.transform = `translate(${-scrollLeft}px, ${padding + first * height - scrollTop}px)`;
   }
   #drawLine(line: string): HTMLElement {
-    const node = make('div', { class: 'line' });
+    const node = make('div', {class: 'line'});
     let at = 0;
-    for (const { first, count, kind } of this.#logic.colouredWords(line.slice(0, kColouredLine))) {
+    for (const {first, count, kind} of this.#logic.colouredWords(line.slice(0, kColouredLine))) {
       if (first > at) node.append(line.slice(at, first));
       // A slanted word is a block of its own, and a tab has to stay in the line.
       for (const piece of line.slice(first, first + count).split(/(\t)/)) {
         if (piece === '\t') node.append(piece);
-        else if (piece !== '') node.append(make('span', { class: `word kind${kind}` }, piece));
+        else if (piece !== '') node.append(make('span', {class: `word kind${kind}`}, piece));
       }
       at = first + count;
     }

@@ -1,10 +1,10 @@
 // How each kind of control is shown: a view has the nodes of one control and knows how to draw it.
 // What a person does comes out as gestures of the face; no view keeps what the control has.
-import { icon, make, setAttributes } from './dom';
-import type { Face } from './face';
-import { Address, Ask, AskText, Gesture, Kind, Style, What } from './logic';
-import { Rows } from './rows';
-import { LinesBox, TypedBox, hasSeveralLines, lineBox } from './text_boxes';
+import {icon, make, setAttributes} from './dom';
+import type {Face} from './face';
+import {Address, Ask, AskText, Gesture, Kind, Style, What} from './logic';
+import {Rows} from './rows';
+import {LinesBox, TypedBox, hasSeveralLines, lineBox} from './text_boxes';
 
 export interface View {
   /** What is laid out. */
@@ -26,41 +26,56 @@ function isInactive(backColor: number): boolean {
 }
 
 export function viewOf(face: Face, control: Address): View {
-  const { logic } = face;
+  const {logic} = face;
   switch (logic.number(control, Ask.Kind) as Kind) {
-    case Kind.TabStrip: return tabStrip(face, control);
-    case Kind.SyntaxTextBox: return linesBox(face, control);
-    case Kind.TextBox: return hasSeveralLines(logic, control) ? linesBox(face, control) : oneLine(face, control);
-    case Kind.ListBox: return new ListView(face, control);
-    case Kind.ComboBox: return new ComboView(face, control);
-    case Kind.Button: return button(face, control);
-    case Kind.OptionButton: return option(face, control);
-    case Kind.Frame: return frame(face, control);
-    case Kind.Label: return label(face, control);
-    case Kind.Rectangle: return plain(make('div', { class: 'shape', part: 'group', role: 'group' }));
-    case Kind.ScrollBar: return scrollBar(face, control);
+    case Kind.TabStrip:
+      return tabStrip(face, control);
+    case Kind.SyntaxTextBox:
+      return linesBox(face, control);
+    case Kind.TextBox:
+      return hasSeveralLines(logic, control) ? linesBox(face, control) : oneLine(face, control);
+    case Kind.ListBox:
+      return new ListView(face, control);
+    case Kind.ComboBox:
+      return new ComboView(face, control);
+    case Kind.Button:
+      return button(face, control);
+    case Kind.OptionButton:
+      return option(face, control);
+    case Kind.Frame:
+      return frame(face, control);
+    case Kind.Label:
+      return label(face, control);
+    case Kind.Rectangle:
+      return plain(make('div', {class: 'shape', part: 'group', role: 'group'}));
+    case Kind.ScrollBar:
+      return scrollBar(face, control);
   }
 }
 
 function plain(node: HTMLElement): View {
-  return { node, focus: node, show() {} };
+  return {node, focus: node, show() {}};
 }
 
 function button(face: Face, control: Address): View {
-  const node = make('button', { type: 'button', part: 'button' });
+  const node = make('button', {type: 'button', part: 'button'});
   node.addEventListener('click', () => face.gesture(Gesture.Click, control));
   return {
     node,
     focus: node,
-    show: () => { node.textContent = face.logic.text(control, AskText.Caption); },
-    enable: (enabled) => { node.disabled = !enabled; },
+    show: () => {
+      node.textContent = face.logic.text(control, AskText.Caption);
+    },
+    enable: (enabled) => {
+      node.disabled = !enabled;
+    },
   };
 }
 
 function option(face: Face, control: Address): View {
-  const input = make('input', { type: 'radio', part: 'radio' });
+  const input = make('input', {type: 'radio', part: 'radio'});
   const text = make('span');
-  const node = make('label', { class: 'option' }, input, text);
+  const node = make('label', {class: 'option'}, input, text);
   input.addEventListener('click', () => face.gesture(Gesture.Click, control));
   input.addEventListener('keydown', (event) => {
     const isForward = event.key === 'ArrowDown' || event.key === 'ArrowRight';
@@ -76,14 +91,20 @@ function option(face: Face, control: Address): View {
       text.textContent = face.logic.text(control, AskText.Caption);
       input.checked = face.logic.is(control, Ask.Value);
     },
-    enable: (enabled) => { input.disabled = !enabled; },
+    enable: (enabled) => {
+      input.disabled = !enabled;
+    },
   };
 }
 
 function frame(face: Face, control: Address): View {
   const hasBorder = (face.logic.number(control, Ask.Style) & Style.NoBorder) === 0;
-  const node = make('div', { role: 'group', class: hasBorder ? 'frame' : 'frame bare', part: 'group' });
-  const title = make('span', { class: 'title', 'aria-hidden': 'true' });
+  const node = make('div', {
+    role: 'group',
+    class: hasBorder ? 'frame' : 'frame bare',
+    part: 'group',
+  });
+  const title = make('span', {class: 'title', 'aria-hidden': 'true'});
   if (hasBorder) node.append(title);
   return {
     node,
@@ -96,15 +117,31 @@ function frame(face: Face, control: Address): View {
 }
 
 function label(face: Face, control: Address): View {
-  const node = make('span', { class: 'label', part: 'label' });
-  return { node, focus: node, show: () => { node.textContent = face.logic.text(control, AskText.Caption); } };
+  const node = make('span', {class: 'label', part: 'label'});
+  return {
+    node,
+    focus: node,
+    show: () => {
+      node.textContent = face.logic.text(control, AskText.Caption);
+    },
+  };
 }
 
 function tabStrip(face: Face, control: Address): View {
-  const node = make('div', { role: 'tablist', part: 'tabs', class: 'tabs' });
-  const tabs = Array.from({ length: 7 }, (_, page) => {
-    const tab = make('button', { type: 'button', role: 'tab', part: 'tab', id: `page${page}.tab`, 'data-page': page,
-                                 'aria-controls': `page${page}` }, face.logic.pageCaption(page).trim());
+  const node = make('div', {role: 'tablist', part: 'tabs', class: 'tabs'});
+  const tabs = Array.from({length: 7}, (_, page) => {
+    const tab = make(
+      'button',
+      {
+        type: 'button',
+        role: 'tab',
+        part: 'tab',
+        id: `page${page}.tab`,
+        'data-page': page,
+        'aria-controls': `page${page}`,
+      },
+      face.logic.pageCaption(page).trim(),
+    );
     tab.addEventListener('click', () => face.gesture(Gesture.Tab, control, page));
     return tab;
   });
@@ -126,11 +163,16 @@ function tabStrip(face: Face, control: Address): View {
   });
   return {
     node,
-    get focus() { return tabs[face.logic.number(control, Ask.Value)]!; },
+    get focus() {
+      return tabs[face.logic.number(control, Ask.Value)]!;
+    },
     show: () => {
       const active = face.logic.number(control, Ask.Value);
       tabs.forEach((tab, page) => {
-        setAttributes(tab, { 'aria-selected': String(page === active), tabindex: page === active ? 0 : -1 });
+        setAttributes(tab, {
+          'aria-selected': String(page === active),
+          tabindex: page === active ? 0 : -1,
+        });
       });
       face.showPage(active);
     },
@@ -146,10 +188,13 @@ function linesBox(face: Face, control: Address): View {
     show: (what) => {
       box.show(what, !isPlain && face.logic.is(control, Ask.Highlight));
       if (!isPlain) return;
-      if ((what & What.SelStart) !== 0) box.typed.showCaret(face.logic.number(control, Ask.SelStart));
+      if ((what & What.SelStart) !== 0)
+        box.typed.showCaret(face.logic.number(control, Ask.SelStart));
       box.node.classList.toggle('inactive', isInactive(face.logic.number(control, Ask.BackColor)));
     },
-    enable: (enabled) => { box.typed.input.disabled = !enabled; },
+    enable: (enabled) => {
+      box.typed.input.disabled = !enabled;
+    },
     restorePlace: () => box.restorePlace(),
   };
 }
@@ -164,7 +209,9 @@ function oneLine(face: Face, control: Address): View {
       box.show(what);
       if ((what & What.SelStart) !== 0) box.showCaret(face.logic.number(control, Ask.SelStart));
     },
-    enable: (enabled) => { box.input.disabled = !enabled; },
+    enable: (enabled) => {
+      box.input.disabled = !enabled;
+    },
   };
 }
 
@@ -173,14 +220,17 @@ class ListView implements View {
   readonly rows: Rows;
 
   constructor(face: Face, control: Address) {
-    const { logic } = face;
+    const {logic} = face;
     const style = logic.number(control, Ask.Style);
     const isSingle = (style & (Style.MultiSelect | Style.CheckBoxes)) === 0;
     this.node = make('div', {
-      role: 'listbox', part: 'list', tabindex: 0, class: (style & Style.CheckBoxes) !== 0 ? 'rows checks' : 'rows',
+      role: 'listbox',
+      part: 'list',
+      tabindex: 0,
+      class: (style & Style.CheckBoxes) !== 0 ? 'rows checks' : 'rows',
       'aria-multiselectable': isSingle ? false : 'true',
     });
-    this.rows = new Rows({ logic, list: control, box: this.node, holder: this.node });
+    this.rows = new Rows({logic, list: control, box: this.node, holder: this.node});
     this.node.addEventListener('click', (event) => {
       const row = this.rows.rowUnder(event);
       if (row < 0 || !logic.is(control, Ask.Enabled)) return;
@@ -195,7 +245,8 @@ class ListView implements View {
       const before = this.rows.current;
       if (event.key === ' ' || (event.key === 'Enter' && isSingle)) {
         event.preventDefault();
-        if (before >= 0) face.gesture(event.key === ' ' ? Gesture.Click : Gesture.DoubleClick, control, before);
+        if (before >= 0)
+          face.gesture(event.key === ' ' ? Gesture.Click : Gesture.DoubleClick, control, before);
         return;
       }
       if (!this.rows.moveByKey(event)) return;
@@ -206,16 +257,23 @@ class ListView implements View {
     });
   }
 
-  get focus(): HTMLElement { return this.node; }
+  get focus(): HTMLElement {
+    return this.node;
+  }
   show(what: number): void {
     if ((what & What.Rows) !== 0) this.rows.rowsChanged();
     else if ((what & What.ListIndex) !== 0) this.rows.showListIndex();
     else this.rows.draw();
   }
   enable(enabled: boolean): void {
-    setAttributes(this.node, { 'aria-disabled': enabled ? false : 'true', tabindex: enabled ? 0 : false });
+    setAttributes(this.node, {
+      'aria-disabled': enabled ? false : 'true',
+      tabindex: enabled ? 0 : false,
+    });
   }
-  restorePlace(): void { this.rows.restorePlace(); }
+  restorePlace(): void {
+    this.rows.restorePlace();
+  }
 }
 
 class ComboView implements View {
@@ -224,30 +282,61 @@ class ComboView implements View {
   readonly #face: Face;
   readonly #control: Address;
   readonly #typed: TypedBox | undefined;
-  readonly #text = make('span', { class: 'value' });
-  readonly #popup = make('div', { role: 'listbox', class: 'rows popup', part: 'popup', popover: 'manual' });
+  readonly #text = make('span', {class: 'value'});
+  readonly #popup = make('div', {
+    role: 'listbox',
+    class: 'rows popup',
+    part: 'popup',
+    popover: 'manual',
+  });
   readonly #rows: Rows;
   #opener: HTMLButtonElement | undefined;
 
   constructor(face: Face, control: Address) {
-    const { logic } = face;
+    const {logic} = face;
     this.#face = face;
     this.#control = control;
     const name = logic.text(control, AskText.Name);
     this.#popup.id = `${name}.list`;
     const kArrow = 'M4 6l4 4 4-4';
-    const attributes = { role: 'combobox', 'aria-haspopup': 'listbox', 'aria-expanded': 'false', 'aria-controls': this.#popup.id };
+    const attributes = {
+      role: 'combobox',
+      'aria-haspopup': 'listbox',
+      'aria-expanded': 'false',
+      'aria-controls': this.#popup.id,
+    };
     if ((logic.number(control, Ask.Style) & Style.Editable) !== 0) {
       this.#typed = lineBox(logic, control, face, false);
       this.focus = this.#typed.input;
-      setAttributes(this.focus, { ...attributes, 'aria-autocomplete': 'none' });
-      this.#opener = make('button', { type: 'button', class: 'open', tabindex: -1, id: `${name}.open` }, icon(kArrow));
-      this.node = make('div', { class: 'combo', part: 'combo' }, this.focus, this.#opener, this.#popup);
+      setAttributes(this.focus, {...attributes, 'aria-autocomplete': 'none'});
+      this.#opener = make(
+        'button',
+        {type: 'button', class: 'open', tabindex: -1, id: `${name}.open`},
+        icon(kArrow),
+      );
+      this.node = make(
+        'div',
+        {class: 'combo', part: 'combo'},
+        this.focus,
+        this.#opener,
+        this.#popup,
+      );
     } else {
-      this.focus = make('div', { ...attributes, tabindex: 0, class: 'pick' }, this.#text, icon(kArrow));
-      this.node = make('div', { class: 'combo', part: 'combo' }, this.focus, this.#popup);
+      this.focus = make(
+        'div',
+        {...attributes, tabindex: 0, class: 'pick'},
+        this.#text,
+        icon(kArrow),
+      );
+      this.node = make('div', {class: 'combo', part: 'combo'}, this.focus, this.#popup);
     }
-    this.#rows = new Rows({ logic, list: control, box: this.#popup, holder: this.focus, isPopup: true });
+    this.#rows = new Rows({
+      logic,
+      list: control,
+      box: this.#popup,
+      holder: this.focus,
+      isPopup: true,
+    });
 
     // The focus stays in the box while the list is open.
     for (const node of [this.#popup, ...(this.#opener === undefined ? [] : [this.#opener])])
@@ -265,13 +354,19 @@ class ComboView implements View {
     this.focus.addEventListener('keydown', (event) => this.#key(event));
   }
 
-  close(): void { this.#show(false); }
+  close(): void {
+    this.#show(false);
+  }
 
-  get #isOpen(): boolean { return this.focus.getAttribute('aria-expanded') === 'true'; }
-  get #isEnabled(): boolean { return this.#face.logic.is(this.#control, Ask.Enabled); }
+  get #isOpen(): boolean {
+    return this.focus.getAttribute('aria-expanded') === 'true';
+  }
+  get #isEnabled(): boolean {
+    return this.#face.logic.is(this.#control, Ask.Enabled);
+  }
 
   show(what: number): void {
-    const { logic } = this.#face;
+    const {logic} = this.#face;
     if (this.#typed === undefined) this.#text.textContent = logic.text(this.#control, AskText.Text);
     else this.#typed.show(what | What.Text);
     this.node.classList.toggle('inactive', isInactive(logic.number(this.#control, Ask.BackColor)));
@@ -280,7 +375,10 @@ class ComboView implements View {
   }
   enable(enabled: boolean): void {
     if (this.#typed === undefined) {
-      setAttributes(this.focus, { 'aria-disabled': enabled ? false : 'true', tabindex: enabled ? 0 : false });
+      setAttributes(this.focus, {
+        'aria-disabled': enabled ? false : 'true',
+        tabindex: enabled ? 0 : false,
+      });
     } else {
       this.#typed.input.disabled = !enabled;
     }
@@ -312,8 +410,9 @@ class ComboView implements View {
   #stayWhile(place: DOMRect): void {
     requestAnimationFrame(() => {
       if (!this.#isOpen) return;
-      const { left, top, width } = this.node.getBoundingClientRect();
-      const hasMoved = Math.abs(left - place.left) + Math.abs(top - place.top) + Math.abs(width - place.width) > 1;
+      const {left, top, width} = this.node.getBoundingClientRect();
+      const hasMoved =
+        Math.abs(left - place.left) + Math.abs(top - place.top) + Math.abs(width - place.width) > 1;
       if (hasMoved) this.#show(false);
       else this.#stayWhile(place);
     });
@@ -327,7 +426,7 @@ class ComboView implements View {
     const above = around.top - kEdge;
     const wanted = this.#rows.heightOf(Math.min(Math.max(this.#rows.count, 1), kMostRows)) + 2;
     // In a page that is enlarged by its style.
-    const zoom = (this.#popup as HTMLElement & { currentCSSZoom?: number }).currentCSSZoom ?? 1;
+    const zoom = (this.#popup as HTMLElement & {currentCSSZoom?: number}).currentCSSZoom ?? 1;
     const isBelow = below >= wanted * zoom || below >= above;
     const height = Math.min(wanted * zoom, isBelow ? below : above) / zoom;
     Object.assign(this.#popup.style, {
@@ -347,17 +446,28 @@ class ComboView implements View {
   #key(event: KeyboardEvent): void {
     const isEditable = this.#typed !== undefined;
     const isArrow = event.key === 'ArrowDown' || event.key === 'ArrowUp';
-    if (event.isComposing || event.ctrlKey || event.metaKey || (event.altKey && !isArrow) || !this.#isEnabled) return;
+    if (
+      event.isComposing ||
+      event.ctrlKey ||
+      event.metaKey ||
+      (event.altKey && !isArrow) ||
+      !this.#isEnabled
+    )
+      return;
     if (!this.#isOpen) {
       const isLetter = event.key.length === 1 && event.key !== ' ';
-      const opens = isArrow || (!isEditable && (event.key === 'Enter' || event.key === ' ' || isLetter));
+      const opens =
+        isArrow || (!isEditable && (event.key === 'Enter' || event.key === ' ' || isLetter));
       if (!opens) return;
       event.preventDefault();
       this.#show(true);
       if (!isEditable && isLetter) this.#rows.moveByKey(event);
       return;
     }
-    const isPick = event.key === 'Enter' || (!isEditable && event.key === ' ') || (event.altKey && event.key === 'ArrowUp');
+    const isPick =
+      event.key === 'Enter' ||
+      (!isEditable && event.key === ' ') ||
+      (event.altKey && event.key === 'ArrowUp');
     if (isPick) {
       event.preventDefault();
       if (this.#rows.current >= 0) this.#pick(this.#rows.current);
@@ -367,7 +477,7 @@ class ComboView implements View {
       event.stopPropagation();
       this.#show(false);
     } else if (isEditable && !isArrow && !event.key.startsWith('Page')) {
-      if (event.key !== 'Shift') this.#show(false);  // the key is for the text
+      if (event.key !== 'Shift') this.#show(false); // the key is for the text
     } else if (this.#rows.moveByKey(event)) {
       event.preventDefault();
     }
@@ -375,13 +485,24 @@ class ComboView implements View {
 }
 
 function scrollBar(face: Face, control: Address): View {
-  const { logic } = face;
-  const thumb = make('span', { class: 'thumb' });
-  const track = make('span', { class: 'track' }, thumb);
-  const node = make('div', { role: 'scrollbar', class: 'scroll', part: 'scrollbar', tabindex: 0, 'aria-orientation': 'vertical',
-                             'aria-controls': 'fracase', 'aria-valuemin': 0 },
-                    make('span', { class: 'arrow', 'data-step': -1 }, icon('M4 10l4-4 4 4')), track,
-                    make('span', { class: 'arrow', 'data-step': 1 }, icon('M4 6l4 4 4-4')));
+  const {logic} = face;
+  const thumb = make('span', {class: 'thumb'});
+  const track = make('span', {class: 'track'}, thumb);
+  const node = make(
+    'div',
+    {
+      role: 'scrollbar',
+      class: 'scroll',
+      part: 'scrollbar',
+      tabindex: 0,
+      'aria-orientation': 'vertical',
+      'aria-controls': 'fracase',
+      'aria-valuemin': 0,
+    },
+    make('span', {class: 'arrow', 'data-step': -1}, icon('M4 10l4-4 4 4')),
+    track,
+    make('span', {class: 'arrow', 'data-step': 1}, icon('M4 6l4 4 4-4')),
+  );
   const value = () => logic.number(control, Ask.Value);
   const most = () => logic.number(control, Ask.Max);
   const goTo = (wanted: number) => {
@@ -391,7 +512,7 @@ function scrollBar(face: Face, control: Address): View {
   const showThumb = (at: number) => {
     const rows = most() + 1;
     thumb.style.height = `${100 / rows}%`;
-    thumb.style.top = `${100 * at / rows}%`;
+    thumb.style.top = `${(100 * at) / rows}%`;
   };
   const step = logic.number(control, Ask.SmallChange);
 
@@ -399,7 +520,8 @@ function scrollBar(face: Face, control: Address): View {
     const target = event.target as Element;
     const arrow = target.closest<HTMLElement>('[data-step]');
     if (arrow !== null) goTo(value() + step * Number(arrow.dataset['step']));
-    else if (target === track) goTo(value() + (event.clientY < thumb.getBoundingClientRect().top ? -step : step));
+    else if (target === track)
+      goTo(value() + (event.clientY < thumb.getBoundingClientRect().top ? -step : step));
   });
   // A drag is one gesture, when the thumb is let go.
   thumb.addEventListener('pointerdown', (down) => {
@@ -409,7 +531,7 @@ function scrollBar(face: Face, control: Address): View {
     let at = from;
     thumb.setPointerCapture(down.pointerId);
     const move = (event: PointerEvent) => {
-      const by = (event.clientY - down.clientY) / height * (most() + 1);
+      const by = ((event.clientY - down.clientY) / height) * (most() + 1);
       at = Math.round(Math.max(0, Math.min(from + by, most())));
       showThumb(at);
     };
@@ -442,11 +564,15 @@ function scrollBar(face: Face, control: Address): View {
     node,
     focus: node,
     show: () => {
-      setAttributes(node, { 'aria-valuenow': value(), 'aria-valuemax': most() });
+      setAttributes(node, {'aria-valuenow': value(), 'aria-valuemax': most()});
       showThumb(value());
     },
-    enable: (enabled) => setAttributes(node, { 'aria-disabled': enabled ? false : 'true', tabindex: enabled ? 0 : false }),
+    enable: (enabled) =>
+      setAttributes(node, {
+        'aria-disabled': enabled ? false : 'true',
+        tabindex: enabled ? 0 : false,
+      }),
   };
 }
 
-export { ComboView, ListView };
+export {ComboView, ListView};

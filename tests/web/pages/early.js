@@ -5,7 +5,9 @@ const kEvents = ['propertychanged', 'eventCancel'];
 
 globalThis.early = {log: [], wasDefined: customElements.get('zolt20-map-control') !== undefined};
 for (const name of kEvents) {
-  document.addEventListener(name, (event) => early.log.push(`${event.target.id} ${event.detail?.name ?? name}`));
+  document.addEventListener(name, (event) =>
+    early.log.push(`${event.target.id} ${event.detail?.name ?? name}`),
+  );
 }
 Object.assign(document.getElementById('tables-first'), {
   PrpStrTables: kTables,

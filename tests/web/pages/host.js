@@ -13,12 +13,15 @@ class Host {
     this.log = [];
     this.answers = {};
     for (const name of kEvents) element.addEventListener(name, () => this.#answer(name));
-    element.addEventListener('propertychanged', (event) => this.log.push({changed: event.detail.name}));
+    element.addEventListener('propertychanged', (event) =>
+      this.log.push({changed: event.detail.name}),
+    );
     element.addEventListener('message', ({detail: {text, title, icon, buttons}}) =>
       this.log.push({message: text, title, icon, buttons}),
     );
     element.addEventListener('failed', (event) => this.log.push({failed: told(event.detail)}));
-    for (const name of ['undone', 'redone']) element.addEventListener(name, () => this.log.push({[name]: true}));
+    for (const name of ['undone', 'redone'])
+      element.addEventListener(name, () => this.log.push({[name]: true}));
   }
 
   takeLog() {
@@ -95,7 +98,8 @@ class Host {
       [right, bottom] = [Math.min(right, box.right), Math.min(bottom, box.bottom)];
     }
     const [x, y] = [(left + right) / 2, (top + bottom) / 2];
-    const hit = right > left && bottom > top ? this.element.shadowRoot.elementFromPoint(x, y) : null;
+    const hit =
+      right > left && bottom > top ? this.element.shadowRoot.elementFromPoint(x, y) : null;
     return {
       isThere: true,
       isOnTop: hit !== null && (hit === node || node.contains(hit)),
@@ -113,7 +117,8 @@ class Host {
     const node = this.find(id, selector);
     const scrolled = [];
     for (let at = node.parentElement; at !== null; at = at.parentElement) {
-      if (/auto|scroll/.test(getComputedStyle(at).overflowY) && at.scrollHeight > at.clientHeight) scrolled.unshift(at);
+      if (/auto|scroll/.test(getComputedStyle(at).overflowY) && at.scrollHeight > at.clientHeight)
+        scrolled.unshift(at);
     }
     let box = {left: 0, top: 0, bottom: innerHeight};
     for (const target of [...scrolled, node]) {
@@ -122,7 +127,11 @@ class Host {
       const seen = Math.min(bottom, box.bottom) - Math.max(top, box.top);
       if (seen < Math.min(kEnough, bottom - top, box.bottom - box.top) - 1) {
         // At the edge lies nothing that is scrolled by itself.
-        return {x: box.left + 2, y: (box.top + box.bottom) / 2, way: (top + bottom - box.top - box.bottom) / 2};
+        return {
+          x: box.left + 2,
+          y: (box.top + box.bottom) / 2,
+          way: (top + bottom - box.top - box.bottom) / 2,
+        };
       }
       box = {left, top: Math.max(top, box.top), bottom: Math.min(bottom, box.bottom)};
     }
@@ -172,7 +181,12 @@ class Host {
     }
     const keyboard = this.keyboard();
     const isModal = this.find('', 'dialog[open]') !== null;
-    if (document.activeElement === this.element && focus !== null && keyboard !== focus && !isModal) {
+    if (
+      document.activeElement === this.element &&
+      focus !== null &&
+      keyboard !== focus &&
+      !isModal
+    ) {
       return `the keyboard is at ${keyboard === '' ? 'no control' : keyboard} and the focus at ${focus}`;
     }
     return '';
@@ -199,7 +213,8 @@ function kindDifference(kind, styles, node, control) {
   const isDisabled = node.disabled === true || node.getAttribute('aria-disabled') === 'true';
   switch (kind) {
     case 'TabStrip':
-      return node.querySelector('[role=tab][aria-selected=true]').dataset.page === String(control.Tab)
+      return node.querySelector('[role=tab][aria-selected=true]').dataset.page ===
+        String(control.Tab)
         ? ''
         : 'shows another page';
     case 'TextBox':
@@ -235,9 +250,12 @@ function rowsDifference(styles, node, control) {
     const number = Number(row.dataset.row);
     const text = row.querySelector('.text').textContent;
     if (text !== control.List[number]) return `row ${number} ${quoted(text)}`;
-    if (row.getAttribute('aria-setsize') !== String(control.List.length)) return `row ${number} has another size of set`;
-    if (row.getAttribute('aria-posinset') !== String(number + 1)) return `row ${number} has another position`;
-    if ((row.getAttribute(mark) === 'true') !== control.Selected[number]) return `row ${number} is marked otherwise`;
+    if (row.getAttribute('aria-setsize') !== String(control.List.length))
+      return `row ${number} has another size of set`;
+    if (row.getAttribute('aria-posinset') !== String(number + 1))
+      return `row ${number} has another position`;
+    if ((row.getAttribute(mark) === 'true') !== control.Selected[number])
+      return `row ${number} is marked otherwise`;
   }
   return '';
 }
