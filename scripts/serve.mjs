@@ -56,7 +56,7 @@ async function fileOf(address, mounts) {
 export async function serve({root, port = 0}) {
   const mounts = Object.entries(root)
     .map(([prefix, folder]) => ({
-      prefix: prefix.endsWith('/') ? prefix : prefix + '/',
+      prefix: prefix.endsWith('/') ? prefix : `${prefix}/`,
       folder: path.resolve(folder),
     }))
     .sort((one, other) => other.prefix.length - one.prefix.length);
@@ -75,7 +75,7 @@ export async function serve({root, port = 0}) {
     };
     const refuse = (status, why) => {
       response.writeHead(status, {...headers, 'Content-Type': 'text/plain; charset=utf-8'});
-      response.end(why + '\n');
+      response.end(`${why}\n`);
     };
     if (request.method !== 'GET' && request.method !== 'HEAD')
       return refuse(405, 'Files can only be read');
@@ -120,7 +120,7 @@ async function main(words) {
     const [, folder, mount] = /^(.*?)(?:=(\/.*))?$/.exec(word);
     root[mount ?? '/'] = folder;
   }
-  console.log((await serve({root, port})).address + '/');
+  console.log(`${(await serve({root, port})).address}/`);
 }
 
 if (process.argv[1] !== undefined && import.meta.url === pathToFileURL(process.argv[1]).href) {

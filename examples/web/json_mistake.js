@@ -2,7 +2,7 @@
 
 const kBlank = /[ \t\n\r]*/y;
 const kBegunString = /"(?:[^"\\\u0000-\u001f]|\\(?:["\\/bfnrt]|u[0-9a-fA-F]{4}))*/y;
-const kString = new RegExp(kBegunString.source + '"', 'y');
+const kString = new RegExp(`${kBegunString.source}"`, 'y');
 const kPlainValue = /-?(?:0|[1-9]\d*)(?:\.\d+)?(?:[eE][+-]?\d+)?|true|false|null/y;
 
 // What can be needed next.

@@ -119,7 +119,7 @@ async function violationsOf(page) {
 describe('nothing is found by the rules of accessibility', () => {
   withPerson(
     'which find what is wrong within the element',
-    async (person, page) => {
+    async (_person, page) => {
       await page.evaluate(axe.source);
       await page.evaluate(() => {
         host.element.style.setProperty('--zolt20-text', '#999');

@@ -16,7 +16,7 @@ export class Automation {
   /// The reply to a request, which is an object or a line.
   async ask(request) {
     this.process_.stdin.write(
-      (typeof request === 'string' ? request : JSON.stringify(request)) + '\n',
+      `${typeof request === 'string' ? request : JSON.stringify(request)}\n`,
     );
     const {value, done} = await this.replies_.next();
     if (done) throw new Error('zolt20-host has ended');

@@ -122,6 +122,7 @@ describe('the members', () => {
             .filter(({canSet, canGet}) => canGet && !canSet)
             .map(({name}) =>
               tries(() => {
+                // biome-ignore lint/suspicious/noRedundantUseStrict: the page runs it outside of this module
                 'use strict';
                 host.element[name] = '';
               }),
@@ -943,7 +944,7 @@ describe('texts', () => {
     });
   }
 
-  withPerson('are copied, cut and pasted with their line ends', async (person, page) => {
+  withPerson('are copied, cut and pasted with their line ends', async (person) => {
     await person.tab(6);
     await person.carryOut(JSON.stringify({set: 'prpStroutput', value: 'a~b~c'}));
     assert.equal((await controlsOf(person)).TxtOutput.Text, 'a\r\nb\r\nc');

@@ -68,7 +68,7 @@ const kLoops = [
   '\tendwhile',
   'endfor',
 ];
-const indented = (lines) => lines.map((line) => '\t' + line);
+const indented = (lines) => lines.map((line) => `\t${line}`);
 const text = (lines) => lines.join('\r\n');
 
 const kSmall = `{

@@ -1,6 +1,6 @@
 // The element for pages: defined when its logic is there, under its one name.
 import {ZOLT20MapControlElement, useLogic} from './element';
-import {Logic} from './logic';
+import type {Logic} from './logic';
 
 export const kTag = 'zolt20-map-control';
 

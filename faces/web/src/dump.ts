@@ -1,5 +1,5 @@
 // The whole state of the form as a plain object, in the words of the JSON lines that zolt20-host speaks.
-import {Address, Ask, AskText, Kind, Logic} from './logic';
+import {type Address, Ask, AskText, Kind, type Logic} from './logic';
 
 /** A control: its name's properties, by kind. */
 export type DumpedControl = Record<string, unknown>;

@@ -1,7 +1,7 @@
 // <zolt20-map-control>: the control as an element of a page.
-import {Dump, dumpOf} from './dump';
-import {Face, FaceOwner, errorOf} from './face';
-import {Listener, Logic, Status} from './logic';
+import {type Dump, dumpOf} from './dump';
+import {Face, type FaceOwner, errorOf} from './face';
+import type {Listener, Logic, Status} from './logic';
 import {styleSheets} from './style';
 
 const enum ValueType {

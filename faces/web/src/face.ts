@@ -4,10 +4,20 @@
 // before the host hears of an event in it. What a person does becomes a gesture.
 import {make} from './dom';
 import {layOut} from './layout';
-import {Address, Ask, AskText, Gesture, Kind, Logic, Status, What, ZOLT20Error} from './logic';
+import {
+  type Address,
+  Ask,
+  AskText,
+  Gesture,
+  Kind,
+  type Logic,
+  Status,
+  What,
+  ZOLT20Error,
+} from './logic';
 import {MessageBox} from './message_box';
-import {TypedBox, TypedInto, spokenName} from './text_boxes';
-import {ComboView, ListView, View, viewOf} from './views';
+import {TypedBox, type TypedInto, spokenName} from './text_boxes';
+import {ComboView, ListView, type View, viewOf} from './views';
 
 /** What the element does when the face has something to tell. */
 export interface FaceOwner {
@@ -239,8 +249,9 @@ export class Face implements TypedInto {
     for (const page of this.#root.querySelectorAll<HTMLElement>('[role="tabpanel"]'))
       page.hidden = Number(page.dataset['page']) !== active;
     const lists = [...this.#views.values()].filter((view) => view instanceof ListView);
-    const heights = lists.map((list) => list.node.clientHeight); // all at once, before any of them is drawn
-    lists.forEach((list, at) => list.rows.lookAgain(heights[at]!));
+    // All at once, before any of them is drawn.
+    const heights = lists.map((list) => list.node.clientHeight);
+    for (const [at, list] of lists.entries()) list.rows.lookAgain(heights[at]!);
   }
   #showHistory(): void {
     const {canUndo, canRedo} = this.logic.history(this.handle);

@@ -1,5 +1,5 @@
 // The style sheets of the face: the same objects for all elements of a document.
-import {Logic} from './logic';
+import type {Logic} from './logic';
 import text from './style.css';
 
 const made = new WeakMap<Document, CSSStyleSheet[]>();

@@ -3,7 +3,7 @@
 // A box shows the text of its control, with one character for each line end, and hands over what a
 // person makes of it. Line ends of any kind survive outside the place that is edited.
 import {make} from './dom';
-import {Address, Ask, AskText, Logic, Style, What} from './logic';
+import {type Address, Ask, AskText, type Logic, Style, What} from './logic';
 
 /** How a box shows a line end: of several lines as one, of one line as a code that is no character of any text. */
 const kLineEnd = '\n';

@@ -2,9 +2,9 @@
 // What a person does comes out as gestures of the face; no view keeps what the control has.
 import {icon, make, setAttributes} from './dom';
 import type {Face} from './face';
-import {Address, Ask, AskText, Gesture, Kind, Style, What} from './logic';
+import {type Address, Ask, AskText, Gesture, Kind, Style, What} from './logic';
 import {Rows} from './rows';
-import {LinesBox, TypedBox, hasSeveralLines, lineBox} from './text_boxes';
+import {LinesBox, type TypedBox, hasSeveralLines, lineBox} from './text_boxes';
 
 export interface View {
   /** What is laid out. */
