@@ -1,5 +1,6 @@
-// What the browser element costs, in Chromium: each figure beside its yardstick of the same run. Times are medians of what the
-// page itself measures; another program on the machine still shows in them, so they are to be read as ratios.
+// What the browser element costs, in Chromium: each figure beside its yardstick of the same run.
+// Times are medians of what the page itself measures; another program on the machine still shows in
+// them, so they are to be read as ratios.
 //   node benchmarks/web.mjs        with the environment of the tests of tests/web
 import fs from 'node:fs';
 import path from 'node:path';
@@ -26,7 +27,8 @@ const row = (work, figure, yardstick, bar = '') =>
 
 const stage = await Stage.open({'/bench/': kPages});
 
-// From the start of the script to an element that is drawn, each time in a page that is loaded anew. The first few make it warm.
+// From the start of the script to an element that is drawn, each time in a page that is loaded
+// anew. The first few make it warm.
 async function readyTimes(script) {
   const kWarm = 5;
   const page = await stage.openPage('bench/page.html');

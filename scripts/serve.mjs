@@ -1,5 +1,6 @@
-// A small server of files for pages with the browser element: for its tests, its example and for trying things out. It
-// serves to this machine alone, under a policy by which a page may run its own scripts and WebAssembly, and nothing else.
+// A small server of files for pages with the browser element: for its tests, its example and for
+// trying things out. It serves to this machine alone, under a policy by which a page may run its
+// own scripts and WebAssembly, and nothing else.
 //   node scripts/serve.mjs PORT DIRECTORY[=/MOUNT] ...
 // PORT 0 takes any that is free. The address is printed when it can be used.
 import {createReadStream} from 'node:fs';
@@ -27,7 +28,8 @@ const kTypes = {
 
 const isWithin = (file, folder) => file === folder || file.startsWith(folder + path.sep);
 
-// The file that an address stands for; nothing when it stands for none, or for one outside of the folders.
+// The file that an address stands for; nothing when it stands for none, or for one outside of the
+// folders.
 async function fileOf(address, mounts) {
   let name;
   try {
@@ -51,8 +53,8 @@ async function fileOf(address, mounts) {
   }
 }
 
-/// Serves folders by the mounts of `root`, such as {'/package/': 'build/web/package', '/': 'examples/web'}; the longest
-/// mount that fits counts. Gives the address, and what ends it.
+/// Serves folders by the mounts of `root`, the longest that fits an address: for instance
+/// {'/package/': 'build/web/package', '/': 'examples/web'}. Gives the address, and what ends it.
 export async function serve({root, port = 0}) {
   const mounts = Object.entries(root)
     .map(([prefix, folder]) => ({

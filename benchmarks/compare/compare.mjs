@@ -1,12 +1,14 @@
-// What composing a long condition costs in two query builders of the npm registry, without a browser: the state behind
-// their forms is driven by the calls that their forms make, and drawing is left out. One line of JSON for each package.
+// What composing a long condition costs in two query builders of the npm registry, without a
+// browser: the state behind their forms is driven by the calls that their forms make, and drawing
+// is left out. One line of JSON for each package.
 //
-// Both keep what a person chose apart from drawing it, are still published, and are the two most downloaded of their kind:
+// Both keep what a person chose apart from drawing it, are still published, and are the two most
+// downloaded of their kind:
 // @react-querybuilder/core is the logic of react-querybuilder, the first of them.
 // @react-awesome-query-builder/core is the logic of react-awesome-query-builder, the second.
 //
-// One addition is four steps, as in both forms: "add rule", then its field, its operator, its value. The value comes whole,
-// as pasted, not key by key. Every condition is joined by "and".
+// One addition is four steps, as in both forms: "add rule", then its field, its operator, its
+// value. The value comes whole, as pasted, not key by key. Every condition is joined by "and".
 import {createRequire} from 'node:module';
 
 import {
@@ -48,8 +50,8 @@ function makeConditions(count) {
   }));
 }
 
-// The component's hooks hand these functions to createRule and createQueryActions, with the properties that an
-// application which gives only the fields leaves at their defaults.
+// The component's hooks hand these functions to createRule and createQueryActions, with the
+// properties that an application which gives only the fields leaves at their defaults.
 class QueryBuilder {
   static package = '@react-querybuilder/core';
   static operatorNames = {'<>': '!='};
@@ -124,7 +126,8 @@ class QueryBuilder {
   }
 }
 
-// Its form keeps the tree in a store with this reducer and gives every action the extended configuration.
+// Its form keeps the tree in a store with this reducer and gives every action the extended
+// configuration.
 class AwesomeQueryBuilder {
   static package = '@react-awesome-query-builder/core';
   static operatorNames = {
@@ -169,8 +172,8 @@ class AwesomeQueryBuilder {
   }
 }
 
-// Throws unless the text is these conditions, all of them and in this order, whichever way the package writes "and",
-// "not equal" and the parentheses around the whole.
+// Throws unless the text is these conditions, all of them and in this order, whichever way the
+// package writes "and", "not equal" and the parentheses around the whole.
 function checkText(name, text, conditions) {
   const found = String(text)
     .replace(/^\((.*)\)$/s, '$1')
@@ -212,8 +215,8 @@ function measure(Builder) {
   }
   checkText(Builder.package, warm.text(), conditions.slice(0, kWarmUp));
 
-  // A live preview makes the text anew after each addition. As a text leaves the state as it was, timing one at every
-  // twentieth addition tells the same median as timing them all.
+  // A live preview makes the text anew after each addition. As a text leaves the state as it was,
+  // timing one at every twentieth addition tells the same median as timing them all.
   const builder = new Builder();
   const additions = [];
   const previews = [];

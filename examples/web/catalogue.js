@@ -1,7 +1,9 @@
-// A catalogue of tables, fields and functions, read from JSON, and the values by which a control takes it.
+// A catalogue of tables, fields and functions, read from JSON, and the values by which a control
+// takes it.
 //
-// What has been read is sound: every code has 8 characters and stands once, every field stands once in its table, and no
-// text that goes into a list holds what separates the entries there. So the two lists always give back the catalogue.
+// What has been read is sound: every code has 8 characters and stands once, every field stands once
+// in its table, and no text that goes into a list holds what separates the entries there. So the
+// two lists always give back the catalogue.
 import {findMistake} from './json_mistake.js';
 
 const kSeparator = '*Q*V*R*N*';
@@ -43,8 +45,8 @@ function neededName(object, key, where) {
   return name;
 }
 
-// A text that goes into a list must not hold what separates the entries there, nor end so that it makes a separator together
-// with the first character of the one that follows.
+// A text that goes into a list must not hold what separates the entries there, nor end so that it
+// makes a separator together with the first character of the one that follows.
 function checkListed(text, key, where) {
   if (text.includes(',')) complain(where, `has a "${key}" that holds a comma`);
   if ((text + kSeparator[0]).includes(kSeparator)) {
@@ -116,8 +118,8 @@ function parse(bytes) {
   }
 }
 
-/// The catalogue in the bytes of a file. Throws CatalogueError when anything in it is wrong. Keys that the format does not
-/// have are ignored.
+/// The catalogue in the bytes of a file. Throws CatalogueError when anything in it is wrong. Keys
+/// that the format does not have are ignored.
 export function readCatalogue(bytes) {
   const json = parse(bytes);
   const name = neededText(json, 'name', 'the catalogue');

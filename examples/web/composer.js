@@ -1,5 +1,5 @@
-// Controls on a catalogue, and what their requests are answered by: further controls for sub queries and conditions, and the
-// functions of the catalogue.
+// Controls on a catalogue, and what their requests are answered by: further controls for sub
+// queries and conditions, and the functions of the catalogue.
 import {fieldListOf, tableListOf, tableNamesOf} from './catalogue.js';
 import {ask, show, tellFailure} from './dialogs.js';
 import {pickFunction} from './functions.js';
@@ -28,7 +28,8 @@ function complaintOf(text) {
   return `The text can't be handed over: it holds ${shown}, which has a meaning of its own on the way.`;
 }
 
-// What a person has put into the form, wherever they look at it. This look changes nothing, as a read of prpStroutput may.
+// What a person has put into the form, wherever they look at it. This look changes nothing, as a
+// read of prpStroutput may.
 const contentOf = (control) =>
   JSON.stringify(
     Object.values(control.dump().controls).map(({Text, List, Selected, Value}) => [
@@ -111,9 +112,10 @@ export function makeControl(catalogue, isColoured) {
   return control;
 }
 
-// A further control in a dialog. Gives what was composed, encoded for the property of the page; nothing when the person
-// turns away. Its text is composed at the margin. Of a block the property takes one level off every line but the first, so
-// it is read one level deep, and only once, since every such read indents the text.
+// A further control in a dialog. Gives what was composed, encoded for the property of the page;
+// nothing when the person turns away. Its text is composed at the margin. Of a block the property
+// takes one level off every line but the first, so it is read one level deep, and only once, since
+// every such read indents the text.
 function composeFor(code, catalogue, title, firstPage, isColoured) {
   return show('composer', title, (dialog, end) => {
     const control = makeControl(catalogue, isColoured);

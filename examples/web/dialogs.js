@@ -16,8 +16,8 @@ function nameParts(dialog) {
   }
 }
 
-/// Shows a dialog until it has an answer, and gives that. `fill` gets the dialog and what ends it with an answer, and gives
-/// what happens when the person turns away from it.
+/// Shows a dialog until it has an answer, and gives that. `fill` gets the dialog and what ends it
+/// with an answer, and gives what happens when the person turns away from it.
 export function show(template, title, fill) {
   const dialog = document.importNode(
     document.getElementById(template).content.firstElementChild,
@@ -33,7 +33,8 @@ export function show(template, title, fill) {
     };
     const leave = fill(dialog, end) ?? (() => end());
     dialog.querySelector('.leave')?.addEventListener('click', leave);
-    // A browser closes a dialog at the second Escape in a row whatever becomes of its event "cancel", so the key is taken.
+    // A browser closes a dialog at the second Escape in a row whatever becomes of its event
+    // "cancel", so the key is taken.
     dialog.addEventListener('keydown', (event) => {
       const isOwn =
         event.composedPath().find((node) => node instanceof HTMLDialogElement) === dialog;
@@ -53,7 +54,8 @@ export function show(template, title, fill) {
   });
 }
 
-/// Asks with a button for each answer, the last of which is the one that Escape gives too. Gives the text of the button.
+/// Asks with a button for each answer, the last of which is the one that Escape gives too. Gives
+/// the text of the button.
 export function ask(title, text, ...answers) {
   return show('message', title, (dialog, end) => {
     dialog.querySelector('.text').textContent = text;

@@ -28,8 +28,8 @@ function entryOf(word) {
   return {label, box};
 }
 
-/// Gives the call that was put together, nothing when the person turns away. `complaintOf` tells why a call can't be taken,
-/// '' when it can.
+/// Gives the call that was put together, nothing when the person turns away. `complaintOf` tells
+/// why a call can't be taken, '' when it can.
 export function pickFunction(functions, title, complaintOf) {
   return show('functions', title, (dialog, end) => {
     const filter = dialog.querySelector('.filter');

@@ -1,4 +1,5 @@
-// Where a text ceases to be JSON. The messages of browsers tell it each in another way, or not at all.
+// Where a text ceases to be JSON. The messages of browsers tell it each in another way, or not at
+// all.
 
 const kBlank = /[ \t\n\r]*/y;
 const kBegunString = /"(?:[^"\\\u0000-\u001f]|\\(?:["\\/bfnrt]|u[0-9a-fA-F]{4}))*/y;
@@ -15,8 +16,8 @@ const kNextValue = 'a comma or "]"';
 const kNextKey = 'a comma or "}"';
 const kEnd = 'the end';
 
-// What may stand there, and what is needed then. With no `next` a value is complete, and what is needed is up to the
-// array or object that holds it.
+// What may stand there, and what is needed then. With no `next` a value is complete, and what is
+// needed is up to the array or object that holds it.
 const kValueSteps = [
   {pattern: /\{/y, next: kKeyOrEnd, opens: kNextKey},
   {pattern: /\[/y, next: kValueOrEnd, opens: kNextValue},

@@ -1,5 +1,5 @@
-// A page with the control: it offers two tables, answers the requests with a line of its own, and shows the statement when
-// the person clicks Done.
+// A page with the control: it offers two tables, answers the requests with a line of its own, and
+// shows the statement when the person clicks Done.
 import './package/zolt20-map-control.js';
 
 const control = document.querySelector('zolt20-map-control');

@@ -5,7 +5,8 @@ const kTab = '\t';
 const kTabCode = '\u0001';
 const kMarker = '*zlt*';
 
-/// The first piece of a text that can't be sent, since it has a meaning of its own on the way; '' for none.
+/// The first piece of a text that can't be sent, since it has a meaning of its own on the way; ''
+/// for none.
 export function unsendablePieceOf(text) {
   // Backtick and caret before a quote would read as an encoded quote one character too early.
   return text.match(/~|\u0001|`\^`|`\^(?=")/)?.[0] ?? '';
@@ -21,8 +22,8 @@ const marked = (text, encoded) => (text.includes(kMarker) ? kMarker + encoded : 
 /// A text without an unsendable piece, encoded for prpStroutput.
 export const encode = (text) => marked(text, encodeCharacters(text));
 
-/// The same for prpSelectDoPart, or for one of the three other blocks: all lines but the first may be one tab in, as
-/// prpStroutput gives them at a depth above 0.
+/// The same for prpSelectDoPart, or for one of the three other blocks: all lines but the first may
+/// be one tab in, as prpStroutput gives them at a depth above 0.
 export function encodeBlock(block, isSelectDo) {
   let text = block.replaceAll(kLineBreak + kTab, kLineBreak);
   // prpSelectDoPart makes one tab of two, wherever they stand.

@@ -1,5 +1,5 @@
-// A script client: creates the control by its ProgID, writes a catalogue and parts, reads the Result, and gets errors by number.
-// Ends with 1 when anything is otherwise than it should be.
+// A script client: creates the control by its ProgID, writes a catalogue and parts, reads the
+// Result, and gets errors by number. Ends with 1 when anything is otherwise than it should be.
 var failures = 0;
 
 function equal(what, is, should) {

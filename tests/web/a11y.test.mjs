@@ -1,4 +1,5 @@
-// The element for people who use it without a mouse, with a screen reader, enlarged, or in colours of their own.
+// The element for people who use it without a mouse, with a screen reader, enlarged, or in colours
+// of their own.
 import assert from 'node:assert/strict';
 import {after, before, describe, test} from 'node:test';
 
@@ -23,7 +24,8 @@ before(async () => {
 });
 after(() => stage?.close());
 
-/// A test with a person at a new element, in a page of these settings, or in one that all without settings share.
+/// A test with a person at a new element, in a page of these settings, or in one that all without
+/// settings share.
 function withPerson(name, act, settings) {
   test(name, {timeout: kMost}, async () => {
     const person = settings === undefined ? shared : await stage.openElement(settings);
@@ -89,7 +91,8 @@ async function choose(person, option, filled) {
   }
   if (option === 'optCase') for (let row = 0; row < 4; ++row) await person.click('cmdNext');
 }
-/// Comes to each page, and to each panel of the Condition page. `act` gets the name of what is seen then.
+/// Comes to each page, and to each panel of the Condition page. `act` gets the name of what is seen
+/// then.
 async function eachView(person, filled, act) {
   if (filled) await fill(person);
   for (const page of pages) {
@@ -498,7 +501,8 @@ describe('enlarged to the double', () => {
         const dump = await person.dump();
         for (const name of Object.keys(dump.controls)) {
           if (!takesFocus(name) || !isShown(dump, name)) continue;
-          // Of the two views of a condition one lies before the other; rows of a case are scrolled to.
+          // Of the two views of a condition one lies before the other; rows of a case are scrolled
+          // to.
           if (
             ['txtCondition', 'txtwhereCondition'].includes(name) ||
             /^(TxtExpr|txtStmt)\(/.test(name)

@@ -1,5 +1,5 @@
-// What docs/web.md shows is what stands in examples/web, and it works: the complete small page runs, answers a request
-// inside its event, and shows the statement.
+// What docs/web.md shows is what stands in examples/web, and it works: the complete small page
+// runs, answers a request inside its event, and shows the statement.
 import assert from 'node:assert/strict';
 import {existsSync, readFileSync} from 'node:fs';
 import {readFile} from 'node:fs/promises';

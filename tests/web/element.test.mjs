@@ -1,4 +1,5 @@
-// What a page has of the element: its members, its events, its errors, and how it lives in a document.
+// What a page has of the element: its members, its events, its errors, and how it lives in a
+// document.
 import assert from 'node:assert/strict';
 import {copyFileSync, mkdirSync, mkdtempSync, rmSync} from 'node:fs';
 import {tmpdir} from 'node:os';
@@ -27,7 +28,8 @@ before(async () => {
 });
 after(() => stage?.close());
 
-/// A test with a person at a new element, in a page that all of these share and that may complain of nothing.
+/// A test with a person at a new element, in a page that all of these share and that may complain
+/// of nothing.
 function withPerson(name, act) {
   test(name, {timeout: kMost}, async () => {
     await shared.makeNew('{"new":{}}');

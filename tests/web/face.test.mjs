@@ -1,5 +1,5 @@
-// Where the face meets its page: what is hidden, moved, scrolled and zoomed around it, focus that comes and goes, listeners that
-// write, and texts on their way in.
+// Where the face meets its page: what is hidden, moved, scrolled and zoomed around it, focus that
+// comes and goes, listeners that write, and texts on their way in.
 import assert from 'node:assert/strict';
 import {after, before, describe, test} from 'node:test';
 

@@ -9,8 +9,8 @@ const linesOf = (file) =>
     .split('\n')
     .filter((line) => /^ZOLT20_/.test(line));
 
-/// Each control of the form at design by its name, in the first tab order: kind, page (null for every page), frame
-/// (null for the form itself), caption and styles.
+/// Each control of the form at design by its name, in the first tab order: kind, page (null for
+/// every page), frame (null for the form itself), caption and styles.
 export const kForm = Object.fromEntries(
   linesOf('surface/form.def')
     .filter((line) => !line.startsWith('ZOLT20_ARRAY'))
@@ -57,7 +57,8 @@ export function stopsOf(dump) {
     .sort((one, other) => dump.controls[one].TabIndex - dump.controls[other].TabIndex);
 }
 
-/// The members and events of the contract, in their order: {name, type, canSet, canGet, isMethod, argument}.
+/// The members and events of the contract, in their order. A member is
+/// {name, type, canSet, canGet, isMethod, argument}.
 export const kMembers = [];
 export const kEvents = [];
 for (const line of linesOf('shell/contract.def')) {

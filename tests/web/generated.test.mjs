@@ -1,5 +1,5 @@
-// People who click around: gestures made up at random among what can be seen and used at the moment, each carried out in
-// the page by mouse and keys and by zolt20-host line by line.
+// People who click around: gestures made up at random among what can be seen and used at the
+// moment, each carried out in the page by mouse and keys and by zolt20-host line by line.
 import assert from 'node:assert/strict';
 import {after, before, describe, test} from 'node:test';
 

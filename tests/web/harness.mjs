@@ -1,5 +1,6 @@
-// What tests in the browser begin with: Chromium, a server of pages under the policy of serve.mjs, and a person at an
-// element, whose verbs are mouse and keys at real places. A verb fails where a person could not do it.
+// What tests in the browser begin with: Chromium, a server of pages under the policy of serve.mjs,
+// and a person at an element, whose verbs are mouse and keys at real places. A verb fails where a
+// person could not do it.
 import assert from 'node:assert/strict';
 import path from 'node:path';
 
@@ -52,7 +53,8 @@ export class Stage {
     return this.server.address;
   }
 
-  /// A page of the server, or of any address, in a browser context of its own. What it complains of is kept.
+  /// A page of the server, or of any address, in a browser context of its own. What it complains of
+  /// is kept.
   async openPage(address, settings = {}) {
     const context = await this.browser.newContext({viewport: kViewport, ...settings});
     context.setDefaultTimeout(kPatience);
@@ -132,7 +134,8 @@ export class Person {
   nextFrame() {
     return this.page.evaluate(() => new Promise((done) => requestAnimationFrame(() => done())));
   }
-  /// What the element has told since the last call, its state, and where it is drawn otherwise, all at once.
+  /// What the element has told since the last call, its state, and where it is drawn otherwise, all
+  /// at once.
   async look() {
     return JSON.parse(await this.withForm(() => (Host.form === undefined ? null : host.look())));
   }
@@ -242,7 +245,8 @@ export class Person {
       async () => !(await this.place(`${combo}.list`)).isThere,
     );
   }
-  /// Goes to a control by the mouse; on a button, away from it before the release, so that it is not clicked.
+  /// Goes to a control by the mouse; on a button, away from it before the release, so that it is
+  /// not clicked.
   async focus(control) {
     const place = await this.inSight(control);
     if (designOf(control).kind !== 'Button') return this.mouse.click(place.x, place.y);

@@ -1,4 +1,5 @@
-// Elements that are removed leave nothing behind: neither nodes, listeners and values of the page, nor memory of the logic.
+// Elements that are removed leave nothing behind: neither nodes, listeners and values of the page,
+// nor memory of the logic.
 import assert from 'node:assert/strict';
 import {after, before, describe, test} from 'node:test';
 
@@ -8,7 +9,8 @@ const kMost = 120000;
 const kElements = 100;
 const kFirst = 10;
 const kHalf = (kElements - kFirst) / 2;
-// The engine compiles what is used again and again for some time; half of the elements would take more than this.
+// The engine compiles what is used again and again for some time; half of the elements would take
+// more than this.
 const kHeapTolerance = 700000;
 
 describe('elements that are removed', () => {
@@ -54,7 +56,8 @@ describe('elements that are removed', () => {
 
   async function measure(person, session) {
     const {page} = person;
-    // The values of an element go first, then those that its control has registered, then what hung on them.
+    // The values of an element go first, then those that its control has registered, then what hung
+    // on them.
     for (let turn = 0; turn < 4; ++turn) {
       await session.send('HeapProfiler.collectGarbage');
       await page.evaluate(() => new Promise((done) => setTimeout(done, 30)));

@@ -1,5 +1,5 @@
-// What a screen reader says of each control: its role and its name, by the page on which it stands. The Condition page has
-// five panels beside what is always there.
+// What a screen reader says of each control: its role and its name, by the page on which it stands.
+// The Condition page has five panels beside what is always there.
 
 const kEverywhere = {
   tabVrn: ['tablist', 'Pages'],

@@ -1,4 +1,5 @@
-// The package as others get it: its size, its files, and what its two descriptions say of the contract.
+// The package as others get it: its size, its files, and what its two descriptions say of the
+// contract.
 import assert from 'node:assert/strict';
 import {spawnSync} from 'node:child_process';
 import {existsSync, mkdtempSync, readFileSync, rmSync, writeFileSync} from 'node:fs';

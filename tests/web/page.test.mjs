@@ -1,5 +1,6 @@
-// The page of examples/web, used by mouse and keys: it opens catalogues, answers the requests of the control by dialogs,
-// and hands the statement out. No page may break the policy that it is served under, or complain of anything.
+// The page of examples/web, used by mouse and keys: it opens catalogues, answers the requests of
+// the control by dialogs, and hands the statement out. No page may break the policy that it is
+// served under, or complain of anything.
 import assert from 'node:assert/strict';
 import {mkdtemp, readFile, rm, writeFile} from 'node:fs/promises';
 import {tmpdir} from 'node:os';
@@ -127,7 +128,8 @@ class Visitor extends Person {
     await dialog.getByRole('button', {name: answer, exact: true}).click();
     await dialog.waitFor({state: 'detached'});
   }
-  /// Presses a request button, does something in the dialog that comes of it, and is back when that is closed.
+  /// Presses a request button, does something in the dialog that comes of it, and is back when that
+  /// is closed.
   async request(control, title, steps) {
     const dialog = this.dialog(title, await this.page.locator('body > dialog').count());
     await this.click(control);

@@ -1,5 +1,5 @@
-// Every page, empty and filled, in both schemes: no text is cut, no control covers another. With ZOLT20_PICTURES, a folder, the
-// pictures of the pages are left there.
+// Every page, empty and filled, in both schemes: no text is cut, no control covers another. With
+// ZOLT20_PICTURES, a folder, the pictures of the pages are left there.
 import assert from 'node:assert/strict';
 import {readFileSync} from 'node:fs';
 import path from 'node:path';

@@ -1,4 +1,5 @@
-// Where things stand. CTest says it by the environment; otherwise everything is where the presets leave it.
+// Where things stand. CTest says it by the environment; otherwise everything is where the presets
+// leave it.
 import {createRequire} from 'node:module';
 import path from 'node:path';
 import {fileURLToPath} from 'node:url';

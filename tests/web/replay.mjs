@@ -1,5 +1,5 @@
-// A session of the automation host played in the page and by zolt20-host side by side: behind each line both must have
-// told the same and stand at the same place, and the page must show it.
+// A session of the automation host played in the page and by zolt20-host side by side: behind each
+// line both must have told the same and stand at the same place, and the page must show it.
 import assert from 'node:assert/strict';
 
 import {Automation} from './automation.mjs';

@@ -1,5 +1,6 @@
-// Each recorded session of examples/sessions, played through the element: what a host does by its members, what a person
-// does by mouse and keys. Behind every line the element is where zolt20-host is, and at the end stand the recorded texts.
+// Each recorded session of examples/sessions, played through the element: what a host does by its
+// members, what a person does by mouse and keys. Behind every line the element is where zolt20-host
+// is, and at the end stand the recorded texts.
 import assert from 'node:assert/strict';
 import {readdirSync, readFileSync} from 'node:fs';
 import path from 'node:path';

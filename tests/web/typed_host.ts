@@ -1,4 +1,5 @@
-// A host in strict TypeScript: it compiles, and each wrong use in it is refused where the line before says so.
+// A host in strict TypeScript: it compiles, and each wrong use in it is refused where the line
+// before says so.
 import {type ZOLT20Error, ZOLT20MapControlElement} from 'zolt20-map-control';
 
 const element = document.createElement('zolt20-map-control');

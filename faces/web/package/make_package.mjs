@@ -1,5 +1,6 @@
-// Makes what tells others of the element: types, manifest, package.json. Members and events come from the list of the contract in
-// the module itself, what they do from the comments of the headers, the rest from the template of the types and the style sheet.
+// Makes what tells others of the element: types, manifest, package.json. Members and events come
+// from the list of the contract in the module itself, what they do from the comments of the
+// headers, the rest from the template of the types and the style sheet.
 //   node make_package.mjs SOURCE WASM VERSION OUT       SOURCE is the root of the repository
 import {readFileSync, readdirSync, writeFileSync} from 'node:fs';
 import {join} from 'node:path';
@@ -11,7 +12,8 @@ const read = (...path) => readFileSync(join(source, ...path), 'utf8');
 const logic = Logic.of(new WebAssembly.Module(readFileSync(wasm)));
 const kTypes = ['undefined', 'string', 'number', 'boolean'];
 
-// The comment before a declaration of a header. One that stands before several belongs to all of them.
+// The comment before a declaration of a header. One that stands before several belongs to all of
+// them.
 function commentBefore(header, declaration) {
   const lines = header.split('\n');
   let at = lines.findIndex((line) => declaration.test(line));

@@ -1,4 +1,5 @@
-// The script for pages without modules. It has the logic in it, since a page from a file can't load one.
+// The script for pages without modules. It has the logic in it, since a page from a file can't load
+// one.
 import bytes from 'zolt20-map-control.wasm';
 
 import {define} from './define';

@@ -1,4 +1,5 @@
-// The whole state of the form as a plain object, in the words of the JSON lines that zolt20-host speaks.
+// The whole state of the form as a plain object, in the words of the JSON lines that zolt20-host
+// speaks.
 import {type Address, Ask, AskText, Kind, type Logic} from './logic';
 
 /** A control: its name's properties, by kind. */

@@ -27,7 +27,8 @@ export class ZOLT20MapControlElement extends Base {
   readonly #face: Face;
   #tableNames: ReadonlyMap<string, string> = new Map();
 
-  // What the logic and the face tell. It lives as long as the element, and the control as long as it.
+  // What the logic and the face tell. It lives as long as the element, and the control as long as
+  // it.
   readonly #listener: Listener & FaceOwner = {
     event: (number) => {
       this.#face.show();
@@ -78,7 +79,8 @@ export class ZOLT20MapControlElement extends Base {
     return early;
   }
 
-  // A style sheet belongs to a document. One without a window, such as that of a template, has none yet.
+  // A style sheet belongs to a document. One without a window, such as that of a template, has none
+  // yet.
   #dress(root: ShadowRoot): void {
     if (this.ownerDocument.defaultView !== null && root.adoptedStyleSheets.length === 0)
       root.adoptedStyleSheets = styleSheets(this.ownerDocument, logic);

@@ -180,7 +180,8 @@ export class Face implements TypedInto {
     } finally {
       this.#isShowing = wasShowing;
     }
-    // A listener of the page's, such as one of the focus that we moved, made the control do something.
+    // A listener of the page's, such as one of the focus that we moved, made the control do
+    // something.
     const kMostTurns = 8;
     if (wasShowing || !this.#isLate || this.#turns > kMostTurns) return;
     ++this.#turns;
@@ -227,8 +228,8 @@ export class Face implements TypedInto {
     named.setAttribute('aria-label', name);
     if (view instanceof ComboView) view.name(name);
   }
-  // Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes and
-  // what stands beside them are wider; tops and heights stay.
+  // Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes
+  // and what stands beside them are wider; tops and heights stay.
   #showPlace(control: Address, view: View): void {
     const height = this.logic.number(control, Ask.Height);
     if (height === 0) return;
@@ -267,7 +268,7 @@ export class Face implements TypedInto {
     }
     if (isNew) this.#owner.historyChanged();
   }
-  /** The element is in a page again, and the browser forgot what was scrolled and what was typed. */
+  /** The element is in a page again, where the browser forgot what was scrolled and typed. */
   restorePlaces(): void {
     this.#typingIn = 0;
     for (const view of this.#views.values()) view.restorePlace?.();
@@ -375,7 +376,8 @@ export class Face implements TypedInto {
       event.relatedTarget instanceof Node && this.node.contains(event.relatedTarget)
     );
     if (isFromOutside && target === this.#left && !this.#isMeant) {
-      // The focus comes back by itself, from behind a dialog for instance, and the form moved it meanwhile.
+      // The focus comes back by itself, from behind a dialog for instance, and the form moved it
+      // meanwhile.
       this.#showFocus(false);
       return;
     }

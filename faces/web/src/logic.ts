@@ -1,7 +1,7 @@
 // The control's logic: the module of WebAssembly, and what crosses between it and the page.
 //
-// Texts cross by their 16-bit units, so that every text comes back as it went. Controls and elements
-// are their addresses, numbers that mean something to the module alone.
+// Texts cross by their 16-bit units, so that every text comes back as it went. Controls and
+// elements are their addresses, numbers that mean something to the module alone.
 
 /** The functions of exports.cpp. */
 interface Exports {
@@ -259,7 +259,7 @@ export class Logic {
     };
   }
 
-  /** A control of its own for the listener, which goes when the listener is no longer referred to. */
+  /** A control of its own for the listener, which goes when nothing refers to the listener. */
   make(listener: Listener): number {
     const id = ++this.#lastId;
     this.#listeners.set(id, new WeakRef(listener));

@@ -7,7 +7,10 @@ interface Message {
   title: string;
 }
 
-/** Given the way to close the dialog that the person answered, and whether the focus was in the element before it. */
+/**
+ * Given the way to close the dialog that the person answered, and whether the focus was in the
+ * element before it.
+ */
 export type Answered = (close: () => void, hadFocus: boolean) => void;
 
 export class MessageBox {
@@ -52,7 +55,10 @@ export class MessageBox {
     this.#hadFocus = (this.node.getRootNode() as ShadowRoot).activeElement !== null;
     this.showWaiting();
   }
-  /** Shows what waits, as soon as the element can be seen: a modal dialog that is not drawn would lock its page. */
+  /**
+   * Shows what waits, as soon as the element can be seen: a modal dialog that is not drawn would
+   * lock its page.
+   */
   showWaiting(): void {
     const message = this.#waiting[0];
     const element = (this.node.getRootNode() as ShadowRoot).host;

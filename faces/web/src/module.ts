@@ -1,4 +1,5 @@
-// The ES module. Whoever imports it has the element whole: the module is over when the logic is there.
+// The ES module. Whoever imports it has the element whole: the module is over when the logic is
+// there.
 import {define} from './define';
 import {Logic} from './logic';
 

@@ -1,4 +1,5 @@
-// The rows of a list as people see them: rows of one height, of which only those in sight are nodes.
+// The rows of a list as people see them: rows of one height, of which only those in sight are
+// nodes.
 //
 // The rows themselves are the control's; here is only which are drawn while a filter is on, and on
 // which one the keys stand.
@@ -41,8 +42,8 @@ export class Rows {
   #current = -1; // as drawn
   #isWanted = false; // in sight, as soon as anything of the list is
   #rowHeight = 0;
-  // The height in sight and the scrolling, kept here: to ask a browser for them lays the page out, and it forgets
-  // the scrolling of what is hidden or moved.
+  // The height in sight and the scrolling, kept here: to ask a browser for them lays the page out,
+  // and it forgets the scrolling of what is hidden or moved.
   #view = 0;
   #place = 0;
   #letters = '';

@@ -18,8 +18,8 @@ export function styleSheets(document: Document, logic: Logic): CSSStyleSheet[] {
   return sheets;
 }
 
-// A heavier word has a stroke and a slanted one is skewed: neither moves the letters behind it, which
-// have to stay under those of the box.
+// A heavier word has a stroke and a slanted one is skewed: neither moves the letters behind it,
+// which have to stay under those of the box.
 function coloursOf(logic: Logic): string {
   const kStrokePerWeight = 0.5 / 500;
   const looks = logic.looks();

@@ -5,7 +5,10 @@
 import {make} from './dom';
 import {type Address, Ask, AskText, type Logic, Style, What} from './logic';
 
-/** How a box shows a line end: of several lines as one, of one line as a code that is no character of any text. */
+/**
+ * How a box shows a line end: of several lines as one, of one line as a code that is no character
+ * of any text.
+ */
 const kLineEnd = '\n';
 const kLineEndInALine = '\ufdd0';
 /** A line longer than this is coloured up to here only. */
@@ -192,7 +195,8 @@ export class LinesBox {
   readonly #sheet = make('div', {class: 'sheet'});
   #isColoured = false;
   #lines: string[] | undefined;
-  // The scrolling and the measures, kept here: to ask the browser for them lays the page out with each key.
+  // The scrolling and the measures, kept here: to ask the browser for them lays the page out with
+  // each key.
   #place: [number, number] = [0, 0];
   #view = {width: 0, height: 0, line: 0, padding: 0};
 

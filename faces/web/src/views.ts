@@ -18,8 +18,8 @@ export interface View {
   restorePlace?(): void;
 }
 
-// Of the system colours in a number 0xBBGGRR, told by their top bit, those of the form are those of a
-// box that takes nothing.
+// Of the system colours in a number 0xBBGGRR, told by their top bit, those of the form are those of
+// a box that takes nothing.
 function isInactive(backColor: number): boolean {
   const kHighlightText = 0x8000000e;
   return backColor < 0 && backColor >>> 0 !== kHighlightText;

@@ -1,4 +1,5 @@
-// A script that runs before the element is defined. What it writes is kept by the plain nodes until then, in this order.
+// A script that runs before the element is defined. What it writes is kept by the plain nodes until
+// then, in this order.
 const kTables = 'TABLE__11,TABLE__21';
 const kFields = 'char*Q*V*R*N*NTABLE__1.A*Q*V*R*N*text';
 const kEvents = ['propertychanged', 'eventCancel'];

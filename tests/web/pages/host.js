@@ -1,8 +1,9 @@
-// The host of an element in a page of the tests. It keeps what the element tells, in the words of the automation host's
-// log, carries requests of the automation host out by the element's members, and finds out where things are drawn.
+// The host of an element in a page of the tests. It keeps what the element tells, in the words of
+// the automation host's log, carries requests of the automation host out by the element's members,
+// and finds out where things are drawn.
 //
-// What goes to the test and back is text of JSON, which holds any 16-bit characters. It is no module, so that a page from a
-// file can have it too.
+// What goes to the test and back is text of JSON, which holds any 16-bit characters. It is no
+// module, so that a page from a file can have it too.
 const kEvents = ['eventCancel', 'eventDone', 'eventSubQuery', 'eventCondition', 'eventFunction'];
 
 const told = (error) => ({kind: error.kind, number: error.number, description: error.message});
@@ -78,12 +79,14 @@ class Host {
   on(id) {
     return this.element.shadowRoot.getElementById(id);
   }
-  /// A node of the control with this name by a selector within it, or of the whole element for no name.
+  /// A node of the control with this name by a selector within it, or of the whole element for no
+  /// name.
   find(id, selector) {
     const within = id === '' ? this.element.shadowRoot : this.on(id);
     return selector === '' || within === null ? within : within.querySelector(selector);
   }
-  /// The middle of a node in the window, cut to what its scrolling ancestors show; and whether nothing lies on it.
+  /// The middle of a node in the window, cut to what its scrolling ancestors show; and whether
+  /// nothing lies on it.
   place(id, selector = '') {
     const node = this.find(id, selector);
     if (node === null || !node.checkVisibility()) return {isThere: false, isOnTop: false};
@@ -112,7 +115,8 @@ class Host {
       y,
     };
   }
-  /// Where the wheel has to be turned next, and how far, for a node to come into sight; null when it is there.
+  /// Where the wheel has to be turned next, and how far, for a node to come into sight; null when
+  /// it is there.
   wayIntoSight(id, selector) {
     const node = this.find(id, selector);
     const scrolled = [];
@@ -260,7 +264,8 @@ function rowsDifference(styles, node, control) {
   return '';
 }
 
-/// What a page offers to the test: the host of its first element, and a new element instead of that.
+/// What a page offers to the test: the host of its first element, and a new element instead of
+/// that.
 function beginHost() {
   globalThis.host = new Host(document.querySelector('zolt20-map-control'));
 }
