@@ -16,8 +16,8 @@ if(WAY STREQUAL "find_package")
 else()
   set(place -DZOLT20_SOURCE=${SOURCE})
 endif()
-step(${CMAKE_COMMAND} -S ${SOURCE}/examples/${EXAMPLE} -B ${WORK}/build -G ${GENERATOR}
-     -DCMAKE_CXX_FLAGS=${FLAGS} ${place})
+step(${CMAKE_COMMAND} -S ${SOURCE}/examples/${EXAMPLE} -B ${WORK}/build -G ${GENERATOR} -DCMAKE_CXX_FLAGS=${FLAGS}
+     ${place})
 step(${CMAKE_COMMAND} --build ${WORK}/build)
 
 if(NOT EXISTS ${SOURCE}/examples/${EXAMPLE}/expected.txt)
