@@ -1,4 +1,6 @@
+# shellcheck shell=bash
 # Sourced by the commands at the top of the repository: installs the Debian packages that a command needs and that are missing.
+# shellcheck disable=SC2034 # the lists of packages are for those who source it
 
 # need_packages PACKAGE...
 need_packages() {

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the checks of scripts and style sheets, from the root: installs the packages that tests/web/package.json lists in
 # $web_tools, and again when their list has changed. Biome is listed as its program for Linux: the package of that name lists those
 # for all systems.
@@ -16,5 +17,6 @@ need_web_tools() {
 }
 
 biome() {
-  "$web_tools"/node_modules/@biomejs/cli-*/biome "$@"
+  local programs=("$web_tools"/node_modules/@biomejs/cli-*/biome)
+  "${programs[0]}" "$@"
 }

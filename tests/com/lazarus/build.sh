@@ -8,8 +8,8 @@ mkdir -p "$1"
 cd "$1"
 
 pascal=(/usr/share/fpcsrc/*)
-lazarus=(/usr/lib/lazarus/*/lcl)
-lazarus=${lazarus[0]%/lcl}
+libraries=(/usr/lib/lazarus/*/lcl)
+lazarus=${libraries[0]%/lcl}
 compiler=(ppcx64 -n -Twin64 -Px86_64 -Sg -Sc -O1 -v0e -vw-)
 
 if [ ! -f rtl/done ]; then
