@@ -8,6 +8,7 @@ import path from 'node:path';
 import {describe, test} from 'node:test';
 import {gzipSync} from 'node:zlib';
 
+import {typesOf} from '../../faces/web/package/types.mjs';
 import {kEvents, kMembers} from './form.mjs';
 import {kPackage, kRoot, kTests, require} from './places.mjs';
 
@@ -203,6 +204,11 @@ describe('the types', () => {
     }
   };
   const host = readFileSync(path.join(kTests, 'typed_host.ts'), 'utf8');
+
+  test('are those that the list of the contract gives', () => {
+    const types = typesOf({members: kMembers, events: kEvents}, kRoot);
+    assert.equal(textOf('zolt20-map-control.d.ts'), types);
+  });
 
   test('let a host compile, and refuse what is wrong', () => {
     const {stdout, status} = compile(host);

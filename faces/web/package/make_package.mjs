@@ -1,61 +1,33 @@
 // Makes what tells others of the element: types, manifest, package.json. Members and events come
-// from the list of the contract in the module itself, what they do from the comments of the
-// headers, the rest from the template of the types and the style sheet.
+// from the list of the contract in the module itself, the rest from the types and the style sheet.
 //   node make_package.mjs SOURCE WASM VERSION OUT       SOURCE is the root of the repository
 import {readFileSync, readdirSync, writeFileSync} from 'node:fs';
 import {join} from 'node:path';
 
 import {Logic} from '../src/logic';
+import {typesOf} from './types.mjs';
 
 const [source, wasm, version, out] = process.argv.slice(2);
 const read = (...path) => readFileSync(join(source, ...path), 'utf8');
 const logic = Logic.of(new WebAssembly.Module(readFileSync(wasm)));
-const kTypes = ['undefined', 'string', 'number', 'boolean'];
-
-// The comment before a declaration of a header. One that stands before several belongs to all of
-// them.
-function commentBefore(header, declaration) {
-  const lines = header.split('\n');
-  let at = lines.findIndex((line) => declaration.test(line));
-  if (at < 0) throw new Error(`no ${declaration} in the header`);
-  while (at > 0 && /^\s+\S.*;$/.test(lines[at - 1]) && !lines[at - 1].includes('///')) --at;
-  const comment = [];
-  for (--at; at >= 0 && lines[at].trim().startsWith('///'); --at)
-    comment.unshift(lines[at].trim().slice(3).trim());
-  return comment.join(' ');
-}
-const control = read('shell', 'control.h');
-const host = read('shell', 'host.h');
-const docLines = (text) => (text === '' ? '' : `  /** ${text} */\n`);
-
-function typesOfMember(number) {
-  const name = logic.memberName(number);
-  const traits = logic.memberTraits(number);
-  const type = kTypes[traits & 3];
-  const written = () =>
-    docLines(commentBefore(control, new RegExp(`^  void ${name}\\(\\w+ \\w+\\);`)));
-  const gotten = () => docLines(commentBefore(control, new RegExp(`^  \\w+ ${name}\\(\\)`)));
-  if ((traits & 16) !== 0) {
-    const argument = (traits & 3) === 0 ? '' : `${logic.memberArgument(number)}: ${type}`;
-    return `${docLines(commentBefore(control, new RegExp(`^  Variant ${name}\\(`)))}  ${name}(${argument}): undefined;`;
-  }
-  const isRead = (traits & 8) !== 0;
-  const lines = [];
-  if (isRead) lines.push(`${gotten()}  get ${name}(): ${type};`);
-  // What can only be written reads as nothing.
-  if ((traits & 4) !== 0 && !isRead)
-    lines.push(`${written()}  get ${name}(): undefined;\n  set ${name}(value: ${type});`);
-  if ((traits & 4) !== 0 && isRead) lines.push(`${written()}  set ${name}(value: ${type});`);
-  return lines.join('\n');
-}
 const range = (count) => Array.from({length: count}, (_, at) => at + 1);
-const events = range(logic.eventCount).map((number) => {
-  const name = logic.eventName(number);
-  return `${docLines(commentBefore(host, new RegExp(`void ${name}\\(`)))}  ${name}: Event;`;
-});
-const types = read('faces/web/package/zolt20-map-control.d.ts.in')
-  .replace('@EVENTS@', () => events.join('\n'))
-  .replace('@MEMBERS@', () => range(logic.memberCount).map(typesOfMember).join('\n'));
+const contract = {
+  members: range(logic.memberCount).map((number) => {
+    const traits = logic.memberTraits(number);
+    const type = [undefined, 'String', 'Integer', 'Boolean'][traits & 3];
+    const isMethod = (traits & 16) !== 0;
+    return {
+      name: logic.memberName(number),
+      type,
+      canSet: (traits & 4) !== 0,
+      canGet: (traits & 8) !== 0,
+      isMethod,
+      argument: isMethod && type !== undefined ? logic.memberArgument(number) : undefined,
+    };
+  }),
+  events: range(logic.eventCount).map((number) => logic.eventName(number)),
+};
+const types = typesOf(contract, source);
 writeFileSync(join(out, 'zolt20-map-control.d.ts'), types);
 
 // The manifest says what the types say.
