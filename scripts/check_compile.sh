@@ -16,7 +16,6 @@ export qt_includes
 compile_header() {
   local options
   read -ra options <<<"$qt_includes"
-  options+=('-DZOLT20_EXAMPLES="examples"') # as the build of the tests has it
   echo "#include \"$1\"" | g++ -std=c++20 -Wall -Wextra -Werror -fPIC -I. "${options[@]}" -fsyntax-only -x c++ - || {
     echo "$1 does not compile alone" >&2
     return 1

@@ -35,6 +35,7 @@
 #include "hosts/composer/rules_file.h"
 #include "tests/composer/files.h"
 #include "tests/qt/widget_test.h"
+#include "tests/support/places.h"
 
 namespace zolt20::tests {
 
@@ -58,7 +59,7 @@ class ComposerTest : public PersonTest {
   void OpenWindow() {
     window_.reset();
     window_ = std::make_unique<composer::MainWindow>();
-    EXPECT_TRUE(window().OpenCatalogue(QStringLiteral(ZOLT20_EXAMPLES "/catalogue.json")));
+    EXPECT_TRUE(window().OpenCatalogue(Qs(Examples() + "/catalogue.json")));
     ShowWindow(window());
     Follow();
   }

@@ -5,9 +5,11 @@
 #include <QApplication>
 #include <QStyleFactory>
 
+#include "tests/support/init_tests.h"
+
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  ::testing::InitGoogleTest(&argc, argv);
+  zolt20::tests::InitTests(&argc, argv);
   const QApplication application(argc, argv);
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   return RUN_ALL_TESTS();

@@ -8,6 +8,7 @@
 #include <QLabel>
 
 #include "tests/composer/composer_test.h"
+#include "tests/support/places.h"
 
 namespace zolt20::tests {
 namespace {
@@ -539,7 +540,7 @@ TEST_F(CatalogueTest, WithoutRightsToReadItTheCatalogueBeforeStays) {
 TEST_F(CatalogueTest, AnotherCatalogueAsksForWhatIsNotStoredAndOpensTheRuleAnew) {
   OpenTwo();
   Change();
-  const QString example = QStringLiteral(ZOLT20_EXAMPLES "/catalogue.json");
+  const QString example = Qs(Examples() + "/catalogue.json");
   Menu("File", "Open Catalogue...", {File(example, "Open"), Answer(NotStored("A"), "Cancel")});
   EXPECT_EQ(Result(), kCustomers);
   Menu("File", "Open Catalogue...", {File(example, "Open"), Answer(NotStored("A"), "Discard")});

@@ -8,6 +8,7 @@
 #include "hosts/composer/function_picker.h"
 #include "hosts/composer/requests.h"
 #include "tests/composer/composer_test.h"
+#include "tests/support/places.h"
 
 namespace zolt20::tests {
 namespace {
@@ -177,7 +178,7 @@ TEST_F(NestedTest, TheRecordOfTheSessionComesToTheSameResult) {
   EXPECT_EQ(Narrow(session.Control().Form().TxtOutput.Text()), kRule);
 
   QProcess host;
-  host.start(QStringLiteral(ZOLT20_HOST_PROGRAM), {QStringLiteral("--result"), In("record.jsonl")});
+  host.start(Qs(HostProgram()), {QStringLiteral("--result"), In("record.jsonl")});
   ASSERT_TRUE(host.waitForFinished());
   EXPECT_EQ(host.exitCode(), 0);
   EXPECT_EQ(host.readAllStandardError().toStdString(), "");
@@ -189,14 +190,14 @@ TEST_F(NestedTest, AnotherProgramDrawsTheRecord) {
   ComposeRule();
   Menu("File", "Save Session Record...", {File(In("record.jsonl"), "Save")});
   QProcess program;
-  program.start(QStringLiteral(ZOLT20_COMPOSER_PROGRAM),
+  program.start(Qs(ComposerProgram()),
                 {QStringLiteral("--picture"), In("record.png"), In("record.jsonl")});
   ASSERT_TRUE(program.waitForFinished());
   EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
   const QImage picture(In("record.png"));
   EXPECT_EQ(picture.size(), QSize(1160, 740));
 
-  program.start(QStringLiteral(ZOLT20_COMPOSER_PROGRAM),
+  program.start(Qs(ComposerProgram()),
                 {QStringLiteral("--picture"), In("other.png"), In("none.jsonl")});
   ASSERT_TRUE(program.waitForFinished());
   EXPECT_EQ(program.exitCode(), 1);

@@ -16,12 +16,13 @@
 #include "hosts/composer/main_window.h"
 #include "hosts/composer/requests.h"
 #include "surface/surface.h"
+#include "tests/support/places.h"
 
 namespace zolt20::tests {
 namespace {
 
 QString Example(const char* name) {
-  return QStringLiteral(ZOLT20_EXAMPLES "/") + QString::fromLatin1(name);
+  return Qs(Examples() + "/" + name);
 }
 
 void Draw(QWidget& window, const char* name) {

@@ -14,6 +14,7 @@
 #include "hosts/automation/session.h"
 #include "tests/qt/widget_test.h"
 #include "tests/support/example_sessions.h"
+#include "tests/support/places.h"
 
 namespace zolt20::tests {
 namespace {
@@ -928,7 +929,7 @@ TEST_F(RecordedMapTest, RandomTextsComeBackExactly) {
 
 // Whole sessions.
 
-const fs::path kExamples = ZOLT20_EXAMPLES;
+const fs::path kExamples = Examples();
 
 std::string Contents(const fs::path& file) {
   std::ifstream input(file, std::ios::binary);

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/support/control_test.h"
+#include "tests/support/places.h"
 
 namespace zolt20::tests {
 namespace {
@@ -263,12 +264,12 @@ TEST(CatalogueFileTest, WhatIsNoObjectIsComplainedOf) {
 }
 
 TEST(CatalogueFileTest, AFileThatIsNotThereIsComplainedOf) {
-  const std::filesystem::path missing = std::filesystem::path(ZOLT20_EXAMPLES) / "none.json";
+  const std::filesystem::path missing = std::filesystem::path(Examples()) / "none.json";
   EXPECT_EQ(ComplaintOf(missing), "the catalogue can't be read: there is no " + missing.string());
 }
 
 TEST(CatalogueFileTest, AFolderIsComplainedOf) {
-  const std::string complaint = ComplaintOf(std::filesystem::path(ZOLT20_EXAMPLES));
+  const std::string complaint = ComplaintOf(std::filesystem::path(Examples()));
   EXPECT_TRUE(complaint.starts_with("the catalogue can't be read: ")) << complaint;
 }
 
@@ -276,7 +277,7 @@ TEST(CatalogueFileTest, AFolderIsComplainedOf) {
 class ExampleCatalogueTest : public ControlTest {
  protected:
   ExampleCatalogueTest()
-      : catalogue_(ReadCatalogue(std::filesystem::path(ZOLT20_EXAMPLES) / "catalogue.json")) {
+      : catalogue_(ReadCatalogue(std::filesystem::path(Examples()) / "catalogue.json")) {
     Catalogue(Narrow(TableList(catalogue_)), Narrow(FieldList(catalogue_)));
   }
 

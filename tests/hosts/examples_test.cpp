@@ -16,6 +16,7 @@
 #include "hosts/catalogue/catalogue.h"
 #include "tests/support/control_test.h"
 #include "tests/support/example_sessions.h"
+#include "tests/support/places.h"
 
 namespace zolt20::tests {
 namespace {
@@ -25,7 +26,7 @@ using automation::Session;
 using Json = nlohmann::ordered_json;
 namespace fs = std::filesystem;
 
-const fs::path kExamples = ZOLT20_EXAMPLES;
+const fs::path kExamples = Examples();
 
 std::string ReadFile(const fs::path& file) {
   std::ifstream input(file, std::ios::binary);

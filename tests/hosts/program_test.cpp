@@ -9,6 +9,8 @@
 #include <fstream>
 #include <string>
 
+#include "tests/support/places.h"
+
 namespace zolt20::tests {
 namespace {
 
@@ -35,7 +37,7 @@ class ProgramTest : public ::testing::Test {
   // Runs the program with these words of a command line.
   static Outcome Host(const std::string& words) {
     Outcome run{-1, {}};
-    FILE* pipe = popen((ZOLT20_HOST_PROGRAM " " + words).c_str(), "r");
+    FILE* pipe = popen((HostProgram() + " " + words).c_str(), "r");
     std::array<char, 4096> chunk{};
     std::size_t count = 0;
     while ((count = std::fread(chunk.data(), 1, chunk.size(), pipe)) > 0) {

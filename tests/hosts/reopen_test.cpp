@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "tests/support/control_test.h"
+#include "tests/support/places.h"
 
 namespace zolt20::tests {
 namespace {
@@ -579,7 +580,7 @@ TEST_F(SentTextTest, RandomTextsAndBlocksComeAsTheyStand) {
 // The session of a reopened statement writes just what comes of the text that it reads first.
 TEST(ReopenTest, TheRecordedSessionWritesThePartsOfItsStatement) {
   using Json = nlohmann::json;
-  const std::filesystem::path sessions = std::filesystem::path(ZOLT20_EXAMPLES) / "sessions";
+  const std::filesystem::path sessions = std::filesystem::path(Examples()) / "sessions";
   std::map<std::string, std::string> written;
   std::ifstream requests(sessions / "reopened-statement.jsonl");
   for (std::string line; std::getline(requests, line);) {

@@ -18,6 +18,7 @@
 #include "faces/qt/qt_text.h"
 #include "hosts/automation/session.h"
 #include "surface/surface.h"
+#include "tests/support/places.h"
 
 namespace zolt20::tests {
 namespace {
@@ -64,7 +65,7 @@ class PicturesTest : public ::testing::TestWithParam<Look> {
   /// The state after the first `requests` lines of an example session.
   void Play(const std::string& name, int requests) {
     automation::Session session;
-    std::ifstream input(std::string(ZOLT20_EXAMPLES) + "/sessions/" + name + ".jsonl");
+    std::ifstream input(Examples() + "/sessions/" + name + ".jsonl");
     ASSERT_TRUE(input.good());
     for (std::string line; requests > 0 && std::getline(input, line);) {
       if (automation::Session::IsSkipped(line)) continue;

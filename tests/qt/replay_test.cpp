@@ -9,6 +9,7 @@
 #include "hosts/automation/session.h"
 #include "tests/qt/widget_test.h"
 #include "tests/support/example_sessions.h"
+#include "tests/support/places.h"
 #include "tests/support/session_maker.h"
 
 namespace zolt20::tests {
@@ -18,7 +19,7 @@ using automation::Session;
 using Json = nlohmann::ordered_json;
 namespace fs = std::filesystem;
 
-const fs::path kSessions = fs::path(ZOLT20_EXAMPLES) / "sessions";
+const fs::path kSessions = fs::path(Examples()) / "sessions";
 
 Json ToJson(const QVariant& value) {
   if (value.typeId() == QMetaType::QString) return Std(value.toString());

@@ -1,11 +1,13 @@
 #include "shell/contract.h"
 
+#include <algorithm>
+#include <cctype>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 
 #include "tests/support/control_test.h"
+#include "tests/support/places.h"
 
 namespace zolt20::tests {
 namespace {
@@ -93,24 +95,40 @@ TEST_F(ContractTest, EveryMemberHasItsAccessAndType) {
   }
 }
 
+// The word at the start of a text, taken off the text.
+std::string TakeWord(std::string_view& text) {
+  const auto isOfWord = [](unsigned char c) { return std::isalnum(c) != 0 || c == '_'; };
+  const auto end = std::find_if_not(text.begin(), text.end(), isOfWord);
+  const std::string word(text.begin(), end);
+  text.remove_prefix(word.size());
+  return word;
+}
+
 // The declarations of the contract's part of the header, as rows of name and access with type; in
 // the order in which the names come first.
 std::vector<std::string> RowsOfTheHeader() {
-  std::ifstream header(std::string(ZOLT20_SOURCES) + "/shell/control.h");
-  const std::regex declaration(R"(  (void|String|Integer|bool|Variant) (\w+)\((\w+)?.*)");
+  std::ifstream header(Sources() + "/shell/control.h");
+  const std::set<std::string> results{"void", "String", "Integer", "bool", "Variant"};
+  constexpr std::string_view kIndent = "  ";
   std::vector<std::string> names;
   std::map<std::string, std::set<std::string>> accesses;
   bool isContract = false;
   for (std::string line; std::getline(header, line);) {
     if (line.find("// The contract, in its order.") != std::string::npos) isContract = true;
     if (line.find("// The property bag.") != std::string::npos) break;
-    std::smatch found;
-    if (!isContract || !std::regex_match(line, found, declaration)) continue;
-    const std::string name = found[2];
+    std::string_view rest = line;
+    if (!isContract || !rest.starts_with(kIndent)) continue;
+    rest.remove_prefix(kIndent.size());
+    const std::string result = TakeWord(rest);
+    if (results.count(result) == 0 || !rest.starts_with(' ')) continue;
+    rest.remove_prefix(1);
+    const std::string name = TakeWord(rest);
+    if (name.empty() || !rest.starts_with('(')) continue;
+    rest.remove_prefix(1);
+    const std::string argument = TakeWord(rest);
     if (accesses[name].empty()) names.push_back(name);
-    const std::string result = found[1];
-    accesses[name].insert(result == "void"      ? "let " + found[3].str()
-                          : result == "Variant" ? "call " + found[3].str()
+    accesses[name].insert(result == "void"      ? "let " + argument
+                          : result == "Variant" ? "call " + argument
                                                 : "get " + result);
   }
   std::vector<std::string> rows;

@@ -19,6 +19,7 @@
 #include "shell/contract.h"
 #include "tests/support/direct_road.h"
 #include "tests/support/example_sessions.h"
+#include "tests/support/places.h"
 #include "tests/torture/allocations.h"
 #include "tests/torture/steps.h"
 
@@ -400,7 +401,7 @@ TEST_F(TortureTest, NothingThatFailsInTheSessionOfEveryHandlerDoesHarm) {
 
 // The handlers as the control declares them, in its order.
 std::vector<std::string> DeclaredHandlers() {
-  std::ifstream header(fs::path(ZOLT20_SOURCES) / "shell" / "control.h");
+  std::ifstream header(fs::path(Sources()) / "shell" / "control.h");
   constexpr std::string_view kVoid = "  void ";
   std::vector<std::string> handlers;
   for (std::string line; std::getline(header, line);) {
@@ -532,7 +533,7 @@ TEST_F(TortureTest, ObserversMayFailToBeAdded) {
 class RecordedTortureTest : public TortureTest,
                             public ::testing::WithParamInterface<std::string> {};
 
-const fs::path kSessions = fs::path(ZOLT20_EXAMPLES) / "sessions";
+const fs::path kSessions = fs::path(Examples()) / "sessions";
 
 TEST_P(RecordedTortureTest, NothingThatFailsDoesHarm) {
   PlayLines(GetParam(), Requests(kSessions / (GetParam() + ".jsonl")));

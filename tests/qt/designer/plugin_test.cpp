@@ -8,12 +8,14 @@
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 #include <memory>
 
+#include "tests/support/places.h"
+
 namespace zolt20::tests {
 namespace {
 
 class DesignerPluginTest : public ::testing::Test {
  protected:
-  QPluginLoader loader{QStringLiteral(ZOLT20_DESIGNER_PLUGIN)};
+  QPluginLoader loader{QString::fromStdString(DesignerPlugin())};
   QDesignerCustomWidgetInterface* plugin =
       qobject_cast<QDesignerCustomWidgetInterface*>(loader.instance());
 };
@@ -22,7 +24,7 @@ TEST_F(DesignerPluginTest, MakesTheWidgetThatItsNameAndHeaderTell) {
   ASSERT_NE(plugin, nullptr) << loader.errorString().toStdString();
   const std::unique_ptr<QWidget> widget(plugin->createWidget(nullptr));
   EXPECT_EQ(plugin->name(), QString::fromLatin1(widget->metaObject()->className()));
-  EXPECT_TRUE(QFile::exists(QStringLiteral(ZOLT20_SOURCES "/") + plugin->includeFile()));
+  EXPECT_TRUE(QFile::exists(QString::fromStdString(Sources() + "/") + plugin->includeFile()));
   EXPECT_FALSE(plugin->isContainer());
 }
 
