@@ -4,22 +4,25 @@
 //   node benchmarks/web.mjs        with the environment of the tests of tests/web
 import fs from 'node:fs';
 import path from 'node:path';
+import {fileURLToPath} from 'node:url';
 import {gzipSync} from 'node:zlib';
 
 import {Stage, closePage} from '../tests/web/harness.mjs';
 import {kPackage} from '../tests/web/places.mjs';
 
-const kRuns = 15;
-const kPages = path.join(
-  import.meta.dirname ?? path.dirname(new URL(import.meta.url).pathname),
-  'web',
-);
+/** @import {Page} from 'playwright-core' */
 
+const kRuns = 15;
+const kPages = fileURLToPath(new URL('web', import.meta.url));
+
+/** @type {(values: number[]) => number} */
 const median = (values) => values.slice().sort((a, b) => a - b)[values.length >> 1];
+/** @type {(milliseconds: number) => string} */
 const shown = (milliseconds) =>
   milliseconds < 1
     ? `${(1000 * milliseconds).toPrecision(3)} µs`
     : `${milliseconds.toPrecision(3)} ms`;
+/** @type {(work: string, figure: number, yardstick: number, bar?: string) => void} */
 const row = (work, figure, yardstick, bar = '') =>
   console.log(
     `| ${work} | ${shown(figure)} | ${shown(yardstick)} | ${(figure / yardstick).toPrecision(3)} | ${bar} |`,
@@ -29,6 +32,7 @@ const stage = await Stage.open({'/bench/': kPages});
 
 // From the start of the script to an element that is drawn, each time in a page that is loaded
 // anew. The first few make it warm.
+/** @type {(script: string) => Promise<number>} */
 async function readyTimes(script) {
   const kWarm = 5;
   const page = await stage.openPage('bench/page.html');
@@ -46,15 +50,28 @@ async function readyTimes(script) {
   return median(times.slice(kWarm));
 }
 
-async function measured(what, ...given) {
+/// The median of what is measured in a page of its own.
+/** @type {(measure: (page: Page) => Promise<number[]>) => Promise<number>} */
+async function medianOf(measure) {
   const page = await stage.openPage('bench/page.html');
-  const value = await page.evaluate(
-    async ([name, values]) => (await import('/bench/measure.js'))[name](...values),
-    [what, given],
-  );
+  const times = await measure(page);
   await closePage(page);
-  return median(value);
+  return median(times);
 }
+/** @type {(tag: string) => Promise<number>} */
+const further = (tag) =>
+  medianOf((page) =>
+    page.evaluate(async (name) => (await import('/bench/measure.js')).further(name), tag),
+  );
+/** @typedef {'firstScreen' | 'tables' | 'filter' | 'click' | 'key' | 'plainKey'} Measure */
+/** @type {(measure: Measure, count: number) => Promise<number>} */
+const measured = (measure, count) =>
+  medianOf((page) =>
+    page.evaluate(
+      async ([name, given]) => (await import('/bench/measure.js'))[name](given),
+      /** @type {[Measure, number]} */ ([measure, count]),
+    ),
+  );
 
 console.log(
   '| work / yardstick | figure | yardstick | ratio | bar |\n| --- | --- | --- | --- | --- |',
@@ -67,8 +84,8 @@ row(
 );
 row(
   'a further element, drawn / an empty one',
-  await measured('further', 'zolt20-map-control'),
-  await measured('further', 'zolt20-empty'),
+  await further('zolt20-map-control'),
+  await further('zolt20-empty'),
 );
 const few = 1000;
 const many = 100_000;

@@ -12,6 +12,7 @@ import {pathToFileURL} from 'node:url';
 export const kPolicy =
   "default-src 'none'; script-src 'self' 'wasm-unsafe-eval'; style-src 'self'; connect-src 'self'";
 
+/** @type {Readonly<Record<string, string>>} */
 const kTypes = {
   '.css': 'text/css; charset=utf-8',
   '.html': 'text/html; charset=utf-8',
@@ -26,10 +27,15 @@ const kTypes = {
   '.wasm': 'application/wasm',
 };
 
+/** @type {(file: string, folder: string) => boolean} */
 const isWithin = (file, folder) => file === folder || file.startsWith(folder + path.sep);
 
 // The file that an address stands for; nothing when it stands for none, or for one outside of the
 // folders.
+/**
+ * @type {(address: string, mounts: {prefix: string, folder: string}[]) =>
+ *   Promise<string | undefined>}
+ */
 async function fileOf(address, mounts) {
   let name;
   try {
@@ -55,6 +61,10 @@ async function fileOf(address, mounts) {
 
 /// Serves folders by the mounts of `root`, the longest that fits an address: for instance
 /// {'/package/': 'build/web/package', '/': 'examples/web'}. Gives the address, and what ends it.
+/**
+ * @type {(where: {root: Record<string, string>, port?: number}) =>
+ *   Promise<{address: string, close: () => Promise<void>}>}
+ */
 export async function serve({root, port = 0}) {
   const mounts = Object.entries(root)
     .map(([prefix, folder]) => ({
@@ -75,13 +85,14 @@ export async function serve({root, port = 0}) {
       'Content-Security-Policy': kPolicy,
       'X-Content-Type-Options': 'nosniff',
     };
+    /** @type {(status: number, why: string) => void} */
     const refuse = (status, why) => {
       response.writeHead(status, {...headers, 'Content-Type': 'text/plain; charset=utf-8'});
       response.end(`${why}\n`);
     };
     if (request.method !== 'GET' && request.method !== 'HEAD')
       return refuse(405, 'Files can only be read');
-    const file = await fileOf(request.url, mounts);
+    const file = await fileOf(request.url ?? '', mounts);
     if (file === undefined) return refuse(404, 'There is no such file');
     const type = kTypes[path.extname(file)] ?? 'application/octet-stream';
     response.writeHead(200, {
@@ -94,32 +105,34 @@ export async function serve({root, port = 0}) {
       .on('error', () => response.destroy())
       .pipe(response);
   });
-  await new Promise((resolve, reject) => {
+  await new Promise((/** @type {(value?: unknown) => void} */ resolve, reject) => {
     server.once('error', (error) => {
-      const taken = error.code === 'EADDRINUSE';
+      const taken = 'code' in error && error.code === 'EADDRINUSE';
       reject(taken ? new Error(`the port ${port} is taken by another program`) : error);
     });
     server.listen(port, '127.0.0.1', resolve);
   });
   return {
-    address: `http://127.0.0.1:${server.address().port}`,
+    address: `http://127.0.0.1:${/** @type {import('node:net').AddressInfo} */ (server.address()).port}`,
     close: () =>
-      new Promise((resolve) => {
-        server.close(resolve);
+      new Promise((/** @type {() => void} */ resolve) => {
+        server.close(() => resolve());
         server.closeAllConnections?.();
       }),
   };
 }
 
+/** @type {(words: string[]) => Promise<void>} */
 async function main(words) {
   const port = Number(words[0]);
   const isNumber = words.length > 0 && /^\d+$/.test(words[0]) && port <= 65535;
   if (!isNumber || words.length < 2) {
     throw new Error('usage: node scripts/serve.mjs PORT DIRECTORY[=/MOUNT] ...');
   }
+  /** @type {Record<string, string>} */
   const root = {};
   for (const word of words.slice(1)) {
-    const [, folder, mount] = /^(.*?)(?:=(\/.*))?$/.exec(word);
+    const [, folder, mount] = /^(.*?)(?:=(\/.*))?$/.exec(word) ?? [word, word];
     root[mount ?? '/'] = folder;
   }
   console.log(`${(await serve({root, port})).address}/`);

@@ -8,3 +8,5 @@ customElements.define(
     }
   },
 );
+
+export {};

@@ -7,7 +7,10 @@ const kKeys = 15;
 const layOut = () => document.body.getBoundingClientRect();
 const nextFrame = () => new Promise((done) => requestAnimationFrame(() => setTimeout(done)));
 
-/** From the start of a script to an element of it that is laid out. */
+/**
+ * From the start of a script to an element of it that is laid out.
+ * @type {(script: string) => Promise<number>}
+ */
 export async function ready(script) {
   const begin = performance.now();
   await import(script);
@@ -29,10 +32,14 @@ async function newElement() {
   await nextFrame();
   return element;
 }
+/** @type {(count: number) => string} */
 const tablesOf = (count) =>
   Array.from({length: count}, (_, row) => `T${String(row).padStart(7, '0')}0`).join(',');
 
-/** One more element on the page. */
+/**
+ * One more element on the page.
+ * @type {(tag: string) => Promise<number[]>}
+ */
 export async function further(tag) {
   await load();
   const times = [];
@@ -46,7 +53,10 @@ export async function further(tag) {
   return times;
 }
 
-/** A list that has its rows comes into sight: to the next frame with its rows. */
+/**
+ * A list that has its rows comes into sight: to the next frame with its rows.
+ * @type {(count: number) => Promise<number[]>}
+ */
 export async function firstScreen(count) {
   const element = await newElement();
   element.PrpStrTables = tablesOf(count);
@@ -63,7 +73,10 @@ export async function firstScreen(count) {
   return times;
 }
 
-/** The tables are written, to the next frame with their rows. */
+/**
+ * The tables are written, to the next frame with their rows.
+ * @type {(count: number) => Promise<number[]>}
+ */
 export async function tables(count) {
   const list = tablesOf(count);
   const times = [];
@@ -78,7 +91,10 @@ export async function tables(count) {
   return times;
 }
 
-/** A letter comes into the filter and goes again. */
+/**
+ * A letter comes into the filter and goes again.
+ * @type {(count: number) => Promise<number[]>}
+ */
 export async function filter(count) {
   const element = await newElement();
   element.PrpStrTables = tablesOf(count);
@@ -94,7 +110,10 @@ export async function filter(count) {
   return times.filter((_, run) => run % 2 === 0);
 }
 
-/** A click on a row that marks it or takes the mark away. */
+/**
+ * A click on a row that marks it or takes the mark away.
+ * @type {(count: number) => Promise<number[]>}
+ */
 export async function click(count) {
   const element = await newElement();
   element.PrpStrFields = '';
@@ -112,9 +131,11 @@ export async function click(count) {
 }
 
 const kLine = 'select sum(A.B) from  A where A.C = "text" and A.D > 12\n';
+/** @type {(letters: number) => string} */
 const textOf = (letters) => kLine.repeat(Math.ceil(letters / kLine.length)).slice(0, letters);
 
 // A letter typed into the middle of a box, to the end of what comes of it.
+/** @type {(box: HTMLInputElement | HTMLTextAreaElement) => Promise<number[]>} */
 async function keys(box) {
   const times = [];
   for (let run = 0; run < kKeys; ++run) {
@@ -128,7 +149,10 @@ async function keys(box) {
   return times;
 }
 
-/** A key in a coloured text. */
+/**
+ * A key in a coloured text.
+ * @type {(letters: number) => Promise<number[]>}
+ */
 export async function key(letters) {
   const element = await newElement();
   element.Syntax_Highlight = true;
@@ -137,7 +161,10 @@ export async function key(letters) {
   return keys(element.shadowRoot.getElementById('txtSelectDo'));
 }
 
-/** A key in the browser's own box, as large. */
+/**
+ * A key in the browser's own box, as large.
+ * @type {(letters: number) => Promise<number[]>}
+ */
 export async function plainKey(letters) {
   const box = document.createElement('textarea');
   box.wrap = 'off';

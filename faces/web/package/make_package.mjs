@@ -8,8 +8,10 @@ import {Logic} from '../src/logic';
 import {typesOf} from './types.mjs';
 
 const [source, wasm, version, out] = process.argv.slice(2);
+/** @type {(...path: string[]) => string} */
 const read = (...path) => readFileSync(join(source, ...path), 'utf8');
 const logic = Logic.of(new WebAssembly.Module(readFileSync(wasm)));
+/** @type {(count: number) => number[]} */
 const range = (count) => Array.from({length: count}, (_, at) => at + 1);
 const contract = {
   members: range(logic.memberCount).map((number) => {
@@ -30,9 +32,32 @@ const contract = {
 const types = typesOf(contract, source);
 writeFileSync(join(out, 'zolt20-map-control.d.ts'), types);
 
+/**
+ * @typedef {object} Declaration
+ * @property {boolean} isStatic
+ * @property {string | undefined} access  get or set; undefined for what is neither
+ * @property {string} name
+ * @property {string | undefined} parameters
+ * @property {string} type
+ * @property {string} comment
+ */
+/**
+ * @typedef {object} ManifestMember
+ * @property {string} kind
+ * @property {string} name
+ * @property {string} [description]
+ * @property {boolean} [readonly]
+ * @property {boolean} [static]
+ * @property {{text: string}} [type]
+ * @property {{name: string, type: {text: string}}[]} [parameters]
+ * @property {{type: {text: string}}} [return]
+ */
+
 // The manifest says what the types say.
+/** @type {(text: string, start: string) => Declaration[]} */
 function declarationsIn(text, start) {
   const body = text.slice(text.indexOf(start)).split('\n}\n')[0].split('\n').slice(1);
+  /** @type {Declaration[]} */
   const found = [];
   let comment = '';
   for (const line of body) {
@@ -40,12 +65,11 @@ function declarationsIn(text, start) {
     if (commented !== null) comment = commented[1];
     const declared = /^ {2}(static )?(get |set )?(\w+)(<\w+>)?(\((.*?)\))?(?:: (.*))?;$/.exec(line);
     if (declared !== null) {
-      const [, isStatic, access, name, , call, parameters, type] = declared;
+      const [, isStatic, access, name, , , parameters, type] = declared;
       found.push({
         isStatic: isStatic !== undefined,
         access: access?.trim(),
         name,
-        isCall: call !== undefined,
         parameters,
         type,
         comment,
@@ -57,11 +81,20 @@ function declarationsIn(text, start) {
   }
   return found;
 }
+/** @type {(pattern: RegExp, text: string) => string[]} */
+function matched(pattern, text) {
+  const found = pattern.exec(text);
+  if (found === null) throw new Error(`no ${pattern} in the types`);
+  return found;
+}
+/** @type {(text: string) => {name: string, type: {text: string}}} */
 const parameter = (text) => {
-  const [, name, type] = /^(\w+): (.*)$/.exec(text);
+  const [, name, type] = matched(/^(\w+): (.*)$/, text);
   return {name, type: {text: type}};
 };
+/** @type {(comment: string) => {description?: string}} */
 const described = (comment) => (comment === '' ? {} : {description: comment});
+/** @type {Map<string, ManifestMember>} */
 const members = new Map();
 for (const each of declarationsIn(types, 'export declare class ZOLT20MapControlElement')) {
   if (each.name.endsWith('EventListener')) continue; // of every element, and only typed here
@@ -77,12 +110,13 @@ for (const each of declarationsIn(types, 'export declare class ZOLT20MapControlE
     continue;
   }
   const before = members.get(each.name);
+  /** @type {ManifestMember} */
   const field = before ?? {kind: 'field', name: each.name, readonly: true};
   if (each.comment !== '')
     field.description = [field.description, each.comment].filter(Boolean).join(' ');
   if (each.access === 'set') {
     delete field.readonly;
-    field.type = {text: each.parameters.replace(/^value: /, '')};
+    field.type = {text: String(each.parameters).replace(/^value: /, '')};
   } else if (each.type !== 'undefined') {
     field.type = {text: each.type};
   }
@@ -118,8 +152,10 @@ const manifest = {
           name: 'ZOLT20MapControlElement',
           tagName: 'zolt20-map-control',
           customElement: true,
-          description: /\/\*\*\n \* ([\s\S]*?)\n \*\/\nexport declare class ZOLT20MapControlElement/
-            .exec(types)[1]
+          description: matched(
+            /\/\*\*\n \* ([\s\S]*?)\n \*\/\nexport declare class ZOLT20MapControlElement/,
+            types,
+          )[1]
             .replace(/\n \*( |$)/gm, '\n')
             .trim(),
           superclass: {name: 'HTMLElement'},
@@ -133,7 +169,7 @@ const manifest = {
         {
           kind: 'class',
           name: 'ZOLT20Error',
-          description: /\/\*\* (.*) \*\/\nexport declare class ZOLT20Error/.exec(types)[1],
+          description: matched(/\/\*\* (.*) \*\/\nexport declare class ZOLT20Error/, types)[1],
           superclass: {name: 'Error'},
         },
       ],
