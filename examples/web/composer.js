@@ -3,12 +3,17 @@
 import {fieldListOf, tableListOf, tableNamesOf} from './catalogue.js';
 import {ask, show, tellFailure} from './dialogs.js';
 import {pickFunction} from './functions.js';
+import {partOf} from './parts.js';
 import {encode, encodeBlock, unsendablePieceOf} from './texts.js';
+
+/** @import {ZOLT20Error, ZOLT20MapControlElement} from './package/zolt20-map-control.js' */
+/** @import {Catalogue} from './catalogue.js' */
 
 const kSelectListPage = 0;
 const kConditionPage = 6;
 
 // By the codes that prpStrSQLPart gives.
+/** @type {Record<string, {name: string, property: string, isBlock: boolean}>} */
 const kPages = {
   D: {name: 'SelectDo', property: 'prpSelectDoPart', isBlock: true},
   E: {name: 'SelectEOS', property: 'prpSelectEOSPart', isBlock: true},
@@ -17,10 +22,12 @@ const kPages = {
   C: {name: 'Condition', property: 'prpStroutput', isBlock: false},
 };
 
+/** @type {(code: string, text: string) => string} */
 const encodeFor = (code, text) =>
   kPages[code].isBlock ? encodeBlock(text, code === 'D') : encode(text);
 
 // Why a text can't be handed over, '' when it can.
+/** @type {(text: string) => string} */
 function complaintOf(text) {
   const piece = unsendablePieceOf(text);
   if (piece === '') return '';
@@ -30,6 +37,7 @@ function complaintOf(text) {
 
 // What a person has put into the form, wherever they look at it. This look changes nothing, as a
 // read of prpStroutput may.
+/** @type {(control: ZOLT20MapControlElement) => string} */
 const contentOf = (control) =>
   JSON.stringify(
     Object.values(control.dump().controls).map(({Text, List, Selected, Value}) => [
@@ -43,14 +51,17 @@ const contentOf = (control) =>
 const settledContents = new WeakMap();
 
 /// What was composed is stored somewhere.
+/** @type {(control: ZOLT20MapControlElement) => void} */
 export function settle(control) {
   settledContents.set(control, contentOf(control));
 }
 
 /// Whether anything was composed since the last `settle`.
+/** @type {(control: ZOLT20MapControlElement) => boolean} */
 export const isChanged = (control) => settledContents.get(control) !== contentOf(control);
 
 /// Whether the person agrees to lose what was composed; true when there is nothing to lose.
+/** @type {(control: ZOLT20MapControlElement, title: string) => Promise<boolean>} */
 export async function mayLeave(control, title) {
   return (
     !isChanged(control) ||
@@ -59,19 +70,27 @@ export async function mayLeave(control, title) {
 }
 
 // The page is known within the request only; the text comes later, as one step that can be undone.
+/**
+ * @type {(control: ZOLT20MapControlElement,
+ *   textFor: (code: string) => Promise<string | undefined>) => Promise<void>}
+ */
 async function answer(control, textFor) {
   const code = control.prpStrSQLPart;
   const text = await textFor(code);
   if (!text) return;
   try {
     control.asStep(() => {
-      control[kPages[code].property] = text;
+      Object.assign(control, {[kPages[code].property]: text});
     });
   } catch (error) {
-    tellFailure(error);
+    tellFailure(/** @type {ZOLT20Error} */ (error));
   }
 }
 
+/**
+ * @type {(control: ZOLT20MapControlElement, catalogue: Catalogue, what: string,
+ *   firstPage: number) => Promise<void>}
+ */
 const answerByComposer = (control, catalogue, what, firstPage) =>
   answer(control, (code) =>
     composeFor(
@@ -83,6 +102,7 @@ const answerByComposer = (control, catalogue, what, firstPage) =>
     ),
   );
 
+/** @type {(control: ZOLT20MapControlElement, catalogue: Catalogue) => Promise<void>} */
 const answerByFunction = (control, catalogue) =>
   answer(control, async (code) => {
     const call = await pickFunction(
@@ -94,6 +114,7 @@ const answerByFunction = (control, catalogue) =>
   });
 
 /// A control that answers its own requests. Throws what the properties throw.
+/** @type {(catalogue: Catalogue, isColoured: boolean) => ZOLT20MapControlElement} */
 export function makeControl(catalogue, isColoured) {
   const control = document.createElement('zolt20-map-control');
   control.PrpStrTables = tableListOf(catalogue);
@@ -116,6 +137,10 @@ export function makeControl(catalogue, isColoured) {
 // nothing when the person turns away. Its text is composed at the margin. Of a block the property
 // takes one level off every line but the first, so it is read one level deep, and only once, since
 // every such read indents the text.
+/**
+ * @type {(code: string, catalogue: Catalogue, title: string, firstPage: number,
+ *   isColoured: boolean) => Promise<string | undefined>}
+ */
 function composeFor(code, catalogue, title, firstPage, isColoured) {
   return show('composer', title, (dialog, end) => {
     const control = makeControl(catalogue, isColoured);
@@ -128,7 +153,7 @@ function composeFor(code, catalogue, title, firstPage, isColoured) {
       if (await mayLeave(control, title)) end();
     };
     const takeText = async () => {
-      const composed = control.dump().controls.TxtOutput.Text;
+      const composed = String(control.dump().controls.TxtOutput.Text);
       if (composed === '') return leave();
       const why = complaintOf(composed);
       if (why !== '') return ask(title, why, 'OK');
@@ -137,7 +162,7 @@ function composeFor(code, catalogue, title, firstPage, isColoured) {
     };
     control.addEventListener('eventDone', takeText);
     control.addEventListener('eventCancel', leave);
-    dialog.querySelector('.stage').append(control);
+    partOf(dialog, '.stage', HTMLElement).append(control);
     dialog.addEventListener('shown', () => control.focus());
     return leave;
   });

@@ -1,8 +1,12 @@
 // Modal dialogs, made of the templates of the page.
+import {partOf} from './parts.js';
+
+/** @import {ZOLT20Error} from './package/zolt20-map-control.js' */
 
 let dialogs = 0;
 
 // Says by what its heading and its text are read out.
+/** @type {(dialog: HTMLDialogElement) => void} */
 function nameParts(dialog) {
   const number = ++dialogs;
   for (const [attribute, part] of [
@@ -16,16 +20,26 @@ function nameParts(dialog) {
   }
 }
 
-/// Shows a dialog until it has an answer, and gives that. `fill` gets the dialog and what ends it
-/// with an answer, and gives what happens when the person turns away from it.
+/**
+ * Gets the dialog and what ends it with an answer. Gives what happens when the person turns away
+ * from it; when it gives nothing, the dialog ends without an answer then.
+ * @template Answer
+ * @typedef {(dialog: HTMLDialogElement, end: (answer?: Answer) => void) =>
+ *   (() => unknown) | undefined} Filler
+ */
+
+/// Shows a dialog until it has an answer, and gives that.
+/**
+ * @type {<Answer>(template: string, title: string, fill: Filler<Answer>) =>
+ *   Promise<Answer | undefined>}
+ */
 export function show(template, title, fill) {
-  const dialog = document.importNode(
-    document.getElementById(template).content.firstElementChild,
-    true,
-  );
-  dialog.querySelector('h2').textContent = title;
+  const {content} = partOf(document, `#${template}`, HTMLTemplateElement);
+  const dialog = document.importNode(partOf(content, 'dialog', HTMLDialogElement), true);
+  partOf(dialog, 'h2', HTMLElement).textContent = title;
   nameParts(dialog);
   return new Promise((resolve) => {
+    /** @param {Parameters<typeof resolve>[0]} [answer] */
     const end = (answer) => {
       resolve(answer);
       dialog.close();
@@ -56,10 +70,11 @@ export function show(template, title, fill) {
 
 /// Asks with a button for each answer, the last of which is the one that Escape gives too. Gives
 /// the text of the button.
+/** @type {(title: string, text: string, ...answers: string[]) => Promise<string | undefined>} */
 export function ask(title, text, ...answers) {
   return show('message', title, (dialog, end) => {
-    dialog.querySelector('.text').textContent = text;
-    dialog.querySelector('.buttons').append(
+    partOf(dialog, '.text', HTMLElement).textContent = text;
+    partOf(dialog, '.buttons', HTMLElement).append(
       ...answers.map((answer) => {
         const button = document.createElement('button');
         button.type = 'button';
@@ -75,5 +90,6 @@ export function ask(title, text, ...answers) {
 }
 
 /// Tells what failed in a control.
+/** @type {(error: ZOLT20Error) => Promise<string | undefined>} */
 export const tellFailure = (error) =>
   ask('Error', `${error.kind} (${error.number}): ${error.message}`, 'OK');

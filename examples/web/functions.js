@@ -1,8 +1,14 @@
 // A function of the catalogue, picked in a dialog, with a line for each of its arguments.
 import {show} from './dialogs.js';
+import {partOf} from './parts.js';
 
+/** @import {CatalogueFunction} from './catalogue.js' */
+/** @typedef {{row: HTMLElement, choice: HTMLInputElement, name: string, words: string[]}} Row */
+
+/** @type {(name: string, texts: string[]) => string} */
 const callOf = (name, texts) => `${name}(${texts.join(', ')})`;
 
+/** @type {(called: CatalogueFunction) => Row} */
 function rowOf({name, arguments: words}) {
   const row = document.createElement('label');
   const choice = document.createElement('input');
@@ -15,6 +21,7 @@ function rowOf({name, arguments: words}) {
   return {row, choice, name, words};
 }
 
+/** @type {(word: string) => {label: HTMLElement, box: HTMLInputElement}} */
 function entryOf(word) {
   const label = document.createElement('label');
   label.className = 'entry';
@@ -30,14 +37,19 @@ function entryOf(word) {
 
 /// Gives the call that was put together, nothing when the person turns away. `complaintOf` tells
 /// why a call can't be taken, '' when it can.
+/**
+ * @type {(functions: CatalogueFunction[], title: string, complaintOf: (text: string) => string) =>
+ *   Promise<string | undefined>}
+ */
 export function pickFunction(functions, title, complaintOf) {
   return show('functions', title, (dialog, end) => {
-    const filter = dialog.querySelector('.filter');
-    const argumentList = dialog.querySelector('.arguments');
-    const output = dialog.querySelector('.call');
-    const complaint = dialog.querySelector('.complaint');
-    const insert = dialog.querySelector('[type=submit]');
+    const filter = partOf(dialog, '.filter', HTMLInputElement);
+    const argumentList = partOf(dialog, '.arguments', HTMLElement);
+    const output = partOf(dialog, '.call', HTMLOutputElement);
+    const complaint = partOf(dialog, '.complaint', HTMLElement);
+    const insert = partOf(dialog, '[type=submit]', HTMLButtonElement);
     const rows = functions.map(rowOf);
+    /** @type {HTMLInputElement[]} */
     let boxes = [];
 
     const picked = () => rows.find(({choice}) => choice.checked);
@@ -59,12 +71,13 @@ export function pickFunction(functions, title, complaintOf) {
       argumentList.replaceChildren(...entries.map(({label}) => label));
       showCall();
     };
+    /** @type {(row: Row | undefined) => void} */
     const pick = (row) => {
       for (const each of rows) each.choice.checked = each === row;
       showArguments();
     };
 
-    const list = dialog.querySelector('.rows');
+    const list = partOf(dialog, '.rows', HTMLElement);
     list.append(...rows.map(({row}) => row));
     list.addEventListener('change', showArguments);
     argumentList.addEventListener('input', showCall);
@@ -73,9 +86,9 @@ export function pickFunction(functions, title, complaintOf) {
       const wanted = filter.value.toLowerCase();
       for (const {row, name} of rows) row.hidden = !name.toLowerCase().includes(wanted);
       const shown = rows.filter(({row}) => !row.hidden);
-      if (!shown.includes(picked())) pick(shown[0]);
+      if (!shown.some((row) => row === picked())) pick(shown[0]);
     });
-    dialog.querySelector('form').addEventListener('submit', (event) => {
+    partOf(dialog, 'form', HTMLFormElement).addEventListener('submit', (event) => {
       event.preventDefault();
       const why = complaintOf(output.value);
       if (why === '') return end(output.value);
@@ -84,5 +97,6 @@ export function pickFunction(functions, title, complaintOf) {
     });
     pick(rows[0]);
     dialog.addEventListener('shown', () => filter.focus());
+    return undefined;
   });
 }

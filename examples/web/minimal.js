@@ -2,7 +2,8 @@
 // shows the statement when the person clicks Done.
 import './package/zolt20-map-control.js';
 
-const control = document.querySelector('zolt20-map-control');
+const [control] = document.getElementsByTagName('zolt20-map-control');
+const [result] = document.getElementsByTagName('pre');
 
 // Tables have names of 8 characters, with the count of their indexes behind them.
 control.PrpStrTables = 'CUSTOMER2,ORDERS__1';
@@ -15,6 +16,7 @@ control.PrpStrFields = [
 control.Syntax_Highlight = true;
 
 // A request is answered inside its event, through the property of the page.
+/** @type {Record<string, string>} */
 const properties = {
   D: 'prpSelectDoPart',
   E: 'prpSelectEOSPart',
@@ -24,12 +26,11 @@ const properties = {
 };
 for (const request of ['eventSubQuery', 'eventCondition', 'eventFunction']) {
   control.addEventListener(request, () => {
-    control[properties[control.prpStrSQLPart]] = 'print ( :var.name )';
+    Object.assign(control, {[properties[control.prpStrSQLPart]]: 'print ( :var.name )'});
   });
 }
 
 // The Result is read once; its lines end with CR LF.
 control.addEventListener('eventDone', () => {
-  document.querySelector('pre').textContent =
-    `${control.prpStroutput}\r\n\r\n${control.prpstrSelectedFields}`;
+  result.textContent = `${control.prpStroutput}\r\n\r\n${control.prpstrSelectedFields}`;
 });

@@ -2,20 +2,33 @@
 import {CatalogueError, fieldsOf, readCatalogue} from './catalogue.js';
 import {isChanged, makeControl, mayLeave, settle} from './composer.js';
 import {tellFailure} from './dialogs.js';
+import {partOf} from './parts.js';
+
+/** @import {ZOLT20Error, ZOLT20MapControlElement} from './package/zolt20-map-control.js' */
+/** @import {Catalogue} from './catalogue.js' */
 
 const kSample = 'examples/catalogue.json';
 const kShownFor = 6000;
 
-const part = (id) => document.getElementById(id);
+// By its id, and perhaps what is within.
+/** @type {(id: string) => HTMLElement} */
+const part = (id) => partOf(document, `#${id}`, HTMLElement);
+const colouring = partOf(document, '#colouring', HTMLInputElement);
+const file = partOf(document, '#file', HTMLInputElement);
+/** @type {(count: number, what: string) => string} */
 const counted = (count, what) => `${count} ${what}${count === 1 ? '' : 's'}`;
 
+/** @type {Catalogue | undefined} */
 let catalogue;
+/** @type {ZOLT20MapControlElement | undefined} */
 let control;
 
 // ---- messages
 
+/** @type {ReturnType<typeof setTimeout> | undefined} */
 let fading;
 
+/** @type {(text: string) => void} */
 function say(text) {
   const status = part('status');
   status.textContent = text;
@@ -23,17 +36,16 @@ function say(text) {
   fading = setTimeout(() => status.replaceChildren(), kShownFor);
 }
 
+/** @type {(text: string) => void} */
 function complain(text) {
   part('complaint').hidden = text === '';
-  part('complaint').querySelector('p').textContent = text;
+  part('complaint p').textContent = text;
 }
 
-part('complaint')
-  .querySelector('button')
-  .addEventListener('click', () => {
-    complain('');
-    control?.focus();
-  });
+part('complaint button').addEventListener('click', () => {
+  complain('');
+  control?.focus();
+});
 
 // ---- the control
 
@@ -44,48 +56,48 @@ function showNoResult() {
 }
 
 // The Result is read once: at a depth above 0 every read would indent it by one tab more.
-function showResult() {
-  let text;
-  let records;
+/** @type {(control: ZOLT20MapControlElement) => void} */
+function showResult(control) {
+  let text = '';
+  let records = '';
   try {
     text = control.prpStroutput;
     records = control.prpstrSelectedFields;
   } catch (error) {
-    tellFailure(error);
+    tellFailure(/** @type {ZOLT20Error} */ (error));
     return;
   }
   settle(control);
   const fields = fieldsOf(records);
   part('statement').textContent = text.replaceAll('\r\n', '\n');
   part('records').textContent = records;
-  part('result').querySelector('caption').textContent = counted(fields.length, 'selected field');
-  part('result')
-    .querySelector('tbody')
-    .replaceChildren(
-      ...fields.map(({name, type, flagged, text: further}) => {
-        const row = document.createElement('tr');
-        for (const cell of [name, type, flagged ? 'yes' : 'no', further])
-          row.insertCell().textContent = cell;
-        return row;
-      }),
-    );
+  part('result caption').textContent = counted(fields.length, 'selected field');
+  part('result tbody').replaceChildren(
+    ...fields.map(({name, type, flagged, text: further}) => {
+      const row = document.createElement('tr');
+      for (const cell of [name, type, flagged ? 'yes' : 'no', further])
+        row.insertCell().textContent = cell;
+      return row;
+    }),
+  );
   part('copy-statement').onclick = () => copy(text, part('statement'), 'The statement is copied.');
   part('copy-records').onclick = () =>
     copy(records, part('records'), 'The field records are copied.');
   part('copy-records').hidden = records === '';
   part('records-details').hidden = records === '';
-  part('result').querySelector('.fields').hidden = fields.length === 0;
+  part('result .fields').hidden = fields.length === 0;
   part('no-result').hidden = true;
   part('copies').hidden = false;
   part('result').hidden = false;
   part('result-heading').focus({preventScroll: true});
-  part('result-heading').closest('section').scrollIntoView({block: 'nearest'});
+  part('result-heading').closest('section')?.scrollIntoView({block: 'nearest'});
   const lines = text === '' ? 0 : text.split('\r\n').length;
   say(
     `The statement is done: ${counted(lines, 'line')}, ${counted(fields.length, 'selected field')}.`,
   );
 }
 
+/** @type {(text: string, element: HTMLElement, done: string) => Promise<void>} */
 async function copy(text, element, done) {
   try {
     await navigator.clipboard.writeText(text);
@@ -93,29 +105,32 @@ async function copy(text, element, done) {
   } catch {
     element.closest('details')?.setAttribute('open', '');
     element.focus();
-    getSelection().selectAllChildren(element);
+    getSelection()?.selectAllChildren(element);
     say('This browser does not let the page copy. The text is selected: press Ctrl+C.');
   }
 }
 
-function compose() {
-  const made = makeControl(catalogue, part('colouring').checked);
-  made.addEventListener('eventDone', showResult);
-  made.addEventListener('eventCancel', startAnew);
+/** @type {(catalogue: Catalogue) => ZOLT20MapControlElement} */
+function compose(catalogue) {
+  const made = makeControl(catalogue, colouring.checked);
+  made.addEventListener('eventDone', () => showResult(made));
+  made.addEventListener('eventCancel', () => startAnew(made));
   for (const change of ['undone', 'redone']) {
     made.addEventListener(change, () => {
-      part('colouring').checked = made.Syntax_Highlight;
+      colouring.checked = made.Syntax_Highlight;
     });
   }
   part('stage').replaceChildren(made);
   control = made;
+  return made;
 }
 
-async function startAnew() {
-  if (!(await mayLeave(control, 'New statement'))) return;
-  compose();
+/** @type {(before: ZOLT20MapControlElement) => Promise<void>} */
+async function startAnew(before) {
+  if (catalogue === undefined || !(await mayLeave(before, 'New statement'))) return;
+  const made = compose(catalogue);
   showNoResult();
-  control.focus();
+  made.focus();
 }
 
 // ---- catalogues
@@ -123,6 +138,7 @@ async function startAnew() {
 let openings = 0;
 
 // What can't be opened is told, and the catalogue before stays.
+/** @type {(name: string, bytesOf: () => Promise<ArrayBuffer>) => Promise<void>} */
 async function open(name, bytesOf) {
   const isFirst = catalogue === undefined;
   const opening = ++openings;
@@ -130,14 +146,8 @@ async function open(name, bytesOf) {
     const read = readCatalogue(await bytesOf());
     if (opening !== openings) return;
     if (control !== undefined && !(await mayLeave(control, 'Another catalogue'))) return;
-    const before = catalogue;
+    compose(read);
     catalogue = read;
-    try {
-      compose();
-    } catch (error) {
-      catalogue = before;
-      throw error;
-    }
   } catch (error) {
     complain(
       `${name} can't be opened: ${error instanceof CatalogueError ? error.message : String(error)}.`,
@@ -165,16 +175,19 @@ const openSample = () =>
     return response.arrayBuffer();
   });
 
+/** @type {(file: File) => Promise<void>} */
 const openFile = (file) => open(file.name, () => file.arrayBuffer());
 
-part('file').addEventListener('change', ({target}) => {
-  if (target.files.length > 0) openFile(target.files[0]);
-  target.value = '';
+file.addEventListener('change', () => {
+  const [chosen] = file.files ?? [];
+  if (chosen !== undefined) openFile(chosen);
+  file.value = '';
 });
 part('sample').addEventListener('click', openSample);
-part('new').addEventListener('click', () => control && startAnew());
+part('new').addEventListener('click', () => control && startAnew(control));
 
 // While a dialog is open the page takes no file.
+/** @type {(event: DragEvent) => boolean | undefined} */
 const bringsFiles = ({dataTransfer}) =>
   dataTransfer?.types.includes('Files') && document.querySelector('dialog[open]') === null;
 
@@ -204,6 +217,7 @@ addEventListener('beforeunload', (event) => {
 
 // ---- settings, which the browser keeps where the page may store anything
 
+/** @type {(key: string) => string | null} */
 function stored(key) {
   try {
     return localStorage.getItem(key);
@@ -212,6 +226,7 @@ function stored(key) {
   }
 }
 
+/** @type {(key: string, value: string) => void} */
 function store(key, value) {
   try {
     localStorage.setItem(key, value);
@@ -220,11 +235,13 @@ function store(key, value) {
   }
 }
 
+/** @type {(scheme: string) => void} */
 function showScheme(scheme) {
   document.documentElement.dataset.scheme = scheme;
 }
 
-for (const choice of document.querySelectorAll('[name=scheme]')) {
+for (const choice of document.querySelectorAll('input')) {
+  if (choice.name !== 'scheme') continue;
   choice.addEventListener('change', () => {
     showScheme(choice.value);
     store('scheme', choice.value);
@@ -233,12 +250,12 @@ for (const choice of document.querySelectorAll('[name=scheme]')) {
   if (choice.checked) showScheme(choice.value);
 }
 
-part('colouring').checked = stored('colouring') !== 'off';
-part('colouring').addEventListener('change', ({target}) => {
-  store('colouring', target.checked ? 'on' : 'off');
-  if (control === undefined) return;
-  control.asStep(() => {
-    control.Syntax_Highlight = target.checked;
+colouring.checked = stored('colouring') !== 'off';
+colouring.addEventListener('change', () => {
+  store('colouring', colouring.checked ? 'on' : 'off');
+  const changed = control;
+  changed?.asStep(() => {
+    changed.Syntax_Highlight = colouring.checked;
   });
 });
 
