@@ -5,6 +5,8 @@ import {createInterface} from 'node:readline';
 
 import {kHost} from './places.mjs';
 
+/** @import {Dump, Reply} from './types' */
+
 export class Automation {
   constructor() {
     if (!existsSync(kHost))
@@ -14,6 +16,7 @@ export class Automation {
   }
 
   /// The reply to a request, which is an object or a line.
+  /** @type {(request: string | object) => Promise<Reply>} */
   async ask(request) {
     this.process_.stdin.write(
       `${typeof request === 'string' ? request : JSON.stringify(request)}\n`,
@@ -23,8 +26,9 @@ export class Automation {
     return JSON.parse(value);
   }
   /// The whole state of its form.
+  /** @type {() => Promise<Dump>} */
   async dump() {
-    return (await this.ask({dump: true})).value;
+    return /** @type {Dump} */ ((await this.ask({dump: true})).value);
   }
 
   close() {

@@ -8,6 +8,10 @@ import {serve} from '../../scripts/serve.mjs';
 import {designOf, kForm} from './form.mjs';
 import {kChromium, kPackage, kTests, require} from './places.mjs';
 
+/** @import {BrowserContextOptions, Browser, Page} from 'playwright-core' */
+/** @import {Dump, Gesture, LogEntry, Place, Reply} from './types' */
+
+/** @type {typeof import('playwright-core')} */
 const {chromium} = require('playwright-core');
 
 const kArguments = [
@@ -30,6 +34,7 @@ const selectAll = 'Control+A';
 
 /// Chromium and a server of the test pages, the package at /package/ and further folders.
 export class Stage {
+  /** @type {(mounts?: Record<string, string>) => Promise<Stage>} */
   static async open(mounts = {}) {
     const server = await serve({
       root: {'/package/': kPackage, '/': path.join(kTests, 'pages'), ...mounts},
@@ -44,6 +49,7 @@ export class Stage {
       throw error;
     }
   }
+  /** @param {Awaited<ReturnType<typeof serve>>} server @param {Browser} browser */
   constructor(server, browser) {
     this.server = server;
     this.browser = browser;
@@ -55,6 +61,7 @@ export class Stage {
 
   /// A page of the server, or of any address, in a browser context of its own. What it complains of
   /// is kept.
+  /** @type {(address: string, settings?: BrowserContextOptions) => Promise<Page>} */
   async openPage(address, settings = {}) {
     const context = await this.browser.newContext({viewport: kViewport, ...settings});
     context.setDefaultTimeout(kPatience);
@@ -77,13 +84,14 @@ export class Stage {
     return page;
   }
   /// A person at the element of a page, whose host has begun.
+  /** @type {(settings?: BrowserContextOptions, address?: string) => Promise<Person>} */
   async openElement(settings = {}, address = 'element.html') {
     const page = await this.openPage(address, settings);
     const person = new Person(page);
     try {
       await page.waitForFunction(() => globalThis.host !== undefined);
     } catch (error) {
-      throw new Error(`${address} has no host: ${page.complaints.join('; ') || error.message}`);
+      throw new Error(`${address} has no host: ${page.complaints.join('; ') || error}`);
     }
     return person;
   }
@@ -95,6 +103,7 @@ export class Stage {
 }
 
 /// Fails if the page has complained of anything, and closes it.
+/** @type {(page: Page) => Promise<void>} */
 export async function closePage(page) {
   const violations = await page.evaluate(() => globalThis.violations);
   await page.context().close();
@@ -102,6 +111,7 @@ export async function closePage(page) {
 }
 
 export class Person {
+  /** @param {Page} page */
   constructor(page) {
     this.page = page;
     this.mouse = page.mouse;
@@ -111,19 +121,24 @@ export class Person {
   // Reads.
 
   /// What the element has told its host since the last call.
+  /** @type {() => Promise<LogEntry[]>} */
   async takeLog() {
     return JSON.parse(await this.page.evaluate(() => host.takeLog()));
   }
+  /** @type {() => Promise<Dump>} */
   async dump() {
     return JSON.parse(await this.page.evaluate(() => host.dump()));
   }
   /// What a host does for a line of the automation host, and its reply without the log.
+  /** @type {(line: string) => Promise<Omit<Reply, 'log'>>} */
   async carryOut(line) {
     return JSON.parse(await this.page.evaluate((request) => host.carryOut(request), line));
   }
+  /** @type {(line: string) => Promise<void>} */
   async makeNew(line) {
     await this.page.evaluate((request) => makeNew(request), line);
   }
+  /** @type {(id: string, selector?: string) => Promise<Place>} */
   place(id, selector = '') {
     return this.page.evaluate(([name, within]) => host.place(name, within), [id, selector]);
   }
@@ -131,11 +146,13 @@ export class Person {
   at() {
     return this.page.evaluate(() => host.keyboard());
   }
+  /** @type {() => Promise<void>} */
   nextFrame() {
     return this.page.evaluate(() => new Promise((done) => requestAnimationFrame(() => done())));
   }
   /// What the element has told since the last call, its state, and where it is drawn otherwise, all
   /// at once.
+  /** @type {() => Promise<{log: LogEntry[], dump: Dump, difference: string}>} */
   async look() {
     return JSON.parse(await this.withForm(() => (Host.form === undefined ? null : host.look())));
   }
@@ -151,22 +168,28 @@ export class Person {
     return found;
   }
   // A page that has just been loaded does not know the form yet.
+  /** @type {(ask: () => string | null) => Promise<string>} */
   async withForm(ask) {
     const answer = await this.page.evaluate(ask);
     if (answer !== null) return answer;
     await this.page.evaluate((form) => {
       Host.form = form;
     }, kForm);
-    return this.page.evaluate(ask);
+    return String(await this.page.evaluate(ask));
   }
 
   // Verbs. Each presses where a person would: in the middle of what can be seen.
 
+  /**
+   * @type {(id: string, selector?: string, settings?: Parameters<Page['mouse']['click']>[2]) =>
+   *   Promise<void>}
+   */
   async press(id, selector = '', settings = {}) {
     const place = await this.inSight(id, selector);
     await this.mouse.click(place.x, place.y, settings);
   }
   /// The place of something that can be pressed.
+  /** @type {(id: string, selector?: string) => Promise<Place>} */
   async inSight(id, selector = '') {
     let place = await this.place(id, selector);
     // What lies outside of the window is scrolled to, as by the wheel.
@@ -178,6 +201,7 @@ export class Person {
     return place;
   }
   /// Turns the wheel until it is in the window, and in sight of what it is scrolled in.
+  /** @type {(id: string, selector?: string) => Promise<void>} */
   async bringIntoWindow(id, selector = '') {
     for (let turns = 0; turns < 6; ++turns) {
       const next = await this.page.evaluate(
@@ -189,27 +213,31 @@ export class Person {
       await this.wheel(next.way);
     }
   }
+  /** @type {(way: number) => Promise<void>} */
   async wheel(way) {
     await this.mouse.wheel(0, way);
     await this.nextFrame();
     await this.nextFrame();
   }
 
+  /** @type {(control: string) => Promise<void>} */
   click(control) {
     return this.press(control);
   }
+  /** @type {(page: number) => Promise<void>} */
   tab(page) {
     return this.press('tabVrn', `[data-page="${page}"]`);
   }
   /// Turns the wheel over a list until a row is in sight. Where to press it.
+  /** @type {(list: string, row: number) => Promise<Place>} */
   async row(list, row) {
     const selector = `[data-row="${row}"]`;
     await this.bringIntoWindow(list);
-    let place;
+    let place = await this.place(list, selector);
     await this.waitFor(`${list} shows row ${row}`, async () => {
       const way = await this.page.evaluate(
         ([name, number]) => host.wayToRow(name, number),
-        [list, row],
+        /** @type {[string, number]} */ ([list, row]),
       );
       if (way !== null && way !== 0) {
         const box = await this.place(list);
@@ -222,16 +250,19 @@ export class Person {
     });
     return place;
   }
+  /** @type {(list: string, row: number) => Promise<void>} */
   async clickRow(list, row) {
     const {x, y} = await this.row(list, row);
     await this.mouse.click(x, y);
   }
   /// Presses a row twice, soon after each other.
+  /** @type {(list: string, row: number) => Promise<void>} */
   async doubleClickRow(list, row) {
     const {x, y} = await this.row(list, row);
     await this.mouse.dblclick(x, y);
   }
   /// Opens the list of a combo box and presses an entry.
+  /** @type {(combo: string, row: number) => Promise<void>} */
   async pick(combo, row) {
     const isEditable = designOf(combo).styles.includes('kEditable');
     await this.press(isEditable ? `${combo}.open` : combo);
@@ -247,6 +278,7 @@ export class Person {
   }
   /// Goes to a control by the mouse; on a button, away from it before the release, so that it is
   /// not clicked.
+  /** @type {(control: string) => Promise<void>} */
   async focus(control) {
     const place = await this.inSight(control);
     if (designOf(control).kind !== 'Button') return this.mouse.click(place.x, place.y);
@@ -256,6 +288,7 @@ export class Person {
     await this.mouse.up();
   }
   /// Replaces the whole text at once.
+  /** @type {(box: string, text: string) => Promise<void>} */
   async type(box, text) {
     await this.focus(box);
     await this.keyboard.press(selectAll);
@@ -263,20 +296,24 @@ export class Person {
     else await this.keyboard.insertText(text);
   }
   /// Key by key, behind the text that is there.
+  /** @type {(box: string, text: string) => Promise<void>} */
   async typeKeys(box, text) {
     await this.goBehindTheText(box);
     await this.keyboard.type(text);
   }
   /// A key in a text box, by its character code or 8 for backspace.
+  /** @type {(box: string, code: number) => Promise<void>} */
   async key(box, code) {
     await this.goBehindTheText(box);
     await this.keyboard.press(code === kBackspace ? 'Backspace' : String.fromCharCode(code));
   }
+  /** @type {(box: string) => Promise<void>} */
   async goBehindTheText(box) {
     if ((await this.at()) !== box) await this.focus(box);
     await this.keyboard.press('Control+End');
   }
   /// Presses the arrows of a scroll bar until it is there.
+  /** @type {(bar: string, value: number) => Promise<void>} */
   async scroll(bar, value) {
     const now = async () => (await this.dump()).controls[bar].Value;
     for (let presses = 0; (await now()) !== value && presses < 20; ++presses) {
@@ -286,12 +323,14 @@ export class Person {
   }
 
   /// Presses OK of each message that waits, and checks that it shows what the host was told.
+  /** @type {(messages: LogEntry[]) => Promise<void>} */
   async answerMessages(messages) {
     for (const {message, title} of messages) {
       const kBox = 'dialog[open]';
       await this.waitFor('a message shows', async () => (await this.place('', kBox)).isThere);
       const text = await this.page.evaluate((box) => host.find('', box).textContent, kBox);
-      assert.ok(text.includes(message) && text.includes(title), `the message shows ${text}`);
+      for (const part of [message, title])
+        assert.ok(text?.includes(String(part)), `the message shows ${text}`);
       await this.press('', `${kBox} button`);
     }
     await this.waitFor(
@@ -299,6 +338,7 @@ export class Person {
       async () => !(await this.place('', 'dialog[open]')).isThere,
     );
   }
+  /** @type {(what: string, condition: () => boolean | Promise<boolean>) => Promise<void>} */
   async waitFor(what, condition) {
     const end = Date.now() + kPatience;
     while (!(await condition())) {
@@ -308,33 +348,37 @@ export class Person {
   }
 
   /// Carries out a gesture of the automation host, an object with "user".
+  /** @type {(gesture: Gesture) => Promise<void>} */
   make(gesture) {
-    const {user, control, row} = gesture;
-    switch (user) {
+    switch (gesture.user) {
       case 'tab':
         return this.tab(gesture.page);
       case 'click':
-        return row === undefined ? this.click(control) : this.clickRow(control, row);
+        return gesture.row === undefined
+          ? this.click(gesture.control)
+          : this.clickRow(gesture.control, gesture.row);
       case 'dblclick':
-        return this.doubleClickRow(control, row);
+        return this.doubleClickRow(gesture.control, gesture.row);
       case 'pick':
-        return this.pick(control, row);
+        return this.pick(gesture.control, gesture.row);
       case 'type':
-        return this.type(control, gesture.text);
+        return this.type(gesture.control, gesture.text);
       case 'key':
-        return this.key(control, gesture.code);
+        return this.key(gesture.control, gesture.code);
       case 'focus':
-        return this.focus(control);
+        return this.focus(gesture.control);
       case 'scroll':
-        return this.scroll(control, gesture.value);
+        return this.scroll(gesture.control, gesture.value);
       default:
-        throw new Error(`there is no gesture ${user}`);
+        throw new Error(`there is no gesture ${JSON.stringify(gesture)}`);
     }
   }
   /// Presses where a control is that takes no gesture at the moment, if it is anywhere to be seen.
+  /** @type {(gesture: Gesture) => Promise<void>} */
   async tryInVain(gesture) {
-    const place = await this.place(gesture.control ?? 'tabVrn');
-    assert.ok(!place.isOnTop || !place.isEnabled, `${gesture.control} could be used`);
+    const control = gesture.user === 'tab' ? 'tabVrn' : gesture.control;
+    const place = await this.place(control);
+    assert.ok(!place.isOnTop || !place.isEnabled, `${control} could be used`);
     if (place.isOnTop) await this.mouse.click(place.x, place.y);
   }
 }

@@ -1,6 +1,7 @@
 // What a screen reader says of each control: its role and its name, by the page on which it stands.
 // The Condition page has five panels beside what is always there.
 
+/** @type {Names} */
 const kEverywhere = {
   tabVrn: ['tablist', 'Pages'],
   TxtOutput: ['textbox', 'Result'],
@@ -21,6 +22,13 @@ export const kTabs = [
   'Condition',
 ];
 
+/**
+ * The role and the name of each control, by that of the control.
+ * @typedef {Record<string, [role: Role, name: string]>} Names
+ */
+/** @typedef {Parameters<import('playwright-core').Page['getByRole']>[0]} Role */
+
+/** @type {(index: number, page: string, box: string, button: string) => Names} */
 const blockPage = (index, page, box, button) => ({
   [box]: ['textbox', `${page} statements`],
   [`cmdFunction(${index})`]: ['button', `Function, ${page}`],
@@ -29,6 +37,7 @@ const blockPage = (index, page, box, button) => ({
   [button]: ['button', `Add To Result, ${page}`],
 });
 
+/** @type {Names[]} */
 const kPages = [
   {
     lsttables: ['listbox', 'Tables'],
@@ -81,6 +90,7 @@ const kPages = [
 ];
 
 /// The panels of the Condition page by the option that shows them, '' before any was chosen.
+/** @type {Record<string, Names>} */
 export const kPanels = {
   '': {Frainitial: ['group', 'Instructions']},
   optIfThen: {
@@ -119,6 +129,7 @@ export const kPanels = {
 };
 
 /// All that is to be found on a page.
+/** @type {(page: number, panel?: string) => Names} */
 export const namesOn = (page, panel = '') => ({
   ...kEverywhere,
   ...kPages[page],

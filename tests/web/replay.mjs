@@ -4,10 +4,16 @@ import assert from 'node:assert/strict';
 
 import {Automation} from './automation.mjs';
 
+/** @import {Person} from './harness.mjs' */
+/** @import {Dump, Gesture, Reply} from './types' */
+
+/** @type {(value: unknown) => value is Record<string, unknown>} */
+const isParts = (value) => typeof value === 'object' && value !== null;
+
 /// The first few places in which two values of JSON differ, '' when there is none.
+/** @type {(one: unknown, other: unknown, at?: string) => string} */
 export function differencesOf(one, other, at = '') {
-  const areBoth = [one, other].every((value) => typeof value === 'object' && value !== null);
-  if (!areBoth)
+  if (!isParts(one) || !isParts(other))
     return Object.is(one, other)
       ? ''
       : `${at}: ${JSON.stringify(one)} instead of ${JSON.stringify(other)}`;
@@ -21,9 +27,14 @@ export function differencesOf(one, other, at = '') {
 }
 
 export class Replay {
+  /** @param {Person} person */
   constructor(person) {
     this.person = person;
-    this.dump = undefined; // behind the last line
+    /**
+     * Behind the last line.
+     * @type {Dump | undefined}
+     */
+    this.dump = undefined;
     this.automation = new Automation();
     this.gestures = 0;
     this.messages = 0;
@@ -32,14 +43,16 @@ export class Replay {
   }
 
   /// Carries a line out on both sides. What the person does may take further lines before it.
+  /** @type {(line: string, before?: string[]) => Promise<void>} */
   async play(line, before = []) {
     try {
       await this.#play(line, before);
     } catch (error) {
-      throw new Error(`${line.slice(0, 200)}: ${error.message}`, {cause: error});
+      throw new Error(`${line.slice(0, 200)}: ${error}`, {cause: error});
     }
   }
 
+  /** @type {(line: string, before: string[]) => Promise<void>} */
   async #play(line, before) {
     const request = JSON.parse(line);
     const logBefore = [];
@@ -62,6 +75,7 @@ export class Replay {
     const logs = differencesOf(told, log);
     if (logs !== '') assert.fail(`the log: ${logs}`);
     const state = await this.automation.dump();
+    /** @type {(what: string, now: Dump) => void} */
     const compare = (what, now) => {
       const differences = differencesOf(now, state);
       if (differences !== '') assert.fail(`${what}: ${differences}`);
@@ -78,11 +92,13 @@ export class Replay {
     if (drawn !== '') assert.fail(`what is drawn: ${drawn}`);
   }
 
+  /** @type {(line: string, request: {new?: object}) => Promise<Omit<Reply, 'log'>>} */
   async #carryOut(line, request) {
     if (request.new === undefined) return this.person.carryOut(line);
     await this.person.makeNew(line);
     return {ok: true};
   }
+  /** @type {(request: Gesture, expected: Reply) => Promise<void>} */
   async #makeGesture(request, expected) {
     ++this.gestures;
     if (expected.refused === undefined) return this.person.make(request);

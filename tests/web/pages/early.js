@@ -2,12 +2,17 @@
 // then, in this order.
 const kTables = 'TABLE__11,TABLE__21';
 const kFields = 'char*Q*V*R*N*NTABLE__1.A*Q*V*R*N*text';
-const kEvents = ['propertychanged', 'eventCancel'];
+const kHeard = ['propertychanged', 'eventCancel'];
 
-globalThis.early = {log: [], wasDefined: customElements.get('zolt20-map-control') !== undefined};
-for (const name of kEvents) {
+globalThis.early = {
+  log: /** @type {string[]} */ ([]),
+  wasDefined: customElements.get('zolt20-map-control') !== undefined,
+};
+for (const name of kHeard) {
   document.addEventListener(name, (event) =>
-    early.log.push(`${event.target.id} ${event.detail?.name ?? name}`),
+    early.log.push(
+      `${/** @type {Element} */ (event.target).id} ${event instanceof CustomEvent ? event.detail.name : name}`,
+    ),
   );
 }
 Object.assign(document.getElementById('tables-first'), {

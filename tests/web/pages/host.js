@@ -6,12 +6,38 @@
 // module, so that a page from a file can have it too.
 const kEvents = ['eventCancel', 'eventDone', 'eventSubQuery', 'eventCondition', 'eventFunction'];
 
+/**
+ * @typedef {import('../types').Control} Control
+ * @typedef {import('../types').Controls} Controls
+ * @typedef {import('../types').Design} Design
+ * @typedef {import('../types').DumpedControl} DumpedControl
+ * @typedef {import('../types').HostRequest} HostRequest
+ * @typedef {import('../types').LogEntry} LogEntry
+ * @typedef {import('../types').Place} Place
+ * @typedef {import('../types').ToldError} ToldError
+ * @typedef {import('zolt20-map-control').ZOLT20Error} ZOLT20Error
+ * @typedef {import('zolt20-map-control').ZOLT20MapControlElement} ZOLT20MapControlElement
+ */
+
+/** @type {(error: ZOLT20Error) => ToldError} */
 const told = (error) => ({kind: error.kind, number: error.number, description: error.message});
 
 class Host {
+  /**
+   * The form at design, which the test hands over: see form.mjs.
+   * @type {import('../types').Form}
+   */
+  static form;
+
+  /** @param {ZOLT20MapControlElement} element */
   constructor(element) {
-    this.element = element;
+    this.element = /** @type {Control} */ (element);
+    /** @type {LogEntry[]} */
     this.log = [];
+    /**
+     * What is carried out within an event, by its name.
+     * @type {Record<string, HostRequest[]>}
+     */
     this.answers = {};
     for (const name of kEvents) element.addEventListener(name, () => this.#answer(name));
     element.addEventListener('propertychanged', (event) =>
@@ -29,10 +55,12 @@ class Host {
     return JSON.stringify(this.log.splice(0));
   }
 
+  /** @type {(event: string) => void} */
   #answer(event) {
     this.log.push({event});
     for (const request of this.answers[event] ?? []) {
       const {value, error} = this.#run(request);
+      /** @type {LogEntry} */
       const entry = {answered: request.set ?? request.get ?? request.call};
       if (error !== undefined) entry.error = error;
       else if (request.set === undefined) entry.value = value;
@@ -42,6 +70,7 @@ class Host {
   }
 
   // A set, get or call.
+  /** @type {(request: HostRequest) => {ok: boolean, value?: unknown, error?: ToldError}} */
   #run(request) {
     try {
       if (request.set !== undefined) {
@@ -50,14 +79,17 @@ class Host {
         return {ok: true};
       }
       if (request.get !== undefined) return {ok: true, value: this.element[request.get]};
-      return {ok: true, value: this.element[request.call](...(request.args ?? [])) ?? null};
+      const call = /** @type {Function} */ (this.element[request.call ?? '']);
+      return {ok: true, value: call.apply(this.element, request.args ?? []) ?? null};
     } catch (error) {
-      if (error.name !== 'ZOLT20Error') throw error;
-      return {ok: false, error: told(error)};
+      const failure = /** @type {ZOLT20Error} */ (error);
+      if (failure.name !== 'ZOLT20Error') throw error;
+      return {ok: false, error: told(failure)};
     }
   }
 
   /// What a host does for a line that no person does. The reply without its log.
+  /** @type {(line: string) => string} */
   carryOut(line) {
     const request = JSON.parse(line);
     if (request.answer !== undefined) {
@@ -76,24 +108,32 @@ class Host {
 
   // Where a person finds things.
 
+  /** @type {(id: string) => HTMLInputElement} */
   on(id) {
     return this.element.shadowRoot.getElementById(id);
   }
   /// A node of the control with this name by a selector within it, or of the whole element for no
   /// name.
+  /** @type {(id: string, selector: string) => HTMLInputElement} */
   find(id, selector) {
     const within = id === '' ? this.element.shadowRoot : this.on(id);
-    return selector === '' || within === null ? within : within.querySelector(selector);
+    const isItself = selector === '' || within === null;
+    return isItself ? /** @type {HTMLInputElement} */ (within) : within.querySelector(selector);
   }
   /// The middle of a node in the window, cut to what its scrolling ancestors show; and whether
   /// nothing lies on it.
+  /** @type {(id: string, selector?: string) => Place} */
   place(id, selector = '') {
     const node = this.find(id, selector);
-    if (node === null || !node.checkVisibility()) return {isThere: false, isOnTop: false};
+    if (node === null || !node.checkVisibility())
+      return /** @type {Place} */ ({isThere: false, isOnTop: false});
     let {left, top, right, bottom} = node.getBoundingClientRect();
     // What stands in the top layer is cut by nothing around it.
+    /** @type {(at: Element) => boolean} */
     const isOnItsOwn = (at) => at.matches(':popover-open, dialog[open]');
-    for (let at = node; !isOnItsOwn(at) && at.parentElement !== null; at = at.parentElement) {
+    /** @type {HTMLElement} */
+    let at = node;
+    for (; !isOnItsOwn(at) && at.parentElement !== null; at = at.parentElement) {
       const {parentElement} = at;
       if (getComputedStyle(parentElement).overflow === 'visible') continue;
       const box = parentElement.getBoundingClientRect();
@@ -117,6 +157,7 @@ class Host {
   }
   /// Where the wheel has to be turned next, and how far, for a node to come into sight; null when
   /// it is there.
+  /** @type {(id: string, selector: string) => {x: number, y: number, way: number} | null} */
   wayIntoSight(id, selector) {
     const node = this.find(id, selector);
     const scrolled = [];
@@ -143,6 +184,7 @@ class Host {
   }
   /// How far a list has to be scrolled for a row to be in its sight; 0 when it is, null
   /// when no rows are drawn yet.
+  /** @type {(list: string, row: number) => number | null} */
   wayToRow(list, row) {
     const box = this.on(list);
     const first = box.querySelector('[data-row]');
@@ -160,7 +202,7 @@ class Host {
   /// The name of the control that the keyboard is at, or whatever else it is at.
   keyboard() {
     const active = document.activeElement;
-    if (active !== this.element) return active === document.body ? 'body' : `#${active.id}`;
+    if (active !== this.element) return active === document.body ? 'body' : `#${active?.id}`;
     for (let at = this.element.shadowRoot.activeElement; at !== null; at = at.parentElement) {
       if (at.id !== '' && at.role !== 'tab') return at.id;
     }
@@ -197,23 +239,33 @@ class Host {
   }
 }
 
-// The form at design, which the test hands over: see form.mjs.
+/** @type {(name: string) => Design} */
 const designOf = (name) => Host.form[name] ?? Host.form[name.replace(/\(\d+\)$/, '(0)')];
 
+/** @type {(controls: Controls, name: string) => boolean} */
 function isShown(controls, name) {
   const {page} = designOf(name);
   if (page !== null && page !== controls.tabVrn.Tab) return false;
-  for (let at = name; at !== null; at = designOf(at).frame) {
+  /** @type {string | null} */
+  let at = name;
+  for (; at !== null; at = designOf(at).frame) {
     if (!controls[at].Visible) return false;
   }
   return true;
 }
 
+/** @type {(text: string) => string} */
 const lines = (text) => text.replace(/\r\n/g, '\n');
+/** @type {(text: string) => string} */
 const quoted = (text) => `shows ${JSON.stringify(text)}`;
 
+/**
+ * @type {(kind: string, styles: string[], node: HTMLInputElement, control: DumpedControl) =>
+ *   string}
+ */
 function kindDifference(kind, styles, node, control) {
-  const has = (shown, text) => (shown === lines(text) ? '' : quoted(shown));
+  /** @type {(shown: string | null, text: string) => string} */
+  const has = (shown, text) => (shown === lines(text) ? '' : quoted(String(shown)));
   const isDisabled = node.disabled === true || node.getAttribute('aria-disabled') === 'true';
   switch (kind) {
     case 'TabStrip':
@@ -230,7 +282,7 @@ function kindDifference(kind, styles, node, control) {
       return has(node.textContent, control.Caption);
     case 'OptionButton':
       if (isDisabled !== !control.Enabled) return 'Enabled';
-      return node.checked === control.Value ? '' : 'shows another Value';
+      return Object.is(node.checked, control.Value) ? '' : 'shows another Value';
     case 'ScrollBar':
       return Number(node.getAttribute('aria-valuenow')) === control.Value &&
         Number(node.getAttribute('aria-valuemax')) === control.Max
@@ -246,13 +298,14 @@ function kindDifference(kind, styles, node, control) {
   }
 }
 
+/** @type {(styles: string[], node: HTMLElement, control: DumpedControl) => string} */
 function rowsDifference(styles, node, control) {
   const rows = [...node.querySelectorAll('[role=option]')];
   if ((rows.length === 0) !== (control.List.length === 0)) return `draws ${rows.length} rows`;
   const mark = styles.includes('kCheckBoxes') ? 'aria-checked' : 'aria-selected';
   for (const row of rows) {
     const number = Number(row.dataset.row);
-    const text = row.querySelector('.text').textContent;
+    const text = row.querySelector('.text').textContent ?? '';
     if (text !== control.List[number]) return `row ${number} ${quoted(text)}`;
     if (row.getAttribute('aria-setsize') !== String(control.List.length))
       return `row ${number} has another size of set`;
@@ -269,6 +322,7 @@ function rowsDifference(styles, node, control) {
 function beginHost() {
   globalThis.host = new Host(document.querySelector('zolt20-map-control'));
 }
+/** @type {(line: string) => void} */
 function makeNew(line) {
   const {new: settings} = JSON.parse(line);
   const before = globalThis.host;
