@@ -8,6 +8,12 @@ import {closePage, Stage} from './harness.mjs';
 import {kPanels, kTabs, namesOn} from './names.mjs';
 import {require} from './places.mjs';
 
+/** @import {BrowserContextOptions, Page} from 'playwright-core' */
+/** @import {Person} from './harness.mjs' */
+/** @import {Role} from './names.mjs' */
+/** @import {Dump, DumpedControl} from './types' */
+
+/** @type {typeof import('axe-core')} */
 const axe = require('axe-core');
 
 const kMost = 120000;
@@ -16,7 +22,9 @@ const kCondition = 6;
 const pages = kTabs.map((_, page) => page);
 const kinds = Object.keys(kPanels).filter((option) => option !== '');
 
+/** @type {Stage} */
 let stage;
+/** @type {Person} */
 let shared;
 before(async () => {
   stage = await Stage.open();
@@ -26,6 +34,10 @@ after(() => stage?.close());
 
 /// A test with a person at a new element, in a page of these settings, or in one that all without
 /// settings share.
+/**
+ * @type {(name: string, act: (person: Person, page: Page) => unknown,
+ *   settings?: BrowserContextOptions) => void}
+ */
 function withPerson(name, act, settings) {
   test(name, {timeout: kMost}, async () => {
     const person = settings === undefined ? shared : await stage.openElement(settings);
@@ -47,6 +59,7 @@ const kFields = [
 const kStatement = 'if :var.a = 1 then ~\u0001b = `^`text`^` + sum(c)~else~\u0001d = 2.5~endif';
 
 /// A form with something everywhere: lists with marked rows, boxes with coloured texts.
+/** @type {(person: Person) => Promise<void>} */
 async function fill(person) {
   const {page} = person;
   await page.evaluate(
@@ -72,12 +85,13 @@ async function fill(person) {
       ])
         element[name] = statement;
     },
-    [kFields, kStatement],
+    /** @type {[string[], string]} */ ([kFields, kStatement]),
   );
   await person.click('cmdAddSelect');
   await person.clickRow('lstFields', 1);
   await person.takeLog();
 }
+/** @type {(person: Person, option: string, filled: boolean) => Promise<void>} */
 async function choose(person, option, filled) {
   await person.tab(kCondition);
   await person.click(option);
@@ -93,6 +107,10 @@ async function choose(person, option, filled) {
 }
 /// Comes to each page, and to each panel of the Condition page. `act` gets the name of what is seen
 /// then.
+/**
+ * @type {(person: Person, filled: boolean,
+ *   act: (view: string, page: number, panel: string) => Promise<void>) => Promise<void>}
+ */
 async function eachView(person, filled, act) {
   if (filled) await fill(person);
   for (const page of pages) {
@@ -105,6 +123,7 @@ async function eachView(person, filled, act) {
   }
 }
 
+/** @type {(page: Page) => Promise<string[]>} */
 async function violationsOf(page) {
   return page.evaluate(async (values) => {
     const {violations} = await globalThis.axe.run(document, {
@@ -138,12 +157,13 @@ describe('nothing is found by the rules of accessibility', () => {
     },
     {colorScheme: 'light'},
   );
-  for (const colorScheme of ['light', 'dark']) {
+  for (const colorScheme of /** @type {const} */ (['light', 'dark'])) {
     for (const filled of [false, true]) {
       withPerson(
         `${filled ? 'filled' : 'empty'}, ${colorScheme}`,
         async (person, page) => {
           await page.evaluate(axe.source);
+          /** @type {string[]} */
           const found = [];
           await eachView(person, filled, async (view) => {
             for (const violation of await violationsOf(page)) found.push(`${view}: ${violation}`);
@@ -180,7 +200,8 @@ describe('nothing is found by the rules of accessibility', () => {
       {colorScheme},
     );
   }
-  for (const [what, prepare, settings] of [
+  /** @type {[what: string, prepare: (page: Page) => unknown, settings: BrowserContextOptions][]} */
+  const kSurroundings = [
     ['enlarged to the double', () => {}, {viewport: {width: 640, height: 500}}],
     [
       'from right to left',
@@ -190,12 +211,14 @@ describe('nothing is found by the rules of accessibility', () => {
         }),
       {colorScheme: 'light'},
     ],
-  ]) {
+  ];
+  for (const [what, prepare, settings] of kSurroundings) {
     withPerson(
       what,
       async (person, page) => {
         await page.evaluate(axe.source);
         await prepare(page);
+        /** @type {string[]} */
         const found = [];
         await eachView(person, true, async (view) => {
           for (const violation of await violationsOf(page)) found.push(`${view}: ${violation}`);
@@ -210,6 +233,7 @@ describe('nothing is found by the rules of accessibility', () => {
 });
 
 describe('every control is found by its role and name', () => {
+  /** @type {(page: Page, role: Role, name: string) => Promise<string | null>} */
   const find = async (page, role, name) => {
     const found = page.locator('zolt20-map-control').getByRole(role, {name, exact: true});
     return (await found.count()) === 1
@@ -217,6 +241,7 @@ describe('every control is found by its role and name', () => {
       : `${await found.count()} of them`;
   };
   withPerson('on every page and panel', async (person, page) => {
+    /** @type {string[]} */
     const found = [];
     const named = new Set();
     await eachView(person, false, async (view, number, panel) => {
@@ -265,7 +290,8 @@ describe('every control is found by its role and name', () => {
   withPerson('of messages, which are dialogs with their title and text', async (person, page) => {
     await person.tab(2);
     await person.click('cmdAddSelectDoQuer');
-    const [{message, title}] = await person.takeLog();
+    const [{message = '', title = ''}] = await person.takeLog();
+    assert.ok(message !== '' && title !== '');
     const dialog = page.getByRole('alertdialog', {name: title, exact: true});
     assert.equal(await dialog.count(), 1);
     assert.equal(await dialog.getByText(message, {exact: true}).count(), 1);
@@ -276,17 +302,20 @@ describe('every control is found by its role and name', () => {
 
 describe('the Tab key', () => {
   /// Where a press must come to, by the tab order of this moment.
+  /** @type {(dump: Dump, at: string, forward: boolean) => string} */
   const nextOf = (dump, at, forward) => {
     const stops = stopsOf(dump);
     if (!forward) stops.reverse();
     const next = at.startsWith('#') ? stops[0] : stops[stops.indexOf(at) + 1];
     return next ?? (forward ? '#behind' : '#before');
   };
+  /** @type {(person: Person, forward: boolean) => Promise<string[]>} */
   const walk = async (person, forward) => {
     const [start, end] = forward ? ['#before', '#behind'] : ['#behind', '#before'];
     await person.page.focus(start);
+    /** @type {string[]} */
     const way = [];
-    for (let at = start; at !== end; at = way.at(-1)) {
+    for (let at = start; at !== end; at = way[way.length - 1]) {
       const expected = nextOf(await person.dump(), at, forward);
       await person.keyboard.press(forward ? 'Tab' : 'Shift+Tab');
       way.push(await person.at());
@@ -331,12 +360,15 @@ describe('the Tab key', () => {
 });
 
 describe('without a mouse', () => {
+  /** @type {(person: Person, control: string) => Promise<void>} */
   const tabTo = async (person, control) => {
     for (let presses = 0; presses < 60 && (await person.at()) !== control; ++presses)
       await person.keyboard.press('Tab');
     assert.equal(await person.at(), control);
   };
+  /** @type {(person: Person, name: string) => Promise<DumpedControl>} */
   const controlOf = async (person, name) => (await person.dump()).controls[name];
+  /** @type {(person: Person, ...keys: string[]) => Promise<void>} */
   const press = async (person, ...keys) => {
     for (const key of keys) await person.keyboard.press(key);
   };
@@ -441,25 +473,30 @@ describe('without a mouse', () => {
 
 describe('what can be pressed', () => {
   /// What is smaller than it may be, of all that can be seen and pressed.
+  /** @type {(page: Page) => Promise<string[]>} */
   const smallOnes = (page) =>
     page.evaluate(() => {
       const kLeast = 24;
       const kPressed =
         'button, textarea, input, [role=option], [role=combobox], [role=scrollbar], [data-step]';
       return [...host.element.shadowRoot.querySelectorAll(kPressed)]
-        .map((node) => (node.type === 'radio' ? node.closest('label') : node))
+        .map((node) => {
+          const pressed = node.type === 'radio' ? node.closest('label') : node;
+          return /** @type {HTMLElement} */ (pressed);
+        })
         .filter((node) => node.checkVisibility())
-        .map((node) => [
-          node.id || node.className || node.textContent,
-          node.getBoundingClientRect(),
-        ])
-        .filter(([, {width, height}]) => width < kLeast || height < kLeast)
-        .map(([name, {width, height}]) => `${name} ${width} x ${height}`);
+        .map((node) => ({
+          name: node.id || node.className || node.textContent,
+          place: node.getBoundingClientRect(),
+        }))
+        .filter(({place: {width, height}}) => width < kLeast || height < kLeast)
+        .map(({name, place: {width, height}}) => `${name} ${width} x ${height}`);
     });
   for (const width of [1280, 640]) {
     withPerson(
       `is large enough, ${width} pixels wide`,
       async (person, page) => {
+        /** @type {string[]} */
         const found = [];
         await eachView(person, true, async (view) => {
           for (const small of await smallOnes(page)) found.push(`${view}: ${small}`);
@@ -478,6 +515,7 @@ describe('enlarged to the double', () => {
   withPerson(
     'nothing is scrolled sideways, and everything can be reached',
     async (person, page) => {
+      /** @type {string[]} */
       const found = [];
       await eachView(person, true, async (view) => {
         const wide = await page.evaluate(() => {
@@ -519,6 +557,7 @@ describe('enlarged to the double', () => {
 });
 
 describe('in forced colours', () => {
+  /** @type {(person: Person, name: string) => Promise<Buffer>} */
   const picture = async (person, name) => {
     const {left, top, right, bottom} = await person.inSight(name);
     return person.page.screenshot({
@@ -529,12 +568,15 @@ describe('in forced colours', () => {
     'texts and marks are seen',
     async (person, page) => {
       await fill(person);
+      /** @type {Record<string, Buffer>} */
       const withTexts = {};
+      /** @type {Record<number, string[]>} */
       const kSeen = {
         0: ['TxtOutput', 'lsttables', 'lstSelectedFields', 'cmdAddSelect'],
         2: ['txtSelectDo'],
       };
       const pictures = async () => {
+        /** @type {Record<string, Buffer>} */
         const taken = {};
         for (const [number, names] of Object.entries(kSeen)) {
           await person.tab(Number(number));

@@ -10,10 +10,16 @@ import {kEvents, kMembers} from './form.mjs';
 import {closePage, Person, Stage} from './harness.mjs';
 import {kPackage, kRoot, kTests} from './places.mjs';
 
+/** @import {Member} from '../../faces/web/package/types.mjs' */
+/** @import {Manifest} from './types' */
+
+/** @type {(name: string) => Promise<string>} */
 const documentOf = (name) => readFile(path.join(kRoot, name), 'utf8');
 
 describe('docs/web.md', () => {
+  /** @type {string} */
   let page;
+  /** @type {Stage} */
   let stage;
 
   before(async () => {
@@ -45,6 +51,7 @@ describe('docs/web.md', () => {
       name,
       cells.split(' | ').at(-1),
     ]);
+    /** @type {(member: Member) => string} */
     const told = (member) => {
       if (member.isMethod) return 'method';
       if (!member.canGet) return 'written; notice';
@@ -60,6 +67,7 @@ describe('docs/web.md', () => {
   });
 
   test('names every custom property and every part', () => {
+    /** @type {Manifest} */
     const manifest = JSON.parse(readFileSync(path.join(kPackage, 'custom-elements.json'), 'utf8'));
     const {cssParts, cssProperties} = manifest.modules[0].declarations[0];
     const rows = [...page.matchAll(/^\| `(--zolt20-[\w-]+)` \|/gm)].map(([, name]) => name);
@@ -67,8 +75,8 @@ describe('docs/web.md', () => {
       rows,
       cssProperties.map(({name}) => name),
     );
-    const parts = /each kind is one: (.*?)\. The/s.exec(page)[1].match(/\w+/g);
-    assert.deepEqual(parts.sort(), cssParts.map(({name}) => name).sort());
+    const parts = /each kind is one: (.*?)\. The/s.exec(page)?.[1].match(/\w+/g);
+    assert.deepEqual(parts?.sort(), cssParts.map(({name}) => name).sort());
   });
 
   test('leads to what is there', async () => {

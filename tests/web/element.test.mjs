@@ -12,7 +12,12 @@ import {kEvents, kMembers} from './form.mjs';
 import {closePage, Person, Stage} from './harness.mjs';
 import {kPackage, kTests} from './places.mjs';
 
+/** @import {Page} from 'playwright-core' */
+/** @import {ZOLT20MapControlElement} from 'zolt20-map-control' */
+/** @import {Controls, Dump, HostRequest} from './types' */
+
 const kTables = 'TABLE__12,TABLE__20';
+/** @type {(name: string, flag?: string) => string} */
 const field = (name, flag = 'N') => `char*Q*V*R*N*${flag}${name}*Q*V*R*N*text`;
 const kFields = ['TABLE__1.A', 'TABLE__1.B', 'TABLE__2.C', 'TABLE__2.D']
   .map((name) => field(name))
@@ -20,7 +25,9 @@ const kFields = ['TABLE__1.A', 'TABLE__1.B', 'TABLE__2.C', 'TABLE__2.D']
 
 const kMost = 60000;
 
+/** @type {Stage} */
 let stage;
+/** @type {Person} */
 let shared;
 before(async () => {
   stage = await Stage.open();
@@ -30,6 +37,7 @@ after(() => stage?.close());
 
 /// A test with a person at a new element, in a page that all of these share and that may complain
 /// of nothing.
+/** @type {(name: string, act: (person: Person, page: Page) => Promise<void>) => void} */
 function withPerson(name, act) {
   test(name, {timeout: kMost}, async () => {
     await shared.makeNew('{"new":{}}');
@@ -47,6 +55,7 @@ function withPerson(name, act) {
   });
 }
 /// A test in a page without an element, in which the module is there.
+/** @type {(name: string, act: (page: Page) => Promise<void>) => void} */
 function withPage(name, act) {
   test(name, {timeout: kMost}, async () => {
     const page = await stage.openPage('blank.html');
@@ -55,6 +64,7 @@ function withPage(name, act) {
     await closePage(page);
   });
 }
+/** @type {(person: Person) => Promise<void>} */
 const writeCatalogue = async (person) => {
   await person.page.evaluate(
     ([tables, fields]) => Object.assign(host.element, {PrpStrTables: tables, PrpStrFields: fields}),
@@ -62,6 +72,7 @@ const writeCatalogue = async (person) => {
   );
   assert.deepEqual(await person.takeLog(), [{changed: 'PrpStrTables'}, {changed: 'PrpStrFields'}]);
 };
+/** @type {(person: Person) => Promise<Controls>} */
 const controlsOf = async (person) => (await person.dump()).controls;
 
 describe('the members', () => {
@@ -71,7 +82,7 @@ describe('the members', () => {
         const {prototype} = zolt20.ZOLT20MapControlElement;
         const isThere =
           prototype instanceof HTMLElement &&
-          customElements.get('zolt20-map-control').prototype === prototype;
+          customElements.get('zolt20-map-control')?.prototype === prototype;
         return names.map((name) => {
           const {get, set, value, enumerable} =
             Object.getOwnPropertyDescriptor(prototype, name) ?? {};
@@ -108,12 +119,13 @@ describe('the members', () => {
     'that can only be written give nothing, and those that can only be read take nothing',
     async (_person, page) => {
       const {written, refused} = await page.evaluate((members) => {
+        /** @type {(act: () => void) => string} */
         const tries = (act) => {
           try {
             act();
             return 'done';
           } catch (error) {
-            return error.constructor.name;
+            return /** @type {Error} */ (error).constructor.name;
           }
         };
         return {
@@ -192,18 +204,19 @@ describe('the members', () => {
         object: {},
         list: ['a'],
       };
+      /** @type {Record<string, string[]>} */
       const fits = {String: ['text'], Integer: ['1'], Boolean: ['true']};
       const wrong = [];
       for (const {name, type, canSet, isMethod} of members) {
         if (!canSet && (!isMethod || type === undefined)) continue;
         for (const [word, value] of Object.entries(values)) {
-          if (fits[type].includes(word)) continue;
+          if (fits[type ?? ''].includes(word)) continue;
           let came = 'nothing';
           try {
-            if (isMethod) host.element[name](value);
+            if (isMethod) /** @type {Function} */ (host.element[name]).call(host.element, value);
             else host.element[name] = value;
           } catch (error) {
-            came = error.constructor.name;
+            came = /** @type {Error} */ (error).constructor.name;
           }
           if (came !== 'TypeError') wrong.push(`${name} = ${word}: ${came}`);
         }
@@ -216,6 +229,7 @@ describe('the members', () => {
   });
 
   withPerson('are told of when they are written, and no others', async (person, page) => {
+    /** @type {Record<string, string | number | boolean>} */
     const values = {String: '', Integer: 1, Boolean: true};
     const kTellsNothing = ['prpStroutput', 'prpintTabcount', 'Syntax_Highlight'];
     for (const {name, type} of kMembers.filter(({canSet}) => canSet)) {
@@ -223,7 +237,7 @@ describe('the members', () => {
         ([property, value]) => {
           host.element[property] = value;
         },
-        [name, values[type]],
+        /** @type {[string, string | number | boolean]} */ ([name, values[type ?? '']]),
       );
       assert.deepEqual(
         await person.takeLog(),
@@ -235,6 +249,7 @@ describe('the members', () => {
 });
 
 describe('errors', () => {
+  /** @type {[request: HostRequest, kind: string, number: number][]} */
   const kFailures = [
     [{set: 'prpTab', value: 7}, 'value', 380],
     [{set: 'prpTab', value: -1}, 'value', 380],
@@ -246,19 +261,22 @@ describe('errors', () => {
   ];
   for (const [request, kind, number] of kFailures) {
     withPerson(`${JSON.stringify(request)} throws ${kind} ${number}`, async (person, page) => {
-      const host = new Automation();
-      const expected = await host.ask(request);
-      assert.deepEqual([expected.error.kind, expected.error.number], [kind, number]);
-      const {log, ...reply} = await person.carryOut(JSON.stringify(request));
+      const automation = new Automation();
+      const expected = await automation.ask(request);
+      assert.deepEqual([expected.error?.kind, expected.error?.number], [kind, number]);
+      const reply = await person.carryOut(JSON.stringify(request));
       assert.deepEqual(reply, {ok: false, error: expected.error});
       assert.deepEqual(await person.takeLog(), expected.log);
-      assert.deepEqual(await person.dump(), await host.dump());
-      host.close();
+      assert.deepEqual(await person.dump(), await automation.dump());
+      automation.close();
       const traits = await page.evaluate((line) => {
         try {
-          if (line.set) host.element[line.set] = line.value;
-          else host.element[line.call](...line.args);
-        } catch (error) {
+          const {element} = host;
+          const method = /** @type {Function} */ (element[line.call ?? '']);
+          if (line.set) element[line.set] = line.value;
+          else method.apply(element, line.args);
+        } catch (thrown) {
+          const error = /** @type {Error} */ (thrown);
           return [
             error instanceof zolt20.ZOLT20Error,
             error instanceof Error,
@@ -286,7 +304,7 @@ describe('errors', () => {
     assert.deepEqual(await person.takeLog(), []);
     await person.click('cmdNext');
     const [{failed}] = await person.takeLog();
-    assert.deepEqual([failed.kind, failed.number], ['loaded', 360]);
+    assert.deepEqual([failed?.kind, failed?.number], ['loaded', 360]);
     assert.equal(await person.difference(), '');
     await person.click('cmdNext');
     assert.deepEqual(await person.takeLog(), []);
@@ -299,16 +317,17 @@ describe('errors', () => {
       ([fields]) => {
         Object.assign(host.element, {PrpStrTables: 'TABLE__10', PrpStrFields: fields});
         globalThis.failures = [];
-        document.addEventListener('failed', (event) =>
-          failures.push([event.detail instanceof zolt20.ZOLT20Error, event.composed]),
-        );
+        document.addEventListener('failed', (event) => {
+          const {detail, composed} = /** @type {CustomEvent} */ (event);
+          failures.push([detail instanceof zolt20.ZOLT20Error, composed]);
+        });
       },
       ['TABLE__1.A'],
     );
     await person.takeLog();
     await person.clickRow('lsttables', 0);
     const [{failed}] = await person.takeLog();
-    assert.deepEqual([failed.kind, failed.number], ['subscript', 9]);
+    assert.deepEqual([failed?.kind, failed?.number], ['subscript', 9]);
     assert.deepEqual(await page.evaluate(() => failures), [[true, true]]);
     assert.deepEqual((await controlsOf(person)).lstFields.List, ['TABLE__1.*']);
     assert.equal(await person.difference(), '');
@@ -339,8 +358,8 @@ describe('events', () => {
     await page.evaluate(() => {
       const around = document.createElement('div');
       document.querySelector('main').append(around);
-      around.attachShadow({mode: 'open'}).append(document.createElement('zolt20-map-control'));
-      const element = around.shadowRoot.firstChild;
+      const element = document.createElement('zolt20-map-control');
+      around.attachShadow({mode: 'open'}).append(element);
       globalThis.host = new Host(element);
       globalThis.seen = [];
       const names = [
@@ -389,6 +408,7 @@ describe('events', () => {
     });
     const seen = await page.evaluate(() => globalThis.seen);
     assert.ok(seen.every(({isElement}) => isElement));
+    /** @type {(name: string) => typeof seen} */
     const of = (name) => seen.filter((event) => event.name === name);
     for (const name of kEvents)
       assert.deepEqual(
@@ -417,9 +437,10 @@ describe('events', () => {
     await person.tab(2);
     await page.evaluate(() =>
       host.element.addEventListener('eventFunction', ({target}) => {
-        target.prpSelectDoPart = 'a = `^`x`^`~b';
-        globalThis.read = target.prpStrSQLPart;
-        globalThis.seen = target.shadowRoot.getElementById('txtSelectDo').value;
+        const element = /** @type {ZOLT20MapControlElement} */ (target);
+        element.prpSelectDoPart = 'a = `^`x`^`~b';
+        globalThis.read = element.prpStrSQLPart;
+        globalThis.shown = element.shadowRoot.getElementById('txtSelectDo').value;
       }),
     );
     await person.click('cmdFunction(0)');
@@ -430,7 +451,7 @@ describe('events', () => {
     assert.equal((await controlsOf(person)).txtSelectDo.Text, 'a = "x"\r\nb');
     assert.equal(await page.evaluate(() => globalThis.read), 'D');
     assert.equal(
-      await page.evaluate(() => globalThis.seen),
+      await page.evaluate(() => globalThis.shown),
       'a = "x"\nb',
       'what is written is shown at once',
     );
@@ -442,7 +463,7 @@ describe('events', () => {
     await page.evaluate(() =>
       host.element.addEventListener('eventSubQuery', ({target}) =>
         setTimeout(() => {
-          target.prpSelectEOSPart = 'later';
+          /** @type {ZOLT20MapControlElement} */ (target).prpSelectEOSPart = 'later';
         }, 20),
       ),
     );
@@ -463,7 +484,9 @@ describe('events', () => {
     assert.equal((await controlsOf(person)).tabVrn.Tab, 6);
     assert.equal(await person.difference(), '');
     await page.evaluate(() =>
-      host.element.addEventListener('eventCancel', ({target}) => target.remove()),
+      host.element.addEventListener('eventCancel', ({target}) =>
+        /** @type {Element} */ (target).remove(),
+      ),
     );
     await person.click('cmdCancel');
     assert.equal(await page.evaluate(() => document.querySelector('zolt20-map-control')), null);
@@ -543,9 +566,9 @@ describe('the bag', () => {
     });
     assert.ok(isPlain);
     assert.deepEqual(Object.keys(bag), kKeys);
-    const host = new Automation();
-    assert.equal(JSON.stringify(bag), JSON.stringify((await host.ask({save: true})).value));
-    host.close();
+    const automation = new Automation();
+    assert.equal(JSON.stringify(bag), JSON.stringify((await automation.ask({save: true})).value));
+    automation.close();
   });
 
   withPerson('comes back as it was read, but for the two lists', async (_person, page) => {
@@ -556,13 +579,16 @@ describe('the bag', () => {
       host.element.UserControl_ReadProperties(values);
       return host.element.UserControl_WriteProperties();
     }, bag);
-    const host = new Automation();
-    await host.ask({new: {bag}});
-    assert.equal(JSON.stringify(written), JSON.stringify((await host.ask({save: true})).value));
+    const automation = new Automation();
+    await automation.ask({new: {bag}});
+    assert.equal(
+      JSON.stringify(written),
+      JSON.stringify((await automation.ask({save: true})).value),
+    );
     assert.equal(written.prpTab, 5);
     assert.equal(written.prpSelectErrorPart, 'text of prpSelectErrorPart');
     assert.notEqual(written.PrpStrTables, 'text of PrpStrTables');
-    host.close();
+    automation.close();
   });
 
   withPerson(
@@ -572,10 +598,13 @@ describe('the bag', () => {
         host.element.UserControl_ReadProperties({prpSelectDoPart: 'a', other: {}});
         return host.element.UserControl_WriteProperties();
       });
-      const host = new Automation();
-      await host.ask({new: {bag: {prpSelectDoPart: 'a'}}});
-      assert.equal(JSON.stringify(written), JSON.stringify((await host.ask({save: true})).value));
-      host.close();
+      const automation = new Automation();
+      await automation.ask({new: {bag: {prpSelectDoPart: 'a'}}});
+      assert.equal(
+        JSON.stringify(written),
+        JSON.stringify((await automation.ask({save: true})).value),
+      );
+      automation.close();
     },
   );
 
@@ -586,14 +615,15 @@ describe('the bag', () => {
         JSON.stringify(host.element.UserControl_WriteProperties()),
       );
       const came = await page.evaluate(() => {
+        /** @type {(bag: unknown) => string} */
         const tries = (bag) => {
           try {
-            host.element.UserControl_ReadProperties(bag);
+            host.element.UserControl_ReadProperties(/** @type {Record<string, unknown>} */ (bag));
             return 'done';
           } catch (error) {
             return error instanceof zolt20.ZOLT20Error
               ? `${error.kind} ${error.number}`
-              : error.constructor.name;
+              : /** @type {Error} */ (error).constructor.name;
           }
         };
         return [
@@ -669,17 +699,17 @@ describe('an element', () => {
       const news = new zolt20.ZOLT20MapControlElement();
       main.innerHTML = '<p><zolt20-map-control></zolt20-map-control></p>';
       const parsed = main.querySelector('zolt20-map-control');
-      const cloned = parsed.cloneNode(true);
+      const cloned = /** @type {typeof parsed} */ (parsed.cloneNode(true));
       const imported = document.importNode(parsed, true);
       return [made, news, parsed, cloned, imported].map((element) => {
         element.PrpStrTables = 'TABLE__10';
         return JSON.stringify(element.dump());
       });
     });
-    const host = new Automation();
-    await host.ask({set: 'PrpStrTables', value: 'TABLE__10'});
-    const expected = JSON.stringify(await host.dump());
-    host.close();
+    const automation = new Automation();
+    await automation.ask({set: 'PrpStrTables', value: 'TABLE__10'});
+    const expected = JSON.stringify(await automation.dump());
+    automation.close();
     assert.deepEqual(dumps, Array(5).fill(expected));
   });
 
@@ -687,11 +717,14 @@ describe('an element', () => {
     await writeCatalogue(person);
     await person.tab(2);
     const clone = JSON.parse(
-      await page.evaluate(() => JSON.stringify(host.element.cloneNode(true).dump())),
+      await page.evaluate(() => {
+        const clone = /** @type {typeof host.element} */ (host.element.cloneNode(true));
+        return JSON.stringify(clone.dump());
+      }),
     );
-    const host = new Automation();
-    assert.deepEqual(clone, await host.dump());
-    host.close();
+    const automation = new Automation();
+    assert.deepEqual(clone, await automation.dump());
+    automation.close();
   });
 
   withPerson('that moves keeps its state, and works', async (person, page) => {
@@ -845,6 +878,7 @@ describe('the keyboard', () => {
 });
 
 describe('the classic script', () => {
+  /** @type {(address: string) => Promise<void>} */
   const useIt = async (address) => {
     const person = await stage.openElement({}, address);
     await writeCatalogue(person);
@@ -906,17 +940,17 @@ describe('texts', () => {
       assert.deepEqual(isSame, [true, true, true]);
     });
     withPerson(`of ${name} come into the Result as everywhere`, async (person) => {
-      const host = new Automation();
+      const automation = new Automation();
       for (const request of [
         {set: 'prpTab', value: 6},
         {set: 'prpStroutput', value: text},
         {get: 'prpStroutput'},
       ]) {
-        const {log, ...expected} = await host.ask(request);
+        const {log, ...expected} = await automation.ask(request);
         assert.deepEqual(await person.carryOut(JSON.stringify(request)), expected);
       }
-      assert.deepEqual(await person.dump(), await host.dump());
-      host.close();
+      assert.deepEqual(await person.dump(), await automation.dump());
+      automation.close();
     });
   }
 
@@ -1032,6 +1066,7 @@ describe('the history', () => {
       states.push(await person.dump());
     }
     await person.takeLog();
+    /** @type {(dump: Dump) => string} */
     const lists = ({controls}) =>
       JSON.stringify([
         controls.lsttables,
@@ -1112,16 +1147,16 @@ describe('the history', () => {
 
   withPerson('tells when it can be used', async (person, page) => {
     await page.evaluate(() => {
-      globalThis.told = [];
+      globalThis.histories = [];
       host.element.addEventListener('historychanged', ({detail}) =>
-        told.push([detail.canUndo, detail.canRedo]),
+        histories.push([detail.canUndo, detail.canRedo]),
       );
     });
     await person.tab(2);
     await person.type('txtSelectDo', 'a');
     await page.evaluate(() => host.element.undo());
     await page.evaluate(() => host.element.redo());
-    const told = await page.evaluate(() => globalThis.told);
+    const told = await page.evaluate(() => histories);
     assert.deepEqual(told.at(0), [true, false]);
     assert.ok(told.some(([, canRedo]) => canRedo));
     assert.deepEqual(told.at(-1), [true, false]);
@@ -1142,6 +1177,7 @@ describe('the history', () => {
 });
 
 describe('names of tables', () => {
+  /** @type {(page: Page) => Promise<string[]>} */
   const shownRows = (page) =>
     page.evaluate(() =>
       [...host.on('lsttables').querySelectorAll('[role=option]')].map((row) => row.textContent),

@@ -6,15 +6,24 @@ import {after, before, describe, test} from 'node:test';
 import {stopsOf} from './form.mjs';
 import {closePage, Stage} from './harness.mjs';
 
+/** @import {BrowserContextOptions, Page} from 'playwright-core' */
+/** @import {Person} from './harness.mjs' */
+
+/** @type {(count: number) => string} */
 const tablesOf = (count) =>
   Array.from({length: count}, (_, row) => `T${String(row).padStart(7, '0')}0`).join(',');
 
+/** @type {Stage} */
 let stage;
 before(async () => {
   stage = await Stage.open();
 });
 after(() => stage?.close());
 
+/**
+ * @type {(name: string, act: (person: Person, page: Page) => Promise<void>,
+ *   settings?: BrowserContextOptions) => void}
+ */
 function withPerson(name, act, settings = {}) {
   test(name, {timeout: 60000}, async () => {
     const person = await stage.openElement(settings);
@@ -22,11 +31,14 @@ function withPerson(name, act, settings = {}) {
     await closePage(person.page);
   });
 }
+/** @type {(person: Person, count?: number) => Promise<void>} */
 const frames = async (person, count = 3) => {
   for (let frame = 0; frame < count; ++frame) await person.nextFrame();
 };
+/** @type {(person: Person) => Promise<boolean>} */
 const isOpen = async (person) => (await person.place('', 'dialog[open]')).isThere;
 // A host's write that is answered by a message.
+/** @type {(page: Page) => Promise<void>} */
 const provoke = (page) =>
   page.evaluate(() => {
     host.element.PrpStrTables = 'TABLE__10';
@@ -46,7 +58,7 @@ describe('a message', () => {
     await page.mouse.click(
       ...(await page.evaluate(() => {
         const {x, y} = document.getElementById('before').getBoundingClientRect();
-        return [x + 5, y + 5];
+        return /** @type {[number, number]} */ ([x + 5, y + 5]);
       })),
     );
     assert.equal(await page.evaluate(() => globalThis.presses), 1);
@@ -78,6 +90,7 @@ describe('a message', () => {
 });
 
 describe('the list of a combo box', () => {
+  /** @type {(person: Person) => Promise<void>} */
   const open = async (person) => {
     await person.tab(1);
     await person.press('cboOper');
@@ -86,6 +99,7 @@ describe('the list of a combo box', () => {
       async () => (await person.place('cboOper.list')).isOnTop,
     );
   };
+  /** @type {(person: Person) => Promise<boolean>} */
   const isThere = async (person) => (await person.place('cboOper.list')).isThere;
 
   withPerson(
@@ -180,7 +194,7 @@ describe('rows', () => {
     const rows = await page.evaluate(() =>
       [...host.on('lsttables').querySelectorAll('[data-row]')].map((row) => [
         row.offsetHeight,
-        row.firstChild.offsetHeight,
+        /** @type {HTMLElement} */ (row.firstChild).offsetHeight,
       ]),
     );
     assert.ok(
@@ -198,7 +212,9 @@ describe('rows', () => {
     });
     await frames(person);
     const [text, first, last] = await page.evaluate(() => {
-      const node = host.on('lstFields').querySelector('[data-row="0"] .text').firstChild;
+      const {firstChild} = host.on('lstFields').querySelector('[data-row="0"] .text');
+      const node = /** @type {Text} */ (firstChild);
+      /** @type {(at: number) => number} */
       const leftOf = (at) => {
         const range = document.createRange();
         range.setStart(node, at);
@@ -254,7 +270,7 @@ describe('the focus', () => {
     });
     // The Result chains the buttons behind itself as it takes the focus.
     await person.focus('TxtOutput');
-    const last = stopsOf(await person.dump()).at(-1);
+    const last = stopsOf(await person.dump()).slice(-1)[0];
     await person.focus(last);
     await person.keyboard.press('Tab');
     await frames(person);
@@ -285,6 +301,7 @@ describe('the focus', () => {
 });
 
 describe('undo', () => {
+  /** @type {(person: Person, box: string) => Promise<string>} */
   const textOf = async (person, box) => (await person.dump()).controls[box].Text;
 
   withPerson('takes the last step back, whichever box has the focus', async (person) => {

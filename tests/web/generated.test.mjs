@@ -7,6 +7,8 @@ import {designOf, isShown} from './form.mjs';
 import {closePage, Stage} from './harness.mjs';
 import {Replay} from './replay.mjs';
 
+/** @import {DumpedControl, Gesture} from './types' */
+
 const kSeeds = 6;
 const kSteps = 150;
 const kMost = 120000;
@@ -16,6 +18,7 @@ const kValues = ['10', 'TABLE__1.A', ':var.x'];
 const kKeys = ['1', '2', '0', 'x', '\b'].map((key) => key.charCodeAt(0));
 
 /// The same numbers for the same seed.
+/** @type {(seed: number) => (count: number) => number} */
 function randomOf(seed) {
   let state = seed;
   return (count) => {
@@ -27,6 +30,10 @@ function randomOf(seed) {
 }
 
 /// Something that a person could do to a control in this state; nothing for some.
+/**
+ * @type {(name: string, control: DumpedControl, any: (count: number) => number) =>
+ *   Gesture | undefined}
+ */
 function gestureOn(name, control, any) {
   const {kind, styles} = designOf(name);
   switch (kind) {
@@ -92,6 +99,7 @@ const kHostLines = [
 ];
 
 describe('the element goes the way of a person who clicks around', () => {
+  /** @type {Stage} */
   let stage;
   const seen = {kinds: new Set(), messages: 0, failures: 0};
 
@@ -109,9 +117,10 @@ describe('the element goes the way of a person who clicks around', () => {
       try {
         for (const line of kHostLines) await replay.play(JSON.stringify(line));
         while (step < kSteps) {
-          const {controls} = replay.dump;
+          const dump = replay.dump ?? assert.fail('nothing has been played');
+          const {controls} = dump;
           const names = Object.keys(controls).filter(
-            (name) => controls[name].Enabled && isShown(replay.dump, name),
+            (name) => controls[name].Enabled && isShown(dump, name),
           );
           // The bar of the case rows comes with the fourth row only, which takes some luck.
           const wanted = any(4) === 0 ? names.filter((name) => kRare.includes(name)) : names;
@@ -127,7 +136,7 @@ describe('the element goes the way of a person who clicks around', () => {
           await replay.play(JSON.stringify(gesture), clicks);
         }
       } catch (error) {
-        throw new Error(`step ${step}: ${error.message}`, {cause: error});
+        throw new Error(`step ${step}: ${error}`, {cause: error});
       } finally {
         replay.close();
       }

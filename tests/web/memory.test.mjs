@@ -5,6 +5,9 @@ import {after, before, describe, test} from 'node:test';
 
 import {closePage, Stage} from './harness.mjs';
 
+/** @import {CDPSession} from 'playwright-core' */
+/** @import {Person} from './harness.mjs' */
+
 const kMost = 120000;
 const kElements = 100;
 const kFirst = 10;
@@ -14,6 +17,7 @@ const kHalf = (kElements - kFirst) / 2;
 const kHeapTolerance = 700000;
 
 describe('elements that are removed', () => {
+  /** @type {Stage} */
   let stage;
   before(async () => {
     stage = await Stage.open();
@@ -21,6 +25,7 @@ describe('elements that are removed', () => {
   after(() => stage?.close());
 
   /// Makes an element, uses it by its members and some presses, and removes it.
+  /** @type {(person: Person, number: number) => Promise<void>} */
   async function useOne(person, number) {
     const {page} = person;
     await page.evaluate((at) => {
@@ -54,6 +59,10 @@ describe('elements that are removed', () => {
     await person.pick('cboWhereFields', 1);
   }
 
+  /**
+   * @type {(person: Person, session: CDPSession) =>
+   *   Promise<Record<'elements' | 'memoryBytes' | 'nodes' | 'listeners' | 'heap', number>>}
+   */
   async function measure(person, session) {
     const {page} = person;
     // The values of an element go first, then those that its control has registered, then what hung
@@ -63,7 +72,9 @@ describe('elements that are removed', () => {
       await page.evaluate(() => new Promise((done) => setTimeout(done, 30)));
     }
     const {metrics} = await session.send('Performance.getMetrics');
-    const metric = (name) => metrics.find((one) => one.name === name).value;
+    /** @type {(name: string) => number} */
+    const metric = (name) =>
+      metrics.find((one) => one.name === name)?.value ?? assert.fail(`no ${name}`);
     const {elements, memoryBytes} = await page.evaluate(() =>
       zolt20.ZOLT20MapControlElement.statistics(),
     );

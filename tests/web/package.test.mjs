@@ -12,7 +12,10 @@ import {typesOf} from '../../faces/web/package/types.mjs';
 import {kEvents, kMembers} from './form.mjs';
 import {kPackage, kRoot, kTests, require} from './places.mjs';
 
+/** @import {Manifest, ManifestClass} from './types' */
+
 const kMostBytes = 250000;
+/** @type {Record<string, string>} */
 const kTypes = {String: 'string', Integer: 'number', Boolean: 'boolean'};
 // What the element has beside the contract.
 const kOwnMembers = [
@@ -32,8 +35,11 @@ const kOwnMembers = [
 ];
 const kOwnEvents = ['propertychanged', 'failed', 'message', 'historychanged', 'undone', 'redone'];
 
+/** @type {(file: string) => string} */
 const inPackage = (file) => path.join(kPackage, file);
+/** @type {(file: string) => string} */
 const textOf = (file) => readFileSync(inPackage(file), 'utf8');
+/** @type {(file: string) => any} */
 const jsonOf = (file) => JSON.parse(textOf(file));
 
 describe('the package', () => {
@@ -85,10 +91,13 @@ describe('the package', () => {
 });
 
 describe('custom-elements.json', () => {
+  /** @type {Manifest} */
   const manifest = jsonOf('custom-elements.json');
-  const declaration = manifest.modules
-    .flatMap(({declarations}) => declarations)
-    .find(({tagName}) => tagName === 'zolt20-map-control');
+  const declaration = /** @type {ManifestClass} */ (
+    manifest.modules
+      .flatMap(({declarations}) => declarations)
+      .find(({tagName}) => tagName === 'zolt20-map-control')
+  );
 
   test('keeps to its schema', () => {
     const {default: Ajv} = require('ajv');
@@ -119,15 +128,15 @@ describe('custom-elements.json', () => {
       const expected = isMethod
         ? {
             kind: 'method',
-            parameters: argument === undefined ? [] : [`${argument}: ${kTypes[type]}`],
+            parameters: argument === undefined ? [] : [`${argument}: ${kTypes[type ?? '']}`],
           }
-        : {kind: 'field', readonly: !canSet, type: kTypes[type]};
+        : {kind: 'field', readonly: !canSet, type: kTypes[type ?? '']};
       const said = isMethod
         ? {
-            kind: member.kind,
-            parameters: (member.parameters ?? []).map((one) => `${one.name}: ${one.type?.text}`),
+            kind: member?.kind,
+            parameters: (member?.parameters ?? []).map((one) => `${one.name}: ${one.type?.text}`),
           }
-        : {kind: member.kind, readonly: member.readonly ?? false, type: member.type?.text};
+        : {kind: member?.kind, readonly: member?.readonly ?? false, type: member?.type?.text};
       if (JSON.stringify(said) !== JSON.stringify(expected))
         wrong.push(`${name}: ${JSON.stringify(said)}`);
     }
@@ -171,6 +180,7 @@ describe('the scripts of the element', () => {
 });
 
 describe('the types', () => {
+  /** @type {(source: string) => {stdout: string, status: number | null}} */
   const compile = (source) => {
     const folder = mkdtempSync(path.join(tmpdir(), 'zolt20-'));
     try {

@@ -10,6 +10,9 @@ import {after, before, describe, test} from 'node:test';
 import {closePage, Person, Stage} from './harness.mjs';
 import {kRoot, kTests, require} from './places.mjs';
 
+/** @import {BrowserContextOptions, Locator} from 'playwright-core' */
+/** @typedef {{name: string, mimeType: string, buffer: Buffer}} FilePayload */
+
 // Rows of the lists: tables as in the sample, fields behind the whole table.
 const kCustomer = 2;
 const kOrders = 5;
@@ -69,7 +72,9 @@ const kLoops = [
   '\tendwhile',
   'endfor',
 ];
+/** @type {(lines: string[]) => string[]} */
 const indented = (lines) => lines.map((line) => `\t${line}`);
+/** @type {(lines: string[]) => string} */
 const text = (lines) => lines.join('\r\n');
 
 const kSmall = `{
@@ -90,14 +95,22 @@ const kSmall = `{
 }`;
 const kSmallAndOneFunction = kSmall.replace(/,\s*\{"name": "substr".*\}/, '');
 
+/** @type {(name: string, content: string | Buffer) => FilePayload} */
 const jsonFile = (name, content) => ({
   name,
   mimeType: 'application/json',
   buffer: Buffer.from(content),
 });
 
+/// Where something is drawn.
+/** @type {(what: Locator) => Promise<Record<'x' | 'y' | 'width' | 'height', number>>} */
+const boxOf = async (what) => (await what.boundingBox()) ?? assert.fail('it is not drawn');
+
 /// A person at the page, whose verbs go to the control that is in front.
 class Visitor extends Person {
+  /**
+   * @type {(stage: Stage, settings?: BrowserContextOptions, address?: string) => Promise<Visitor>}
+   */
   static async come(stage, settings = {}, address = '') {
     const page = await stage.openPage(address, settings);
     const visitor = new Visitor(page);
@@ -109,20 +122,23 @@ class Visitor extends Person {
   /// From now on the verbs go to the control in front.
   turnToFront() {
     return this.page.evaluate(() => {
-      globalThis.host = new Host([...document.querySelectorAll('zolt20-map-control')].at(-1));
+      globalThis.host = new Host([...document.querySelectorAll('zolt20-map-control')].slice(-1)[0]);
     });
   }
   /// The dialog with this title that opens, or has opened, in front of so many others.
+  /** @type {(title: string, depth?: number) => Locator} */
   dialog(title, depth = 0) {
     return this.page
       .locator('body > dialog')
       .nth(depth)
       .and(this.page.getByRole('dialog', {name: title, exact: true}));
   }
+  /** @type {(name: string) => Locator} */
   button(name) {
     return this.page.getByRole('button', {name, exact: true});
   }
   /// What asks the person in front, pressed away by a button.
+  /** @type {(question: string, answer: string) => Promise<void>} */
   async decide(question, answer) {
     const dialog = this.page.getByRole('alertdialog').filter({hasText: question});
     await dialog.getByRole('button', {name: answer, exact: true}).click();
@@ -130,6 +146,10 @@ class Visitor extends Person {
   }
   /// Presses a request button, does something in the dialog that comes of it, and is back when that
   /// is closed.
+  /**
+   * @type {(control: string, title: string, steps: (dialog: Locator) => Promise<unknown>) =>
+   *   Promise<void>}
+   */
   async request(control, title, steps) {
     const dialog = this.dialog(title, await this.page.locator('body > dialog').count());
     await this.click(control);
@@ -139,6 +159,7 @@ class Visitor extends Person {
     await dialog.waitFor({state: 'detached'});
     await this.turnToFront();
   }
+  /** @type {(control: string) => Promise<string>} */
   async text(control) {
     return (await this.dump()).controls[control].Text;
   }
@@ -152,6 +173,7 @@ class Visitor extends Person {
   status() {
     return this.page.getByRole('status').textContent();
   }
+  /** @type {(table: number) => Promise<void>} */
   async addSelect(table) {
     await this.clickRow('lsttables', table);
     await this.clickRow('lstFields', kFirstField);
@@ -194,6 +216,7 @@ class Visitor extends Person {
     });
     await this.click('cmdAddSelectDoQuer');
   }
+  /** @type {(file: FilePayload) => Promise<void>} */
   async openFile(file) {
     const choosing = this.page.waitForEvent('filechooser');
     await this.page.getByText('Open Catalogue').click();
@@ -204,7 +227,10 @@ class Visitor extends Person {
   }
   tables() {
     return this.page.evaluate(
-      () => document.querySelector('zolt20-map-control').dump().controls.lsttables.List,
+      () =>
+        /** @type {string[]} */ (
+          document.querySelector('zolt20-map-control').dump().controls.lsttables.List
+        ),
     );
   }
   leave() {
@@ -213,8 +239,11 @@ class Visitor extends Person {
 }
 
 describe('the page of examples/web', () => {
+  /** @type {Stage} */
   let stage;
+  /** @type {string} */
   let axe;
+  /** @type {(settings?: BrowserContextOptions, address?: string) => Promise<Visitor>} */
   const come = (settings, address) => Visitor.come(stage, settings, address);
 
   before(async () => {
@@ -231,6 +260,7 @@ describe('the page of examples/web', () => {
 
   test('opens the sample catalogue, with nothing of it lost', async () => {
     const visitor = await come();
+    /** @type {{name: string, tables: {code: string}[]}} */
     const sample = JSON.parse(await readFile(path.join(kRoot, 'examples/catalogue.json'), 'utf8'));
     assert.equal(await visitor.catalogueName(), sample.name);
     const size = await visitor.page.locator('#catalogue-size').textContent();
@@ -249,7 +279,7 @@ describe('the page of examples/web', () => {
     await visitor.click('cmdMoveAll');
     await visitor.click('cmdAddSelect');
     await visitor.click('cmdDone');
-    const records = (await visitor.page.locator('#records').textContent()).split(',');
+    const records = String(await visitor.page.locator('#records').textContent()).split(',');
     assert.deepEqual(records.sort(), written.split(',').sort());
     await visitor.leave();
   });
@@ -280,6 +310,7 @@ describe('the page of examples/web', () => {
     const files = ['one.json', 'two.json'].map((name) => path.join(folder, name));
     for (const file of files) await writeFile(file, kSmall);
     const session = await visitor.page.context().newCDPSession(visitor.page);
+    /** @type {(type: 'dragEnter' | 'dragOver' | 'drop', dropped: string[]) => Promise<unknown>} */
     const drag = (type, dropped) =>
       session.send('Input.dispatchDragEvent', {
         type,
@@ -288,7 +319,8 @@ describe('the page of examples/web', () => {
         data: {items: [], files: dropped, dragOperationsMask: 1},
       });
 
-    for (const type of ['dragEnter', 'dragOver', 'drop']) await drag(type, [folder]);
+    const kDrop = /** @type {const} */ (['dragEnter', 'dragOver', 'drop']);
+    for (const type of kDrop) await drag(type, [folder]);
     await visitor.page.getByRole('alert').getByText("can't be opened").waitFor();
 
     await drag('dragEnter', files);
@@ -298,7 +330,7 @@ describe('the page of examples/web', () => {
     await visitor.page.getByRole('alert').getByText('2 files were dropped').waitFor();
     assert.equal(await visitor.catalogueName(), 'Order entry');
 
-    for (const type of ['dragEnter', 'dragOver', 'drop']) await drag(type, files.slice(0, 1));
+    for (const type of kDrop) await drag(type, files.slice(0, 1));
     await visitor.page.getByText('2 tables, 3 fields, 2 functions of one.json').waitFor();
     assert.ok(!(await visitor.page.locator('#drop').isVisible()));
     assert.ok(
@@ -454,17 +486,24 @@ describe('the page of examples/web', () => {
     ]);
     assert.equal(await visitor.status(), 'The statement is done: 9 lines, 1 selected field.');
     assert.equal(
-      await visitor.page.evaluate(() => document.activeElement.textContent),
+      await visitor.page.evaluate(() => document.activeElement?.textContent),
       'Statement',
     );
-    const {y, height} = await visitor.page.locator('section.result').boundingBox();
-    assert.ok(y >= 0 && y + height <= visitor.page.viewportSize().height, 'all of it is in sight');
+    const {y, height} = await boxOf(visitor.page.locator('section.result'));
+    assert.ok(
+      y >= 0 && y + height <= (visitor.page.viewportSize()?.height ?? 0),
+      'all of it is in sight',
+    );
     await visitor.leave();
   });
 
   for (const block of [kBlocks[0], kBlocks[3]]) {
     test(`${block.name}: four dialogs deep each line stands at its depth`, async () => {
       const visitor = await come();
+      /**
+       * @type {(table: number, control: string, title: string, steps: () => Promise<void>) =>
+       *   Promise<void>}
+       */
       const addSelectAround = async (table, control, title, steps) => {
         await visitor.addSelect(table);
         await visitor.tab(block.number + kSelectDoPage);
@@ -534,7 +573,7 @@ describe('the page of examples/web', () => {
       await compose();
       assert.equal(await visitor.text(block.box), text(['x = 0', ...indented(kLoops)]));
       assert.equal(
-        await visitor.page.evaluate(() => document.activeElement.localName),
+        await visitor.page.evaluate(() => document.activeElement?.localName),
         'zolt20-map-control',
       );
 
@@ -549,6 +588,7 @@ describe('the page of examples/web', () => {
   test('texts that look like codes arrive, and those that are codes do not leave', async () => {
     const visitor = await come();
     await visitor.tab(kSelectDoPage);
+    /** @type {(statement: string, after?: () => Promise<void>) => Promise<void>} */
     const compose = async (statement, after) =>
       visitor.request('cmdCondition(0)', 'Condition for SelectDo', async () => {
         await visitor.click('optwhile');
@@ -587,9 +627,8 @@ describe('the page of examples/web', () => {
     const visitor = await come();
     const encoded = await visitor.page.evaluate(async () => {
       const {encode, encodeBlock} = await import('/texts.js');
-      return [encode, (text) => encodeBlock(text, true), (text) => encodeBlock(text, false)].map(
-        (each) => each('a\r\n\tb "c"\r\n\t\td\n*zlt*'),
-      );
+      const kText = 'a\r\n\tb "c"\r\n\t\td\n*zlt*';
+      return [encode(kText), encodeBlock(kText, true), encodeBlock(kText, false)];
     });
     assert.deepEqual(encoded, [
       '*zlt*a~\u0001b `^`c`^`~\u0001\u0001d\n*zlt*',
@@ -602,6 +641,7 @@ describe('the page of examples/web', () => {
   test('a dialog without anything composed closes at once, any other asks, however often Escape is pressed', async () => {
     const visitor = await come();
     await visitor.tab(kSelectDoPage);
+    /** @type {(steps: (dialog: Locator) => Promise<void>) => Promise<void>} */
     const request = (steps) => visitor.request('cmdSubQuery(0)', 'Sub Query for SelectDo', steps);
     await request(() => visitor.click('cmdCancel'));
     await request(() => visitor.page.keyboard.press('Escape'));
@@ -776,16 +816,18 @@ describe('the page of examples/web', () => {
   test('one whole way by the keyboard alone', async () => {
     const visitor = await come({permissions: ['clipboard-read', 'clipboard-write']});
     const {keyboard} = visitor.page;
+    /** @type {(key: string, times?: number) => Promise<void>} */
     const press = async (key, times = 1) => {
       for (let presses = 0; presses < times; ++presses) await keyboard.press(key);
     };
     /// Presses Tab until the keyboard is there.
+    /** @type {(place: string, key?: string) => Promise<void>} */
     const tabTo = async (place, key = 'Tab') => {
       const there = () =>
         visitor.page.evaluate(() => {
-          const active = document.activeElement;
-          if (active === host.element) return host.keyboard();
-          return active.shadowRoot === null ? active.value || active.textContent.trim() : '';
+          if (document.activeElement === host.element) return host.keyboard();
+          const active = /** @type {HTMLInputElement} */ (document.activeElement);
+          return active.shadowRoot === null ? active.value || active.textContent?.trim() : '';
         });
       const seen = [];
       while ((await there()) !== place) {
@@ -807,7 +849,7 @@ describe('the page of examples/web', () => {
     await tabTo('Sample');
     await press('Enter');
     await visitor.waitFor('it is opened', async () =>
-      (await visitor.status()).startsWith('catalogue.json is open'),
+      String(await visitor.status()).startsWith('catalogue.json is open'),
     );
     await visitor.turnToFront();
     await tabTo('lsttables');
@@ -905,12 +947,13 @@ describe('the page of examples/web', () => {
     await visitor.leave();
   });
 
-  for (const colorScheme of ['light', 'dark']) {
+  for (const colorScheme of /** @type {const} */ (['light', 'dark'])) {
     test(`nothing is found against the rules of accessibility in the ${colorScheme} scheme`, async () => {
       const visitor = await come({colorScheme});
       await visitor.page.emulateMedia({reducedMotion: 'reduce'});
       await visitor.page.evaluate(axe);
       let checked = 0;
+      /** @type {(what: string) => Promise<void>} */
       const check = async (what) => {
         const {violations, passes} = await visitor.page.evaluate(() =>
           globalThis.axe.run(document),
@@ -966,12 +1009,12 @@ describe('the page of examples/web', () => {
       assert.ok(await isWithin());
       await visitor.tab(kSelectDoPage);
       await visitor.request('cmdFunction(0)', 'Function for SelectDo', async (dialog) => {
-        const {x, y, width: wide, height: tall} = await dialog.boundingBox();
+        const {x, y, width: wide, height: tall} = await boxOf(dialog);
         assert.ok(x >= 0 && y >= 0 && x + wide <= width && y + tall <= height);
         await visitor.page.keyboard.press('Escape');
       });
       await visitor.request('cmdSubQuery(0)', 'Sub Query for SelectDo', async (dialog) => {
-        const {x, y, width: wide, height: tall} = await dialog.boundingBox();
+        const {x, y, width: wide, height: tall} = await boxOf(dialog);
         assert.ok(x >= 0 && y >= 0 && x + wide <= width && y + tall <= height);
         await dialog.getByRole('button', {name: 'Cancel', exact: true}).click();
       });

@@ -9,8 +9,10 @@ import {designOf, isShown, takesFocus} from './form.mjs';
 import {closePage, Stage} from './harness.mjs';
 import {kRoot} from './places.mjs';
 
+/** @import {Person} from './harness.mjs' */
+
 const kPictures = process.env.ZOLT20_PICTURES;
-const kSchemes = ['light', 'dark'];
+const kSchemes = /** @type {const} */ (['light', 'dark']);
 const kViewport = {width: 1000, height: 720};
 const kPages = [0, 1, 2, 3, 4, 5, 6];
 
@@ -34,13 +36,17 @@ function cutTexts() {
 }
 
 /// The controls that lie over each other, of those that take the focus.
+/** @type {(names: string[]) => string[]} */
 function covered(names) {
   const face = document.querySelector('zolt20-map-control').shadowRoot;
-  const places = names.map((name) => [name, face.getElementById(name).getBoundingClientRect()]);
+  const places = names.map((name) => ({
+    name,
+    place: face.getElementById(name).getBoundingClientRect(),
+  }));
   const found = [];
-  for (const [at, [name, place]] of places.entries()) {
+  for (const [at, {name, place}] of places.entries()) {
     if (place.width * place.height < 400) found.push(`${name} is hardly to be seen`);
-    for (const [other, otherPlace] of places.slice(0, at)) {
+    for (const {name: other, place: otherPlace} of places.slice(0, at)) {
       const isBeside =
         place.right <= otherPlace.left ||
         otherPlace.right <= place.left ||
@@ -53,17 +59,20 @@ function covered(names) {
 }
 
 describe('the pages have room for what they show', () => {
+  /** @type {Stage} */
   let stage;
   before(async () => {
     stage = await Stage.open();
   });
   after(() => stage?.close());
 
+  /** @type {(act: (person: Person) => Promise<void>) => Promise<void>} */
   async function withPerson(act) {
     const person = await stage.openElement({viewport: kViewport}, 'alone.html');
     await act(person);
     await closePage(person.page);
   }
+  /** @type {(person: Person, session: string, lines?: number) => Promise<void>} */
   async function play(person, session, lines = Infinity) {
     const file = path.join(kRoot, 'examples/sessions', `${session}.jsonl`);
     const requests = readFileSync(file, 'utf8')
@@ -80,6 +89,7 @@ describe('the pages have room for what they show', () => {
     }
     await person.carryOut('{"set":"Syntax_Highlight","value":true}');
   }
+  /** @type {(person: Person, name: string) => Promise<void>} */
   async function look(person, name) {
     const dump = await person.dump();
     const names = Object.keys(dump.controls)

@@ -4,21 +4,27 @@ import {after, before, describe, test} from 'node:test';
 
 import {closePage, Stage} from './harness.mjs';
 
+/** @import {Person} from './harness.mjs' */
+
 const kMost = 120000;
 const kMany = 100000;
 const kFew = 1000;
 
 describe('a list of very many rows', () => {
+  /** @type {Stage} */
   let stage;
   before(async () => {
     stage = await Stage.open();
   });
   after(() => stage?.close());
 
+  /** @type {(row: number) => string} */
   const codeOf = (row) => `T${String(row).padStart(7, '0')}`;
+  /** @type {(count: number) => Promise<Person>} */
   const open = async (count) => {
     const person = await stage.openElement();
     await person.page.evaluate((tables) => {
+      /** @type {(row: number) => string} */
       const code = (row) => `T${String(row).padStart(7, '0')}`;
       const rows = Array.from({length: tables}, (_, row) => code(row));
       host.element.PrpStrTables = rows.map((table) => `${table}0`).join(',');
@@ -29,11 +35,16 @@ describe('a list of very many rows', () => {
     await person.nextFrame();
     return person;
   };
+  /** @type {(person: Person) => Promise<number[]>} */
   const nodesOf = (person) =>
     person.page.evaluate(() => [
       host.element.shadowRoot.querySelectorAll('*').length,
       host.on('lsttables').querySelectorAll('*').length,
     ]);
+  /**
+   * @type {(person: Person) =>
+   *   Promise<{row: number, position: number, size: number, isMarked: boolean}[]>}
+   */
   const shownRows = (person) =>
     person.page.evaluate(() =>
       [...host.on('lsttables').querySelectorAll('[role=option]')].map(
@@ -45,9 +56,13 @@ describe('a list of very many rows', () => {
         }),
       ),
     );
+  /** @type {(person: Person) => Promise<number[]>} */
   const marksOf = async (person) => {
-    const {Selected} = JSON.parse(
-      await person.page.evaluate(() => JSON.stringify(host.element.dump().controls.lsttables)),
+    /** @type {boolean[]} */
+    const Selected = JSON.parse(
+      await person.page.evaluate(() =>
+        JSON.stringify(host.element.dump().controls.lsttables.Selected),
+      ),
     );
     return Selected.flatMap((isMarked, row) => (isMarked ? [row] : []));
   };
@@ -79,7 +94,7 @@ describe('a list of very many rows', () => {
     await person.keyboard.press('End');
     await person.nextFrame();
     const last = kMany - 1;
-    assert.equal((await shownRows(person)).at(-1).row, last);
+    assert.equal((await shownRows(person)).at(-1)?.row, last);
     const active = await person.page.evaluate(() => {
       const list = host.on('lsttables');
       return list.querySelector(`[id="${list.getAttribute('aria-activedescendant')}"]`).textContent;

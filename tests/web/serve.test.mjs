@@ -10,10 +10,14 @@ import {after, before, describe, test} from 'node:test';
 import {kPolicy, serve} from '../../scripts/serve.mjs';
 import {kRoot} from './places.mjs';
 
+/** @import {IncomingHttpHeaders} from 'node:http' */
+
 const kScript = path.join(kRoot, 'scripts/serve.mjs');
 
 describe('the server', () => {
+  /** @type {string} */
   let folder;
+  /** @type {Awaited<ReturnType<typeof serve>>} */
   let server;
   before(async () => {
     folder = mkdtempSync(path.join(tmpdir(), 'zolt20-'));
@@ -40,6 +44,10 @@ describe('the server', () => {
   });
 
   // The path goes out as it is written here, which fetch would tidy up.
+  /**
+   * @type {(address: string, method?: string) =>
+   *   Promise<{status: number | undefined, headers: IncomingHttpHeaders, text: string}>}
+   */
   const get = (address, method = 'GET') =>
     new Promise((resolve, reject) => {
       const {hostname, port} = new URL(server.address);

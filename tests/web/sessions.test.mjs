@@ -15,13 +15,16 @@ const names = readdirSync(kSessions)
   .filter((file) => file.endsWith('.jsonl') && !file.endsWith('.replies.jsonl'))
   .map((file) => path.basename(file, '.jsonl'));
 
+/** @type {(name: string) => string[]} */
 const linesOf = (name) =>
   readFileSync(path.join(kSessions, `${name}.jsonl`), 'utf8')
     .split('\n')
     .filter((line) => line.trim() !== '' && !line.startsWith('#'));
+/** @type {(name: string, kind: string) => string} */
 const recorded = (name, kind) => readFileSync(path.join(kSessions, `${name}.${kind}.txt`), 'utf8');
 
 describe('the element goes the way of the session', () => {
+  /** @type {Stage} */
   let stage;
   const seen = {gestures: 0, messages: 0, refusals: 0};
 
@@ -44,7 +47,9 @@ describe('the element goes the way of the session', () => {
       } finally {
         replay.close();
       }
-      for (const count of Object.keys(seen)) seen[count] += replay[count];
+      seen.gestures += replay.gestures;
+      seen.messages += replay.messages;
+      seen.refusals += replay.refusals;
       await closePage(person.page);
     });
   }
