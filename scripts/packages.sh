@@ -2,12 +2,12 @@
 # Sourced by the commands at the top of the repository: installs the Debian packages that a command needs and that are missing.
 # shellcheck disable=SC2034 # the lists of packages are for those who source it
 
-# need_packages PACKAGE...
+# need_packages PACKAGE...: installs those that are missing. Waits up to ten minutes for another program that installs packages, tries
+# again what fails for a moment, and goes on with the lists of packages that are there when they can't be brought up to date. When
+# something stays missing it says which package and why, and ends the command.
 need_packages() {
   local missing=() package
-  for package in "$@"; do
-    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
-  done
+  mapfile -t missing < <(missing_of "$@")
   [ ${#missing[@]} -gt 0 ] || return 0
 
   local as_root=()
@@ -19,8 +19,63 @@ need_packages() {
     as_root=(sudo)
   fi
   echo "Installing ${missing[*]}"
-  "${as_root[@]}" apt-get update -qq
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+  local complaint
+  complaint=$(mktemp)
+  apt_get "$complaint" update -qq || {
+    echo "The lists of packages could not be brought up to date; going on with those that are there:" >&2
+    reasons_in "$complaint"
+  }
+  if apt_get "$complaint" install -y -qq --no-install-recommends "${missing[@]}"; then
+    mapfile -t missing < <(missing_of "${missing[@]}")
+  fi
+  if [ ${#missing[@]} -eq 0 ]; then
+    rm "$complaint"
+    return 0
+  fi
+  for package in $(missing_of "${missing[@]}"); do
+    if apt-cache policy "$package" 2>/dev/null | grep -q 'Candidate: [^(]'; then
+      echo "$package could not be installed" >&2
+    else
+      echo "$package could not be installed: the lists of packages do not have it" >&2
+    fi
+  done
+  echo "What apt-get said:" >&2
+  reasons_in "$complaint"
+  rm "$complaint"
+  exit 1
+}
+
+# missing_of PACKAGE...: those that are not installed, a line each.
+missing_of() {
+  local package
+  for package in "$@"; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || echo "$package"
+  done
+}
+
+# reasons_in FILE: the lines in which apt-get told what was wrong, or all when none did.
+reasons_in() {
+  grep -E '^(E|Err|W):' "$1" >&2 || cat "$1" >&2
+}
+
+# apt_get COMPLAINT ARGUMENT...: apt-get, with what it says in the file COMPLAINT. While another program has apt or dpkg locked it
+# waits, ten minutes in all; anything else that fails is tried three times.
+apt_get() {
+  local complaint=$1 waited=0 tries=0
+  shift
+  until "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get -o DPkg::Lock::Timeout=600 -o Acquire::Retries=3 \
+    "$@" >"$complaint" 2>&1; do
+    if grep -qE 'Could not get lock|Unable to (acquire|lock)' "$complaint"; then
+      [ $waited -gt 0 ] || echo "Waiting for another program that installs packages" >&2
+      [ $waited -lt 600 ] || return 1
+      sleep 5
+      waited=$((waited + 5))
+    else
+      tries=$((tries + 1))
+      [ $tries -lt 3 ] || return 1
+      sleep $((tries * 5))
+    fi
+  done
 }
 
 # What building and testing take.
