@@ -2,6 +2,7 @@
 # need_packages with an apt-get, a dpkg-query and a sleep made up here: what it installs, how long it waits, and what it says when
 # something stays missing. Prints a line for each case that fails.
 #   packages_test.sh SOURCES
+# shellcheck disable=SC2016,SC2317  # programs are written out in single quotes, and expect calls the functions
 set -u
 sources=$1
 work=$(mktemp -d)
@@ -36,7 +37,9 @@ done
 END
 cat >"$work/bin/apt-cache" <<'END'
 #!/bin/sh
-grep -qx "$2" "$WORK/offered" && printf '%s:\n  Candidate: 1.0\n' "$2"
+candidate='(none)'
+! grep -qx "$2" "$WORK/offered" || candidate=1.0
+printf '%s:\n  Candidate: %s\n' "$2" "$candidate"
 END
 cat >"$work/bin/sleep" <<'END'
 #!/bin/sh
