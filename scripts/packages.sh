@@ -33,7 +33,7 @@ need_packages() {
     return 0
   fi
   for package in $(missing_of "${missing[@]}"); do
-    if apt-cache policy "$package" 2>/dev/null | grep -q 'Candidate: [^(]'; then
+    if [[ "$(apt-cache policy "$package" 2>/dev/null)" == *'Candidate: '[!\(]* ]]; then
       echo "$package could not be installed" >&2
     else
       echo "$package could not be installed: the lists of packages do not have it" >&2
@@ -49,7 +49,7 @@ need_packages() {
 missing_of() {
   local package
   for package in "$@"; do
-    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || echo "$package"
+    [ "$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null)" = 'install ok installed' ] || echo "$package"
   done
 }
 
@@ -89,12 +89,14 @@ windows_packages=(ccache cmake ninja-build nlohmann-json3-dev googletest g++-min
   libwine-dev xvfb xauth fp-compiler fp-utils fpc-source lazarus-src)
 
 # What building the browser element and serving its page take. A node of version 18 or later will do, wherever it comes from.
-web_build_packages=(ccache cmake ninja-build emscripten esbuild)
-node -e 'process.exit(Number(parseInt(process.versions.node) < 18))' 2>/dev/null || web_build_packages+=(nodejs)
+node_packages=()
+node -e 'process.exit(Number(parseInt(process.versions.node) < 18))' 2>/dev/null || node_packages=(nodejs)
+web_build_packages=(ccache cmake ninja-build emscripten esbuild "${node_packages[@]}")
 
 # What testing it takes beside that: a browser with letters to draw, and the way to the npm registry.
-web_test_packages=(chromium fonts-dejavu-core fonts-liberation)
-command -v npm >/dev/null || web_test_packages+=(npm)
+npm_packages=()
+command -v npm >/dev/null || npm_packages=(npm)
+web_test_packages=(chromium fonts-dejavu-core fonts-liberation "${npm_packages[@]}")
 
 # Object files come from the compiler cache where the same source was compiled before, in whatever folder. The cache lives in the
 # home folder (ccache -s tells of it); CCACHE_DISABLE=1 does without.
