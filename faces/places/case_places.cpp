@@ -1,0 +1,33 @@
+#include "faces/places/case_places.h"
+
+namespace zolt20::faces {
+namespace {
+
+constexpr int kRowGapTwips = 10;
+
+}  // namespace
+
+CaseSpan CaseSpanOf(const Surface& form, const Control& control) {
+  const Geometry first = form.TxtExpr(0).design().place;
+  const int pitch = first.height + kRowGapTwips;
+  const int rowsInFrame = (form.fracase.Height() - first.top) / pitch;
+  CaseSpan span{{control.Top()}, {control.Height()}};
+  if (&control == &form.fracase) {
+    span.top = {};
+    span.height.rows = rowsInFrame;
+  } else if (&control == &form.VscrCase) {
+    span.height.rows = rowsInFrame;
+    span.height.buttons = -1;
+  } else if (&control == &form.cmdNext) {
+    span.top.rows = rowsInFrame;
+    span.top.buttons = -1;
+    span.height.buttons = 1;
+  } else {
+    // A row that was scrolled away stands above the first one.
+    span.top.rows = (control.Top() - first.top) / pitch;
+    span.height.rows = 1;
+  }
+  return span;
+}
+
+}  // namespace zolt20::faces
