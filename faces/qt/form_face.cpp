@@ -356,6 +356,11 @@ void FormFace::ShowChanges() {
   const bool hadFocus = HasFocus();
   while (!changed_.empty()) {
     const auto changed = std::exchange(changed_, {});
+    // All of them have widgets before any is shown: where one is hidden, Qt moves the focus on.
+    for (const Control* control : changed) {
+      if (WidgetOf(*control) == nullptr)
+        MakeWidget(*control)->setParent(WidgetOf(*control->frame()));
+    }
     for (const Control* control : changed)
       Show(*control);
   }
@@ -365,15 +370,11 @@ void FormFace::ShowChanges() {
 }
 
 void FormFace::Show(const Control& control) {
-  QWidget* widget = WidgetOf(control);
-  if (widget == nullptr) {
-    widget = MakeWidget(control);
-    widget->setParent(WidgetOf(*control.frame()));
-  }
-  ShowKind(control, *widget);
-  ShowPlace(control, *widget);
-  widget->setEnabled(control.Enabled());
-  widget->setVisible(control.Visible());
+  QWidget& widget = *WidgetOf(control);
+  ShowKind(control, widget);
+  ShowPlace(control, widget);
+  widget.setEnabled(control.Enabled());
+  widget.setVisible(control.Visible());
   if (QWidget* filter = filters_.value(&control)) filter->setEnabled(control.Enabled());
 }
 

@@ -186,6 +186,20 @@ TEST_F(TabKeyTest, ALostFocusDoesNotLeaveTheWidget) {
   EXPECT_EQ(Focused(), Stops().front());
 }
 
+TEST_F(TabKeyTest, AStateWithNewRowsComesWhereThePageWithTheFocusGoes) {
+  Tab(6);
+  Click("optCase");
+  Click("cmdNext");
+  Focus("txtStmt(0)");
+  ControlSnapshot rows = widget().save();
+  MakeNew();
+  Tab(1);
+  Focus("txtAsSet");
+  widget().restore(std::move(rows));
+  EXPECT_EQ(KeyboardFocus(), "txtStmt(0)");
+  EXPECT_EQ(Difference(), "");
+}
+
 TEST_F(TabKeyTest, TabLeavesAtTheEndAndComesBackInAtTheBeginning) {
   MakeEmbedded();
   Focus("TxtOutput");  // takes the last buttons behind it
