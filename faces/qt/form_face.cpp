@@ -17,6 +17,7 @@
 #include <utility>
 
 #include "faces/keys/neighbours.h"
+#include "faces/places/case_places.h"
 #include "faces/qt/face_style.h"
 #include "faces/qt/form_layout.h"
 #include "faces/qt/qt_text.h"
@@ -28,8 +29,6 @@ namespace zolt20::qt {
 namespace {
 
 constexpr int kTwipsPerInch = 1440;
-// What lies in the frame of the case rows, with a margin on the right like that on the left.
-constexpr int kCaseFrameTwips = 6720 + 825 + 120;
 
 QString Name(const Control& control) {
   return QString::fromLatin1(control.name().data(), static_cast<qsizetype>(control.name().size()));
@@ -85,6 +84,7 @@ FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control)
   control_.AddObserver(*this);
   StateReplaced();
   ShowChanges();
+  FitToLetters();
 }
 
 FormFace::~FormFace() {
@@ -455,18 +455,22 @@ void FormFace::ShowKind(const Control& control, QWidget& widget) {
 }
 
 // Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes and
-// what stands beside them are wider; tops and heights stay.
+// what stands beside them are wider.
 void FormFace::ShowPlace(const Control& control, QWidget& widget) {
   if (control.Height() == 0) return;
-  const auto down = [&](int twips) { return twips * owner_.logicalDpiY() / kTwipsPerInch; };
+  const auto down = [this](int twips) { return Pixels(twips); };
+  const auto length = [&](const faces::Stretch& stretch) {
+    return stretch.In(down, rowGrowth_, nextGrowth_);
+  };
+  const faces::CaseSpan span = faces::CaseSpanOf(Form(), control);
   if (control.design().name == ControlName::fracase) {
-    widget.setFixedHeight(down(control.Height()));
+    widget.setFixedHeight(length(span.height));
     return;
   }
-  const int frame = std::max(widget.parentWidget()->width(), down(kCaseFrameTwips));
-  const auto across = [&](int twips) { return twips * frame / kCaseFrameTwips; };
-  widget.setGeometry(across(control.Left()), down(control.Top()), across(control.Width()),
-                     down(control.Height()));
+  const int frame = std::max(widget.parentWidget()->width(), down(faces::kCaseFrameTwips));
+  const auto across = [&](int twips) { return twips * frame / faces::kCaseFrameTwips; };
+  widget.setGeometry(across(control.Left()), length(span.top), across(control.Width()),
+                     length(span.height));
 }
 
 void FormFace::PlaceCaseRows() {
@@ -474,6 +478,36 @@ void FormFace::PlaceCaseRows() {
     QWidget* widget = WidgetOf(*control);
     if (widget != nullptr && control->frame() == &Form().fracase) ShowPlace(*control, *widget);
   }
+}
+
+// What has its place from the form is no smaller than its letters need: case rows of two lines, the
+// button below them, and the frame around them.
+void FormFace::FitToLetters() {
+  constexpr int kLines = 2;
+  constexpr int kDefaultHeight = 48;
+  constexpr int kButtonEdges = 12;
+  const Surface& form = Form();
+  const auto& statements = static_cast<const LinesBox&>(*WidgetOf(form.txtStmt(0)));
+  const auto& next = static_cast<const QPushButton&>(*WidgetOf(form.cmdNext));
+  const int row =
+      std::max(WidgetOf(form.TxtExpr(0))->minimumSizeHint().height(), statements.HeightOf(kLines));
+  rowGrowth_ = std::max(0, row - Pixels(form.TxtExpr(0).Height()));
+  nextGrowth_ = std::max(0, next.minimumSizeHint().height() - Pixels(form.cmdNext.Height()));
+
+  const int caption = next.fontMetrics().size(Qt::TextShowMnemonic, next.text()).width();
+  QWidget& frame = *WidgetOf(form.fracase);
+  frame.setMinimumWidth(
+      std::max(Pixels(faces::kCaseFrameTwips),
+               (caption + kButtonEdges) * faces::kCaseFrameTwips / form.cmdNext.Width() + 1));
+  ShowPlace(form.fracase, frame);
+  PlaceCaseRows();
+
+  auto& otherwise = static_cast<LinesBox&>(*WidgetOf(form.TxtDef));
+  otherwise.setMaximumHeight(std::max(kDefaultHeight, otherwise.HeightOf(kLines)));
+}
+
+int FormFace::Pixels(int twips) const {
+  return twips * owner_.logicalDpiY() / kTwipsPerInch;
 }
 
 bool FormFace::HasFocus() const {
@@ -618,6 +652,7 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
   if (control == nullptr) return QObject::eventFilter(watched, event);
   if (control == &Form().fracase) {
     if (event->type() == QEvent::Resize) PlaceCaseRows();
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) FitToLetters();
     return QObject::eventFilter(watched, event);
   }
   auto& widget = *static_cast<QWidget*>(watched);

@@ -125,6 +125,8 @@ class FormFace final : public QObject, private SurfaceObserver {
   void ShowKind(const Control& control, QWidget& widget);
   void ShowPlace(const Control& control, QWidget& widget);
   void PlaceCaseRows();
+  void FitToLetters();
+  int Pixels(int twips) const;
   bool HasFocus() const;
 
   // Gestures.
@@ -143,6 +145,8 @@ class FormFace final : public QObject, private SurfaceObserver {
   QHash<QObject*, const Control*> controls_;
   QHash<const Control*, RowsModel*> models_;
   QHash<const Control*, QWidget*> filters_;
+  int rowGrowth_ = 0;                 // by which a case row is taller than in the form, in pixels
+  int nextGrowth_ = 0;                // and the button below them
   std::set<const Control*> changed_;  // to be shown
   std::set<const Control*> caretChanged_;
   bool focusMoved_ = false;

@@ -1,5 +1,6 @@
 #include "faces/qt/form_layout.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <array>
 
+#include "faces/places/case_places.h"
 #include "faces/qt/form_face.h"
 #include "faces/qt/icons.h"
 #include "faces/qt/rows_view.h"
@@ -32,10 +34,34 @@ Layout* Tight(Layout* layout) {
   return layout;
 }
 
-QFont Scaled(QFont font, qreal factor) {
-  font.setPointSizeF(font.pointSizeF() * factor);
-  return font;
-}
+// A part of the form with smaller letters than the form has, whatever size it gets.
+class SmallPrint final : public QWidget {
+ public:
+  explicit SmallPrint(QWidget& owner) : QWidget(&owner), owner_(owner) {
+    owner_.installEventFilter(this);
+    Fit();
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::FontChange) Fit();
+    return QWidget::eventFilter(watched, event);
+  }
+
+ private:
+  // The size alone, so that all else comes from the form.
+  void Fit() {
+    QFont font;
+    if (const qreal points = owner_.font().pointSizeF(); points > 0) {
+      font.setPointSizeF(points * kSmall);
+    } else {
+      font.setPixelSize(std::max(1, qRound(owner_.font().pixelSize() * kSmall)));
+    }
+    setFont(font);
+  }
+
+  QWidget& owner_;
+};
 
 }  // namespace
 
@@ -51,13 +77,12 @@ void FormLayout::Build() {
   // Not by clicks: one beside the controls, or on a disabled one, leaves the focus where it is.
   owner_.setFocusPolicy(Qt::TabFocus);
   QFont font = owner_.font();
-  font.setFamilies({QStringLiteral("Verdana"), font.family()});
+  const QString fallback = font.family();
+  font.setFamilies({QStringLiteral("Verdana"), fallback});
   owner_.setFont(font);
-  Of(ControlName::frawhile)->setFont([&] {
-    QFont arial = owner_.font();
-    arial.setFamilies({QStringLiteral("Arial"), font.family()});
-    return arial;
-  }());
+  QFont arial;  // the family alone: the size is that of the form
+  arial.setFamilies({QStringLiteral("Arial"), fallback});
+  Of(ControlName::frawhile)->setFont(arial);
 
   auto* strip = static_cast<QTabBar*>(Of(ControlName::tabVrn));
   auto* pages = new QStackedWidget(&owner_);
@@ -292,7 +317,6 @@ QWidget* FormLayout::ConditionPage() {
   onCase->addWidget(Of(ControlName::lblexprcase), 0, 0, Qt::AlignTop);
   onCase->addWidget(Of(ControlName::txtcaseexp), 0, 1, Qt::AlignTop);
   onCase->addWidget(Of(ControlName::lblDefault), 0, 2, Qt::AlignTop);
-  Of(ControlName::TxtDef)->setMaximumHeight(48);
   onCase->addWidget(Of(ControlName::TxtDef), 0, 3);
   onCase->setColumnStretch(1, 1);
   onCase->setColumnStretch(3, 2);
@@ -336,14 +360,12 @@ QWidget* FormLayout::CaseRowsFrame() {
   auto* layout = Tight(new QVBoxLayout(part));
   layout->setSpacing(2);
   auto* heads = Tight(new QHBoxLayout);
-  const auto pixels = [this](int twips) { return twips * owner_.logicalDpiY() / 1440; };
-  heads->setContentsMargins(pixels(120), 0, 0, 0);
+  heads->setContentsMargins(face_.Pixels(120), 0, 0, 0);
   heads->setSpacing(0);
   heads->addWidget(Of(ControlName::lblexpr), 2640 - 120);
-  heads->addWidget(Of(ControlName::lblstmt), 6720 + 825 + 120 - 2640);
+  heads->addWidget(Of(ControlName::lblstmt), faces::kCaseFrameTwips - 2640);
   layout->addLayout(heads);
   QWidget* frame = Of(ControlName::fracase);
-  frame->setMinimumWidth(pixels(6720 + 825 + 120));
   for (const auto& [name, index] :
        {std::pair(ControlName::TxtExpr, 0), std::pair(ControlName::txtStmt, 0),
         std::pair(ControlName::VscrCase, kNoIndex), std::pair(ControlName::cmdNext, kNoIndex)}) {
@@ -426,13 +448,12 @@ QLayout* FormLayout::Labelled(ControlName label, ControlName list, bool hasFilte
 }
 
 QWidget* FormLayout::Instructions(const std::vector<ControlName>& labels) {
-  auto* part = new QWidget(&owner_);
+  auto* part = new SmallPrint(owner_);
   auto* layout = Tight(new QVBoxLayout(part));
   layout->setSpacing(1);
   layout->addStretch(1);
   for (const ControlName name : labels) {
     auto* label = static_cast<QLabel*>(Of(name));
-    label->setFont(Scaled(owner_.font(), kSmall));
     label->setForegroundRole(QPalette::PlaceholderText);
     layout->addWidget(label);
   }

@@ -76,6 +76,11 @@ void LinesBox::Highlight(bool highlight) {
   }
 }
 
+int LinesBox::HeightOf(int lines) const {
+  const int margin = qRound(document()->documentMargin()) + frameWidth();
+  return lines * fontMetrics().lineSpacing() + 2 * margin;
+}
+
 // What changes reaches the control as the text around it and what stands there now, so that line
 // ends of other kinds elsewhere stay.
 void LinesBox::TakeEdit(int position, int removed, int added) {

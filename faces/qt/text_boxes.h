@@ -32,6 +32,9 @@ class LinesBox final : public QPlainTextEdit {
 
   void Highlight(bool highlight);
 
+  /// How high the box is around so many lines, without a scroll bar.
+  int HeightOf(int lines) const;
+
  signals:
   /// The person changed the text; Text() has it.
   void Typed();
