@@ -23,9 +23,10 @@ CaseSpan CaseSpanOf(const Surface& form, const Control& control) {
     span.top.buttons = -1;
     span.height.buttons = 1;
   } else {
-    // A row that was scrolled away stands above the first one.
     span.top.rows = (control.Top() - first.top) / pitch;
     span.height.rows = 1;
+    // The lower edge of a row that was scrolled away would look out at the head.
+    if (control.Top() < 0) span.top.twips -= first.top;
   }
   return span;
 }

@@ -33,8 +33,8 @@ struct CaseSpan {
 };
 
 /// Of the frame of the rows, fracase, or of a control in it. Where a row grows, the rows below move
-/// along, and as many of them as the form has room for stay within the frame. The button grows
-/// upwards, and the scroll bar ends above it.
+/// along, and as many of them as the form has room for stay within the frame; of the others nothing
+/// is in it. The button grows upwards, and the scroll bar ends above it.
 CaseSpan CaseSpanOf(const Surface& form, const Control& control);
 
 }  // namespace zolt20::faces

@@ -360,8 +360,8 @@ QWidget* FormLayout::CaseRowsFrame() {
   auto* layout = Tight(new QVBoxLayout(part));
   layout->setSpacing(2);
   auto* heads = Tight(new QHBoxLayout);
-  heads->setContentsMargins(face_.Pixels(120), 0, 0, 0);
   heads->setSpacing(0);
+  heads->addStretch(120);
   heads->addWidget(Of(ControlName::lblexpr), 2640 - 120);
   heads->addWidget(Of(ControlName::lblstmt), faces::kCaseFrameTwips - 2640);
   layout->addLayout(heads);
