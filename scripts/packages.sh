@@ -80,8 +80,9 @@ apt_get() {
 
 # What building and testing take.
 build_packages=(ccache g++ cmake ninja-build nlohmann-json3-dev libgtest-dev qt6-base-dev libsqlite3-dev)
-# What testing takes beside that.
-test_packages=(xvfb xauth)
+# What testing takes beside that: a display, and the letters that pages are looked at in.
+font_packages=(fonts-dejavu-core fonts-liberation fonts-noto-core)
+test_packages=(xvfb xauth "${font_packages[@]}")
 
 # What the Windows control and its tests take: compilers, the system by Wine with what type libraries are made of, a container of
 # controls in source.
@@ -96,7 +97,7 @@ web_build_packages=(ccache cmake ninja-build emscripten esbuild "${node_packages
 # What testing it takes beside that: a browser with letters to draw, and the way to the npm registry.
 npm_packages=()
 command -v npm >/dev/null || npm_packages=(npm)
-web_test_packages=(chromium fonts-dejavu-core fonts-liberation "${npm_packages[@]}")
+web_test_packages=(chromium "${font_packages[@]}" "${npm_packages[@]}")
 
 # Object files come from the compiler cache where the same source was compiled before, in whatever folder. The cache lives in the
 # home folder (ccache -s tells of it); CCACHE_DISABLE=1 does without.
