@@ -33,7 +33,21 @@ void Draw(QWidget& window, const char* name) {
   EXPECT_TRUE(window.grab().save(file)) << file.toStdString();
 }
 
-TEST(ComposerPicturesTest, AStoredRuleStandsInThePagesWithNothingCut) {
+// In the same letters on every machine that has them.
+class ComposerPicturesTest : public ::testing::Test {
+ protected:
+  ComposerPicturesTest() : before_(QApplication::font()) {
+    QFont font = before_;
+    font.setFamilies({QStringLiteral("DejaVu Sans")});
+    QApplication::setFont(font);
+  }
+  ~ComposerPicturesTest() override { QApplication::setFont(before_); }
+
+ private:
+  QFont before_;
+};
+
+TEST_F(ComposerPicturesTest, AStoredRuleStandsInThePagesWithNothingCut) {
   const QTemporaryDir folder;
   const QString rules = folder.filePath(QStringLiteral("rules.json"));
   ASSERT_TRUE(QFile::copy(Example("rules.json"), rules));
@@ -54,7 +68,7 @@ TEST(ComposerPicturesTest, AStoredRuleStandsInThePagesWithNothingCut) {
   }
 }
 
-TEST(ComposerPicturesTest, ANestedComposerSaysWhatItIsFor) {
+TEST_F(ComposerPicturesTest, ANestedComposerSaysWhatItIsFor) {
   const catalogue::Catalogue sample =
       catalogue::ReadCatalogue(Example("catalogue.json").toStdU16String());
   composer::NestedComposer nested(sample, QStringLiteral("D"), true);
@@ -72,7 +86,7 @@ TEST(ComposerPicturesTest, ANestedComposerSaysWhatItIsFor) {
             u"if :var.sum > 1000 then \r\n\t:var.size = \"large\"");
 }
 
-TEST(ComposerPicturesTest, ThePickerShowsTheCallAsItWillStand) {
+TEST_F(ComposerPicturesTest, ThePickerShowsTheCallAsItWillStand) {
   const catalogue::Catalogue sample =
       catalogue::ReadCatalogue(Example("catalogue.json").toStdU16String());
   composer::FunctionPicker picker(sample.functions);
