@@ -66,6 +66,15 @@ void UnregisterClasses() {
   UnregisterClassW(kPanelClass, ServerInstance());
 }
 
+int LineHeightOf(HDC canvas, HFONT font) {
+  const HGDIOBJ before = SelectObject(canvas, font);
+  if (before == nullptr) return 0;
+  TEXTMETRICW metrics{};
+  const bool isKnown = GetTextMetricsW(canvas, &metrics) != FALSE;
+  SelectObject(canvas, before);
+  return isKnown ? metrics.tmHeight : 0;
+}
+
 void ForgetName(HWND window) {
   if (HANDLE name = RemovePropW(window, kNameProperty)) {
     GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name)));

@@ -1,4 +1,5 @@
-// What the windows need of the platform: its controls of version 6, and the classes of our own.
+// What the windows need of the platform: its controls of version 6, the classes of our own, how
+// high letters are.
 #pragma once
 
 #include <windows.h>
@@ -22,6 +23,9 @@ class CommonControls {
 void RegisterClasses(WNDPROC root, WNDPROC panel);
 /// The server is about to be unloaded.
 void UnregisterClasses();
+
+/// How high a line of those letters is, in pixels of the canvas; 0 where the canvas cannot tell.
+int LineHeightOf(HDC canvas, HFONT font);
 
 /// Gives the name back that a window of a control has.
 void ForgetName(HWND window);

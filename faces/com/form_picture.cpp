@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "faces/com/com_text.h"
+#include "faces/com/common_controls.h"
 #include "faces/com/form_places.h"
 
 namespace zolt20::com {
@@ -26,11 +27,10 @@ class Picture {
         place_(place),
         width_(FormPlaces::kWidth),
         height_(FormPlaces::kHeight),
-        places_(form, width_, height_),
+        verdana_(MakeFont(L"Verdana", std::max(1, Down(kFontTwips)))),
+        arial_(MakeFont(L"Arial", std::max(1, Down(kFontTwips)))),
+        places_(form, width_, height_, {LineTwips(), LineTwips()}),
         saved_(SaveDC(canvas)) {
-    const int height = std::max(1, Down(kFontTwips));
-    verdana_ = MakeFont(L"Verdana", height);
-    arial_ = MakeFont(L"Arial", height);
     SetBkMode(canvas_, TRANSPARENT);
   }
   ~Picture() { RestoreDC(canvas_, saved_); }
@@ -58,6 +58,13 @@ class Picture {
 
   int Across(int twips) const { return MulDiv(twips, place_.right - place_.left, width_); }
   int Down(int twips) const { return MulDiv(twips, place_.bottom - place_.top, height_); }
+
+  // A metafile may not know how high letters are.
+  int LineTwips() const {
+    const int line =
+        std::max(LineHeightOf(canvas_, verdana_.get()), LineHeightOf(canvas_, arial_.get()));
+    return MulDiv(line, height_, std::max<LONG>(1, place_.bottom - place_.top));
+  }
 
   RECT RectOf(const Control& control) const {
     Geometry place = places_.Of(control);
@@ -227,10 +234,10 @@ class Picture {
   RECT place_;
   int width_;
   int height_;
-  FormPlaces places_;
-  int saved_;
   Font verdana_;
   Font arial_;
+  FormPlaces places_;
+  int saved_;
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <array>
 #include <map>
 
+#include "faces/places/case_places.h"
 #include "surface/surface.h"
 
 namespace zolt20::com {
@@ -12,6 +13,12 @@ namespace zolt20::com {
 inline constexpr int kTwipsPerInch = 1440;
 /// The height of the letters: 8 1/4 points.
 inline constexpr int kFontTwips = 165;
+
+/// How high the lines of a form's letters are, in twips. 0 where that is not known.
+struct LineHeights {
+  int usual = 0;
+  int small = 0;  // of the labels that tell how a page is used
+};
 
 /// Whether a control has its text in Arial; the others have Verdana.
 bool IsInArial(const Surface& form, const Control& control);
@@ -24,8 +31,9 @@ class FormPlaces {
   static constexpr int kLeastWidth = 10'500;
   static constexpr int kLeastHeight = 6'900;
 
-  /// Of a form of that size; below the least it is that of the least.
-  FormPlaces(const Surface& form, int width, int height);
+  /// Of a form of that size; below the least it is that of the least. What holds a line of text is
+  /// no lower than the line needs.
+  FormPlaces(const Surface& form, int width, int height, LineHeights lines);
 
   /// Within the control's frame, or the form. Of an element that was loaded since, its own place.
   Geometry Of(const Control& control) const;
@@ -44,9 +52,20 @@ class FormPlaces {
   Box PutInstructions(Box page, std::initializer_list<const Control*> labels,
                       const Control& button);
 
+  int CaseLength(const faces::Stretch& length) const;
+
   const Surface& form_;
   std::map<const Control*, Geometry> places_;
   int caseWidth_ = 0;
+  // Heights.
+  int tabs_;
+  int line_;
+  int smallLine_;
+  int field_;  // a box of one line
+  int button_;
+  int frameHead_;   // a frame's caption
+  int rowGrowth_;   // by which a case row is taller than in the form
+  int nextGrowth_;  // and the button below them
 };
 
 }  // namespace zolt20::com

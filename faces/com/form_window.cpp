@@ -264,6 +264,12 @@ void FormWindow::MakeFonts() {
   verdana_ = make(L"Verdana", kFontTwips);
   small_ = make(L"Verdana", kSmallFontTwips);
   arial_ = make(L"Arial", kFontTwips);
+  const HDC canvas = GetDC(root_);
+  const auto line = [this, canvas](HFONT font) {
+    return MulDiv(LineHeightOf(canvas, font), kTwipsPerInch, dpi_);
+  };
+  lines_ = {std::max(line(verdana_), line(arial_)), line(small_)};
+  ReleaseDC(root_, canvas);
   for (const auto& [control, child] : children_)
     SendMessageW(child->window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(*control)), TRUE);
   for (const HFONT font : before) {
@@ -689,7 +695,7 @@ void FormWindow::LayOut() {
   GetClientRect(root_, &inside);
   const auto twips = [this](int pixels) { return MulDiv(pixels, kTwipsPerInch, dpi_); };
   const auto pixels = [this](int inTwips) { return MulDiv(inTwips, dpi_, kTwipsPerInch); };
-  const FormPlaces places(Form(), twips(inside.right), twips(inside.bottom));
+  const FormPlaces places(Form(), twips(inside.right), twips(inside.bottom), lines_);
   const Geometry strip = places.Of(Form().tabVrn);
   const int top = strip.top + strip.height;
   const int width = std::max<int>(inside.right, pixels(strip.width));

@@ -165,6 +165,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   HFONT verdana_ = nullptr;
   HFONT small_ = nullptr;
   HFONT arial_ = nullptr;
+  LineHeights lines_;  // of these
 };
 
 }  // namespace zolt20::com
