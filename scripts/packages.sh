@@ -85,9 +85,9 @@ font_packages=(fonts-dejavu-core fonts-liberation fonts-noto-core)
 test_packages=(xvfb xauth "${font_packages[@]}")
 
 # What the Windows control and its tests take: compilers, the system by Wine with what type libraries are made of, a container of
-# controls in source.
+# controls in source, letters.
 windows_packages=(ccache cmake ninja-build nlohmann-json3-dev googletest g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64
-  libwine-dev xvfb xauth fp-compiler fp-utils fpc-source lazarus-src)
+  libwine-dev xvfb xauth fp-compiler fp-utils fpc-source lazarus-src "${font_packages[@]}")
 
 # What building the browser element and serving its page take. A node of version 18 or later will do, wherever it comes from.
 node_packages=()

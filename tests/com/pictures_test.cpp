@@ -1,5 +1,6 @@
-// How the pages look: no text is cut and nothing lies over anything else. With ZOLT20_PICTURES set
-// to a folder the pages are drawn into it, which is where the pictures of docs/ come from.
+// How the pages look: no text is cut and nothing lies over anything else. The letters are those of
+// the family that ZOLT20_LETTERS names, as in_wine.sh has it. With ZOLT20_PICTURES set to a folder
+// the pages are drawn into it, which is where the pictures of docs/ come from.
 #include <ole2.h>
 // The system's other headers need it.
 #include <gdiplus.h>
@@ -17,18 +18,62 @@ std::wstring Environment(const wchar_t* name) {
   return value;
 }
 
-// Makes room for a text with a "&" before a letter.
-int WidthOf(HWND window) {
+// The letters of a window, on its canvas.
+class Letters {
+ public:
+  explicit Letters(HWND window)
+      : Letters(window, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0))) {}
+  Letters(HWND window, HFONT font)
+      : window_(window), canvas_(GetDC(window)), before_(SelectObject(canvas_, font)) {}
+  ~Letters() {
+    SelectObject(canvas_, before_);
+    ReleaseDC(window_, canvas_);
+  }
+  Letters(const Letters&) = delete;
+  Letters& operator=(const Letters&) = delete;
+
+  // Makes room for a text with a "&" before a letter.
+  SIZE SizeOf(const wchar_t* text) const {
+    RECT place{};
+    DrawTextW(canvas_, text, -1, &place, DT_CALCRECT | DT_SINGLELINE);
+    return {place.right, place.bottom};
+  }
+  int LineHeight() const {
+    TEXTMETRICW metrics{};
+    EXPECT_TRUE(GetTextMetricsW(canvas_, &metrics));
+    return metrics.tmHeight;
+  }
+
+ private:
+  HWND window_;
+  HDC canvas_;
+  HGDIOBJ before_;
+};
+
+SIZE TextSizeOf(HWND window) {
   wchar_t text[256] = L"";
   GetWindowTextW(window, text, 256);
-  const HDC canvas = GetDC(window);
-  const HGDIOBJ before =
-      SelectObject(canvas, reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0)));
-  RECT place{};
-  DrawTextW(canvas, text, -1, &place, DT_CALCRECT | DT_SINGLELINE);
-  SelectObject(canvas, before);
-  ReleaseDC(window, canvas);
-  return place.right;
+  return Letters(window).SizeOf(text);
+}
+
+// Whether the letters of a window are those of a family.
+bool IsOfFamily(HWND window, const std::wstring& family) {
+  LOGFONTW wanted{};
+  GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof wanted,
+             &wanted);
+  family.copy(wanted.lfFaceName, LF_FACESIZE - 1);
+  wanted.lfFaceName[std::min<std::size_t>(family.size(), LF_FACESIZE - 1)] = 0;
+  const HFONT font = CreateFontIndirectW(&wanted);
+  constexpr wchar_t kText[] = L"Quick wafting zephyrs vex bold Jim 0123456789";
+  bool isSame = false;
+  {
+    const Letters used(window);
+    const Letters named(window, font);
+    isSame =
+        used.LineHeight() == named.LineHeight() && used.SizeOf(kText).cx == named.SizeOf(kText).cx;
+  }
+  DeleteObject(font);
+  return isSame;
 }
 
 // A length on a screen of the usual resolution, on this one.
@@ -39,6 +84,23 @@ int Pixels(int length) {
   return MulDiv(length, resolution, USER_DEFAULT_SCREEN_DPI);
 }
 
+bool IsInstalled(const std::wstring& family) {
+  LOGFONTW wanted{};
+  wanted.lfCharSet = DEFAULT_CHARSET;
+  family.copy(wanted.lfFaceName, LF_FACESIZE - 1);
+  bool isThere = false;
+  const HDC screen = GetDC(nullptr);
+  EnumFontFamiliesExW(
+      screen, &wanted,
+      [](const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) -> int {
+        *reinterpret_cast<bool*>(found) = true;
+        return 0;
+      },
+      reinterpret_cast<LPARAM>(&isThere), 0);
+  ReleaseDC(nullptr, screen);
+  return isThere;
+}
+
 class PicturesTest : public testing::Test {
  protected:
   PicturesTest() {
@@ -46,6 +108,10 @@ class PicturesTest : public testing::Test {
     Gdiplus::GdiplusStartup(&drawing_, &input, nullptr);
   }
   ~PicturesTest() override { Gdiplus::GdiplusShutdown(drawing_); }
+  void SetUp() override {
+    const std::wstring family = Environment(L"ZOLT20_LETTERS");
+    if (!family.empty() && !IsInstalled(family)) GTEST_SKIP() << "the letters are not installed";
+  }
 
   void Play(const wchar_t* session, int lines) {
     EXPECT_EQ(player_.PlayTo(Sessions() + L"\\" + session + L".jsonl", lines),
@@ -75,45 +141,69 @@ class PicturesTest : public testing::Test {
     return windows;
   }
 
+  // What is in the frame of the case rows is there as a whole; the others lie beyond it.
   void ExpectRoomForEverything() {
+    const std::wstring family = Environment(L"ZOLT20_LETTERS");
     RECT whole{};
     GetWindowRect(container_.Window(), &whole);
-    std::vector<std::pair<std::wstring, RECT>> seen;
+    std::vector<std::pair<std::string, RECT>> seen;
     for (const HWND window : InSight()) {
-      const std::wstring name = NameOf(window);
+      const std::wstring wideName = NameOf(window);
+      const std::string name(wideName.begin(), wideName.end());
       RECT place{};
       GetWindowRect(window, &place);
-      wchar_t kind[32] = L"";
-      GetClassNameW(window, kind, 32);
-      const std::wstring className = kind;
-      const bool isOption =
-          className == L"Button" && (GetWindowLongPtrW(window, GWL_STYLE) & BS_TYPEMASK) != 0;
-      const int mark = Pixels(16);
-      if (className == L"Static" || className == L"Button") {
-        POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-        ScreenToClient(GetParent(window), &middle);
-        EXPECT_EQ(ChildWindowFromPointEx(GetParent(window), middle, CWP_SKIPINVISIBLE), window)
-            << std::string(name.begin(), name.end()) << " is covered";
-        EXPECT_LE(WidthOf(window) + (isOption ? mark : 0), place.right - place.left)
-            << std::string(name.begin(), name.end());
-      }
-      // Of the boxes of rows some lie below, where the frame scrolls.
-      const bool isCaseRow = name.rfind(L"TxtExpr", 0) == 0 || name.rfind(L"txtStmt(", 0) == 0;
       RECT common{};
-      if (!isCaseRow) {
-        EXPECT_TRUE(IntersectRect(&common, &place, &whole) && EqualRect(&common, &place))
-            << std::string(name.begin(), name.end());
+      const std::wstring around = NameOf(GetParent(window));
+      RECT frame = whole;
+      if (around == L"fracase") {
+        GetWindowRect(GetParent(window), &frame);
+        const bool isRow = name != "VscrCase" && name != "cmdNext";
+        if (isRow && !IntersectRect(&common, &place, &frame)) continue;
+      }
+      EXPECT_TRUE(IntersectRect(&common, &place, &frame) && EqualRect(&common, &place)) << name;
+      ExpectRoomForText(window, name);
+      if (!family.empty() && HasText(window)) {
+        EXPECT_TRUE(IsOfFamily(window, family)) << name;
       }
       const bool takesFocus = (GetWindowLongPtrW(window, GWL_STYLE) & WS_TABSTOP) != 0;
-      if (!takesFocus || isCaseRow || name == L"txtCondition" || name == L"VscrCase") continue;
-      for (const auto& [other, otherPlace] : seen) {
-        EXPECT_FALSE(IntersectRect(&common, &place, &otherPlace))
-            << std::string(name.begin(), name.end()) << " and "
-            << std::string(other.begin(), other.end());
-      }
+      if (!takesFocus || name == "txtCondition") continue;
+      for (const auto& [other, otherPlace] : seen)
+        EXPECT_FALSE(IntersectRect(&common, &place, &otherPlace)) << name << " and " << other;
       seen.emplace_back(name, place);
     }
     EXPECT_GT(seen.size(), 6U);
+  }
+
+  static bool Is(HWND window, const wchar_t* kind) {
+    wchar_t name[32] = L"";
+    GetClassNameW(window, name, 32);
+    return std::wstring(name) == kind;
+  }
+  static bool HasText(HWND window) {
+    return Is(window, L"Static") || Is(window, L"Button") || Is(window, L"Edit");
+  }
+
+  static void ExpectRoomForText(HWND window, const std::string& name) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    RECT inside{};
+    GetClientRect(window, &inside);
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+    if (Is(window, L"Static") || Is(window, L"Button")) {
+      POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+      ScreenToClient(GetParent(window), &middle);
+      EXPECT_EQ(ChildWindowFromPointEx(GetParent(window), middle, CWP_SKIPINVISIBLE), window)
+          << name << " is covered";
+      const bool isOption = Is(window, L"Button") && (style & BS_TYPEMASK) != 0;
+      const int mark = isOption ? Pixels(16) : 0;
+      const int edges = Is(window, L"Button") && !isOption ? Pixels(4) : 0;
+      const SIZE text = TextSizeOf(window);
+      EXPECT_LE(text.cx + mark, inside.right) << name;
+      EXPECT_LE(text.cy + edges, inside.bottom) << name;
+    } else if (Is(window, L"Edit")) {
+      const int lines = (style & ES_MULTILINE) != 0 ? 2 : 1;
+      EXPECT_LE(lines * Letters(window).LineHeight(), inside.bottom) << name;
+    }
   }
 
   void Picture(const std::wstring& name) {
@@ -180,6 +270,16 @@ TEST_F(PicturesTest, EachKindHasItsPanel) {
   for (const wchar_t* option : {L"optIfThen", L"optwhile", L"optRepeat", L"optFor", L"optCase"}) {
     Press(option);
     Picture(std::wstring(L"windows-kind-") + option);
+  }
+}
+
+TEST_F(PicturesTest, CaseRowsStandBelowEachOtherInTheirFrame) {
+  Begin();
+  Page(6);
+  Press(L"optCase");
+  for (int row = 1; row <= 5; ++row) {
+    Press(L"cmdNext");
+    Picture(L"windows-rows" + std::to_wstring(row));
   }
 }
 
