@@ -11,6 +11,7 @@
 
 #include "faces/colouring/statement_colours.h"
 #include "faces/keys/neighbours.h"
+#include "faces/places/case_places.h"
 #include "faces/texts/shown_text.h"
 #include "faces/web/element.h"
 #include "faces/words/form_words.h"
@@ -311,6 +312,15 @@ ZOLT20_EXPORT(control_number) int control_number(const Control* control, Ask ask
     default:
       return NumberOfKind(*control, ask);
   }
+}
+
+/// Of a control in the frame of the case rows, or that frame: its top and its height, each as
+/// twips, growths of a row and growths of the button.
+ZOLT20_EXPORT(case_span) void case_span(Element* element, const Control* control) {
+  const faces::CaseSpan span = faces::CaseSpanOf(element->Form(), *control);
+  numbers.clear();
+  for (const faces::Stretch& stretch : {span.top, span.height})
+    numbers.insert(numbers.end(), {stretch.twips, stretch.rows, stretch.buttons});
 }
 
 ZOLT20_EXPORT(control_text) void control_text(const Control* control, AskText ask) {

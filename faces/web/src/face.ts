@@ -12,6 +12,7 @@ import {
   Kind,
   type Logic,
   Status,
+  type Stretch,
   What,
   ZOLT20Error,
 } from './logic';
@@ -32,6 +33,7 @@ const kFiltered = ['lsttables', 'lstFields'];
 const kCaseFrameTwips = 6720 + 825 + 120;
 // So that the least of the buttons there can be pointed at.
 const kTwipsPerPixel = 14.4;
+const down = (twips: number) => `${twips / kTwipsPerPixel}px`;
 
 export class Face implements TypedInto {
   readonly logic: Logic;
@@ -67,6 +69,10 @@ export class Face implements TypedInto {
     for (const control of logic.controls(handle)) this.#makeView(control);
     for (const list of kFiltered) this.#makeFilter(list);
     this.node = layOut(this);
+    const rows = this.nodeOf('fracase').style;
+    const heightOf = (name: string) => this.logic.number(this.#addresses.get(name)!, Ask.Height);
+    rows.setProperty('--row', down(heightOf('TxtExpr(0)')));
+    rows.setProperty('--next', down(heightOf('cmdNext')));
     this.messages = new MessageBox((close, hadFocus) => {
       this.#quietly(close);
       if (hadFocus) this.#showFocus(true);
@@ -229,17 +235,19 @@ export class Face implements TypedInto {
     if (view instanceof ComboView) view.name(name);
   }
   // Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes
-  // and what stands beside them are wider; tops and heights stay.
+  // and what stands beside them are wider; the style sheet has how they grow with the letters.
   #showPlace(control: Address, view: View): void {
     const height = this.logic.number(control, Ask.Height);
     if (height === 0) return;
-    const down = (twips: number) => `${twips / kTwipsPerPixel}px`;
+    const span = this.logic.caseSpan(this.handle, control);
+    const length = ({twips, rows, buttons}: Stretch) =>
+      `calc(${down(twips)} + ${rows} * var(--row-growth) + ${buttons} * var(--next-growth))`;
     const {style} = view.node;
-    style.height = down(height);
+    style.height = length(span.height);
     if (view.focus.id === 'fracase') return;
     const start = this.logic.number(control, Ask.Left);
     const width = this.logic.number(control, Ask.Width);
-    style.top = down(this.logic.number(control, Ask.Top));
+    style.top = length(span.top);
     style.setProperty('--start', `${(100 * start) / kCaseFrameTwips}%`);
     style.width = `${(100 * width) / kCaseFrameTwips}%`;
   }

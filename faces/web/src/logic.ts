@@ -41,6 +41,7 @@ interface Exports {
   next_in_tab_order(element: number, from: number, forward: number): number;
   next_option(element: number, option: number, forward: number): number;
   control_number(control: number, ask: Ask): number;
+  case_span(element: number, control: number): void;
   control_text(control: number, ask: AskText): void;
   shown_text(box: number, lineEnd: number): void;
   text_between(box: number, first: number, behind: number): void;
@@ -57,6 +58,13 @@ interface Exports {
   history(element: number): number;
   switch_history(element: number, on: number): void;
   changes(element: number): void;
+}
+
+/** A height that grows with the letters, so many times as a case row and as the button there do. */
+export interface Stretch {
+  twips: number;
+  rows: number;
+  buttons: number;
 }
 
 /** How a call ended. */
@@ -412,6 +420,17 @@ export class Logic {
   }
   is(control: Address, ask: Ask): boolean {
     return this.#exports.control_number(control, ask) !== 0;
+  }
+  /** Of a control in the frame of the case rows, or that frame. */
+  caseSpan(handle: number, control: Address): {top: Stretch; height: Stretch} {
+    this.#exports.case_span(handle, control);
+    const numbers = [...this.#numbers()];
+    const stretch = (from: number): Stretch => ({
+      twips: numbers[from]!,
+      rows: numbers[from + 1]!,
+      buttons: numbers[from + 2]!,
+    });
+    return {top: stretch(0), height: stretch(3)};
   }
   text(control: Address, ask: AskText): string {
     this.#exports.control_text(control, ask);
