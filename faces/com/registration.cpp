@@ -4,6 +4,7 @@
 #include <olectl.h>
 
 #include <array>
+#include <cwchar>
 
 #include "faces/com/map_control.h"
 #include "faces/com/server.h"
@@ -18,6 +19,13 @@ constexpr const wchar_t* kClasses = L"Software\\Classes\\";
 std::wstring Text(REFGUID guid) {
   std::array<wchar_t, 40> text{};
   StringFromGUID2(guid, text.data(), static_cast<int>(text.size()));
+  return text.data();
+}
+
+// The registry has the numbers of type libraries in hexadecimal digits.
+std::wstring LibraryVersion() {
+  std::array<wchar_t, 24> text{};
+  std::swprintf(text.data(), text.size(), L"%x.%x", ZOLT20_MAJOR, ZOLT20_MINOR);
   return text.data();
 }
 
@@ -50,12 +58,12 @@ void WriteInterface(Writer& writer, REFGUID id, const wchar_t* name, const wchar
   writer.Write(key, name);
   writer.Write(key + L"\\ProxyStubClsid32", marshaller);
   writer.Write(key + L"\\TypeLib", Text(LIBID_ZOLT20MappingCtrl));
-  writer.Write(key + L"\\TypeLib", L"1.0", L"Version");
+  writer.Write(key + L"\\TypeLib", LibraryVersion(), L"Version");
 }
 
 // Not by the system's own function for it, which has one for the machine alone in some versions.
 void WriteTypeLibrary(Writer& writer, const std::wstring& path) {
-  const std::wstring key = L"TypeLib\\" + Text(LIBID_ZOLT20MappingCtrl) + L"\\1.0";
+  const std::wstring key = L"TypeLib\\" + Text(LIBID_ZOLT20MappingCtrl) + L"\\" + LibraryVersion();
   writer.Write(key, L"ZOLT20MappingCtrl");
   writer.Write(key + L"\\0\\win64", path);
   writer.Write(key + L"\\FLAGS", L"0");
@@ -81,7 +89,8 @@ HRESULT RegisterUnder(HKEY root, const std::wstring& path) {
   writer.Write(classKey + L"\\ProgID", kCurrentVersion);
   writer.Write(classKey + L"\\VersionIndependentProgID", kProgId);
   writer.Write(classKey + L"\\TypeLib", Text(LIBID_ZOLT20MappingCtrl));
-  writer.Write(classKey + L"\\Version", L"1.0");
+  writer.Write(classKey + L"\\Version",
+               std::to_wstring(ZOLT20_MAJOR) + L"." + std::to_wstring(ZOLT20_MINOR));
   writer.Write(classKey + L"\\Control", L"");
   writer.Write(classKey + L"\\Programmable", L"");
   writer.Write(classKey + L"\\MiscStatus", L"0");

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <ole2.h>
 
+#include <fstream>
 #include <set>
 #include <string>
 #include <vector>
@@ -139,6 +140,22 @@ class WithoutRights {
   PSID everyone_ = nullptr;
 };
 
+// What the file VERSION tells: three numbers with points between.
+struct Version {
+  Version() {
+    char point = 0;
+    std::ifstream(ZOLT20_VERSION_FILE) >> major >> point >> minor >> point >> patch;
+  }
+  std::wstring OfTheLibrary() const {
+    return std::to_wstring(major) + L"." + std::to_wstring(minor);
+  }
+  std::wstring Text() const { return OfTheLibrary() + L"." + std::to_wstring(patch); }
+
+  WORD major = 0;
+  WORD minor = 0;
+  WORD patch = 0;
+};
+
 class RegistrationTest : public testing::Test {
  protected:
   ~RegistrationTest() override { Regsvr32(L"/u"); }
@@ -198,13 +215,46 @@ TEST_F(RegistrationTest, TheRegistryNamesWhatContainersLookFor) {
   const std::wstring key = std::wstring(kClasses) + L"\\CLSID\\" + text;
   CoTaskMemFree(text);
   const std::set<std::wstring> registered = ClassesOf(HKEY_LOCAL_MACHINE);
+  const std::wstring version = L"\\Version [] = " + Version().OfTheLibrary();
   for (const wchar_t* line :
        {L"\\Control", L"\\InprocServer32 [ThreadingModel] = Apartment",
-        L"\\VersionIndependentProgID [] = ZOLT20MappingCtrl.ZOLT20MapControl",
-        L"\\Version [] = 1.0", L"\\MiscStatus\\1", L"\\ToolboxBitmap32",
+        L"\\VersionIndependentProgID [] = ZOLT20MappingCtrl.ZOLT20MapControl", version.c_str(),
+        L"\\MiscStatus\\1", L"\\ToolboxBitmap32",
         L"\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}"}) {
     EXPECT_EQ(registered.count(Small(key + line)), 1U) << std::string(line, line + wcslen(line));
   }
+}
+
+TEST_F(RegistrationTest, FileAndTypeLibraryHaveTheVersionOfTheProject) {
+  const Version version;
+  const std::wstring server = Server();
+  std::vector<BYTE> resource(GetFileVersionInfoSizeW(server.c_str(), nullptr));
+  ASSERT_TRUE(
+      GetFileVersionInfoW(server.c_str(), 0, static_cast<DWORD>(resource.size()), resource.data()));
+  void* found = nullptr;
+  UINT size = 0;
+  ASSERT_TRUE(VerQueryValueW(resource.data(), L"\\", &found, &size));
+  const auto& numbers = *static_cast<VS_FIXEDFILEINFO*>(found);
+  EXPECT_EQ(numbers.dwFileVersionMS, static_cast<DWORD>(MAKELONG(version.minor, version.major)));
+  EXPECT_EQ(numbers.dwFileVersionLS, static_cast<DWORD>(MAKELONG(0, version.patch)));
+  EXPECT_EQ(numbers.dwProductVersionMS, numbers.dwFileVersionMS);
+  EXPECT_EQ(numbers.dwProductVersionLS, numbers.dwFileVersionLS);
+  for (const wchar_t* name : {L"FileVersion", L"ProductVersion"}) {
+    const std::wstring path = std::wstring(L"\\StringFileInfo\\040904B0\\") + name;
+    ASSERT_TRUE(VerQueryValueW(resource.data(), path.c_str(), &found, &size)) << size;
+    EXPECT_EQ(std::wstring(static_cast<wchar_t*>(found)), version.Text() + L".0");
+  }
+
+  EXPECT_EQ(Regsvr32(L""), 0U);
+  ITypeLib* library = nullptr;
+  ASSERT_EQ(LoadRegTypeLib(LIBID_ZOLT20MappingCtrl, version.major, version.minor, 0, &library),
+            S_OK);
+  TLIBATTR* attributes = nullptr;
+  ASSERT_EQ(library->GetLibAttr(&attributes), S_OK);
+  EXPECT_EQ(attributes->wMajorVerNum, version.major);
+  EXPECT_EQ(attributes->wMinorVerNum, version.minor);
+  library->ReleaseTLibAttr(attributes);
+  library->Release();
 }
 
 }  // namespace

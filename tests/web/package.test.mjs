@@ -66,6 +66,7 @@ describe('the package', () => {
     assert.ok(named.length > 10);
     for (const file of named) assert.ok(existsSync(inPackage(file)), `${file} is not there`);
     assert.equal(list.name, 'zolt20-map-control');
+    assert.equal(list.version, readFileSync(path.join(kRoot, 'VERSION'), 'utf8').trim());
     assert.equal(list.type, 'module');
     assert.equal(list.dependencies, undefined);
     for (const file of ['zolt20-map-control.js', 'zolt20-map-control.classic.js']) {
