@@ -84,10 +84,12 @@ build_packages=(ccache g++ cmake ninja-build nlohmann-json3-dev libgtest-dev qt6
 font_packages=(fonts-dejavu-core fonts-liberation fonts-noto-core)
 test_packages=(xvfb xauth "${font_packages[@]}")
 
-# What the Windows control and its tests take: compilers, the system by Wine with what type libraries are made of, a container of
-# controls in source, letters.
-windows_packages=(ccache cmake ninja-build nlohmann-json3-dev googletest g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64
-  libwine-dev xvfb xauth fp-compiler fp-utils fpc-source lazarus-src "${font_packages[@]}")
+# What building the Windows control takes: compilers, and what type libraries are made of.
+windows_build_packages=(ccache cmake ninja-build g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev)
+
+# That, and what its tests take: the system by Wine, a container of controls in source, letters.
+windows_packages=("${windows_build_packages[@]}" nlohmann-json3-dev googletest wine wine64 xvfb xauth fp-compiler fp-utils fpc-source
+  lazarus-src "${font_packages[@]}")
 
 # What building the browser element and serving its page take. A node of version 18 or later will do, wherever it comes from.
 node_packages=()
@@ -98,6 +100,9 @@ web_build_packages=(ccache cmake ninja-build emscripten esbuild "${node_packages
 npm_packages=()
 command -v npm >/dev/null || npm_packages=(npm)
 web_test_packages=(chromium "${font_packages[@]}" "${npm_packages[@]}")
+
+# What ./release takes beside all that builds: the plugin for Qt Designer, and what makes archives.
+release_packages=(qt6-tools-dev git dpkg-dev file zip "${npm_packages[@]}")
 
 # Object files come from the compiler cache where the same source was compiled before, in whatever folder. The cache lives in the
 # home folder (ccache -s tells of it); CCACHE_DISABLE=1 does without.
