@@ -73,7 +73,6 @@ if [ -e /etc/ssl/certs/ca-certificates.crt ]; then
   done
 fi
 
-mount --make-rprivate /
 mount -t proc proc "$bare/proc"
 mount -t sysfs -o ro sysfs "$bare/sys"
 mount --bind /dev "$bare/dev"

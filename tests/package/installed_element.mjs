@@ -10,7 +10,8 @@ import {fileURLToPath, pathToFileURL} from 'node:url';
 const {chromium} = createRequire(path.resolve(process.argv[2]))('playwright-core');
 const here = path.dirname(fileURLToPath(import.meta.url));
 
-assert.deepEqual(Object.keys(await import('zolt20-map-control')).sort(), ['ZOLT20Error', 'ZOLT20MapControlElement']);
+const exported = Object.keys(await import('zolt20-map-control')).sort();
+assert.deepEqual(exported, ['ZOLT20Error', 'ZOLT20MapControlElement']);
 
 const page = path.join(here, 'page.html');
 const script = createRequire(import.meta.url).resolve('zolt20-map-control/classic');
