@@ -1,4 +1,5 @@
-# The package for Debian: what is installed, for those who build programs with it. ./release makes it, by the preset "package".
+# The package for Debian: what is installed, for those who build programs with it. ./release makes it, by the
+# preset "package". CPack gives all of it the time in SOURCE_DATE_EPOCH.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME libzolt20-dev)
 set(CPACK_PACKAGE_VENDOR "")
@@ -23,6 +24,4 @@ set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-base-dev, libstdc++-12-dev | libstdc++-dev")
 # What the plugin needs at run time.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Every file gets the time of the commit.
-set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/set_times.cmake)
 include(CPack)
