@@ -107,6 +107,7 @@ while read -r name; do
   grep -qiF "$name" "$work/classes.txt" || fail "$name of REGISTERING.txt is not in the registry"
 done <<<"$names"
 in_wine cscript //nologo "Z:$root/tests/com/client.js"
+[ "$(tr -d '\r' <"$work/last.log")" = "0 failures" ] || fail "the script client did not come to its end: $(<"$work/last.log")"
 # The notes' own first try.
 sed -n 's/\r$//; /ActiveXObject/,/Echo/p' "$notes" >"$work/try.js"
 in_wine cscript //nologo "Z:$work/try.js"
