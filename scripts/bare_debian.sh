@@ -33,6 +33,7 @@ made=$bare/var/lib/made-by-bare-debian
 [ -e "$made" ] || [ -z "$(ls -A "$bare")" ] || fail "$bare is neither empty nor made by this script"
 
 # The machine's sources of Debian itself, whatever others it has.
+# shellcheck disable=SC2016  # apt takes these words as they stand
 sources=$(apt-get indextargets --format 'deb $(SITE) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian' |
   grep -E ' bookworm(-updates|-security)? ' | sort -u)
 mirror=$(awk '$3 == "bookworm" && $4 == "main" {print $2; exit}' <<<"$sources")
@@ -95,5 +96,6 @@ git -C "$bare$clone" checkout --quiet --detach "$(git -C "$repository" rev-parse
 echo "In $bare, at commit $(git -C "$repository" rev-parse --short HEAD): $*" >&2
 # Not by exec: this shell is the first process of the namespace, and takes the others along.
 status=0
+# shellcheck disable=SC2016  # for the shell inside
 env -i "${environment[@]}" chroot "$bare" /bin/bash -c 'cd "$0" && exec "$@"' "$clone" "$@" || status=$?
 exit "$status"

@@ -15,7 +15,10 @@ assert.deepEqual(exported, ['ZOLT20Error', 'ZOLT20MapControlElement']);
 
 const page = path.join(here, 'page.html');
 const script = createRequire(import.meta.url).resolve('zolt20-map-control/classic');
-writeFileSync(page, `<script src="${pathToFileURL(script)}"></script><zolt20-map-control></zolt20-map-control>`);
+writeFileSync(
+  page,
+  `<script src="${pathToFileURL(script)}"></script><zolt20-map-control></zolt20-map-control>`,
+);
 const browser = await chromium.launch({
   executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
   args: ['--no-sandbox'],
