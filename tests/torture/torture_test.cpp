@@ -317,7 +317,6 @@ class TortureTest : public ::testing::Test {
     const ControlSnapshot before = subject_->control.Save();
     for (const What what : {What::kAllocation, What::kHostCall}) {
       for (int n = 1;; ++n) {
-        if (IsLeftOut(what, n)) continue;
         const long live = LiveAllocations();
         Trial trial = Try(step, before, answers_, what, n);
         ++trials_;
@@ -357,17 +356,6 @@ class TortureTest : public ::testing::Test {
   int Failures() const { return failures_; }
 
  private:
-  // The sanitizers take their time: there every third of the allocations of a step fails.
-  static bool IsLeftOut([[maybe_unused]] What what, [[maybe_unused]] int n) {
-#ifdef __SANITIZE_ADDRESS__
-    constexpr int kAll = 3;
-    constexpr int kEvery = 3;
-    return what == What::kAllocation && n > kAll && n % kEvery != 0;
-#else
-    return false;
-#endif
-  }
-
   void Complain(const Step& step, What what, int n, const std::string& wrong) {
     constexpr std::size_t kMost = 60;
     if (complaints_.size() >= kMost || !complained_.insert(step.name + wrong).second) return;
