@@ -3,6 +3,7 @@
 # another folder, which must give the same file bit for bit. Takes a build by the preset "windows".
 set -euo pipefail
 cd "$(dirname "$0")/.."
+source scripts/packages.sh
 made=build/windows/faces/com/made
 
 compile_header() {
@@ -20,16 +21,17 @@ git ls-files -co --exclude-standard 'faces/com/*.h' 'tests/com/*.h' |
 # are pointers by another name, and messages carry pointers as numbers.
 standard=$(echo /usr/lib/gcc/x86_64-w64-mingw32/*-posix/include/c++)
 git ls-files -co --exclude-standard 'faces/com/*.cpp' |
-  xargs -P "$(nproc)" -n 2 clang-tidy-14 -p build/windows --quiet --warnings-as-errors='*' \
+  xargs scripts/tidy.py -p build/windows \
     --checks=-bugprone-forward-declaration-namespace,-misc-misplaced-const,-performance-no-int-to-ptr --extra-arg-before=--target=x86_64-w64-mingw32 \
     --extra-arg=-isystem"$standard" --extra-arg=-isystem"$standard/x86_64-w64-mingw32" --extra-arg=-Wno-unknown-warning-option
 
 again=$(mktemp -d)
 trap 'rm -rf "$again"' EXIT
 git ls-files -co --exclude-standard -z | xargs -0 cp --parents -t "$again"
+# Object files of the second build have a cache of their own, so each was compiled twice.
 (
   cd "$again"
-  CCACHE_DISABLE=1 cmake --preset windows -Wno-dev --log-level=WARNING >/dev/null
-  CCACHE_DISABLE=1 cmake --build --preset windows --target zolt20_com -- --quiet
+  export CCACHE_NAMESPACE=second
+  configure_and_build windows zolt20_com
 )
 cmp build/windows/faces/com/ZOLT20MappingCtrl.ocx "$again/build/windows/faces/com/ZOLT20MappingCtrl.ocx"
