@@ -48,6 +48,7 @@ struct Move {
   std::string control;
   int number = 0;  // a row, a page, a code, a scroll value
   String text;
+  std::optional<TextMark> mark = {};  // of a key
 };
 
 using Step = std::variant<HostCall, Move>;
@@ -106,8 +107,11 @@ Json ToJson(const Move& move) {
       return {{"user", "pick"}, {"control", move.control}, {"row", move.number}};
     case Gesture::kType:
       return {{"user", "type"}, {"control", move.control}, {"text", ToJsonText(move.text)}};
-    case Gesture::kKey:
-      return {{"user", "key"}, {"control", move.control}, {"code", move.number}};
+    case Gesture::kKey: {
+      Json key = {{"user", "key"}, {"control", move.control}, {"code", move.number}};
+      if (move.mark) key.update({{"from", move.mark->from}, {"to", move.mark->to}});
+      return key;
+    }
     case Gesture::kTab:
       return {{"user", "tab"}, {"page", move.number}};
     case Gesture::kScroll:
@@ -246,6 +250,7 @@ class Session final : private ControlHost {
   void ClickSomeRow(const ListBox& list);
   void PickSome(const ComboBox& combo);
   void TypeSome(std::string_view box);
+  void KeyIn(const TextBox& box, int code);
   void Tab(int page) { User(Gesture::kTab, "tabVrn", page); }
 
   // Choosing steps.
@@ -419,7 +424,7 @@ Outcome Session::Carry(const Move& move) {
     case Gesture::kType:
       return control_->UserType(*control, move.text);
     case Gesture::kKey:
-      return control_->UserKey(*control, move.number);
+      return control_->UserKey(*control, move.number, move.mark);
     case Gesture::kScroll:
       return control_->UserScroll(*control, move.number);
     case Gesture::kTab:
@@ -463,6 +468,17 @@ void Session::PickSome(const ComboBox& combo) {
 
 void Session::TypeSome(std::string_view box) {
   User(Gesture::kType, box, 0, TakeText(choices_, Form()));
+}
+
+// A key at the caret, or where some characters or none are marked; now and then beyond the text.
+void Session::KeyIn(const TextBox& box, int code) {
+  Move key{Gesture::kKey, std::string(box.name()), code, {}};
+  if (choices_.Once(2)) {
+    const int length = static_cast<int>(box.Text().size());
+    const int from = choices_.Below(length + 1);
+    key.mark = {from, from + choices_.Below(length - from + 2)};
+  }
+  Make(key);
 }
 
 void Session::TakeStep() {
@@ -592,7 +608,7 @@ void Session::TakeLikelyGesture() {
       return PickSome(combo);
     }
     case Kind::TextBox:
-      if (choices_.Once(4)) return User(Gesture::kKey, control.name(), choices_.Byte());
+      if (choices_.Once(4)) return KeyIn(static_cast<const TextBox&>(control), choices_.Byte());
       if (choices_.Once(4)) return User(Gesture::kFocus, control.name());
       return TypeSome(control.name());
     case Kind::SyntaxTextBox:
@@ -664,7 +680,7 @@ void Session::OrderRows() {
   if (shape % 2 == 1) ClickSomeRow(Form().lstorderbyasc);
   if (shape / 2 % 2 == 1) ClickSomeRow(Form().lstorderbydesc);
   for (int i = 0; i < shape / 4 % 4; ++i)
-    User(Gesture::kKey, "txtAsSet", choices_.Once(3) ? choices_.Byte() : u'0' + i);
+    KeyIn(Form().txtAsSet, choices_.Once(3) ? choices_.Byte() : u'0' + i);
 }
 
 // A request from pages 2 to 6, most often with an answer for the page.

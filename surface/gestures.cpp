@@ -1,4 +1,5 @@
 // What a person does to the form, in the order: offered, row there, shown, enabled, focus, action.
+#include <algorithm>
 #include <utility>
 
 #include "surface/surface.h"
@@ -94,11 +95,14 @@ Outcome Surface::UserType(const Control& box, StringView text) {
   return Outcome::kDone;
 }
 
-Outcome Surface::UserKey(const Control& box, Integer code) {
+Outcome Surface::UserKey(const Control& box, Integer code, std::optional<TextMark> mark) {
   if (!Offers(box, Gesture::kKey)) return Outcome::kNotOffered;
-  if (const Outcome refusal = Refusal(box); refusal != Outcome::kDone) return refusal;
   auto& own = static_cast<TextBox&>(Own(box));
-  if (TakesGesture(own)) PressKey(own, code);
+  const int length = static_cast<int>(own.Text().size());
+  if (mark && (mark->from < 0 || mark->to < mark->from || mark->to > length))
+    return Outcome::kNoSuchMark;
+  if (const Outcome refusal = Refusal(box); refusal != Outcome::kDone) return refusal;
+  if (TakesGesture(own)) PressKey(own, code, mark);
   return Outcome::kDone;
 }
 
@@ -134,18 +138,23 @@ bool Surface::TakesGesture(Control& control) {
   return control.Enabled() && control.Shown();
 }
 
-void Surface::PressKey(TextBox& box, Integer code) {
+void Surface::PressKey(TextBox& box, Integer code, const std::optional<TextMark>& mark) {
   constexpr int kBackspace = 8;
   constexpr int kFirstCharacter = 32;
   OnKeyPress(box, code);
   String text = box.Text();
-  int caret = box.SelStart();
-  if (code >= kFirstCharacter) {
-    text.insert(static_cast<std::size_t>(caret), 1, static_cast<char16_t>(code.value()));
-    ++caret;
-  } else if (code == kBackspace && caret > 0) {
-    --caret;
-    text.erase(static_cast<std::size_t>(caret), 1);
+  // A handler may have made the text shorter.
+  const int length = static_cast<int>(text.size());
+  int from = mark ? std::min(mark->from, length) : box.SelStart();
+  const int to = mark ? std::min(mark->to, length) : from;
+  const bool isCharacter = code >= kFirstCharacter;
+  if (code == kBackspace && from == to && from > 0) --from;
+  int caret = from;
+  if (isCharacter || code == kBackspace) {
+    const auto count = static_cast<std::size_t>(to - from);
+    const auto character = static_cast<char16_t>(code.value());
+    text.replace(static_cast<std::size_t>(from), count, isCharacter ? 1 : 0, character);
+    if (isCharacter) ++caret;
   }
   box.Enter(std::move(text), caret);
 }

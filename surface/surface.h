@@ -13,6 +13,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -49,7 +50,15 @@ enum class Outcome {
   kNotEnabled,
   kNotOffered,  ///< the kind of control does not have the gesture
   kNoSuchRow,
-  kOutside,  ///< a scroll value outside 0 to Max
+  kNoSuchMark,  ///< a mark that does not lie within the text
+  kOutside,     ///< a scroll value outside 0 to Max
+};
+
+/// Marked characters of a text: those from place `from` on and before place `to`, counted from 0 in
+/// 16-bit units. With `to` the same as `from` none is marked, and the caret is there.
+struct TextMark {
+  int from = 0;
+  int to = 0;
 };
 
 /// The whole state of a surface as a value: every control, the loaded elements, the focus, the tab
@@ -124,9 +133,13 @@ class Surface {
   Outcome UserPick(const Control& combo, int row);
   /// Replaces the whole text of a text box, a syntax text box or an editable combo.
   Outcome UserType(const Control& box, StringView text);
-  /// A key in a text box, by its character code: 32 and above goes in at the caret, 8 takes out the
-  /// character before it.
-  Outcome UserKey(const Control& box, Integer code);
+  /// A key in a text box, by its character code. KeyPress runs while the text stands as it was, and
+  /// may replace the code. Then a code of 32 or above takes the place of the marked characters, and
+  /// 8 takes them out; with none marked they go in at the caret, and take out the character before
+  /// it. Any other code does nothing. Then SelStart is behind the character that came, where the
+  /// characters went, or at the start of the mark; Change runs if the text differs. Without a mark
+  /// the caret is at SelStart.
+  Outcome UserKey(const Control& box, Integer code, std::optional<TextMark> mark = {});
   /// A page of the tab strip. Raises `value` outside 0 to 6, when the strip has the focus already.
   Outcome UserTab(Integer page);
   /// A value of the scroll bar.
@@ -183,7 +196,7 @@ class Surface {
   Control& Own(const Control& control) const;
   static Outcome Refusal(const Control& control);
   bool TakesGesture(Control& control);
-  void PressKey(TextBox& box, Integer code);
+  void PressKey(TextBox& box, Integer code, const std::optional<TextMark>& mark);
 
   // Notices.
   template <typename Tell>

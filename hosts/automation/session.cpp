@@ -92,6 +92,19 @@ int NeededWhole(const Json& request, const char* key) {
   return WholeNumber(value);
 }
 
+// The marked characters, or the caret, of a key.
+std::optional<TextMark> MarkOf(const Json& request) {
+  const bool isMarked = request.contains("to");
+  if (!request.contains("from")) {
+    if (isMarked) throw BadRequest("a mark that has \"to\" has \"from\"");
+    return std::nullopt;
+  }
+  const int from = NeededWhole(request, "from");
+  const int to = isMarked ? NeededWhole(request, "to") : from;
+  if (from < 0 || to < from) throw BadRequest(NeededText(request, "control") + " has no such mark");
+  return TextMark{from, to};
+}
+
 bool IsInteger(int number) {
   return number >= Integer::kLeast && number <= Integer::kGreatest;
 }
@@ -464,9 +477,12 @@ void Session::MakeGesture(const Json& request) {
     outcome = control_->UserType(*control, FromJsonText(text));
   } else if (gesture == "key") {
     const int code = NeededWhole(request, "code");
+    const std::optional<TextMark> mark = MarkOf(request);
     need(Gesture::kKey);
+    if (mark && mark->to > static_cast<int>(static_cast<const TextBox*>(control)->Text().size()))
+      throw BadRequest(name + " has no such mark");
     if (!IsInteger(code)) Raise(ErrorKind::kOverflow);
-    outcome = control_->UserKey(*control, code);
+    outcome = control_->UserKey(*control, code, mark);
   } else if (gesture == "focus") {
     need(Gesture::kFocus);
     outcome = control_->UserFocus(*control);
@@ -489,6 +505,8 @@ void Session::MakeGesture(const Json& request) {
       throw Refused(name + " does not go that far");
     case Outcome::kNoSuchRow:
       throw BadRequest(name + " has no row " + Quoted(request["row"]));
+    case Outcome::kNoSuchMark:
+      throw BadRequest(name + " has no such mark");
     case Outcome::kNotOffered:
       throw BadRequest(name + " can't be made to " + gesture);
   }

@@ -144,6 +144,15 @@ TEST_F(AutomationTest, ALineThatIsNoRequestChangesNothing) {
       R"j({"user":"key","control":"cboWhereFields1","code":53})j",
       R"j({"user":"key","control":"txtAsSet","code":"5"})j",
       R"j({"user":"key","control":"txtAsSet"})j",
+      R"j({"user":"key","control":"txtAsSet","code":53,"from":-1})j",
+      R"j({"user":"key","control":"txtAsSet","code":53,"from":1})j",
+      R"j({"user":"key","control":"txtAsSet","code":53,"from":0,"to":1})j",
+      R"j({"user":"key","control":"txtAsSet","code":53,"from":1,"to":0})j",
+      R"j({"user":"key","control":"txtAsSet","code":53,"to":0})j",
+      R"j({"user":"key","control":"txtAsSet","code":53,"from":"0"})j",
+      R"j({"user":"key","control":"txtAsSet","code":53,"from":null})j",
+      R"j({"user":"key","control":"txtAsSet","code":53,"from":0,"to":0.5})j",
+      R"j({"user":"key","control":"txtAsSet","code":53,"from":0,"to":99999999999})j",
       R"j({"user":"focus","control":"Label1"})j",
       R"j({"user":"focus","control":"fraSelect"})j",
       R"j({"user":"focus","control":"Shape1"})j",
@@ -202,12 +211,32 @@ TEST_F(AutomationTest, TheChecksComeInTheirOrder) {
   ExpectNoRequest(R"j({"user":"key","control":"nothing","code":99999})j");
   ExpectNoRequest(R"j({"user":"key","control":"lstFields","code":99999})j");
   ExpectError(R"j({"user":"key","control":"txtAsSet","code":99999})j", "overflow", 6);
+  ExpectNoRequest(R"j({"user":"key","control":"txtAsSet","code":99999,"from":0,"to":1})j");
+  ExpectError(R"j({"user":"key","control":"txtAsSet","code":99999,"from":0})j", "overflow", 6);
   ExpectRefused(R"j({"user":"key","control":"txtAsSet","code":53})j");
+  ExpectRefused(R"j({"user":"key","control":"txtAsSet","code":53,"from":0,"to":0})j");
   ExpectNoRequest(R"j({"user":"click","control":"lstorderbyasc","row":0})j");
   ExpectRefused(R"j({"user":"pick","control":"cboOper","row":0})j");
   ExpectRefused(R"j({"user":"scroll","control":"VscrCase","value":99999})j");
   ExpectError(R"j({"user":"tab","page":7})j", "value", 380);
   EXPECT_EQ(Dump()["focus"], "tabVrn");
+}
+
+TEST_F(AutomationTest, AKeyTakesThePlaceOfTheMarkOrGoesInAtTheCaret) {
+  Send(R"j({"user":"tab","page":1})j");
+  Send(R"j({"user":"type","control":"txtAsSet","text":"12345"})j");
+  const auto expect = [&](const std::string& key, const char* text, int caret) {
+    ExpectOk(R"j({"user":"key","control":"txtAsSet",)j" + key + "}");
+    const Json box = Dump()["controls"]["txtAsSet"];
+    EXPECT_EQ(box["Text"], text) << key;
+    EXPECT_EQ(box["SelStart"], caret) << key;
+  };
+  expect(R"("code":57,"from":1,"to":3)", "1945", 2);
+  expect(R"("code":48,"from":0)", "01945", 1);
+  expect(R"("code":120,"from":0,"to":5)", "01945", 0);
+  expect(R"("code":8,"from":3,"to":5.0)", "019", 3);
+  expect(R"("code":8,"from":2)", "09", 1);
+  expect(R"("code":49)", "019", 2);
 }
 
 TEST_F(AutomationTest, AGestureOnWhatIsNotShownOrNotEnabledIsRefused) {

@@ -1,5 +1,6 @@
 #include "tests/support/direct_road.h"
 
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -120,8 +121,10 @@ DirectCall GestureCall(const Json& request) {
     });
   }
   if (verb == "key") {
-    return OnControl(request, [code = number("code")](Map& control, const Control& box) {
-      return control.UserKey(box, code);
+    std::optional<TextMark> mark;
+    if (request.contains("from")) mark = {number("from"), request.value("to", number("from"))};
+    return OnControl(request, [code = number("code"), mark](Map& control, const Control& box) {
+      return control.UserKey(box, code, mark);
     });
   }
   if (verb == "focus") {
@@ -167,6 +170,8 @@ void TellOutcome(const Json& request, Outcome outcome, Json& reply) {
       return refused(" does not go that far");
     case Outcome::kNoSuchRow:
       return wrong(" has no row " + request["row"].dump());
+    case Outcome::kNoSuchMark:
+      return wrong(" has no such mark");
     case Outcome::kNotOffered:
       return wrong(" can't be made to " + request["user"].get<std::string>());
   }

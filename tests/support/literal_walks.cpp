@@ -624,20 +624,25 @@ void LiteralForm::Type(const std::string& name, const String& text) {
   if (differs && name == "txtwhereCondition") EnableAddWhereQuery(false);
 }
 
-void LiteralForm::Key(const std::string& name, int code) {
+void LiteralForm::Key(const std::string& name, int code, const std::optional<TextMark>& mark) {
   Box& box = boxes.at(name);
   if (name == "txtAsSet") {
     if ((code < 48 || code > 57) && code != 8) code = 1;
     EnableAddWhereQuery(false);
   }
   const String before = box.text;
-  const auto caret = static_cast<std::size_t>(box.caret);
+  const auto from = static_cast<std::size_t>(mark ? mark->from : box.caret);
+  const auto to = static_cast<std::size_t>(mark ? mark->to : box.caret);
+  const String left = before.substr(0, from);
+  const String right = before.substr(to);
   if (code >= 32) {
-    box.text.insert(caret, 1, static_cast<char16_t>(code));
-    ++box.caret;
-  } else if (code == 8 && caret > 0) {
-    box.text.erase(caret - 1, 1);
-    --box.caret;
+    box = {left + static_cast<char16_t>(code) + right, static_cast<int>(from) + 1};
+  } else if (code == 8 && from == to && from > 0) {
+    box = {before.substr(0, from - 1) + right, static_cast<int>(from) - 1};
+  } else if (code == 8) {
+    box = {left + right, static_cast<int>(from)};
+  } else {
+    box.caret = static_cast<int>(from);
   }
   if (name == "txtwhereCondition" && box.text != before) EnableAddWhereQuery(false);
 }

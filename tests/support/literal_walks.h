@@ -73,7 +73,7 @@ class LiteralForm {
   void DoubleClickRow(const std::string& list, int row);
   void Pick(const std::string& combo, int row);
   void Type(const std::string& box, const String& text);
-  void Key(const std::string& box, int code);
+  void Key(const std::string& box, int code, const std::optional<TextMark>& mark);
   void Tab(int page);
 
  private:

@@ -229,6 +229,16 @@ void SessionMaker::ComposeACondition() {
   Do(Click("cmdAddWhereQuery"));
 }
 
+// At the caret, or where some characters or none are marked; now and then the mark is none.
+Json SessionMaker::KeyInto(const TextBox& box) {
+  Json key{{"user", "key"}, {"control", box.name()}, {"code", OneIn(3) ? 8 : 32 + Any(300)}};
+  if (OneIn(3)) return key;
+  const int from = Any(static_cast<int>(box.Text().size()) + 1) - (OneIn(20) ? 1 : 0);
+  key["from"] = from;
+  if (OneIn(2)) key["to"] = from + Any(4) - (OneIn(20) ? 1 : 0);
+  return key;
+}
+
 void SessionMaker::OrderAndLimit() {
   Do(Tab(1));
   for (int i = 0; i < 1 + Any(3); ++i)
@@ -417,7 +427,7 @@ Json SessionMaker::AnythingAtAll(const Surface& form) {
     case Kind::SyntaxTextBox:
     case Kind::TextBox:
       if (!isAPerson && control.kind() == Kind::TextBox && OneIn(2))
-        return {{"user", "key"}, {"control", name}, {"code", OneIn(3) ? 8 : 32 + Any(300)}};
+        return KeyInto(static_cast<const TextBox&>(control));
       return TypeInto(name, Value());
     case Kind::ListBox: {
       const auto& list = static_cast<const ListBox&>(control);

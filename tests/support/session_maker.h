@@ -63,6 +63,7 @@ class SessionMaker {
   void BringPartsBack();
   void ReadAndWriteProperties();
   void SaveAndReopen();
+  Json KeyInto(const TextBox& box);
   Json AnythingAtAll(const Surface& form);
 
   bool IsPossible(const Json& request, const Surface& form) const;

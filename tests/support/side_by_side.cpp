@@ -338,10 +338,19 @@ void SideBySide::Type(const std::string& box, const std::string& text) {
 }
 
 void SideBySide::Key(const std::string& box, int code) {
+  std::string step = "key " + std::to_string(code) + " in " + box;
+  std::optional<TextMark> mark;
+  if (!OneIn(3)) {
+    const auto& text = dynamic_cast<const TextBox&>(*control_->Form().Find(box)).Text();
+    const int length = static_cast<int>(text.size());
+    const int from = Below(length + 1);
+    mark = {from, OneIn(2) ? from : from + Below(length - from + 1)};
+    step += " at " + std::to_string(from) + " to " + std::to_string(mark->to);
+  }
   Gesture(
-      "key " + std::to_string(code) + " in " + box, box,
-      [&](ZOLT20MapControl& form, const Control& on) { return form.UserKey(on, code); },
-      [&](LiteralForm& form) { form.Key(box, code); });
+      step, box,
+      [&](ZOLT20MapControl& form, const Control& on) { return form.UserKey(on, code, mark); },
+      [&](LiteralForm& form) { form.Key(box, code, mark); });
 }
 
 void SideBySide::LoadCaseRow() {

@@ -509,6 +509,95 @@ TEST_F(KeyTest, AfterAWriteFromCodeTheKeyGoesInAtTheStart) {
   Events();
 }
 
+TEST_F(KeyTest, ACharacterTakesThePlaceOfTheMark) {
+  form.UserKey(box, 'x', TextMark{0, 2});
+  EXPECT_EQ(box.Text(), u"xc");
+  EXPECT_EQ(box.SelStart(), 1);
+  EXPECT_EQ(Events(), (Texts{"KeyPress txtAsSet 120", "Change txtAsSet"}));
+}
+
+TEST_F(KeyTest, ACharacterGoesInWhereTheMarkIsEmptyWhereverTheCaretWas) {
+  form.UserKey(box, 'x', TextMark{3, 3});
+  EXPECT_EQ(box.Text(), u"abcx");
+  EXPECT_EQ(box.SelStart(), 4);
+  form.UserKey(box, 'y', TextMark{0, 0});
+  EXPECT_EQ(box.Text(), u"yabcx");
+  EXPECT_EQ(box.SelStart(), 1);
+  Events();
+}
+
+TEST_F(KeyTest, TheBackspaceTakesOutTheMarkAndNoMore) {
+  form.UserKey(box, 8, TextMark{1, 3});
+  EXPECT_EQ(box.Text(), u"a");
+  EXPECT_EQ(box.SelStart(), 1);
+  EXPECT_EQ(Events(), (Texts{"KeyPress txtAsSet 8", "Change txtAsSet"}));
+}
+
+TEST_F(KeyTest, TheBackspaceBehindAnEmptyMarkTakesOutOneCharacter) {
+  form.UserKey(box, 8, TextMark{3, 3});
+  EXPECT_EQ(box.Text(), u"ab");
+  EXPECT_EQ(box.SelStart(), 2);
+  form.UserKey(box, 8, TextMark{0, 0});
+  EXPECT_EQ(box.Text(), u"ab");
+  EXPECT_EQ(box.SelStart(), 0);
+  Events();
+}
+
+TEST_F(KeyTest, ADroppedKeyLeavesTheMarkedText) {
+  form.replacedCodes = {{'x', 1}};
+  form.UserKey(box, 'x', TextMark{0, 3});
+  EXPECT_EQ(box.Text(), u"abc");
+  EXPECT_EQ(box.SelStart(), 0);
+  form.UserKey(box, 13, TextMark{2, 3});
+  EXPECT_EQ(box.Text(), u"abc");
+  EXPECT_EQ(box.SelStart(), 2);
+  EXPECT_EQ(Events(), (Texts{"KeyPress txtAsSet 120", "KeyPress txtAsSet 13"}));
+}
+
+TEST_F(KeyTest, ACharacterInThePlaceOfItselfIsNoChange) {
+  form.UserKey(box, 'b', TextMark{1, 2});
+  EXPECT_EQ(box.Text(), u"abc");
+  EXPECT_EQ(box.SelStart(), 2);
+  EXPECT_EQ(Events(), Texts{"KeyPress txtAsSet 98"});
+}
+
+TEST_F(KeyTest, TheMarkedTextIsWholeWhileKeyPressRuns) {
+  String textInside;
+  When("KeyPress txtAsSet 8", [&] { textInside = box.Text(); });
+  form.UserKey(box, 8, TextMark{0, 3});
+  EXPECT_EQ(textInside, u"abc");
+  EXPECT_EQ(box.Text(), u"");
+  Events();
+}
+
+TEST_F(KeyTest, AMarkEndsWithATextThatTheHandlerMadeShorter) {
+  When("KeyPress txtAsSet 120", [&] { box.Text(u"ab"); });
+  form.UserKey(box, 'x', TextMark{1, 3});
+  EXPECT_EQ(box.Text(), u"ax");
+  When("KeyPress txtAsSet 121", [&] { box.Text(u""); });
+  form.UserKey(box, 'y', TextMark{2, 2});
+  EXPECT_EQ(box.Text(), u"y");
+  Events();
+}
+
+TEST_F(KeyTest, AMarkThatDoesNotLieWithinTheTextDoesNothing) {
+  for (const TextMark mark :
+       {TextMark{-1, 0}, TextMark{-1, -1}, TextMark{2, 1}, TextMark{0, 4}, TextMark{4, 4}}) {
+    EXPECT_EQ(form.UserKey(box, 'x', mark), Outcome::kNoSuchMark) << mark.from << " " << mark.to;
+  }
+  EXPECT_EQ(box.Text(), u"abc");
+  EXPECT_EQ(box.SelStart(), 1);
+  EXPECT_EQ(Events(), Texts{});
+}
+
+TEST_F(KeyTest, TheMarkComesBeforeWhatIsShown) {
+  box.Enabled(false);
+  EXPECT_EQ(form.UserKey(box, 'x', TextMark{0, 4}), Outcome::kNoSuchMark);
+  EXPECT_EQ(form.UserKey(box, 'x', TextMark{0, 3}), Outcome::kNotEnabled);
+  EXPECT_EQ(form.UserKey(form.TxtOutput, 'x', TextMark{0, 9}), Outcome::kNotOffered);
+  EXPECT_EQ(Events(), Texts{});
+}
+
 TEST_F(GesturesTest, TabMovesTheFocusToTheStripAndThenChangesThePage) {
   form.UserTab(3);
   EXPECT_EQ(form.tabVrn.Tab(), 3);
