@@ -9,7 +9,7 @@
 #include "faces/com/com_text.h"
 #include "faces/com/form_places.h"
 #include "faces/com/map_control.h"
-#include "faces/words/form_words.h"
+#include "faces/shared/form_words.h"
 
 namespace zolt20::com {
 

@@ -5,7 +5,7 @@
 #include <array>
 #include <map>
 
-#include "faces/places/case_places.h"
+#include "faces/shared/case_places.h"
 #include "surface/surface.h"
 
 namespace zolt20::com {

@@ -11,13 +11,13 @@
 #include <string>
 #include <utility>
 
-#include "faces/acts/act.h"
 #include "faces/com/com_text.h"
 #include "faces/com/common_controls.h"
 #include "faces/com/statement_box.h"
-#include "faces/keys/neighbours.h"
-#include "faces/texts/shown_text.h"
-#include "faces/words/form_words.h"
+#include "faces/shared/act.h"
+#include "faces/shared/form_words.h"
+#include "faces/shared/neighbours.h"
+#include "faces/shared/shown_text.h"
 
 namespace zolt20::com {
 namespace {

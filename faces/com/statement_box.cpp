@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <utility>
 
-#include "faces/colouring/statement_colours.h"
 #include "faces/com/com_text.h"
-#include "faces/texts/shown_text.h"
+#include "faces/shared/shown_text.h"
+#include "faces/shared/statement_colours.h"
 
 #ifdef __CRT_UUID_DECL
 // The headers of MinGW-w64 leave it out.

@@ -16,14 +16,14 @@
 #include <optional>
 #include <utility>
 
-#include "faces/keys/neighbours.h"
-#include "faces/places/case_places.h"
 #include "faces/qt/face_style.h"
 #include "faces/qt/form_layout.h"
 #include "faces/qt/qt_text.h"
 #include "faces/qt/rows_view.h"
 #include "faces/qt/text_boxes.h"
-#include "faces/words/form_words.h"
+#include "faces/shared/case_places.h"
+#include "faces/shared/form_words.h"
+#include "faces/shared/neighbours.h"
 
 namespace zolt20::qt {
 namespace {

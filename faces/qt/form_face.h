@@ -17,7 +17,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "faces/acts/history.h"
+#include "faces/shared/history.h"
 #include "shell/control.h"
 
 class QTabBar;

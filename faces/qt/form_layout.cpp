@@ -14,10 +14,10 @@
 #include <algorithm>
 #include <array>
 
-#include "faces/places/case_places.h"
 #include "faces/qt/form_face.h"
 #include "faces/qt/icons.h"
 #include "faces/qt/rows_view.h"
+#include "faces/shared/case_places.h"
 
 namespace zolt20::qt {
 namespace {

@@ -6,7 +6,7 @@
 #include <QTextCharFormat>
 #include <array>
 
-#include "faces/colouring/statement_colours.h"
+#include "faces/shared/statement_colours.h"
 
 namespace zolt20::qt {
 

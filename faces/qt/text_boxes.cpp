@@ -7,10 +7,10 @@
 #include <algorithm>
 #include <limits>
 
-#include "faces/acts/act.h"
 #include "faces/qt/highlighter.h"
 #include "faces/qt/qt_text.h"
-#include "faces/texts/shown_text.h"
+#include "faces/shared/act.h"
+#include "faces/shared/shown_text.h"
 
 namespace zolt20::qt {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "faces/texts/shown_text.h"
+#include "faces/shared/shown_text.h"
 
 namespace zolt20::web {
 

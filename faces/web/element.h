@@ -15,7 +15,7 @@
 #include <variant>
 #include <vector>
 
-#include "faces/acts/history.h"
+#include "faces/shared/history.h"
 #include "shell/contract.h"
 #include "shell/control.h"
 

@@ -9,12 +9,12 @@
 #include <utility>
 #include <vector>
 
-#include "faces/colouring/statement_colours.h"
-#include "faces/keys/neighbours.h"
-#include "faces/places/case_places.h"
-#include "faces/texts/shown_text.h"
+#include "faces/shared/case_places.h"
+#include "faces/shared/form_words.h"
+#include "faces/shared/neighbours.h"
+#include "faces/shared/shown_text.h"
+#include "faces/shared/statement_colours.h"
 #include "faces/web/element.h"
-#include "faces/words/form_words.h"
 
 #define ZOLT20_EXPORT(name) __attribute__((export_name(#name)))
 #define ZOLT20_IMPORT(name) __attribute__((import_module("page"), import_name(#name)))

@@ -9,7 +9,7 @@
 #include <cstring>
 #include <map>
 
-#include "faces/colouring/statement_colours.h"
+#include "faces/shared/statement_colours.h"
 #include "shell/control.h"
 #include "tests/com/com_test.h"
 #include "tests/com/message_boxes.h"

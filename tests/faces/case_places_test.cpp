@@ -1,6 +1,6 @@
 // Where the rows of an On...Case stand with letters of any size: each as tall as it has to be, none
 // over another, and as many in the frame as the form shows.
-#include "faces/places/case_places.h"
+#include "faces/shared/case_places.h"
 
 #include <string>
 #include <utility>

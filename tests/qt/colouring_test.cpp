@@ -1,5 +1,5 @@
 // The colours of statements: which words of a line have one, and how they look in a document.
-#include "faces/colouring/statement_colours.h"
+#include "faces/shared/statement_colours.h"
 
 #include <gtest/gtest.h>
 

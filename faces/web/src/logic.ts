@@ -130,7 +130,7 @@ export const enum Style {
   NoBorder = 64,
 }
 
-/** What a person does, in the order of faces/acts/act.h. */
+/** What a person does, in the order of faces/shared/act.h. */
 export const enum Gesture {
   Click,
   DoubleClick,

@@ -1,4 +1,4 @@
-#include "faces/keys/neighbours.h"
+#include "faces/shared/neighbours.h"
 
 #include <algorithm>
 #include <vector>

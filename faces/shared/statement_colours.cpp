@@ -1,4 +1,4 @@
-#include "faces/colouring/statement_colours.h"
+#include "faces/shared/statement_colours.h"
 
 #include <algorithm>
 #include <array>

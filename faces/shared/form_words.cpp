@@ -1,4 +1,4 @@
-#include "faces/words/form_words.h"
+#include "faces/shared/form_words.h"
 
 #include "surface/simple_controls.h"
 

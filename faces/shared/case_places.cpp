@@ -1,4 +1,4 @@
-#include "faces/places/case_places.h"
+#include "faces/shared/case_places.h"
 
 namespace zolt20::faces {
 namespace {

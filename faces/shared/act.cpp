@@ -1,4 +1,4 @@
-#include "faces/acts/act.h"
+#include "faces/shared/act.h"
 
 namespace zolt20::faces {
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "faces/acts/act.h"
+#include "faces/shared/act.h"
 
 namespace zolt20::faces {
 

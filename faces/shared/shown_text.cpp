@@ -1,4 +1,4 @@
-#include "faces/texts/shown_text.h"
+#include "faces/shared/shown_text.h"
 
 #include <algorithm>
 
