@@ -2,7 +2,8 @@
 """Checks which file includes which, and that the logic keeps to what all its compilers have.
 
 Arrows point one way: surface knows nobody, shell knows surface, the four feature folders know shell and surface and never each
-other; faces and hosts know the public headers of surface and shell. Exit status 1 when a file breaks a rule.
+other; faces and hosts know the public headers of surface and shell. No face knows another one, only what they share, and no two
+files include each other in a circle, across other files neither. Exit status 1 when a file breaks a rule.
 """
 import pathlib
 import re
@@ -34,11 +35,44 @@ ABSENT = [
 ]
 
 
+def circle(includes):
+    """A circle of files, each of which includes the next; None when there is none.
+
+    includes: for each file the files of the project that it includes.
+    """
+    done = set()
+    for start in sorted(includes):
+        way = []
+        open_ends = [(start, iter(includes[start]))]
+        while open_ends:
+            name, rest = open_ends[-1]
+            if len(way) < len(open_ends):
+                way.append(name)
+            following = next(rest, None)
+            if following is None:
+                done.add(name)
+                open_ends.pop()
+                way.pop()
+            elif following in way:
+                return way[way.index(following):] + [following]
+            elif following not in done and following in includes:
+                open_ends.append((following, iter(includes[following])))
+    return None
+
+
+def face_of(name):
+    """The face that a file belongs to; None for what the faces share and for all else."""
+    parts = name.split('/')
+    return parts[1] if parts[0] == 'faces' and len(parts) > 2 and parts[1] != 'shared' else None
+
+
 def main():
+    includes = {}
     files = subprocess.run(['git', 'ls-files', '-co', '--exclude-standard', '*.h', '*.cpp', '*.def'],
                            capture_output=True, text=True, check=True).stdout.split()
     broken = []
     for name in files:
+        includes[name] = []
         folder = name.split('/')[0]
         text = pathlib.Path(name).read_text('utf-8')
         for number, line in enumerate(text.splitlines(), 1):
@@ -48,6 +82,10 @@ def main():
                 ours = None
             if ours and folder in MAY_INCLUDE and ours.group(1).split('/')[0] not in MAY_INCLUDE[folder]:
                 broken.append('%s includes %s' % (where, ours.group(1)))
+            if ours:
+                includes[name].append(ours.group(1))
+            if ours and folder == 'faces' and face_of(ours.group(1)) not in (None, face_of(name)):
+                broken.append('%s includes %s, another face' % (where, ours.group(1)))
             if ours and not pathlib.Path(ours.group(1)).is_file():
                 broken.append('%s includes %s, which is no path from the root' % (where, ours.group(1)))
             if folder in LOGIC:
@@ -59,6 +97,9 @@ def main():
                         broken.append('%s: %s' % (where, line.strip()))
         if name.endswith('.h') and '#pragma once' not in text:
             broken.append('%s has no include guard' % name)
+    around = circle(includes)
+    if around:
+        broken.append('A circle: ' + ', which includes '.join(around))
     for complaint in broken:
         print(complaint)
     return 1 if broken else 0
