@@ -194,6 +194,7 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   const Surface& Form() const { return *this; }
   using Surface::AddObserver;
   using Surface::RemoveObserver;
+  using Surface::User;
   using Surface::UserClick;
   using Surface::UserDoubleClick;
   using Surface::UserFocus;

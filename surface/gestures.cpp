@@ -31,6 +31,31 @@ bool Surface::Offers(const Control& control, Gesture gesture) {
   return false;  // GCOVR_EXCL_LINE: there is no gesture beside those.
 }
 
+Outcome Surface::User(const UserGesture& gesture) {
+  const Control& control = *gesture.control;
+  switch (gesture.gesture) {  // GCOVR_EXCL_BR_LINE: there is no gesture beside these.
+    case Gesture::kFocus:
+      return UserFocus(control);
+    case Gesture::kClick:
+      return UserClick(control);
+    case Gesture::kClickRow:
+      return UserClick(control, gesture.number);
+    case Gesture::kDoubleClickRow:
+      return UserDoubleClick(control, gesture.number);
+    case Gesture::kPick:
+      return UserPick(control, gesture.number);
+    case Gesture::kType:
+      return UserType(control, gesture.text);
+    case Gesture::kKey:
+      return UserKey(control, gesture.number, gesture.mark);
+    case Gesture::kTab:
+      return Offers(control, Gesture::kTab) ? UserTab(gesture.number) : Outcome::kNotOffered;
+    case Gesture::kScroll:
+      return UserScroll(control, gesture.number);
+  }
+  return Outcome::kNotOffered;  // GCOVR_EXCL_LINE: there is no gesture beside those.
+}
+
 Outcome Surface::UserFocus(const Control& control) {
   if (!Offers(control, Gesture::kFocus)) return Outcome::kNotOffered;
   if (const Outcome refusal = Refusal(control); refusal != Outcome::kDone) return refusal;

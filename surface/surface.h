@@ -20,6 +20,7 @@
 
 #include "surface/control.h"
 #include "surface/control_array.h"
+#include "surface/gesture.h"
 #include "surface/list_box.h"
 #include "surface/observer.h"
 #include "surface/simple_controls.h"
@@ -29,37 +30,6 @@ namespace zolt20 {
 
 /// Whether the form itself is visible. In one that is not, no control is shown.
 enum class FormVisible { kNo, kYes };
-
-/// What a person can do to a control.
-enum class Gesture {
-  kFocus,
-  kClick,
-  kClickRow,
-  kDoubleClickRow,
-  kPick,
-  kType,
-  kKey,
-  kTab,
-  kScroll
-};
-
-/// What became of a gesture. Only kDone means that anything happened.
-enum class Outcome {
-  kDone,
-  kNotShown,
-  kNotEnabled,
-  kNotOffered,  ///< the kind of control does not have the gesture
-  kNoSuchRow,
-  kNoSuchMark,  ///< a mark that does not lie within the text
-  kOutside,     ///< a scroll value outside 0 to Max
-};
-
-/// Marked characters of a text: those from place `from` on and before place `to`, counted from 0 in
-/// 16-bit units. With `to` the same as `from` none is marked, and the caret is there.
-struct TextMark {
-  int from = 0;
-  int to = 0;
-};
 
 /// The whole state of a surface as a value: every control, the loaded elements, the focus, the tab
 /// order.
@@ -121,6 +91,10 @@ class Surface {
 
   /// Whether the kind of control has the gesture. A row gesture also needs a row that is there.
   static bool Offers(const Control& control, Gesture gesture);
+
+  /// Any gesture, as the function of its kind has it. A row, a code or a page that is not there is
+  /// what that function makes of kNone. Raises `overflow` for a code or a page outside of 16 bits.
+  Outcome User(const UserGesture& gesture);
 
   Outcome UserFocus(const Control& control);
   /// A button, or an option button.

@@ -58,6 +58,29 @@ TEST_F(GesturesTest, EveryKindHasItsGestures) {
   }
 }
 
+TEST_F(GesturesTest, AGestureAsAValueIsOfferedToTheKindThatHasIt) {
+  for (const GestureDesign& design : kGestures) {
+    const Control& control = design.gesture == Gesture::kTab
+                                 ? static_cast<const Control&>(form.cmdDone)
+                                 : form.lblResult;
+    EXPECT_EQ(form.User({design.gesture, &control, 0, u"x"}), Outcome::kNotOffered) << design.name;
+  }
+  EXPECT_EQ(form.Focused(), nullptr);
+  EXPECT_EQ(ErrorOf([this] { form.User({Gesture::kTab, &form.tabVrn, 40'000}); }), "6 overflow");
+  Page(1);
+  EXPECT_EQ(ErrorOf([this] { form.User({Gesture::kKey, &form.txtAsSet, 40'000}); }), "6 overflow");
+  EXPECT_EQ(form.User({Gesture::kKey, &form.txtAsSet, 65, u"", TextMark{1, 1}}),
+            Outcome::kNoSuchMark);
+}
+
+TEST_F(GesturesTest, EachGestureHasTheNumberOfItsPlace) {
+  int number = 0;
+  for (const GestureDesign& design : kGestures) {
+    EXPECT_EQ(static_cast<int>(design.gesture), number++);
+    EXPECT_EQ(&DesignOf(design.gesture), &design);
+  }
+}
+
 TEST_F(GesturesTest, AGestureThatTheKindDoesNotHaveIsNotOfferedAndDoesNothing) {
   EXPECT_EQ(form.UserFocus(form.lblResult), Outcome::kNotOffered);
   EXPECT_EQ(form.UserFocus(form.Shape1), Outcome::kNotOffered);
@@ -114,6 +137,42 @@ const Target kTargets[] = {
      [](BareForm& f) { return f.UserTab(4); }},
     {"scroll", 6, [](BareForm& f) -> Control& { return f.VscrCase; },
      [](BareForm& f) { return f.UserScroll(f.VscrCase, 1); }},
+    {"focus as a value", 0, [](BareForm& f) -> Control& { return f.cmdMoveOne; },
+     [](BareForm& f) {
+       return f.User({Gesture::kFocus, &f.cmdMoveOne});
+     }},
+    {"click as a value", 0, [](BareForm& f) -> Control& { return f.cmdMoveOne; },
+     [](BareForm& f) {
+       return f.User({Gesture::kClick, &f.cmdMoveOne});
+     }},
+    {"click a row as a value", 0, [](BareForm& f) -> Control& { return f.lsttables; },
+     [](BareForm& f) {
+       return f.User({Gesture::kClickRow, &f.lsttables, 1});
+     }},
+    {"double-click as a value", 0, [](BareForm& f) -> Control& { return f.lstFields; },
+     [](BareForm& f) {
+       return f.User({Gesture::kDoubleClickRow, &f.lstFields, 1});
+     }},
+    {"pick as a value", 1, [](BareForm& f) -> Control& { return f.cboOper; },
+     [](BareForm& f) {
+       return f.User({Gesture::kPick, &f.cboOper, 1});
+     }},
+    {"type as a value", 1, [](BareForm& f) -> Control& { return f.txtAsSet; },
+     [](BareForm& f) {
+       return f.User({Gesture::kType, &f.txtAsSet, -1, u"x"});
+     }},
+    {"key as a value", 1, [](BareForm& f) -> Control& { return f.txtAsSet; },
+     [](BareForm& f) {
+       return f.User({Gesture::kKey, &f.txtAsSet, 65});
+     }},
+    {"tab as a value", 0, [](BareForm& f) -> Control& { return f.tabVrn; },
+     [](BareForm& f) {
+       return f.User({Gesture::kTab, &f.tabVrn, 1});
+     }},
+    {"scroll as a value", 6, [](BareForm& f) -> Control& { return f.VscrCase; },
+     [](BareForm& f) {
+       return f.User({Gesture::kScroll, &f.VscrCase, 1});
+     }},
 };
 
 class EveryGestureTest : public GesturesTest, public ::testing::WithParamInterface<Target> {
