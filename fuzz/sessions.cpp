@@ -19,7 +19,7 @@
 
 #include "fuzz/bounds.h"
 #include "fuzz/choices.h"
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 #include "shell/contract.h"
 #include "tests/support/mirror.h"
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 
 namespace zolt20::automation {
 namespace {

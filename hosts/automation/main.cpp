@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "hosts/automation/session.h"
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "hosts/automation/dump.h"
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 
 namespace zolt20::automation {
 namespace {

@@ -4,7 +4,7 @@
 #include <QDialog>
 #include <vector>
 
-#include "hosts/catalogue/catalogue.h"
+#include "hosts/kit/catalogue.h"
 
 class QFormLayout;
 class QLabel;

@@ -19,9 +19,9 @@
 #include <algorithm>
 
 #include "faces/qt/qt_text.h"
-#include "hosts/catalogue/database.h"
 #include "hosts/composer/requests.h"
 #include "hosts/composer/statements.h"
+#include "hosts/kit/database.h"
 #include "hosts/reopen/reopen.h"
 #include "surface/error.h"
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "faces/qt/qt_text.h"
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 #include "surface/surface.h"
 
 namespace zolt20::composer {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "faces/qt/map_widget.h"
-#include "hosts/catalogue/catalogue.h"
+#include "hosts/kit/catalogue.h"
 
 namespace zolt20::composer {
 

@@ -20,7 +20,7 @@
 #include <unistd.h>
 #endif
 
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 
 namespace zolt20::composer {
 namespace {

@@ -1,4 +1,4 @@
-#include "hosts/catalogue/catalogue.h"
+#include "hosts/kit/catalogue.h"
 
 #include <gtest/gtest.h>
 

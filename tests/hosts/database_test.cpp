@@ -1,4 +1,4 @@
-#include "hosts/catalogue/database.h"
+#include "hosts/kit/database.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -13,7 +13,7 @@
 
 #include "hosts/automation/dump.h"
 #include "hosts/automation/session.h"
-#include "hosts/catalogue/catalogue.h"
+#include "hosts/kit/catalogue.h"
 #include "tests/support/control_test.h"
 #include "tests/support/example_sessions.h"
 #include "tests/support/places.h"

@@ -11,7 +11,7 @@
 
 #include "hosts/automation/dump.h"
 #include "hosts/automation/session.h"
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 
 namespace zolt20::tests {
 namespace {

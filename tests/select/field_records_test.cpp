@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 #include "shell/split_list.h"
 #include "surface/error.h"
 

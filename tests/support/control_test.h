@@ -16,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 #include "shell/control.h"
 #include "tests/support/mirror.h"
 

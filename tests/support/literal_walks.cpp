@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 
 namespace zolt20::tests {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 
 namespace zolt20::tests {
 namespace {

@@ -1,4 +1,4 @@
-#include "hosts/catalogue/database.h"
+#include "hosts/kit/database.h"
 
 #include <sqlite3.h>
 
@@ -15,7 +15,7 @@
 #include <system_error>
 #include <utility>
 
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 
 namespace zolt20::catalogue {
 namespace {

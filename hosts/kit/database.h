@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "hosts/catalogue/catalogue.h"
+#include "hosts/kit/catalogue.h"
 
 namespace zolt20::catalogue {
 

@@ -1,4 +1,4 @@
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 
 #include <array>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "hosts/catalogue/catalogue.h"
+#include "hosts/kit/catalogue.h"
 
 #include <cstdint>
 #include <fstream>
@@ -10,7 +10,7 @@
 #include <system_error>
 #include <utility>
 
-#include "hosts/text_coding.h"
+#include "hosts/kit/text_coding.h"
 #include "shell/field_records.h"
 
 namespace zolt20::catalogue {
