@@ -19,6 +19,7 @@
 
 #include "fuzz/bounds.h"
 #include "fuzz/choices.h"
+#include "hosts/kit/request.h"
 #include "hosts/kit/text_coding.h"
 #include "shell/contract.h"
 #include "tests/support/mirror.h"
@@ -44,11 +45,8 @@ struct HostCall {
 
 /// What a person does. The control goes by its name, for an element may come and go.
 struct Move {
-  Gesture gesture = Gesture::kFocus;
   std::string control;
-  int number = 0;  // a row, a page, a code, a scroll value
-  String text;
-  std::optional<TextMark> mark = {};  // of a key
+  UserGesture what;
 };
 
 using Step = std::variant<HostCall, Move>;
@@ -94,30 +92,7 @@ Json ToJson(const Answer& answer) {
 }
 
 Json ToJson(const Move& move) {
-  switch (move.gesture) {
-    case Gesture::kFocus:
-      return {{"user", "focus"}, {"control", move.control}};
-    case Gesture::kClick:
-      return {{"user", "click"}, {"control", move.control}};
-    case Gesture::kClickRow:
-      return {{"user", "click"}, {"control", move.control}, {"row", move.number}};
-    case Gesture::kDoubleClickRow:
-      return {{"user", "dblclick"}, {"control", move.control}, {"row", move.number}};
-    case Gesture::kPick:
-      return {{"user", "pick"}, {"control", move.control}, {"row", move.number}};
-    case Gesture::kType:
-      return {{"user", "type"}, {"control", move.control}, {"text", ToJsonText(move.text)}};
-    case Gesture::kKey: {
-      Json key = {{"user", "key"}, {"control", move.control}, {"code", move.number}};
-      if (move.mark) key.update({{"from", move.mark->from}, {"to", move.mark->to}});
-      return key;
-    }
-    case Gesture::kTab:
-      return {{"user", "tab"}, {"page", move.number}};
-    case Gesture::kScroll:
-      break;
-  }
-  return {{"user", "scroll"}, {"control", move.control}, {"value", move.number}};
+  return hosts::WriteGesture(move.what, move.control);
 }
 
 /// A property bag in memory.
@@ -407,30 +382,9 @@ Variant Session::Carry(const Step& step) {
 }
 
 Outcome Session::Carry(const Move& move) {
-  if (move.gesture == Gesture::kTab) return control_->UserTab(move.number);
-  const Control* control = Form().Find(move.control);
-  if (control == nullptr) return Outcome::kNotShown;
-  switch (move.gesture) {
-    case Gesture::kFocus:
-      return control_->UserFocus(*control);
-    case Gesture::kClick:
-      return control_->UserClick(*control);
-    case Gesture::kClickRow:
-      return control_->UserClick(*control, move.number);
-    case Gesture::kDoubleClickRow:
-      return control_->UserDoubleClick(*control, move.number);
-    case Gesture::kPick:
-      return control_->UserPick(*control, move.number);
-    case Gesture::kType:
-      return control_->UserType(*control, move.text);
-    case Gesture::kKey:
-      return control_->UserKey(*control, move.number, move.mark);
-    case Gesture::kScroll:
-      return control_->UserScroll(*control, move.number);
-    case Gesture::kTab:
-      break;
-  }
-  return Outcome::kNotOffered;
+  UserGesture gesture = move.what;
+  gesture.control = Form().Find(move.control);
+  return gesture.control == nullptr ? Outcome::kNotShown : control_->User(gesture);
 }
 
 // Makes the step, puts the state back, and makes it again. A mirror that is told nothing is a
@@ -455,7 +409,7 @@ void Session::Rehearse(const Step& step) {
 }
 
 void Session::User(Gesture gesture, std::string_view control, int number, String text) {
-  Make(Move{gesture, std::string(control), number, std::move(text)});
+  Make(Move{std::string(control), {gesture, nullptr, number, std::move(text)}});
 }
 
 void Session::ClickSomeRow(const ListBox& list) {
@@ -472,13 +426,13 @@ void Session::TypeSome(std::string_view box) {
 
 // A key at the caret, or where some characters or none are marked; now and then beyond the text.
 void Session::KeyIn(const TextBox& box, int code) {
-  Move key{Gesture::kKey, std::string(box.name()), code, {}};
+  UserGesture key{Gesture::kKey, nullptr, code};
   if (choices_.Once(2)) {
     const int length = static_cast<int>(box.Text().size());
     const int from = choices_.Below(length + 1);
     key.mark = {from, from + choices_.Below(length - from + 2)};
   }
-  Make(key);
+  Make(Move{std::string(box.name()), std::move(key)});
 }
 
 void Session::TakeStep() {

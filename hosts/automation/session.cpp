@@ -1,37 +1,32 @@
 #include "hosts/automation/session.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <optional>
 #include <stdexcept>
 #include <utility>
 
 #include "hosts/automation/dump.h"
+#include "hosts/kit/request.h"
 #include "hosts/kit/text_coding.h"
 
 namespace zolt20::automation {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = hosts::Json;
+using hosts::BadRequest;
 using hosts::FromJsonText;
+using hosts::IsWhole;
+using hosts::Needed;
+using hosts::NeededText;
+using hosts::Quoted;
 using hosts::ToJsonText;
-
-// A line that is no request of the protocol.
-class BadRequest : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
+using hosts::WholeNumber;
 
 // A gesture that the surface refuses.
 class Refused : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
-
-std::string Quoted(const Json& value) {
-  return value.dump();
-}
 
 // Puts a member of a reply behind its text. A complaint may quote bytes of the line that are no
 // UTF-8.
@@ -46,63 +41,8 @@ void AppendMember(std::string& reply, std::string_view key, const Json& value) {
   }
 }
 
-const Json& Needed(const Json& request, std::string_view key) {
-  const auto found = request.find(key);
-  if (found == request.end()) throw BadRequest("the request has no \"" + std::string(key) + "\"");
-  return *found;
-}
-
-const std::string& NeededText(const Json& request, std::string_view key) {
-  const Json& value = Needed(request, key);
-  if (!value.is_string()) throw BadRequest("\"" + std::string(key) + "\" is no string");
-  return value.get_ref<const std::string&>();
-}
-
 void NeedTrue(const Json& request, const char* key) {
   if (request.at(key) != true) throw BadRequest(std::string("\"") + key + "\" takes true");
-}
-
-// Whether a JSON value is a whole number, however it is written.
-bool IsWhole(const Json& value) {
-  if (value.is_number_integer()) return true;
-  if (!value.is_number_float()) return false;
-  const double number = value.get<double>();
-  return std::isfinite(number) && std::trunc(number) == number;
-}
-
-// A whole number, held within the range of `int`.
-int WholeNumber(const Json& value) {
-  constexpr int kLeast = std::numeric_limits<int>::min();
-  constexpr int kGreatest = std::numeric_limits<int>::max();
-  if (value.is_number_float()) {
-    const double number = value.get<double>();
-    return static_cast<int>(
-        std::clamp(number, static_cast<double>(kLeast), static_cast<double>(kGreatest)));
-  }
-  if (value.is_number_unsigned()) {
-    return static_cast<int>(
-        std::min(value.get<std::uint64_t>(), static_cast<std::uint64_t>(kGreatest)));
-  }
-  return static_cast<int>(std::clamp<std::int64_t>(value.get<std::int64_t>(), kLeast, kGreatest));
-}
-
-int NeededWhole(const Json& request, const char* key) {
-  const Json& value = Needed(request, key);
-  if (!IsWhole(value)) throw BadRequest(std::string("\"") + key + "\" is no whole number");
-  return WholeNumber(value);
-}
-
-// The marked characters, or the caret, of a key.
-std::optional<TextMark> MarkOf(const Json& request) {
-  const bool isMarked = request.contains("to");
-  if (!request.contains("from")) {
-    if (isMarked) throw BadRequest("a mark that has \"to\" has \"from\"");
-    return std::nullopt;
-  }
-  const int from = NeededWhole(request, "from");
-  const int to = isMarked ? NeededWhole(request, "to") : from;
-  if (from < 0 || to < from) throw BadRequest(NeededText(request, "control") + " has no such mark");
-  return TextMark{from, to};
 }
 
 bool IsInteger(int number) {
@@ -441,60 +381,9 @@ void Session::ShowMessage(const Message& message) {
 }
 
 void Session::MakeGesture(const Json& request) {
-  const std::string& gesture = NeededText(request, "user");
-  if (gesture == "tab") {
-    const int page = NeededWhole(request, "page");
-    if (!IsInteger(page)) Raise(ErrorKind::kOverflow);
-    if (control_->UserTab(page) != Outcome::kDone) throw Refused("tabVrn is not shown");
-    return;
-  }
-
-  const std::string& name = NeededText(request, "control");
-  const zolt20::Control* control = control_->Form().Find(name);
-  const auto need = [&](Gesture wanted) {
-    if (control == nullptr) throw BadRequest("the form has no control " + Quoted(name));
-    if (!Surface::Offers(*control, wanted)) {
-      throw BadRequest(name + " can't be made to " + gesture);
-    }
-  };
-  Outcome outcome = Outcome::kDone;
-  if (gesture == "click" && control != nullptr && Surface::Offers(*control, Gesture::kClickRow)) {
-    outcome = control_->UserClick(*control, NeededWhole(request, "row"));
-  } else if (gesture == "click") {
-    need(Gesture::kClick);
-    outcome = control_->UserClick(*control);
-  } else if (gesture == "dblclick") {
-    const int row = NeededWhole(request, "row");
-    need(Gesture::kDoubleClickRow);
-    outcome = control_->UserDoubleClick(*control, row);
-  } else if (gesture == "pick") {
-    const int row = NeededWhole(request, "row");
-    need(Gesture::kPick);
-    outcome = control_->UserPick(*control, row);
-  } else if (gesture == "type") {
-    const std::string& text = NeededText(request, "text");
-    need(Gesture::kType);
-    outcome = control_->UserType(*control, FromJsonText(text));
-  } else if (gesture == "key") {
-    const int code = NeededWhole(request, "code");
-    const std::optional<TextMark> mark = MarkOf(request);
-    need(Gesture::kKey);
-    if (mark && mark->to > static_cast<int>(static_cast<const TextBox*>(control)->Text().size()))
-      throw BadRequest(name + " has no such mark");
-    if (!IsInteger(code)) Raise(ErrorKind::kOverflow);
-    outcome = control_->UserKey(*control, code, mark);
-  } else if (gesture == "focus") {
-    need(Gesture::kFocus);
-    outcome = control_->UserFocus(*control);
-  } else if (gesture == "scroll") {
-    const int value = NeededWhole(request, "value");
-    need(Gesture::kScroll);
-    outcome = control_->UserScroll(*control, value);
-  } else {
-    throw BadRequest("there is no gesture " + Quoted(gesture));
-  }
-
-  switch (outcome) {
+  const UserGesture gesture = hosts::ReadGesture(request, control_->Form());
+  const std::string name(gesture.control->name());
+  switch (control_->User(gesture)) {
     case Outcome::kDone:
       return;
     case Outcome::kNotShown:
@@ -506,9 +395,8 @@ void Session::MakeGesture(const Json& request) {
     case Outcome::kNoSuchRow:
       throw BadRequest(name + " has no row " + Quoted(request["row"]));
     case Outcome::kNoSuchMark:
-      throw BadRequest(name + " has no such mark");
     case Outcome::kNotOffered:
-      throw BadRequest(name + " can't be made to " + gesture);
+      throw std::logic_error("a gesture that was read is offered");
   }
 }
 

@@ -1,0 +1,134 @@
+#include "hosts/kit/request.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <optional>
+
+#include "hosts/kit/text_coding.h"
+
+namespace zolt20::hosts {
+namespace {
+
+// The gesture of that word which the control has, or else the first one of that word.
+const GestureDesign& DesignOf(const std::string& word, const Control* control) {
+  const GestureDesign* found = nullptr;
+  for (const GestureDesign& design : kGestures) {
+    if (design.word != word) continue;
+    const bool isOffered = control != nullptr && Surface::Offers(*control, design.gesture);
+    if (found == nullptr || isOffered) found = &design;
+  }
+  if (found == nullptr) throw BadRequest("there is no gesture " + Quoted(word));
+  return *found;
+}
+
+// The marked characters, or the caret, of a key.
+std::optional<TextMark> MarkOf(const Json& request) {
+  const bool isMarked = request.contains("to");
+  if (!request.contains("from")) {
+    if (isMarked) throw BadRequest(R"(a mark that has "to" has "from")");
+    return std::nullopt;
+  }
+  const int from = NeededWhole(request, "from");
+  return TextMark{from, isMarked ? NeededWhole(request, "to") : from};
+}
+
+bool LiesWithin(const TextMark& mark, const String& text) {
+  return mark.from >= 0 && mark.to >= mark.from && mark.to <= static_cast<int>(text.size());
+}
+
+}  // namespace
+
+std::string Quoted(const Json& value) {
+  return value.dump();
+}
+
+const Json& Needed(const Json& request, std::string_view key) {
+  const auto found = request.find(key);
+  if (found == request.end()) throw BadRequest("the request has no \"" + std::string(key) + "\"");
+  return *found;
+}
+
+const std::string& NeededText(const Json& request, std::string_view key) {
+  const Json& value = Needed(request, key);
+  if (!value.is_string()) throw BadRequest("\"" + std::string(key) + "\" is no string");
+  return value.get_ref<const std::string&>();
+}
+
+int NeededWhole(const Json& request, std::string_view key) {
+  const Json& value = Needed(request, key);
+  if (!IsWhole(value)) throw BadRequest("\"" + std::string(key) + "\" is no whole number");
+  return WholeNumber(value);
+}
+
+bool IsWhole(const Json& value) {
+  if (value.is_number_integer()) return true;
+  if (!value.is_number_float()) return false;
+  const double number = value.get<double>();
+  return std::isfinite(number) && std::trunc(number) == number;
+}
+
+int WholeNumber(const Json& value) {
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  constexpr int kGreatest = std::numeric_limits<int>::max();
+  if (value.is_number_float()) {
+    const double number = value.get<double>();
+    return static_cast<int>(
+        std::clamp(number, static_cast<double>(kLeast), static_cast<double>(kGreatest)));
+  }
+  if (value.is_number_unsigned()) {
+    return static_cast<int>(
+        std::min(value.get<std::uint64_t>(), static_cast<std::uint64_t>(kGreatest)));
+  }
+  return static_cast<int>(std::clamp<std::int64_t>(value.get<std::int64_t>(), kLeast, kGreatest));
+}
+
+UserGesture ReadGesture(const Json& request, const Surface& form) {
+  const std::string& word = NeededText(request, "user");
+  const bool isTab = word == zolt20::DesignOf(Gesture::kTab).word;
+  const std::string name(isTab ? form.tabVrn.name() : NeededText(request, "control"));
+  const Control* control = form.Find(name);
+  const GestureDesign& design = DesignOf(word, control);
+
+  UserGesture made{design.gesture, control};
+  if (made.gesture == Gesture::kType) {
+    made.text = FromJsonText(NeededText(request, design.operand));
+  } else if (!design.operand.empty()) {
+    made.number = NeededWhole(request, design.operand);
+  }
+  if (made.gesture == Gesture::kKey) made.mark = MarkOf(request);
+
+  if (control == nullptr) throw BadRequest("the form has no control " + Quoted(name));
+  if (!Surface::Offers(*control, made.gesture)) {
+    throw BadRequest(name + " can't be made to " + word);
+  }
+  if (made.mark && !LiesWithin(*made.mark, static_cast<const TextBox*>(control)->Text()))
+    throw BadRequest(name + " has no such mark");
+  const bool isInteger = made.gesture == Gesture::kKey || made.gesture == Gesture::kTab;
+  if (isInteger && (made.number < Integer::kLeast || made.number > Integer::kGreatest))
+    Raise(ErrorKind::kOverflow);
+  return made;
+}
+
+Json WriteGesture(const UserGesture& gesture) {
+  return WriteGesture(gesture, gesture.control->name());
+}
+
+Json WriteGesture(const UserGesture& gesture, std::string_view control) {
+  const GestureDesign& design = zolt20::DesignOf(gesture.gesture);
+  Json request = {{"user", design.word}};
+  if (gesture.gesture != Gesture::kTab) request["control"] = control;
+  if (gesture.gesture == Gesture::kType) {
+    request[std::string(design.operand)] = ToJsonText(gesture.text);
+  } else if (!design.operand.empty()) {
+    request[std::string(design.operand)] = gesture.number;
+  }
+  if (gesture.mark) {
+    request["from"] = gesture.mark->from;
+    if (gesture.mark->to != gesture.mark->from) request["to"] = gesture.mark->to;
+  }
+  return request;
+}
+
+}  // namespace zolt20::hosts
