@@ -26,15 +26,4 @@ Outcome Perform(ZOLT20MapControl& control, const Act& act) {
   return Outcome::kNotOffered;
 }
 
-std::optional<String> TextOf(const Control& control) {
-  switch (control.kind()) {
-    case Kind::TextBox:
-      return static_cast<const TextBox&>(control).Text();
-    case Kind::SyntaxTextBox:
-      return static_cast<const SyntaxTextBox&>(control).Text();
-    default:
-      return std::nullopt;
-  }
-}
-
 }  // namespace zolt20::faces

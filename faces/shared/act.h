@@ -1,8 +1,7 @@
 // What a person does, as gestures of the surface. Knows no platform.
 #pragma once
 
-#include <optional>
-
+#include "faces/shared/shown_text.h"
 #include "shell/control.h"
 
 namespace zolt20::faces {
@@ -22,9 +21,6 @@ struct Act {
 
 /// Carries the gesture out. Raises what it raises.
 Outcome Perform(ZOLT20MapControl& control, const Act& act);
-
-/// The text of a text box; none of any other control.
-std::optional<String> TextOf(const Control& control);
 
 inline constexpr int kBackspace = 8;
 

@@ -70,4 +70,26 @@ Edit EditBetween(StringView before, StringView after, std::size_t caret) {
   return {first, oldEnd - first, newEnd - first};
 }
 
+const String& TypedText(const Control& box) {
+  switch (box.kind()) {
+    case Kind::SyntaxTextBox:
+      return static_cast<const SyntaxTextBox&>(box).Text();
+    case Kind::ComboBox:
+      return static_cast<const ComboBox&>(box).Text();
+    default:
+      return static_cast<const TextBox&>(box).Text();
+  }
+}
+
+std::optional<String> TextOf(const Control& control) {
+  switch (control.kind()) {
+    case Kind::TextBox:
+      return static_cast<const TextBox&>(control).Text();
+    case Kind::SyntaxTextBox:
+      return static_cast<const SyntaxTextBox&>(control).Text();
+    default:
+      return std::nullopt;
+  }
+}
+
 }  // namespace zolt20::faces

@@ -7,8 +7,9 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
-#include "surface/string.h"
+#include "surface/surface.h"
 
 namespace zolt20::faces {
 
@@ -34,5 +35,10 @@ struct Edit {
 /// The least edit that makes `after` of `before`. Where several do, as in a run of one letter, it
 /// is the one that ends at the caret, a place in `after`.
 Edit EditBetween(StringView before, StringView after, std::size_t caret);
+
+/// The text of a box that a person types into: a text box, a syntax text box or an editable combo.
+const String& TypedText(const Control& box);
+/// The text of a text box or a syntax text box; none of any other control.
+std::optional<String> TextOf(const Control& control);
 
 }  // namespace zolt20::faces

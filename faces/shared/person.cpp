@@ -1,0 +1,203 @@
+#include "faces/shared/person.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "faces/shared/shown_text.h"
+
+namespace zolt20::faces {
+namespace {
+
+// How a gesture stands to the steps of the history.
+Run RunOf(Gesture gesture) {
+  switch (gesture) {
+    case Gesture::kType:
+    case Gesture::kKey:
+      return Run::kTyping;
+    case Gesture::kFocus:
+      return Run::kFocus;
+    default:
+      return Run::kStep;
+  }
+}
+
+}  // namespace
+
+Person::Person(ZOLT20MapControl& control) : control_(control) {
+  control_.AddObserver(*this);
+}
+
+Person::~Person() {
+  control_.RemoveObserver(*this);
+}
+
+// Gestures.
+
+End Person::Make(UserGesture gesture) {
+  const Control& source = *gesture.control;
+  const Run run = RunOf(gesture.gesture);
+  // The platform may show what the person did and the control does not take.
+  if (run == Run::kFocus) {
+    changes_.focusMoved = true;
+  } else {
+    Note(source, Change::kByPlatform);
+  }
+  if (calls_ > 0) return End::kNotTaken;
+  const HostCall inProgress(*this, false);
+  anythingChanged_ = false;
+  made_ = {};
+  End end = Guard([&] { history_.Begin(control_, hostData_, source, run); });
+  if (end != End::kDone) return end;
+  made_ = {std::move(gesture), history_.GoesOn()};
+  Outcome outcome = Outcome::kDone;
+  end = Guard([&] { outcome = control_.User(made_.gesture); });
+  const End kept = Guard([&] { changes_.historyChanged |= history_.End(anythingChanged_); });
+  const bool isTyped = made_.gesture.gesture == Gesture::kType && outcome == Outcome::kDone;
+  // The control's caret is at the end now. Where the person types it stays, unless the text became
+  // another.
+  if (isTyped && changes_.changed.count(&source) != 0 && TypedText(source) == made_.gesture.text)
+    ShownAsItIs(source);
+  return end == End::kDone ? kept : end;
+}
+
+End Person::Type(const Control& box, StringView shown, std::size_t caret, char16_t lineEnd) {
+  const String& text = TypedText(box);
+  const String before = Shown(text, lineEnd);
+  const Edit edit = EditBetween(before, shown, std::min(caret, shown.size()));
+  return Make({Gesture::kType, &box, UserGesture::kNone,
+               AfterEdit(text, edit.position, edit.removed, shown.substr(edit.position, edit.added),
+                         lineEnd)});
+}
+
+End Person::Key(const TextBox& box, char16_t code, TextMark mark) {
+  const String before = box.Text();
+  const bool isAtCaret = mark.from == mark.to && mark.from == box.SelStart();
+  const auto where = isAtCaret ? std::nullopt : std::optional(mark);
+  const End end = Make({Gesture::kKey, &box, static_cast<std::int16_t>(code), {}, where});
+  if (end == End::kNotTaken || changes_.changed.count(&box) == 0) return end;
+  // A key that was dropped leaves the mark, and one that came moves the caret wherever it is.
+  if (box.Text() == before && box.SelStart() == mark.from) {
+    ShownAsItIs(box);
+  } else {
+    Note(box, Change::BitOf(Property::kSelStart));
+  }
+  return end;
+}
+
+// What is shown of the box is its text already, and the caret stays.
+void Person::ShownAsItIs(const Control& box) {
+  changes_.changed[&box].what &=
+      ~(Change::BitOf(Property::kText) | Change::BitOf(Property::kSelStart));
+}
+
+void Person::Fail(std::string_view kind, int number, const char* text) {
+  failure_ = {kind, number, text};
+}
+
+// Calls of the host's.
+
+bool Person::BeginStep() {
+  if (calls_ > 0) return false;
+  anythingChanged_ = false;
+  if (Guard([&] { history_.Begin(control_, hostData_, Form().tabVrn, Run::kStep); }) != End::kDone)
+    return false;
+  ++calls_;
+  return true;
+}
+
+void Person::EndStep() {
+  --calls_;
+  Guard([&] { changes_.historyChanged |= history_.End(anythingChanged_); });
+}
+
+// The history.
+
+void Person::SwitchHistory(bool on) {
+  if (on == history_.IsOn()) return;
+  history_.Switch(on);
+  changes_.historyChanged = true;
+}
+
+void Person::ForgetHistory() {
+  changes_.historyChanged |= history_.CanUndo() || history_.CanRedo();
+  history_.Forget();
+}
+
+End Person::Undo() {
+  return history_.CanUndo() ? PutBack(&States::Undo) : End::kNotTaken;
+}
+
+End Person::Redo() {
+  return history_.CanRedo() ? PutBack(&States::Redo) : End::kNotTaken;
+}
+
+End Person::PutBack(States::Step (States::*take)(States::Step)) {
+  if (calls_ > 0) return End::kNotTaken;
+  const HostCall inProgress(*this, false);
+  return Guard([&] {
+    States::Step step = (history_.*take)({control_.Save(), hostData_});
+    changes_.historyChanged = true;
+    control_.Restore(std::move(step.state));
+    hostData_ = std::move(step.hostData);
+  });
+}
+
+// Notices.
+
+void Person::Note(const Control& control, int what) {
+  Change& change = changes_.changed[&control];
+  change.what |= what;
+  if ((what & Change::kRows) != 0) {
+    change.firstRow = 0;
+    change.behindRows = Change::kAllRows;
+  }
+}
+
+void Person::NoteAll() {
+  changes_.focusMoved = true;
+  for (const Control* control : Form().Controls())
+    Note(*control);
+}
+
+void Person::PropertyChanged(const Control& control, Property property) noexcept {
+  anythingChanged_ = true;
+  Note(control, Change::BitOf(property));
+}
+
+void Person::RowsChanged(const Control& list, const RowChange& rows) noexcept {
+  anythingChanged_ = true;
+  const auto found = changes_.changed.find(&list);
+  const bool isFirst = found == changes_.changed.end() || (found->second.what & Change::kRows) == 0;
+  Note(list, Change::kRows);
+  if (!isFirst || rows.what != RowChange::What::kInserted) return;
+  Change& change = changes_.changed[&list];
+  change.firstRow = rows.first;
+  change.behindRows = rows.first + rows.count;
+}
+
+void Person::MarksChanged(const Control& list, int /*first*/, int /*count*/) noexcept {
+  anythingChanged_ = true;
+  Note(list, Change::kMarks);
+}
+
+void Person::FocusChanged(const Control* /*control*/) noexcept {
+  changes_.focusMoved = true;
+}
+
+void Person::ElementLoaded(const Control& element) noexcept {
+  anythingChanged_ = true;
+  Note(element);
+}
+
+void Person::ElementUnloading(const Control& element) noexcept {
+  anythingChanged_ = true;
+  changes_.focusMoved = true;  // the platform's may have been there
+  changes_.changed.erase(&element);
+  changes_.gone.push_back(&element);
+}
+
+void Person::StateReplaced() noexcept {
+  NoteAll();
+}
+
+}  // namespace zolt20::faces
