@@ -253,13 +253,13 @@ ZOLT20_EXPORT(bag_write) void bag_write(Element* element, int entry) {
 }
 
 ZOLT20_EXPORT(error_number) int error_number(Element* element) {
-  return element->Error()->number();
+  return element->person().failure().number;
 }
 ZOLT20_EXPORT(error_kind) void error_kind(Element* element) {
-  Give(element->Error()->kind_word());
+  Give(element->person().failure().kind);
 }
 ZOLT20_EXPORT(error_text) void error_text(Element* element) {
-  Give(std::string_view(element->Error()->what()));
+  Give(std::string_view(element->person().failure().text));
 }
 
 // The form.
@@ -385,57 +385,57 @@ ZOLT20_EXPORT(coloured_words) void coloured_words() {
 // What a person does.
 
 ZOLT20_EXPORT(gesture)
-Status gesture(Element* element, faces::Act::Kind kind, const Control* control, int number) {
-  const faces::Run run = kind == faces::Act::kFocus ? faces::Run::kFocus : faces::Run::kStep;
-  return element->Make(run, {kind, control, number});
+Status gesture(Element* element, Gesture kind, const Control* control, int number) {
+  return element->person().Make({kind, control, number});
 }
 ZOLT20_EXPORT(type) Status type(Element* element, const Control* box, int caret, int lineEnd) {
   const String shown = std::exchange(taken, {});
-  return element->Type(*box, shown, static_cast<std::size_t>(caret),
-                       static_cast<char16_t>(lineEnd));
+  return element->person().Type(*box, shown, static_cast<std::size_t>(caret),
+                                static_cast<char16_t>(lineEnd));
 }
-/// The caret after the key is the one number, when the key was taken.
+/// A key where the shown characters from `first` on and before `behind` are marked.
 ZOLT20_EXPORT(type_key)
-Status type_key(Element* element, const TextBox* box, int position, int count, int code) {
-  int caret = position;
-  const Status status = element->TypeKey(*box, position, count, code, caret);
-  numbers.assign({caret});
-  return status;
+Status type_key(Element* element, const TextBox* box, int first, int behind, int code) {
+  const String& text = box->Text();
+  const std::size_t from = faces::PlaceInText(text, 0, static_cast<std::size_t>(first));
+  const std::size_t to = faces::PlaceInText(text, from, static_cast<std::size_t>(behind - first));
+  return element->person().Key(*box, static_cast<char16_t>(code),
+                               {static_cast<int>(from), static_cast<int>(to)});
 }
 
 ZOLT20_EXPORT(begin_step) int begin_step(Element* element) {
-  return element->BeginStep() ? 1 : 0;
+  return element->person().BeginStep() ? 1 : 0;
 }
 ZOLT20_EXPORT(end_step) void end_step(Element* element) {
-  element->EndStep();
+  element->person().EndStep();
 }
 ZOLT20_EXPORT(undo) Status undo(Element* element) {
-  return element->Undo();
+  return element->person().Undo();
 }
 ZOLT20_EXPORT(redo) Status redo(Element* element) {
-  return element->Redo();
+  return element->person().Redo();
 }
 /// A bit each for undo, redo, and whether the history is on.
 ZOLT20_EXPORT(history) int history(Element* element) {
-  return (element->CanUndo() ? 1 : 0) | (element->CanRedo() ? 2 : 0) |
-         (element->HistoryIsOn() ? 4 : 0);
+  const faces::Person& person = element->person();
+  return (person.CanUndo() ? 1 : 0) | (person.CanRedo() ? 2 : 0) | (person.HistoryIsOn() ? 4 : 0);
 }
 ZOLT20_EXPORT(switch_history) void switch_history(Element* element, int on) {
-  element->SwitchHistory(on != 0);
+  element->person().SwitchHistory(on != 0);
 }
 
 /// What changed since the last call: whether the focus moved, the number of controls that are gone,
 /// these, then each control that changed with its bits.
 ZOLT20_EXPORT(changes) void changes(Element* element) {
-  const Element::Changes taken_changes = element->TakeChanges();
+  const faces::Changes taken_changes = element->person().TakeChanges();
   numbers.clear();
   numbers.push_back(taken_changes.focusMoved ? 1 : 0);
   numbers.push_back(static_cast<std::int32_t>(taken_changes.gone.size()));
   for (const Control* control : taken_changes.gone)
     numbers.push_back(Address(control));
-  for (const auto& [control, what] : taken_changes.changed) {
+  for (const auto& [control, change] : taken_changes.changed) {
     numbers.push_back(Address(control));
-    numbers.push_back(what);
+    numbers.push_back(change.what);
   }
 }
 

@@ -30,6 +30,7 @@ const kArguments = [
 const kViewport = {width: 1280, height: 1000};
 const kPatience = 15000;
 const kBackspace = 8;
+const kEnter = 13;
 const selectAll = 'Control+A';
 
 /// Chromium and a server of the test pages, the package at /package/ and further folders.
@@ -305,7 +306,26 @@ export class Person {
   /** @type {(box: string, code: number) => Promise<void>} */
   async key(box, code) {
     await this.goBehindTheText(box);
-    await this.keyboard.press(code === kBackspace ? 'Backspace' : String.fromCharCode(code));
+    await this.pressKey(code);
+  }
+  /// The same where characters of a box of one line are marked, or the caret is.
+  /** @type {(box: string, code: number, from: number, to: number) => Promise<void>} */
+  async keyAt(box, code, from, to) {
+    await this.mark(box, from, to);
+    await this.pressKey(code);
+  }
+  /** @type {(code: number) => Promise<void>} */
+  async pressKey(code) {
+    const named = code === kBackspace ? 'Backspace' : code === kEnter ? 'Enter' : undefined;
+    await this.keyboard.press(named ?? String.fromCharCode(code));
+  }
+  /// Marks characters of a box of one line, or puts the caret there.
+  /** @type {(box: string, from: number, to: number) => Promise<void>} */
+  async mark(box, from, to) {
+    if ((await this.at()) !== box) await this.focus(box);
+    await this.keyboard.press('Home');
+    for (let place = 0; place < to; ++place)
+      await this.keyboard.press(place < from ? 'ArrowRight' : 'Shift+ArrowRight');
   }
   /** @type {(box: string) => Promise<void>} */
   async goBehindTheText(box) {
@@ -364,7 +384,9 @@ export class Person {
       case 'type':
         return this.type(gesture.control, gesture.text);
       case 'key':
-        return this.key(gesture.control, gesture.code);
+        return gesture.from === undefined
+          ? this.key(gesture.control, gesture.code)
+          : this.keyAt(gesture.control, gesture.code, gesture.from, gesture.to ?? gesture.from);
       case 'focus':
         return this.focus(gesture.control);
       case 'scroll':

@@ -60,7 +60,7 @@ export type Gesture =
   | {user: 'click'; control: string; row?: number | undefined}
   | {user: 'dblclick' | 'pick'; control: string; row: number}
   | {user: 'type'; control: string; text: string}
-  | {user: 'key'; control: string; code: number}
+  | {user: 'key'; control: string; code: number; from?: number; to?: number}
   | {user: 'focus'; control: string}
   | {user: 'scroll'; control: string; value: number};
 export interface Reply {

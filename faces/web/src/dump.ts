@@ -1,6 +1,7 @@
 // The whole state of the form as a plain object, in the words of the JSON lines that zolt20-host
 // speaks.
-import {type Address, Ask, AskText, Kind, type Logic} from './logic';
+import type {Address, Logic} from './logic';
+import {Ask, AskText, Kind} from './numbers';
 
 /** A control: its name's properties, by kind. */
 export type DumpedControl = Record<string, unknown>;

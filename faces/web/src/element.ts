@@ -1,15 +1,10 @@
 // <zolt20-map-control>: the control as an element of a page.
 import {type Dump, dumpOf} from './dump';
 import {Face, type FaceOwner, errorOf} from './face';
-import type {Listener, Logic, Status} from './logic';
+import type {Listener, Logic} from './logic';
+import {type Status, ValueType} from './numbers';
 import {styleSheets} from './style';
 
-const enum ValueType {
-  None,
-  String,
-  Integer,
-  Boolean,
-}
 type Value = string | number | boolean;
 
 // What is defined once the logic is there. The class stands without it, so that a program without a

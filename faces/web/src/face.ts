@@ -4,18 +4,8 @@
 // before the host hears of an event in it. What a person does becomes a gesture.
 import {make} from './dom';
 import {layOut} from './layout';
-import {
-  type Address,
-  Ask,
-  AskText,
-  Gesture,
-  Kind,
-  type Logic,
-  Status,
-  type Stretch,
-  What,
-  ZOLT20Error,
-} from './logic';
+import {type Address, type Logic, type Stretch, ZOLT20Error} from './logic';
+import {Ask, AskText, Gesture, Kind, Status, What} from './numbers';
 import {MessageBox} from './message_box';
 import {TypedBox, type TypedInto, spokenName} from './text_boxes';
 import {ComboView, ListView, type View, viewOf} from './views';
@@ -297,13 +287,10 @@ export class Face implements TypedInto {
   isTypingIn(box: Address): boolean {
     return this.#typingIn === box;
   }
-  keyed(box: Address, position: number, count: number, code: number): number {
-    if (this.#isShowing || !this.#views.has(box)) return -1;
+  keyed(box: Address, first: number, behind: number, code: number): void {
+    if (this.#isShowing || !this.#views.has(box)) return;
     this.#typingIn = 0;
-    const status = this.logic.typeKey(this.handle, box, position, count, code);
-    const caret = status === Status.Done ? this.logic.givenNumber() : -1;
-    this.#end(status);
-    return caret;
+    this.#end(this.logic.typeKey(this.handle, box, first, behind, code));
   }
   #end(status: Status): void {
     const error = errorOf(this.logic, this.handle, status);

@@ -3,6 +3,8 @@
 // Texts cross by their 16-bit units, so that every text comes back as it went. Controls and
 // elements are their addresses, numbers that mean something to the module alone.
 
+import type {Ask, AskText, Gesture, Status} from './numbers';
+
 /** The functions of exports.cpp. */
 interface Exports {
   memory: WebAssembly.Memory;
@@ -50,7 +52,7 @@ interface Exports {
   coloured_words(): void;
   gesture(element: number, kind: Gesture, control: number, number: number): Status;
   type(element: number, box: number, caret: number, lineEnd: number): Status;
-  type_key(element: number, box: number, position: number, count: number, code: number): Status;
+  type_key(element: number, box: number, first: number, behind: number, code: number): Status;
   begin_step(element: number): number;
   end_step(element: number): void;
   undo(element: number): Status;
@@ -65,90 +67,6 @@ export interface Stretch {
   twips: number;
   rows: number;
   buttons: number;
-}
-
-/** How a call ended. */
-export const enum Status {
-  Done,
-  RuntimeError,
-  Failed,
-  NotTaken,
-}
-
-/** What a control can be asked, in the order of exports.cpp. */
-export const enum Ask {
-  Enabled,
-  Visible,
-  Shown,
-  TabIndex,
-  ListCount,
-  ListIndex,
-  SelCount,
-  Value,
-  Max,
-  BackColor,
-  Highlight,
-  SelStart,
-  Left,
-  Top,
-  Width,
-  Height,
-  Kind,
-  Page,
-  Style,
-  Frame,
-  TakesFocus,
-  SmallChange,
-}
-export const enum AskText {
-  Name,
-  Text,
-  Caption,
-  AccessibleName,
-}
-
-/** Kinds of controls, in the order of surface/form.h. */
-export const enum Kind {
-  TabStrip,
-  SyntaxTextBox,
-  TextBox,
-  ListBox,
-  ComboBox,
-  Button,
-  OptionButton,
-  Frame,
-  Label,
-  Rectangle,
-  ScrollBar,
-}
-/** Traits of controls, by the bits of surface/form.h. */
-export const enum Style {
-  MultiLine = 1,
-  MultiSelect = 2,
-  CheckBoxes = 4,
-  Editable = 32,
-  NoBorder = 64,
-}
-
-/** What a person does, in the order of faces/shared/act.h. */
-export const enum Gesture {
-  Click,
-  DoubleClick,
-  Pick,
-  Type,
-  Key,
-  Focus,
-  Tab,
-  Scroll,
-}
-
-/** What changed of a control, by the bits of element.h. */
-export const enum What {
-  Text = 1 << 2,
-  SelStart = 1 << 3,
-  ListIndex = 1 << 9,
-  Rows = 1 << 16,
-  Everything = (1 << 18) - 1,
 }
 
 /** The address of a control; 0 is none. */
@@ -478,9 +396,8 @@ export class Logic {
     this.send(shown);
     return this.#exports.type(handle, box, caret, lineEnd.charCodeAt(0));
   }
-  /** Gives the caret after the key as the number. */
-  typeKey(handle: number, box: Address, position: number, count: number, code: number): Status {
-    return this.#exports.type_key(handle, box, position, count, code);
+  typeKey(handle: number, box: Address, first: number, behind: number, code: number): Status {
+    return this.#exports.type_key(handle, box, first, behind, code);
   }
   beginStep(handle: number): boolean {
     return this.#exports.begin_step(handle) !== 0;

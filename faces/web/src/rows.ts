@@ -4,7 +4,8 @@
 // The rows themselves are the control's; here is only which are drawn while a filter is on, and on
 // which one the keys stand.
 import {make, setAttributes} from './dom';
-import {type Address, Ask, type Logic, type Row, Style} from './logic';
+import type {Address, Logic, Row} from './logic';
+import {Ask, Style} from './numbers';
 
 // The tallest a browser draws without losing its way. Beyond it a list is scrolled in proportion.
 const kTallest = 8_000_000;

@@ -3,7 +3,8 @@
 // A box shows the text of its control, with one character for each line end, and hands over what a
 // person makes of it. Line ends of any kind survive outside the place that is edited.
 import {make} from './dom';
-import {type Address, Ask, AskText, type Logic, Style, What} from './logic';
+import type {Address, Logic} from './logic';
+import {Ask, AskText, Style, What} from './numbers';
 
 /**
  * How a box shows a line end: of several lines as one, of one line as a code that is no character
@@ -17,8 +18,8 @@ const kColouredLine = 20_000;
 /** What a box hands over. */
 export interface TypedInto {
   typed(box: Address, shown: string, caret: number, lineEnd: string): void;
-  /** Gives the caret after the key, -1 when it was not taken. */
-  keyed(box: Address, position: number, count: number, code: number): number;
+  /** A key where the shown characters from `first` on and before `behind` are marked. */
+  keyed(box: Address, first: number, behind: number, code: number): void;
   /** Whether what was done last was typed into this box. */
   isTypingIn(box: Address): boolean;
 }
@@ -42,7 +43,8 @@ export class TypedBox {
   #runStart = ''; // from where the run of typing began
   #takenBack = 0; // by the box's own undo, to be had again
 
-  constructor(logic: Logic, box: Address, input: Input, into: TypedInto) {
+  /** With `byKeys` each key is handed over by itself, so that the control can refuse it. */
+  constructor(logic: Logic, box: Address, input: Input, into: TypedInto, byKeys = false) {
     this.#logic = logic;
     this.#box = box;
     this.#into = into;
@@ -69,8 +71,9 @@ export class TypedBox {
       else this.#takenBack = 0;
       if (!isComposing) hand();
     });
+    if (byKeys) this.#takeKeys();
     // It may come from within, when the form moves the focus away.
-    input.addEventListener('compositionend', () => queueMicrotask(hand));
+    else input.addEventListener('compositionend', () => queueMicrotask(hand));
     // Texts leave the box as they are in the control.
     for (const kind of ['copy', 'cut'] as const) {
       input.addEventListener(kind, (event) => {
@@ -99,6 +102,47 @@ export class TypedBox {
         document.execCommand('insertText', false, text.replace(/\r\n|\r|\n/g, kLineEndInALine));
       });
     }
+  }
+
+  #takeKeys(): void {
+    const kBackspace = 8;
+    const kEnter = 13;
+    const {input} = this;
+    const key = (code: number) => this.#into.keyed(this.#box, ...this.selection, code);
+    const keys = (text: string) => {
+      for (let at = 0; at < text.length; ++at) key(text.charCodeAt(at));
+    };
+    input.addEventListener('beforeinput', (event) => {
+      const {data, inputType, isComposing} = event as InputEvent;
+      // A text at once, such as one that is dictated, is no key.
+      const isCharacter = inputType === 'insertText' && [...(data ?? '')].length === 1;
+      if (isComposing || (!isCharacter && inputType !== 'deleteContentBackward')) return;
+      event.preventDefault();
+      if (isCharacter) keys(data!);
+      else key(kBackspace);
+    });
+    input.addEventListener('keydown', (event) => {
+      const {key: name, isComposing, ctrlKey, altKey, metaKey} = event as KeyboardEvent;
+      if (name !== 'Enter' || isComposing || ctrlKey || altKey || metaKey) return;
+      event.preventDefault();
+      key(kEnter);
+    });
+    // What an input method or a dead key composes stands in the box until it is done. Then the box
+    // is as it was before, and each character comes as a key.
+    let before: {value: string; selection: [number, number]} | undefined;
+    input.addEventListener('compositionstart', () => {
+      before = {value: input.value, selection: this.selection};
+    });
+    input.addEventListener('compositionend', (event) => {
+      const {data} = event as CompositionEvent;
+      queueMicrotask(() => {
+        if (before === undefined) return;
+        input.value = before.value;
+        input.setSelectionRange(...before.selection);
+        before = undefined;
+        keys(data);
+      });
+    });
   }
 
   get selection(): [number, number] {
@@ -162,27 +206,7 @@ function endOfChange(before: string, after: string): number {
 
 /** A box of one line. */
 export function lineBox(logic: Logic, box: Address, into: TypedInto, byKeys: boolean): TypedBox {
-  const input = make('input', {type: 'text', part: 'input'});
-  const typed = new TypedBox(logic, box, input, into);
-  if (byKeys) {
-    // Each key is handed over by itself, so that the control can refuse it.
-    input.addEventListener('beforeinput', (event) => {
-      const {data, inputType, isComposing} = event as InputEvent;
-      if (isComposing) return;
-      const kBackspace = 8;
-      const kLastCharacter = 0x7fff;
-      let code = 0;
-      if (inputType === 'insertText' && data?.length === 1 && data.charCodeAt(0) <= kLastCharacter)
-        code = data.charCodeAt(0);
-      else if (inputType === 'deleteContentBackward') code = kBackspace;
-      if (code === 0) return;
-      event.preventDefault();
-      const [first, behind] = typed.selection;
-      const caret = into.keyed(box, first, behind - first, code);
-      if (caret >= 0) input.setSelectionRange(caret, caret);
-    });
-  }
-  return typed;
+  return new TypedBox(logic, box, make('input', {type: 'text', part: 'input'}), into, byKeys);
 }
 
 /** A box of several lines, coloured or not. */

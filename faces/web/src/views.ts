@@ -2,7 +2,8 @@
 // What a person does comes out as gestures of the face; no view keeps what the control has.
 import {icon, make, setAttributes} from './dom';
 import type {Face} from './face';
-import {type Address, Ask, AskText, Gesture, Kind, Style, What} from './logic';
+import type {Address} from './logic';
+import {Ask, AskText, Gesture, Kind, Style, What} from './numbers';
 import {Rows} from './rows';
 import {LinesBox, type TypedBox, hasSeveralLines, lineBox} from './text_boxes';
 
@@ -235,25 +236,24 @@ class ListView implements View {
       const row = this.rows.rowUnder(event);
       if (row < 0 || !logic.is(control, Ask.Enabled)) return;
       this.rows.moveToRow(row);
-      // A second click soon after the first marks or unmarks a row once more, but in a single
-      // selection.
-      const isSecond = isSingle && event.detail % 2 === 0 && event.detail > 0;
-      face.gesture(isSecond ? Gesture.DoubleClick : Gesture.Click, control, row);
+      // The second press of a double click is no click of its own.
+      const isSecond = event.detail % 2 === 0 && event.detail > 0;
+      face.gesture(isSecond ? Gesture.DoubleClickRow : Gesture.ClickRow, control, row);
     });
     this.node.addEventListener('keydown', (event) => {
       if (event.ctrlKey || event.altKey || event.metaKey) return;
       const before = this.rows.current;
       if (event.key === ' ' || (event.key === 'Enter' && isSingle)) {
         event.preventDefault();
-        if (before >= 0)
-          face.gesture(event.key === ' ' ? Gesture.Click : Gesture.DoubleClick, control, before);
+        const gesture = event.key === ' ' ? Gesture.ClickRow : Gesture.DoubleClickRow;
+        if (before >= 0) face.gesture(gesture, control, before);
         return;
       }
       if (!this.rows.moveByKey(event)) return;
       event.preventDefault();
       // In a single selection the row that the keys come to is the marked one.
       if (isSingle && this.rows.current !== before && this.rows.current >= 0)
-        face.gesture(Gesture.Click, control, this.rows.current);
+        face.gesture(Gesture.ClickRow, control, this.rows.current);
     });
   }
 
