@@ -77,12 +77,13 @@ class OptionWidget final : public QRadioButton {
 }  // namespace
 
 FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control)
-    : owner_(owner), control_(control), style_(std::make_unique<FaceStyle>()) {
+    : owner_(owner), control_(control), style_(std::make_unique<FaceStyle>()), person_(control) {
   for (const Control* each : Form().Controls())
     MakeWidget(*each);
   FormLayout(*this, owner_).Build();
   control_.AddObserver(*this);
   StateReplaced();
+  person_.NoteAll();
   ShowChanges();
   FitToLetters();
 }
@@ -101,12 +102,6 @@ QWidget* FormFace::WidgetOf(const Control& control) const {
 
 // Notices.
 
-void FormFace::PropertyChanged(const Control& control, Property property) noexcept {
-  anythingChanged_ = true;
-  changed_.insert(&control);
-  if (property == Property::kSelStart) caretChanged_.insert(&control);
-}
-
 void FormFace::RowsAboutToChange(const Control& list, const RowChange& change) noexcept {
   const QScopedValueRollback showing(isShowing_, true);
   ModelOf(list)->RowsAboutToChange(change);
@@ -114,41 +109,20 @@ void FormFace::RowsAboutToChange(const Control& list, const RowChange& change) n
 
 void FormFace::RowsChanged(const Control& list, const RowChange& change) noexcept {
   const QScopedValueRollback showing(isShowing_, true);
-  anythingChanged_ = true;
-  changed_.insert(&list);
   ModelOf(list)->RowsChanged(change);
 }
 
 void FormFace::MarksChanged(const Control& list, int first, int count) noexcept {
-  anythingChanged_ = true;
-  changed_.insert(&list);
   ModelOf(list)->MarksChanged(first, count);
 }
 
-void FormFace::FocusChanged(const Control* /*control*/) noexcept {
-  focusMoved_ = true;
-}
-
-void FormFace::TabOrderChanged(int /*first*/, int /*last*/) noexcept {
-  // The tab order is read when the Tab key asks for it.
-}
-
-void FormFace::ElementLoaded(const Control& element) noexcept {
-  anythingChanged_ = true;
-  changed_.insert(&element);
-}
-
 void FormFace::ElementUnloading(const Control& element) noexcept {
-  anythingChanged_ = true;
-  changed_.erase(&element);
-  caretChanged_.erase(&element);
   const auto found = widgets_.find(&element);
   if (found == widgets_.end()) return;
   QWidget* const widget = found->second;
   widgets_.erase(found);
   controls_.remove(widget);
   const QScopedValueRollback showing(isShowing_, true);
-  focusMoved_ = true;
   widget->removeEventFilter(this);
   widget->disconnect(this);
   if (HasFocus()) owner_.setFocus();
@@ -159,9 +133,7 @@ void FormFace::ElementUnloading(const Control& element) noexcept {
 
 void FormFace::StateReplaced() noexcept {
   const QScopedValueRollback showing(isShowing_, true);
-  focusMoved_ = true;
   for (const Control* control : Form().Controls()) {
-    changed_.insert(control);
     if (auto* view = qobject_cast<RowsView*>(WidgetOf(*control))) {
       view->ReplaceRows();
     } else if (RowsModel* model = ModelOf(*control)) {
@@ -236,7 +208,7 @@ QWidget* FormFace::MakeTabStrip(const TabStrip& strip) {
   for (const StringView caption : kPageCaptions)
     bar->addTab(ToQt(caption));
   connect(bar, &QTabBar::currentChanged, this, [this, &strip](int page) {
-    Gesture(strip, Run::kStep, [this, &strip, page] { Do({Act::kTab, &strip, page}); });
+    Make({Gesture::kTab, &strip, page});
   });
   return bar;
 }
@@ -244,9 +216,7 @@ QWidget* FormFace::MakeTabStrip(const TabStrip& strip) {
 QWidget* FormFace::MakeLinesBox(const Control& box) {
   auto* lines = new LinesBox(&owner_);
   connect(lines, &LinesBox::Typed, this, [this, &box, lines] {
-    Gesture(box, Run::kTyping, [this, &box, lines] {
-      Do({Act::kType, &box, kNone, lines->Text()});
-    });
+    Make({Gesture::kType, &box, UserGesture::kNone, lines->Text()});
   });
   return lines;
 }
@@ -255,12 +225,10 @@ QWidget* FormFace::MakeTextBox(const TextBox& box) {
   if ((box.design().style & kMultiLine) != 0) return MakeLinesBox(box);
   auto* line = new LineBox(box.design().name == ControlName::txtAsSet, &owner_);
   connect(line, &LineBox::Typed, this, [this, &box](const QString& text) {
-    Gesture(box, Run::kTyping, [this, &box, &text] {
-      Do({Act::kType, &box, kNone, String(View(text))});
-    });
+    Make({Gesture::kType, &box, UserGesture::kNone, String(View(text))});
   });
-  connect(line, &LineBox::KeyTyped, this, [this, &box, line](int position, int count, int code) {
-    TypeKey(box, *line, position, count, code);
+  connect(line, &LineBox::KeyTyped, this, [this, &box](int from, int to, char16_t code) {
+    if (!isShowing_) End(person_.Key(box, code, {from, to}));
   });
   return line;
 }
@@ -269,10 +237,10 @@ QWidget* FormFace::MakeList(const ListBox& list) {
   auto* view = new RowsView(list, &owner_);
   models_.insert(&list, &view->rows());
   connect(view, &RowsView::RowClicked, this, [this, &list](int row) {
-    Gesture(list, Run::kStep, [this, &list, row] { Do({Act::kClick, &list, row}); });
+    Make({Gesture::kClickRow, &list, row});
   });
   connect(view, &RowsView::RowDoubleClicked, this, [this, &list](int row) {
-    Gesture(list, Run::kStep, [this, &list, row] { Do({Act::kDoubleClick, &list, row}); });
+    Make({Gesture::kDoubleClickRow, &list, row});
   });
   return view;
 }
@@ -296,13 +264,11 @@ QWidget* FormFace::MakeCombo(const ComboBox& combo) {
     box->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
     box->lineEdit()->setFocusPolicy(Qt::ClickFocus);
     connect(box->lineEdit(), &QLineEdit::textEdited, this, [this, &combo](const QString& text) {
-      Gesture(combo, Run::kTyping, [this, &combo, &text] {
-        Do({Act::kType, &combo, kNone, String(View(text))});
-      });
+      Make({Gesture::kType, &combo, UserGesture::kNone, String(View(text))});
     });
   }
   connect(box, &QComboBox::activated, this, [this, &combo](int row) {
-    Gesture(combo, Run::kStep, [this, &combo, row] { Do({Act::kPick, &combo, row}); });
+    Make({Gesture::kPick, &combo, row});
   });
   return box;
 }
@@ -311,9 +277,7 @@ QWidget* FormFace::MakeButton(const Control& button) {
   auto* push = new CaptionButton(&owner_);
   push->setAutoDefault(false);
   push->setFocusPolicy(Qt::ClickFocus);
-  connect(push, &QPushButton::clicked, this, [this, &button] {
-    Gesture(button, Run::kStep, [this, &button] { Do({Act::kClick, &button}); });
-  });
+  connect(push, &QPushButton::clicked, this, [this, &button] { Make({Gesture::kClick, &button}); });
   return push;
 }
 
@@ -321,7 +285,7 @@ QWidget* FormFace::MakeOption(const OptionButton& option) {
   auto* radio = new OptionWidget(&owner_);
   radio->setFocusPolicy(Qt::ClickFocus);
   connect(radio, &QRadioButton::clicked, this, [this, &option] {
-    Gesture(option, Run::kStep, [this, &option] { Do({Act::kClick, &option}); });
+    Make({Gesture::kClick, &option});
   });
   return radio;
 }
@@ -333,8 +297,7 @@ QWidget* FormFace::MakeScrollBar(const ScrollBar& bar) {
   scroll->setPageStep(ScrollBar::SmallChange());
   scroll->setTracking(false);  // a drag is one gesture, when the slider is let go
   connect(scroll, &QScrollBar::valueChanged, this, [this, &bar](int value) {
-    changed_.insert(&bar);
-    Gesture(bar, Run::kStep, [this, &bar, value] { Do({Act::kScroll, &bar, value}); });
+    Make({Gesture::kScroll, &bar, value});
   });
   return scroll;
 }
@@ -352,33 +315,40 @@ RowsModel* FormFace::ModelOf(const Control& control) const {
 
 void FormFace::ShowChanges() {
   if (isShowing_) return;
-  const QScopedValueRollback showing(isShowing_, true);
   const bool hadFocus = HasFocus();
-  while (!changed_.empty()) {
-    const auto changed = std::exchange(changed_, {});
-    // All of them have widgets before any is shown: where one is hidden, Qt moves the focus on.
-    for (const Control* control : changed) {
-      if (WidgetOf(*control) == nullptr)
-        MakeWidget(*control)->setParent(WidgetOf(*control->frame()));
+  bool focusMoved = false;
+  bool historyChanged = false;
+  {
+    const QScopedValueRollback showing(isShowing_, true);
+    faces::Changes changes = person_.TakeChanges();
+    while (true) {
+      focusMoved |= changes.focusMoved;
+      historyChanged |= changes.historyChanged;
+      if (changes.changed.empty()) break;
+      ShowControls(changes.changed);
+      changes = person_.TakeChanges();
     }
-    for (const Control* control : changed)
-      Show(*control);
+    if (hadFocus) ShowFocus(focusMoved);
   }
-  caretChanged_.clear();
-  if (hadFocus) ShowFocus();
-  focusMoved_ = false;
+  if (historyChanged) emit HistoryChanged();
 }
 
-void FormFace::Show(const Control& control) {
-  QWidget& widget = *WidgetOf(control);
-  ShowKind(control, widget);
-  ShowPlace(control, widget);
-  widget.setEnabled(control.Enabled());
-  widget.setVisible(control.Visible());
-  if (QWidget* filter = filters_.value(&control)) filter->setEnabled(control.Enabled());
+void FormFace::ShowControls(const std::map<const Control*, faces::Change>& changed) {
+  // All of them have widgets before any is shown: where one is hidden, Qt moves the focus on.
+  for (const auto& [control, change] : changed) {
+    if (WidgetOf(*control) == nullptr) MakeWidget(*control)->setParent(WidgetOf(*control->frame()));
+  }
+  for (const auto& [control, change] : changed) {
+    QWidget& widget = *WidgetOf(*control);
+    ShowKind(*control, widget, change);
+    ShowPlace(*control, widget);
+    widget.setEnabled(control->Enabled());
+    widget.setVisible(control->Visible());
+    if (QWidget* filter = filters_.value(control)) filter->setEnabled(control->Enabled());
+  }
 }
 
-void FormFace::ShowKind(const Control& control, QWidget& widget) {
+void FormFace::ShowKind(const Control& control, QWidget& widget, const faces::Change& change) {
   switch (control.kind()) {
     case Kind::TabStrip:
       static_cast<QTabBar&>(widget).setCurrentIndex(
@@ -393,7 +363,7 @@ void FormFace::ShowKind(const Control& control, QWidget& widget) {
     }
     case Kind::TextBox: {
       const auto& box = static_cast<const TextBox&>(control);
-      const bool movesCaret = caretChanged_.count(&control) != 0;
+      const bool movesCaret = change.Has(Property::kSelStart);
       if (auto* lines = qobject_cast<LinesBox*>(&widget)) {
         lines->Show(box.Text());
         if (movesCaret) lines->ShowCaret(box.SelStart());
@@ -515,10 +485,10 @@ bool FormFace::HasFocus() const {
   return focus != nullptr && (focus == &owner_ || owner_.isAncestorOf(focus));
 }
 
-void FormFace::ShowFocus() {
+void FormFace::ShowFocus(bool moved) {
   QWidget* const now = QApplication::focusWidget();
   // A filter keeps the focus: it is no control of the form.
-  if (now != nullptr && !focusMoved_ && now != &owner_ && owner_.isAncestorOf(now) &&
+  if (now != nullptr && !moved && now != &owner_ && owner_.isAncestorOf(now) &&
       !controls_.contains(now)) {
     return;
   }
@@ -529,76 +499,43 @@ void FormFace::ShowFocus() {
 
 // Gestures.
 
-void FormFace::Do(Act act) {
-  acts_.push_back(act);
-  faces::Perform(control_, act);
-  // The control's caret is at the end now; where the person types it stays, unless the text became
-  // another.
-  if (act.kind == Act::kType && faces::TextOf(*act.control) == act.text)
-    caretChanged_.erase(act.control);
+void FormFace::Make(UserGesture gesture) {
+  if (!isShowing_) End(person_.Make(std::move(gesture)));
 }
 
-void FormFace::Gesture(const Control& source, Run run, const std::function<void()>& act) {
-  if (isShowing_) return;
-  if (calls_ > 0) {  // within an event of the host
-    changed_.insert(&source);
-    return;
-  }
-  history_.Begin(control_, hostData_, source, run);
-  const bool goesOn = history_.GoesOn();
-  anythingChanged_ = false;
-
-  std::optional<Failure> failure;
-  ++calls_;
-  try {
-    act();
-  } catch (const RuntimeError& error) {
-    const std::string_view kind = error.kind_word();
-    failure = {QString::fromLatin1(kind.data(), static_cast<qsizetype>(kind.size())),
-               error.number(), QString::fromUtf8(error.what())};
-  } catch (const std::exception& error) {
-    failure = {QStringLiteral("host"), 0, QString::fromUtf8(error.what())};
-  } catch (...) {
-    failure = {QStringLiteral("host"), 0, QString()};
-  }
-  --calls_;
-  std::vector<Act> acts = std::exchange(acts_, {});
-
-  if (history_.End(anythingChanged_)) emit HistoryChanged();
-  changed_.insert(&source);
+// A gesture that was not taken is shown to be none when the call in progress is over.
+void FormFace::End(faces::End end) {
+  if (end == faces::End::kNotTaken) return;
+  const faces::MadeGesture made = person_.made();
+  const faces::Failure failure = person_.failure();
   ShowChanges();
-  for (Act& done : acts) {
-    done.goesOn = goesOn;
-    emit Acted(done);
-  }
-  if (failure) emit Failed(*failure);
+  if (made.gesture.control != nullptr) emit Acted(made);
+  if (end != faces::End::kDone) emit Failed(failure);
 }
 
-void FormFace::TypeKey(const TextBox& box, LineBox& line, int position, int count, int code) {
-  int caret = 0;
-  Gesture(box, Run::kTyping, [&] {
-    caret = faces::TypeKey(box, position, count, code, [this](Act act) { Do(std::move(act)); });
-  });
-  line.ShowCaret(caret);
-}
-
-void FormFace::PutBack(History::Step step) {
-  control_.Restore(std::move(step.state));
-  hostData_ = std::move(step.hostData);
+void FormFace::SwitchHistory(bool on) {
+  person_.SwitchHistory(on);
   ShowChanges();
+}
+
+QVariant FormFace::hostData() const {
+  const auto* data = std::any_cast<QVariant>(&person_.hostData());
+  return data == nullptr ? QVariant() : *data;
+}
+
+void FormFace::SetHostData(const QVariant& value) {
+  person_.hostData() = value;
 }
 
 void FormFace::Undo() {
-  if (calls_ > 0 || !history_.CanUndo()) return;
-  PutBack(history_.Undo({control_.Save(), hostData_}));
-  emit HistoryChanged();
+  if (person_.Undo() != faces::End::kDone) return;
+  ShowChanges();
   emit Undone();
 }
 
 void FormFace::Redo() {
-  if (calls_ > 0 || !history_.CanRedo()) return;
-  PutBack(history_.Redo({control_.Save(), hostData_}));
-  emit HistoryChanged();
+  if (person_.Redo() != faces::End::kDone) return;
+  ShowChanges();
   emit Redone();
 }
 
@@ -665,7 +602,7 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
         // meanwhile.
         ShowFocus();
       } else {
-        Gesture(*control, Run::kFocus, [this, control] { Do({Act::kFocus, control}); });
+        Make({Gesture::kFocus, control});
       }
       // The two views of the where condition lie over each other, and at first both are visible.
       if (control->frame() == &Form().FrawhereCondition || control->frame() == &Form().FraCondition)

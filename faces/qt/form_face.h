@@ -10,14 +10,11 @@
 #include <QPointer>
 #include <QVariant>
 #include <QWidget>
-#include <functional>
+#include <map>
 #include <memory>
-#include <optional>
-#include <set>
 #include <unordered_map>
-#include <vector>
 
-#include "faces/shared/history.h"
+#include "faces/shared/person.h"
 #include "shell/control.h"
 
 class QTabBar;
@@ -29,18 +26,6 @@ class FormLayout;
 class LineBox;
 class RowsModel;
 class RowsView;
-
-/// A failure of a gesture, for the host: a RuntimeError, or what the host's own code threw.
-struct Failure {
-  QString kind;
-  int number = 0;
-  QString text;
-};
-
-using faces::Act;
-using faces::Run;
-/// The host's value is whatever it likes.
-using History = faces::History<QVariant>;
 
 class FormFace final : public QObject, private SurfaceObserver {
   Q_OBJECT
@@ -65,14 +50,17 @@ class FormFace final : public QObject, private SurfaceObserver {
   /// Shows all that changed. The host is about to hear of something.
   void ShowChanges();
 
-  History& history() { return history_; }
+  /// The person, for reading; what it does goes through the face.
+  const faces::Person& person() const { return person_; }
+  void SwitchHistory(bool on);
   /// A value of the host's that goes with the state: Undo and Redo put it back as well.
-  QVariant& hostData() { return hostData_; }
+  QVariant hostData() const;
+  void SetHostData(const QVariant& value);
   void Undo();
   void Redo();
 
   /// Gives Qt's focus to the widget of the control that has the focus, or to the owner.
-  void ShowFocus();
+  void ShowFocus(bool moved = true);
 
   /// Moves the focus along the tab order of the surface. False at its end.
   bool MoveFocus(bool forward);
@@ -85,8 +73,8 @@ class FormFace final : public QObject, private SurfaceObserver {
 
  signals:
   /// A gesture is over, with all that it changed; comes before what follows from it.
-  void Acted(const zolt20::faces::Act& act);
-  void Failed(const zolt20::qt::Failure& failure);
+  void Acted(const zolt20::faces::MadeGesture& made);
+  void Failed(const zolt20::faces::Failure& failure);
   void HistoryChanged();
   void Undone();
   void Redone();
@@ -98,13 +86,14 @@ class FormFace final : public QObject, private SurfaceObserver {
   friend class FormLayout;
 
   // Notices.
-  void PropertyChanged(const Control& control, Property property) noexcept override;
+  // What needs no more than to be shown again, the person notes.
+  void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
   void RowsAboutToChange(const Control& list, const RowChange& change) noexcept override;
   void RowsChanged(const Control& list, const RowChange& change) noexcept override;
   void MarksChanged(const Control& list, int first, int count) noexcept override;
-  void FocusChanged(const Control* control) noexcept override;
-  void TabOrderChanged(int first, int last) noexcept override;
-  void ElementLoaded(const Control& element) noexcept override;
+  void FocusChanged(const Control* /*control*/) noexcept override {}
+  void TabOrderChanged(int /*first*/, int /*last*/) noexcept override {}
+  void ElementLoaded(const Control& /*element*/) noexcept override {}
   void ElementUnloading(const Control& element) noexcept override;
   void StateReplaced() noexcept override;
 
@@ -121,8 +110,8 @@ class FormFace final : public QObject, private SurfaceObserver {
   RowsModel* ModelOf(const Control& control) const;
 
   // Showing.
-  void Show(const Control& control);
-  void ShowKind(const Control& control, QWidget& widget);
+  void ShowControls(const std::map<const Control*, faces::Change>& changed);
+  void ShowKind(const Control& control, QWidget& widget, const faces::Change& change);
   void ShowPlace(const Control& control, QWidget& widget);
   void PlaceCaseRows();
   void FitToLetters();
@@ -130,11 +119,8 @@ class FormFace final : public QObject, private SurfaceObserver {
   bool HasFocus() const;
 
   // Gestures.
-  static constexpr int kNone = Act::kNone;
-  void Gesture(const Control& source, Run run, const std::function<void()>& act);
-  void Do(Act act);
-  void PutBack(History::Step step);
-  void TypeKey(const TextBox& box, LineBox& line, int position, int count, int code);
+  void Make(UserGesture gesture);
+  void End(faces::End end);
   bool HandleKey(const Control& control, QWidget& widget, const QKeyEvent& event);
   bool MoveOption(const Control& option, bool forward);
 
@@ -145,35 +131,20 @@ class FormFace final : public QObject, private SurfaceObserver {
   QHash<QObject*, const Control*> controls_;
   QHash<const Control*, RowsModel*> models_;
   QHash<const Control*, QWidget*> filters_;
-  int rowGrowth_ = 0;                 // by which a case row is taller than in the form, in pixels
-  int nextGrowth_ = 0;                // and the button below them
-  std::set<const Control*> changed_;  // to be shown
-  std::set<const Control*> caretChanged_;
-  bool focusMoved_ = false;
-  bool anythingChanged_ = false;  // but the focus and the tab order, since the gesture began
-  int calls_ = 0;                 // of gestures and members, one within the other
-  bool isShowing_ = false;        // what the widgets tell comes from us, and not from a person
-  std::vector<Act> acts_;         // of the gesture in progress
-  History history_;
-  QVariant hostData_;
+  int rowGrowth_ = 0;   // by which a case row is taller than in the form, in pixels
+  int nextGrowth_ = 0;  // and the button below them
+  faces::Person person_;
+  bool isShowing_ = false;  // what the widgets tell comes from us, and not from a person
 };
 
 template <typename Act>
 auto FormFace::Call(const Act& act, bool writes) {
-  struct InProgress {
+  struct ShowsBehind {
     FormFace& face;
-    bool forgets;
-    explicit InProgress(FormFace& f, bool w) : face(f), forgets(w && f.calls_ == 0) { ++f.calls_; }
-    ~InProgress() {
-      --face.calls_;
-      face.ShowChanges();
-      if (!forgets) return;
-      face.history_.Forget();
-      emit face.HistoryChanged();
-    }
+    ~ShowsBehind() { face.ShowChanges(); }
   };
-  const InProgress inProgress(*this, writes);
-  return act();
+  const ShowsBehind showsBehind{*this};
+  return person_.Call(act, writes);
 }
 
 }  // namespace zolt20::qt

@@ -12,7 +12,6 @@ using zolt20::Integer;
 using zolt20::Message;
 using zolt20::StringView;
 using zolt20::ZOLT20MapControl;
-using zolt20::faces::Act;
 using zolt20::qt::FormFace;
 using zolt20::qt::FromQt;
 using zolt20::qt::ToQt;
@@ -51,31 +50,17 @@ class VariantBag final : public zolt20::PropertyBag {
   QVariantMap values_;
 };
 
-QString VerbOf(Act::Kind kind) {
-  switch (kind) {
-    case Act::kClick:
-      return QStringLiteral("click");
-    case Act::kDoubleClick:
-      return QStringLiteral("dblclick");
-    case Act::kPick:
-      return QStringLiteral("pick");
-    case Act::kType:
-      return QStringLiteral("type");
-    case Act::kKey:
-      return QStringLiteral("key");
-    case Act::kFocus:
-      return QStringLiteral("focus");
-    case Act::kTab:
-      return QStringLiteral("tab");
-    case Act::kScroll:
-      return QStringLiteral("scroll");
-  }
-  return {};
-}
-
-ZOLT20Gesture GestureOf(const Act& act) {
-  const QString control = act.kind == Act::kTab ? QString() : Key(act.control->name());
-  return {VerbOf(act.kind), control, act.number, ToQt(act.text), act.goesOn};
+ZOLT20Gesture GestureOf(const zolt20::faces::MadeGesture& made) {
+  const zolt20::UserGesture& gesture = made.gesture;
+  const bool isTab = gesture.gesture == zolt20::Gesture::kTab;
+  const zolt20::TextMark mark = gesture.mark.value_or(zolt20::TextMark{-1, -1});
+  return {Key(zolt20::DesignOf(gesture.gesture).word),
+          isTab ? QString() : Key(gesture.control->name()),
+          gesture.number,
+          ToQt(gesture.text),
+          made.goesOn,
+          mark.from,
+          mark.to};
 }
 
 }  // namespace
@@ -104,10 +89,10 @@ class ZOLT20MapWidget::Private final : public zolt20::ControlHost {
   }
 
   void HistoryMayHaveChanged() {
-    if (ShowButton("undo", couldUndo, face.history().CanUndo())) {
+    if (ShowButton("undo", couldUndo, face.person().CanUndo())) {
       emit widget.canUndoChanged(couldUndo);
     }
-    if (ShowButton("redo", couldRedo, face.history().CanRedo())) {
+    if (ShowButton("redo", couldRedo, face.person().CanRedo())) {
       emit widget.canRedoChanged(couldRedo);
     }
   }
@@ -137,11 +122,11 @@ class ZOLT20MapWidget::Private final : public zolt20::ControlHost {
 
 ZOLT20MapWidget::ZOLT20MapWidget(QWidget* parent)
     : QWidget(parent), d_(std::make_unique<Private>(*this)) {
-  connect(&d_->face, &FormFace::Failed, this, [this](const zolt20::qt::Failure& failure) {
-    emit Failed(failure.kind, failure.number, failure.text);
+  connect(&d_->face, &FormFace::Failed, this, [this](const zolt20::faces::Failure& failure) {
+    emit Failed(Key(failure.kind), failure.number, QString::fromStdString(failure.text));
   });
   connect(&d_->face, &FormFace::Acted, this,
-          [this](const Act& act) { emit gestureMade(GestureOf(act)); });
+          [this](const zolt20::faces::MadeGesture& made) { emit gestureMade(GestureOf(made)); });
   connect(&d_->face, &FormFace::HistoryChanged, this, [this] { d_->HistoryMayHaveChanged(); });
   connect(&d_->face, &FormFace::Undone, this, &ZOLT20MapWidget::undone);
   connect(&d_->face, &FormFace::Redone, this, &ZOLT20MapWidget::redone);
@@ -245,17 +230,16 @@ void ZOLT20MapWidget::setSyntax_Highlight(bool highlight) {
 #undef ZOLT20_CALL
 
 bool ZOLT20MapWidget::isUndoEnabled() const {
-  return d_->face.history().IsOn();
+  return d_->face.person().HistoryIsOn();
 }
 bool ZOLT20MapWidget::canUndo() const {
-  return d_->face.history().CanUndo();
+  return d_->face.person().CanUndo();
 }
 bool ZOLT20MapWidget::canRedo() const {
-  return d_->face.history().CanRedo();
+  return d_->face.person().CanRedo();
 }
 void ZOLT20MapWidget::setUndoEnabled(bool enabled) {
-  d_->face.history().Switch(enabled);
-  d_->HistoryMayHaveChanged();
+  d_->face.SwitchHistory(enabled);
 }
 void ZOLT20MapWidget::undo() {
   d_->face.Undo();
@@ -268,7 +252,7 @@ QVariant ZOLT20MapWidget::hostData() const {
   return d_->face.hostData();
 }
 void ZOLT20MapWidget::setHostData(const QVariant& value) {
-  d_->face.hostData() = value;
+  d_->face.SetHostData(value);
 }
 void ZOLT20MapWidget::setTableNames(const QHash<QString, QString>& names) {
   d_->face.NameTables(names);

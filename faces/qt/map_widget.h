@@ -28,6 +28,8 @@ struct ZOLT20Gesture {
   int number = -1;      ///< a row, the code of a key, a page or a scroll value; -1 for none
   QString text;         ///< of "type"
   bool goesOn = false;  ///< typing that belongs to the step of the history before
+  int from = -1;        ///< of "key": the marked characters, from this place on and before the next
+  int to = -1;
 };
 
 class ZOLT20MapWidget : public QWidget {

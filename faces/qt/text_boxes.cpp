@@ -9,7 +9,6 @@
 
 #include "faces/qt/highlighter.h"
 #include "faces/qt/qt_text.h"
-#include "faces/shared/act.h"
 #include "faces/shared/shown_text.h"
 
 namespace zolt20::qt {
@@ -166,15 +165,34 @@ void LineBox::ShowCaret(int caret) {
 }
 
 void LineBox::keyPressEvent(QKeyEvent* event) {
+  if (!byKeys_) return QLineEdit::keyPressEvent(event);
+  constexpr char16_t kBackspaceCode = 8;
+  constexpr char16_t kEnterCode = 13;
   const QString text = event->text();
   const bool isPlain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
-  const bool isBackspace = event->key() == Qt::Key_Backspace && isPlain;
-  const bool isCharacter = isPlain && text.size() == 1 && text[0].unicode() >= u' ' &&
-                           text[0].unicode() != 0x7F && text[0].unicode() <= 0x7FFF;
-  if (!byKeys_ || (!isBackspace && !isCharacter)) return QLineEdit::keyPressEvent(event);
-  const int first = hasSelectedText() ? selectionStart() : cursorPosition();
-  emit KeyTyped(first, static_cast<int>(selectedText().size()),
-                isBackspace ? faces::kBackspace : static_cast<int>(text[0].unicode()));
+  if (isPlain && event->key() == Qt::Key_Backspace) return HandOver(kBackspaceCode);
+  if (isPlain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+    return HandOver(kEnterCode);
+  // With AltGr, where it is a modifier, a character comes as well.
+  const bool isCommand = (event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) != 0;
+  const bool isCharacter = !isCommand && !text.isEmpty() && text[0].isPrint();
+  if (!isCharacter) return QLineEdit::keyPressEvent(event);
+  for (const QChar character : text)
+    HandOver(character.unicode());
+}
+
+// Each character that is composed is a key. Until then it does not stand in the line, which would
+// lose its mark to it.
+void LineBox::inputMethodEvent(QInputMethodEvent* event) {
+  if (!byKeys_) return QLineEdit::inputMethodEvent(event);
+  for (const QChar character : event->commitString())
+    HandOver(character.unicode());
+  event->accept();
+}
+
+void LineBox::HandOver(char16_t code) {
+  const int from = hasSelectedText() ? selectionStart() : cursorPosition();
+  emit KeyTyped(from, from + static_cast<int>(selectedText().size()), code);
 }
 
 }  // namespace zolt20::qt

@@ -67,14 +67,17 @@ class LineBox final : public QLineEdit {
  signals:
   /// The person made this of the text.
   void Typed(const QString& text);
-  /// The person pressed a key at that place of the text; `count` characters from there on are
-  /// selected. The code is a character, or 8 for the character before the place.
-  void KeyTyped(int position, int count, int code);
+  /// The person pressed a key where these characters of the text are selected. The code is a
+  /// character, 8 for Backspace or 13 for Enter.
+  void KeyTyped(int from, int to, char16_t code);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
 
  private:
+  void HandOver(char16_t code);
+
   bool byKeys_;
 };
 

@@ -6,12 +6,14 @@
 #include <string_view>
 
 #include "faces/qt/qt_text.h"
+#include "hosts/kit/request.h"
 #include "hosts/kit/text_coding.h"
 #include "surface/surface.h"
 
 namespace zolt20::composer {
 namespace {
 
+using qt::FromQt;
 using qt::ToQt;
 using qt::View;
 
@@ -63,12 +65,18 @@ bool IsChange(const ZOLT20Gesture& gesture) {
          gesture.control != u"cmdCancel";
 }
 
-// The key of a gesture's number.
-const char* NumberKey(const QString& verb) {
-  if (verb == u"key") return "code";
-  if (verb == u"tab") return "page";
-  if (verb == u"scroll") return "value";
-  return "row";
+// The request that makes the gesture.
+hosts::Json RequestOf(const ZOLT20Gesture& gesture) {
+  const std::string word = Utf8(gesture.verb);
+  const bool hasOperand = gesture.number >= 0;
+  UserGesture made{Gesture::kFocus, nullptr, gesture.number, FromQt(gesture.text)};
+  // Words of two gestures are told apart by what they have beside their control.
+  for (const GestureDesign& design : kGestures) {
+    if (design.word == word && (design.operand.empty() || hasOperand || word != "click"))
+      made.gesture = design.gesture;
+  }
+  if (gesture.from >= 0) made.mark = TextMark{gesture.from, gesture.to};
+  return hosts::WriteGesture(made, Utf8(gesture.control));
 }
 
 }  // namespace
@@ -147,11 +155,7 @@ void RecordedMap::Keep(const Json& request) {
 void RecordedMap::KeepGesture(const ZOLT20Gesture& gesture) {
   const char* event = std::exchange(event_, nullptr);
   const Json answers = std::exchange(answers_, Json::array());
-  Json request{{"user", Utf8(gesture.verb)}};
-  if (!gesture.control.isEmpty()) request["control"] = Utf8(gesture.control);
-  if (gesture.verb == u"type") request["text"] = Utf8(gesture.text);
-  if (gesture.number >= 0) request[NumberKey(gesture.verb)] = gesture.number;
-
+  const Json request = RequestOf(gesture);
   if (GoesOnTyping(gesture)) {
     // No step knows the line before, which has most of the same text.
     const Place place = Now();

@@ -327,7 +327,6 @@ TEST_F(RecordedMapTest, KeysAtTheEndOfTheRowLimitAreKeys) {
   ExpectReplayed();
 }
 
-// What lies behind the place is typed away and back again.
 TEST_F(RecordedMapTest, KeysInTheMiddleOfTheRowLimitAreReplayed) {
   Tab(1);
   TypeKeys("txtAsSet", "123");
@@ -335,9 +334,7 @@ TEST_F(RecordedMapTest, KeysInTheMiddleOfTheRowLimitAreReplayed) {
   Key("txtAsSet", '9');
   EXPECT_EQ(Text("txtAsSet"), "1293");
   const Texts lines = Lines();
-  EXPECT_EQ(
-      Texts(lines.end() - 3, lines.end()),
-      (Texts{TypeLine("txtAsSet", "12"), KeyLine("txtAsSet", '9'), TypeLine("txtAsSet", "1293")}));
+  EXPECT_EQ(lines.back(), R"({"user":"key","control":"txtAsSet","code":57,"from":2})");
   Key("txtAsSet", 'x');  // refused
   Key("txtAsSet", 8);
   EXPECT_EQ(Text("txtAsSet"), "123");

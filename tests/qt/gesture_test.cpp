@@ -16,6 +16,8 @@ std::string Line(const ZOLT20Gesture& gesture) {
   std::string line = Std(gesture.verb);
   if (!gesture.control.isEmpty()) line += " " + Std(gesture.control);
   if (gesture.number >= 0) line += " " + std::to_string(gesture.number);
+  if (gesture.from >= 0)
+    line += " at " + std::to_string(gesture.from) + " to " + std::to_string(gesture.to);
   if (gesture.verb == u"type") line += " '" + Std(gesture.text) + "'";
   return line;
 }
@@ -111,14 +113,16 @@ TEST_F(GestureTest, AKeyThatTheControlMayRefuseIsAKey) {
   ExpectTold({"focus txtAsSet", "key txtAsSet 49", "key txtAsSet 120", "key txtAsSet 8"});
 }
 
-// The caret of the control stands behind what was typed last.
-TEST_F(GestureTest, AKeyInTheMiddleIsThreeGestures) {
+TEST_F(GestureTest, AKeyTellsWhatIsMarkedWhereThatIsNotTheCaretOfTheControl) {
   Tab(1);
   TypeKeys("txtAsSet", "12");
   Press(Qt::Key_Left);
   Log();
   Key("txtAsSet", '3');
-  ExpectTold({"type txtAsSet '1'", "key txtAsSet 51", "type txtAsSet '132'"});
+  ExpectTold({"key txtAsSet 51 at 1 to 1"});
+  Press(Qt::Key_Home, Qt::ShiftModifier);
+  Key("txtAsSet", 'x');
+  ExpectTold({"key txtAsSet 120 at 0 to 2"});
 }
 
 // The control's caret goes to the end with each text that is typed; the person's stays.

@@ -555,8 +555,34 @@ TEST_F(LineBoxTest, ByKeysEachKeyIsHandedOverAndNothingIsShown) {
   box->setSelection(1, 2);
   QTest::keyClick(box.get(), Qt::Key_7);
   EXPECT_EQ(keys,
-            (std::vector<std::vector<int>>{{1, 0, '5'}, {1, 0, 'a'}, {1, 0, 8}, {1, 2, '7'}}));
+            (std::vector<std::vector<int>>{{1, 1, '5'}, {1, 1, 'a'}, {1, 1, 8}, {1, 3, '7'}}));
   EXPECT_EQ(Shown(), u"123");
+  EXPECT_EQ(typed, Strings{});
+}
+
+TEST_F(LineBoxTest, ByKeysEnterIsAKeyAndSoIsACharacterOfAnyAlphabet) {
+  Make(true);
+  QTest::keyClick(box.get(), Qt::Key_Return);
+  QTest::keyClick(box.get(), Qt::Key_Enter, Qt::KeypadModifier);
+  QTest::sendKeyEvent(QTest::Click, box.get(), Qt::Key_unknown, QString(QChar(0xFF15)), {});
+  QTest::keyClick(box.get(), Qt::Key_5, Qt::ControlModifier);  // a command of somebody's
+  EXPECT_EQ(keys, (std::vector<std::vector<int>>{{0, 0, 13}, {0, 0, 13}, {0, 0, 0xFF15}}));
+}
+
+TEST_F(LineBoxTest, ByKeysWhatIsComposedIsAKeyForEachCharacterOnceItIsDone) {
+  Make(true);
+  box->Show(u"12");
+  box->setSelection(0, 1);
+  QInputMethodEvent composing(QStringLiteral("´"), {});
+  QApplication::sendEvent(box.get(), &composing);
+  EXPECT_TRUE(keys.empty());
+  EXPECT_EQ(typed, Strings{});
+  QInputMethodEvent done;
+  done.setCommitString(QStringLiteral("é5"));
+  QApplication::sendEvent(box.get(), &done);
+  ASSERT_EQ(keys.size(), 2U);
+  EXPECT_EQ(keys[0].back(), 0xE9);
+  EXPECT_EQ(keys[1].back(), '5');
   EXPECT_EQ(typed, Strings{});
 }
 

@@ -125,12 +125,21 @@ class PersonTest : public ::testing::Test {
     for (const char key : text)
       key == '\n' ? Press(Qt::Key_Return) : QTest::keyClick(Window(), key);
   }
-  /// A key in a text box, by its character code or 8 for backspace.
+  /// A key in a text box, by its character code, 8 for backspace or 13 for Enter.
   void Key(std::string_view box, int code) {
     if (QApplication::focusWidget() != &On(box)) Focus(box);
     constexpr int kBackspace = 8;
+    constexpr int kEnter = 13;
     if (code == kBackspace) return Press(Qt::Key_Backspace);
+    if (code == kEnter) return Press(Qt::Key_Return);
     QTest::keyClick(Window(), static_cast<char>(code));
+  }
+  /// Marks characters of a box of one line, or puts the caret there.
+  void Mark(std::string_view box, int from, int to) {
+    if (QApplication::focusWidget() != &On(box)) Focus(box);
+    Press(Qt::Key_Home);
+    for (int place = 0; place < to; ++place)
+      Press(Qt::Key_Right, place < from ? Qt::NoModifier : Qt::ShiftModifier);
   }
   /// Presses a page of the tab strip.
   void Tab(int page) {
@@ -186,6 +195,9 @@ class PersonTest : public ::testing::Test {
     } else if (verb == "type") {
       Type(name, gesture["text"].get<std::string>());
     } else if (verb == "key") {
+      if (gesture.contains("from")) {
+        Mark(name, gesture["from"], gesture.value("to", gesture["from"].get<int>()));
+      }
       Key(name, gesture["code"]);
     } else if (verb == "focus") {
       Focus(name);
