@@ -198,8 +198,8 @@ HRESULT MapControl::MakeWindow() {
     result = site->GetWindowContext(frame_.Put(), document_.Put(), &position, &clip, &info);
   if (SUCCEEDED(result)) {
     result = Guarded([&] {
-      window_ =
-          FormWindow::Make(parent, position, control_, static_cast<FormWindow::Owner&>(*this));
+      window_ = FormWindow::Make(parent, position, control_, person_,
+                                 static_cast<FormWindow::Owner&>(*this));
       return S_OK;
     });
   }

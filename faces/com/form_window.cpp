@@ -14,7 +14,6 @@
 #include "faces/com/com_text.h"
 #include "faces/com/common_controls.h"
 #include "faces/com/statement_box.h"
-#include "faces/shared/act.h"
 #include "faces/shared/form_words.h"
 #include "faces/shared/neighbours.h"
 #include "faces/shared/shown_text.h"
@@ -133,21 +132,13 @@ String WithoutNuls(StringView text) {
 
 // A control's window. What it shows stays known, so that nothing is drawn that does not differ.
 struct FormWindow::Child {
-  static constexpr int kAllRows = std::numeric_limits<int>::max();
-
   explicit Child(const Control& shownControl) : control(shownControl) {}
 
   const Control& control;
   HWND window = nullptr;
-  HWND edit = nullptr;    // the line within an editable combo
-  bool isChanged = true;  // it shows something else than the control has
-  bool caretChanged = false;
-  String shown;             // of a text box: what it shows
-  bool rowsChanged = true;  // of lists and combos
-  int firstNewRow = 0;      // of a list: which rows are not measured yet
-  int behindNewRows = kAllRows;
-  String longestRow;  // of a list: the one of the most characters that was there
-  bool marksChanged = true;
+  HWND edit = nullptr;  // the line within an editable combo
+  String shown;         // of a text box: what it shows
+  String longestRow;    // of a list: the one of the most characters that was there
   std::unique_ptr<StatementBox> statements;  // of a box of statements
   bool isPicking = false;  // of a combo: its list was open, and an entry was chosen
   bool wasPicked = false;  // of a combo: what the last key or press chose is done
@@ -192,8 +183,8 @@ class Showing {
 // Making windows.
 
 FormWindow::Handle FormWindow::Make(HWND parent, const RECT& place, ZOLT20MapControl& control,
-                                    Owner& owner) {
-  const std::shared_ptr<FormWindow> made(new FormWindow(control, owner),
+                                    faces::Person& person, Owner& owner) {
+  const std::shared_ptr<FormWindow> made(new FormWindow(control, person, owner),
                                          [](FormWindow* window) { delete window; });
   made->self_ = made;
   Handle window(made.get());
@@ -201,8 +192,8 @@ FormWindow::Handle FormWindow::Make(HWND parent, const RECT& place, ZOLT20MapCon
   return window;
 }
 
-FormWindow::FormWindow(ZOLT20MapControl& control, Owner& owner)
-    : control_(control), owner_(owner) {}
+FormWindow::FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& owner)
+    : control_(control), person_(person), owner_(owner) {}
 
 FormWindow::~FormWindow() {
   for (const HFONT font : {verdana_, small_, arial_}) {
@@ -249,7 +240,7 @@ void FormWindow::Create(HWND parent, const RECT& place) {
   for (const Control* control : Form().Controls())
     CreateChild(*control);
   control_.AddObserver(*this);
-  StateReplaced();
+  person_.NoteAll();
   LayOut();
 }
 
@@ -413,55 +404,10 @@ FormWindow::Child& FormWindow::CreateChild(const Control& control) {
 
 // Notices.
 
-void FormWindow::PropertyChanged(const Control& control, Property property) noexcept {
-  if (Child* child = ChildOf(control)) {
-    child->isChanged = true;
-    if (property == Property::kSelStart) child->caretChanged = true;
-  }
-  if (property == Property::kPlace || property == Property::kTab) placesChanged_ = true;
-}
-
-void FormWindow::RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept {}
-
-void FormWindow::RowsChanged(const Control& list, const RowChange& change) noexcept {
-  Child* const child = ChildOf(list);
-  if (child == nullptr) return;
-  child->isChanged = true;
-  const bool isFirst = !std::exchange(child->rowsChanged, true);
-  if (isFirst && change.what == RowChange::What::kInserted) {
-    child->firstNewRow = change.first;
-    child->behindNewRows = change.first + change.count;
-  } else {
-    child->firstNewRow = 0;
-    child->behindNewRows = Child::kAllRows;
-  }
-}
-
-void FormWindow::MarksChanged(const Control& list, int /*first*/, int /*count*/) noexcept {
-  if (Child* child = ChildOf(list)) {
-    child->isChanged = true;
-    child->marksChanged = true;
-  }
-}
-
-void FormWindow::FocusChanged(const Control* /*control*/) noexcept {
-  focusMoved_ = true;
-}
-
-void FormWindow::TabOrderChanged(int /*first*/, int /*last*/) noexcept {
-  // The tab order is read when the Tab key asks for it.
-}
-
-void FormWindow::ElementLoaded(const Control& /*element*/) noexcept {
-  elementsLoaded_ = true;
-  placesChanged_ = true;
-}
-
 void FormWindow::ElementUnloading(const Control& element) noexcept {
   const auto found = children_.find(&element);
   if (found == children_.end()) return;
   const Showing showing(isShowing_);
-  focusMoved_ = true;
   const HWND window = found->second->window;
   if (GetFocus() == window) SetFocus(root_);
   childOfWindow_.erase(window);
@@ -470,19 +416,6 @@ void FormWindow::ElementUnloading(const Control& element) noexcept {
   spoken_.Take(window);
   children_.erase(found);
   DestroyWindow(window);
-}
-
-void FormWindow::StateReplaced() noexcept {
-  focusMoved_ = true;
-  placesChanged_ = true;
-  elementsLoaded_ = true;
-  for (const auto& [control, child] : children_) {
-    child->isChanged = true;
-    child->rowsChanged = true;
-    child->firstNewRow = 0;
-    child->behindNewRows = Child::kAllRows;
-    child->marksChanged = true;
-  }
 }
 
 // Showing.
@@ -498,31 +431,35 @@ void FormWindow::ShowNow() noexcept {
   try {
     ShowEverything();
   } catch (...) {
-    placesChanged_ = true;
+    // No memory or no room: all of it the next time.
+    try {
+      person_.NoteAll();
+    } catch (...) {
+    }
   }
 }
 
 void FormWindow::ShowEverything() {
   const bool hadFocus = HasFocus();
-  if (elementsLoaded_) {
+  const faces::Changes changes = person_.TakeChanges();
+  bool placesChanged = false;
+  {
     const CommonControls commonControls;
-    for (const Control* control : Form().Controls()) {
-      if (ChildOf(*control) == nullptr) CreateChild(*control);
+    for (const auto& [control, change] : changes.changed) {
+      if (ChildOf(*control) != nullptr) continue;
+      CreateChild(*control);
+      placesChanged = true;
     }
-    elementsLoaded_ = false;
   }
-  for (const auto& [control, child] : children_) {
-    if (!child->isChanged) continue;
-    ShowChild(*child);
-    child->isChanged = false;
-    child->caretChanged = false;
+  for (const auto& [control, change] : changes.changed) {
+    ShowChild(*ChildOf(*control), change);
+    placesChanged |= change.Has(Property::kPlace) || change.Has(Property::kTab);
   }
-  if (std::exchange(placesChanged_, false)) LayOut();
-  if (hadFocus && focusMoved_) ShowFocus();
-  focusMoved_ = false;
+  if (placesChanged) LayOut();
+  if (hadFocus && changes.focusMoved) ShowFocus();
 }
 
-void FormWindow::ShowChild(Child& child) {
+void FormWindow::ShowChild(Child& child, const faces::Change& change) {
   const Control& control = child.control;
   switch (control.kind()) {
     case Kind::TabStrip:
@@ -538,17 +475,17 @@ void FormWindow::ShowChild(Child& child) {
     case Kind::TextBox: {
       const auto& box = static_cast<const TextBox&>(control);
       ShowText(child, box.Text());
-      if (child.caretChanged) {
+      if (change.Has(Property::kSelStart)) {
         SendMessageW(child.window, EM_SETSEL, static_cast<WPARAM>(box.SelStart()), box.SelStart());
         SendMessageW(child.window, EM_SCROLLCARET, 0, 0);
       }
       break;
     }
     case Kind::ListBox:
-      ShowRows(child);
+      ShowRows(child, change);
       break;
     case Kind::ComboBox:
-      ShowCombo(child);
+      ShowCombo(child, change);
       break;
     case Kind::Button:
     case Kind::OptionButton:
@@ -615,15 +552,15 @@ void FormWindow::ShowText(Child& child, StringView text) {
   child.shown = std::move(shown);
 }
 
-void FormWindow::ShowRows(Child& child) {
+void FormWindow::ShowRows(Child& child, const faces::Change& change) {
   const auto& list = static_cast<const ListBox&>(child.control);
-  if (std::exchange(child.rowsChanged, false)) {
-    child.marksChanged = true;
+  const bool rowsChanged = (change.what & faces::Change::kRows) != 0;
+  if (rowsChanged) {
     SendMessageW(child.window, LVM_SETITEMCOUNT, static_cast<WPARAM>(list.ListCount()),
                  LVSICF_NOSCROLL);
-    if (child.behindNewRows == Child::kAllRows) child.longestRow.clear();
-    const int behind = std::min(child.behindNewRows, list.ListCount());
-    for (int row = child.firstNewRow; row < behind; ++row) {
+    if (change.behindRows == faces::Change::kAllRows) child.longestRow.clear();
+    const int behind = std::min(change.behindRows, list.ListCount());
+    for (int row = change.firstRow; row < behind; ++row) {
       if (list.List(row).size() > child.longestRow.size()) child.longestRow = list.List(row);
     }
     RECT inside{};
@@ -635,7 +572,7 @@ void FormWindow::ShowRows(Child& child) {
                  std::max<int>(width + MulDiv(around, dpi_, 96), inside.right));
     InvalidateRect(child.window, nullptr, FALSE);
   }
-  if (std::exchange(child.marksChanged, false)) ShowMarks(child);
+  if (rowsChanged || (change.what & faces::Change::kMarks) != 0) ShowMarks(child);
   if (list.ListIndex() >= 0) {
     LVITEMW item{};
     item.stateMask = LVIS_FOCUSED;
@@ -665,9 +602,9 @@ void FormWindow::ShowMarks(Child& child) {
   }
 }
 
-void FormWindow::ShowCombo(Child& child) {
+void FormWindow::ShowCombo(Child& child, const faces::Change& change) {
   const auto& combo = static_cast<const ComboBox&>(child.control);
-  if (std::exchange(child.rowsChanged, false)) {
+  if ((change.what & faces::Change::kRows) != 0) {
     SendMessageW(child.window, WM_SETREDRAW, FALSE, 0);
     SendMessageW(child.window, CB_RESETCONTENT, 0, 0);
     for (int row = 0; row < combo.ListCount(); ++row) {
@@ -750,11 +687,9 @@ void FormWindow::ResolutionChanged() {
   dpi_ = DpiOf(root_);
   MakeFonts();
   for (const auto& [control, child] : children_) {
-    child->isChanged = true;
-    child->rowsChanged = true;  // the rows have another width
     if (child->statements) child->statements->Recolour();
   }
-  placesChanged_ = true;
+  person_.NoteAll();  // the rows have another width
   ShowChanges();
 }
 
@@ -809,31 +744,30 @@ void FormWindow::TakeFocus() {
 
 // Gestures.
 
-void FormWindow::Gesture(const Control& source, const std::function<void()>& act) noexcept {
+void FormWindow::Make(UserGesture gesture) noexcept {
+  Try([&] { return person_.Make(std::move(gesture)); });
+}
+
+void FormWindow::Type(Child& child, String text) noexcept {
+  Make({Gesture::kType, &child.control, UserGesture::kNone, std::move(text)});
+}
+
+void FormWindow::Try(const std::function<faces::End()>& gesture) noexcept {
   if (isShowing_ || isRetired_) return;
   const Busy busy(*this);
-  if (Child* child = ChildOf(source)) {
-    child->isChanged = true;
-    child->marksChanged = true;  // the window may have changed its own
-  }
-  if (!owner_.GestureBegins()) {  // within an event of the host
-    focusMoved_ = true;
-    return;
-  }
+  owner_.GestureBegins();
   try {
-    const auto fail = [this](const std::wstring& description) {
-      if (isRetired_) return;
+    const faces::End end = gesture();
+    const bool hasFailed = end == faces::End::kRuntimeError || end == faces::End::kFailed;
+    if (hasFailed && !isRetired_) {
+      const faces::Failure& failure = person_.failure();
+      std::wstring text = L"The program failed that answers the events of the control.";
+      if (end == faces::End::kRuntimeError) {
+        text = L"Run-time error " + std::to_wstring(failure.number) + L": " +
+               std::wstring(failure.text.begin(), failure.text.end());
+      }
       ShowChanges();
-      owner_.GestureFailed(description.c_str());
-    };
-    try {
-      act();
-    } catch (const RuntimeError& error) {
-      const std::string_view text = error.what();
-      fail(L"Run-time error " + std::to_wstring(error.number()) + L": " +
-           std::wstring(text.begin(), text.end()));
-    } catch (...) {
-      fail(L"The program failed that answers the events of the control.");
+      owner_.GestureFailed(text.c_str());
     }
   } catch (...) {
     // No memory to tell it.
@@ -841,25 +775,11 @@ void FormWindow::Gesture(const Control& source, const std::function<void()>& act
   owner_.GestureEnds();
 }
 
-void FormWindow::Type(Child& child, const String& text) {
-  const Control& control = child.control;
-  Gesture(control, [&] {
-    control_.UserType(control, text);
-    // The control's caret is at the end now; where the person types it stays, unless the text
-    // became another.
-    Child* const left = ChildOf(control);
-    if (left != nullptr && control.kind() == Kind::TextBox &&
-        static_cast<const TextBox&>(control).Text() == text) {
-      left->caretChanged = false;
-    }
-  });
-}
-
 // What a person made of the text of a box.
 void FormWindow::TakeEdit(Child& child) {
   if (isShowing_) return;
   if (child.statements) {
-    if (std::optional<String> text = child.statements->TakeEdit()) Type(child, *text);
+    if (std::optional<String> text = child.statements->TakeEdit()) Type(child, std::move(*text));
     return;
   }
   String now = WindowText(child.window);
@@ -876,27 +796,20 @@ void FormWindow::TakeEdit(Child& child) {
   Type(child, changed);
 }
 
-void FormWindow::TypeKey(Child& child, int code) {
+void FormWindow::TypeKey(Child& child, wchar_t code) {
   const auto& box = static_cast<const TextBox&>(child.control);
   DWORD first = 0;
-  DWORD behindSelection = 0;
+  DWORD behind = 0;
   SendMessageW(child.window, EM_GETSEL, reinterpret_cast<WPARAM>(&first),
-               reinterpret_cast<LPARAM>(&behindSelection));
-  const auto position = static_cast<int>(first);
-  const auto count = static_cast<int>(behindSelection - first);
-  int caret = position;
-  Gesture(box, [&] {
-    caret = faces::TypeKey(box, position, count, code,
-                           [this](const faces::Act& act) { faces::Perform(control_, act); });
-  });
-  if (!isRetired_ && root_ != nullptr)
-    SendMessageW(child.window, EM_SETSEL, static_cast<WPARAM>(caret), caret);
+               reinterpret_cast<LPARAM>(&behind));
+  const TextMark mark{static_cast<int>(first), static_cast<int>(behind)};
+  Try([&] { return person_.Key(box, static_cast<char16_t>(code), mark); });
 }
 
 void FormWindow::PickEntry(Child& child) {
   const auto row = static_cast<int>(SendMessageW(child.window, CB_GETCURSEL, 0, 0));
   if (row < 0) return;
-  Gesture(child.control, [&] { control_.UserPick(child.control, row); });
+  Make({Gesture::kPick, &child.control, row});
 }
 
 bool FormWindow::MoveFocus(bool forward) {
@@ -908,7 +821,7 @@ bool FormWindow::MoveFocus(bool forward) {
 
 void FormWindow::MoveOption(const Control& option, bool forward) {
   const Control* next = faces::NextOption(Form(), option, forward);
-  if (next != nullptr) Gesture(*next, [&] { control_.UserClick(*next); });
+  if (next != nullptr) Make({Gesture::kClick, next});
 }
 
 bool FormWindow::TranslateKey(const MSG& message) {
@@ -939,7 +852,7 @@ bool FormWindow::ClickMnemonic(wchar_t letter) {
     if (own == 0 || lower(static_cast<wchar_t>(own)) != lower(letter) || !control->Shown() ||
         !control->Enabled())
       continue;
-    Gesture(*control, [&] { control_.UserClick(*control); });
+    Make({Gesture::kClick, control});
     return true;
   }
   return false;
@@ -1024,8 +937,7 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
           default:
             return 0;
         }
-        Gesture(child->control,
-                [&] { control_.UserScroll(child->control, std::clamp(value, 0, info.nMax)); });
+        Make({Gesture::kScroll, &child->control, std::clamp(value, 0, info.nMax)});
       }
       return 0;
     case WM_CTLCOLOREDIT:
@@ -1153,7 +1065,7 @@ void FormWindow::OnCommand(Child& child, int code) {
     case Kind::OptionButton:
       // An option that gets the focus tells a click, too.
       if (code == BN_CLICKED && !isFocusing_) {
-        Gesture(control, [&] { control_.UserClick(control); });
+        Make({Gesture::kClick, &control});
       }
       break;
     case Kind::TextBox:
@@ -1194,7 +1106,7 @@ LRESULT FormWindow::OnNotify(const NMHDR& notice, LPARAM longer) {
   switch (notice.code) {
     case static_cast<UINT>(TCN_SELCHANGE): {
       const auto page = static_cast<int>(SendMessageW(child->window, TCM_GETCURSEL, 0, 0));
-      Gesture(control, [&] { control_.UserTab(page); });
+      Make({Gesture::kTab, &control, page});
       return 0;
     }
     case static_cast<UINT>(LVN_GETDISPINFOW): {
@@ -1241,7 +1153,7 @@ LRESULT FormWindow::OnNotify(const NMHDR& notice, LPARAM longer) {
           change.iItem >= list.ListCount())
         return 0;
       if (list.Selected(change.iItem) == isMarked || (!isMarked && list.IsSingle())) return 0;
-      Gesture(control, [&] { control_.UserClick(control, change.iItem); });
+      Make({Gesture::kClickRow, &control, change.iItem});
       return 0;
     }
     default:
@@ -1301,7 +1213,7 @@ void FormWindow::OnFocus(HWND window, bool came, HWND other) {
   const Child* child = ChildOf(window);
   if (child == nullptr || Form().Focused() == &child->control) return;
   const Control& control = child->control;
-  Gesture(control, [&] { control_.UserFocus(control); });
+  Make({Gesture::kFocus, &control});
 }
 
 LRESULT FormWindow::OnChild(Child& child, UINT message, WPARAM wide, LPARAM longer, bool& isDone) {
@@ -1331,16 +1243,16 @@ LRESULT FormWindow::OnChild(Child& child, UINT message, WPARAM wide, LPARAM long
       const bool isBox = control.kind() == Kind::TextBox || control.kind() == Kind::SyntaxTextBox;
       if (character == L'\t' && !(isBox && IsMultiLine(control) && GetKeyState(VK_CONTROL) < 0))
         return done();
-      if (character == L'\r' && !IsMultiLine(control)) return done();
       if (character == 1 && isBox) {  // Ctrl+A
         SendMessageW(child.window, EM_SETSEL, 0, -1);
         return done();
       }
-      if (&control == &Form().txtAsSet && (character >= L' ' || character == faces::kBackspace) &&
-          character != 0x7F) {
-        if (character <= 0x7FFF) TypeKey(child, character);
+      if (&control == &Form().txtAsSet &&
+          (character >= L' ' || character == L'\b' || character == L'\r') && character != 0x7F) {
+        TypeKey(child, character);
         return done();
       }
+      if (character == L'\r' && !IsMultiLine(control)) return done();
       if (isList) {
         if (character > L' ') OnListCharacter(child, character);
         return done();
@@ -1357,10 +1269,8 @@ LRESULT FormWindow::OnChild(Child& child, UINT message, WPARAM wide, LPARAM long
         if (GetFocus() != child.window) SetFocus(child.window);
         if (isRetired_ || row < 0 || row >= static_cast<const ListBox&>(control).ListCount())
           return done();
-        Gesture(control, [&] {
-          message == WM_LBUTTONDOWN ? control_.UserClick(control, row)
-                                    : control_.UserDoubleClick(control, row);
-        });
+        const bool isSecond = message == WM_LBUTTONDBLCLK;
+        Make({isSecond ? Gesture::kDoubleClickRow : Gesture::kClickRow, &control, row});
         return done();
       }
       break;
@@ -1410,7 +1320,7 @@ bool FormWindow::OnKey(Child& child, WPARAM key) {
     }
     case Kind::Button:
       if (key != VK_RETURN) return false;
-      Gesture(control, [&] { control_.UserClick(control); });
+      Make({Gesture::kClick, &control});
       return true;
     case Kind::OptionButton:
       if (key == VK_DOWN || key == VK_RIGHT) {
@@ -1456,10 +1366,10 @@ bool FormWindow::OnListKey(Child& child, WPARAM key) {
       row = list.ListCount() - 1;
       break;
     case VK_SPACE:
-      if (at >= 0) Gesture(list, [&] { control_.UserClick(list, at); });
+      if (at >= 0) Make({Gesture::kClickRow, &list, at});
       return true;
     case VK_RETURN:
-      if (at >= 0) Gesture(list, [&] { control_.UserDoubleClick(list, at); });
+      if (at >= 0) Make({Gesture::kDoubleClickRow, &list, at});
       return true;
     default:
       return false;
@@ -1477,7 +1387,7 @@ void FormWindow::GoToRow(Child& child, int row) {
   SendMessageW(child.window, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
                reinterpret_cast<LPARAM>(&item));
   SendMessageW(child.window, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
-  if (list.IsSingle()) Gesture(list, [&] { control_.UserClick(list, row); });
+  if (list.IsSingle()) Make({Gesture::kClickRow, &list, row});
 }
 
 // Letters typed one soon after the other look for the row that begins with them.

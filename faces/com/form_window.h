@@ -19,6 +19,7 @@
 #include "faces/com/form_places.h"
 #include "faces/com/server.h"
 #include "faces/com/spoken_names.h"
+#include "faces/shared/person.h"
 #include "shell/control.h"
 
 namespace zolt20::com {
@@ -28,9 +29,8 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   /// Whom the window belongs to.
   class Owner {
    public:
-    /// A gesture is about to be made; not while another call is in progress, and then it is false.
-    /// Between the two the owner and the control stay.
-    virtual bool GestureBegins() = 0;
+    /// A gesture is about to be made. Between the two the owner and the control stay.
+    virtual void GestureBegins() = 0;
     virtual void GestureEnds() noexcept = 0;
     /// A gesture failed, half done.
     virtual void GestureFailed(const wchar_t* description) = 0;
@@ -50,9 +50,11 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   };
   using Handle = std::unique_ptr<FormWindow, GiveUp>;
 
-  /// A window within `parent`, in pixels of it, not yet visible. The control and the owner outlive
-  /// the handle. Throws std::bad_alloc, and std::runtime_error when the platform refuses.
-  static Handle Make(HWND parent, const RECT& place, ZOLT20MapControl& control, Owner& owner);
+  /// A window within `parent`, in pixels of it, not yet visible. The control, its person and the
+  /// owner outlive the handle. Throws std::bad_alloc, and std::runtime_error when the platform
+  /// refuses.
+  static Handle Make(HWND parent, const RECT& place, ZOLT20MapControl& control,
+                     faces::Person& person, Owner& owner);
 
   /// None when the parent took it along.
   HWND Window() const { return root_; }
@@ -76,21 +78,21 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   class Busy;
   struct Child;
 
-  FormWindow(ZOLT20MapControl& control, Owner& owner);
+  FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& owner);
   ~FormWindow() override;
   void Retire();
   const Surface& Form() const { return control_.Form(); }
 
-  // Notices.
-  void PropertyChanged(const Control& control, Property property) noexcept override;
-  void RowsAboutToChange(const Control& list, const RowChange& change) noexcept override;
-  void RowsChanged(const Control& list, const RowChange& change) noexcept override;
-  void MarksChanged(const Control& list, int first, int count) noexcept override;
-  void FocusChanged(const Control* control) noexcept override;
-  void TabOrderChanged(int first, int last) noexcept override;
-  void ElementLoaded(const Control& element) noexcept override;
+  // Notices. What needs no more than to be shown again, the person notes.
+  void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
+  void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
+  void RowsChanged(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
+  void MarksChanged(const Control& /*list*/, int /*first*/, int /*count*/) noexcept override {}
+  void FocusChanged(const Control* /*control*/) noexcept override {}
+  void TabOrderChanged(int /*first*/, int /*last*/) noexcept override {}
+  void ElementLoaded(const Control& /*element*/) noexcept override {}
   void ElementUnloading(const Control& element) noexcept override;
-  void StateReplaced() noexcept override;
+  void StateReplaced() noexcept override {}
 
   // Making windows.
   void Create(HWND parent, const RECT& place);
@@ -104,11 +106,11 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   // Showing.
   void ShowNow() noexcept;
   void ShowEverything();
-  void ShowChild(Child& child);
+  void ShowChild(Child& child, const faces::Change& change);
   void ShowText(Child& child, StringView text);
-  void ShowRows(Child& child);
+  void ShowRows(Child& child, const faces::Change& change);
   void ShowMarks(Child& child);
-  void ShowCombo(Child& child);
+  void ShowCombo(Child& child, const faces::Change& change);
   void ShowCaption(Child& child, StringView caption);
   void LayOut();
   void ShowFocus();
@@ -132,12 +134,13 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   void OnListCharacter(Child& child, wchar_t character);
   void GoToRow(Child& child, int row);
   void TakeEdit(Child& child);
-  void TypeKey(Child& child, int code);
+  void TypeKey(Child& child, wchar_t code);
+  void Type(Child& child, String text) noexcept;
   void PickEntry(Child& child);
 
   // Gestures.
-  void Gesture(const Control& source, const std::function<void()>& act) noexcept;
-  void Type(Child& child, const String& text);
+  void Make(UserGesture gesture) noexcept;
+  void Try(const std::function<faces::End()>& gesture) noexcept;
   bool MoveFocus(bool forward);
   void MoveOption(const Control& option, bool forward);
   /// None when there is none.
@@ -145,6 +148,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   Child* ChildOf(const Control& control);
 
   ZOLT20MapControl& control_;
+  faces::Person& person_;
   Owner& owner_;
   ServerLock lock_;
   std::shared_ptr<FormWindow> self_;  // until it is given up and the platform's window is gone
@@ -153,9 +157,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   std::vector<HWND> pages_;
   std::unordered_map<const Control*, std::unique_ptr<Child>> children_;
   std::unordered_map<HWND, Child*> childOfWindow_;
-  bool elementsLoaded_ = false;  // some controls have no window yet
-  bool focusMoved_ = false;
-  bool placesChanged_ = false;
   bool isShowing_ = false;  // what the windows tell comes from us, and not from a person
   bool isRetired_ = false;
   bool goesLater_ = false;   // it is to go, and messages are in progress

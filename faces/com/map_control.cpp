@@ -116,8 +116,12 @@ HRESULT MapControl::FindInterface(REFIID id, void** object) {
 }
 
 void MapControl::CallEnded() noexcept {
-  if (--calls_ > 0) return;
-  if (window_) window_->ShowChanges();
+  if (person_.IsBusy()) return;
+  if (window_) {
+    window_->ShowChanges();
+  } else {
+    person_.TakeChanges();  // a window shows all of it when there is one again
+  }
   if (std::exchange(isPictureOld_, false)) {
     Guarded([this] {
       PictureChanged();
@@ -126,13 +130,10 @@ void MapControl::CallEnded() noexcept {
   }
 }
 
-bool MapControl::GestureBegins() {
-  if (calls_ > 0) return false;
+void MapControl::GestureBegins() {
   own_.AddRef();
   if (outer_ != &own_) outer_->AddRef();
-  ++calls_;
   isPictureOld_ = true;
-  return true;
 }
 
 void MapControl::GestureEnds() noexcept {
@@ -185,10 +186,13 @@ STDMETHODIMP MapControl::Invoke(DISPID number, REFIID id, LCID locale, WORD flag
   if (result != nullptr) VariantInit(result);
   const auto members = Members();
   if (number < 1 || static_cast<std::size_t>(number) > members.size()) return DISP_E_MEMBERNOTFOUND;
-  const HRESULT done = EnterMember([&] {
-    return Run(members[static_cast<std::size_t>(number - 1)], locale, flags, *arguments, result,
-               wrongArgument);
-  });
+  const HRESULT done = EnterMember(
+      [&] {
+        return Run(members[static_cast<std::size_t>(number - 1)], locale, flags, *arguments, result,
+                   wrongArgument);
+      },
+      (flags & DISPATCH_PROPERTYPUT) != 0 ||
+          members[static_cast<std::size_t>(number - 1)].IsMethod());
   if (SUCCEEDED(done) || IsOfDispatch(done) || exception == nullptr) return done;
   Describe(done, *exception);
   return DISP_E_EXCEPTION;

@@ -14,12 +14,14 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 
 #include "faces/com/com_call.h"
 #include "faces/com/com_text.h"
 #include "faces/com/connection_point.h"
 #include "faces/com/form_window.h"
 #include "faces/com/server.h"
+#include "faces/shared/person.h"
 #include "shell/contract.h"
 #include "shell/control.h"
 
@@ -207,13 +209,18 @@ class MapControl final : public _ZOLT20MapControl,
   /// A call from outside is in progress: no gesture is taken, and what changed is shown at its end.
   class Call {
    public:
-    explicit Call(MapControl& control) : control_(control) { ++control_.calls_; }
-    ~Call() { control_.CallEnded(); }
+    Call(MapControl& control, bool writes)
+        : control_(control), call_(std::in_place, control.person_, writes) {}
+    ~Call() {
+      call_.reset();
+      control_.CallEnded();
+    }
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
 
    private:
     MapControl& control_;
+    std::optional<faces::Person::HostCall> call_;
   };
 
   explicit MapControl(IUnknown* outer);
@@ -221,12 +228,12 @@ class MapControl final : public _ZOLT20MapControl,
   HRESULT FindInterface(REFIID id, void** object);
   void CallEnded() noexcept;
 
-  /// What every entry has around it.
+  /// What every entry has around it. One that writes forgets what Undo would take back.
   template <typename Body>
-  HRESULT Enter(const Body& body) noexcept {
+  HRESULT Enter(const Body& body, bool writes = false) noexcept {
     if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
     const Keep keep(*this);
-    const Call call(*this);
+    const Call call(*this, writes);
     return Guarded(body);
   }
 
@@ -236,41 +243,47 @@ class MapControl final : public _ZOLT20MapControl,
     if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
     const Keep keep(*this);
     const HRESULT result = Guarded(body);
-    if (calls_ == 0 && window_) window_->ShowChanges();
+    if (!person_.IsBusy() && window_) window_->ShowChanges();
     return result;
   }
 
   // Members, by their number in the contract.
   template <typename Body>
-  HRESULT EnterMember(const Body& body) noexcept {
+  HRESULT EnterMember(const Body& body, bool writes) noexcept {
     SetErrorInfo(0, nullptr);  // a text that is there is of an earlier call
     isPictureOld_ = true;
-    return Enter(body);
+    return Enter(body, writes);
   }
   template <typename Take>
   HRESULT Let(int number, const Take& take) noexcept {
-    return EnterMember([&] {
-      Members()[static_cast<std::size_t>(number - 1)].let(control_, take());
-      return S_OK;
-    });
+    return EnterMember(
+        [&] {
+          Members()[static_cast<std::size_t>(number - 1)].let(control_, take());
+          return S_OK;
+        },
+        true);
   }
   template <typename Value, typename Give>
   HRESULT Get(int number, Value* value, const Give& give) noexcept {
     if (value == nullptr) return E_POINTER;
     *value = {};
-    return EnterMember([&] {
-      give(Members()[static_cast<std::size_t>(number - 1)].get(control_));
-      return S_OK;
-    });
+    return EnterMember(
+        [&] {
+          give(Members()[static_cast<std::size_t>(number - 1)].get(control_));
+          return S_OK;
+        },
+        false);
   }
   template <typename Take>
   HRESULT CallMethod(int number, VARIANT* result, const Take& take) noexcept {
     if (result == nullptr) return E_POINTER;
     VariantInit(result);
-    return EnterMember([&] {
-      Members()[static_cast<std::size_t>(number - 1)].call(control_, take());
-      return S_OK;
-    });
+    return EnterMember(
+        [&] {
+          Members()[static_cast<std::size_t>(number - 1)].call(control_, take());
+          return S_OK;
+        },
+        true);
   }
   static String TakenString(BSTR value) {
     return String(View(value));
@@ -311,7 +324,7 @@ class MapControl final : public _ZOLT20MapControl,
   void Fire(DISPID number);
 
   // FormWindow::Owner.
-  bool GestureBegins() override;
+  void GestureBegins() override;
   void GestureEnds() noexcept override;
   void GestureFailed(const wchar_t* description) override;
   void FocusCame() override;
@@ -332,9 +345,9 @@ class MapControl final : public _ZOLT20MapControl,
   ServerLock lock_;
   Own own_{*this};
   IUnknown* outer_;  // the object that this is a part of, which has the references, or own_
-  int calls_ = 0;
 
   ZOLT20MapControl control_;
+  faces::Person person_{control_};
   FormWindow::Handle window_;  // while active in place
   Pointer<ITypeInfo> description_;
 

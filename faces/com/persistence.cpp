@@ -203,10 +203,12 @@ STDMETHODIMP MapControl::GetClassID(CLSID* classId) {
 }
 
 STDMETHODIMP MapControl::InitNew() {
-  return Enter([&] {
-    control_.UserControl_InitProperties();
-    return S_OK;
-  });
+  return Enter(
+      [&] {
+        control_.UserControl_InitProperties();
+        return S_OK;
+      },
+      true);
 }
 
 STDMETHODIMP MapControl::IsDirty() {
@@ -215,13 +217,15 @@ STDMETHODIMP MapControl::IsDirty() {
 
 STDMETHODIMP MapControl::Load(IPropertyBag* bag, IErrorLog* log) {
   if (bag == nullptr) return E_POINTER;
-  return Enter([&] {
-    return WithFailures([&] {
-      ContainerBag values(*bag, log);
-      control_.UserControl_ReadProperties(values);
-      isDirty_ = false;
-    });
-  });
+  return Enter(
+      [&] {
+        return WithFailures([&] {
+          ContainerBag values(*bag, log);
+          control_.UserControl_ReadProperties(values);
+          isDirty_ = false;
+        });
+      },
+      true);
 }
 
 STDMETHODIMP MapControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL /*saveAll*/) {
@@ -237,14 +241,16 @@ STDMETHODIMP MapControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL /*saveAll
 
 STDMETHODIMP MapControl::Load(IStream* stream) {
   if (stream == nullptr) return E_POINTER;
-  return Enter([&] {
-    return WithFailures([&] {
-      StreamBag values;
-      values.Take(*stream);
-      control_.UserControl_ReadProperties(values);
-      isDirty_ = false;
-    });
-  });
+  return Enter(
+      [&] {
+        return WithFailures([&] {
+          StreamBag values;
+          values.Take(*stream);
+          control_.UserControl_ReadProperties(values);
+          isDirty_ = false;
+        });
+      },
+      true);
 }
 
 STDMETHODIMP MapControl::Save(IStream* stream, BOOL clearDirty) {

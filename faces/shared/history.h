@@ -2,13 +2,15 @@
 // platform.
 #pragma once
 
+#include <any>
 #include <cstddef>
 #include <deque>
 #include <optional>
 #include <utility>
 #include <vector>
 
-#include "faces/shared/act.h"
+#include "faces/shared/shown_text.h"
+#include "shell/control.h"
 
 namespace zolt20::faces {
 
@@ -16,8 +18,6 @@ namespace zolt20::faces {
 /// typing before, or none.
 enum class Run { kStep, kTyping, kFocus };
 
-/// `HostData` is a value of the host's that goes with the state.
-template <typename HostData>
 class History {
  public:
   static constexpr std::size_t kSteps = 200;
@@ -25,7 +25,7 @@ class History {
   /// A state to go back to.
   struct Step {
     ControlSnapshot state;
-    HostData hostData;
+    std::any hostData;  ///< a value of the host's that goes with the state
   };
 
   bool IsOn() const { return isOn_; }
@@ -39,7 +39,7 @@ class History {
   bool CanRedo() const { return !redo_.empty(); }
 
   /// A gesture on `source` begins.
-  void Begin(const ZOLT20MapControl& control, const HostData& hostData, const Control& source,
+  void Begin(const ZOLT20MapControl& control, const std::any& hostData, const Control& source,
              Run run) {
     run_ = run;
     source_ = &source;

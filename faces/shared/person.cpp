@@ -124,18 +124,18 @@ void Person::ForgetHistory() {
 }
 
 End Person::Undo() {
-  return history_.CanUndo() ? PutBack(&States::Undo) : End::kNotTaken;
+  return history_.CanUndo() ? PutBack(&History::Undo) : End::kNotTaken;
 }
 
 End Person::Redo() {
-  return history_.CanRedo() ? PutBack(&States::Redo) : End::kNotTaken;
+  return history_.CanRedo() ? PutBack(&History::Redo) : End::kNotTaken;
 }
 
-End Person::PutBack(States::Step (States::*take)(States::Step)) {
+End Person::PutBack(History::Step (History::*take)(History::Step)) {
   if (calls_ > 0) return End::kNotTaken;
   const HostCall inProgress(*this, false);
   return Guard([&] {
-    States::Step step = (history_.*take)({control_.Save(), hostData_});
+    History::Step step = (history_.*take)({control_.Save(), hostData_});
     changes_.historyChanged = true;
     control_.Restore(std::move(step.state));
     hostData_ = std::move(step.hostData);

@@ -173,11 +173,10 @@ class Person final : private SurfaceObserver {
   End Guard(const Act& act);
   void Fail(std::string_view kind, int number, const char* text);
   void ShownAsItIs(const Control& box);
-  using States = History<std::any>;
-  End PutBack(States::Step (States::*take)(States::Step));
+  End PutBack(History::Step (History::*take)(History::Step));
 
   ZOLT20MapControl& control_;
-  History<std::any> history_;
+  History history_;
   std::any hostData_;
   int calls_ = 0;                 // of gestures and members, one within the other
   bool anythingChanged_ = false;  // but the focus and the tab order, since the gesture began

@@ -369,6 +369,10 @@ std::optional<std::string> Playing::DoForPerson(const Json& request) {
     SendMessageW(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
   } else if (verb == "key") {
     SetFocus(window);
+    if (request.contains("from")) {
+      const auto from = request["from"].get<WPARAM>();
+      SendMessageW(window, EM_SETSEL, from, request.value("to", static_cast<LPARAM>(from)));
+    }
     SendMessageW(window, WM_CHAR, request["code"].get<WPARAM>(), 0);
   } else if (verb == "scroll") {
     SetFocus(window);
