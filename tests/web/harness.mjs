@@ -64,7 +64,11 @@ export class Stage {
   /// is kept.
   /** @type {(address: string, settings?: BrowserContextOptions) => Promise<Page>} */
   async openPage(address, settings = {}) {
-    const context = await this.browser.newContext({viewport: kViewport, ...settings});
+    const context = await this.browser.newContext({
+      viewport: kViewport,
+      permissions: ['clipboard-read', 'clipboard-write'],
+      ...settings,
+    });
     context.setDefaultTimeout(kPatience);
     const page = await context.newPage();
     page.complaints = [];
@@ -293,8 +297,15 @@ export class Person {
   async type(box, text) {
     await this.focus(box);
     await this.keyboard.press(selectAll);
-    if (text === '') await this.keyboard.press('Delete');
-    else await this.keyboard.insertText(text);
+    if (text === '') {
+      await this.keyboard.press('Delete');
+    } else if (box === 'txtAsSet') {
+      // What is inserted otherwise is composed by an input method, and each character a key.
+      await this.page.evaluate((pasted) => navigator.clipboard.writeText(pasted), text);
+      await this.keyboard.press('Control+V');
+    } else {
+      await this.keyboard.insertText(text);
+    }
   }
   /// Key by key, behind the text that is there.
   /** @type {(box: string, text: string) => Promise<void>} */
