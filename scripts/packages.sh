@@ -80,9 +80,9 @@ apt_get() {
 
 # What building and testing take.
 build_packages=(ccache g++ cmake ninja-build nlohmann-json3-dev libgtest-dev qt6-base-dev libsqlite3-dev)
-# What testing takes beside that: a display, and the letters that pages are looked at in.
+# What testing takes beside that: a display, Qt's way to screen readers, and the letters that pages are looked at in.
 font_packages=(fonts-dejavu-core fonts-liberation fonts-noto-core)
-test_packages=(xvfb xauth "${font_packages[@]}")
+test_packages=(xvfb xauth qt6-base-private-dev "${font_packages[@]}")
 
 # What building the Windows control takes: compilers, and what type libraries are made of.
 windows_build_packages=(ccache cmake ninja-build g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev)

@@ -2,7 +2,6 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QComboBox>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -16,6 +15,7 @@
 #include <optional>
 #include <utility>
 
+#include "faces/qt/combo_box.h"
 #include "faces/qt/face_style.h"
 #include "faces/qt/form_layout.h"
 #include "faces/qt/qt_text.h"
@@ -246,27 +246,13 @@ QWidget* FormFace::MakeList(const ListBox& list) {
 }
 
 QWidget* FormFace::MakeCombo(const ComboBox& combo) {
-  auto* box = new QComboBox(&owner_);
+  auto* box = new ComboWidget(combo, &owner_);
   auto* model = new RowsModel(combo, box);
   models_.insert(&combo, model);
-  box->setEditable(combo.IsEditable());
-  box->setInsertPolicy(QComboBox::NoInsert);
-  box->setPlaceholderText(QStringLiteral(" "));  // so that no row becomes current by itself
-  box->setMaxVisibleItems(16);
-  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  box->setMinimumContentsLength(12);
   box->setModel(model);
-  box->setFocusPolicy(Qt::ClickFocus);
-  if (combo.IsEditable()) {
-    box->setCompleter(nullptr);
-    // Else a text that is typed like an entry picks it when the focus goes away.
-    QObject::disconnect(box->lineEdit(), &QLineEdit::editingFinished, box, nullptr);
-    box->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
-    box->lineEdit()->setFocusPolicy(Qt::ClickFocus);
-    connect(box->lineEdit(), &QLineEdit::textEdited, this, [this, &combo](const QString& text) {
-      Make({Gesture::kType, &combo, UserGesture::kNone, String(View(text))});
-    });
-  }
+  connect(box, &ComboWidget::Typed, this, [this, &combo](const QString& text) {
+    Make({Gesture::kType, &combo, UserGesture::kNone, String(View(text))});
+  });
   connect(box, &QComboBox::activated, this, [this, &combo](int row) {
     Make({Gesture::kPick, &combo, row});
   });
@@ -380,11 +366,8 @@ void FormFace::ShowKind(const Control& control, QWidget& widget, const faces::Ch
       break;
     case Kind::ComboBox: {
       const auto& combo = static_cast<const ComboBox&>(control);
-      auto& box = static_cast<QComboBox&>(widget);
-      if (box.currentIndex() != combo.ListIndex()) box.setCurrentIndex(combo.ListIndex());
-      if (combo.IsEditable() && View(box.currentText()) != StringView(combo.Text())) {
-        box.setEditText(ToQt(combo.Text()));
-      }
+      auto& box = static_cast<ComboWidget&>(widget);
+      box.Show();
       QPalette palette;
       if (IsInactiveColour(combo.BackColor())) {
         palette.setColor(QPalette::Base, palette.color(QPalette::Window));
@@ -626,6 +609,11 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
         }
       }
       break;
+    case QEvent::Wheel:
+      // It turns no pages.
+      if (control->kind() != Kind::TabStrip) break;
+      event->ignore();
+      return true;
     case QEvent::KeyPress:
       if (HandleKey(*control, widget, *static_cast<QKeyEvent*>(event))) return true;
       break;

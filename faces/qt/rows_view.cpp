@@ -1,5 +1,6 @@
 #include "faces/qt/rows_view.h"
 
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -17,7 +18,7 @@ RowsView::RowsView(const ListBox& list, QWidget* parent)
                    : list.IsSingle()    ? QAbstractItemView::SingleSelection
                                         : QAbstractItemView::MultiSelection);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // a row tells its whole text as a tool tip
-  setTextElideMode(Qt::ElideRight);
+  setTextElideMode(Qt::ElideMiddle);                     // long names are told apart by their ends
   setFocusPolicy(Qt::ClickFocus);
 }
 
@@ -156,7 +157,48 @@ void RowsView::DrawName(QPainter& painter, const QStyleOptionViewItem& option,
   if (!isSelected) colour.setAlphaF(kSmallPrint);
   painter.setPen(colour);
   painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter,
-                   option.fontMetrics.elidedText(name, Qt::ElideRight, place.width()));
+                   option.fontMetrics.elidedText(name, Qt::ElideMiddle, place.width()));
+}
+
+// What is told to those who are read to. QListView would tell it by where its own layout has the
+// rows.
+
+void RowsView::Tell(QAccessible::Event what, const QModelIndex& index) {
+  if (!QAccessible::isActive() || !index.isValid()) return;
+  QAccessibleEvent event(this, what);
+  event.setChild(index.row());
+  QAccessible::updateAccessibility(&event);
+}
+
+void RowsView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
+  if (hasFocus()) Tell(QAccessible::Focus, current);
+}
+
+void RowsView::focusInEvent(QFocusEvent* event) {
+  QListView::focusInEvent(event);
+  Tell(QAccessible::Focus, currentIndex());
+}
+
+void RowsView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+  QAbstractItemView::selectionChanged(selected, deselected);
+  if (!QAccessible::isActive()) return;
+  for (const QModelIndex& index : deselected.indexes())
+    Tell(QAccessible::SelectionRemove, index);
+  for (const QModelIndex& index : selected.indexes())
+    Tell(QAccessible::SelectionAdd, index);
+}
+
+void RowsView::dataChanged(const QModelIndex& first, const QModelIndex& last,
+                           const QVector<int>& roles) {
+  QListView::dataChanged(first, last, roles);
+  if (!QAccessible::isActive() || !roles.contains(Qt::CheckStateRole) || !hasFocus()) return;
+  QAccessible::State changed;
+  changed.checked = 1;
+  QAccessibleStateChangeEvent event(this, changed);
+  event.setChild(first.row());
+  QAccessible::updateAccessibility(&event);
 }
 
 // What a person does.
@@ -179,9 +221,8 @@ void RowsView::PressRow(const QMouseEvent& event, bool isSecond) {
   if (!index.isValid()) return;
   selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
   const int row = model_->ControlRow(index.row());
-  // A second press soon after the first marks or unmarks a row once more, but in a single
-  // selection.
-  if (isSecond && list_.IsSingle()) {
+  // The second press of a double click is no click of its own.
+  if (isSecond) {
     emit RowDoubleClicked(row);
   } else {
     emit RowClicked(row);

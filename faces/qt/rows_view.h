@@ -5,6 +5,7 @@
 // it knows where each row stands without laying out the others.
 #pragma once
 
+#include <QAccessible>
 #include <QListView>
 
 #include "faces/qt/rows_model.h"
@@ -42,6 +43,11 @@ class RowsView final : public QListView {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+  void dataChanged(const QModelIndex& first, const QModelIndex& last,
+                   const QVector<int>& roles) override;
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                        const QEvent* event) const override;
@@ -59,6 +65,7 @@ class RowsView final : public QListView {
   /// How many rows are wholly in sight, at least 1.
   int RowsInSight() const;
   void PressRow(const QMouseEvent& event, bool isSecond);
+  void Tell(QAccessible::Event what, const QModelIndex& index);
 
   const ListBox& list_;
   RowsModel* model_;

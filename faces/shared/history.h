@@ -14,9 +14,9 @@
 
 namespace zolt20::faces {
 
-/// How a gesture stands to the steps of the history: one of its own, one that may go on with the
-/// typing before, or none.
-enum class Run { kStep, kTyping, kFocus };
+/// How a gesture stands to the steps of the history: one of its own, one that may go on with texts
+/// or with keys typed before, or none.
+enum class Run { kStep, kTyping, kKeys, kFocus };
 
 class History {
  public:
@@ -43,7 +43,7 @@ class History {
              Run run) {
     run_ = run;
     source_ = &source;
-    goesOn_ = run == Run::kTyping && typing_ == &source;
+    goesOn_ = typing_ == &source && typingRun_ == run;
     before_.reset();
     if (!isOn_ || goesOn_ || run == Run::kFocus) return;
     before_ = Step{control.Save(), hostData};
@@ -83,7 +83,8 @@ class History {
     undo_.push_back(std::move(before));
     if (undo_.size() > kSteps) undo_.pop_front();
     redo_.clear();
-    typing_ = run_ == Run::kTyping ? source_ : nullptr;
+    typing_ = run_ == Run::kTyping || run_ == Run::kKeys ? source_ : nullptr;
+    typingRun_ = run_;
   }
 
   template <typename From, typename To>
@@ -99,6 +100,7 @@ class History {
   std::deque<Step> undo_;
   std::vector<Step> redo_;
   const Control* typing_ = nullptr;  // the box that a run of typing is in
+  Run typingRun_ = Run::kTyping;
 
   // Of the gesture in progress.
   Run run_ = Run::kStep;

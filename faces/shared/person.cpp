@@ -12,8 +12,9 @@ namespace {
 Run RunOf(Gesture gesture) {
   switch (gesture) {
     case Gesture::kType:
-    case Gesture::kKey:
       return Run::kTyping;
+    case Gesture::kKey:
+      return Run::kKeys;
     case Gesture::kFocus:
       return Run::kFocus;
     default:

@@ -200,6 +200,17 @@ TEST_F(PersonTest, ARunOfTypingIsOneStepAndTheHostsValueGoesWithIt) {
   EXPECT_EQ(person.Redo(), End::kNotTaken);
 }
 
+TEST_F(PersonTest, KeysAfterAPasteAreAStepOfTheirOwn) {
+  TypeIn(Limit(), u"12");
+  Press(u'5', 2, 2);
+  Press(u'6', 3, 3);
+  EXPECT_TRUE(person.made().goesOn);
+  EXPECT_EQ(person.Undo(), End::kDone);
+  EXPECT_EQ(Limit().Text(), u"12");
+  EXPECT_EQ(person.Undo(), End::kDone);
+  EXPECT_EQ(Limit().Text(), u"");
+}
+
 TEST_F(PersonTest, AWriteOfTheHostForgetsTheHistoryAndAReadDoesNot) {
   TypeIn(host().Form().TxtOutput, u"a");
   person.Call([&] { return host().prpStroutput(); }, false);

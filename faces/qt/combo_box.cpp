@@ -1,0 +1,74 @@
+#include "faces/qt/combo_box.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QWheelEvent>
+#include <limits>
+
+#include "faces/qt/qt_text.h"
+
+namespace zolt20::qt {
+
+ComboWidget::ComboWidget(const ComboBox& combo, QWidget* parent)
+    : QComboBox(parent), combo_(combo) {
+  setEditable(combo.IsEditable());
+  setInsertPolicy(QComboBox::NoInsert);
+  setPlaceholderText(QStringLiteral(" "));  // so that no row becomes current by itself
+  setMaxVisibleItems(16);
+  setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  setMinimumContentsLength(12);
+  setFocusPolicy(Qt::ClickFocus);
+  if (!combo.IsEditable()) return;
+  setCompleter(nullptr);
+  // Else a text that is typed like an entry picks it when the focus goes away.
+  QObject::disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+  lineEdit()->setMaxLength(std::numeric_limits<int>::max());
+  lineEdit()->setFocusPolicy(Qt::ClickFocus);
+  connect(lineEdit(), &QLineEdit::textEdited, this, &ComboWidget::Typed);
+}
+
+// As long as the text is right, an entry that is chosen no more is forgotten later.
+void ComboWidget::Show() {
+  const bool isRight = combo_.IsEditable() && View(currentText()) == StringView(combo_.Text());
+  if (currentIndex() != combo_.ListIndex() && !(isRight && combo_.ListIndex() < 0))
+    setCurrentIndex(combo_.ListIndex());
+  if (combo_.IsEditable() && View(currentText()) != StringView(combo_.Text()))
+    setEditText(ToQt(combo_.Text()));
+}
+
+void ComboWidget::showPopup() {
+  ForgetEntry();
+  QComboBox::showPopup();
+}
+
+void ComboWidget::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      ForgetEntry();
+      break;
+    default:
+      break;
+  }
+  QComboBox::keyPressEvent(event);
+}
+
+// What it shows is what the form scrolls: nothing is chosen by it.
+void ComboWidget::wheelEvent(QWheelEvent* event) {
+  event->ignore();
+}
+
+// Before the list or the arrows go on from an entry that is chosen no more.
+void ComboWidget::ForgetEntry() {
+  if (combo_.ListIndex() >= 0 || currentIndex() < 0) return;
+  const QString text = currentText();
+  const int caret = isEditable() ? lineEdit()->cursorPosition() : 0;
+  setCurrentIndex(-1);
+  if (!isEditable()) return;
+  setEditText(text);
+  lineEdit()->setCursorPosition(caret);
+}
+
+}  // namespace zolt20::qt
