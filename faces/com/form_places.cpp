@@ -21,12 +21,13 @@ constexpr int kFieldEdges = 90;
 constexpr int kButtonEdges = 105;
 constexpr int kCaptionEdge = 30;
 constexpr int kLinesOfCase = 2;
+constexpr int kToolWidth = 900;
 constexpr int kTallDefault = 720;  // of the Default, where there is room
 
 }  // namespace
 
 bool IsInArial(const Surface& form, const Control& control) {
-  return &control == &form.frawhile || control.frame() == &form.frawhile;
+  return &control == &form.frawhile;
 }
 
 // A rectangle of which pieces are cut off, each with a gap behind it.
@@ -70,7 +71,9 @@ FormPlaces::FormPlaces(const Surface& form, int width, int height, LineHeights l
       field_(std::max(kField, lines.usual + kFieldEdges)),
       button_(std::max(kButton, lines.usual + kButtonEdges)),
       frameHead_(std::max(kFrameHead, lines.usual + kCaptionEdge)),
-      rowGrowth_(std::max(0, kLinesOfCase * lines.usual + kFieldEdges - form.TxtExpr(0).Height())),
+      rowGrowth_(std::max(0, kLinesOfCase * lines.usual + lines.scrollBar + kFieldEdges -
+                                 form.TxtExpr(0).Height())),
+      default_(std::max(kTallDefault, kLinesOfCase * lines.usual + lines.scrollBar + kFieldEdges)),
       nextGrowth_(std::max(0, lines.usual + kButtonEdges - form.cmdNext.Height())) {
   PutAround({{0, 0, std::max(width, kLeastWidth), std::max(height, kLeastHeight)}});
 }
@@ -104,6 +107,8 @@ void FormPlaces::PutAround(Box whole) {
         static_cast<const Control*>(&f.cmdClear)}) {
     Put(*button, buttons.CutRight(kButtonWidth));
   }
+  undo_ = buttons.CutLeft(kToolWidth);
+  redo_ = buttons.CutLeft(kToolWidth);
   Box result = below.CutBottom(std::max(1'350, below.height / 4), kGap);
   Put(f.lblResult, result.CutTop(line_, 30));
   Put(f.TxtOutput, result);
@@ -290,8 +295,7 @@ void FormPlaces::PutConditions(Box page) {
 void FormPlaces::PutCase(Box frame) {
   const Surface& f = form_;
   const int rows = CaseLength(faces::CaseSpanOf(f, f.fracase).height);
-  Box top = frame.CutTop(
-      std::clamp(frame.height - line_ - rows - 2 * kGap, field_, std::max(field_, kTallDefault)));
+  Box top = frame.CutTop(std::clamp(frame.height - line_ - rows - 2 * kGap, field_, default_));
   const auto head = [this](Box& row, int width) {
     Box name = row.CutLeft(width);
     name.top += (field_ - line_) / 2;

@@ -17,10 +17,11 @@ inline constexpr int kFontTwips = 165;
 /// How high the lines of a form's letters are, in twips. 0 where that is not known.
 struct LineHeights {
   int usual = 0;
-  int small = 0;  // of the labels that tell how a page is used
+  int small = 0;      // of the labels that tell how a page is used
+  int scrollBar = 0;  // of a scroll bar below a box
 };
 
-/// Whether a control has its text in Arial; the others have Verdana.
+/// Whether a control has its text in Arial: one frame. The others have Verdana.
 bool IsInArial(const Surface& form, const Control& control);
 
 class FormPlaces {
@@ -37,6 +38,9 @@ class FormPlaces {
 
   /// Within the control's frame, or the form. Of an element that was loaded since, its own place.
   Geometry Of(const Control& control) const;
+  /// Of the buttons that take back and do again what the person did.
+  Geometry Undo() const { return undo_; }
+  Geometry Redo() const { return redo_; }
 
  private:
   struct Box;
@@ -56,6 +60,8 @@ class FormPlaces {
 
   const Surface& form_;
   std::map<const Control*, Geometry> places_;
+  Geometry undo_{};
+  Geometry redo_{};
   int caseWidth_ = 0;
   // Heights.
   int tabs_;
@@ -65,6 +71,7 @@ class FormPlaces {
   int button_;
   int frameHead_;   // a frame's caption
   int rowGrowth_;   // by which a case row is taller than in the form
+  int default_;     // of the box of the other cases, where there is room
   int nextGrowth_;  // and the button below them
 };
 

@@ -14,9 +14,11 @@
 #include "faces/com/com_text.h"
 #include "faces/com/common_controls.h"
 #include "faces/com/statement_box.h"
+#include "faces/shared/back_colours.h"
 #include "faces/shared/form_words.h"
 #include "faces/shared/neighbours.h"
 #include "faces/shared/shown_text.h"
+#include "faces/shared/type_ahead.h"
 
 namespace zolt20::com {
 namespace {
@@ -91,18 +93,16 @@ bool HasCaption(const Control& control) {
   return control.kind() == Kind::Button || control.kind() == Kind::OptionButton;
 }
 
-// What the cases of an On...Case are written into.
-bool IsCaseBox(const Control& control) {
-  return control.design().name == ControlName::TxtDef ||
-         control.design().name == ControlName::txtStmt;
-}
-
-// A plain number is 0xBBGGRR; of the system colours the ones of the form, told by their top bit,
-// are those of a box that takes nothing.
-bool IsInactiveColour(unsigned color) {
+// What a BackColor is on this platform: a plain number is 0xBBGGRR, a system colour is told by its
+// top bit. One on which no text could be read is that of the form.
+COLORREF ColourOf(unsigned backColor, COLORREF text) {
   constexpr unsigned kSystemColour = 0x80000000;
-  constexpr unsigned kHighlightText = 0x8000000E;
-  return (color & kSystemColour) != 0 && color != kHighlightText;
+  if ((backColor & kSystemColour) == 0) return GetSysColor(COLOR_WINDOW);
+  const COLORREF meant = GetSysColor(static_cast<int>(backColor & ~kSystemColour));
+  const auto rgb = [](COLORREF colour) {
+    return faces::Rgb{GetRValue(colour), GetGValue(colour), GetBValue(colour)};
+  };
+  return faces::CanBeRead(rgb(text), rgb(meant)) ? meant : GetSysColor(COLOR_BTNFACE);
 }
 
 // A text that stays in the background and can be read all the same: two thirds of the way.
@@ -142,8 +142,7 @@ struct FormWindow::Child {
   std::unique_ptr<StatementBox> statements;  // of a box of statements
   bool isPicking = false;  // of a combo: its list was open, and an entry was chosen
   bool wasPicked = false;  // of a combo: what the last key or press chose is done
-  std::wstring searched;   // of a list: the letters typed last
-  DWORD searchedAt = 0;
+  faces::TypeAhead ahead;  // of a list
 };
 
 // A message in progress: the window stays until the last of them is through.
@@ -239,6 +238,8 @@ void FormWindow::Create(HWND parent, const RECT& place) {
   }
   for (const Control* control : Form().Controls())
     CreateChild(*control);
+  undo_ = MakeTool(L"Undo");
+  redo_ = MakeTool(L"Redo");
   control_.AddObserver(*this);
   person_.NoteAll();
   LayOut();
@@ -259,13 +260,26 @@ void FormWindow::MakeFonts() {
   const auto line = [this, canvas](HFONT font) {
     return MulDiv(LineHeightOf(canvas, font), kTwipsPerInch, dpi_);
   };
-  lines_ = {std::max(line(verdana_), line(arial_)), line(small_)};
+  const int bar = MulDiv(GetSystemMetrics(SM_CYHSCROLL), kTwipsPerInch, dpi_);
+  lines_ = {std::max(line(verdana_), line(arial_)), line(small_), bar};
   ReleaseDC(root_, canvas);
   for (const auto& [control, child] : children_)
     SendMessageW(child->window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(*control)), TRUE);
+  for (const HWND tool : {undo_, redo_})
+    SendMessageW(tool, WM_SETFONT, reinterpret_cast<WPARAM>(verdana_), TRUE);
   for (const HFONT font : before) {
     if (font != nullptr) DeleteObject(font);
   }
+}
+
+// A button beside those of the form. It leaves the focus where it is.
+HWND FormWindow::MakeTool(const wchar_t* caption) {
+  const HWND tool = CreateWindowExW(
+      0, WC_BUTTONW, caption, WS_CHILD | WS_CLIPSIBLINGS | WS_VISIBLE | WS_DISABLED | BS_PUSHBUTTON,
+      0, 0, 0, 0, root_, nullptr, ServerInstance(), this);
+  if (tool == nullptr) throw std::runtime_error("no window");
+  SendMessageW(tool, WM_SETFONT, reinterpret_cast<WPARAM>(verdana_), FALSE);
+  return tool;
 }
 
 HFONT FormWindow::FontOf(const Control& control) const {
@@ -300,9 +314,8 @@ FormWindow::Child& FormWindow::CreateChild(const Control& control) {
       kind = WC_EDITW;
       style |= ES_NOHIDESEL;
       if (IsMultiLine(control)) style |= ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL;
-      // The small boxes of the cases have no room for a scroll bar below; their lines are wrapped.
-      if (!IsCaseBox(control)) style |= ES_AUTOHSCROLL;
-      if (IsMultiLine(control) && !IsCaseBox(control)) style |= WS_HSCROLL;
+      style |= ES_AUTOHSCROLL;
+      if (IsMultiLine(control)) style |= WS_HSCROLL;
       extended = WS_EX_CLIENTEDGE;
       break;
     case Kind::ListBox:
@@ -457,6 +470,10 @@ void FormWindow::ShowEverything() {
   }
   if (placesChanged) LayOut();
   if (hadFocus && changes.focusMoved) ShowFocus();
+  if (changes.historyChanged) {
+    EnableWindow(undo_, person_.CanUndo());
+    EnableWindow(redo_, person_.CanRedo());
+  }
 }
 
 void FormWindow::ShowChild(Child& child, const faces::Change& change) {
@@ -615,15 +632,34 @@ void FormWindow::ShowCombo(Child& child, const faces::Change& change) {
     SendMessageW(child.window, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(child.window, nullptr, TRUE);
   }
-  if (SendMessageW(child.window, CB_GETCURSEL, 0, 0) != combo.ListIndex()) {
+  String shown = WithoutNuls(combo.Text());
+  // An entry that is chosen no more is forgotten later, as long as the text is right: the platform
+  // would take the text away, and with it the caret and what can be taken back.
+  const bool isRight = combo.IsEditable() && WindowText(child.window) == shown;
+  if (SendMessageW(child.window, CB_GETCURSEL, 0, 0) != combo.ListIndex() &&
+      !(isRight && combo.ListIndex() < 0)) {
     SendMessageW(child.window, CB_SETCURSEL, static_cast<WPARAM>(combo.ListIndex()), 0);
   }
   if (combo.IsEditable()) {
-    String shown = WithoutNuls(combo.Text());
     if (WindowText(child.window) != shown) SetWindowTextW(child.window, Wide(shown));
     child.shown = std::move(shown);
   }
   InvalidateRect(child.window, nullptr, FALSE);
+}
+
+// Before the list or the arrows go on from an entry that is chosen no more.
+void FormWindow::ForgetEntry(Child& child) {
+  const auto& combo = static_cast<const ComboBox&>(child.control);
+  if (combo.ListIndex() >= 0 || SendMessageW(child.window, CB_GETCURSEL, 0, 0) < 0) return;
+  const Showing showing(isShowing_);
+  DWORD first = 0;
+  DWORD behind = 0;
+  SendMessageW(child.window, CB_GETEDITSEL, reinterpret_cast<WPARAM>(&first),
+               reinterpret_cast<LPARAM>(&behind));
+  SendMessageW(child.window, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+  if (!combo.IsEditable()) return;
+  SetWindowTextW(child.window, Wide(child.shown));
+  SendMessageW(child.window, CB_SETEDITSEL, 0, MAKELPARAM(first, behind));
 }
 
 void FormWindow::LayOut() {
@@ -643,6 +679,12 @@ void FormWindow::LayOut() {
     ShowWindow(pages_[page],
                Form().tabVrn.Tab().value() == static_cast<int>(page) ? SW_SHOWNA : SW_HIDE);
   }
+  const auto put = [&](HWND window, const Geometry& place) {
+    SetWindowPos(window, nullptr, pixels(place.left), pixels(place.top), pixels(place.width),
+                 pixels(place.height), SWP_NOZORDER | SWP_NOACTIVATE);
+  };
+  put(undo_, places.Undo());
+  put(redo_, places.Redo());
   for (const auto& [control, child] : children_) {
     Geometry place = places.Of(*control);
     if (control->frame() == nullptr && control->design().page != kEveryPage) place.top -= top;
@@ -796,6 +838,21 @@ void FormWindow::TakeEdit(Child& child) {
   Type(child, changed);
 }
 
+// The whole text, where the platform's box would end with its first line, and its line ends as
+// CR LF.
+void FormWindow::PasteText(HWND box) {
+  if (!OpenClipboard(box)) return;
+  String text;
+  if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
+    if (const auto* characters = static_cast<const char16_t*>(GlobalLock(data))) {
+      text = faces::WithLineEnds(characters);
+      GlobalUnlock(data);
+    }
+  }
+  CloseClipboard();
+  if (!text.empty()) SendMessageW(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(text)));
+}
+
 void FormWindow::TypeKey(Child& child, wchar_t code) {
   const auto& box = static_cast<const TextBox&>(child.control);
   DWORD first = 0;
@@ -905,6 +962,10 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
     return DefWindowProcW(window, message, wide, longer);
   switch (message) {
     case WM_COMMAND:
+      if (const HWND from = reinterpret_cast<HWND>(longer); from == undo_ || from == redo_) {
+        if (HIWORD(wide) == BN_CLICKED) TakeBack(from == undo_);
+        return 0;
+      }
       if (Child* child = ChildOf(reinterpret_cast<HWND>(longer))) OnCommand(*child, HIWORD(wide));
       return 0;
     case WM_NOTIFY:
@@ -1050,10 +1111,13 @@ HBRUSH FormWindow::OnColour(HDC canvas, HWND window) {
       SetTextColor(canvas, Quiet(GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)));
     return GetSysColorBrush(COLOR_BTNFACE);
   }
-  if (control.kind() == Kind::ComboBox &&
-      IsInactiveColour(static_cast<const ComboBox&>(control).BackColor())) {
-    SetBkColor(canvas, GetSysColor(COLOR_BTNFACE));
-    return GetSysColorBrush(COLOR_BTNFACE);
+  if (const std::optional<unsigned> backColor = faces::BackColorOf(control)) {
+    const COLORREF text = GetSysColor(control.Enabled() ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT);
+    const COLORREF colour = ColourOf(*backColor, text);
+    SetTextColor(canvas, text);
+    SetBkColor(canvas, colour);
+    SetDCBrushColor(canvas, colour);
+    return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
   }
   return nullptr;
 }
@@ -1079,6 +1143,7 @@ void FormWindow::OnCommand(Child& child, int code) {
       if (code == CBN_EDITCHANGE) {
         Type(child, WindowText(child.window));
       } else if (code == CBN_DROPDOWN || code == CBN_SELENDCANCEL) {
+        if (code == CBN_DROPDOWN) ForgetEntry(child);
         child.isPicking = false;
         child.wasPicked = false;
       } else if (code == CBN_SELENDOK && isOpen) {
@@ -1232,9 +1297,15 @@ LRESULT FormWindow::OnChild(Child& child, UINT message, WPARAM wide, LPARAM long
       if (OnKey(child, wide)) return done();
       break;
     case WM_PASTE:
-      if (!child.statements) break;
-      child.statements->Paste();
-      return done();
+      if (child.statements) {
+        child.statements->Paste();
+        return done();
+      }
+      if (control.kind() == Kind::TextBox || child.edit != nullptr) {
+        PasteText(child.edit != nullptr ? child.edit : child.window);
+        return done();
+      }
+      break;
     case WM_SYSCHAR:
       if (ClickMnemonic(static_cast<wchar_t>(wide))) return done();
       break;
@@ -1302,9 +1373,18 @@ bool FormWindow::OnKey(Child& child, WPARAM key) {
       SetFocus(next);
     return true;
   }
+  if (isControl && GetKeyState(VK_MENU) >= 0 && (key == L'Z' || key == L'Y')) {
+    const bool isUndo = key == L'Z' && GetKeyState(VK_SHIFT) >= 0;
+    if (HasOwn(child, isUndo)) return false;
+    TakeBack(isUndo);
+    return true;
+  }
   switch (control.kind()) {
     case Kind::TextBox:
       return key == VK_ESCAPE;
+    case Kind::ComboBox:
+      if (key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT) ForgetEntry(child);
+      return false;
     case Kind::SyntaxTextBox: {
       if (key == VK_ESCAPE) return true;
       const bool isShift = GetKeyState(VK_SHIFT) < 0;
@@ -1337,6 +1417,25 @@ bool FormWindow::OnKey(Child& child, WPARAM key) {
     default:
       return false;
   }
+}
+
+// Whether the box itself has something to take back, or to have again.
+bool FormWindow::HasOwn(const Child& child, bool undo) {
+  switch (child.control.kind()) {
+    case Kind::TextBox:
+      return undo && SendMessageW(child.window, EM_CANUNDO, 0, 0) != 0;
+    case Kind::SyntaxTextBox:
+      return SendMessageW(child.window, undo ? EM_CANUNDO : EM_CANREDO, 0, 0) != 0;
+    case Kind::ComboBox:
+      return undo && child.edit != nullptr && SendMessageW(child.edit, EM_CANUNDO, 0, 0) != 0;
+    default:
+      return false;
+  }
+}
+
+void FormWindow::TakeBack(bool undo) {
+  Try([&] { return undo ? person_.Undo() : person_.Redo(); });
+  if (!isRetired_ && root_ != nullptr && HasFocus()) ShowFocus();
 }
 
 // In a single selection the keys move the mark, elsewhere the row that Space marks.
@@ -1390,26 +1489,13 @@ void FormWindow::GoToRow(Child& child, int row) {
   if (list.IsSingle()) Make({Gesture::kClickRow, &list, row});
 }
 
-// Letters typed one soon after the other look for the row that begins with them.
 void FormWindow::OnListCharacter(Child& child, wchar_t character) {
   const auto& list = static_cast<const ListBox&>(child.control);
-  const DWORD now = GetTickCount();
-  constexpr DWORD kSoon = 1000;
-  if (now - child.searchedAt > kSoon) child.searched.clear();
-  child.searchedAt = now;
-  child.searched += character;
   const auto at = static_cast<int>(
       SendMessageW(child.window, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
-  const int count = list.ListCount();
-  // One letter goes on to the next row, more of them stay as long as they fit.
-  const int from = child.searched.size() == 1 ? at + 1 : std::max(at, 0);
-  for (int step = 0; step < count; ++step) {
-    const int row = (from + step) % count;
-    if (EqualIgnoringCase(Left(list.List(row), static_cast<int>(child.searched.size())),
-                          View(child.searched.c_str()))) {
-      return GoToRow(child, row);
-    }
-  }
+  const std::optional<int> row =
+      child.ahead.Find(list, at, static_cast<char16_t>(character), GetTickCount());
+  if (row) GoToRow(child, *row);
 }
 
 }  // namespace zolt20::com

@@ -97,6 +97,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   // Making windows.
   void Create(HWND parent, const RECT& place);
   Child& CreateChild(const Control& control);
+  HWND MakeTool(const wchar_t* caption);
   HWND ParentOf(const Control& control) const;
   void MakeFonts();
   void ResolutionChanged();
@@ -137,6 +138,10 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   void TypeKey(Child& child, wchar_t code);
   void Type(Child& child, String text) noexcept;
   void PickEntry(Child& child);
+  void ForgetEntry(Child& child);
+  static bool HasOwn(const Child& child, bool undo);
+  void TakeBack(bool undo);
+  static void PasteText(HWND box);
 
   // Gestures.
   void Make(UserGesture gesture) noexcept;
@@ -155,6 +160,8 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   SpokenNames spoken_;
   HWND root_ = nullptr;
   std::vector<HWND> pages_;
+  HWND undo_ = nullptr;
+  HWND redo_ = nullptr;
   std::unordered_map<const Control*, std::unique_ptr<Child>> children_;
   std::unordered_map<HWND, Child*> childOfWindow_;
   bool isShowing_ = false;  // what the windows tell comes from us, and not from a person

@@ -22,6 +22,19 @@ String Shown(StringView text, char16_t lineEnd) {
   return shown;
 }
 
+String WithLineEnds(StringView text) {
+  String whole;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] != u'\r' && text[at] != u'\n') {
+      whole += text[at];
+      continue;
+    }
+    if (IsLineBreak(text, at)) ++at;
+    whole += u"\r\n";
+  }
+  return whole;
+}
+
 std::size_t PlaceInText(StringView text, std::size_t from, std::size_t shownCharacters) {
   std::size_t at = from;
   for (; shownCharacters > 0 && at < text.size(); --shownCharacters)

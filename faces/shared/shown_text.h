@@ -25,6 +25,9 @@ std::size_t PlaceInText(StringView text, std::size_t from, std::size_t shownChar
 String AfterEdit(StringView text, std::size_t position, std::size_t removed, StringView typed,
                  char16_t lineEnd);
 
+/// The text with CR LF for each of its line ends of any kind, as what comes by paste is taken.
+String WithLineEnds(StringView text);
+
 /// An edit, as the difference of what was shown before and after it.
 struct Edit {
   std::size_t position;

@@ -1,0 +1,41 @@
+#include "faces/shared/back_colours.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zolt20::faces {
+namespace {
+
+// How bright a colour is to the eye, from 0 to 1.
+double LuminanceOf(const Rgb& colour) {
+  const auto part = [](int value) {
+    const double share = value / 255.0;
+    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * part(colour.red) + 0.7152 * part(colour.green) + 0.0722 * part(colour.blue);
+}
+
+}  // namespace
+
+std::optional<unsigned> BackColorOf(const Control& control) {
+  if (control.kind() == Kind::ComboBox) return static_cast<const ComboBox&>(control).BackColor();
+  if (control.design().name == ControlName::txtCondition)
+    return static_cast<const TextBox&>(control).BackColor();
+  return std::nullopt;
+}
+
+std::optional<SystemColour> SystemColourOf(unsigned backColor) {
+  for (const SystemColour colour :
+       {SystemColour::kInactiveTitleBar, SystemColour::kHighlightedText}) {
+    if (backColor == static_cast<unsigned>(colour)) return colour;
+  }
+  return std::nullopt;
+}
+
+bool CanBeRead(const Rgb& text, const Rgb& background) {
+  constexpr double kLeastContrast = 4.5;
+  const auto [dark, bright] = std::minmax({LuminanceOf(text), LuminanceOf(background)});
+  return (bright + 0.05) / (dark + 0.05) >= kLeastContrast;
+}
+
+}  // namespace zolt20::faces

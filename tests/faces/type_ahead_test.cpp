@@ -1,0 +1,60 @@
+// Letters typed in a list look for the row that begins with them.
+#include "faces/shared/type_ahead.h"
+
+#include "tests/support/control_test.h"
+
+namespace zolt20::tests {
+namespace {
+
+class TypeAheadTest : public ControlTest {
+ protected:
+  TypeAheadTest() {
+    Catalogue("ABLE____0,ACID____0,BASE____0,able___20,ABOVE___0", "");
+    Log();
+  }
+  /// Where a letter goes, so many milliseconds after the one before; -1 for nowhere.
+  int Type(char16_t letter, unsigned after = 100) {
+    time_ += after;
+    const auto row = ahead_.Find(host().Form().lsttables, current_, letter, time_);
+    if (row) current_ = *row;
+    return row.value_or(-1);
+  }
+
+ private:
+  faces::TypeAhead ahead_;
+  unsigned time_ = 0U - 500U;  // begins anew on the way
+  int current_ = -1;
+};
+
+TEST_F(TypeAheadTest, ALetterGoesToTheFirstRowOfIt) {
+  EXPECT_EQ(Type(u'b'), 2);
+}
+
+TEST_F(TypeAheadTest, TheSameLetterAgainGoesToTheNextRowAndAroundTheEnd) {
+  EXPECT_EQ(Type(u'a'), 0);
+  EXPECT_EQ(Type(u'A'), 1);
+  EXPECT_EQ(Type(u'a'), 3);
+  EXPECT_EQ(Type(u'a'), 4);
+  EXPECT_EQ(Type(u'a'), 0);
+}
+
+TEST_F(TypeAheadTest, OtherLettersStayAsLongAsTheyFit) {
+  EXPECT_EQ(Type(u'a'), 0);
+  EXPECT_EQ(Type(u'b'), 0);
+  EXPECT_EQ(Type(u'o'), 4);
+  EXPECT_EQ(Type(u'x'), -1);
+}
+
+TEST_F(TypeAheadTest, AfterAWhileALetterBeginsAnew) {
+  EXPECT_EQ(Type(u'a'), 0);
+  EXPECT_EQ(Type(u'b', faces::TypeAhead::kSoon + 1), 2);
+  EXPECT_EQ(Type(u'a', faces::TypeAhead::kSoon), 2);
+}
+
+TEST_F(TypeAheadTest, AnEmptyListHasNoRow) {
+  faces::TypeAhead ahead;
+  EXPECT_EQ(ahead.Find(host().Form().lstFields, -1, u'a', 0), std::nullopt);
+}
+
+}  // namespace
+}  // namespace zolt20::tests
