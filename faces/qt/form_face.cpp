@@ -21,6 +21,7 @@
 #include "faces/qt/qt_text.h"
 #include "faces/qt/rows_view.h"
 #include "faces/qt/text_boxes.h"
+#include "faces/shared/back_colours.h"
 #include "faces/shared/case_places.h"
 #include "faces/shared/form_words.h"
 #include "faces/shared/neighbours.h"
@@ -40,12 +41,18 @@ const QLineEdit* LineOf(const QWidget& widget) {
   return qobject_cast<const QLineEdit*>(&widget);
 }
 
-// A plain number is 0xBBGGRR; of the system colours the ones of the form, told by their top bit,
-// are those of a box that takes nothing.
-bool IsInactiveColour(unsigned color) {
-  constexpr unsigned kSystemColour = 0x80000000;
-  constexpr unsigned kHighlightText = 0x8000000E;
-  return (color & kSystemColour) != 0 && color != kHighlightText;
+// The colour behind the text of a control, as long as the text can be read on it. Qt knows no
+// colour of inactive title bars: it is that of the window around the box.
+QPalette PaletteOf(const Control& control) {
+  QPalette palette;
+  const auto asked = faces::SystemColourOf(faces::BackColorOf(control).value_or(0));
+  if (!asked) return palette;
+  const bool isOfText = *asked == faces::SystemColour::kHighlightedText;
+  const QColor colour = palette.color(isOfText ? QPalette::HighlightedText : QPalette::Window);
+  const auto rgb = [](const QColor& of) { return faces::Rgb{of.red(), of.green(), of.blue()}; };
+  if (faces::CanBeRead(rgb(palette.color(QPalette::Text)), rgb(colour)))
+    palette.setColor(QPalette::Base, colour);
+  return palette;
 }
 
 // A button as wide as its caption asks for, with room beside it.
@@ -224,8 +231,9 @@ QWidget* FormFace::MakeLinesBox(const Control& box) {
 QWidget* FormFace::MakeTextBox(const TextBox& box) {
   if ((box.design().style & kMultiLine) != 0) return MakeLinesBox(box);
   auto* line = new LineBox(box.design().name == ControlName::txtAsSet, &owner_);
-  connect(line, &LineBox::Typed, this, [this, &box](const QString& text) {
-    Make({Gesture::kType, &box, UserGesture::kNone, String(View(text))});
+  connect(line, &LineBox::Typed, this, [this, &box, line](const QString& text) {
+    if (isShowing_) return;
+    End(person_.TypeInLine(box, View(text), static_cast<std::size_t>(line->cursorPosition())));
   });
   connect(line, &LineBox::KeyTyped, this, [this, &box](int from, int to, char16_t code) {
     if (!isShowing_) End(person_.Key(box, code, {from, to}));
@@ -250,8 +258,10 @@ QWidget* FormFace::MakeCombo(const ComboBox& combo) {
   auto* model = new RowsModel(combo, box);
   models_.insert(&combo, model);
   box->setModel(model);
-  connect(box, &ComboWidget::Typed, this, [this, &combo](const QString& text) {
-    Make({Gesture::kType, &combo, UserGesture::kNone, String(View(text))});
+  connect(box, &ComboWidget::Typed, this, [this, &combo, box](const QString& text) {
+    if (isShowing_) return;
+    End(person_.TypeInLine(combo, View(text),
+                           static_cast<std::size_t>(box->lineEdit()->cursorPosition())));
   });
   connect(box, &QComboBox::activated, this, [this, &combo](int row) {
     Make({Gesture::kPick, &combo, row});
@@ -354,6 +364,7 @@ void FormFace::ShowKind(const Control& control, QWidget& widget, const faces::Ch
         lines->Show(box.Text());
         if (movesCaret) lines->ShowCaret(box.SelStart());
         lines->setBackgroundRole(QPalette::Base);
+        if (faces::BackColorOf(control)) lines->setPalette(PaletteOf(control));
       } else {
         auto& line = static_cast<LineBox&>(widget);
         line.Show(box.Text());
@@ -365,14 +376,9 @@ void FormFace::ShowKind(const Control& control, QWidget& widget, const faces::Ch
       static_cast<RowsView&>(widget).ShowMarks();
       break;
     case Kind::ComboBox: {
-      const auto& combo = static_cast<const ComboBox&>(control);
       auto& box = static_cast<ComboWidget&>(widget);
       box.Show();
-      QPalette palette;
-      if (IsInactiveColour(combo.BackColor())) {
-        palette.setColor(QPalette::Base, palette.color(QPalette::Window));
-      }
-      box.setPalette(palette);
+      box.setPalette(PaletteOf(control));
       break;
     }
     case Kind::Button:

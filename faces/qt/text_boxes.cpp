@@ -157,7 +157,11 @@ LineBox::LineBox(bool byKeys, QWidget* parent) : QLineEdit(parent), byKeys_(byKe
 }
 
 void LineBox::Show(const String& text) {
-  if (View(this->text()) != StringView(text)) setText(ToQt(text));
+  if (View(this->text()) == StringView(text)) return;
+  // The caret stays where it is, as seen from the end.
+  const auto behind = this->text().size() - cursorPosition();
+  setText(ToQt(text));
+  setCursorPosition(static_cast<int>(std::max<qsizetype>(0, this->text().size() - behind)));
 }
 
 void LineBox::ShowCaret(int caret) {

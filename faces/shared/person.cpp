@@ -70,6 +70,18 @@ End Person::Type(const Control& box, StringView shown, std::size_t caret, char16
                          lineEnd)});
 }
 
+End Person::TypeInLine(const Control& box, StringView shown, std::size_t caret) {
+  const String before = TypedText(box);
+  const Edit edit = EditBetween(before, shown, std::min(caret, shown.size()));
+  String text = Concat(StringView(before).substr(0, edit.position),
+                       WithLineEnds(shown.substr(edit.position, edit.added)),
+                       StringView(before).substr(edit.position + edit.removed));
+  const bool isShown = StringView(text) == shown;
+  const End end = Make({Gesture::kType, &box, UserGesture::kNone, std::move(text)});
+  if (!isShown) Note(box, Change::BitOf(Property::kText));
+  return end;
+}
+
 End Person::Key(const TextBox& box, char16_t code, TextMark mark) {
   const String before = box.Text();
   const bool isAtCaret = mark.from == mark.to && mark.from == box.SelStart();

@@ -90,6 +90,9 @@ class Person final : private SurfaceObserver {
   /// The person made `shown` of what was shown of the box, in which `lineEnd` stands for a line
   /// end; the caret is there.
   End Type(const Control& box, StringView shown, std::size_t caret, char16_t lineEnd);
+  /// The same in a box of one line that shows its text as it is, line ends included. What is typed
+  /// gets CR LF for each line end of any kind.
+  End TypeInLine(const Control& box, StringView shown, std::size_t caret);
   /// A key in a box whose keys are heard, where these characters of its text are marked.
   End Key(const TextBox& box, char16_t code, TextMark mark);
 

@@ -119,6 +119,18 @@ TEST_F(PersonTest, AnEditOfWhatIsShownKeepsTheLineEndsElsewhere) {
   EXPECT_EQ(box.Text(), u"a\nb\r\nx\r\nc");
 }
 
+TEST_F(PersonTest, LineEndsThatAreTypedIntoALineBecomeCrLfAndTheOthersStay) {
+  const TextBox& box = Limit();
+  TypeIn(box, u"a\nb");
+  person.TakeChanges();
+  EXPECT_EQ(person.TypeInLine(box, u"a\nb\nc\rd\r\ne", 9), End::kDone);
+  EXPECT_EQ(box.Text(), u"a\nb\r\nc\r\nd\r\ne");
+  EXPECT_EQ(ChangeOf(box) & kText, kText);
+  EXPECT_EQ(person.TypeInLine(box, u"xa\nb\r\nc\r\nd\r\ne", 1), End::kDone);
+  EXPECT_EQ(box.Text(), u"xa\nb\r\nc\r\nd\r\ne");
+  EXPECT_EQ(ChangeOf(box) & kText, 0);
+}
+
 TEST_F(PersonTest, ATextThatTheControlRefusesIsShownAgain) {
   const TextBox& hidden = host().Form().txtCond;
   EXPECT_EQ(TypeIn(hidden, u"a"), End::kDone);

@@ -129,6 +129,18 @@ TEST_F(BoxesTest, AfterAPasteTheKeysAreAStepOfTheirOwn) {
   EXPECT_EQ(form().txtAsSet.Text(), u"12");
 }
 
+// Texts that are pasted.
+
+TEST_F(BoxesTest, APastedTextComesWholeWithItsLineEndsAsCrLf) {
+  Tab(6);
+  Click("optIfThen");
+  Type("txtCond", "a\r\nb\nc");
+  EXPECT_EQ(form().txtCond.Text(), u"a\r\nb\r\nc");
+  EXPECT_EQ(Be<QLineEdit>("txtCond").text(), QStringLiteral("a\r\nb\r\nc"));
+  TypeHere("!");
+  EXPECT_EQ(form().txtCond.Text(), u"a\r\nb\r\nc!");
+}
+
 // Lists.
 
 TEST_F(BoxesTest, ADoubleClickMarksARowOnceInEveryKindOfList) {

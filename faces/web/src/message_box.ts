@@ -22,7 +22,7 @@ export class MessageBox {
 
   constructor(answered: Answered) {
     const ok = make('button', {type: 'button', part: 'button', autofocus: true}, 'OK');
-    const sign = make('span', {class: 'sign', 'aria-hidden': 'true'}, '!');
+    const sign = make('span', {class: 'sign', 'aria-hidden': 'true'}, '\u00d7');
     this.node = make(
       'dialog',
       {

@@ -28,6 +28,20 @@ export interface RowsOptions {
   isPopup?: boolean;
 }
 
+// A text of a row. Long names are told apart by their ends: where there is no room they are cut in
+// the middle. Other letters than those of names may belong together and are cut at their end.
+function spanOf(kind: string, text: string): HTMLElement {
+  const kLong = 20;
+  const kTail = 9;
+  if (text.length < kLong || !/^[\x20-\x7e]+$/.test(text)) return make('span', {class: kind}, text);
+  return make(
+    'span',
+    {class: `${kind} cut`},
+    make('span', {class: 'head'}, text.slice(0, -kTail)),
+    make('span', {class: 'tail'}, text.slice(-kTail)),
+  );
+}
+
 export class Rows {
   readonly #logic: Logic;
   readonly #list: Address;
@@ -264,8 +278,11 @@ export class Rows {
     const shown = `${row.text}\n${name}`;
     if (node.dataset['shown'] !== shown || node.childNodes.length === 0) {
       node.dataset['shown'] = shown;
-      node.replaceChildren(make('span', {class: 'text'}, row.text));
-      if (name !== '') node.append(make('span', {class: 'name'}, name));
+      node.replaceChildren(spanOf('text', row.text));
+      if (name !== '') node.append(spanOf('name', name));
+      // The parts of a text that is cut are no words of their own.
+      const isCut = node.querySelector('.tail') !== null;
+      setAttributes(node, {'aria-label': isCut ? `${row.text} ${name}`.trim() : false});
       node.title = name === '' ? row.text : `${row.text}: ${name}`;
     }
     const isMarked = this.#isPopup

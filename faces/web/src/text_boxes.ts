@@ -42,6 +42,7 @@ export class TypedBox {
   #before = ''; // what the person is about to change
   #runStart = ''; // from where the run of typing began
   #takenBack = 0; // by the box's own undo, to be had again
+  #isTakingBack = false; // it was the last that happened here
 
   /** With `byKeys` each key is handed over by itself, so that the control can refuse it. */
   constructor(logic: Logic, box: Address, input: Input, into: TypedInto, byKeys = false) {
@@ -69,6 +70,7 @@ export class TypedBox {
       if (inputType === 'historyUndo') ++this.#takenBack;
       else if (inputType === 'historyRedo') --this.#takenBack;
       else this.#takenBack = 0;
+      this.#isTakingBack = inputType === 'historyUndo';
       if (!isComposing) hand();
     });
     if (byKeys) this.#takeKeys();
@@ -151,7 +153,8 @@ export class TypedBox {
 
   /** Whether the box's own undo and redo concern the run of typing that goes on here. */
   get hasOwnUndo(): boolean {
-    return this.#into.isTypingIn(this.#box) && this.input.value !== this.#runStart;
+    const isBack = this.input.value === this.#runStart && this.#isTakingBack;
+    return this.#into.isTypingIn(this.#box) && !isBack;
   }
   get hasOwnRedo(): boolean {
     return this.#into.isTypingIn(this.#box) && this.#takenBack > 0;

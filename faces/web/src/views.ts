@@ -141,7 +141,7 @@ function tabStrip(face: Face, control: Address): View {
         'data-page': page,
         'aria-controls': `page${page}`,
       },
-      face.logic.pageCaption(page).trim(),
+      face.logic.pageCaption(page),
     );
     tab.addEventListener('click', () => face.gesture(Gesture.Tab, control, page));
     return tab;

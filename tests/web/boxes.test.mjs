@@ -1,0 +1,150 @@
+// Boxes and lists at a person's hands: what they do as any box of the browser does, and what they
+// leave alone.
+import assert from 'node:assert/strict';
+import {after, before, describe, test} from 'node:test';
+
+import {Stage} from './harness.mjs';
+
+/** @import {Person} from './harness.mjs' */
+
+const kMost = 60000;
+const kTables = 'ORDERITM0,ORDERLIN1,DISTRICT0';
+const kFields = ['ORDERITM.NO', 'ORDERLIN.NO', 'DISTRICT.Archive_Sales_Transaction_Totals_2025']
+  .map((name) => `long*Q*V*R*N*Y${name}*Q*V*R*N*number`)
+  .join(',');
+
+/** @type {Stage} */
+let stage;
+/** @type {Person} */
+let person;
+before(async () => {
+  stage = await Stage.open();
+  person = await stage.openElement();
+});
+after(() => stage?.close());
+
+/// A test at a new element with a catalogue.
+/** @type {(name: string, act: () => Promise<void>) => void} */
+function withCatalogue(name, act) {
+  test(name, {timeout: kMost}, async () => {
+    await person.makeNew('{"new":{}}');
+    await person.page.evaluate(
+      ([tables, fields]) =>
+        Object.assign(host.element, {PrpStrTables: tables, PrpStrFields: fields}),
+      [kTables, kFields],
+    );
+    await act();
+    assert.deepEqual(person.page.complaints.splice(0), []);
+  });
+}
+const controls = async () => (await person.dump()).controls;
+/// Text and marked characters of the box that has the keyboard.
+const look = () =>
+  person.page.evaluate(() => {
+    const input = /** @type {HTMLInputElement} */ (host.element.shadowRoot?.activeElement);
+    return [input.value, input.selectionStart, input.selectionEnd];
+  });
+/** @type {(keys: string[]) => Promise<void>} */
+const press = async (keys) => {
+  for (const key of keys) await person.keyboard.press(key);
+};
+
+describe('the row limit', () => {
+  withCatalogue('keeps text and mark where a key is dropped', async () => {
+    await person.tab(1);
+    await person.typeKeys('txtAsSet', '50');
+    for (const keys of [['Control+A'], ['Home', 'Shift+ArrowRight'], ['Home']]) {
+      await press(keys);
+      const before = await look();
+      await press(['x', ' ', '-', 'Enter']);
+      assert.deepEqual(await look(), before);
+    }
+    await press(['Control+A', '7']);
+    assert.deepEqual(await look(), ['7', 1, 1]);
+    assert.equal((await controls()).txtAsSet.Text, '7');
+  });
+
+  withCatalogue('lets the rule of the button read the text that stood', async () => {
+    await person.tab(1);
+    await person.focus('txtAsSet');
+    await press(['Enter', '5']);
+    assert.equal((await controls()).cmdAddWhereQuery.Enabled, false);
+    await press(['Control+A', 'Backspace']);
+    assert.equal((await controls()).txtAsSet.Text, '');
+    assert.equal((await controls()).cmdAddWhereQuery.Enabled, true);
+  });
+
+  withCatalogue('takes what is composed as keys, one by one', async () => {
+    await person.tab(1);
+    await person.typeKeys('txtAsSet', '12');
+    await press(['Home', 'Shift+ArrowRight']);
+    const session = await person.page.context().newCDPSession(person.page);
+    await session.send('Input.imeSetComposition', {text: '3x', selectionStart: 2, selectionEnd: 2});
+    assert.equal((await controls()).txtAsSet.Text, '12');
+    await session.send('Input.insertText', {text: '3x4'});
+    await session.detach();
+    await person.waitFor(
+      'the keys are taken',
+      async () => (await controls()).txtAsSet.Text === '342',
+    );
+    assert.deepEqual(await look(), ['342', 2, 2]);
+  });
+
+  withCatalogue('takes keys after a paste as a step of their own', async () => {
+    await person.tab(1);
+    await person.type('txtAsSet', '12');
+    await press(['5']);
+    assert.equal((await controls()).txtAsSet.Text, '125');
+    await press(['Control+Z']);
+    assert.equal((await controls()).txtAsSet.Text, '12');
+  });
+});
+
+describe('a list', () => {
+  withCatalogue('marks a row once where it is clicked twice', async () => {
+    await person.doubleClickRow('lsttables', 1);
+    assert.deepEqual((await controls()).lsttables.Selected, [false, true, false]);
+    await person.tab(1);
+    await person.doubleClickRow('lstorderbyasc', 0);
+    assert.equal((await controls()).lstorderbyasc.Selected[0], true);
+  });
+
+  withCatalogue('cuts long names in the middle', async () => {
+    await person.clickRow('lsttables', 2);
+    const shown = await person.page.evaluate(() => {
+      const rows = [...(host.element.shadowRoot?.querySelectorAll('#lstFields .row') ?? [])];
+      const row = rows.find((each) => each.textContent?.includes('Totals_2025'));
+      const part = (/** @type {string} */ name) => row?.querySelector(name);
+      const list = host.element.shadowRoot?.getElementById('lstFields');
+      list?.style.setProperty('inline-size', '9rem');
+      const head = part('.head');
+      const tail = part('.tail')?.getBoundingClientRect();
+      return {
+        isCut: head !== null && head !== undefined && head.scrollWidth > head.clientWidth,
+        tail: part('.tail')?.textContent,
+        isTailInside: (tail?.right ?? 0) <= (list?.getBoundingClientRect().right ?? 0),
+        name: row?.getAttribute('aria-label'),
+      };
+    });
+    assert.deepEqual(shown, {
+      isCut: true,
+      tail: 'tals_2025',
+      isTailInside: true,
+      name: 'DISTRICT.Archive_Sales_Transaction_Totals_2025',
+    });
+    await person.page.evaluate(() =>
+      host.element.shadowRoot?.getElementById('lstFields')?.style.removeProperty('inline-size'),
+    );
+  });
+});
+
+describe('undo', () => {
+  withCatalogue('of a box comes first as long as it has anything', async () => {
+    await person.tab(6);
+    await person.click('optIfThen');
+    await person.typeKeys('txtCond', 'a');
+    await press(['Backspace', 'Control+Z']);
+    assert.equal((await controls()).optIfThen.Value, true);
+    assert.equal((await controls()).txtCond.Text, 'a');
+  });
+});
