@@ -78,7 +78,7 @@ End Person::TypeInLine(const Control& box, StringView shown, std::size_t caret) 
                        StringView(before).substr(edit.position + edit.removed));
   const bool isShown = StringView(text) == shown;
   const End end = Make({Gesture::kType, &box, UserGesture::kNone, std::move(text)});
-  if (!isShown) Note(box, Change::BitOf(Property::kText));
+  if (!isShown && changes_.changed.count(&box) != 0) Note(box, Change::BitOf(Property::kText));
   return end;
 }
 
