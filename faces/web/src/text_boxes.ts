@@ -71,7 +71,9 @@ export class TypedBox {
       else if (inputType === 'historyRedo') --this.#takenBack;
       else this.#takenBack = 0;
       this.#isTakingBack = inputType === 'historyUndo';
-      if (!isComposing) hand();
+      // Some browsers tell of it once more when it is over, and by then it came as keys.
+      const isComposed = byKeys && inputType === 'insertCompositionText';
+      if (!isComposing && !isComposed) hand();
     });
     if (byKeys) this.#takeKeys();
     // It may come from within, when the form moves the focus away.
