@@ -1,6 +1,6 @@
-// Where the windows of the form stand with letters of any size: nothing over anything else, and
+// Where everything on the form stands with letters of any size: nothing over anything else, and
 // every line of text in something that is high enough for it.
-#include "faces/com/form_places.h"
+#include "faces/shared/form_places.h"
 
 #include <string>
 #include <vector>
@@ -10,7 +10,7 @@
 namespace zolt20::tests {
 namespace {
 
-using com::FormPlaces;
+using faces::FormPlaces;
 
 struct Size {
   int line;   // of the letters, in twips
@@ -27,8 +27,18 @@ class FormPlacesTest : public ControlTest, public ::testing::WithParamInterface<
   }
   FormPlaces Places() {
     const auto [line, times] = GetParam();
-    return {host().Form(), FormPlaces::kWidth * times, FormPlaces::kHeight * times, {line, line}};
+    return {host().Form(),
+            FormPlaces::kWidth * times,
+            FormPlaces::kHeight * times,
+            {line, line, kScrollBar}};
   }
+  /// A form of no size gets the least that everything needs.
+  FormPlaces LeastPlaces() {
+    return {host().Form(), 0, 0, {GetParam().line, GetParam().line, kScrollBar}};
+  }
+  static void ExpectNothingCovered(const FormPlaces& places,
+                                   const std::vector<const Control*>& parts);
+  static constexpr int kScrollBar = 255;
   /// Whatever has a place of its own beside the others: all but what surrounds them.
   std::vector<const Control*> Parts() {
     std::vector<const Control*> parts;
@@ -40,9 +50,8 @@ class FormPlacesTest : public ControlTest, public ::testing::WithParamInterface<
   }
 };
 
-TEST_P(FormPlacesTest, NothingLiesOverAnythingElse) {
-  const FormPlaces places = Places();
-  const std::vector<const Control*> parts = Parts();
+void FormPlacesTest::ExpectNothingCovered(const FormPlaces& places,
+                                          const std::vector<const Control*>& parts) {
   for (const Control* one : parts) {
     const Geometry place = places.Of(*one);
     for (const Control* other : parts) {
@@ -55,6 +64,31 @@ TEST_P(FormPlacesTest, NothingLiesOverAnythingElse) {
                   beside.left + beside.width <= place.left ||
                   place.top + place.height <= beside.top || beside.top + beside.height <= place.top)
           << one->name() << " and " << other->name();
+    }
+  }
+}
+
+TEST_P(FormPlacesTest, NothingLiesOverAnythingElse) {
+  ExpectNothingCovered(Places(), Parts());
+}
+
+TEST_P(FormPlacesTest, NothingLiesOverAnythingElseWhereThereIsLeastRoom) {
+  const FormPlaces places = LeastPlaces();
+  EXPECT_GT(places.Width(), 0);
+  EXPECT_GT(places.Height(), 0);
+  ExpectNothingCovered(places, Parts());
+}
+
+TEST_P(FormPlacesTest, EverythingStandsOnTheForm) {
+  for (const FormPlaces& places : {Places(), LeastPlaces()}) {
+    for (const Control* control : Parts()) {
+      if (control->frame() != nullptr) continue;
+      const Geometry place = places.Of(*control);
+      EXPECT_GT(place.width * place.height, 0) << control->name();
+      EXPECT_GE(place.left, 0) << control->name();
+      EXPECT_GE(place.top, 0) << control->name();
+      EXPECT_LE(place.left + place.width, places.Width()) << control->name();
+      EXPECT_LE(place.top + place.height, places.Height()) << control->name();
     }
   }
 }
@@ -80,6 +114,50 @@ TEST_P(FormPlacesTest, WhatIsInAFrameStaysWithinIt) {
     if (isScrolledAway) continue;
     EXPECT_GE(place.top, 0) << control->name();
     EXPECT_LE(place.top + place.height, frame.height) << control->name();
+  }
+}
+
+TEST_P(FormPlacesTest, AFormGrowsAsItsLettersNeed) {
+  const FormPlaces places(host().Form(), FormPlaces::kWidth, FormPlaces::kHeight,
+                          {GetParam().line, GetParam().line, kScrollBar});
+  const bool areUsual = GetParam().line <= 225;
+  EXPECT_EQ(places.Width() == FormPlaces::kWidth, areUsual) << places.Width();
+  EXPECT_GE(places.Height(), FormPlaces::kHeight);
+}
+
+TEST_P(FormPlacesTest, AFilterStandsBetweenTheLabelAndItsList) {
+  const FormPlaces places = Places();
+  const Geometry label = places.Of(On("Label1"));
+  const Geometry filter = places.FilterOf(On("lsttables"));
+  const Geometry list = places.Of(On("lsttables"));
+  EXPECT_LE(label.top + label.height, filter.top);
+  EXPECT_LE(filter.top + filter.height, list.top);
+  EXPECT_EQ(filter.width, list.width);
+  EXPECT_EQ(places.FilterOf(On("cmdDone")), Geometry{});
+}
+
+TEST_P(FormPlacesTest, WhatIsLeftOverIsSharedByWeight) {
+  const int width = 4 * FormPlaces::kWidth;
+  const FormPlaces places(host().Form(), width, FormPlaces::kHeight, {GetParam().line});
+  const double tables = places.Of(On("lsttables")).width;
+  EXPECT_NEAR(places.Of(On("lstFields")).width, tables * 4 / 3, 30);
+  EXPECT_NEAR(places.Of(On("lstGroupby")).width, tables * 4 / 3, 30);
+  // What has no weight does not grow.
+  EXPECT_EQ(places.Of(On("cmdMoveOne")).width, Places().Of(On("cmdMoveOne")).width);
+}
+
+TEST_P(FormPlacesTest, EveryTextHasItsWidth) {
+  const auto wide = [](StringView text, bool isSmall) {
+    return static_cast<int>(text.size()) * (isSmall ? 150 : 200);
+  };
+  const int line = GetParam().line;
+  const FormPlaces places(host().Form(), 0, 0, {line, line, kScrollBar, wide});
+  for (const Control* control : Parts()) {
+    if (control->kind() != Kind::Label && control->kind() != Kind::Button) continue;
+    if (control->frame() == &host().Form().fracase) continue;
+    EXPECT_GE(places.Of(*control).width,
+              wide(control->design().caption, faces::IsNote(control->design())))
+        << control->name();
   }
 }
 

@@ -1,0 +1,90 @@
+// Where everything on the form stands at a size of it, in twips: the solver of the layout, for
+// faces whose platform has none. A plain computation that knows no window.
+#pragma once
+
+#include <functional>
+#include <map>
+
+#include "faces/shared/case_places.h"
+#include "faces/shared/layout.h"
+#include "surface/surface.h"
+
+namespace zolt20::faces {
+
+/// What a form's letters need, in twips. Where a height or the widths are not known it is what
+/// small letters need.
+struct Letters {
+  int line = 0;       ///< the height of a line
+  int smallLine = 0;  ///< of the notes
+  int scrollBar = 0;  ///< the height of a scroll bar below a box
+  std::function<int(StringView text, bool isSmall)> width = {};
+};
+
+class FormPlaces {
+ public:
+  /// The size that a new control has.
+  static constexpr int kWidth = 12'600;
+  static constexpr int kHeight = 8'700;
+
+  /// Of a form of that size, or of the least where that is larger. What is left over is shared as
+  /// the layout has it; nothing is smaller than its letters need.
+  FormPlaces(const Surface& form, int width, int height, const Letters& letters);
+
+  /// Within the control's frame, or the form. Of an element that was loaded since, its own place.
+  Geometry Of(const Control& control) const;
+  /// Of the line that filters a list or a combo. Empty where there is none.
+  Geometry FilterOf(const Control& control) const;
+  /// Of the button that takes back what the person did, and of that which does it again.
+  Geometry Undo() const;
+  Geometry Redo() const;
+  /// What the pages have in common.
+  Geometry Pages() const { return pages_; }
+  /// The size of the whole, from the least on.
+  int Width() const { return width_; }
+  int Height() const { return height_; }
+
+ private:
+  struct Extent {
+    int width = 0;
+    int height = 0;
+  };
+  struct Box;
+
+  // Sizes.
+  Extent Measure(const Part& part);
+  Extent LeastOf(const Part& part) const { return least_.at(&part); }
+  Extent OfControl(const Design& control) const;
+  Extent AroundOf(const Part& part) const;
+  int WidthOf(StringView text, bool isSmall) const;
+  int LabelWidth(const Part& fields) const;
+
+  // Places.
+  void Put(const Part& part, Box box);
+  void PutAlong(const Part& part, Box box, bool isAcross);
+  void PutPair(const Part& pair, Box box, int labelWidth);
+  void PutCases(const Part& part, Box box);
+  Box Aligned(const Part& part, Box box) const;
+  int CaseLength(const Stretch& length) const;
+
+  const Surface& form_;
+  Letters letters_;
+  std::map<const Part*, Extent> least_;
+  std::map<const Design*, Geometry> places_;  // within the form
+  std::map<const Design*, Geometry> filters_;
+  Geometry tools_{};
+  Geometry pages_{};
+  int width_ = 0;
+  int height_ = 0;
+  int caseWidth_ = kCaseFrameTwips;
+  // Heights.
+  int line_;
+  int smallLine_;
+  int field_;  // a box of one line
+  int button_;
+  int lines_;       // a box of several lines, at least
+  int frameHead_;   // a frame's caption
+  int rowGrowth_;   // by which a case row is taller than in the form
+  int nextGrowth_;  // and the button below them
+};
+
+}  // namespace zolt20::faces
