@@ -10,6 +10,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QToolButton>
 #include <algorithm>
 #include <limits>
 #include <optional>
@@ -214,6 +215,9 @@ QWidget* FormFace::MakeTabStrip(const TabStrip& strip) {
   bar->setFocusPolicy(Qt::ClickFocus);
   for (const StringView caption : kPageCaptions)
     bar->addTab(ToQt(caption));
+  // Its arrows are no controls of the form.
+  for (QToolButton* arrow : bar->findChildren<QToolButton*>())
+    arrow->setFocusPolicy(Qt::NoFocus);
   connect(bar, &QTabBar::currentChanged, this, [this, &strip](int page) {
     Make({Gesture::kTab, &strip, page});
   });

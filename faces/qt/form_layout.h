@@ -1,14 +1,15 @@
-// Where the widgets of the form stand: the pages, and what is on them. Made once; what comes and
-// goes later are the case rows alone, which have places of their own.
+// Builds the widgets' layouts from the description of the form. Made once; what comes and goes
+// later are the case rows alone, which have places of their own.
 #pragma once
 
 #include <QWidget>
 
-#include "surface/form.h"
+#include "faces/shared/layout.h"
 
 class QBoxLayout;
 class QGridLayout;
-class QLayout;
+class QKeySequence;
+class QStackedWidget;
 class QVBoxLayout;
 
 namespace zolt20::qt {
@@ -22,24 +23,26 @@ class FormLayout {
   void Build();
 
  private:
-  QWidget* SelectListPage();
-  QWidget* WherePage();
-  QWidget* StatementPage(int page);
-  QWidget* ConditionPage();
-  QWidget* ResultPart();
-  QWidget* Toolbar();
-  QLayout* ButtonRow();
-  QWidget* CaseRowsFrame();
+  QWidget* Of(const Design& design) const;
+  void SetLetters();
 
-  QWidget* Of(ControlName name, int index = kNoIndex) const;
-  // The layout of a new page, its parent widget.
-  QVBoxLayout* NewPage();
-  // The instructions of a page, and the button beside them.
-  QLayout* Foot(const std::vector<ControlName>& instructions, ControlName button);
-  // A label above a list, with a filter between them when the list has one.
-  QLayout* Labelled(ControlName label, ControlName list, bool hasFilter = false);
-  // The labels of a page that tell how it is used, small and out of the way.
-  QWidget* Instructions(const std::vector<ControlName>& labels);
+  // Each puts the parts of a part where the layout has room for them.
+  void Add(QBoxLayout& into, const faces::Part& part, bool isAcross);
+  void AddAll(QBoxLayout& into, const faces::Part& part, bool isAcross);
+  void AddPairs(QGridLayout& into, const faces::Part& fields);
+
+  // What surrounds, as a widget.
+  QWidget* WidgetOf(const faces::Part& part);
+  QWidget* Whole(const faces::Part& part);
+  QWidget* Pages(const faces::Part& part);
+  QWidget* Stack(const faces::Part& part);
+  QWidget* Split(const faces::Part& part);
+  QWidget* Framed(const faces::Part& part);
+  QWidget* Notes(const faces::Part& part);
+  QWidget* CaseRows(const faces::Part& part);
+  QWidget* Tools();
+  void AddTool(QBoxLayout& into, bool forward);
+  QWidget* Filter(const Design& list);
 
   FormFace& face_;
   QWidget& owner_;

@@ -274,7 +274,7 @@ QSize ZOLT20MapWidget::sizeHint() const {
 }
 
 QSize ZOLT20MapWidget::minimumSizeHint() const {
-  return QWidget::minimumSizeHint();
+  return {320, 240};  // in a smaller place than it needs the form scrolls
 }
 
 void ZOLT20MapWidget::showMessage(const QString& text, const QString& title) {

@@ -188,6 +188,9 @@ class PagesTest : public ::testing::Test {
   void Picture(const std::string& name) {
     ExpectNothingCut();
     ExpectNothingCovered();
+    DrawnAs(name);
+  }
+  void DrawnAs(const std::string& name) {
     const QString folder = qEnvironmentVariable("ZOLT20_PICTURES");
     if (folder.isEmpty()) return;
     const QString suffix = look_.isDark ? QStringLiteral("-dark.png") : QStringLiteral(".png");
