@@ -11,6 +11,7 @@
 
 #include "faces/shared/case_places.h"
 #include "faces/shared/form_words.h"
+#include "faces/shared/layout.h"
 #include "faces/shared/neighbours.h"
 #include "faces/shared/shown_text.h"
 #include "faces/shared/statement_colours.h"
@@ -72,6 +73,16 @@ void Give(const Variant& value) {
   if (const auto* text = std::get_if<String>(&value)) return Give(StringView(*text));
   if (const auto* number = std::get_if<Integer>(&value)) return numbers.push_back(number->value());
   if (const auto* flag = std::get_if<bool>(&value)) numbers.push_back(*flag ? 1 : 0);
+}
+
+// A part of the layout as JSON: kind, name, weight, and its parts.
+std::string PartText(const faces::Part& part) {
+  const std::string_view name = part.control != nullptr ? part.control->text : part.name;
+  std::string parts;
+  for (const faces::Part& inner : part.parts)
+    parts += (parts.empty() ? "" : ",") + PartText(inner);
+  return "[" + std::to_string(static_cast<int>(part.kind)) + ",\"" + std::string(name) + "\"," +
+         std::to_string(part.weight) + ",[" + parts + "]]";
 }
 
 // What the page asks of a control; the numbers are those of its own list.
@@ -209,6 +220,12 @@ ZOLT20_EXPORT(looks) void looks() {
                    {static_cast<std::int32_t>(look.onLight), static_cast<std::int32_t>(look.onDark),
                     look.weight, look.italic ? 1 : 0});
   }
+}
+
+/// The layout of the form, as JSON: each part an array of its kind, its name or its control's, its
+/// weight and its parts.
+ZOLT20_EXPORT(layout) void layout() {
+  Give(std::string_view(PartText(faces::Layout())));
 }
 
 // Elements.

@@ -511,6 +511,39 @@ describe('what can be pressed', () => {
   }
 });
 
+/// What a person can't bring into sight by turning the wheel, of what can be seen on the page.
+/** @type {(person: Person, view: string) => Promise<string[]>} */
+async function outOfReach(person, view) {
+  const found = [];
+  const dump = await person.dump();
+  for (const name of Object.keys(dump.controls)) {
+    if (!takesFocus(name) || !isShown(dump, name)) continue;
+    // Of the two views of a condition one lies before the other; rows of a case are scrolled to.
+    if (
+      ['txtCondition', 'txtwhereCondition'].includes(name) ||
+      /^(TxtExpr|txtStmt)\(/.test(name)
+    )
+      continue;
+    await person.bringIntoWindow(name, '');
+    if (!(await person.place(name)).isOnTop) found.push(`${view}: ${name} can't be reached`);
+  }
+  return found;
+}
+
+describe('in a place of 400 by 300 pixels', () => {
+  withPerson('everything can be reached', async (person, page) => {
+    await page.evaluate(() => {
+      Object.assign(host.element.style, {inlineSize: '400px', blockSize: '300px'});
+    });
+    /** @type {string[]} */
+    const found = [];
+    await eachView(person, true, async (view) => {
+      found.push(...(await outOfReach(person, view)));
+    });
+    assert.deepEqual(found, []);
+  });
+});
+
 describe('enlarged to the double', () => {
   withPerson(
     'nothing is scrolled sideways, and everything can be reached',
@@ -536,19 +569,7 @@ describe('enlarged to the double', () => {
           ];
         });
         found.push(...wide.map((what) => `${view}: ${what}`));
-        const dump = await person.dump();
-        for (const name of Object.keys(dump.controls)) {
-          if (!takesFocus(name) || !isShown(dump, name)) continue;
-          // Of the two views of a condition one lies before the other; rows of a case are scrolled
-          // to.
-          if (
-            ['txtCondition', 'txtwhereCondition'].includes(name) ||
-            /^(TxtExpr|txtStmt)\(/.test(name)
-          )
-            continue;
-          await person.bringIntoWindow(name, '');
-          if (!(await person.place(name)).isOnTop) found.push(`${view}: ${name} can't be reached`);
-        }
+        found.push(...(await outOfReach(person, view)));
       });
       assert.deepEqual(found, []);
     },

@@ -108,6 +108,7 @@ const text = [
   written('Traits of controls.', 'Style', enumerators('surface/form.h', 'Style')),
   written('What a person does.', 'Gesture', rows('surface/gestures.def', 'ZOLT20_GESTURE')),
   written('What changed of a control, a bit each.', 'What', changes),
+  written('Parts of the layout.', 'PartKind', enumerators('faces/shared/layout.h', 'PartKind')),
   written('How a call ended.', 'Status', enumerators(kPerson, 'End')),
   written('Types of values.', 'ValueType', enumerators('shell/contract.h', 'ValueType')),
   written('What a control can be asked.', 'Ask', enumerators('faces/web/exports.cpp', 'Ask')),

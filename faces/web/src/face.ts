@@ -18,7 +18,6 @@ export interface FaceOwner {
   redone(): unknown;
 }
 
-const kFiltered = ['lsttables', 'lstFields'];
 // What lies in the frame of the case rows, with a margin behind like that before it.
 const kCaseFrameTwips = 6720 + 825 + 120;
 // So that the least of the buttons there can be pointed at.
@@ -57,7 +56,6 @@ export class Face implements TypedInto {
     this.#root = root;
     this.#owner = owner;
     for (const control of logic.controls(handle)) this.#makeView(control);
-    for (const list of kFiltered) this.#makeFilter(list);
     this.node = layOut(this);
     const rows = this.nodeOf('fracase').style;
     const heightOf = (name: string) => this.logic.number(this.#addresses.get(name)!, Ask.Height);
@@ -122,7 +120,8 @@ export class Face implements TypedInto {
     if (this.logic.is(control, Ask.TakesFocus)) this.#controls.set(focus, control);
     return view;
   }
-  #makeFilter(list: string): void {
+  /** The line that filters a list. */
+  makeFilter(list: string): HTMLElement {
     const view = this.#viewOf(list) as ListView;
     const name = spokenName(this.logic, this.#addresses.get(list)!);
     const filter = make('input', {
@@ -138,15 +137,13 @@ export class Face implements TypedInto {
     filter.spellcheck = false;
     filter.addEventListener('input', () => view.rows.setFilter(filter.value));
     this.#filters.set(list, filter);
+    return filter;
   }
   #viewOf(name: string): View {
     return this.#views.get(this.#addresses.get(name)!)!;
   }
   nodeOf(name: string): HTMLElement {
     return this.#viewOf(name).node;
-  }
-  filterOf(list: string): HTMLElement | undefined {
-    return this.#filters.get(list);
   }
   nameTables(names: ReadonlyMap<string, string>): void {
     (this.#viewOf('lsttables') as ListView).rows.nameRows(names);

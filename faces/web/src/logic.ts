@@ -3,7 +3,7 @@
 // Texts cross by their 16-bit units, so that every text comes back as it went. Controls and
 // elements are their addresses, numbers that mean something to the module alone.
 
-import type {Ask, AskText, Gesture, Status} from './numbers';
+import type {Ask, AskText, Gesture, PartKind, Status} from './numbers';
 
 /** The functions of exports.cpp. */
 interface Exports {
@@ -26,6 +26,7 @@ interface Exports {
   bag_type(entry: number): number;
   page_caption(page: number): void;
   looks(): void;
+  layout(): void;
   make(id: number): number;
   destroy(element: number): void;
   let(element: number, member: number, value: number): Status;
@@ -68,6 +69,9 @@ export interface Stretch {
   rows: number;
   buttons: number;
 }
+
+/** A part of the layout: its kind, its name or that of its control, its weight, its parts. */
+export type Part = [PartKind, string, number, Part[]];
 
 /** The address of a control; 0 is none. */
 export type Address = number;
@@ -274,6 +278,10 @@ export class Logic {
   looks(): number[] {
     this.#exports.looks();
     return [...this.#numbers()];
+  }
+  layout(): Part {
+    this.#exports.layout();
+    return JSON.parse(this.#text()) as Part;
   }
 
   // The contract.

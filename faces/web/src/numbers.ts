@@ -62,6 +62,24 @@ export const enum What {
   Everything = 262135,
 }
 
+/** Parts of the layout. */
+export const enum PartKind {
+  Control = 0,
+  Filter = 1,
+  Tools = 2,
+  Space = 3,
+  Row = 4,
+  Column = 5,
+  Split = 6,
+  Fields = 7,
+  Pair = 8,
+  Notes = 9,
+  Pages = 10,
+  Stack = 11,
+  Frame = 12,
+  Own = 13,
+}
+
 /** How a call ended. */
 export const enum Status {
   Done = 0,

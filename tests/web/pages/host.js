@@ -133,10 +133,9 @@ class Host {
     const isOnItsOwn = (at) => at.matches(':popover-open, dialog[open]');
     /** @type {HTMLElement} */
     let at = node;
-    for (; !isOnItsOwn(at) && at.parentElement !== null; at = at.parentElement) {
-      const {parentElement} = at;
-      if (getComputedStyle(parentElement).overflow === 'visible') continue;
-      const box = parentElement.getBoundingClientRect();
+    for (let around; !isOnItsOwn(at) && (around = this.around(at)) !== null; at = around) {
+      if (getComputedStyle(around).overflow === 'visible') continue;
+      const box = around.getBoundingClientRect();
       [left, top] = [Math.max(left, box.left), Math.max(top, box.top)];
       [right, bottom] = [Math.min(right, box.right), Math.min(bottom, box.bottom)];
     }
@@ -155,13 +154,21 @@ class Host {
       y,
     };
   }
+  /// What is around a node, across the border of the element too, within the page's own scrolling.
+  /** @type {(node: HTMLElement) => HTMLElement | null} */
+  around(node) {
+    if (node.parentElement !== null)
+      return node.parentElement === document.body ? null : node.parentElement;
+    const root = node.getRootNode();
+    return root instanceof ShadowRoot ? /** @type {HTMLElement} */ (root.host) : null;
+  }
   /// Where the wheel has to be turned next, and how far, for a node to come into sight; null when
   /// it is there.
   /** @type {(id: string, selector: string) => {x: number, y: number, way: number} | null} */
   wayIntoSight(id, selector) {
     const node = this.find(id, selector);
     const scrolled = [];
-    for (let at = node.parentElement; at !== null; at = at.parentElement) {
+    for (let at = this.around(node); at !== null; at = this.around(at)) {
       if (/auto|scroll/.test(getComputedStyle(at).overflowY) && at.scrollHeight > at.clientHeight)
         scrolled.unshift(at);
     }
