@@ -255,6 +255,8 @@ QWidget* FormLayout::WidgetOf(const Part& part) {
   switch (part.kind) {
     case PartKind::kFilter:
       return Filter(*part.control);
+    case PartKind::kMarks:
+      return HiddenMarks(*part.control);
     case PartKind::kTools:
       return Tools();
     case PartKind::kSplit:
@@ -389,6 +391,21 @@ QWidget* FormLayout::Filter(const Design& list) {
   });
   face_.AddFilter(*view, *filter);
   return filter;
+}
+
+// In what is left beside the name of the list.
+QWidget* FormLayout::HiddenMarks(const Design& list) {
+  auto* view = static_cast<RowsView*>(Of(list));
+  auto* label = new QLabel(&owner_);
+  label->setObjectName(view->objectName() + QStringLiteral(".marks"));
+  label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  label->setForegroundRole(QPalette::PlaceholderText);
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  QObject::connect(view, &RowsView::MarksShown, label, [view, label] {
+    label->setText(view->rows().HiddenMarks());
+    label->setToolTip(label->text());
+  });
+  return label;
 }
 
 }  // namespace zolt20::qt

@@ -43,6 +43,7 @@ class FormLayout {
   QWidget* Tools();
   void AddTool(QBoxLayout& into, bool forward);
   QWidget* Filter(const Design& list);
+  QWidget* HiddenMarks(const Design& list);
 
   FormFace& face_;
   QWidget& owner_;

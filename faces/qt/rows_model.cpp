@@ -1,7 +1,5 @@
 #include "faces/qt/rows_model.h"
 
-#include <QStringMatcher>
-#include <algorithm>
 #include <utility>
 
 #include "faces/qt/qt_text.h"
@@ -12,6 +10,7 @@ RowsModel::RowsModel(const RowsControl& rows, QObject* parent)
     : QAbstractListModel(parent),
       rows_(rows),
       list_(rows.kind() == Kind::ListBox ? static_cast<const ListBox*>(&rows) : nullptr),
+      drawn_(rows, [](StringView text) { return FromQt(ToQt(text).toCaseFolded()); }),
       count_(rows.ListCount()) {}
 
 int RowsModel::rowCount(const QModelIndex& parent) const {
@@ -27,12 +26,12 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
       return ToQt(rows_.List(row));
     case Qt::ToolTipRole: {
       const QString text = ToQt(rows_.List(row));
-      const QString name = names_.value(text);
+      const QString name = ToQt(drawn_.NameOf(row));
       return name.isEmpty() ? text : text + QStringLiteral(": ") + name;
     }
     case kNameRole:
     case Qt::AccessibleDescriptionRole:
-      return names_.isEmpty() ? QString() : names_.value(ToQt(rows_.List(row)));
+      return ToQt(drawn_.NameOf(row));
     case Qt::CheckStateRole:
       if (list_ == nullptr || !list_->HasCheckBoxes()) return {};
       return list_->Selected(row) ? Qt::Checked : Qt::Unchecked;
@@ -48,34 +47,30 @@ Qt::ItemFlags RowsModel::flags(const QModelIndex& index) const {
   return flags;
 }
 
-int RowsModel::ControlRow(int modelRow) const {
-  return IsFiltered() ? drawn_[static_cast<std::size_t>(modelRow)] : modelRow;
-}
-
-int RowsModel::ModelRow(int controlRow) const {
-  if (!IsFiltered()) return controlRow;
-  const auto found = std::lower_bound(drawn_.begin(), drawn_.end(), controlRow);
-  return found == drawn_.end() || *found != controlRow ? -1
-                                                       : static_cast<int>(found - drawn_.begin());
+QString RowsModel::HiddenMarks() const {
+  return ToQt(drawn_.HiddenMarks());
 }
 
 void RowsModel::SetFilter(const QString& text) {
-  if (text == filter_) return;
   beginResetModel();
   filter_ = text;
-  ApplyFilter();
+  drawn_.SetFilter(FromQt(text));
+  Show();
   endResetModel();
 }
 
-void RowsModel::NameRows(QHash<QString, QString> names) {
+void RowsModel::NameRows(const QHash<QString, QString>& names) {
+  std::map<String, String> byText;
+  for (auto name = names.begin(); name != names.end(); ++name)
+    byText.emplace(FromQt(name.key()), FromQt(name.value()));
   beginResetModel();
-  names_ = std::move(names);
-  ApplyFilter();
+  drawn_.NameRows(std::move(byText));
+  Show();
   endResetModel();
 }
 
 void RowsModel::RowsAboutToChange(const RowChange& change) {
-  if (IsFiltered() || change.what == RowChange::What::kReplaced) return beginResetModel();
+  if (drawn_.IsFiltered() || change.what == RowChange::What::kReplaced) return beginResetModel();
   const int last = change.first + change.count - 1;
   if (change.what == RowChange::What::kInserted) {
     beginInsertRows({}, change.first, last);
@@ -85,8 +80,9 @@ void RowsModel::RowsAboutToChange(const RowChange& change) {
 }
 
 void RowsModel::RowsChanged(const RowChange& change) {
-  ApplyFilter();
-  if (IsFiltered() || change.what == RowChange::What::kReplaced) return endResetModel();
+  drawn_.Refresh();
+  Show();
+  if (drawn_.IsFiltered() || change.what == RowChange::What::kReplaced) return endResetModel();
   if (change.what == RowChange::What::kInserted) {
     endInsertRows();
   } else {
@@ -104,22 +100,13 @@ void RowsModel::MarksChanged(int first, int count) {
 
 void RowsModel::Replace() {
   beginResetModel();
-  ApplyFilter();
+  drawn_.Refresh();
+  Show();
   endResetModel();
 }
 
-void RowsModel::ApplyFilter() {
-  drawn_.clear();
-  count_ = rows_.ListCount();
-  if (!IsFiltered()) return;
-  const QStringMatcher matcher(filter_, Qt::CaseInsensitive);
-  for (int row = 0; row < rows_.ListCount(); ++row) {
-    const StringView text = rows_.List(row);
-    const QStringView view(text.data(), static_cast<qsizetype>(text.size()));
-    const bool isNamed = !names_.isEmpty() && matcher.indexIn(names_.value(ToQt(text))) >= 0;
-    if (isNamed || matcher.indexIn(view) >= 0) drawn_.push_back(row);
-  }
-  count_ = static_cast<int>(drawn_.size());
+void RowsModel::Show() {
+  count_ = drawn_.Count();
 }
 
 }  // namespace zolt20::qt

@@ -5,8 +5,8 @@
 #include <QAbstractListModel>
 #include <QHash>
 #include <QString>
-#include <vector>
 
+#include "faces/shared/drawn_rows.h"
 #include "surface/list_box.h"
 #include "surface/observer.h"
 
@@ -25,15 +25,17 @@ class RowsModel final : public QAbstractListModel {
 
   const RowsControl& rows() const { return rows_; }
   /// The row of the control that a row of the model shows, and back; -1 for one that is not drawn.
-  int ControlRow(int modelRow) const;
-  int ModelRow(int controlRow) const;
+  int ControlRow(int modelRow) const { return drawn_.ControlRow(modelRow); }
+  int ModelRow(int controlRow) const { return drawn_.DrawnRow(controlRow); }
 
   /// Only rows that hold the text in any letter case are drawn from now on; all with "".
   void SetFilter(const QString& text);
   const QString& Filter() const { return filter_; }
+  /// What to say of marks that are not drawn, such as "3 marked, 1 shown"; "" while all are.
+  QString HiddenMarks() const;
 
   /// What rows are called beside their texts, by text. The filter finds it as well.
-  void NameRows(QHash<QString, QString> names);
+  void NameRows(const QHash<QString, QString>& names);
   static constexpr int kNameRole = Qt::UserRole;
 
   // The notices of the surface for this control.
@@ -44,15 +46,13 @@ class RowsModel final : public QAbstractListModel {
   void Replace();
 
  private:
-  bool IsFiltered() const { return !filter_.isEmpty(); }
-  void ApplyFilter();
+  void Show();
 
   const RowsControl& rows_;
   const ListBox* list_;  // nullptr for a combo box
-  QHash<QString, QString> names_;
   QString filter_;
-  std::vector<int> drawn_;  // the control's rows, while a filter is on
-  int count_;               // what rowCount told, while rows come and go
+  faces::DrawnRows drawn_;
+  int count_;  // what rowCount told, while rows come and go
 };
 
 }  // namespace zolt20::qt

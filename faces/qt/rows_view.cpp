@@ -29,8 +29,8 @@ void RowsView::ReplaceRows() {
   verticalScrollBar()->setValue(place);
 }
 
-void RowsView::NameRows(QHash<QString, QString> names) {
-  model_->NameRows(std::move(names));
+void RowsView::NameRows(const QHash<QString, QString>& names) {
+  model_->NameRows(names);
   ShowMarks();
 }
 
@@ -56,6 +56,7 @@ void RowsView::ShowMarks() {
   if (current >= 0 && current != currentIndex().row()) {
     selectionModel()->setCurrentIndex(model_->index(current), QItemSelectionModel::NoUpdate);
   }
+  emit MarksShown();
 }
 
 // Where the rows stand.

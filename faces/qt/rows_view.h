@@ -23,7 +23,7 @@ class RowsView final : public QListView {
   /// Anything may be different, when a state was put back. Keeps the place that is in sight.
   void ReplaceRows();
   /// What rows are called beside their texts, by text.
-  void NameRows(QHash<QString, QString> names);
+  void NameRows(const QHash<QString, QString>& names);
   /// Reads all marks and ListIndex again.
   void ShowMarks();
 
@@ -35,6 +35,8 @@ class RowsView final : public QListView {
  signals:
   void RowClicked(int row);
   void RowDoubleClicked(int row);
+  /// The marks were read again.
+  void MarksShown();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

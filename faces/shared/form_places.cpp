@@ -199,6 +199,9 @@ FormPlaces::Extent FormPlaces::Measure(const Part& part) {
     case PartKind::kFilter:
       needed = {kListWidth, field_};
       break;
+    case PartKind::kMarks:
+      needed = {0, line_};
+      break;
     case PartKind::kTools:
       needed = {2 * kToolWidth + TwipsOf(part.gap), button_};
       break;
@@ -243,6 +246,9 @@ void FormPlaces::Put(const Part& part, Box box) {
       return;
     case PartKind::kFilter:
       filters_[part.control] = box;
+      return;
+    case PartKind::kMarks:
+      marks_[part.control] = box;
       return;
     case PartKind::kTools:
       tools_ = box;
@@ -345,6 +351,11 @@ Geometry FormPlaces::Of(const Control& control) const {
 Geometry FormPlaces::FilterOf(const Control& control) const {
   const auto found = filters_.find(&control.design());
   return found == filters_.end() ? Geometry{} : found->second;
+}
+
+Geometry FormPlaces::MarksOf(const Control& control) const {
+  const auto found = marks_.find(&control.design());
+  return found == marks_.end() ? Geometry{} : found->second;
 }
 
 Geometry FormPlaces::Undo() const {

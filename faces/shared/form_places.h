@@ -34,6 +34,8 @@ class FormPlaces {
   Geometry Of(const Control& control) const;
   /// Of the line that filters a list or a combo. Empty where there is none.
   Geometry FilterOf(const Control& control) const;
+  /// Of the line that tells of marks in a list which its filter hides. Empty where there is none.
+  Geometry MarksOf(const Control& control) const;
   /// Of the button that takes back what the person did, and of that which does it again.
   Geometry Undo() const;
   Geometry Redo() const;
@@ -71,6 +73,7 @@ class FormPlaces {
   std::map<const Part*, Extent> least_;
   std::map<const Design*, Geometry> places_;  // within the form
   std::map<const Design*, Geometry> filters_;
+  std::map<const Design*, Geometry> marks_;
   Geometry tools_{};
   Geometry pages_{};
   int width_ = 0;

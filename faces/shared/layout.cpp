@@ -45,7 +45,7 @@ Part Stack(int weight, Parts parts) {
 Part Frame(ControlName frame, int weight, Parts parts, Gap gap = Gap::kUsual) {
   return {PartKind::kFrame, "frame", weight, gap, &DesignOf(frame), std::move(parts)};
 }
-// A label, and below it what it names.
+// A label, and below it what it names; where that is long, with a filter between them.
 Part Named(ControlName label, ControlName box, int weight) {
   return Column("named", weight, {Of(label), Of(box, 1)}, Gap::kTight);
 }
@@ -54,7 +54,9 @@ Part NamedCombo(ControlName label, ControlName combo, int weight) {
 }
 Part Filtered(ControlName label, ControlName list, int weight) {
   const Part filter{PartKind::kFilter, {}, 0, Gap::kNone, &DesignOf(list)};
-  return Column("named", weight, {Of(label), filter, Of(list, 1)}, Gap::kTight);
+  const Part marks{PartKind::kMarks, {}, 1, Gap::kNone, &DesignOf(list)};
+  Part heading = Row("heading", 0, {Of(label), marks});
+  return Column("named", weight, {std::move(heading), filter, Of(list, 1)}, Gap::kTight);
 }
 Part Pair(ControlName label, ControlName box, int weight = 0) {
   return {PartKind::kPair, "pair",  weight,
@@ -78,7 +80,7 @@ Part SelectList() {
       "moves", 0,
       {Space(), Of(cmdMoveOne), Of(cmdMoveAll), Of(cmdRemoveOne), Of(cmdRemoveAll), Space()});
   Part chosen =
-      Column("chosen", 4, {Named(Label2, lstSelectedFields, 3), Named(Label5, lstGroupby, 2)});
+      Column("chosen", 4, {Named(Label2, lstSelectedFields, 3), Filtered(Label5, lstGroupby, 2)});
   Part lists =
       Row("lists", 1,
           {std::move(sources), Filtered(Label3, lstFields, 4), std::move(moves), std::move(chosen)},
@@ -101,7 +103,7 @@ Part Where() {
                            Row("apply", 0, {Of(cmdAnd), Of(CmdOr), Of(cmdCancelWhere), Space()})});
   Part lists =
       Row("orders", 1,
-          {Named(lblorderbyasc, lstorderbyasc, 1), Named(lblOrderbyDesc, lstorderbydesc, 1)});
+          {Filtered(lblorderbyasc, lstorderbyasc, 1), Filtered(lblOrderbyDesc, lstorderbydesc, 1)});
   Part order = Column("order", 2,
                       {Frame(Shape1, 1, {Of(Label13), std::move(lists)}, Gap::kTight),
                        Row("limit", 0, {Of(lblAsset), Of(txtAsSet), Of(Label12), Space()})});

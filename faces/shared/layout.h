@@ -16,6 +16,7 @@ namespace zolt20::faces {
 enum class PartKind {
   kControl,
   kFilter,  ///< the line with which a person filters the list or combo `control`
+  kMarks,   ///< the line that tells of marks in the list `control` which its filter hides
   kTools,   ///< the buttons Undo and Redo
   kSpace,   ///< nothing
   kRow,     ///< one beside the other
@@ -38,7 +39,7 @@ struct Part {
   std::string_view name = {};       ///< of what surrounds: in what style sheets call it
   int weight = 0;                   ///< from 0
   Gap gap = Gap::kUsual;            ///< of what surrounds
-  const Design* control = nullptr;  ///< of kControl, kFilter, kFrame and kOwn
+  const Design* control = nullptr;  ///< of kControl, kFilter, kMarks, kFrame and kOwn
   std::vector<Part> parts = {};     ///< of what surrounds
 };
 
