@@ -1,4 +1,4 @@
-#include "faces/com/outside_call.h"
+#include "faces/com/control/outside_call.h"
 
 #ifndef __x86_64__
 #error "the frame below is one of 64 bits"

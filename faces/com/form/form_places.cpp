@@ -1,4 +1,4 @@
-#include "faces/com/form_places.h"
+#include "faces/com/form/form_places.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "faces/com/com_call.h"
+#include "faces/com/control/com_call.h"
 
 #include <oleauto.h>
 
@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "faces/com/com_pointer.h"
-#include "faces/com/server.h"
+#include "faces/com/server/server.h"
 
 namespace zolt20::com {
 

@@ -1,10 +1,10 @@
-#include "faces/com/connection_point.h"
+#include "faces/com/control/connection_point.h"
 
 #include <olectl.h>
 
 #include <algorithm>
 
-#include "faces/com/enumeration.h"
+#include "faces/com/control/enumeration.h"
 
 namespace zolt20::com {
 namespace {

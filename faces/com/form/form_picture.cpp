@@ -1,11 +1,11 @@
-#include "faces/com/form_picture.h"
+#include "faces/com/form/form_picture.h"
 
 #include <algorithm>
 #include <memory>
 
 #include "faces/com/com_text.h"
-#include "faces/com/common_controls.h"
-#include "faces/com/form_places.h"
+#include "faces/com/form/common_controls.h"
+#include "faces/com/form/form_places.h"
 
 namespace zolt20::com {
 namespace {

@@ -16,11 +16,11 @@
 #include <memory>
 #include <optional>
 
-#include "faces/com/com_call.h"
 #include "faces/com/com_text.h"
-#include "faces/com/connection_point.h"
-#include "faces/com/form_window.h"
-#include "faces/com/server.h"
+#include "faces/com/control/com_call.h"
+#include "faces/com/control/connection_point.h"
+#include "faces/com/form/form_window.h"
+#include "faces/com/server/server.h"
 #include "faces/shared/person.h"
 #include "shell/contract.h"
 #include "shell/control.h"

@@ -1,12 +1,12 @@
-#include "faces/com/map_control.h"
+#include "faces/com/control/map_control.h"
 
 #include <olectl.h>
 
-#include "faces/com/com_call.h"
 #include "faces/com/com_text.h"
-#include "faces/com/enumeration.h"
-#include "faces/com/form_places.h"
-#include "faces/com/outside_call.h"
+#include "faces/com/control/com_call.h"
+#include "faces/com/control/enumeration.h"
+#include "faces/com/control/outside_call.h"
+#include "faces/com/form/form_places.h"
 
 namespace zolt20::com {
 namespace {

@@ -1,8 +1,8 @@
-#include "faces/com/common_controls.h"
+#include "faces/com/form/common_controls.h"
 
 #include <commctrl.h>
 
-#include "faces/com/server.h"
+#include "faces/com/server/server.h"
 
 namespace zolt20::com {
 namespace {

@@ -2,10 +2,10 @@
 #include <ole2.h>
 #include <olectl.h>
 
-#include "faces/com/com_call.h"
-#include "faces/com/form_picture.h"
-#include "faces/com/map_control.h"
-#include "faces/com/outside_call.h"
+#include "faces/com/control/com_call.h"
+#include "faces/com/control/map_control.h"
+#include "faces/com/control/outside_call.h"
+#include "faces/com/form/form_picture.h"
 
 namespace zolt20::com {
 

@@ -6,9 +6,9 @@
 #include <limits>
 #include <map>
 
-#include "faces/com/com_call.h"
 #include "faces/com/com_text.h"
-#include "faces/com/map_control.h"
+#include "faces/com/control/com_call.h"
+#include "faces/com/control/map_control.h"
 
 namespace zolt20::com {
 namespace {

@@ -1,4 +1,4 @@
-#include "faces/com/registration.h"
+#include "faces/com/server/registration.h"
 
 #include <comcat.h>
 #include <olectl.h>
@@ -6,8 +6,8 @@
 #include <array>
 #include <cwchar>
 
-#include "faces/com/map_control.h"
-#include "faces/com/server.h"
+#include "faces/com/control/map_control.h"
+#include "faces/com/server/server.h"
 
 namespace zolt20::com {
 namespace {

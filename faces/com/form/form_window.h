@@ -16,9 +16,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "faces/com/form_places.h"
-#include "faces/com/server.h"
-#include "faces/com/spoken_names.h"
+#include "faces/com/form/form_places.h"
+#include "faces/com/form/spoken_names.h"
+#include "faces/com/server/server.h"
 #include "faces/shared/person.h"
 #include "shell/control.h"
 

@@ -1,4 +1,4 @@
-#include "faces/com/spoken_names.h"
+#include "faces/com/form/spoken_names.h"
 
 #include "faces/com/com_text.h"
 

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "faces/com/com_call.h"
-#include "faces/com/server.h"
+#include "faces/com/control/com_call.h"
+#include "faces/com/server/server.h"
 
 namespace zolt20::com {
 

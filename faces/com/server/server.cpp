@@ -1,13 +1,13 @@
-#include "faces/com/server.h"
+#include "faces/com/server/server.h"
 
 #include <olectl.h>
 
 #include <atomic>
 
-#include "faces/com/com_call.h"
-#include "faces/com/common_controls.h"
-#include "faces/com/map_control.h"
-#include "faces/com/registration.h"
+#include "faces/com/control/com_call.h"
+#include "faces/com/control/map_control.h"
+#include "faces/com/form/common_controls.h"
+#include "faces/com/server/registration.h"
 
 namespace zolt20::com {
 namespace {

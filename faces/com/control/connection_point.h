@@ -5,8 +5,8 @@
 
 #include <vector>
 
-#include "faces/com/com_call.h"
 #include "faces/com/com_pointer.h"
+#include "faces/com/control/com_call.h"
 
 namespace zolt20::com {
 

@@ -1,4 +1,4 @@
-#include "faces/com/form_window.h"
+#include "faces/com/form/form_window.h"
 
 #include <commctrl.h>
 #include <richedit.h>
@@ -12,8 +12,8 @@
 #include <utility>
 
 #include "faces/com/com_text.h"
-#include "faces/com/common_controls.h"
-#include "faces/com/statement_box.h"
+#include "faces/com/form/common_controls.h"
+#include "faces/com/form/statement_box.h"
 #include "faces/shared/back_colours.h"
 #include "faces/shared/form_words.h"
 #include "faces/shared/neighbours.h"

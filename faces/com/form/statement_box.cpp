@@ -1,4 +1,4 @@
-#include "faces/com/statement_box.h"
+#include "faces/com/form/statement_box.h"
 
 #include <richedit.h>
 #include <richole.h>
