@@ -1,22 +1,16 @@
 #include "faces/com/form/form_picture.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "faces/com/com_text.h"
 #include "faces/com/form/common_controls.h"
-#include "faces/com/form/form_places.h"
+#include "faces/com/form/form_fonts.h"
 
 namespace zolt20::com {
 namespace {
 
 constexpr int kRowTwips = 210;
 constexpr int kTextMarginTwips = 45;
-
-struct DeleteObjectFor {
-  void operator()(void* object) const { DeleteObject(object); }
-};
-using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteObjectFor>;
 
 // Draws with twips of the form.
 class Picture {

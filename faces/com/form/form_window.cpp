@@ -13,8 +13,8 @@
 
 #include "faces/com/com_text.h"
 #include "faces/com/form/common_controls.h"
+#include "faces/com/form/plain_boxes.h"
 #include "faces/com/form/statement_box.h"
-#include "faces/shared/back_colours.h"
 #include "faces/shared/form_words.h"
 #include "faces/shared/neighbours.h"
 #include "faces/shared/shown_text.h"
@@ -27,7 +27,6 @@ constexpr UINT kGoAway = WM_APP + 1;
 constexpr UINT kResolutionChanged = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
 constexpr UINT kThemeChanged = 0x031A;       // WM_THEMECHANGED
 constexpr UINT_PTR kSubclass = 1;
-constexpr int kSmallFontTwips = 150;
 
 // The keys by which texts and marks are changed and gone through.
 bool IsEditingKey(const MSG& message) {
@@ -63,46 +62,12 @@ bool MayScroll(UINT message) {
          message == WM_SIZE || message == EM_SCROLLCARET || message == EM_SCROLL;
 }
 
-int DpiOf(HWND window) {
-  // Not there before Windows 10.
-  using GetDpi = UINT(WINAPI*)(HWND);
-  static const auto getDpi = reinterpret_cast<GetDpi>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
-  if (getDpi != nullptr) {
-    if (const UINT dpi = getDpi(window); dpi != 0) return static_cast<int>(dpi);
-  }
-  const HDC screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-  ReleaseDC(nullptr, screen);
-  return dpi;
-}
-
 bool IsMultiLine(const Control& control) {
   return (control.design().style & kMultiLine) != 0;
 }
 
-// The labels that tell how a page is used, small and out of the way: those that begin with a
-// number.
-bool IsInstruction(const Control& control) {
-  return control.kind() == Kind::Label && control.frame() == nullptr &&
-         !control.design().caption.empty() && control.design().caption.front() >= u'1' &&
-         control.design().caption.front() <= u'9';
-}
-
 bool HasCaption(const Control& control) {
   return control.kind() == Kind::Button || control.kind() == Kind::OptionButton;
-}
-
-// What a BackColor is on this platform: a plain number is 0xBBGGRR, a system colour is told by its
-// top bit. One on which no text could be read is that of the form.
-COLORREF ColourOf(unsigned backColor, COLORREF text) {
-  constexpr unsigned kSystemColour = 0x80000000;
-  if ((backColor & kSystemColour) == 0) return GetSysColor(COLOR_WINDOW);
-  const COLORREF meant = GetSysColor(static_cast<int>(backColor & ~kSystemColour));
-  const auto rgb = [](COLORREF colour) {
-    return faces::Rgb{GetRValue(colour), GetGValue(colour), GetBValue(colour)};
-  };
-  return faces::CanBeRead(rgb(text), rgb(meant)) ? meant : GetSysColor(COLOR_BTNFACE);
 }
 
 // A text that stays in the background and can be read all the same: two thirds of the way.
@@ -111,21 +76,6 @@ COLORREF Quiet(COLORREF text, COLORREF background) {
   return RGB(mix(GetRValue(text), GetRValue(background)),
              mix(GetGValue(text), GetGValue(background)),
              mix(GetBValue(text), GetBValue(background)));
-}
-
-String WindowText(HWND window) {
-  String text(static_cast<std::size_t>(GetWindowTextLengthW(window)), u'\0');
-  const int length = GetWindowTextW(window, reinterpret_cast<wchar_t*>(text.data()),
-                                    static_cast<int>(text.size()) + 1);
-  text.resize(static_cast<std::size_t>(length));
-  return text;
-}
-
-// What the platform's own boxes show of a text: a NUL would end it there.
-String WithoutNuls(StringView text) {
-  String shown(text);
-  std::replace(shown.begin(), shown.end(), u'\0', u'\u2400');
-  return shown;
 }
 
 }  // namespace
@@ -194,11 +144,7 @@ FormWindow::Handle FormWindow::Make(HWND parent, const RECT& place, ZOLT20MapCon
 FormWindow::FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& owner)
     : control_(control), person_(person), owner_(owner) {}
 
-FormWindow::~FormWindow() {
-  for (const HFONT font : {verdana_, small_, arial_}) {
-    if (font != nullptr) DeleteObject(font);
-  }
-}
+FormWindow::~FormWindow() = default;
 
 void FormWindow::Retire() {
   isRetired_ = true;
@@ -229,7 +175,6 @@ void FormWindow::Create(HWND parent, const RECT& place) {
                           place.right - place.left, place.bottom - place.top, parent, nullptr,
                           ServerInstance(), this);
   if (root_ == nullptr) throw std::runtime_error("no window");
-  dpi_ = DpiOf(root_);
   MakeFonts();
   for (const auto& caption : kPageCaptions) {
     pages_.push_back(CreateWindowExW(WS_EX_CONTROLPARENT, kPanelClass, Wide(String(Trim(caption))),
@@ -247,29 +192,11 @@ void FormWindow::Create(HWND parent, const RECT& place) {
 
 void FormWindow::MakeFonts() {
   // The windows have the old ones until they get these.
-  const std::array<HFONT, 3> before{verdana_, small_, arial_};
-  const auto make = [this](const wchar_t* name, int twips) {
-    return CreateFontW(-MulDiv(twips, dpi_, kTwipsPerInch), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
-                       DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY,
-                       DEFAULT_PITCH | FF_SWISS, name);
-  };
-  verdana_ = make(L"Verdana", kFontTwips);
-  small_ = make(L"Verdana", kSmallFontTwips);
-  arial_ = make(L"Arial", kFontTwips);
-  const HDC canvas = GetDC(root_);
-  const auto line = [this, canvas](HFONT font) {
-    return MulDiv(LineHeightOf(canvas, font), kTwipsPerInch, dpi_);
-  };
-  const int bar = MulDiv(GetSystemMetrics(SM_CYHSCROLL), kTwipsPerInch, dpi_);
-  lines_ = {std::max(line(verdana_), line(arial_)), line(small_), bar};
-  ReleaseDC(root_, canvas);
+  const FormFonts before = std::exchange(fonts_, FormFonts(root_));
   for (const auto& [control, child] : children_)
     SendMessageW(child->window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(*control)), TRUE);
   for (const HWND tool : {undo_, redo_})
-    SendMessageW(tool, WM_SETFONT, reinterpret_cast<WPARAM>(verdana_), TRUE);
-  for (const HFONT font : before) {
-    if (font != nullptr) DeleteObject(font);
-  }
+    SendMessageW(tool, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Usual()), TRUE);
 }
 
 // A button beside those of the form. It leaves the focus where it is.
@@ -278,13 +205,12 @@ HWND FormWindow::MakeTool(const wchar_t* caption) {
       0, WC_BUTTONW, caption, WS_CHILD | WS_CLIPSIBLINGS | WS_VISIBLE | WS_DISABLED | BS_PUSHBUTTON,
       0, 0, 0, 0, root_, nullptr, ServerInstance(), this);
   if (tool == nullptr) throw std::runtime_error("no window");
-  SendMessageW(tool, WM_SETFONT, reinterpret_cast<WPARAM>(verdana_), FALSE);
+  SendMessageW(tool, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Usual()), FALSE);
   return tool;
 }
 
 HFONT FormWindow::FontOf(const Control& control) const {
-  if (IsInArial(Form(), control)) return arial_;
-  return IsInstruction(control) ? small_ : verdana_;
+  return fonts_.Of(Form(), control);
 }
 
 HWND FormWindow::ParentOf(const Control& control) const {
@@ -586,7 +512,7 @@ void FormWindow::ShowRows(Child& child, const faces::Change& change) {
     const auto width = static_cast<int>(SendMessageW(
         child.window, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(Wide(child.longestRow))));
     SendMessageW(child.window, LVM_SETCOLUMNWIDTH, 0,
-                 std::max<int>(width + MulDiv(around, dpi_, 96), inside.right));
+                 std::max<int>(width + MulDiv(around, fonts_.Dpi(), 96), inside.right));
     InvalidateRect(child.window, nullptr, FALSE);
   }
   if (rowsChanged || (change.what & faces::Change::kMarks) != 0) ShowMarks(child);
@@ -666,9 +592,9 @@ void FormWindow::LayOut() {
   if (root_ == nullptr) return;
   RECT inside{};
   GetClientRect(root_, &inside);
-  const auto twips = [this](int pixels) { return MulDiv(pixels, kTwipsPerInch, dpi_); };
-  const auto pixels = [this](int inTwips) { return MulDiv(inTwips, dpi_, kTwipsPerInch); };
-  const FormPlaces places(Form(), twips(inside.right), twips(inside.bottom), lines_);
+  const auto twips = [this](int pixels) { return MulDiv(pixels, kTwipsPerInch, fonts_.Dpi()); };
+  const auto pixels = [this](int inTwips) { return MulDiv(inTwips, fonts_.Dpi(), kTwipsPerInch); };
+  const FormPlaces places(Form(), twips(inside.right), twips(inside.bottom), fonts_.Lines());
   const Geometry strip = places.Of(Form().tabVrn);
   const int top = strip.top + strip.height;
   const int width = std::max<int>(inside.right, pixels(strip.width));
@@ -726,7 +652,6 @@ void FormWindow::FocusOn(const Control& control) {
 }
 
 void FormWindow::ResolutionChanged() {
-  dpi_ = DpiOf(root_);
   MakeFonts();
   for (const auto& [control, child] : children_) {
     if (child->statements) child->statements->Recolour();
@@ -836,21 +761,6 @@ void FormWindow::TakeEdit(Child& child) {
                                 StringView(text).substr(edit.position + edit.removed));
   child.shown = std::move(now);
   Type(child, changed);
-}
-
-// The whole text, where the platform's box would end with its first line, and its line ends as
-// CR LF.
-void FormWindow::PasteText(HWND box) {
-  if (!OpenClipboard(box)) return;
-  String text;
-  if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
-    if (const auto* characters = static_cast<const char16_t*>(GlobalLock(data))) {
-      text = faces::WithLineEnds(characters);
-      GlobalUnlock(data);
-    }
-  }
-  CloseClipboard();
-  if (!text.empty()) SendMessageW(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(text)));
 }
 
 void FormWindow::TypeKey(Child& child, wchar_t code) {
@@ -1086,7 +996,7 @@ void FormWindow::DrawPanel(HWND window) {
   } else if (child != nullptr && (child->control.design().style & kNoBorder) == 0) {
     RECT border{};
     GetClientRect(window, &border);
-    const int line = MulDiv(kFontTwips, dpi_, kTwipsPerInch);
+    const int line = MulDiv(kFontTwips, fonts_.Dpi(), kTwipsPerInch);
     RECT text{line / 2, 0, border.right, line * 3 / 2};
     border.top += line * 2 / 3;
     DrawEdge(canvas, &border, EDGE_ETCHED, BF_RECT);
@@ -1111,15 +1021,7 @@ HBRUSH FormWindow::OnColour(HDC canvas, HWND window) {
       SetTextColor(canvas, Quiet(GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)));
     return GetSysColorBrush(COLOR_BTNFACE);
   }
-  if (const std::optional<unsigned> backColor = faces::BackColorOf(control)) {
-    const COLORREF text = GetSysColor(control.Enabled() ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT);
-    const COLORREF colour = ColourOf(*backColor, text);
-    SetTextColor(canvas, text);
-    SetBkColor(canvas, colour);
-    SetDCBrushColor(canvas, colour);
-    return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
-  }
-  return nullptr;
+  return BoxBrush(canvas, control);
 }
 
 void FormWindow::OnCommand(Child& child, int code) {

@@ -16,7 +16,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "faces/com/form/form_places.h"
+#include "faces/com/form/form_fonts.h"
 #include "faces/com/form/spoken_names.h"
 #include "faces/com/server/server.h"
 #include "faces/shared/person.h"
@@ -141,7 +141,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   void ForgetEntry(Child& child);
   static bool HasOwn(const Child& child, bool undo);
   void TakeBack(bool undo);
-  static void PasteText(HWND box);
 
   // Gestures.
   void Make(UserGesture gesture) noexcept;
@@ -169,11 +168,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   bool goesLater_ = false;   // it is to go, and messages are in progress
   bool isFocusing_ = false;  // a window is getting the focus
   int busy_ = 0;             // messages in progress, one within the other
-  int dpi_ = 96;
-  HFONT verdana_ = nullptr;
-  HFONT small_ = nullptr;
-  HFONT arial_ = nullptr;
-  LineHeights lines_;  // of these
+  FormFonts fonts_;
 };
 
 }  // namespace zolt20::com

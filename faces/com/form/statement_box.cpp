@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "faces/com/com_text.h"
+#include "faces/com/form/plain_boxes.h"
 #include "faces/shared/shown_text.h"
 #include "faces/shared/statement_colours.h"
 
@@ -22,11 +23,8 @@ namespace {
 
 constexpr char16_t kLineEnd = u'\r';  // as a rich edit has it
 
-// A NUL would end the text there.
 String ShownIn(StringView text) {
-  String shown = faces::Shown(text, kLineEnd);
-  std::replace(shown.begin(), shown.end(), u'\0', u'\u2400');
-  return shown;
+  return WithoutNuls(faces::Shown(text, kLineEnd));
 }
 
 bool IsDark(COLORREF background) {

@@ -1,0 +1,57 @@
+#include "faces/com/form/form_fonts.h"
+
+#include <algorithm>
+
+#include "faces/com/form/common_controls.h"
+
+namespace zolt20::com {
+namespace {
+
+constexpr int kSmallFontTwips = 150;
+
+int DpiOf(HWND window) {
+  // Not there before Windows 10.
+  using GetDpi = UINT(WINAPI*)(HWND);
+  static const auto getDpi = reinterpret_cast<GetDpi>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+  if (getDpi != nullptr) {
+    if (const UINT dpi = getDpi(window); dpi != 0) return static_cast<int>(dpi);
+  }
+  const HDC screen = GetDC(nullptr);
+  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  return dpi;
+}
+
+}  // namespace
+
+bool IsInstruction(const Control& control) {
+  return control.kind() == Kind::Label && control.frame() == nullptr &&
+         !control.design().caption.empty() && control.design().caption.front() >= u'1' &&
+         control.design().caption.front() <= u'9';
+}
+
+FormFonts::FormFonts(HWND window) : dpi_(DpiOf(window)) {
+  const auto make = [this](const wchar_t* name, int twips) {
+    return Font(CreateFontW(-MulDiv(twips, dpi_, kTwipsPerInch), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
+                            FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                            CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_SWISS, name));
+  };
+  verdana_ = make(L"Verdana", kFontTwips);
+  small_ = make(L"Verdana", kSmallFontTwips);
+  arial_ = make(L"Arial", kFontTwips);
+  const HDC canvas = GetDC(window);
+  const auto line = [this, canvas](const Font& font) {
+    return MulDiv(LineHeightOf(canvas, font.get()), kTwipsPerInch, dpi_);
+  };
+  const int bar = MulDiv(GetSystemMetrics(SM_CYHSCROLL), kTwipsPerInch, dpi_);
+  lines_ = {std::max(line(verdana_), line(arial_)), line(small_), bar};
+  ReleaseDC(window, canvas);
+}
+
+HFONT FormFonts::Of(const Surface& form, const Control& control) const {
+  if (IsInArial(form, control)) return arial_.get();
+  return IsInstruction(control) ? small_.get() : verdana_.get();
+}
+
+}  // namespace zolt20::com

@@ -1,0 +1,65 @@
+#include "faces/com/form/plain_boxes.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "faces/com/com_text.h"
+#include "faces/shared/back_colours.h"
+#include "faces/shared/shown_text.h"
+
+namespace zolt20::com {
+namespace {
+
+// What a BackColor is on this platform: a plain number is 0xBBGGRR, a system colour is told by its
+// top bit. One on which no text could be read is that of the form.
+COLORREF ColourOf(unsigned backColor, COLORREF text) {
+  constexpr unsigned kSystemColour = 0x80000000;
+  if ((backColor & kSystemColour) == 0) return GetSysColor(COLOR_WINDOW);
+  const COLORREF meant = GetSysColor(static_cast<int>(backColor & ~kSystemColour));
+  const auto rgb = [](COLORREF colour) {
+    return faces::Rgb{GetRValue(colour), GetGValue(colour), GetBValue(colour)};
+  };
+  return faces::CanBeRead(rgb(text), rgb(meant)) ? meant : GetSysColor(COLOR_BTNFACE);
+}
+
+}  // namespace
+
+String WindowText(HWND window) {
+  String text(static_cast<std::size_t>(GetWindowTextLengthW(window)), u'\0');
+  const int length = GetWindowTextW(window, reinterpret_cast<wchar_t*>(text.data()),
+                                    static_cast<int>(text.size()) + 1);
+  text.resize(static_cast<std::size_t>(length));
+  return text;
+}
+
+String WithoutNuls(StringView text) {
+  String shown(text);
+  std::replace(shown.begin(), shown.end(), u'\0', u'\u2400');
+  return shown;
+}
+
+void PasteText(HWND box) {
+  if (!OpenClipboard(box)) return;
+  String text;
+  if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
+    if (const auto* characters = static_cast<const char16_t*>(GlobalLock(data))) {
+      text = faces::WithLineEnds(characters);
+      GlobalUnlock(data);
+    }
+  }
+  CloseClipboard();
+  if (!text.empty()) SendMessageW(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(text)));
+}
+
+HBRUSH BoxBrush(HDC canvas, const Control& control) {
+  const std::optional<unsigned> backColor = faces::BackColorOf(control);
+  if (!backColor) return nullptr;
+  const COLORREF text = GetSysColor(control.Enabled() ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT);
+  const COLORREF colour = ColourOf(*backColor, text);
+  SetTextColor(canvas, text);
+  SetBkColor(canvas, colour);
+  SetDCBrushColor(canvas, colour);
+  return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+}
+
+}  // namespace zolt20::com
