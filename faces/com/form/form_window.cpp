@@ -70,22 +70,36 @@ bool HasCaption(const Control& control) {
   return control.kind() == Kind::Button || control.kind() == Kind::OptionButton;
 }
 
-// A text that stays in the background and can be read all the same: two thirds of the way.
-COLORREF Quiet(COLORREF text, COLORREF background) {
-  const auto mix = [](int one, int other) { return (2 * one + other) / 3; };
-  return RGB(mix(GetRValue(text), GetRValue(background)),
-             mix(GetGValue(text), GetGValue(background)),
-             mix(GetBValue(text), GetBValue(background)));
-}
-
 }  // namespace
 
-// A control's window. What it shows stays known, so that nothing is drawn that does not differ.
-struct FormWindow::Child {
-  explicit Child(const Control& shownControl) : control(shownControl) {}
+// The view of a control whose kind has no view of its own.
+struct FormWindow::Child final : ControlView {
+  Child(FormWindow& window, const Control& shownControl);
 
-  const Control& control;
-  HWND window = nullptr;
+  HWND FocusWindow() const override { return edit != nullptr ? edit : window(); }
+  void Show(const faces::Change& change) override { form.ShowChild(*this, change); }
+  void Place(const RECT& place) override { form.PlaceChild(*this, place); }
+  void LooksChanged() override {
+    if (statements) statements->Recolour();
+  }
+  HBRUSH Brush(HDC canvas) override {
+    if (!HasCaption(control())) return BoxBrush(canvas, control());
+    SetBkMode(canvas, TRANSPARENT);
+    return GetSysColorBrush(COLOR_BTNFACE);
+  }
+  void OnCommand(int code) override { form.OnCommand(*this, code); }
+  LRESULT OnNotify(NMHDR& notice) override { return form.OnNotify(*this, notice); }
+  bool OnMessage(UINT message, WPARAM wide, LPARAM longer) override {
+    return form.OnChild(*this, message, wide, longer);
+  }
+  bool OnKey(WPARAM key) override { return form.OnChildKey(*this, key); }
+  bool OnCharacter(wchar_t character) override { return form.OnCharacter(*this, character); }
+  void MessageDone(UINT message) override {
+    if (MayScroll(message) && statements) statements->Scrolled();
+  }
+  bool HasOwn(bool undo) const override { return FormWindow::HasOwn(*this, undo); }
+
+  FormWindow& form;
   HWND edit = nullptr;  // the line within an editable combo
   String shown;         // of a text box: what it shows
   String longestRow;    // of a list: the one of the most characters that was there
@@ -112,22 +126,6 @@ class FormWindow::Busy {
  private:
   std::shared_ptr<FormWindow> window_;
 };
-
-namespace {
-
-class Showing {
- public:
-  explicit Showing(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-  ~Showing() { flag_ = before_; }
-  Showing(const Showing&) = delete;
-  Showing& operator=(const Showing&) = delete;
-
- private:
-  bool& flag_;
-  bool before_;
-};
-
-}  // namespace
 
 // Making windows.
 
@@ -169,7 +167,7 @@ void FormWindow::Create(HWND parent, const RECT& place) {
   RegisterClasses(&RootMessage, &PanelMessage);
   const Busy busy(*this);
   const CommonControls commonControls;
-  const Showing showing(isShowing_);
+  const Showing showing(*this);
   root_ = CreateWindowExW(WS_EX_CONTROLPARENT, kRootClass, L"",
                           WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, place.left, place.top,
                           place.right - place.left, place.bottom - place.top, parent, nullptr,
@@ -182,7 +180,7 @@ void FormWindow::Create(HWND parent, const RECT& place) {
                                      root_, nullptr, ServerInstance(), this));
   }
   for (const Control* control : Form().Controls())
-    CreateChild(*control);
+    CreateView(*control);
   undo_ = MakeTool(L"Undo");
   redo_ = MakeTool(L"Redo");
   control_.AddObserver(*this);
@@ -193,8 +191,8 @@ void FormWindow::Create(HWND parent, const RECT& place) {
 void FormWindow::MakeFonts() {
   // The windows have the old ones until they get these.
   const FormFonts before = std::exchange(fonts_, FormFonts(root_));
-  for (const auto& [control, child] : children_)
-    SendMessageW(child->window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(*control)), TRUE);
+  for (const auto& [control, view] : views_)
+    SendMessageW(view->window(), WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(*control)), TRUE);
   for (const HWND tool : {undo_, redo_})
     SendMessageW(tool, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Usual()), TRUE);
 }
@@ -209,21 +207,15 @@ HWND FormWindow::MakeTool(const wchar_t* caption) {
   return tool;
 }
 
-HFONT FormWindow::FontOf(const Control& control) const {
-  return fonts_.Of(Form(), control);
-}
-
 HWND FormWindow::ParentOf(const Control& control) const {
-  if (const Control* frame = control.frame()) return children_.at(frame)->window;
+  if (const Control* frame = control.frame()) return views_.at(frame)->window();
   const int page = control.design().page;
   return page == kEveryPage ? root_ : pages_[static_cast<std::size_t>(page)];
 }
 
-FormWindow::Child& FormWindow::CreateChild(const Control& control) {
-  auto made = std::make_unique<Child>(control);
-  Child& child = *made;
+static WindowKind KindOf(const Control& control) {
   const wchar_t* kind = nullptr;
-  DWORD style = WS_CHILD | WS_CLIPSIBLINGS;
+  DWORD style = 0;
   DWORD extended = 0;
   const unsigned traits = control.design().style;
   switch (control.kind()) {
@@ -231,7 +223,6 @@ FormWindow::Child& FormWindow::CreateChild(const Control& control) {
       kind = WC_TABCONTROLW;
       break;
     case Kind::SyntaxTextBox:
-      child.statements = std::make_unique<StatementBox>();
       kind = StatementBox::ClassName();
       style |= StatementBox::kStyle;
       extended = WS_EX_CLIENTEDGE;
@@ -263,38 +254,20 @@ FormWindow::Child& FormWindow::CreateChild(const Control& control) {
       kind = WC_BUTTONW;
       style |= BS_RADIOBUTTON;
       break;
-    case Kind::Frame:
-      kind = kPanelClass;
-      style |= WS_CLIPCHILDREN;
-      extended = WS_EX_CONTROLPARENT;
-      break;
-    case Kind::Label:
-      kind = WC_STATICW;
-      style |= SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_ENDELLIPSIS;
-      break;
-    case Kind::Rectangle:
-      kind = kPanelClass;
-      break;
     case Kind::ScrollBar:
       kind = WC_SCROLLBARW;
       style |= SBS_VERT;
       break;
+    default:
+      break;
   }
-  if (control.TakesFocus()) style |= WS_TABSTOP;
-  child.window = CreateWindowExW(extended, kind, L"", style, 0, 0, 0, 0, ParentOf(control), nullptr,
-                                 ServerInstance(), this);
-  if (child.window == nullptr) throw std::runtime_error("no window");
-  const ATOM name = GlobalAddAtomW(Wide(Widened(control.name())));
-  SetPropW(child.window, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(name)));
-  SendMessageW(child.window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(control)), FALSE);
-  const auto entry = children_.emplace(&control, std::move(made)).first;
-  childOfWindow_.emplace(child.window, &child);
-  if (control.TakesFocus() && !HasCaption(control)) {
-    spoken_.Give(child.window, faces::AccessibleName(control));
-  }
-  if (control.kind() != Kind::Frame)
-    SetWindowSubclass(child.window, &ChildMessage, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+  return {kind, style, extended};
+}
 
+FormWindow::Child::Child(FormWindow& owner, const Control& shownControl)
+    : ControlView(owner, shownControl, KindOf(shownControl)), form(owner) {
+  const Control& control = shownControl;
+  const unsigned traits = control.design().style;
   switch (control.kind()) {
     case Kind::TabStrip:
       for (std::size_t page = 0; page < kPageCaptions.size(); ++page) {
@@ -302,58 +275,84 @@ FormWindow::Child& FormWindow::CreateChild(const Control& control) {
         TCITEMW item{};
         item.mask = TCIF_TEXT;
         item.pszText = const_cast<wchar_t*>(Wide(caption));
-        SendMessageW(child.window, TCM_INSERTITEMW, page, reinterpret_cast<LPARAM>(&item));
+        SendMessageW(window(), TCM_INSERTITEMW, page, reinterpret_cast<LPARAM>(&item));
       }
       break;
     case Kind::SyntaxTextBox:
-      child.statements->Attach(child.window);
+      statements = std::make_unique<StatementBox>();
+      statements->Attach(window());
       break;
     case Kind::TextBox:
-      SendMessageW(child.window, EM_SETLIMITTEXT, 0x7FFFFFFE, 0);
+      SendMessageW(window(), EM_SETLIMITTEXT, 0x7FFFFFFE, 0);
       break;
     case Kind::ListBox: {
       LVCOLUMNW column{};
       column.mask = LVCF_WIDTH;
-      SendMessageW(child.window, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+      SendMessageW(window(), LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
       DWORD wanted = LVS_EX_DOUBLEBUFFER | LVS_EX_FULLROWSELECT;
       if (static_cast<const ListBox&>(control).HasCheckBoxes()) {
         wanted |= LVS_EX_CHECKBOXES;
-        SendMessageW(child.window, LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK, 0);
+        SendMessageW(window(), LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK, 0);
       }
-      SendMessageW(child.window, LVM_SETEXTENDEDLISTVIEWSTYLE, wanted, static_cast<LPARAM>(wanted));
+      SendMessageW(window(), LVM_SETEXTENDEDLISTVIEWSTYLE, wanted, static_cast<LPARAM>(wanted));
       break;
     }
     case Kind::ComboBox: {
-      SendMessageW(child.window, CB_LIMITTEXT, 0, 0);
+      SendMessageW(window(), CB_LIMITTEXT, 0, 0);
       COMBOBOXINFO info{};
       info.cbSize = sizeof info;
-      if ((traits & kEditable) != 0 && GetComboBoxInfo(child.window, &info) &&
+      if ((traits & kEditable) != 0 && GetComboBoxInfo(window(), &info) &&
           info.hwndItem != nullptr) {
-        child.edit = info.hwndItem;
-        childOfWindow_.emplace(child.edit, &child);
-        SetWindowSubclass(child.edit, &ChildMessage, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+        edit = info.hwndItem;
       }
       break;
     }
     default:
       break;
   }
-  return *entry->second;
+}
+
+HWND FormWindow::MakeWindow(const Control& control, const WindowKind& kind) {
+  const DWORD stop = control.TakesFocus() ? WS_TABSTOP : 0;
+  const HWND window =
+      CreateWindowExW(kind.extended, kind.name, L"", WS_CHILD | WS_CLIPSIBLINGS | kind.style | stop,
+                      0, 0, 0, 0, ParentOf(control), nullptr, ServerInstance(), this);
+  if (window == nullptr) throw std::runtime_error("no window");
+  const ATOM name = GlobalAddAtomW(Wide(Widened(control.name())));
+  SetPropW(window, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(name)));
+  SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(control)), FALSE);
+  return window;
+}
+
+void FormWindow::CreateView(const Control& control) {
+  std::unique_ptr<ControlView> made = MakeView(*this, control);
+  if (made == nullptr) made = std::make_unique<Child>(*this, control);
+  ControlView& view = *views_.emplace(&control, std::move(made)).first->second;
+  if (control.TakesFocus() && !HasCaption(control))
+    spoken_.Give(view.window(), faces::AccessibleName(control));
+  Hear(view.window(), view);
+  if (view.FocusWindow() != view.window()) Hear(view.FocusWindow(), view);
+}
+
+void FormWindow::Hear(HWND window, ControlView& view) {
+  viewOfWindow_.emplace(window, &view);
+  if (view.control().kind() != Kind::Frame)
+    SetWindowSubclass(window, &ViewMessage, kSubclass, reinterpret_cast<DWORD_PTR>(this));
 }
 
 // Notices.
 
 void FormWindow::ElementUnloading(const Control& element) noexcept {
-  const auto found = children_.find(&element);
-  if (found == children_.end()) return;
-  const Showing showing(isShowing_);
-  const HWND window = found->second->window;
+  const auto found = views_.find(&element);
+  if (found == views_.end()) return;
+  const Showing showing(*this);
+  const HWND window = found->second->window();
   if (GetFocus() == window) SetFocus(root_);
-  childOfWindow_.erase(window);
-  RemoveWindowSubclass(window, &ChildMessage, kSubclass);
+  viewOfWindow_.erase(window);
+  RemoveWindowSubclass(window, &ViewMessage, kSubclass);
   ForgetName(window);
   spoken_.Take(window);
-  children_.erase(found);
+  views_.erase(found);
   DestroyWindow(window);
 }
 
@@ -366,7 +365,7 @@ void FormWindow::ShowChanges() noexcept {
 
 void FormWindow::ShowNow() noexcept {
   if (isShowing_ || isRetired_ || root_ == nullptr) return;
-  const Showing showing(isShowing_);
+  const Showing showing(*this);
   try {
     ShowEverything();
   } catch (...) {
@@ -385,13 +384,13 @@ void FormWindow::ShowEverything() {
   {
     const CommonControls commonControls;
     for (const auto& [control, change] : changes.changed) {
-      if (ChildOf(*control) != nullptr) continue;
-      CreateChild(*control);
+      if (views_.count(control) != 0) continue;
+      CreateView(*control);
       placesChanged = true;
     }
   }
   for (const auto& [control, change] : changes.changed) {
-    ShowChild(*ChildOf(*control), change);
+    ShowView(*views_.at(control), change);
     placesChanged |= change.Has(Property::kPlace) || change.Has(Property::kTab);
   }
   if (placesChanged) LayOut();
@@ -402,11 +401,25 @@ void FormWindow::ShowEverything() {
   }
 }
 
+void FormWindow::ShowView(ControlView& view, const faces::Change& change) {
+  view.Show(change);
+  if ((IsWindowEnabled(view.window()) != FALSE) != view.control().Enabled())
+    EnableWindow(view.window(), view.control().Enabled());
+  const bool isVisible = (GetWindowLongPtrW(view.window(), GWL_STYLE) & WS_VISIBLE) != 0;
+  if (isVisible != view.control().Visible()) {
+    ShowWindow(view.window(), view.control().Visible() ? SW_SHOWNA : SW_HIDE);
+    // The two views of the where condition lie over each other, and at first both are visible.
+    if (view.control().Visible() && &view.control() == &Form().FrawhereCondition) {
+      SetWindowPos(view.window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
+  }
+}
+
 void FormWindow::ShowChild(Child& child, const faces::Change& change) {
-  const Control& control = child.control;
+  const Control& control = child.control();
   switch (control.kind()) {
     case Kind::TabStrip:
-      SendMessageW(child.window, TCM_SETCURSEL,
+      SendMessageW(child.window(), TCM_SETCURSEL,
                    static_cast<WPARAM>(static_cast<const TabStrip&>(control).Tab().value()), 0);
       break;
     case Kind::SyntaxTextBox: {
@@ -419,8 +432,9 @@ void FormWindow::ShowChild(Child& child, const faces::Change& change) {
       const auto& box = static_cast<const TextBox&>(control);
       ShowText(child, box.Text());
       if (change.Has(Property::kSelStart)) {
-        SendMessageW(child.window, EM_SETSEL, static_cast<WPARAM>(box.SelStart()), box.SelStart());
-        SendMessageW(child.window, EM_SCROLLCARET, 0, 0);
+        SendMessageW(child.window(), EM_SETSEL, static_cast<WPARAM>(box.SelStart()),
+                     box.SelStart());
+        SendMessageW(child.window(), EM_SCROLLCARET, 0, 0);
       }
       break;
     }
@@ -435,17 +449,9 @@ void FormWindow::ShowChild(Child& child, const faces::Change& change) {
       ShowCaption(child, faces::CaptionWithMnemonic(control));
       if (control.kind() == Kind::OptionButton) {
         SendMessageW(
-            child.window, BM_SETCHECK,
+            child.window(), BM_SETCHECK,
             static_cast<const OptionButton&>(control).Value() ? BST_CHECKED : BST_UNCHECKED, 0);
       }
-      break;
-    case Kind::Frame:
-      ShowCaption(child, static_cast<const Frame&>(control).Caption());
-      break;
-    case Kind::Label:
-      ShowCaption(child, static_cast<const Label&>(control).Caption());
-      break;
-    case Kind::Rectangle:
       break;
     case Kind::ScrollBar: {
       const auto& bar = static_cast<const ScrollBar&>(control);
@@ -455,51 +461,42 @@ void FormWindow::ShowChild(Child& child, const faces::Change& change) {
       info.nMax = bar.Max();
       info.nPage = 1;
       info.nPos = bar.Value();
-      SetScrollInfo(child.window, SB_CTL, &info, TRUE);
+      SetScrollInfo(child.window(), SB_CTL, &info, TRUE);
       break;
     }
-  }
-  if ((IsWindowEnabled(child.window) != FALSE) != control.Enabled())
-    EnableWindow(child.window, control.Enabled());
-  const bool isVisible = (GetWindowLongPtrW(child.window, GWL_STYLE) & WS_VISIBLE) != 0;
-  if (isVisible != control.Visible()) {
-    ShowWindow(child.window, control.Visible() ? SW_SHOWNA : SW_HIDE);
-    // The two views of the where condition lie over each other, and at first both are visible.
-    if (control.Visible() && &control == &Form().FrawhereCondition) {
-      SetWindowPos(child.window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    }
+    default:
+      break;
   }
 }
 
 void FormWindow::ShowCaption(Child& child, StringView caption) {
   if (child.shown == caption) return;
   child.shown = caption;
-  SetWindowTextW(child.window, Wide(child.shown));
-  if (child.control.kind() == Kind::Frame) InvalidateRect(child.window, nullptr, TRUE);
+  SetWindowTextW(child.window(), Wide(child.shown));
 }
 
 // Redraws no more than what differs, and stays where the person is.
 void FormWindow::ShowText(Child& child, StringView text) {
   String shown = WithoutNuls(text);
   if (shown == child.shown) return;
-  if (IsMultiLine(child.control)) {
+  if (IsMultiLine(child.control())) {
     const faces::Edit edit = faces::EditBetween(child.shown, shown, shown.size());
     const String added = shown.substr(edit.position, edit.added);
-    SendMessageW(child.window, EM_SETSEL, edit.position,
+    SendMessageW(child.window(), EM_SETSEL, edit.position,
                  static_cast<LPARAM>(edit.position + edit.removed));
-    SendMessageW(child.window, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(Wide(added)));
-    SendMessageW(child.window, EM_EMPTYUNDOBUFFER, 0, 0);
+    SendMessageW(child.window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(Wide(added)));
+    SendMessageW(child.window(), EM_EMPTYUNDOBUFFER, 0, 0);
   } else {
-    SetWindowTextW(child.window, Wide(shown));
+    SetWindowTextW(child.window(), Wide(shown));
   }
   child.shown = std::move(shown);
 }
 
 void FormWindow::ShowRows(Child& child, const faces::Change& change) {
-  const auto& list = static_cast<const ListBox&>(child.control);
+  const auto& list = static_cast<const ListBox&>(child.control());
   const bool rowsChanged = (change.what & faces::Change::kRows) != 0;
   if (rowsChanged) {
-    SendMessageW(child.window, LVM_SETITEMCOUNT, static_cast<WPARAM>(list.ListCount()),
+    SendMessageW(child.window(), LVM_SETITEMCOUNT, static_cast<WPARAM>(list.ListCount()),
                  LVSICF_NOSCROLL);
     if (change.behindRows == faces::Change::kAllRows) child.longestRow.clear();
     const int behind = std::min(change.behindRows, list.ListCount());
@@ -507,93 +504,93 @@ void FormWindow::ShowRows(Child& child, const faces::Change& change) {
       if (list.List(row).size() > child.longestRow.size()) child.longestRow = list.List(row);
     }
     RECT inside{};
-    GetClientRect(child.window, &inside);
+    GetClientRect(child.window(), &inside);
     const int around = list.HasCheckBoxes() ? 26 : 12;
     const auto width = static_cast<int>(SendMessageW(
-        child.window, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(Wide(child.longestRow))));
-    SendMessageW(child.window, LVM_SETCOLUMNWIDTH, 0,
-                 std::max<int>(width + MulDiv(around, fonts_.Dpi(), 96), inside.right));
-    InvalidateRect(child.window, nullptr, FALSE);
+        child.window(), LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(Wide(child.longestRow))));
+    SendMessageW(child.window(), LVM_SETCOLUMNWIDTH, 0,
+                 std::max<int>(width + MulDiv(around, Dpi(), 96), inside.right));
+    InvalidateRect(child.window(), nullptr, FALSE);
   }
   if (rowsChanged || (change.what & faces::Change::kMarks) != 0) ShowMarks(child);
   if (list.ListIndex() >= 0) {
     LVITEMW item{};
     item.stateMask = LVIS_FOCUSED;
     item.state = LVIS_FOCUSED;
-    SendMessageW(child.window, LVM_SETITEMSTATE, static_cast<WPARAM>(list.ListIndex()),
+    SendMessageW(child.window(), LVM_SETITEMSTATE, static_cast<WPARAM>(list.ListIndex()),
                  reinterpret_cast<LPARAM>(&item));
   }
 }
 
 void FormWindow::ShowMarks(Child& child) {
-  const auto& list = static_cast<const ListBox&>(child.control);
+  const auto& list = static_cast<const ListBox&>(child.control());
   if (list.HasCheckBoxes()) {
-    InvalidateRect(child.window, nullptr, FALSE);
+    InvalidateRect(child.window(), nullptr, FALSE);
     return;
   }
   LVITEMW item{};
   item.stateMask = LVIS_SELECTED;
-  SendMessageW(child.window, LVM_SETITEMSTATE, static_cast<WPARAM>(-1),
+  SendMessageW(child.window(), LVM_SETITEMSTATE, static_cast<WPARAM>(-1),
                reinterpret_cast<LPARAM>(&item));
   item.state = LVIS_SELECTED;
   int left = list.SelCount();
   for (int row = 0; left > 0; ++row) {
     if (!list.Selected(row)) continue;
     --left;
-    SendMessageW(child.window, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+    SendMessageW(child.window(), LVM_SETITEMSTATE, static_cast<WPARAM>(row),
                  reinterpret_cast<LPARAM>(&item));
   }
 }
 
 void FormWindow::ShowCombo(Child& child, const faces::Change& change) {
-  const auto& combo = static_cast<const ComboBox&>(child.control);
+  const auto& combo = static_cast<const ComboBox&>(child.control());
   if ((change.what & faces::Change::kRows) != 0) {
-    SendMessageW(child.window, WM_SETREDRAW, FALSE, 0);
-    SendMessageW(child.window, CB_RESETCONTENT, 0, 0);
+    SendMessageW(child.window(), WM_SETREDRAW, FALSE, 0);
+    SendMessageW(child.window(), CB_RESETCONTENT, 0, 0);
     for (int row = 0; row < combo.ListCount(); ++row) {
       const String text = WithoutNuls(combo.List(row));
-      SendMessageW(child.window, CB_INSERTSTRING, static_cast<WPARAM>(-1),
+      SendMessageW(child.window(), CB_INSERTSTRING, static_cast<WPARAM>(-1),
                    reinterpret_cast<LPARAM>(Wide(text)));
     }
-    SendMessageW(child.window, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(child.window, nullptr, TRUE);
+    SendMessageW(child.window(), WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(child.window(), nullptr, TRUE);
   }
   String shown = WithoutNuls(combo.Text());
   // An entry that is chosen no more is forgotten later, as long as the text is right: the platform
   // would take the text away, and with it the caret and what can be taken back.
-  const bool isRight = combo.IsEditable() && WindowText(child.window) == shown;
-  if (SendMessageW(child.window, CB_GETCURSEL, 0, 0) != combo.ListIndex() &&
+  const bool isRight = combo.IsEditable() && WindowText(child.window()) == shown;
+  if (SendMessageW(child.window(), CB_GETCURSEL, 0, 0) != combo.ListIndex() &&
       !(isRight && combo.ListIndex() < 0)) {
-    SendMessageW(child.window, CB_SETCURSEL, static_cast<WPARAM>(combo.ListIndex()), 0);
+    SendMessageW(child.window(), CB_SETCURSEL, static_cast<WPARAM>(combo.ListIndex()), 0);
   }
   if (combo.IsEditable()) {
-    if (WindowText(child.window) != shown) SetWindowTextW(child.window, Wide(shown));
+    if (WindowText(child.window()) != shown) SetWindowTextW(child.window(), Wide(shown));
     child.shown = std::move(shown);
   }
-  InvalidateRect(child.window, nullptr, FALSE);
+  InvalidateRect(child.window(), nullptr, FALSE);
 }
 
 // Before the list or the arrows go on from an entry that is chosen no more.
 void FormWindow::ForgetEntry(Child& child) {
-  const auto& combo = static_cast<const ComboBox&>(child.control);
-  if (combo.ListIndex() >= 0 || SendMessageW(child.window, CB_GETCURSEL, 0, 0) < 0) return;
-  const Showing showing(isShowing_);
+  const auto& combo = static_cast<const ComboBox&>(child.control());
+  if (combo.ListIndex() >= 0 || SendMessageW(child.window(), CB_GETCURSEL, 0, 0) < 0) return;
+  const Showing showing(*this);
   DWORD first = 0;
   DWORD behind = 0;
-  SendMessageW(child.window, CB_GETEDITSEL, reinterpret_cast<WPARAM>(&first),
+  SendMessageW(child.window(), CB_GETEDITSEL, reinterpret_cast<WPARAM>(&first),
                reinterpret_cast<LPARAM>(&behind));
-  SendMessageW(child.window, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+  SendMessageW(child.window(), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
   if (!combo.IsEditable()) return;
-  SetWindowTextW(child.window, Wide(child.shown));
-  SendMessageW(child.window, CB_SETEDITSEL, 0, MAKELPARAM(first, behind));
+  SetWindowTextW(child.window(), Wide(child.shown));
+  SendMessageW(child.window(), CB_SETEDITSEL, 0, MAKELPARAM(first, behind));
 }
 
 void FormWindow::LayOut() {
   if (root_ == nullptr) return;
   RECT inside{};
   GetClientRect(root_, &inside);
-  const auto twips = [this](int pixels) { return MulDiv(pixels, kTwipsPerInch, fonts_.Dpi()); };
-  const auto pixels = [this](int inTwips) { return MulDiv(inTwips, fonts_.Dpi(), kTwipsPerInch); };
+  const auto twips = [this](int pixels) { return MulDiv(pixels, kTwipsPerInch, Dpi()); };
+  const auto pixels = [this](int inTwips) { return MulDiv(inTwips, Dpi(), kTwipsPerInch); };
   const FormPlaces places(Form(), twips(inside.right), twips(inside.bottom), fonts_.Lines());
   const Geometry strip = places.Of(Form().tabVrn);
   const int top = strip.top + strip.height;
@@ -611,23 +608,25 @@ void FormWindow::LayOut() {
   };
   put(undo_, places.Undo());
   put(redo_, places.Redo());
-  for (const auto& [control, child] : children_) {
+  for (const auto& [control, view] : views_) {
     Geometry place = places.Of(*control);
     if (control->frame() == nullptr && control->design().page != kEveryPage) place.top -= top;
-    int height = pixels(place.top + place.height) - pixels(place.top);
-    // Of a combo it is the height with its list open.
-    if (control->kind() == Kind::ComboBox) height = pixels(4'000);
-    // A decoration lies behind what it surrounds.
-    const bool isBehind = control->kind() == Kind::Rectangle;
-    SetWindowPos(child->window, isBehind ? HWND_BOTTOM : nullptr, pixels(place.left),
-                 pixels(place.top), pixels(place.left + place.width) - pixels(place.left), height,
-                 (isBehind ? 0U : SWP_NOZORDER) | SWP_NOACTIVATE);
-    if (control->kind() == Kind::ListBox) {
-      RECT list{};
-      GetClientRect(child->window, &list);
-      const auto column = SendMessageW(child->window, LVM_GETCOLUMNWIDTH, 0, 0);
-      if (column < list.right) SendMessageW(child->window, LVM_SETCOLUMNWIDTH, 0, list.right);
-    }
+    view->Place({pixels(place.left), pixels(place.top), pixels(place.left + place.width),
+                 pixels(place.top + place.height)});
+  }
+}
+
+void FormWindow::PlaceChild(Child& child, const RECT& place) {
+  RECT put = place;
+  // Of a combo it is the height with its list open.
+  if (child.control().kind() == Kind::ComboBox)
+    put.bottom = put.top + MulDiv(4'000, Dpi(), kTwipsPerInch);
+  child.ControlView::Place(put);
+  if (child.control().kind() == Kind::ListBox) {
+    RECT list{};
+    GetClientRect(child.window(), &list);
+    const auto column = SendMessageW(child.window(), LVM_GETCOLUMNWIDTH, 0, 0);
+    if (column < list.right) SendMessageW(child.window(), LVM_SETCOLUMNWIDTH, 0, list.right);
   }
 }
 
@@ -645,25 +644,24 @@ void FormWindow::ShowFocus() {
 }
 
 void FormWindow::FocusOn(const Control& control) {
-  const Child* child = ChildOf(control);
-  if (child == nullptr) return;
-  const HWND wanted = child->edit != nullptr ? child->edit : child->window;
+  const auto found = views_.find(&control);
+  if (found == views_.end()) return;
+  const HWND wanted = found->second->FocusWindow();
   if (GetFocus() != wanted) SetFocus(wanted);
 }
 
 void FormWindow::ResolutionChanged() {
   MakeFonts();
-  for (const auto& [control, child] : children_) {
-    if (child->statements) child->statements->Recolour();
-  }
+  for (const auto& [control, view] : views_)
+    view->LooksChanged();
   person_.NoteAll();  // the rows have another width
   ShowChanges();
 }
 
 void FormWindow::ColoursChanged() {
-  for (const auto& [control, child] : children_) {
-    SendMessageW(child->window, WM_SYSCOLORCHANGE, 0, 0);
-    if (child->statements) child->statements->Recolour();
+  for (const auto& [control, view] : views_) {
+    SendMessageW(view->window(), WM_SYSCOLORCHANGE, 0, 0);
+    view->LooksChanged();
   }
   InvalidateRect(root_, nullptr, TRUE);
 }
@@ -715,8 +713,12 @@ void FormWindow::Make(UserGesture gesture) noexcept {
   Try([&] { return person_.Make(std::move(gesture)); });
 }
 
+void FormWindow::Key(const TextBox& box, char16_t code, TextMark mark) noexcept {
+  Try([&] { return person_.Key(box, code, mark); });
+}
+
 void FormWindow::Type(Child& child, String text) noexcept {
-  Make({Gesture::kType, &child.control, UserGesture::kNone, std::move(text)});
+  Make({Gesture::kType, &child.control(), UserGesture::kNone, std::move(text)});
 }
 
 void FormWindow::Try(const std::function<faces::End()>& gesture) noexcept {
@@ -749,13 +751,13 @@ void FormWindow::TakeEdit(Child& child) {
     if (std::optional<String> text = child.statements->TakeEdit()) Type(child, std::move(*text));
     return;
   }
-  String now = WindowText(child.window);
+  String now = WindowText(child.window());
   if (now == child.shown) return;
   DWORD caret = 0;
-  SendMessageW(child.window, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+  SendMessageW(child.window(), EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
   const faces::Edit edit =
       faces::EditBetween(child.shown, now, std::min<std::size_t>(caret, now.size()));
-  const String& text = static_cast<const TextBox&>(child.control).Text();
+  const String& text = static_cast<const TextBox&>(child.control()).Text();
   const String changed = Concat(StringView(text).substr(0, edit.position),
                                 StringView(now).substr(edit.position, edit.added),
                                 StringView(text).substr(edit.position + edit.removed));
@@ -764,19 +766,19 @@ void FormWindow::TakeEdit(Child& child) {
 }
 
 void FormWindow::TypeKey(Child& child, wchar_t code) {
-  const auto& box = static_cast<const TextBox&>(child.control);
+  const auto& box = static_cast<const TextBox&>(child.control());
   DWORD first = 0;
   DWORD behind = 0;
-  SendMessageW(child.window, EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+  SendMessageW(child.window(), EM_GETSEL, reinterpret_cast<WPARAM>(&first),
                reinterpret_cast<LPARAM>(&behind));
   const TextMark mark{static_cast<int>(first), static_cast<int>(behind)};
-  Try([&] { return person_.Key(box, static_cast<char16_t>(code), mark); });
+  Key(box, static_cast<char16_t>(code), mark);
 }
 
 void FormWindow::PickEntry(Child& child) {
-  const auto row = static_cast<int>(SendMessageW(child.window, CB_GETCURSEL, 0, 0));
+  const auto row = static_cast<int>(SendMessageW(child.window(), CB_GETCURSEL, 0, 0));
   if (row < 0) return;
-  Make({Gesture::kPick, &child.control, row});
+  Make({Gesture::kPick, &child.control(), row});
 }
 
 bool FormWindow::MoveFocus(bool forward) {
@@ -827,14 +829,9 @@ bool FormWindow::ClickMnemonic(wchar_t letter) {
 
 // What comes from the windows.
 
-FormWindow::Child* FormWindow::ChildOf(HWND window) {
-  const auto found = childOfWindow_.find(window);
-  return found == childOfWindow_.end() ? nullptr : found->second;
-}
-
-FormWindow::Child* FormWindow::ChildOf(const Control& control) {
-  const auto found = children_.find(&control);
-  return found == children_.end() ? nullptr : found->second.get();
+ControlView* FormWindow::ViewOf(HWND window) const {
+  const auto found = viewOfWindow_.find(window);
+  return found == viewOfWindow_.end() ? nullptr : found->second;
 }
 
 LRESULT CALLBACK FormWindow::RootMessage(HWND window, UINT message, WPARAM wide, LPARAM longer) {
@@ -876,16 +873,19 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
         if (HIWORD(wide) == BN_CLICKED) TakeBack(from == undo_);
         return 0;
       }
-      if (Child* child = ChildOf(reinterpret_cast<HWND>(longer))) OnCommand(*child, HIWORD(wide));
+      if (ControlView* view = ViewOf(reinterpret_cast<HWND>(longer))) view->OnCommand(HIWORD(wide));
       return 0;
     case WM_NOTIFY:
-      return OnNotify(*reinterpret_cast<const NMHDR*>(longer), longer);
+      if (auto& notice = *reinterpret_cast<NMHDR*>(longer);
+          ControlView* view = ViewOf(notice.hwndFrom))
+        return view->OnNotify(notice);
+      return 0;
     case WM_VSCROLL:
-      if (Child* child = ChildOf(reinterpret_cast<HWND>(longer))) {
+      if (ControlView* child = ViewOf(reinterpret_cast<HWND>(longer))) {
         SCROLLINFO info{};
         info.cbSize = sizeof info;
         info.fMask = SIF_ALL;
-        GetScrollInfo(child->window, SB_CTL, &info);
+        GetScrollInfo(child->window(), SB_CTL, &info);
         int value = info.nPos;
         switch (LOWORD(wide)) {
           case SB_LINEUP:
@@ -908,7 +908,7 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
           default:
             return 0;
         }
-        Make({Gesture::kScroll, &child->control, std::clamp(value, 0, info.nMax)});
+        Make({Gesture::kScroll, &child->control(), std::clamp(value, 0, info.nMax)});
       }
       return 0;
     case WM_CTLCOLOREDIT:
@@ -957,11 +957,11 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
     case WM_DESTROY:
       if (window == root_) {
         isShowing_ = true;  // what the windows tell on their way is nobody's act
-        for (const auto& [control, child] : children_) {
-          RemoveWindowSubclass(child->window, &ChildMessage, kSubclass);
-          if (child->edit != nullptr) RemoveWindowSubclass(child->edit, &ChildMessage, kSubclass);
-          ForgetName(child->window);
-          spoken_.Take(child->window);
+        for (const auto& [window, view] : viewOfWindow_)
+          RemoveWindowSubclass(window, &ViewMessage, kSubclass);
+        for (const auto& [control, view] : views_) {
+          ForgetName(view->window());
+          spoken_.Take(view->window());
         }
       }
       break;
@@ -974,8 +974,8 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
         } else {
           control_.RemoveObserver(*this);  // its container took it away
         }
-        children_.clear();
-        childOfWindow_.clear();
+        views_.clear();
+        viewOfWindow_.clear();
         pages_.clear();
       }
       break;
@@ -988,44 +988,18 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
 void FormWindow::DrawPanel(HWND window) {
   PAINTSTRUCT paint{};
   const HDC canvas = BeginPaint(window, &paint);
-  const Child* child = ChildOf(window);
-  if (child != nullptr && child->control.kind() == Kind::Rectangle) {
-    RECT border{};
-    GetClientRect(window, &border);
-    DrawEdge(canvas, &border, EDGE_ETCHED, BF_RECT);
-  } else if (child != nullptr && (child->control.design().style & kNoBorder) == 0) {
-    RECT border{};
-    GetClientRect(window, &border);
-    const int line = MulDiv(kFontTwips, fonts_.Dpi(), kTwipsPerInch);
-    RECT text{line / 2, 0, border.right, line * 3 / 2};
-    border.top += line * 2 / 3;
-    DrawEdge(canvas, &border, EDGE_ETCHED, BF_RECT);
-    const HGDIOBJ before = SelectObject(canvas, FontOf(child->control));
-    SetBkColor(canvas, GetSysColor(COLOR_BTNFACE));
-    SetTextColor(canvas, GetSysColor(COLOR_BTNTEXT));
-    DrawTextW(canvas, Wide(child->shown), -1, &text, DT_SINGLELINE | DT_NOPREFIX);
-    SelectObject(canvas, before);
-  }
+  if (ControlView* view = ViewOf(window)) view->Draw(canvas);
   EndPaint(window, &paint);
 }
 
-HBRUSH FormWindow::OnColour(HDC canvas, HWND window) {
-  const Child* child = ChildOf(window);
-  if (child == nullptr) child = ChildOf(GetParent(window));  // the line of a combo
-  if (child == nullptr) return nullptr;
-  const Control& control = child->control;
-  if (control.kind() == Kind::Label || control.kind() == Kind::OptionButton ||
-      control.kind() == Kind::Button) {
-    SetBkMode(canvas, TRANSPARENT);
-    if (IsInstruction(control))
-      SetTextColor(canvas, Quiet(GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)));
-    return GetSysColorBrush(COLOR_BTNFACE);
-  }
-  return BoxBrush(canvas, control);
+HBRUSH FormWindow::OnColour(HDC canvas, HWND window) const {
+  ControlView* view = ViewOf(window);
+  if (view == nullptr) view = ViewOf(GetParent(window));  // the line of a combo
+  return view == nullptr ? nullptr : view->Brush(canvas);
 }
 
 void FormWindow::OnCommand(Child& child, int code) {
-  const Control& control = child.control;
+  const Control& control = child.control();
   switch (control.kind()) {
     case Kind::Button:
     case Kind::OptionButton:
@@ -1041,9 +1015,9 @@ void FormWindow::OnCommand(Child& child, int code) {
     case Kind::ComboBox: {
       // Platforms tell a choice in different orders, once or twice; it is one pick, when the list
       // is closed.
-      const bool isOpen = SendMessageW(child.window, CB_GETDROPPEDSTATE, 0, 0) != 0;
+      const bool isOpen = SendMessageW(child.window(), CB_GETDROPPEDSTATE, 0, 0) != 0;
       if (code == CBN_EDITCHANGE) {
-        Type(child, WindowText(child.window));
+        Type(child, WindowText(child.window()));
       } else if (code == CBN_DROPDOWN || code == CBN_SELENDCANCEL) {
         if (code == CBN_DROPDOWN) ForgetEntry(child);
         child.isPicking = false;
@@ -1066,18 +1040,16 @@ void FormWindow::OnCommand(Child& child, int code) {
   }
 }
 
-LRESULT FormWindow::OnNotify(const NMHDR& notice, LPARAM longer) {
-  Child* const child = ChildOf(notice.hwndFrom);
-  if (child == nullptr) return 0;
-  const Control& control = child->control;
+LRESULT FormWindow::OnNotify(Child& child, NMHDR& notice) {
+  const Control& control = child.control();
   switch (notice.code) {
     case static_cast<UINT>(TCN_SELCHANGE): {
-      const auto page = static_cast<int>(SendMessageW(child->window, TCM_GETCURSEL, 0, 0));
+      const auto page = static_cast<int>(SendMessageW(child.window(), TCM_GETCURSEL, 0, 0));
       Make({Gesture::kTab, &control, page});
       return 0;
     }
     case static_cast<UINT>(LVN_GETDISPINFOW): {
-      LVITEMW& item = reinterpret_cast<NMLVDISPINFOW*>(longer)->item;
+      LVITEMW& item = reinterpret_cast<NMLVDISPINFOW&>(notice).item;
       const auto& list = static_cast<const ListBox&>(control);
       if (item.iItem < 0 || item.iItem >= list.ListCount()) return 0;
       if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
@@ -1095,7 +1067,7 @@ LRESULT FormWindow::OnNotify(const NMHDR& notice, LPARAM longer) {
     }
     case static_cast<UINT>(NM_CUSTOMDRAW): {
       // A mark looks the same whether the list has the focus or not: it is what the form is about.
-      auto& draw = *reinterpret_cast<NMLVCUSTOMDRAW*>(longer);
+      auto& draw = reinterpret_cast<NMLVCUSTOMDRAW&>(notice);
       if (control.kind() != Kind::ListBox) return CDRF_DODEFAULT;
       if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
       const auto& list = static_cast<const ListBox&>(control);
@@ -1112,7 +1084,7 @@ LRESULT FormWindow::OnNotify(const NMHDR& notice, LPARAM longer) {
     case static_cast<UINT>(LVN_ITEMCHANGED): {
       // A mark that came by another way than the mouse and the keys, such as from an aid for
       // reading the screen.
-      const auto& change = *reinterpret_cast<const NMLISTVIEW*>(longer);
+      const auto& change = reinterpret_cast<const NMLISTVIEW&>(notice);
       const auto& list = static_cast<const ListBox&>(control);
       const bool isMarked = (change.uNewState & LVIS_SELECTED) != 0;
       const bool wasMarked = (change.uOldState & LVIS_SELECTED) != 0;
@@ -1128,11 +1100,11 @@ LRESULT FormWindow::OnNotify(const NMHDR& notice, LPARAM longer) {
   }
 }
 
-LRESULT CALLBACK FormWindow::ChildMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
-                                          UINT_PTR /*id*/, DWORD_PTR data) {
+LRESULT CALLBACK FormWindow::ViewMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
+                                         UINT_PTR /*id*/, DWORD_PTR data) {
   auto* const form = reinterpret_cast<FormWindow*>(data);
-  Child* const child = form->ChildOf(window);
-  if (child == nullptr || form->isRetired_) return DefSubclassProc(window, message, wide, longer);
+  ControlView* const view = form->ViewOf(window);
+  if (view == nullptr || form->isRetired_) return DefSubclassProc(window, message, wide, longer);
   const Busy busy(*form);
   try {
     switch (message) {
@@ -1153,13 +1125,10 @@ LRESULT CALLBACK FormWindow::ChildMessage(HWND window, UINT message, WPARAM wide
         return result;
       }
       default: {
-        bool isDone = false;
-        LRESULT result = form->OnChild(*child, message, wide, longer, isDone);
-        if (isDone) return result;
-        result = DefSubclassProc(window, message, wide, longer);
-        // Whatever the message was, it may have scrolled; the child may be gone with it.
-        Child* const left = MayScroll(message) ? form->ChildOf(window) : nullptr;
-        if (left != nullptr && left->statements) left->statements->Scrolled();
+        if (form->OnView(*view, message, wide, longer)) return 0;
+        const LRESULT result = DefSubclassProc(window, message, wide, longer);
+        // The view may be gone with the message.
+        if (ControlView* const left = form->ViewOf(window)) left->MessageDone(message);
         return result;
       }
     }
@@ -1177,94 +1146,92 @@ void FormWindow::OnFocus(HWND window, bool came, HWND other) {
   }
   if (!isWithin) owner_.FocusCame();
   if (isRetired_ || root_ == nullptr) return;
-  const Child* child = ChildOf(window);
-  if (child == nullptr || Form().Focused() == &child->control) return;
-  const Control& control = child->control;
-  Make({Gesture::kFocus, &control});
+  const ControlView* view = ViewOf(window);
+  if (view != nullptr && Form().Focused() != &view->control())
+    Make({Gesture::kFocus, &view->control()});
 }
 
-LRESULT FormWindow::OnChild(Child& child, UINT message, WPARAM wide, LPARAM longer, bool& isDone) {
-  const Control& control = child.control;
-  const bool isList = control.kind() == Kind::ListBox;
-  const auto done = [&isDone] {
-    isDone = true;
-    return 0;
-  };
-  if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_MOUSEWHEEL ||
-      message == WM_KILLFOCUS) {
-    child.wasPicked = false;
-  }
+bool FormWindow::OnView(ControlView& view, UINT message, WPARAM wide, LPARAM longer) {
+  if (view.OnMessage(message, wide, longer)) return true;
   switch (message) {
     case WM_KEYDOWN:
-      if (OnKey(child, wide)) return done();
-      break;
+      return OnKey(view, wide);
+    case WM_SYSCHAR:
+      return ClickMnemonic(static_cast<wchar_t>(wide));
+    case WM_CHAR:
+      return view.OnCharacter(static_cast<wchar_t>(wide));
+    default:
+      return false;
+  }
+}
+
+bool FormWindow::OnChild(Child& child, UINT message, WPARAM /*wide*/, LPARAM longer) {
+  const Control& control = child.control();
+  const bool isList = control.kind() == Kind::ListBox;
+  if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_MOUSEWHEEL)
+    child.wasPicked = false;
+  switch (message) {
     case WM_PASTE:
       if (child.statements) {
         child.statements->Paste();
-        return done();
+        return true;
       }
       if (control.kind() == Kind::TextBox || child.edit != nullptr) {
-        PasteText(child.edit != nullptr ? child.edit : child.window);
-        return done();
+        PasteText(child.FocusWindow());
+        return true;
       }
-      break;
-    case WM_SYSCHAR:
-      if (ClickMnemonic(static_cast<wchar_t>(wide))) return done();
-      break;
-    case WM_CHAR: {
-      const auto character = static_cast<wchar_t>(wide);
-      const bool isBox = control.kind() == Kind::TextBox || control.kind() == Kind::SyntaxTextBox;
-      if (character == L'\t' && !(isBox && IsMultiLine(control) && GetKeyState(VK_CONTROL) < 0))
-        return done();
-      if (character == 1 && isBox) {  // Ctrl+A
-        SendMessageW(child.window, EM_SETSEL, 0, -1);
-        return done();
-      }
-      if (&control == &Form().txtAsSet &&
-          (character >= L' ' || character == L'\b' || character == L'\r') && character != 0x7F) {
-        TypeKey(child, character);
-        return done();
-      }
-      if (character == L'\r' && !IsMultiLine(control)) return done();
-      if (isList) {
-        if (character > L' ') OnListCharacter(child, character);
-        return done();
-      }
-      break;
-    }
+      return false;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
       if (isList) {
         LVHITTESTINFO hit{};
         hit.pt = {GET_X_LPARAM(longer), GET_Y_LPARAM(longer)};
         const auto row = static_cast<int>(
-            SendMessageW(child.window, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
-        if (GetFocus() != child.window) SetFocus(child.window);
+            SendMessageW(child.window(), LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+        if (GetFocus() != child.window()) SetFocus(child.window());
         if (isRetired_ || row < 0 || row >= static_cast<const ListBox&>(control).ListCount())
-          return done();
+          return true;
         const bool isSecond = message == WM_LBUTTONDBLCLK;
         Make({isSecond ? Gesture::kDoubleClickRow : Gesture::kClickRow, &control, row});
-        return done();
       }
-      break;
+      return isList;
     case WM_LBUTTONUP:
     case WM_RBUTTONDOWN:
-      if (isList) return done();
-      break;
+      return isList;
     default:
-      break;
+      return false;
   }
-  return 0;
 }
 
-bool FormWindow::OnKey(Child& child, WPARAM key) {
-  const Control& control = child.control;
+bool FormWindow::OnCharacter(Child& child, wchar_t character) {
+  const Control& control = child.control();
+  const bool isBox = control.kind() == Kind::TextBox || control.kind() == Kind::SyntaxTextBox;
+  if (character == L'\t' && !(isBox && IsMultiLine(control) && GetKeyState(VK_CONTROL) < 0))
+    return true;
+  if (character == 1 && isBox) {  // Ctrl+A
+    SendMessageW(child.window(), EM_SETSEL, 0, -1);
+    return true;
+  }
+  if (&control == &Form().txtAsSet &&
+      (character >= L' ' || character == L'\b' || character == L'\r') && character != 0x7F) {
+    TypeKey(child, character);
+    return true;
+  }
+  if (character == L'\r' && !IsMultiLine(control)) return true;
+  if (control.kind() == Kind::ListBox) {
+    if (character > L' ') OnListCharacter(child, character);
+    return true;
+  }
+  return false;
+}
+
+bool FormWindow::OnKey(ControlView& view, WPARAM key) {
   const bool isControl = GetKeyState(VK_CONTROL) < 0;
   if (key == VK_TAB && !isControl) {
     const bool forward = GetKeyState(VK_SHIFT) >= 0;
     if (MoveFocus(forward)) return true;
     MSG message{};
-    message.hwnd = child.window;
+    message.hwnd = view.window();
     message.message = WM_KEYDOWN;
     message.wParam = VK_TAB;
     if (owner_.LeavesAtTheEnd(message)) return true;
@@ -1277,10 +1244,16 @@ bool FormWindow::OnKey(Child& child, WPARAM key) {
   }
   if (isControl && GetKeyState(VK_MENU) >= 0 && (key == L'Z' || key == L'Y')) {
     const bool isUndo = key == L'Z' && GetKeyState(VK_SHIFT) >= 0;
-    if (HasOwn(child, isUndo)) return false;
+    if (view.HasOwn(isUndo)) return false;
     TakeBack(isUndo);
     return true;
   }
+  return view.OnKey(key);
+}
+
+bool FormWindow::OnChildKey(Child& child, WPARAM key) {
+  const Control& control = child.control();
+  const bool isControl = GetKeyState(VK_CONTROL) < 0;
   switch (control.kind()) {
     case Kind::TextBox:
       return key == VK_ESCAPE;
@@ -1321,13 +1294,12 @@ bool FormWindow::OnKey(Child& child, WPARAM key) {
   }
 }
 
-// Whether the box itself has something to take back, or to have again.
 bool FormWindow::HasOwn(const Child& child, bool undo) {
-  switch (child.control.kind()) {
+  switch (child.control().kind()) {
     case Kind::TextBox:
-      return undo && SendMessageW(child.window, EM_CANUNDO, 0, 0) != 0;
+      return undo && SendMessageW(child.window(), EM_CANUNDO, 0, 0) != 0;
     case Kind::SyntaxTextBox:
-      return SendMessageW(child.window, undo ? EM_CANUNDO : EM_CANREDO, 0, 0) != 0;
+      return SendMessageW(child.window(), undo ? EM_CANUNDO : EM_CANREDO, 0, 0) != 0;
     case Kind::ComboBox:
       return undo && child.edit != nullptr && SendMessageW(child.edit, EM_CANUNDO, 0, 0) != 0;
     default:
@@ -1342,10 +1314,10 @@ void FormWindow::TakeBack(bool undo) {
 
 // In a single selection the keys move the mark, elsewhere the row that Space marks.
 bool FormWindow::OnListKey(Child& child, WPARAM key) {
-  const auto& list = static_cast<const ListBox&>(child.control);
+  const auto& list = static_cast<const ListBox&>(child.control());
   const auto at = static_cast<int>(
-      SendMessageW(child.window, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
-  const auto page = static_cast<int>(SendMessageW(child.window, LVM_GETCOUNTPERPAGE, 0, 0));
+      SendMessageW(child.window(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+  const auto page = static_cast<int>(SendMessageW(child.window(), LVM_GETCOUNTPERPAGE, 0, 0));
   int row = 0;
   switch (key) {
     case VK_UP:
@@ -1380,21 +1352,21 @@ bool FormWindow::OnListKey(Child& child, WPARAM key) {
 }
 
 void FormWindow::GoToRow(Child& child, int row) {
-  const auto& list = static_cast<const ListBox&>(child.control);
+  const auto& list = static_cast<const ListBox&>(child.control());
   if (row >= list.ListCount()) return;
   LVITEMW item{};
   item.stateMask = LVIS_FOCUSED;
   item.state = LVIS_FOCUSED;
-  SendMessageW(child.window, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+  SendMessageW(child.window(), LVM_SETITEMSTATE, static_cast<WPARAM>(row),
                reinterpret_cast<LPARAM>(&item));
-  SendMessageW(child.window, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+  SendMessageW(child.window(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
   if (list.IsSingle()) Make({Gesture::kClickRow, &list, row});
 }
 
 void FormWindow::OnListCharacter(Child& child, wchar_t character) {
-  const auto& list = static_cast<const ListBox&>(child.control);
+  const auto& list = static_cast<const ListBox&>(child.control());
   const auto at = static_cast<int>(
-      SendMessageW(child.window, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+      SendMessageW(child.window(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
   const std::optional<int> row =
       child.ahead.Find(list, at, static_cast<char16_t>(character), GetTickCount());
   if (row) GoToRow(child, *row);

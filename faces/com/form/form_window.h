@@ -18,13 +18,16 @@
 
 #include "faces/com/form/form_fonts.h"
 #include "faces/com/form/spoken_names.h"
+#include "faces/com/form/view.h"
 #include "faces/com/server/server.h"
 #include "faces/shared/person.h"
 #include "shell/control.h"
 
 namespace zolt20::com {
 
-class FormWindow final : public std::enable_shared_from_this<FormWindow>, private SurfaceObserver {
+class FormWindow final : public std::enable_shared_from_this<FormWindow>,
+                         private SurfaceObserver,
+                         private ViewOwner {
  public:
   /// Whom the window belongs to.
   class Owner {
@@ -81,7 +84,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& owner);
   ~FormWindow() override;
   void Retire();
-  const Surface& Form() const { return control_.Form(); }
 
   // Notices. What needs no more than to be shown again, the person notes.
   void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
@@ -94,20 +96,30 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   void ElementUnloading(const Control& element) noexcept override;
   void StateReplaced() noexcept override {}
 
+  // What views ask.
+  HWND MakeWindow(const Control& control, const WindowKind& kind) override;
+  const Surface& Form() const override { return control_.Form(); }
+  int Dpi() const override { return fonts_.Dpi(); }
+  HFONT FontOf(const Control& control) const override { return fonts_.Of(Form(), control); }
+  void Make(UserGesture gesture) noexcept override;
+  void Key(const TextBox& box, char16_t code, TextMark mark) noexcept override;
+
   // Making windows.
   void Create(HWND parent, const RECT& place);
-  Child& CreateChild(const Control& control);
+  void CreateView(const Control& control);
+  void Hear(HWND window, ControlView& view);
   HWND MakeTool(const wchar_t* caption);
   HWND ParentOf(const Control& control) const;
   void MakeFonts();
   void ResolutionChanged();
   void ColoursChanged();
-  HFONT FontOf(const Control& control) const;
 
   // Showing.
   void ShowNow() noexcept;
   void ShowEverything();
+  void ShowView(ControlView& view, const faces::Change& change);
   void ShowChild(Child& child, const faces::Change& change);
+  void PlaceChild(Child& child, const RECT& place);
   void ShowText(Child& child, StringView text);
   void ShowRows(Child& child, const faces::Change& change);
   void ShowMarks(Child& child);
@@ -121,16 +133,19 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   // What comes from the windows.
   static LRESULT CALLBACK RootMessage(HWND window, UINT message, WPARAM wide, LPARAM longer);
   static LRESULT CALLBACK PanelMessage(HWND window, UINT message, WPARAM wide, LPARAM longer);
-  static LRESULT CALLBACK ChildMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
-                                       UINT_PTR id, DWORD_PTR data);
+  static LRESULT CALLBACK ViewMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
+                                      UINT_PTR id, DWORD_PTR data);
   LRESULT OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer);
-  LRESULT OnChild(Child& child, UINT message, WPARAM wide, LPARAM longer, bool& isDone);
+  bool OnView(ControlView& view, UINT message, WPARAM wide, LPARAM longer);
+  bool OnChild(Child& child, UINT message, WPARAM wide, LPARAM longer);
+  bool OnCharacter(Child& child, wchar_t character);
   void OnFocus(HWND window, bool came, HWND other);
-  LRESULT OnNotify(const NMHDR& notice, LPARAM longer);
+  LRESULT OnNotify(Child& child, NMHDR& notice);
   void OnCommand(Child& child, int code);
-  HBRUSH OnColour(HDC canvas, HWND window);
+  HBRUSH OnColour(HDC canvas, HWND window) const;
   void DrawPanel(HWND window);
-  bool OnKey(Child& child, WPARAM key);
+  bool OnKey(ControlView& view, WPARAM key);
+  bool OnChildKey(Child& child, WPARAM key);
   bool OnListKey(Child& child, WPARAM key);
   void OnListCharacter(Child& child, wchar_t character);
   void GoToRow(Child& child, int row);
@@ -143,13 +158,11 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   void TakeBack(bool undo);
 
   // Gestures.
-  void Make(UserGesture gesture) noexcept;
   void Try(const std::function<faces::End()>& gesture) noexcept;
   bool MoveFocus(bool forward);
   void MoveOption(const Control& option, bool forward);
   /// None when there is none.
-  Child* ChildOf(HWND window);
-  Child* ChildOf(const Control& control);
+  ControlView* ViewOf(HWND window) const;
 
   ZOLT20MapControl& control_;
   faces::Person& person_;
@@ -161,13 +174,11 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>, privat
   std::vector<HWND> pages_;
   HWND undo_ = nullptr;
   HWND redo_ = nullptr;
-  std::unordered_map<const Control*, std::unique_ptr<Child>> children_;
-  std::unordered_map<HWND, Child*> childOfWindow_;
-  bool isShowing_ = false;  // what the windows tell comes from us, and not from a person
+  std::unordered_map<const Control*, std::unique_ptr<ControlView>> views_;
+  std::unordered_map<HWND, ControlView*> viewOfWindow_;
   bool isRetired_ = false;
-  bool goesLater_ = false;   // it is to go, and messages are in progress
-  bool isFocusing_ = false;  // a window is getting the focus
-  int busy_ = 0;             // messages in progress, one within the other
+  bool goesLater_ = false;  // it is to go, and messages are in progress
+  int busy_ = 0;            // messages in progress, one within the other
   FormFonts fonts_;
 };
 

@@ -1,0 +1,88 @@
+#include "faces/com/form/views.h"
+
+#include <commctrl.h>
+
+#include "faces/com/com_text.h"
+#include "faces/com/form/common_controls.h"
+#include "faces/com/form/form_fonts.h"
+
+// What nobody works at: labels, frames and the rectangle.
+
+namespace zolt20::com {
+namespace {
+
+// A text that stays in the background and can be read all the same: two thirds of the way.
+COLORREF Quiet(COLORREF text, COLORREF background) {
+  const auto mix = [](int one, int other) { return (2 * one + other) / 3; };
+  return RGB(mix(GetRValue(text), GetRValue(background)),
+             mix(GetGValue(text), GetGValue(background)),
+             mix(GetBValue(text), GetBValue(background)));
+}
+
+class LabelWindow final : public ViewOf<Label> {
+ public:
+  LabelWindow(ViewOwner& owner, const Label& label)
+      : ViewOf(owner, label, {WC_STATICW, SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_ENDELLIPSIS}) {}
+
+  void Show(const faces::Change& /*change*/) override { ShowCaption(control().Caption()); }
+  HBRUSH Brush(HDC canvas) override {
+    SetBkMode(canvas, TRANSPARENT);
+    if (IsInstruction(control()))
+      SetTextColor(canvas, Quiet(GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)));
+    return GetSysColorBrush(COLOR_BTNFACE);
+  }
+};
+
+class FrameWindow final : public ViewOf<Frame> {
+ public:
+  FrameWindow(ViewOwner& owner, const Frame& frame)
+      : ViewOf(owner, frame, {kPanelClass, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}) {}
+
+  void Show(const faces::Change& /*change*/) override {
+    if (ShowCaption(control().Caption())) InvalidateRect(window(), nullptr, TRUE);
+  }
+  void Draw(HDC canvas) override {
+    if ((control().design().style & kNoBorder) != 0) return;
+    RECT border{};
+    GetClientRect(window(), &border);
+    const int line = MulDiv(kFontTwips, owner_.Dpi(), kTwipsPerInch);
+    RECT text{line / 2, 0, border.right, line * 3 / 2};
+    border.top += line * 2 / 3;
+    DrawEdge(canvas, &border, EDGE_ETCHED, BF_RECT);
+    const HGDIOBJ before = SelectObject(canvas, owner_.FontOf(control()));
+    SetBkColor(canvas, GetSysColor(COLOR_BTNFACE));
+    SetTextColor(canvas, GetSysColor(COLOR_BTNTEXT));
+    DrawTextW(canvas, Wide(shown_), -1, &text, DT_SINGLELINE | DT_NOPREFIX);
+    SelectObject(canvas, before);
+  }
+};
+
+class RectangleWindow final : public ViewOf<Rectangle> {
+ public:
+  RectangleWindow(ViewOwner& owner, const Rectangle& rectangle)
+      : ViewOf(owner, rectangle, {kPanelClass}) {}
+
+  // A decoration lies behind what it surrounds.
+  void Place(const RECT& place) override { PutAt(place, HWND_BOTTOM); }
+  void Draw(HDC canvas) override {
+    RECT border{};
+    GetClientRect(window(), &border);
+    DrawEdge(canvas, &border, EDGE_ETCHED, BF_RECT);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<ControlView> LabelView(ViewOwner& owner, const Label& label) {
+  return std::make_unique<LabelWindow>(owner, label);
+}
+
+std::unique_ptr<ControlView> FrameView(ViewOwner& owner, const Frame& frame) {
+  return std::make_unique<FrameWindow>(owner, frame);
+}
+
+std::unique_ptr<ControlView> RectangleView(ViewOwner& owner, const Rectangle& rectangle) {
+  return std::make_unique<RectangleWindow>(owner, rectangle);
+}
+
+}  // namespace zolt20::com

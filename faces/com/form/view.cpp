@@ -1,0 +1,33 @@
+#include "faces/com/form/view.h"
+
+#include "faces/com/com_text.h"
+#include "faces/com/form/views.h"
+
+namespace zolt20::com {
+
+void ControlView::PutAt(const RECT& place, HWND behind) {
+  SetWindowPos(window_, behind, place.left, place.top, place.right - place.left,
+               place.bottom - place.top, (behind == nullptr ? SWP_NOZORDER : 0U) | SWP_NOACTIVATE);
+}
+
+bool ControlView::ShowCaption(String caption) {
+  if (shown_ == caption) return false;
+  shown_ = std::move(caption);
+  SetWindowTextW(window_, Wide(shown_));
+  return true;
+}
+
+std::unique_ptr<ControlView> MakeView(ViewOwner& owner, const Control& control) {
+  switch (control.kind()) {
+    case Kind::Frame:
+      return FrameView(owner, static_cast<const Frame&>(control));
+    case Kind::Label:
+      return LabelView(owner, static_cast<const Label&>(control));
+    case Kind::Rectangle:
+      return RectangleView(owner, static_cast<const Rectangle&>(control));
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace zolt20::com

@@ -1,0 +1,12 @@
+// The kinds of views, each in a file of its own. Whoever takes one wants MakeView.
+#pragma once
+
+#include "faces/com/form/view.h"
+
+namespace zolt20::com {
+
+std::unique_ptr<ControlView> LabelView(ViewOwner& owner, const Label& label);
+std::unique_ptr<ControlView> FrameView(ViewOwner& owner, const Frame& frame);
+std::unique_ptr<ControlView> RectangleView(ViewOwner& owner, const Rectangle& rectangle);
+
+}  // namespace zolt20::com
