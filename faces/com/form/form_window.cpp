@@ -82,11 +82,7 @@ struct FormWindow::Child final : ControlView {
   void LooksChanged() override {
     if (statements) statements->Recolour();
   }
-  HBRUSH Brush(HDC canvas) override {
-    if (!HasCaption(control())) return BoxBrush(canvas, control());
-    SetBkMode(canvas, TRANSPARENT);
-    return GetSysColorBrush(COLOR_BTNFACE);
-  }
+  HBRUSH Brush(HDC canvas) override { return BoxBrush(canvas, control()); }
   void OnCommand(int code) override { form.OnCommand(*this, code); }
   LRESULT OnNotify(NMHDR& notice) override { return form.OnNotify(*this, notice); }
   bool OnMessage(UINT message, WPARAM wide, LPARAM longer) override {
@@ -245,14 +241,6 @@ static WindowKind KindOf(const Control& control) {
       kind = WC_COMBOBOXW;
       style |= WS_VSCROLL | CBS_HASSTRINGS | CBS_AUTOHSCROLL |
                ((traits & kEditable) != 0 ? CBS_DROPDOWN : CBS_DROPDOWNLIST);
-      break;
-    case Kind::Button:
-      kind = WC_BUTTONW;
-      style |= BS_PUSHBUTTON;
-      break;
-    case Kind::OptionButton:
-      kind = WC_BUTTONW;
-      style |= BS_RADIOBUTTON;
       break;
     case Kind::ScrollBar:
       kind = WC_SCROLLBARW;
@@ -444,15 +432,6 @@ void FormWindow::ShowChild(Child& child, const faces::Change& change) {
     case Kind::ComboBox:
       ShowCombo(child, change);
       break;
-    case Kind::Button:
-    case Kind::OptionButton:
-      ShowCaption(child, faces::CaptionWithMnemonic(control));
-      if (control.kind() == Kind::OptionButton) {
-        SendMessageW(
-            child.window(), BM_SETCHECK,
-            static_cast<const OptionButton&>(control).Value() ? BST_CHECKED : BST_UNCHECKED, 0);
-      }
-      break;
     case Kind::ScrollBar: {
       const auto& bar = static_cast<const ScrollBar&>(control);
       SCROLLINFO info{};
@@ -467,12 +446,6 @@ void FormWindow::ShowChild(Child& child, const faces::Change& change) {
     default:
       break;
   }
-}
-
-void FormWindow::ShowCaption(Child& child, StringView caption) {
-  if (child.shown == caption) return;
-  child.shown = caption;
-  SetWindowTextW(child.window(), Wide(child.shown));
 }
 
 // Redraws no more than what differs, and stays where the person is.
@@ -788,11 +761,6 @@ bool FormWindow::MoveFocus(bool forward) {
   return true;
 }
 
-void FormWindow::MoveOption(const Control& option, bool forward) {
-  const Control* next = faces::NextOption(Form(), option, forward);
-  if (next != nullptr) Make({Gesture::kClick, next});
-}
-
 bool FormWindow::TranslateKey(const MSG& message) {
   if (root_ == nullptr || !HasFocus()) return false;
   const Busy busy(*this);
@@ -1001,13 +969,6 @@ HBRUSH FormWindow::OnColour(HDC canvas, HWND window) const {
 void FormWindow::OnCommand(Child& child, int code) {
   const Control& control = child.control();
   switch (control.kind()) {
-    case Kind::Button:
-    case Kind::OptionButton:
-      // An option that gets the focus tells a click, too.
-      if (code == BN_CLICKED && !isFocusing_) {
-        Make({Gesture::kClick, &control});
-      }
-      break;
     case Kind::TextBox:
     case Kind::SyntaxTextBox:
       if (code == EN_CHANGE) TakeEdit(child);
@@ -1273,20 +1234,6 @@ bool FormWindow::OnChildKey(Child& child, WPARAM key) {
       const bool isCharacter = (key >= L'0' && key <= L'Z') || key >= VK_OEM_1;
       return isCommand && isCharacter && !isOfText;
     }
-    case Kind::Button:
-      if (key != VK_RETURN) return false;
-      Make({Gesture::kClick, &control});
-      return true;
-    case Kind::OptionButton:
-      if (key == VK_DOWN || key == VK_RIGHT) {
-        MoveOption(control, true);
-        return true;
-      }
-      if (key == VK_UP || key == VK_LEFT) {
-        MoveOption(control, false);
-        return true;
-      }
-      return false;
     case Kind::ListBox:
       return OnListKey(child, key);
     default:

@@ -124,7 +124,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void ShowRows(Child& child, const faces::Change& change);
   void ShowMarks(Child& child);
   void ShowCombo(Child& child, const faces::Change& change);
-  void ShowCaption(Child& child, StringView caption);
   void LayOut();
   void ShowFocus();
   void FocusOn(const Control& control);
@@ -160,7 +159,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   // Gestures.
   void Try(const std::function<faces::End()>& gesture) noexcept;
   bool MoveFocus(bool forward);
-  void MoveOption(const Control& option, bool forward);
   /// None when there is none.
   ControlView* ViewOf(HWND window) const;
 

@@ -25,6 +25,10 @@ std::unique_ptr<ControlView> MakeView(ViewOwner& owner, const Control& control) 
       return LabelView(owner, static_cast<const Label&>(control));
     case Kind::Rectangle:
       return RectangleView(owner, static_cast<const Rectangle&>(control));
+    case Kind::Button:
+      return ButtonView(owner, static_cast<const Button&>(control));
+    case Kind::OptionButton:
+      return OptionView(owner, static_cast<const OptionButton&>(control));
     default:
       return nullptr;
   }

@@ -8,5 +8,7 @@ namespace zolt20::com {
 std::unique_ptr<ControlView> LabelView(ViewOwner& owner, const Label& label);
 std::unique_ptr<ControlView> FrameView(ViewOwner& owner, const Frame& frame);
 std::unique_ptr<ControlView> RectangleView(ViewOwner& owner, const Rectangle& rectangle);
+std::unique_ptr<ControlView> ButtonView(ViewOwner& owner, const Button& button);
+std::unique_ptr<ControlView> OptionView(ViewOwner& owner, const OptionButton& option);
 
 }  // namespace zolt20::com
