@@ -215,9 +215,6 @@ static WindowKind KindOf(const Control& control) {
   DWORD extended = 0;
   const unsigned traits = control.design().style;
   switch (control.kind()) {
-    case Kind::TabStrip:
-      kind = WC_TABCONTROLW;
-      break;
     case Kind::SyntaxTextBox:
       kind = StatementBox::ClassName();
       style |= StatementBox::kStyle;
@@ -242,10 +239,6 @@ static WindowKind KindOf(const Control& control) {
       style |= WS_VSCROLL | CBS_HASSTRINGS | CBS_AUTOHSCROLL |
                ((traits & kEditable) != 0 ? CBS_DROPDOWN : CBS_DROPDOWNLIST);
       break;
-    case Kind::ScrollBar:
-      kind = WC_SCROLLBARW;
-      style |= SBS_VERT;
-      break;
     default:
       break;
   }
@@ -257,15 +250,6 @@ FormWindow::Child::Child(FormWindow& owner, const Control& shownControl)
   const Control& control = shownControl;
   const unsigned traits = control.design().style;
   switch (control.kind()) {
-    case Kind::TabStrip:
-      for (std::size_t page = 0; page < kPageCaptions.size(); ++page) {
-        String caption(kPageCaptions[page]);
-        TCITEMW item{};
-        item.mask = TCIF_TEXT;
-        item.pszText = const_cast<wchar_t*>(Wide(caption));
-        SendMessageW(window(), TCM_INSERTITEMW, page, reinterpret_cast<LPARAM>(&item));
-      }
-      break;
     case Kind::SyntaxTextBox:
       statements = std::make_unique<StatementBox>();
       statements->Attach(window());
@@ -406,10 +390,6 @@ void FormWindow::ShowView(ControlView& view, const faces::Change& change) {
 void FormWindow::ShowChild(Child& child, const faces::Change& change) {
   const Control& control = child.control();
   switch (control.kind()) {
-    case Kind::TabStrip:
-      SendMessageW(child.window(), TCM_SETCURSEL,
-                   static_cast<WPARAM>(static_cast<const TabStrip&>(control).Tab().value()), 0);
-      break;
     case Kind::SyntaxTextBox: {
       const auto& box = static_cast<const SyntaxTextBox&>(control);
       child.statements->Highlight(box.Highlight());
@@ -432,17 +412,6 @@ void FormWindow::ShowChild(Child& child, const faces::Change& change) {
     case Kind::ComboBox:
       ShowCombo(child, change);
       break;
-    case Kind::ScrollBar: {
-      const auto& bar = static_cast<const ScrollBar&>(control);
-      SCROLLINFO info{};
-      info.cbSize = sizeof info;
-      info.fMask = SIF_RANGE | SIF_POS | SIF_PAGE;
-      info.nMax = bar.Max();
-      info.nPage = 1;
-      info.nPos = bar.Value();
-      SetScrollInfo(child.window(), SB_CTL, &info, TRUE);
-      break;
-    }
     default:
       break;
   }
@@ -849,35 +818,8 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
         return view->OnNotify(notice);
       return 0;
     case WM_VSCROLL:
-      if (ControlView* child = ViewOf(reinterpret_cast<HWND>(longer))) {
-        SCROLLINFO info{};
-        info.cbSize = sizeof info;
-        info.fMask = SIF_ALL;
-        GetScrollInfo(child->window(), SB_CTL, &info);
-        int value = info.nPos;
-        switch (LOWORD(wide)) {
-          case SB_LINEUP:
-          case SB_PAGEUP:
-            value -= ScrollBar::SmallChange();
-            break;
-          case SB_LINEDOWN:
-          case SB_PAGEDOWN:
-            value += ScrollBar::SmallChange();
-            break;
-          case SB_TOP:
-            value = 0;
-            break;
-          case SB_BOTTOM:
-            value = info.nMax;
-            break;
-          case SB_THUMBPOSITION:  // a drag is one gesture, when the slider is let go
-            value = HIWORD(wide);
-            break;
-          default:
-            return 0;
-        }
-        Make({Gesture::kScroll, &child->control(), std::clamp(value, 0, info.nMax)});
-      }
+      if (ControlView* view = ViewOf(reinterpret_cast<HWND>(longer)))
+        view->OnScroll(LOWORD(wide), HIWORD(wide));
       return 0;
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
@@ -1004,11 +946,6 @@ void FormWindow::OnCommand(Child& child, int code) {
 LRESULT FormWindow::OnNotify(Child& child, NMHDR& notice) {
   const Control& control = child.control();
   switch (notice.code) {
-    case static_cast<UINT>(TCN_SELCHANGE): {
-      const auto page = static_cast<int>(SendMessageW(child.window(), TCM_GETCURSEL, 0, 0));
-      Make({Gesture::kTab, &control, page});
-      return 0;
-    }
     case static_cast<UINT>(LVN_GETDISPINFOW): {
       LVITEMW& item = reinterpret_cast<NMLVDISPINFOW&>(notice).item;
       const auto& list = static_cast<const ListBox&>(control);

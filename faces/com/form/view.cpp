@@ -29,6 +29,10 @@ std::unique_ptr<ControlView> MakeView(ViewOwner& owner, const Control& control) 
       return ButtonView(owner, static_cast<const Button&>(control));
     case Kind::OptionButton:
       return OptionView(owner, static_cast<const OptionButton&>(control));
+    case Kind::TabStrip:
+      return TabStripView(owner, static_cast<const TabStrip&>(control));
+    case Kind::ScrollBar:
+      return ScrollView(owner, static_cast<const ScrollBar&>(control));
     default:
       return nullptr;
   }

@@ -10,5 +10,7 @@ std::unique_ptr<ControlView> FrameView(ViewOwner& owner, const Frame& frame);
 std::unique_ptr<ControlView> RectangleView(ViewOwner& owner, const Rectangle& rectangle);
 std::unique_ptr<ControlView> ButtonView(ViewOwner& owner, const Button& button);
 std::unique_ptr<ControlView> OptionView(ViewOwner& owner, const OptionButton& option);
+std::unique_ptr<ControlView> TabStripView(ViewOwner& owner, const TabStrip& strip);
+std::unique_ptr<ControlView> ScrollView(ViewOwner& owner, const ScrollBar& bar);
 
 }  // namespace zolt20::com
