@@ -62,10 +62,6 @@ bool MayScroll(UINT message) {
          message == WM_SIZE || message == EM_SCROLLCARET || message == EM_SCROLL;
 }
 
-bool IsMultiLine(const Control& control) {
-  return (control.design().style & kMultiLine) != 0;
-}
-
 bool HasCaption(const Control& control) {
   return control.kind() == Kind::Button || control.kind() == Kind::OptionButton;
 }
@@ -220,14 +216,6 @@ static WindowKind KindOf(const Control& control) {
       style |= StatementBox::kStyle;
       extended = WS_EX_CLIENTEDGE;
       break;
-    case Kind::TextBox:
-      kind = WC_EDITW;
-      style |= ES_NOHIDESEL;
-      if (IsMultiLine(control)) style |= ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL;
-      style |= ES_AUTOHSCROLL;
-      if (IsMultiLine(control)) style |= WS_HSCROLL;
-      extended = WS_EX_CLIENTEDGE;
-      break;
     case Kind::ListBox:
       kind = WC_LISTVIEWW;
       style |= LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
@@ -253,9 +241,6 @@ FormWindow::Child::Child(FormWindow& owner, const Control& shownControl)
     case Kind::SyntaxTextBox:
       statements = std::make_unique<StatementBox>();
       statements->Attach(window());
-      break;
-    case Kind::TextBox:
-      SendMessageW(window(), EM_SETLIMITTEXT, 0x7FFFFFFE, 0);
       break;
     case Kind::ListBox: {
       LVCOLUMNW column{};
@@ -396,16 +381,6 @@ void FormWindow::ShowChild(Child& child, const faces::Change& change) {
       child.statements->Show(box.Text());
       break;
     }
-    case Kind::TextBox: {
-      const auto& box = static_cast<const TextBox&>(control);
-      ShowText(child, box.Text());
-      if (change.Has(Property::kSelStart)) {
-        SendMessageW(child.window(), EM_SETSEL, static_cast<WPARAM>(box.SelStart()),
-                     box.SelStart());
-        SendMessageW(child.window(), EM_SCROLLCARET, 0, 0);
-      }
-      break;
-    }
     case Kind::ListBox:
       ShowRows(child, change);
       break;
@@ -415,23 +390,6 @@ void FormWindow::ShowChild(Child& child, const faces::Change& change) {
     default:
       break;
   }
-}
-
-// Redraws no more than what differs, and stays where the person is.
-void FormWindow::ShowText(Child& child, StringView text) {
-  String shown = WithoutNuls(text);
-  if (shown == child.shown) return;
-  if (IsMultiLine(child.control())) {
-    const faces::Edit edit = faces::EditBetween(child.shown, shown, shown.size());
-    const String added = shown.substr(edit.position, edit.added);
-    SendMessageW(child.window(), EM_SETSEL, edit.position,
-                 static_cast<LPARAM>(edit.position + edit.removed));
-    SendMessageW(child.window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(Wide(added)));
-    SendMessageW(child.window(), EM_EMPTYUNDOBUFFER, 0, 0);
-  } else {
-    SetWindowTextW(child.window(), Wide(shown));
-  }
-  child.shown = std::move(shown);
 }
 
 void FormWindow::ShowRows(Child& child, const faces::Change& change) {
@@ -693,28 +651,6 @@ void FormWindow::TakeEdit(Child& child) {
     if (std::optional<String> text = child.statements->TakeEdit()) Type(child, std::move(*text));
     return;
   }
-  String now = WindowText(child.window());
-  if (now == child.shown) return;
-  DWORD caret = 0;
-  SendMessageW(child.window(), EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
-  const faces::Edit edit =
-      faces::EditBetween(child.shown, now, std::min<std::size_t>(caret, now.size()));
-  const String& text = static_cast<const TextBox&>(child.control()).Text();
-  const String changed = Concat(StringView(text).substr(0, edit.position),
-                                StringView(now).substr(edit.position, edit.added),
-                                StringView(text).substr(edit.position + edit.removed));
-  child.shown = std::move(now);
-  Type(child, changed);
-}
-
-void FormWindow::TypeKey(Child& child, wchar_t code) {
-  const auto& box = static_cast<const TextBox&>(child.control());
-  DWORD first = 0;
-  DWORD behind = 0;
-  SendMessageW(child.window(), EM_GETSEL, reinterpret_cast<WPARAM>(&first),
-               reinterpret_cast<LPARAM>(&behind));
-  const TextMark mark{static_cast<int>(first), static_cast<int>(behind)};
-  Key(box, static_cast<char16_t>(code), mark);
 }
 
 void FormWindow::PickEntry(Child& child) {
@@ -911,7 +847,6 @@ HBRUSH FormWindow::OnColour(HDC canvas, HWND window) const {
 void FormWindow::OnCommand(Child& child, int code) {
   const Control& control = child.control();
   switch (control.kind()) {
-    case Kind::TextBox:
     case Kind::SyntaxTextBox:
       if (code == EN_CHANGE) TakeEdit(child);
       break;
@@ -1074,7 +1009,7 @@ bool FormWindow::OnChild(Child& child, UINT message, WPARAM /*wide*/, LPARAM lon
         child.statements->Paste();
         return true;
       }
-      if (control.kind() == Kind::TextBox || child.edit != nullptr) {
+      if (child.edit != nullptr) {
         PasteText(child.FocusWindow());
         return true;
       }
@@ -1103,19 +1038,13 @@ bool FormWindow::OnChild(Child& child, UINT message, WPARAM /*wide*/, LPARAM lon
 
 bool FormWindow::OnCharacter(Child& child, wchar_t character) {
   const Control& control = child.control();
-  const bool isBox = control.kind() == Kind::TextBox || control.kind() == Kind::SyntaxTextBox;
-  if (character == L'\t' && !(isBox && IsMultiLine(control) && GetKeyState(VK_CONTROL) < 0))
-    return true;
+  const bool isBox = control.kind() == Kind::SyntaxTextBox;
+  if (character == L'\t' && !(isBox && GetKeyState(VK_CONTROL) < 0)) return true;
   if (character == 1 && isBox) {  // Ctrl+A
     SendMessageW(child.window(), EM_SETSEL, 0, -1);
     return true;
   }
-  if (&control == &Form().txtAsSet &&
-      (character >= L' ' || character == L'\b' || character == L'\r') && character != 0x7F) {
-    TypeKey(child, character);
-    return true;
-  }
-  if (character == L'\r' && !IsMultiLine(control)) return true;
+  if (character == L'\r' && !isBox) return true;
   if (control.kind() == Kind::ListBox) {
     if (character > L' ') OnListCharacter(child, character);
     return true;
@@ -1153,8 +1082,6 @@ bool FormWindow::OnChildKey(Child& child, WPARAM key) {
   const Control& control = child.control();
   const bool isControl = GetKeyState(VK_CONTROL) < 0;
   switch (control.kind()) {
-    case Kind::TextBox:
-      return key == VK_ESCAPE;
     case Kind::ComboBox:
       if (key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT) ForgetEntry(child);
       return false;
@@ -1180,8 +1107,6 @@ bool FormWindow::OnChildKey(Child& child, WPARAM key) {
 
 bool FormWindow::HasOwn(const Child& child, bool undo) {
   switch (child.control().kind()) {
-    case Kind::TextBox:
-      return undo && SendMessageW(child.window(), EM_CANUNDO, 0, 0) != 0;
     case Kind::SyntaxTextBox:
       return SendMessageW(child.window(), undo ? EM_CANUNDO : EM_CANREDO, 0, 0) != 0;
     case Kind::ComboBox:

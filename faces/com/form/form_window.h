@@ -120,7 +120,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void ShowView(ControlView& view, const faces::Change& change);
   void ShowChild(Child& child, const faces::Change& change);
   void PlaceChild(Child& child, const RECT& place);
-  void ShowText(Child& child, StringView text);
   void ShowRows(Child& child, const faces::Change& change);
   void ShowMarks(Child& child);
   void ShowCombo(Child& child, const faces::Change& change);
@@ -149,7 +148,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void OnListCharacter(Child& child, wchar_t character);
   void GoToRow(Child& child, int row);
   void TakeEdit(Child& child);
-  void TypeKey(Child& child, wchar_t code);
   void Type(Child& child, String text) noexcept;
   void PickEntry(Child& child);
   void ForgetEntry(Child& child);

@@ -33,6 +33,8 @@ std::unique_ptr<ControlView> MakeView(ViewOwner& owner, const Control& control) 
       return TabStripView(owner, static_cast<const TabStrip&>(control));
     case Kind::ScrollBar:
       return ScrollView(owner, static_cast<const ScrollBar&>(control));
+    case Kind::TextBox:
+      return TextView(owner, static_cast<const TextBox&>(control));
     default:
       return nullptr;
   }

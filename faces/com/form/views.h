@@ -12,5 +12,6 @@ std::unique_ptr<ControlView> ButtonView(ViewOwner& owner, const Button& button);
 std::unique_ptr<ControlView> OptionView(ViewOwner& owner, const OptionButton& option);
 std::unique_ptr<ControlView> TabStripView(ViewOwner& owner, const TabStrip& strip);
 std::unique_ptr<ControlView> ScrollView(ViewOwner& owner, const ScrollBar& bar);
+std::unique_ptr<ControlView> TextView(ViewOwner& owner, const TextBox& box);
 
 }  // namespace zolt20::com
