@@ -57,11 +57,6 @@ bool IsEditingKey(const MSG& message) {
   }
 }
 
-bool MayScroll(UINT message) {
-  return message == WM_VSCROLL || message == WM_MOUSEWHEEL || message == WM_KEYDOWN ||
-         message == WM_SIZE || message == EM_SCROLLCARET || message == EM_SCROLL;
-}
-
 bool HasCaption(const Control& control) {
   return control.kind() == Kind::Button || control.kind() == Kind::OptionButton;
 }
@@ -75,9 +70,6 @@ struct FormWindow::Child final : ControlView {
   HWND FocusWindow() const override { return edit != nullptr ? edit : window(); }
   void Show(const faces::Change& change) override { form.ShowChild(*this, change); }
   void Place(const RECT& place) override { form.PlaceChild(*this, place); }
-  void LooksChanged() override {
-    if (statements) statements->Recolour();
-  }
   HBRUSH Brush(HDC canvas) override { return BoxBrush(canvas, control()); }
   void OnCommand(int code) override { form.OnCommand(*this, code); }
   LRESULT OnNotify(NMHDR& notice) override { return form.OnNotify(*this, notice); }
@@ -86,16 +78,12 @@ struct FormWindow::Child final : ControlView {
   }
   bool OnKey(WPARAM key) override { return form.OnChildKey(*this, key); }
   bool OnCharacter(wchar_t character) override { return form.OnCharacter(*this, character); }
-  void MessageDone(UINT message) override {
-    if (MayScroll(message) && statements) statements->Scrolled();
-  }
   bool HasOwn(bool undo) const override { return FormWindow::HasOwn(*this, undo); }
 
   FormWindow& form;
-  HWND edit = nullptr;  // the line within an editable combo
-  String shown;         // of a text box: what it shows
-  String longestRow;    // of a list: the one of the most characters that was there
-  std::unique_ptr<StatementBox> statements;  // of a box of statements
+  HWND edit = nullptr;     // the line within an editable combo
+  String shown;            // of a text box: what it shows
+  String longestRow;       // of a list: the one of the most characters that was there
   bool isPicking = false;  // of a combo: its list was open, and an entry was chosen
   bool wasPicked = false;  // of a combo: what the last key or press chose is done
   faces::TypeAhead ahead;  // of a list
@@ -211,11 +199,6 @@ static WindowKind KindOf(const Control& control) {
   DWORD extended = 0;
   const unsigned traits = control.design().style;
   switch (control.kind()) {
-    case Kind::SyntaxTextBox:
-      kind = StatementBox::ClassName();
-      style |= StatementBox::kStyle;
-      extended = WS_EX_CLIENTEDGE;
-      break;
     case Kind::ListBox:
       kind = WC_LISTVIEWW;
       style |= LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
@@ -238,10 +221,6 @@ FormWindow::Child::Child(FormWindow& owner, const Control& shownControl)
   const Control& control = shownControl;
   const unsigned traits = control.design().style;
   switch (control.kind()) {
-    case Kind::SyntaxTextBox:
-      statements = std::make_unique<StatementBox>();
-      statements->Attach(window());
-      break;
     case Kind::ListBox: {
       LVCOLUMNW column{};
       column.mask = LVCF_WIDTH;
@@ -375,12 +354,6 @@ void FormWindow::ShowView(ControlView& view, const faces::Change& change) {
 void FormWindow::ShowChild(Child& child, const faces::Change& change) {
   const Control& control = child.control();
   switch (control.kind()) {
-    case Kind::SyntaxTextBox: {
-      const auto& box = static_cast<const SyntaxTextBox&>(control);
-      child.statements->Highlight(box.Highlight());
-      child.statements->Show(box.Text());
-      break;
-    }
     case Kind::ListBox:
       ShowRows(child, change);
       break;
@@ -644,15 +617,6 @@ void FormWindow::Try(const std::function<faces::End()>& gesture) noexcept {
   owner_.GestureEnds();
 }
 
-// What a person made of the text of a box.
-void FormWindow::TakeEdit(Child& child) {
-  if (isShowing_) return;
-  if (child.statements) {
-    if (std::optional<String> text = child.statements->TakeEdit()) Type(child, std::move(*text));
-    return;
-  }
-}
-
 void FormWindow::PickEntry(Child& child) {
   const auto row = static_cast<int>(SendMessageW(child.window(), CB_GETCURSEL, 0, 0));
   if (row < 0) return;
@@ -847,9 +811,6 @@ HBRUSH FormWindow::OnColour(HDC canvas, HWND window) const {
 void FormWindow::OnCommand(Child& child, int code) {
   const Control& control = child.control();
   switch (control.kind()) {
-    case Kind::SyntaxTextBox:
-      if (code == EN_CHANGE) TakeEdit(child);
-      break;
     case Kind::ComboBox: {
       // Platforms tell a choice in different orders, once or twice; it is one pick, when the list
       // is closed.
@@ -1005,10 +966,6 @@ bool FormWindow::OnChild(Child& child, UINT message, WPARAM /*wide*/, LPARAM lon
     child.wasPicked = false;
   switch (message) {
     case WM_PASTE:
-      if (child.statements) {
-        child.statements->Paste();
-        return true;
-      }
       if (child.edit != nullptr) {
         PasteText(child.FocusWindow());
         return true;
@@ -1038,13 +995,7 @@ bool FormWindow::OnChild(Child& child, UINT message, WPARAM /*wide*/, LPARAM lon
 
 bool FormWindow::OnCharacter(Child& child, wchar_t character) {
   const Control& control = child.control();
-  const bool isBox = control.kind() == Kind::SyntaxTextBox;
-  if (character == L'\t' && !(isBox && GetKeyState(VK_CONTROL) < 0)) return true;
-  if (character == 1 && isBox) {  // Ctrl+A
-    SendMessageW(child.window(), EM_SETSEL, 0, -1);
-    return true;
-  }
-  if (character == L'\r' && !isBox) return true;
+  if (character == L'\t' || character == L'\r') return true;
   if (control.kind() == Kind::ListBox) {
     if (character > L' ') OnListCharacter(child, character);
     return true;
@@ -1085,19 +1036,6 @@ bool FormWindow::OnChildKey(Child& child, WPARAM key) {
     case Kind::ComboBox:
       if (key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT) ForgetEntry(child);
       return false;
-    case Kind::SyntaxTextBox: {
-      if (key == VK_ESCAPE) return true;
-      const bool isShift = GetKeyState(VK_SHIFT) < 0;
-      const bool isCommand = isControl && GetKeyState(VK_MENU) >= 0;
-      if ((key == L'V' && isCommand) || (key == VK_INSERT && isShift && !isControl)) {
-        child.statements->Paste();
-        return true;
-      }
-      // A box of statements has no alignments, bullets or styles of letters.
-      const bool isOfText = key == L'A' || key == L'C' || key == L'X' || key == L'Y' || key == L'Z';
-      const bool isCharacter = (key >= L'0' && key <= L'Z') || key >= VK_OEM_1;
-      return isCommand && isCharacter && !isOfText;
-    }
     case Kind::ListBox:
       return OnListKey(child, key);
     default:
@@ -1107,8 +1045,6 @@ bool FormWindow::OnChildKey(Child& child, WPARAM key) {
 
 bool FormWindow::HasOwn(const Child& child, bool undo) {
   switch (child.control().kind()) {
-    case Kind::SyntaxTextBox:
-      return SendMessageW(child.window(), undo ? EM_CANUNDO : EM_CANREDO, 0, 0) != 0;
     case Kind::ComboBox:
       return undo && child.edit != nullptr && SendMessageW(child.edit, EM_CANUNDO, 0, 0) != 0;
     default:

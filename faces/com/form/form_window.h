@@ -147,7 +147,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   bool OnListKey(Child& child, WPARAM key);
   void OnListCharacter(Child& child, wchar_t character);
   void GoToRow(Child& child, int row);
-  void TakeEdit(Child& child);
   void Type(Child& child, String text) noexcept;
   void PickEntry(Child& child);
   void ForgetEntry(Child& child);

@@ -35,6 +35,8 @@ std::unique_ptr<ControlView> MakeView(ViewOwner& owner, const Control& control) 
       return ScrollView(owner, static_cast<const ScrollBar&>(control));
     case Kind::TextBox:
       return TextView(owner, static_cast<const TextBox&>(control));
+    case Kind::SyntaxTextBox:
+      return StatementsView(owner, static_cast<const SyntaxTextBox&>(control));
     default:
       return nullptr;
   }

@@ -13,5 +13,6 @@ std::unique_ptr<ControlView> OptionView(ViewOwner& owner, const OptionButton& op
 std::unique_ptr<ControlView> TabStripView(ViewOwner& owner, const TabStrip& strip);
 std::unique_ptr<ControlView> ScrollView(ViewOwner& owner, const ScrollBar& bar);
 std::unique_ptr<ControlView> TextView(ViewOwner& owner, const TextBox& box);
+std::unique_ptr<ControlView> StatementsView(ViewOwner& owner, const SyntaxTextBox& box);
 
 }  // namespace zolt20::com
