@@ -67,25 +67,17 @@ bool HasCaption(const Control& control) {
 struct FormWindow::Child final : ControlView {
   Child(FormWindow& window, const Control& shownControl);
 
-  HWND FocusWindow() const override { return edit != nullptr ? edit : window(); }
   void Show(const faces::Change& change) override { form.ShowChild(*this, change); }
   void Place(const RECT& place) override { form.PlaceChild(*this, place); }
-  HBRUSH Brush(HDC canvas) override { return BoxBrush(canvas, control()); }
-  void OnCommand(int code) override { form.OnCommand(*this, code); }
   LRESULT OnNotify(NMHDR& notice) override { return form.OnNotify(*this, notice); }
   bool OnMessage(UINT message, WPARAM wide, LPARAM longer) override {
     return form.OnChild(*this, message, wide, longer);
   }
   bool OnKey(WPARAM key) override { return form.OnChildKey(*this, key); }
   bool OnCharacter(wchar_t character) override { return form.OnCharacter(*this, character); }
-  bool HasOwn(bool undo) const override { return FormWindow::HasOwn(*this, undo); }
 
   FormWindow& form;
-  HWND edit = nullptr;     // the line within an editable combo
-  String shown;            // of a text box: what it shows
   String longestRow;       // of a list: the one of the most characters that was there
-  bool isPicking = false;  // of a combo: its list was open, and an entry was chosen
-  bool wasPicked = false;  // of a combo: what the last key or press chose is done
   faces::TypeAhead ahead;  // of a list
 };
 
@@ -197,18 +189,12 @@ static WindowKind KindOf(const Control& control) {
   const wchar_t* kind = nullptr;
   DWORD style = 0;
   DWORD extended = 0;
-  const unsigned traits = control.design().style;
   switch (control.kind()) {
     case Kind::ListBox:
       kind = WC_LISTVIEWW;
       style |= LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
       if (static_cast<const ListBox&>(control).IsSingle()) style |= LVS_SINGLESEL;
       extended = WS_EX_CLIENTEDGE;
-      break;
-    case Kind::ComboBox:
-      kind = WC_COMBOBOXW;
-      style |= WS_VSCROLL | CBS_HASSTRINGS | CBS_AUTOHSCROLL |
-               ((traits & kEditable) != 0 ? CBS_DROPDOWN : CBS_DROPDOWNLIST);
       break;
     default:
       break;
@@ -219,7 +205,6 @@ static WindowKind KindOf(const Control& control) {
 FormWindow::Child::Child(FormWindow& owner, const Control& shownControl)
     : ControlView(owner, shownControl, KindOf(shownControl)), form(owner) {
   const Control& control = shownControl;
-  const unsigned traits = control.design().style;
   switch (control.kind()) {
     case Kind::ListBox: {
       LVCOLUMNW column{};
@@ -231,16 +216,6 @@ FormWindow::Child::Child(FormWindow& owner, const Control& shownControl)
         SendMessageW(window(), LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK, 0);
       }
       SendMessageW(window(), LVM_SETEXTENDEDLISTVIEWSTYLE, wanted, static_cast<LPARAM>(wanted));
-      break;
-    }
-    case Kind::ComboBox: {
-      SendMessageW(window(), CB_LIMITTEXT, 0, 0);
-      COMBOBOXINFO info{};
-      info.cbSize = sizeof info;
-      if ((traits & kEditable) != 0 && GetComboBoxInfo(window(), &info) &&
-          info.hwndItem != nullptr) {
-        edit = info.hwndItem;
-      }
       break;
     }
     default:
@@ -357,9 +332,6 @@ void FormWindow::ShowChild(Child& child, const faces::Change& change) {
     case Kind::ListBox:
       ShowRows(child, change);
       break;
-    case Kind::ComboBox:
-      ShowCombo(child, change);
-      break;
     default:
       break;
   }
@@ -415,49 +387,6 @@ void FormWindow::ShowMarks(Child& child) {
   }
 }
 
-void FormWindow::ShowCombo(Child& child, const faces::Change& change) {
-  const auto& combo = static_cast<const ComboBox&>(child.control());
-  if ((change.what & faces::Change::kRows) != 0) {
-    SendMessageW(child.window(), WM_SETREDRAW, FALSE, 0);
-    SendMessageW(child.window(), CB_RESETCONTENT, 0, 0);
-    for (int row = 0; row < combo.ListCount(); ++row) {
-      const String text = WithoutNuls(combo.List(row));
-      SendMessageW(child.window(), CB_INSERTSTRING, static_cast<WPARAM>(-1),
-                   reinterpret_cast<LPARAM>(Wide(text)));
-    }
-    SendMessageW(child.window(), WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(child.window(), nullptr, TRUE);
-  }
-  String shown = WithoutNuls(combo.Text());
-  // An entry that is chosen no more is forgotten later, as long as the text is right: the platform
-  // would take the text away, and with it the caret and what can be taken back.
-  const bool isRight = combo.IsEditable() && WindowText(child.window()) == shown;
-  if (SendMessageW(child.window(), CB_GETCURSEL, 0, 0) != combo.ListIndex() &&
-      !(isRight && combo.ListIndex() < 0)) {
-    SendMessageW(child.window(), CB_SETCURSEL, static_cast<WPARAM>(combo.ListIndex()), 0);
-  }
-  if (combo.IsEditable()) {
-    if (WindowText(child.window()) != shown) SetWindowTextW(child.window(), Wide(shown));
-    child.shown = std::move(shown);
-  }
-  InvalidateRect(child.window(), nullptr, FALSE);
-}
-
-// Before the list or the arrows go on from an entry that is chosen no more.
-void FormWindow::ForgetEntry(Child& child) {
-  const auto& combo = static_cast<const ComboBox&>(child.control());
-  if (combo.ListIndex() >= 0 || SendMessageW(child.window(), CB_GETCURSEL, 0, 0) < 0) return;
-  const Showing showing(*this);
-  DWORD first = 0;
-  DWORD behind = 0;
-  SendMessageW(child.window(), CB_GETEDITSEL, reinterpret_cast<WPARAM>(&first),
-               reinterpret_cast<LPARAM>(&behind));
-  SendMessageW(child.window(), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-  if (!combo.IsEditable()) return;
-  SetWindowTextW(child.window(), Wide(child.shown));
-  SendMessageW(child.window(), CB_SETEDITSEL, 0, MAKELPARAM(first, behind));
-}
-
 void FormWindow::LayOut() {
   if (root_ == nullptr) return;
   RECT inside{};
@@ -490,11 +419,7 @@ void FormWindow::LayOut() {
 }
 
 void FormWindow::PlaceChild(Child& child, const RECT& place) {
-  RECT put = place;
-  // Of a combo it is the height with its list open.
-  if (child.control().kind() == Kind::ComboBox)
-    put.bottom = put.top + MulDiv(4'000, Dpi(), kTwipsPerInch);
-  child.ControlView::Place(put);
+  child.ControlView::Place(place);
   if (child.control().kind() == Kind::ListBox) {
     RECT list{};
     GetClientRect(child.window(), &list);
@@ -590,10 +515,6 @@ void FormWindow::Key(const TextBox& box, char16_t code, TextMark mark) noexcept 
   Try([&] { return person_.Key(box, code, mark); });
 }
 
-void FormWindow::Type(Child& child, String text) noexcept {
-  Make({Gesture::kType, &child.control(), UserGesture::kNone, std::move(text)});
-}
-
 void FormWindow::Try(const std::function<faces::End()>& gesture) noexcept {
   if (isShowing_ || isRetired_) return;
   const Busy busy(*this);
@@ -615,12 +536,6 @@ void FormWindow::Try(const std::function<faces::End()>& gesture) noexcept {
     // No memory to tell it.
   }
   owner_.GestureEnds();
-}
-
-void FormWindow::PickEntry(Child& child) {
-  const auto row = static_cast<int>(SendMessageW(child.window(), CB_GETCURSEL, 0, 0));
-  if (row < 0) return;
-  Make({Gesture::kPick, &child.control(), row});
 }
 
 bool FormWindow::MoveFocus(bool forward) {
@@ -767,8 +682,8 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
     case WM_DESTROY:
       if (window == root_) {
         isShowing_ = true;  // what the windows tell on their way is nobody's act
-        for (const auto& [window, view] : viewOfWindow_)
-          RemoveWindowSubclass(window, &ViewMessage, kSubclass);
+        for (const auto& [heard, view] : viewOfWindow_)
+          RemoveWindowSubclass(heard, &ViewMessage, kSubclass);
         for (const auto& [control, view] : views_) {
           ForgetName(view->window());
           spoken_.Take(view->window());
@@ -806,37 +721,6 @@ HBRUSH FormWindow::OnColour(HDC canvas, HWND window) const {
   ControlView* view = ViewOf(window);
   if (view == nullptr) view = ViewOf(GetParent(window));  // the line of a combo
   return view == nullptr ? nullptr : view->Brush(canvas);
-}
-
-void FormWindow::OnCommand(Child& child, int code) {
-  const Control& control = child.control();
-  switch (control.kind()) {
-    case Kind::ComboBox: {
-      // Platforms tell a choice in different orders, once or twice; it is one pick, when the list
-      // is closed.
-      const bool isOpen = SendMessageW(child.window(), CB_GETDROPPEDSTATE, 0, 0) != 0;
-      if (code == CBN_EDITCHANGE) {
-        Type(child, WindowText(child.window()));
-      } else if (code == CBN_DROPDOWN || code == CBN_SELENDCANCEL) {
-        if (code == CBN_DROPDOWN) ForgetEntry(child);
-        child.isPicking = false;
-        child.wasPicked = false;
-      } else if (code == CBN_SELENDOK && isOpen) {
-        child.isPicking = true;
-      } else if (code == CBN_CLOSEUP && std::exchange(child.isPicking, false)) {
-        child.wasPicked = true;
-        PickEntry(child);
-      } else if (code == CBN_SELENDOK || code == CBN_SELCHANGE) {
-        if (isOpen) break;
-        if (code == CBN_SELCHANGE && std::exchange(child.wasPicked, false)) break;
-        child.wasPicked = code == CBN_SELENDOK;
-        PickEntry(child);
-      }
-      break;
-    }
-    default:
-      break;
-  }
 }
 
 LRESULT FormWindow::OnNotify(Child& child, NMHDR& notice) {
@@ -962,15 +846,7 @@ bool FormWindow::OnView(ControlView& view, UINT message, WPARAM wide, LPARAM lon
 bool FormWindow::OnChild(Child& child, UINT message, WPARAM /*wide*/, LPARAM longer) {
   const Control& control = child.control();
   const bool isList = control.kind() == Kind::ListBox;
-  if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_MOUSEWHEEL)
-    child.wasPicked = false;
   switch (message) {
-    case WM_PASTE:
-      if (child.edit != nullptr) {
-        PasteText(child.FocusWindow());
-        return true;
-      }
-      return false;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
       if (isList) {
@@ -1031,22 +907,9 @@ bool FormWindow::OnKey(ControlView& view, WPARAM key) {
 
 bool FormWindow::OnChildKey(Child& child, WPARAM key) {
   const Control& control = child.control();
-  const bool isControl = GetKeyState(VK_CONTROL) < 0;
   switch (control.kind()) {
-    case Kind::ComboBox:
-      if (key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT) ForgetEntry(child);
-      return false;
     case Kind::ListBox:
       return OnListKey(child, key);
-    default:
-      return false;
-  }
-}
-
-bool FormWindow::HasOwn(const Child& child, bool undo) {
-  switch (child.control().kind()) {
-    case Kind::ComboBox:
-      return undo && child.edit != nullptr && SendMessageW(child.edit, EM_CANUNDO, 0, 0) != 0;
     default:
       return false;
   }

@@ -122,7 +122,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void PlaceChild(Child& child, const RECT& place);
   void ShowRows(Child& child, const faces::Change& change);
   void ShowMarks(Child& child);
-  void ShowCombo(Child& child, const faces::Change& change);
   void LayOut();
   void ShowFocus();
   void FocusOn(const Control& control);
@@ -139,7 +138,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   bool OnCharacter(Child& child, wchar_t character);
   void OnFocus(HWND window, bool came, HWND other);
   LRESULT OnNotify(Child& child, NMHDR& notice);
-  void OnCommand(Child& child, int code);
   HBRUSH OnColour(HDC canvas, HWND window) const;
   void DrawPanel(HWND window);
   bool OnKey(ControlView& view, WPARAM key);
@@ -147,10 +145,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   bool OnListKey(Child& child, WPARAM key);
   void OnListCharacter(Child& child, wchar_t character);
   void GoToRow(Child& child, int row);
-  void Type(Child& child, String text) noexcept;
-  void PickEntry(Child& child);
-  void ForgetEntry(Child& child);
-  static bool HasOwn(const Child& child, bool undo);
   void TakeBack(bool undo);
 
   // Gestures.

@@ -37,6 +37,8 @@ std::unique_ptr<ControlView> MakeView(ViewOwner& owner, const Control& control) 
       return TextView(owner, static_cast<const TextBox&>(control));
     case Kind::SyntaxTextBox:
       return StatementsView(owner, static_cast<const SyntaxTextBox&>(control));
+    case Kind::ComboBox:
+      return ComboView(owner, static_cast<const ComboBox&>(control));
     default:
       return nullptr;
   }
