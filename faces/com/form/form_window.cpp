@@ -1,24 +1,16 @@
 #include "faces/com/form/form_window.h"
 
 #include <commctrl.h>
-#include <richedit.h>
-#include <windowsx.h>
 
 #include <algorithm>
-#include <array>
-#include <limits>
 #include <stdexcept>
 #include <string>
 #include <utility>
 
 #include "faces/com/com_text.h"
 #include "faces/com/form/common_controls.h"
-#include "faces/com/form/plain_boxes.h"
-#include "faces/com/form/statement_box.h"
 #include "faces/shared/form_words.h"
 #include "faces/shared/neighbours.h"
-#include "faces/shared/shown_text.h"
-#include "faces/shared/type_ahead.h"
 
 namespace zolt20::com {
 namespace {
@@ -62,24 +54,6 @@ bool HasCaption(const Control& control) {
 }
 
 }  // namespace
-
-// The view of a control whose kind has no view of its own.
-struct FormWindow::Child final : ControlView {
-  Child(FormWindow& window, const Control& shownControl);
-
-  void Show(const faces::Change& change) override { form.ShowChild(*this, change); }
-  void Place(const RECT& place) override { form.PlaceChild(*this, place); }
-  LRESULT OnNotify(NMHDR& notice) override { return form.OnNotify(*this, notice); }
-  bool OnMessage(UINT message, WPARAM wide, LPARAM longer) override {
-    return form.OnChild(*this, message, wide, longer);
-  }
-  bool OnKey(WPARAM key) override { return form.OnChildKey(*this, key); }
-  bool OnCharacter(wchar_t character) override { return form.OnCharacter(*this, character); }
-
-  FormWindow& form;
-  String longestRow;       // of a list: the one of the most characters that was there
-  faces::TypeAhead ahead;  // of a list
-};
 
 // A message in progress: the window stays until the last of them is through.
 class FormWindow::Busy {
@@ -185,44 +159,6 @@ HWND FormWindow::ParentOf(const Control& control) const {
   return page == kEveryPage ? root_ : pages_[static_cast<std::size_t>(page)];
 }
 
-static WindowKind KindOf(const Control& control) {
-  const wchar_t* kind = nullptr;
-  DWORD style = 0;
-  DWORD extended = 0;
-  switch (control.kind()) {
-    case Kind::ListBox:
-      kind = WC_LISTVIEWW;
-      style |= LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
-      if (static_cast<const ListBox&>(control).IsSingle()) style |= LVS_SINGLESEL;
-      extended = WS_EX_CLIENTEDGE;
-      break;
-    default:
-      break;
-  }
-  return {kind, style, extended};
-}
-
-FormWindow::Child::Child(FormWindow& owner, const Control& shownControl)
-    : ControlView(owner, shownControl, KindOf(shownControl)), form(owner) {
-  const Control& control = shownControl;
-  switch (control.kind()) {
-    case Kind::ListBox: {
-      LVCOLUMNW column{};
-      column.mask = LVCF_WIDTH;
-      SendMessageW(window(), LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
-      DWORD wanted = LVS_EX_DOUBLEBUFFER | LVS_EX_FULLROWSELECT;
-      if (static_cast<const ListBox&>(control).HasCheckBoxes()) {
-        wanted |= LVS_EX_CHECKBOXES;
-        SendMessageW(window(), LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK, 0);
-      }
-      SendMessageW(window(), LVM_SETEXTENDEDLISTVIEWSTYLE, wanted, static_cast<LPARAM>(wanted));
-      break;
-    }
-    default:
-      break;
-  }
-}
-
 HWND FormWindow::MakeWindow(const Control& control, const WindowKind& kind) {
   const DWORD stop = control.TakesFocus() ? WS_TABSTOP : 0;
   const HWND window =
@@ -237,7 +173,6 @@ HWND FormWindow::MakeWindow(const Control& control, const WindowKind& kind) {
 
 void FormWindow::CreateView(const Control& control) {
   std::unique_ptr<ControlView> made = MakeView(*this, control);
-  if (made == nullptr) made = std::make_unique<Child>(*this, control);
   ControlView& view = *views_.emplace(&control, std::move(made)).first->second;
   if (control.TakesFocus() && !HasCaption(control))
     spoken_.Give(view.window(), faces::AccessibleName(control));
@@ -326,67 +261,6 @@ void FormWindow::ShowView(ControlView& view, const faces::Change& change) {
   }
 }
 
-void FormWindow::ShowChild(Child& child, const faces::Change& change) {
-  const Control& control = child.control();
-  switch (control.kind()) {
-    case Kind::ListBox:
-      ShowRows(child, change);
-      break;
-    default:
-      break;
-  }
-}
-
-void FormWindow::ShowRows(Child& child, const faces::Change& change) {
-  const auto& list = static_cast<const ListBox&>(child.control());
-  const bool rowsChanged = (change.what & faces::Change::kRows) != 0;
-  if (rowsChanged) {
-    SendMessageW(child.window(), LVM_SETITEMCOUNT, static_cast<WPARAM>(list.ListCount()),
-                 LVSICF_NOSCROLL);
-    if (change.behindRows == faces::Change::kAllRows) child.longestRow.clear();
-    const int behind = std::min(change.behindRows, list.ListCount());
-    for (int row = change.firstRow; row < behind; ++row) {
-      if (list.List(row).size() > child.longestRow.size()) child.longestRow = list.List(row);
-    }
-    RECT inside{};
-    GetClientRect(child.window(), &inside);
-    const int around = list.HasCheckBoxes() ? 26 : 12;
-    const auto width = static_cast<int>(SendMessageW(
-        child.window(), LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(Wide(child.longestRow))));
-    SendMessageW(child.window(), LVM_SETCOLUMNWIDTH, 0,
-                 std::max<int>(width + MulDiv(around, Dpi(), 96), inside.right));
-    InvalidateRect(child.window(), nullptr, FALSE);
-  }
-  if (rowsChanged || (change.what & faces::Change::kMarks) != 0) ShowMarks(child);
-  if (list.ListIndex() >= 0) {
-    LVITEMW item{};
-    item.stateMask = LVIS_FOCUSED;
-    item.state = LVIS_FOCUSED;
-    SendMessageW(child.window(), LVM_SETITEMSTATE, static_cast<WPARAM>(list.ListIndex()),
-                 reinterpret_cast<LPARAM>(&item));
-  }
-}
-
-void FormWindow::ShowMarks(Child& child) {
-  const auto& list = static_cast<const ListBox&>(child.control());
-  if (list.HasCheckBoxes()) {
-    InvalidateRect(child.window(), nullptr, FALSE);
-    return;
-  }
-  LVITEMW item{};
-  item.stateMask = LVIS_SELECTED;
-  SendMessageW(child.window(), LVM_SETITEMSTATE, static_cast<WPARAM>(-1),
-               reinterpret_cast<LPARAM>(&item));
-  item.state = LVIS_SELECTED;
-  int left = list.SelCount();
-  for (int row = 0; left > 0; ++row) {
-    if (!list.Selected(row)) continue;
-    --left;
-    SendMessageW(child.window(), LVM_SETITEMSTATE, static_cast<WPARAM>(row),
-                 reinterpret_cast<LPARAM>(&item));
-  }
-}
-
 void FormWindow::LayOut() {
   if (root_ == nullptr) return;
   RECT inside{};
@@ -415,16 +289,6 @@ void FormWindow::LayOut() {
     if (control->frame() == nullptr && control->design().page != kEveryPage) place.top -= top;
     view->Place({pixels(place.left), pixels(place.top), pixels(place.left + place.width),
                  pixels(place.top + place.height)});
-  }
-}
-
-void FormWindow::PlaceChild(Child& child, const RECT& place) {
-  child.ControlView::Place(place);
-  if (child.control().kind() == Kind::ListBox) {
-    RECT list{};
-    GetClientRect(child.window(), &list);
-    const auto column = SendMessageW(child.window(), LVM_GETCOLUMNWIDTH, 0, 0);
-    if (column < list.right) SendMessageW(child.window(), LVM_SETCOLUMNWIDTH, 0, list.right);
   }
 }
 
@@ -723,61 +587,6 @@ HBRUSH FormWindow::OnColour(HDC canvas, HWND window) const {
   return view == nullptr ? nullptr : view->Brush(canvas);
 }
 
-LRESULT FormWindow::OnNotify(Child& child, NMHDR& notice) {
-  const Control& control = child.control();
-  switch (notice.code) {
-    case static_cast<UINT>(LVN_GETDISPINFOW): {
-      LVITEMW& item = reinterpret_cast<NMLVDISPINFOW&>(notice).item;
-      const auto& list = static_cast<const ListBox&>(control);
-      if (item.iItem < 0 || item.iItem >= list.ListCount()) return 0;
-      if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
-        const String text = WithoutNuls(list.List(item.iItem));
-        const std::size_t count =
-            std::min(text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
-        std::copy_n(text.begin(), count, item.pszText);
-        item.pszText[count] = L'\0';
-      }
-      if ((item.mask & LVIF_STATE) != 0 && list.HasCheckBoxes()) {
-        item.stateMask |= LVIS_STATEIMAGEMASK;
-        item.state = INDEXTOSTATEIMAGEMASK(list.Selected(item.iItem) ? 2U : 1U);
-      }
-      return 0;
-    }
-    case static_cast<UINT>(NM_CUSTOMDRAW): {
-      // A mark looks the same whether the list has the focus or not: it is what the form is about.
-      auto& draw = reinterpret_cast<NMLVCUSTOMDRAW&>(notice);
-      if (control.kind() != Kind::ListBox) return CDRF_DODEFAULT;
-      if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
-      const auto& list = static_cast<const ListBox&>(control);
-      const auto row = static_cast<int>(draw.nmcd.dwItemSpec);
-      if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || list.HasCheckBoxes() ||
-          row >= list.ListCount() || !list.Selected(row) || !list.Enabled()) {
-        return CDRF_DODEFAULT;
-      }
-      draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
-      draw.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
-      draw.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
-      return CDRF_DODEFAULT;
-    }
-    case static_cast<UINT>(LVN_ITEMCHANGED): {
-      // A mark that came by another way than the mouse and the keys, such as from an aid for
-      // reading the screen.
-      const auto& change = reinterpret_cast<const NMLISTVIEW&>(notice);
-      const auto& list = static_cast<const ListBox&>(control);
-      const bool isMarked = (change.uNewState & LVIS_SELECTED) != 0;
-      const bool wasMarked = (change.uOldState & LVIS_SELECTED) != 0;
-      if (isShowing_ || isMarked == wasMarked || change.iItem < 0 ||
-          change.iItem >= list.ListCount())
-        return 0;
-      if (list.Selected(change.iItem) == isMarked || (!isMarked && list.IsSingle())) return 0;
-      Make({Gesture::kClickRow, &control, change.iItem});
-      return 0;
-    }
-    default:
-      return 0;
-  }
-}
-
 LRESULT CALLBACK FormWindow::ViewMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
                                          UINT_PTR /*id*/, DWORD_PTR data) {
   auto* const form = reinterpret_cast<FormWindow*>(data);
@@ -843,42 +652,6 @@ bool FormWindow::OnView(ControlView& view, UINT message, WPARAM wide, LPARAM lon
   }
 }
 
-bool FormWindow::OnChild(Child& child, UINT message, WPARAM /*wide*/, LPARAM longer) {
-  const Control& control = child.control();
-  const bool isList = control.kind() == Kind::ListBox;
-  switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-      if (isList) {
-        LVHITTESTINFO hit{};
-        hit.pt = {GET_X_LPARAM(longer), GET_Y_LPARAM(longer)};
-        const auto row = static_cast<int>(
-            SendMessageW(child.window(), LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
-        if (GetFocus() != child.window()) SetFocus(child.window());
-        if (isRetired_ || row < 0 || row >= static_cast<const ListBox&>(control).ListCount())
-          return true;
-        const bool isSecond = message == WM_LBUTTONDBLCLK;
-        Make({isSecond ? Gesture::kDoubleClickRow : Gesture::kClickRow, &control, row});
-      }
-      return isList;
-    case WM_LBUTTONUP:
-    case WM_RBUTTONDOWN:
-      return isList;
-    default:
-      return false;
-  }
-}
-
-bool FormWindow::OnCharacter(Child& child, wchar_t character) {
-  const Control& control = child.control();
-  if (character == L'\t' || character == L'\r') return true;
-  if (control.kind() == Kind::ListBox) {
-    if (character > L' ') OnListCharacter(child, character);
-    return true;
-  }
-  return false;
-}
-
 bool FormWindow::OnKey(ControlView& view, WPARAM key) {
   const bool isControl = GetKeyState(VK_CONTROL) < 0;
   if (key == VK_TAB && !isControl) {
@@ -905,79 +678,9 @@ bool FormWindow::OnKey(ControlView& view, WPARAM key) {
   return view.OnKey(key);
 }
 
-bool FormWindow::OnChildKey(Child& child, WPARAM key) {
-  const Control& control = child.control();
-  switch (control.kind()) {
-    case Kind::ListBox:
-      return OnListKey(child, key);
-    default:
-      return false;
-  }
-}
-
 void FormWindow::TakeBack(bool undo) {
   Try([&] { return undo ? person_.Undo() : person_.Redo(); });
   if (!isRetired_ && root_ != nullptr && HasFocus()) ShowFocus();
-}
-
-// In a single selection the keys move the mark, elsewhere the row that Space marks.
-bool FormWindow::OnListKey(Child& child, WPARAM key) {
-  const auto& list = static_cast<const ListBox&>(child.control());
-  const auto at = static_cast<int>(
-      SendMessageW(child.window(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
-  const auto page = static_cast<int>(SendMessageW(child.window(), LVM_GETCOUNTPERPAGE, 0, 0));
-  int row = 0;
-  switch (key) {
-    case VK_UP:
-      row = at - 1;
-      break;
-    case VK_DOWN:
-      row = at + 1;
-      break;
-    case VK_PRIOR:
-      row = at - page;
-      break;
-    case VK_NEXT:
-      row = at + page;
-      break;
-    case VK_HOME:
-      row = 0;
-      break;
-    case VK_END:
-      row = list.ListCount() - 1;
-      break;
-    case VK_SPACE:
-      if (at >= 0) Make({Gesture::kClickRow, &list, at});
-      return true;
-    case VK_RETURN:
-      if (at >= 0) Make({Gesture::kDoubleClickRow, &list, at});
-      return true;
-    default:
-      return false;
-  }
-  GoToRow(child, std::clamp(row, 0, std::max(0, list.ListCount() - 1)));
-  return true;
-}
-
-void FormWindow::GoToRow(Child& child, int row) {
-  const auto& list = static_cast<const ListBox&>(child.control());
-  if (row >= list.ListCount()) return;
-  LVITEMW item{};
-  item.stateMask = LVIS_FOCUSED;
-  item.state = LVIS_FOCUSED;
-  SendMessageW(child.window(), LVM_SETITEMSTATE, static_cast<WPARAM>(row),
-               reinterpret_cast<LPARAM>(&item));
-  SendMessageW(child.window(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
-  if (list.IsSingle()) Make({Gesture::kClickRow, &list, row});
-}
-
-void FormWindow::OnListCharacter(Child& child, wchar_t character) {
-  const auto& list = static_cast<const ListBox&>(child.control());
-  const auto at = static_cast<int>(
-      SendMessageW(child.window(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
-  const std::optional<int> row =
-      child.ahead.Find(list, at, static_cast<char16_t>(character), GetTickCount());
-  if (row) GoToRow(child, *row);
 }
 
 }  // namespace zolt20::com

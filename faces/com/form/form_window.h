@@ -79,7 +79,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
 
  private:
   class Busy;
-  struct Child;
 
   FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& owner);
   ~FormWindow() override;
@@ -100,6 +99,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   HWND MakeWindow(const Control& control, const WindowKind& kind) override;
   const Surface& Form() const override { return control_.Form(); }
   int Dpi() const override { return fonts_.Dpi(); }
+  bool IsGivenUp() const override { return isRetired_; }
   HFONT FontOf(const Control& control) const override { return fonts_.Of(Form(), control); }
   void Make(UserGesture gesture) noexcept override;
   void Key(const TextBox& box, char16_t code, TextMark mark) noexcept override;
@@ -118,10 +118,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void ShowNow() noexcept;
   void ShowEverything();
   void ShowView(ControlView& view, const faces::Change& change);
-  void ShowChild(Child& child, const faces::Change& change);
-  void PlaceChild(Child& child, const RECT& place);
-  void ShowRows(Child& child, const faces::Change& change);
-  void ShowMarks(Child& child);
   void LayOut();
   void ShowFocus();
   void FocusOn(const Control& control);
@@ -134,17 +130,10 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
                                       UINT_PTR id, DWORD_PTR data);
   LRESULT OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer);
   bool OnView(ControlView& view, UINT message, WPARAM wide, LPARAM longer);
-  bool OnChild(Child& child, UINT message, WPARAM wide, LPARAM longer);
-  bool OnCharacter(Child& child, wchar_t character);
   void OnFocus(HWND window, bool came, HWND other);
-  LRESULT OnNotify(Child& child, NMHDR& notice);
   HBRUSH OnColour(HDC canvas, HWND window) const;
   void DrawPanel(HWND window);
   bool OnKey(ControlView& view, WPARAM key);
-  bool OnChildKey(Child& child, WPARAM key);
-  bool OnListKey(Child& child, WPARAM key);
-  void OnListCharacter(Child& child, wchar_t character);
-  void GoToRow(Child& child, int row);
   void TakeBack(bool undo);
 
   // Gestures.

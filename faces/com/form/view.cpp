@@ -39,9 +39,10 @@ std::unique_ptr<ControlView> MakeView(ViewOwner& owner, const Control& control) 
       return StatementsView(owner, static_cast<const SyntaxTextBox&>(control));
     case Kind::ComboBox:
       return ComboView(owner, static_cast<const ComboBox&>(control));
-    default:
-      return nullptr;
+    case Kind::ListBox:
+      return ListView(owner, static_cast<const ListBox&>(control));
   }
+  return nullptr;
 }
 
 }  // namespace zolt20::com

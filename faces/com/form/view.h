@@ -46,6 +46,8 @@ class ViewOwner {
     bool& flag_;
     bool before_;
   };
+  /// Whether nothing may be made any more; there may be no control.
+  virtual bool IsGivenUp() const = 0;
   bool IsShowing() const { return isShowing_; }
   /// Whether a window is getting the focus.
   bool IsFocusing() const { return isFocusing_; }

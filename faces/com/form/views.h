@@ -15,5 +15,6 @@ std::unique_ptr<ControlView> ScrollView(ViewOwner& owner, const ScrollBar& bar);
 std::unique_ptr<ControlView> TextView(ViewOwner& owner, const TextBox& box);
 std::unique_ptr<ControlView> StatementsView(ViewOwner& owner, const SyntaxTextBox& box);
 std::unique_ptr<ControlView> ComboView(ViewOwner& owner, const ComboBox& combo);
+std::unique_ptr<ControlView> ListView(ViewOwner& owner, const ListBox& list);
 
 }  // namespace zolt20::com
