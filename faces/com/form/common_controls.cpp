@@ -48,9 +48,8 @@ CommonControls::~CommonControls() {
   if (cookie_ != 0) DeactivateActCtx(0, cookie_);
 }
 
-void RegisterClasses(WNDPROC root, WNDPROC panel) {
-  for (const auto& [name, procedure] :
-       {std::pair(kRootClass, root), std::pair(kPanelClass, panel)}) {
+void RegisterClasses(WNDPROC procedure) {
+  for (const wchar_t* name : {kRootClass, kPanelClass}) {
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
     description.lpfnWndProc = procedure;

@@ -20,7 +20,7 @@ class CommonControls {
 };
 
 /// Registers the classes of the form's own windows; a second time nothing happens.
-void RegisterClasses(WNDPROC root, WNDPROC panel);
+void RegisterClasses(WNDPROC procedure);
 /// The server is about to be unloaded.
 void UnregisterClasses();
 

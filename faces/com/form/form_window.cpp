@@ -15,63 +15,13 @@
 namespace zolt20::com {
 namespace {
 
-constexpr UINT kGoAway = WM_APP + 1;
-constexpr UINT kResolutionChanged = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
-constexpr UINT kThemeChanged = 0x031A;       // WM_THEMECHANGED
 constexpr UINT_PTR kSubclass = 1;
-
-// The keys by which texts and marks are changed and gone through.
-bool IsEditingKey(const MSG& message) {
-  if (message.message != WM_KEYDOWN || GetKeyState(VK_MENU) < 0) return false;
-  switch (message.wParam) {
-    case VK_LEFT:
-    case VK_RIGHT:
-    case VK_UP:
-    case VK_DOWN:
-    case VK_HOME:
-    case VK_END:
-    case VK_PRIOR:
-    case VK_NEXT:
-    case VK_RETURN:
-    case VK_BACK:
-    case VK_DELETE:
-    case VK_INSERT:
-      return true;
-    case L'A':
-    case L'C':
-    case L'V':
-    case L'X':
-    case L'Y':
-    case L'Z':
-      return GetKeyState(VK_CONTROL) < 0;
-    default:
-      return false;
-  }
-}
 
 bool HasCaption(const Control& control) {
   return control.kind() == Kind::Button || control.kind() == Kind::OptionButton;
 }
 
 }  // namespace
-
-// A message in progress: the window stays until the last of them is through.
-class FormWindow::Busy {
- public:
-  explicit Busy(FormWindow& window) : window_(window.shared_from_this()) { ++window_->busy_; }
-  ~Busy() {
-    --window_->busy_;
-    if (window_->busy_ == 0 && window_->root_ != nullptr &&
-        std::exchange(window_->goesLater_, false)) {
-      PostMessageW(window_->root_, kGoAway, 0, 0);
-    }
-  }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
-
- private:
-  std::shared_ptr<FormWindow> window_;
-};
 
 // Making windows.
 
@@ -89,6 +39,16 @@ FormWindow::FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& 
     : control_(control), person_(person), owner_(owner) {}
 
 FormWindow::~FormWindow() = default;
+
+FormWindow::Busy::Busy(FormWindow& window) : window_(window.shared_from_this()) {
+  ++window_->busy_;
+}
+
+FormWindow::Busy::~Busy() {
+  --window_->busy_;
+  if (window_->busy_ == 0 && window_->root_ != nullptr && std::exchange(window_->goesLater_, false))
+    PostMessageW(window_->root_, kGoAway, 0, 0);
+}
 
 void FormWindow::Retire() {
   isRetired_ = true;
@@ -110,7 +70,7 @@ void FormWindow::Retire() {
 }
 
 void FormWindow::Create(HWND parent, const RECT& place) {
-  RegisterClasses(&RootMessage, &PanelMessage);
+  RegisterClasses(&RootMessage);
   const Busy busy(*this);
   const CommonControls commonControls;
   const Showing showing(*this);
@@ -184,6 +144,35 @@ void FormWindow::Hear(HWND window, ControlView& view) {
   viewOfWindow_.emplace(window, &view);
   if (view.control().kind() != Kind::Frame)
     SetWindowSubclass(window, &ViewMessage, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+}
+
+ControlView* FormWindow::ViewOf(HWND window) const {
+  const auto found = viewOfWindow_.find(window);
+  return found == viewOfWindow_.end() ? nullptr : found->second;
+}
+
+// Before the windows go.
+void FormWindow::TakeLeave() {
+  isShowing_ = true;  // what the windows tell on their way is nobody's act
+  for (const auto& [window, view] : viewOfWindow_)
+    RemoveWindowSubclass(window, &ViewMessage, kSubclass);
+  for (const auto& [control, view] : views_) {
+    ForgetName(view->window());
+    spoken_.Take(view->window());
+  }
+}
+
+// The windows are gone.
+void FormWindow::Forget() {
+  root_ = nullptr;
+  if (isRetired_) {
+    self_ = nullptr;
+  } else {
+    control_.RemoveObserver(*this);  // its container took it away
+  }
+  views_.clear();
+  viewOfWindow_.clear();
+  pages_.clear();
 }
 
 // Notices.
@@ -400,287 +389,6 @@ void FormWindow::Try(const std::function<faces::End()>& gesture) noexcept {
     // No memory to tell it.
   }
   owner_.GestureEnds();
-}
-
-bool FormWindow::MoveFocus(bool forward) {
-  const Control* next = faces::NextInTabOrder(Form(), Form().Focused(), forward);
-  if (next == nullptr) return false;
-  FocusOn(*next);
-  return true;
-}
-
-bool FormWindow::TranslateKey(const MSG& message) {
-  if (root_ == nullptr || !HasFocus()) return false;
-  const Busy busy(*this);
-  const bool isAlt = GetKeyState(VK_MENU) < 0;
-  if (message.message == WM_KEYDOWN && message.wParam == VK_TAB && !isAlt &&
-      GetKeyState(VK_CONTROL) >= 0) {
-    return MoveFocus(GetKeyState(VK_SHIFT) >= 0);
-  }
-  // Some containers take for themselves what a control leaves to them.
-  if (IsEditingKey(message) && IsChild(root_, message.hwnd)) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-    return true;
-  }
-  if (message.message == WM_SYSCHAR) return ClickMnemonic(static_cast<wchar_t>(message.wParam));
-  return false;
-}
-
-bool FormWindow::ClickMnemonic(wchar_t letter) {
-  const auto lower = [](wchar_t character) {
-    return static_cast<wchar_t>(reinterpret_cast<UINT_PTR>(
-        CharLowerW(reinterpret_cast<wchar_t*>(static_cast<UINT_PTR>(character)))));
-  };
-  for (const Control* control : Form().Controls()) {
-    const char16_t own = faces::MnemonicOf(*control);
-    if (own == 0 || lower(static_cast<wchar_t>(own)) != lower(letter) || !control->Shown() ||
-        !control->Enabled())
-      continue;
-    Make({Gesture::kClick, control});
-    return true;
-  }
-  return false;
-}
-
-// What comes from the windows.
-
-ControlView* FormWindow::ViewOf(HWND window) const {
-  const auto found = viewOfWindow_.find(window);
-  return found == viewOfWindow_.end() ? nullptr : found->second;
-}
-
-LRESULT CALLBACK FormWindow::RootMessage(HWND window, UINT message, WPARAM wide, LPARAM longer) {
-  if (message == WM_NCCREATE) {
-    SetWindowLongPtrW(
-        window, GWLP_USERDATA,
-        reinterpret_cast<LONG_PTR>(reinterpret_cast<const CREATESTRUCTW*>(longer)->lpCreateParams));
-  }
-  auto* const form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (form == nullptr) return DefWindowProcW(window, message, wide, longer);
-  const Busy busy(*form);
-  try {
-    return form->OnRoot(window, message, wide, longer);
-  } catch (...) {
-    return 0;  // memory ran out; the platform takes no exceptions
-  }
-}
-
-LRESULT CALLBACK FormWindow::PanelMessage(HWND window, UINT message, WPARAM wide, LPARAM longer) {
-  return RootMessage(window, message, wide, longer);
-}
-
-LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer) {
-  if (message == kGoAway) {
-    constexpr int kThisOne = 1;
-    if (busy_ > kThisOne) {
-      goesLater_ = true;
-    } else {
-      DestroyWindow(root_);
-    }
-    return 0;
-  }
-  // Once it is given up there may be no control any more.
-  if (isRetired_ && message != WM_DESTROY && message != WM_NCDESTROY)
-    return DefWindowProcW(window, message, wide, longer);
-  switch (message) {
-    case WM_COMMAND:
-      if (const HWND from = reinterpret_cast<HWND>(longer); from == undo_ || from == redo_) {
-        if (HIWORD(wide) == BN_CLICKED) TakeBack(from == undo_);
-        return 0;
-      }
-      if (ControlView* view = ViewOf(reinterpret_cast<HWND>(longer))) view->OnCommand(HIWORD(wide));
-      return 0;
-    case WM_NOTIFY:
-      if (auto& notice = *reinterpret_cast<NMHDR*>(longer);
-          ControlView* view = ViewOf(notice.hwndFrom))
-        return view->OnNotify(notice);
-      return 0;
-    case WM_VSCROLL:
-      if (ControlView* view = ViewOf(reinterpret_cast<HWND>(longer)))
-        view->OnScroll(LOWORD(wide), HIWORD(wide));
-      return 0;
-    case WM_CTLCOLOREDIT:
-    case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORBTN:
-    case WM_CTLCOLORLISTBOX:
-      if (const HBRUSH brush =
-              OnColour(reinterpret_cast<HDC>(wide), reinterpret_cast<HWND>(longer))) {
-        return reinterpret_cast<LRESULT>(brush);
-      }
-      break;
-    case WM_ERASEBKGND: {
-      RECT inside{};
-      GetClientRect(window, &inside);
-      FillRect(reinterpret_cast<HDC>(wide), &inside, GetSysColorBrush(COLOR_BTNFACE));
-      return 1;
-    }
-    case WM_PAINT:
-      DrawPanel(window);
-      return 0;
-    case WM_LBUTTONDOWN:
-      TakeFocus();
-      return 0;
-    case WM_SETFOCUS:
-      if (window == root_ && !isShowing_ && !isRetired_) {
-        owner_.FocusCame();
-        if (isRetired_ || root_ == nullptr || GetFocus() != root_) return 0;
-        const Control* first = Form().Focused();
-        if (first == nullptr)
-          first = faces::NextInTabOrder(Form(), nullptr, GetKeyState(VK_SHIFT) >= 0);
-        if (first != nullptr) FocusOn(*first);
-      }
-      return 0;
-    case WM_SIZE:
-      if (window == root_) LayOut();
-      return 0;
-    case kResolutionChanged:
-      if (window == root_) ResolutionChanged();
-      return 0;
-    case WM_SYSCOLORCHANGE:
-    case kThemeChanged:
-      if (window == root_) ColoursChanged();
-      return 0;
-    case WM_CLOSE:
-      return 0;  // a box of several lines asks for it at Esc, in the belief that this is a dialog
-    case WM_DESTROY:
-      if (window == root_) {
-        isShowing_ = true;  // what the windows tell on their way is nobody's act
-        for (const auto& [heard, view] : viewOfWindow_)
-          RemoveWindowSubclass(heard, &ViewMessage, kSubclass);
-        for (const auto& [control, view] : views_) {
-          ForgetName(view->window());
-          spoken_.Take(view->window());
-        }
-      }
-      break;
-    case WM_NCDESTROY:
-      SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-      if (window == root_) {
-        root_ = nullptr;
-        if (isRetired_) {
-          self_ = nullptr;
-        } else {
-          control_.RemoveObserver(*this);  // its container took it away
-        }
-        views_.clear();
-        viewOfWindow_.clear();
-        pages_.clear();
-      }
-      break;
-    default:
-      break;
-  }
-  return DefWindowProcW(window, message, wide, longer);
-}
-
-void FormWindow::DrawPanel(HWND window) {
-  PAINTSTRUCT paint{};
-  const HDC canvas = BeginPaint(window, &paint);
-  if (ControlView* view = ViewOf(window)) view->Draw(canvas);
-  EndPaint(window, &paint);
-}
-
-HBRUSH FormWindow::OnColour(HDC canvas, HWND window) const {
-  ControlView* view = ViewOf(window);
-  if (view == nullptr) view = ViewOf(GetParent(window));  // the line of a combo
-  return view == nullptr ? nullptr : view->Brush(canvas);
-}
-
-LRESULT CALLBACK FormWindow::ViewMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
-                                         UINT_PTR /*id*/, DWORD_PTR data) {
-  auto* const form = reinterpret_cast<FormWindow*>(data);
-  ControlView* const view = form->ViewOf(window);
-  if (view == nullptr || form->isRetired_) return DefSubclassProc(window, message, wide, longer);
-  const Busy busy(*form);
-  try {
-    switch (message) {
-      case WM_GETDLGCODE: {
-        // Every key is the form's but Esc, which closes the dialog around. The window does not
-        // learn that there is one.
-        const auto* key = reinterpret_cast<const MSG*>(longer);
-        const LRESULT wanted = DefSubclassProc(window, message, wide, 0);
-        const bool isEscape = key != nullptr && key->wParam == VK_ESCAPE;
-        return isEscape ? wanted & ~DLGC_WANTALLKEYS : wanted | DLGC_WANTALLKEYS;
-      }
-      case WM_SETFOCUS:
-      case WM_KILLFOCUS: {
-        const bool before = std::exchange(form->isFocusing_, message == WM_SETFOCUS);
-        const LRESULT result = DefSubclassProc(window, message, wide, longer);
-        form->isFocusing_ = before;
-        form->OnFocus(window, message == WM_SETFOCUS, reinterpret_cast<HWND>(wide));
-        return result;
-      }
-      default: {
-        if (form->OnView(*view, message, wide, longer)) return 0;
-        const LRESULT result = DefSubclassProc(window, message, wide, longer);
-        // The view may be gone with the message.
-        if (ControlView* const left = form->ViewOf(window)) left->MessageDone(message);
-        return result;
-      }
-    }
-  } catch (...) {
-    return 0;  // memory ran out; the platform takes no exceptions
-  }
-}
-
-void FormWindow::OnFocus(HWND window, bool came, HWND other) {
-  if (isShowing_ || isRetired_) return;
-  const bool isWithin = other != nullptr && (other == root_ || IsChild(root_, other));
-  if (!came) {
-    if (!isWithin) owner_.FocusWent();
-    return;
-  }
-  if (!isWithin) owner_.FocusCame();
-  if (isRetired_ || root_ == nullptr) return;
-  const ControlView* view = ViewOf(window);
-  if (view != nullptr && Form().Focused() != &view->control())
-    Make({Gesture::kFocus, &view->control()});
-}
-
-bool FormWindow::OnView(ControlView& view, UINT message, WPARAM wide, LPARAM longer) {
-  if (view.OnMessage(message, wide, longer)) return true;
-  switch (message) {
-    case WM_KEYDOWN:
-      return OnKey(view, wide);
-    case WM_SYSCHAR:
-      return ClickMnemonic(static_cast<wchar_t>(wide));
-    case WM_CHAR:
-      return view.OnCharacter(static_cast<wchar_t>(wide));
-    default:
-      return false;
-  }
-}
-
-bool FormWindow::OnKey(ControlView& view, WPARAM key) {
-  const bool isControl = GetKeyState(VK_CONTROL) < 0;
-  if (key == VK_TAB && !isControl) {
-    const bool forward = GetKeyState(VK_SHIFT) >= 0;
-    if (MoveFocus(forward)) return true;
-    MSG message{};
-    message.hwnd = view.window();
-    message.message = WM_KEYDOWN;
-    message.wParam = VK_TAB;
-    if (owner_.LeavesAtTheEnd(message)) return true;
-    // In a container that knows nothing of this it goes on as in any dialog.
-    const HWND parent = GetParent(root_);
-    const HWND next = GetNextDlgTabItem(GetAncestor(root_, GA_ROOT), root_, !forward);
-    if (parent != nullptr && next != nullptr && next != root_ && !IsChild(root_, next))
-      SetFocus(next);
-    return true;
-  }
-  if (isControl && GetKeyState(VK_MENU) >= 0 && (key == L'Z' || key == L'Y')) {
-    const bool isUndo = key == L'Z' && GetKeyState(VK_SHIFT) >= 0;
-    if (view.HasOwn(isUndo)) return false;
-    TakeBack(isUndo);
-    return true;
-  }
-  return view.OnKey(key);
-}
-
-void FormWindow::TakeBack(bool undo) {
-  Try([&] { return undo ? person_.Undo() : person_.Redo(); });
-  if (!isRetired_ && root_ != nullptr && HasFocus()) ShowFocus();
 }
 
 }  // namespace zolt20::com

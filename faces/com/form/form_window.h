@@ -78,7 +78,19 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   bool ClickMnemonic(wchar_t letter);
 
  private:
-  class Busy;
+  static constexpr UINT kGoAway = WM_APP + 1;
+
+  /// A message in progress: the window stays until the last of them is through.
+  class Busy {
+   public:
+    explicit Busy(FormWindow& window);
+    ~Busy();
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+   private:
+    std::shared_ptr<FormWindow> window_;
+  };
 
   FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& owner);
   ~FormWindow() override;
@@ -114,6 +126,10 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void ResolutionChanged();
   void ColoursChanged();
 
+  void TakeLeave();
+  void Forget();
+  ControlView* ViewOf(HWND window) const;
+
   // Showing.
   void ShowNow() noexcept;
   void ShowEverything();
@@ -125,10 +141,13 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
 
   // What comes from the windows.
   static LRESULT CALLBACK RootMessage(HWND window, UINT message, WPARAM wide, LPARAM longer);
-  static LRESULT CALLBACK PanelMessage(HWND window, UINT message, WPARAM wide, LPARAM longer);
   static LRESULT CALLBACK ViewMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
                                       UINT_PTR id, DWORD_PTR data);
   LRESULT OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  void GoAway();
+  void OnOwn(UINT message);
+  void OnOwnFocus();
+  void OnCommand(HWND from, int code);
   bool OnView(ControlView& view, UINT message, WPARAM wide, LPARAM longer);
   void OnFocus(HWND window, bool came, HWND other);
   HBRUSH OnColour(HDC canvas, HWND window) const;
@@ -139,8 +158,6 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   // Gestures.
   void Try(const std::function<faces::End()>& gesture) noexcept;
   bool MoveFocus(bool forward);
-  /// None when there is none.
-  ControlView* ViewOf(HWND window) const;
 
   ZOLT20MapControl& control_;
   faces::Person& person_;
