@@ -6,9 +6,39 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace zolt20::qt {
+namespace {
+
+std::optional<faces::ListKey> ListKeyOf(const QKeyEvent& event) {
+  using faces::ListKey;
+  switch (event.key()) {
+    case Qt::Key_Up:
+      return ListKey::kUp;
+    case Qt::Key_Down:
+      return ListKey::kDown;
+    case Qt::Key_PageUp:
+      return ListKey::kPageUp;
+    case Qt::Key_PageDown:
+      return ListKey::kPageDown;
+    case Qt::Key_Home:
+      return ListKey::kHome;
+    case Qt::Key_End:
+      return ListKey::kEnd;
+    case Qt::Key_Space:
+      if (event.modifiers() != Qt::NoModifier) return std::nullopt;
+      return ListKey::kSpace;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return ListKey::kEnter;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
 
 RowsView::RowsView(const ListBox& list, QWidget* parent)
     : QListView(parent), list_(list), model_(new RowsModel(list, this)) {
@@ -232,54 +262,29 @@ void RowsView::PressRow(const QMouseEvent& event, bool isSecond) {
 
 void RowsView::keyPressEvent(QKeyEvent* event) {
   const int before = currentIndex().row();
-  const bool isSpace = event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier;
-  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if ((isSpace || (isEnter && list_.IsSingle())) && currentIndex().isValid()) {
-    const int row = model_->ControlRow(before);
-    if (isEnter) {
-      emit RowDoubleClicked(row);
-    } else {
-      emit RowClicked(row);
-    }
+  const std::optional<faces::ListKey> key = ListKeyOf(*event);
+  const faces::ListStep step =
+      key ? faces::StepOf(*key, {before, model_->rowCount(), RowsInSight(), list_.IsSingle()})
+          : faces::ListStep();
+  if (step.row >= 0) {
+    Take(step);
     return;
   }
-  QListView::keyPressEvent(event);  // arrows, pages, and the first letters of a row
-  // In a single selection the row that the keys come to is the marked one.
+  QListView::keyPressEvent(event);  // the first letters of a row
   const int now = currentIndex().row();
-  if (list_.IsSingle() && now >= 0 && now != before) emit RowClicked(model_->ControlRow(now));
+  if (now >= 0 && now != before) Take(faces::StepTo(now, list_.IsSingle()));
 }
 
-QModelIndex RowsView::moveCursor(CursorAction action, Qt::KeyboardModifiers /*modifiers*/) {
-  const int last = model_->rowCount() - 1;
-  if (last < 0) return {};
-  if (!currentIndex().isValid()) return model_->index(action == MoveEnd ? last : 0);
-  int row = currentIndex().row();
-  switch (action) {
-    case MoveUp:
-    case MovePrevious:
-      --row;
-      break;
-    case MoveDown:
-    case MoveNext:
-      ++row;
-      break;
-    case MovePageUp:
-      row -= RowsInSight();
-      break;
-    case MovePageDown:
-      row += RowsInSight();
-      break;
-    case MoveHome:
-      row = 0;
-      break;
-    case MoveEnd:
-      row = last;
-      break;
-    case MoveLeft:
-    case MoveRight:
-      break;
-  }
-  return model_->index(std::clamp(row, 0, last));
+void RowsView::Take(const faces::ListStep& step) {
+  if (step.moves)
+    selectionModel()->setCurrentIndex(model_->index(step.row), QItemSelectionModel::NoUpdate);
+  if (step.gesture == Gesture::kClickRow) emit RowClicked(model_->ControlRow(step.row));
+  if (step.gesture == Gesture::kDoubleClickRow) emit RowDoubleClicked(model_->ControlRow(step.row));
+}
+
+// Past that of QListView, which walks all rows. The keys that move are taken before.
+QModelIndex RowsView::moveCursor(CursorAction /*action*/, Qt::KeyboardModifiers /*modifiers*/) {
+  return currentIndex().isValid() ? currentIndex() : model_->index(0);
 }
 
 QItemSelectionModel::SelectionFlags RowsView::selectionCommand(const QModelIndex& /*index*/,

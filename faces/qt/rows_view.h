@@ -9,6 +9,7 @@
 #include <QListView>
 
 #include "faces/qt/rows_model.h"
+#include "faces/shared/list_keys.h"
 
 namespace zolt20::qt {
 
@@ -67,6 +68,7 @@ class RowsView final : public QListView {
   /// How many rows are wholly in sight, at least 1.
   int RowsInSight() const;
   void PressRow(const QMouseEvent& event, bool isSecond);
+  void Take(const faces::ListStep& step);
   void Tell(QAccessible::Event what, const QModelIndex& index);
 
   const ListBox& list_;

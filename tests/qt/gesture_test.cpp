@@ -73,6 +73,30 @@ TEST_F(GestureTest, KeysInAListTellWhatTheyDo) {
   ExpectTold({"dblclick lstFields 1"});
 }
 
+TEST_F(GestureTest, AtTheEndOfAListAKeyMarksTheRowAgain) {
+  Click("lsttables", 0);
+  Click("lstFields", 0);
+  Log();
+  Press(Qt::Key_Up);
+  ExpectTold({"click lstFields 0"});
+  Press(Qt::Key_End);
+  const Texts last = Log();
+  EXPECT_EQ(last.size(), 1U);
+  Press(Qt::Key_PageDown);
+  ExpectTold(last);
+}
+
+TEST_F(GestureTest, InAListOfSeveralMarksKeysMoveAndEnterIsADoubleClick) {
+  Click("lsttables", 0);
+  Log();
+  Press(Qt::Key_Down);
+  ExpectTold({});
+  Press(Qt::Key_Space);
+  ExpectTold({"click lsttables 1"});
+  Press(Qt::Key_Return);
+  ExpectTold({"dblclick lsttables 1"});
+}
+
 TEST_F(GestureTest, AButtonAndAnOptionHaveNoNumber) {
   Click("cmdCancel");
   ExpectTold({"focus cmdCancel", "eventCancel", "click cmdCancel"});

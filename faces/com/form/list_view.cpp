@@ -4,9 +4,11 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <array>
 
 #include "faces/com/com_text.h"
 #include "faces/com/form/plain_boxes.h"
+#include "faces/shared/list_keys.h"
 #include "faces/shared/type_ahead.h"
 
 // Lists: rows, with marks or check boxes, which the platform asks for when it draws them.
@@ -36,7 +38,7 @@ class ListWindow final : public ViewOf<ListBox> {
   int Current() const {
     return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
   }
-  void GoToRow(int row);
+  void Take(const faces::ListStep& step);
 
   String longestRow_;  // the one of the most characters that was there
   faces::TypeAhead ahead_;
@@ -204,41 +206,22 @@ void ListWindow::Press(POINT point, Gesture gesture) {
   if (!owner.IsGivenUp() && row >= 0 && row < list.ListCount()) owner.Make({gesture, &list, row});
 }
 
-// In a single selection the keys move the mark, elsewhere the row that Space marks.
 bool ListWindow::OnKey(WPARAM key) {
-  const int at = Current();
+  using faces::ListKey;
+  static constexpr std::array<std::pair<WPARAM, ListKey>, 8> kKeys{{{VK_UP, ListKey::kUp},
+                                                                    {VK_DOWN, ListKey::kDown},
+                                                                    {VK_PRIOR, ListKey::kPageUp},
+                                                                    {VK_NEXT, ListKey::kPageDown},
+                                                                    {VK_HOME, ListKey::kHome},
+                                                                    {VK_END, ListKey::kEnd},
+                                                                    {VK_SPACE, ListKey::kSpace},
+                                                                    {VK_RETURN, ListKey::kEnter}}};
+  const auto* const found = std::find_if(kKeys.begin(), kKeys.end(),
+                                         [key](const auto& each) { return each.first == key; });
+  if (found == kKeys.end()) return false;
   const auto page = static_cast<int>(Send(LVM_GETCOUNTPERPAGE));
-  const int last = control().ListCount() - 1;
-  int row = 0;
-  switch (key) {
-    case VK_UP:
-      row = at - 1;
-      break;
-    case VK_DOWN:
-      row = at + 1;
-      break;
-    case VK_PRIOR:
-      row = at - page;
-      break;
-    case VK_NEXT:
-      row = at + page;
-      break;
-    case VK_HOME:
-      row = 0;
-      break;
-    case VK_END:
-      row = last;
-      break;
-    case VK_SPACE:
-      if (at >= 0) Make(Gesture::kClickRow, at);
-      return true;
-    case VK_RETURN:
-      if (at >= 0) Make(Gesture::kDoubleClickRow, at);
-      return true;
-    default:
-      return false;
-  }
-  GoToRow(std::clamp(row, 0, std::max(0, last)));
+  Take(
+      faces::StepOf(found->second, {Current(), control().ListCount(), page, control().IsSingle()}));
   return true;
 }
 
@@ -246,15 +229,17 @@ bool ListWindow::OnCharacter(wchar_t character) {
   if (character <= L' ') return true;
   const std::optional<int> row =
       ahead_.Find(control(), Current(), static_cast<char16_t>(character), GetTickCount());
-  if (row) GoToRow(*row);
+  if (row) Take(faces::StepTo(*row, control().IsSingle()));
   return true;
 }
 
-void ListWindow::GoToRow(int row) {
-  if (row >= control().ListCount()) return;
-  SetState(row, LVIS_FOCUSED, LVIS_FOCUSED);
-  Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
-  if (control().IsSingle()) Make(Gesture::kClickRow, row);
+void ListWindow::Take(const faces::ListStep& step) {
+  if (step.row < 0) return;
+  if (step.moves) {
+    SetState(step.row, LVIS_FOCUSED, LVIS_FOCUSED);
+    Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(step.row), FALSE);
+  }
+  if (step.gesture) Make(*step.gesture, step.row);
 }
 
 }  // namespace

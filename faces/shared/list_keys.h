@@ -1,0 +1,34 @@
+// Which row of a list a key goes to, and what it does there. Knows no platform.
+//
+// As in a list of Windows: in a single selection a key that moves marks the row that it comes to,
+// at an end of the list the same row again. In other lists it moves alone, and Space marks.
+#pragma once
+
+#include <optional>
+
+#include "surface/gesture.h"
+
+namespace zolt20::faces {
+
+enum class ListKey { kUp, kDown, kPageUp, kPageDown, kHome, kEnd, kSpace, kEnter };
+
+/// A list when a key comes.
+struct ListPlace {
+  int current = -1;  ///< the row that the keys stand on, -1 for none
+  int count = 0;     ///< of rows
+  int page = 1;      ///< the rows that are seen at once
+  bool isSingle = false;
+};
+
+struct ListStep {
+  int row = -1;                         ///< the row of the step, -1 for no step at all
+  bool moves = false;                   ///< the keys stand on the row from now on, and it is seen
+  std::optional<Gesture> gesture = {};  ///< what the person makes of the row
+};
+
+ListStep StepOf(ListKey key, const ListPlace& place);
+
+/// The step to a row that was found otherwise, such as by its letters.
+ListStep StepTo(int row, bool isSingle);
+
+}  // namespace zolt20::faces
