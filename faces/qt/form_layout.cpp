@@ -291,7 +291,6 @@ QWidget* FormLayout::Pages(const Part& part) {
   auto* pages = new QStackedWidget(&owner_);
   for (const Part& page : part.parts)
     pages->addWidget(Whole(page));
-  pages->setContentsMargins(0, kMargin, 0, 0);
   const QWidget& strip = *Of(kForm[kRowOf<ControlName::tabVrn>]);
   QObject::connect(static_cast<const QTabBar*>(&strip), &QTabBar::currentChanged, pages,
                    &QStackedWidget::setCurrentIndex);

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "surface/list_box.h"
-
 namespace zolt20::faces {
 
 DrawnRows::DrawnRows(const RowsControl& rows, Fold fold)

@@ -6,7 +6,7 @@
 #include <map>
 #include <vector>
 
-#include "surface/surface.h"
+#include "surface/list_box.h"
 
 namespace zolt20::faces {
 
@@ -34,6 +34,8 @@ class DrawnRows {
   /// The row of the control that is drawn there, and back. -1 for none.
   int ControlRow(int drawn) const;
   int DrawnRow(int row) const;
+  /// The text of the row that is drawn there.
+  StringView TextOf(int drawn) const { return rows_.List(ControlRow(drawn)); }
 
   /// What a person has to know of marks that can't be seen, such as "3 marked, 1 shown". "" while
   /// all are shown.

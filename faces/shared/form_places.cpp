@@ -16,6 +16,7 @@ constexpr int kButtonEdges = 150;
 constexpr int kCaptionEdge = 30;
 constexpr int kLinesOfCase = 2;
 // The widths beside a text.
+constexpr int kLabelEnd = 30;
 constexpr int kTabSides = 240;
 constexpr int kButtonSides = 300;
 constexpr int kOptionSides = 390;
@@ -150,7 +151,7 @@ FormPlaces::Extent FormPlaces::OfControl(const Design& control) const {
       return {text(kOptionSides), field_};
     case Kind::Label: {
       const bool isSmall = IsNote(control);
-      return {WidthOf(control.caption, isSmall), isSmall ? smallLine_ : line_};
+      return {WidthOf(control.caption, isSmall) + kLabelEnd, isSmall ? smallLine_ : line_};
     }
     case Kind::ListBox:
       return {kListWidth, LeastLines(control) * line_ + kFieldEdges};

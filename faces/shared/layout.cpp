@@ -177,8 +177,7 @@ Part WholeForm() {
               Conditions()}};
   Part top =
       Column("top", 3,
-             {Row("head", 0, {Of(tabVrn, 1), Part{PartKind::kTools, "tools"}}), std::move(pages)},
-             Gap::kTight);
+             {Row("head", 0, {Of(tabVrn, 1), Part{PartKind::kTools, "tools"}}), std::move(pages)});
   Part result = Column("result", 1, {Of(lblResult), Of(TxtOutput, 1)}, Gap::kTight);
   Part halves{PartKind::kSplit, "halves", 1,
               Gap::kUsual,      nullptr,  {std::move(top), std::move(result)}};
@@ -187,11 +186,10 @@ Part WholeForm() {
       {std::move(halves), Row("buttons", 0, {Space(), Of(cmdClear), Of(cmdCancel), Of(cmdDone)})});
 }
 
-bool HasNote(const Part& part, const Design& label) {
-  return std::any_of(part.parts.begin(), part.parts.end(), [&](const Part& inner) {
-    if (part.kind == PartKind::kNotes) return inner.control == &label;
-    return HasNote(inner, label);
-  });
+template <typename Test>
+bool Any(const Part& part, const Test& test) {
+  return test(part) || std::any_of(part.parts.begin(), part.parts.end(),
+                                   [&](const Part& inner) { return Any(inner, test); });
 }
 
 }  // namespace
@@ -202,7 +200,17 @@ const Part& Layout() {
 }
 
 bool IsNote(const Design& control) {
-  return HasNote(Layout(), control);
+  return Any(Layout(), [&](const Part& part) {
+    return part.kind == PartKind::kNotes &&
+           std::any_of(part.parts.begin(), part.parts.end(),
+                       [&](const Part& note) { return note.control == &control; });
+  });
+}
+
+bool HasFilter(const Design& control) {
+  return Any(Layout(), [&](const Part& part) {
+    return part.kind == PartKind::kFilter && part.control == &control;
+  });
 }
 
 int LeastLines(const Design& control) {

@@ -49,6 +49,9 @@ const Part& Layout();
 /// Whether a control is a label in small letters, which tells how a page is used.
 bool IsNote(const Design& control);
 
+/// Whether a list or a combo has a line that filters it.
+bool HasFilter(const Design& control);
+
 /// How many lines or rows a control shows at least: 1 for what is no list and has but one line.
 int LeastLines(const Design& control);
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "faces/shared/drawn_rows.h"
 #include "surface/surface.h"
 
 namespace zolt20::faces {
@@ -16,8 +17,14 @@ class TypeAhead {
   /// milliseconds that may begin anew; none when no row begins with them. The same letter again
   /// goes to the next row of that letter, other letters stay as long as they fit.
   std::optional<int> Find(const RowsControl& rows, int current, char16_t letter, unsigned time);
+  /// The same among the rows that are drawn, as they are counted there.
+  std::optional<int> Find(const DrawnRows& rows, int current, char16_t letter, unsigned time);
 
  private:
+  template <typename Text>
+  std::optional<int> FindAmong(int count, const Text& text, int current, char16_t letter,
+                               unsigned time);
+
   String typed_;
   unsigned last_ = 0;
 };

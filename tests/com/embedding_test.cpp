@@ -360,10 +360,10 @@ TEST_F(EmbeddingTest, ItHasTheSizeThatItIsGiven) {
   EXPECT_EQ(As<IOleInPlaceObject>()->SetObjectRects(&place, &place), S_OK);
   HWND window = nullptr;
   As<IOleInPlaceObject>()->GetWindow(&window);
-  RECT inside{};
-  GetClientRect(window, &inside);
-  EXPECT_EQ(inside.right, 690);
-  EXPECT_EQ(inside.bottom, 480);
+  RECT whole{};
+  GetWindowRect(window, &whole);
+  EXPECT_EQ(whole.right - whole.left, 690);
+  EXPECT_EQ(whole.bottom - whole.top, 480);
 }
 
 TEST_F(EmbeddingTest, MessagesHaveTheirTitle) {

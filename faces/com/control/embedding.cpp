@@ -8,7 +8,6 @@
 #include "faces/com/com_text.h"
 #include "faces/com/control/com_call.h"
 #include "faces/com/control/map_control.h"
-#include "faces/com/form/form_places.h"
 #include "faces/shared/form_words.h"
 
 namespace zolt20::com {

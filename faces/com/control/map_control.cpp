@@ -6,15 +6,15 @@
 #include "faces/com/control/com_call.h"
 #include "faces/com/control/enumeration.h"
 #include "faces/com/control/outside_call.h"
-#include "faces/com/form/form_places.h"
+#include "faces/com/form/form_fonts.h"
 
 namespace zolt20::com {
 namespace {
 
 SIZEL DesignExtent() {
   constexpr int kPerInch = 2540;
-  return {MulDiv(FormPlaces::kWidth, kPerInch, kTwipsPerInch),
-          MulDiv(FormPlaces::kHeight, kPerInch, kTwipsPerInch)};
+  return {MulDiv(faces::FormPlaces::kWidth, kPerInch, kTwipsPerInch),
+          MulDiv(faces::FormPlaces::kHeight, kPerInch, kTwipsPerInch)};
 }
 
 // A VARIANT that is cleared by itself.

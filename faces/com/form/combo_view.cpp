@@ -3,7 +3,7 @@
 #include <commctrl.h>
 
 #include "faces/com/com_text.h"
-#include "faces/com/form/form_places.h"
+#include "faces/com/form/form_fonts.h"
 #include "faces/com/form/plain_boxes.h"
 
 namespace zolt20::com {

@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "faces/com/com_text.h"
 #include "faces/com/server/server.h"
 
 namespace zolt20::com {
@@ -72,6 +73,22 @@ int LineHeightOf(HDC canvas, HFONT font) {
   const bool isKnown = GetTextMetricsW(canvas, &metrics) != FALSE;
   SelectObject(canvas, before);
   return isKnown ? metrics.tmHeight : 0;
+}
+
+int TextWidthOf(HFONT font, StringView text) {
+  const HDC screen = GetDC(nullptr);
+  const HGDIOBJ before = SelectObject(screen, font);
+  SIZE size{};
+  GetTextExtentPoint32W(screen, reinterpret_cast<const wchar_t*>(text.data()),
+                        static_cast<int>(text.size()), &size);
+  SelectObject(screen, before);
+  ReleaseDC(nullptr, screen);
+  return static_cast<int>(size.cx);
+}
+
+void GiveName(HWND window, std::string_view name) {
+  const ATOM atom = GlobalAddAtomW(Wide(Widened(name)));
+  SetPropW(window, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
 }
 
 void ForgetName(HWND window) {

@@ -4,6 +4,10 @@
 
 #include <windows.h>
 
+#include <string_view>
+
+#include "surface/string.h"
+
 namespace zolt20::com {
 
 /// As long as one of these is there, windows are made of the controls of version 6, whatever the
@@ -27,7 +31,11 @@ void UnregisterClasses();
 /// How high a line of those letters is, in pixels of the canvas; 0 where the canvas cannot tell.
 int LineHeightOf(HDC canvas, HFONT font);
 
-/// Gives the name back that a window of a control has.
+/// How wide a text is in those letters, in pixels of the screen.
+int TextWidthOf(HFONT font, StringView text);
+
+/// Gives a window of a control, or beside one, its name, and takes it back.
+void GiveName(HWND window, std::string_view name);
 void ForgetName(HWND window);
 
 inline constexpr wchar_t kRootClass[] = L"ZOLT20MapControl";

@@ -25,12 +25,6 @@ int DpiOf(HWND window) {
 
 }  // namespace
 
-bool IsInstruction(const Control& control) {
-  return control.kind() == Kind::Label && control.frame() == nullptr &&
-         !control.design().caption.empty() && control.design().caption.front() >= u'1' &&
-         control.design().caption.front() <= u'9';
-}
-
 FormFonts::FormFonts(HWND window) : dpi_(DpiOf(window)) {
   const auto make = [this](const wchar_t* name, int twips) {
     return Font(CreateFontW(-MulDiv(twips, dpi_, kTwipsPerInch), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
@@ -42,16 +36,25 @@ FormFonts::FormFonts(HWND window) : dpi_(DpiOf(window)) {
   arial_ = make(L"Arial", kFontTwips);
   const HDC canvas = GetDC(window);
   const auto line = [this, canvas](const Font& font) {
-    return MulDiv(LineHeightOf(canvas, font.get()), kTwipsPerInch, dpi_);
+    return Twips(LineHeightOf(canvas, font.get()));
   };
-  const int bar = MulDiv(GetSystemMetrics(SM_CYHSCROLL), kTwipsPerInch, dpi_);
-  lines_ = {std::max(line(verdana_), line(arial_)), line(small_), bar};
+  needs_.line = std::max(line(verdana_), line(arial_));
+  needs_.smallLine = line(small_);
+  needs_.scrollBar = Twips(GetSystemMetrics(SM_CYHSCROLL));
   ReleaseDC(window, canvas);
+  needs_.width = [usual = verdana_.get(), small = small_.get(), dpi = dpi_](StringView text,
+                                                                            bool isSmall) {
+    return MulDiv(TextWidthOf(isSmall ? small : usual, text), kTwipsPerInch, dpi);
+  };
 }
 
-HFONT FormFonts::Of(const Surface& form, const Control& control) const {
-  if (IsInArial(form, control)) return arial_.get();
-  return IsInstruction(control) ? small_.get() : verdana_.get();
+int FormFonts::Twips(int pixels) const {
+  return MulDiv(pixels, kTwipsPerInch, dpi_);
+}
+
+HFONT FormFonts::Of(const Control& control) const {
+  if ((control.design().style & kArial) != 0) return arial_.get();
+  return faces::IsNote(control.design()) ? small_.get() : verdana_.get();
 }
 
 }  // namespace zolt20::com

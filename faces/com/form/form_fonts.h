@@ -5,17 +5,18 @@
 
 #include <memory>
 
-#include "faces/com/form/form_places.h"
+#include "faces/shared/form_places.h"
 
 namespace zolt20::com {
+
+inline constexpr int kTwipsPerInch = 1440;
+/// The height of the letters: 8 1/4 points.
+inline constexpr int kFontTwips = 165;
 
 struct DeleteObjectFor {
   void operator()(void* object) const { DeleteObject(object); }
 };
 using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteObjectFor>;
-
-/// A label that tells how a page is used, small and out of the way: one that begins with a number.
-bool IsInstruction(const Control& control);
 
 class FormFonts {
  public:
@@ -23,16 +24,18 @@ class FormFonts {
   explicit FormFonts(HWND window);
 
   int Dpi() const { return dpi_; }
-  LineHeights Lines() const { return lines_; }
+  /// What they need, in twips. Good as long as these are there.
+  const faces::Letters& Needs() const { return needs_; }
+  int Twips(int pixels) const;
   HFONT Usual() const { return verdana_.get(); }
-  HFONT Of(const Surface& form, const Control& control) const;
+  HFONT Of(const Control& control) const;
 
  private:
   int dpi_ = 96;
   Font verdana_;
   Font small_;
   Font arial_;
-  LineHeights lines_;
+  faces::Letters needs_;
 };
 
 }  // namespace zolt20::com

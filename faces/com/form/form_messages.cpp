@@ -84,9 +84,10 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
         return view->OnNotify(notice);
       return 0;
     case WM_VSCROLL:
-      if (ControlView* view = ViewOf(reinterpret_cast<HWND>(longer)))
-        view->OnScroll(LOWORD(wide), HIWORD(wide));
-      return 0;
+    case WM_HSCROLL:
+    case WM_MOUSEWHEEL:
+      if (OnScrollBar(message, wide, longer)) return 0;
+      break;
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
@@ -127,6 +128,16 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
   return DefWindowProcW(window, message, wide, longer);
 }
 
+// Bars within the form, and the form's own.
+bool FormWindow::OnScrollBar(UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_MOUSEWHEEL) return scroll_.OnWheel(root_, GET_WHEEL_DELTA_WPARAM(wide));
+  if (longer == 0)
+    return scroll_.OnScroll(root_, message == WM_VSCROLL ? SB_VERT : SB_HORZ, LOWORD(wide));
+  if (ControlView* view = ViewOf(reinterpret_cast<HWND>(longer)))
+    view->OnScroll(LOWORD(wide), HIWORD(wide));
+  return true;
+}
+
 void FormWindow::GoAway() {
   constexpr int kThisOne = 1;
   if (busy_ > kThisOne) {
@@ -165,6 +176,8 @@ void FormWindow::OnOwnFocus() {
 void FormWindow::OnCommand(HWND from, int code) {
   if (from == undo_ || from == redo_) {
     if (code == BN_CLICKED) TakeBack(from == undo_);
+  } else if (const Control* list = ListOf(from)) {
+    if (code == EN_CHANGE) Filter(*list);
   } else if (ControlView* view = ViewOf(from)) {
     view->OnCommand(code);
   }
@@ -211,7 +224,10 @@ LRESULT CALLBACK FormWindow::ViewMessage(HWND window, UINT message, WPARAM wide,
         if (form->OnView(*view, message, wide, longer)) return 0;
         const LRESULT result = DefSubclassProc(window, message, wide, longer);
         // The view may be gone with the message.
-        if (ControlView* const left = form->ViewOf(window)) left->MessageDone(message);
+        if (ControlView* const left = form->ViewOf(window)) {
+          left->MessageDone(message);
+          if (message == WM_KEYDOWN || message == WM_CHAR) form->RevealCaret(window);
+        }
         return result;
       }
     }
@@ -229,6 +245,7 @@ void FormWindow::OnFocus(HWND window, bool came, HWND other) {
   }
   if (!isWithin) owner_.FocusCame();
   if (isRetired_ || root_ == nullptr) return;
+  Reveal(window);
   const ControlView* view = ViewOf(window);
   if (view != nullptr && Form().Focused() != &view->control())
     Make({Gesture::kFocus, &view->control()});
@@ -273,6 +290,10 @@ bool FormWindow::OnKey(ControlView& view, WPARAM key) {
     TakeBack(isUndo);
     return true;
   }
+  if (isControl && key == L'F' && GetKeyState(VK_MENU) >= 0 && GetKeyState(VK_SHIFT) >= 0) {
+    FocusFilter();
+    return true;
+  }
   return view.OnKey(key);
 }
 
@@ -282,7 +303,14 @@ void FormWindow::TakeBack(bool undo) {
 }
 
 bool FormWindow::MoveFocus(bool forward) {
-  const Control* next = faces::NextInTabOrder(Form(), Form().Focused(), forward);
+  // From a filter forward to its list.
+  const Control* const filtered = ListOf(GetFocus());
+  if (filtered != nullptr && forward) {
+    FocusOn(*filtered);
+    return true;
+  }
+  const Control* const from = filtered != nullptr ? filtered : Form().Focused();
+  const Control* next = faces::NextInTabOrder(Form(), from, forward);
   if (next == nullptr) return false;
   FocusOn(*next);
   return true;

@@ -19,12 +19,14 @@ class Picture {
       : canvas_(canvas),
         form_(form),
         place_(place),
-        width_(FormPlaces::kWidth),
-        height_(FormPlaces::kHeight),
+        width_(faces::FormPlaces::kWidth),
+        height_(faces::FormPlaces::kHeight),
         verdana_(MakeFont(L"Verdana", std::max(1, Down(kFontTwips)))),
         arial_(MakeFont(L"Arial", std::max(1, Down(kFontTwips)))),
         places_(form, width_, height_, {LineTwips(), LineTwips()}),
         saved_(SaveDC(canvas)) {
+    width_ = places_.Width();
+    height_ = places_.Height();
     SetBkMode(canvas_, TRANSPARENT);
   }
   ~Picture() { RestoreDC(canvas_, saved_); }
@@ -86,7 +88,7 @@ class Picture {
   void DrawControl(const Control& control) {
     RECT rect = RectOf(control);
     SetTextColor(canvas_, GetSysColor(control.Enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
-    SelectObject(canvas_, IsInArial(form_, control) ? arial_.get() : verdana_.get());
+    SelectObject(canvas_, (control.design().style & kArial) != 0 ? arial_.get() : verdana_.get());
     switch (control.kind()) {
       case Kind::TabStrip:
         DrawTabs(rect);
@@ -230,7 +232,7 @@ class Picture {
   int height_;
   Font verdana_;
   Font arial_;
-  FormPlaces places_;
+  faces::FormPlaces places_;
   int saved_;
 };
 

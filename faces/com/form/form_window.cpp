@@ -101,6 +101,8 @@ void FormWindow::MakeFonts() {
     SendMessageW(view->window(), WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(*control)), TRUE);
   for (const HWND tool : {undo_, redo_})
     SendMessageW(tool, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Usual()), TRUE);
+  for (const auto& [list, filter] : filters_)
+    filter.SetFont(fonts_.Usual());
 }
 
 // A button beside those of the form. It leaves the focus where it is.
@@ -125,8 +127,7 @@ HWND FormWindow::MakeWindow(const Control& control, const WindowKind& kind) {
       CreateWindowExW(kind.extended, kind.name, L"", WS_CHILD | WS_CLIPSIBLINGS | kind.style | stop,
                       0, 0, 0, 0, ParentOf(control), nullptr, ServerInstance(), this);
   if (window == nullptr) throw std::runtime_error("no window");
-  const ATOM name = GlobalAddAtomW(Wide(Widened(control.name())));
-  SetPropW(window, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(name)));
+  GiveName(window, control.name());
   SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(control)), FALSE);
   return window;
 }
@@ -138,6 +139,17 @@ void FormWindow::CreateView(const Control& control) {
     spoken_.Give(view.window(), faces::AccessibleName(control));
   Hear(view.window(), view);
   if (view.FocusWindow() != view.window()) Hear(view.FocusWindow(), view);
+  if (faces::HasFilter(control.design())) CreateFilter(control);
+}
+
+void FormWindow::CreateFilter(const Control& list) {
+  const FilterLine& filter = filters_.emplace(&list, FilterLine(ParentOf(list))).first->second;
+  const std::string name(list.name());
+  GiveName(filter.Line(), name + ".filter");
+  GiveName(filter.Marks(), name + ".marks");
+  spoken_.Give(filter.Line(), u"Filter " + faces::AccessibleName(list));
+  filter.SetFont(fonts_.Usual());
+  SetWindowSubclass(filter.Line(), &FilterMessage, kSubclass, reinterpret_cast<DWORD_PTR>(this));
 }
 
 void FormWindow::Hear(HWND window, ControlView& view) {
@@ -160,6 +172,12 @@ void FormWindow::TakeLeave() {
     ForgetName(view->window());
     spoken_.Take(view->window());
   }
+  for (const auto& [list, filter] : filters_) {
+    RemoveWindowSubclass(filter.Line(), &FilterMessage, kSubclass);
+    ForgetName(filter.Line());
+    ForgetName(filter.Marks());
+    spoken_.Take(filter.Line());
+  }
 }
 
 // The windows are gone.
@@ -172,6 +190,7 @@ void FormWindow::Forget() {
   }
   views_.clear();
   viewOfWindow_.clear();
+  filters_.clear();
   pages_.clear();
 }
 
@@ -238,6 +257,10 @@ void FormWindow::ShowEverything() {
 
 void FormWindow::ShowView(ControlView& view, const faces::Change& change) {
   view.Show(change);
+  if (const auto filter = filters_.find(&view.control()); filter != filters_.end()) {
+    filter->second.ShowMarks(view.HiddenMarks());
+    filter->second.Enable(view.control().Enabled());
+  }
   if ((IsWindowEnabled(view.window()) != FALSE) != view.control().Enabled())
     EnableWindow(view.window(), view.control().Enabled());
   const bool isVisible = (GetWindowLongPtrW(view.window(), GWL_STYLE) & WS_VISIBLE) != 0;
@@ -251,34 +274,74 @@ void FormWindow::ShowView(ControlView& view, const faces::Change& change) {
 }
 
 void FormWindow::LayOut() {
-  if (root_ == nullptr) return;
-  RECT inside{};
-  GetClientRect(root_, &inside);
-  const auto twips = [this](int pixels) { return MulDiv(pixels, kTwipsPerInch, Dpi()); };
-  const auto pixels = [this](int inTwips) { return MulDiv(inTwips, Dpi(), kTwipsPerInch); };
-  const FormPlaces places(Form(), twips(inside.right), twips(inside.bottom), fonts_.Lines());
-  const Geometry strip = places.Of(Form().tabVrn);
-  const int top = strip.top + strip.height;
-  const int width = std::max<int>(inside.right, pixels(strip.width));
-  const int bottom = places.Of(Form().lblResult).top;
-  for (std::size_t page = 0; page < pages_.size(); ++page) {
-    SetWindowPos(pages_[page], nullptr, 0, pixels(top), width, pixels(bottom) - pixels(top),
+  if (root_ == nullptr || isFitting_) return;
+  RECT whole{};
+  GetWindowRect(root_, &whole);
+  const SIZE size{whole.right - whole.left, whole.bottom - whole.top};
+  const auto pixels = [this](int twips) { return MulDiv(twips, Dpi(), kTwipsPerInch); };
+  const auto placesIn = [&](SIZE room) {
+    return faces::FormPlaces(Form(), fonts_.Twips(room.cx), fonts_.Twips(room.cy), fonts_.Needs());
+  };
+  const auto sizeOf = [&](const faces::FormPlaces& places) {
+    return SIZE{pixels(places.Width()), pixels(places.Height())};
+  };
+  const faces::FormPlaces places = placesIn(FormScroll::RoomFor(sizeOf(placesIn({0, 0})), size));
+  isFitting_ = true;
+  scroll_.Fit(root_, sizeOf(places));
+  isFitting_ = false;
+  PutOnForm(places);
+}
+
+void FormWindow::PutOnForm(const faces::FormPlaces& places) {
+  const auto pixels = [this](int twips) { return MulDiv(twips, Dpi(), kTwipsPerInch); };
+  const auto rect = [&](const Geometry& place, POINT by) {
+    return RECT{pixels(place.left) + by.x, pixels(place.top) + by.y,
+                pixels(place.left + place.width) + by.x, pixels(place.top + place.height) + by.y};
+  };
+  const auto put = [](HWND window, const RECT& to) {
+    SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
+  };
+  const POINT corner = scroll_.Corner();
+  const POINT onRoot{-corner.x, -corner.y};
+  const Geometry area = places.Pages();
+  const POINT onPage{-pixels(area.left), -pixels(area.top)};
+  for (std::size_t page = 0; page < pages_.size(); ++page) {
+    put(pages_[page], rect(area, onRoot));
     ShowWindow(pages_[page],
                Form().tabVrn.Tab().value() == static_cast<int>(page) ? SW_SHOWNA : SW_HIDE);
   }
-  const auto put = [&](HWND window, const Geometry& place) {
-    SetWindowPos(window, nullptr, pixels(place.left), pixels(place.top), pixels(place.width),
-                 pixels(place.height), SWP_NOZORDER | SWP_NOACTIVATE);
-  };
-  put(undo_, places.Undo());
-  put(redo_, places.Redo());
+  put(undo_, rect(places.Undo(), onRoot));
+  put(redo_, rect(places.Redo(), onRoot));
   for (const auto& [control, view] : views_) {
-    Geometry place = places.Of(*control);
-    if (control->frame() == nullptr && control->design().page != kEveryPage) place.top -= top;
-    view->Place({pixels(place.left), pixels(place.top), pixels(place.left + place.width),
-                 pixels(place.top + place.height)});
+    const bool isOnRoot = control->design().page == kEveryPage;
+    const POINT by = control->frame() != nullptr ? POINT{} : isOnRoot ? onRoot : onPage;
+    view->Place(rect(places.Of(*control), by));
   }
+  for (const auto& [list, filter] : filters_) {
+    put(filter.Line(), rect(places.FilterOf(*list), onPage));
+    put(filter.Marks(), rect(places.MarksOf(*list), onPage));
+  }
+}
+
+void FormWindow::Reveal(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  MapWindowPoints(nullptr, root_, reinterpret_cast<POINT*>(&place), 2);
+  scroll_.Reveal(root_, place);
+}
+
+// In a box that is larger than the place of the form.
+void FormWindow::RevealCaret(HWND window) {
+  POINT caret{};
+  if (GetFocus() != window || !GetCaretPos(&caret)) return;
+  RECT inside{};
+  GetClientRect(window, &inside);
+  const LONG x = std::clamp<LONG>(caret.x, 0, inside.right);
+  const LONG y = std::clamp<LONG>(caret.y, 0, inside.bottom);
+  RECT place{x, y, x + 1, y + MulDiv(kFontTwips, Dpi(), kTwipsPerInch)};
+  MapWindowPoints(window, root_, reinterpret_cast<POINT*>(&place), 2);
+  scroll_.Reveal(root_, place);
 }
 
 bool FormWindow::HasFocus() const {

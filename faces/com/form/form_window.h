@@ -16,7 +16,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "faces/com/form/filter_line.h"
 #include "faces/com/form/form_fonts.h"
+#include "faces/com/form/form_scroll.h"
 #include "faces/com/form/spoken_names.h"
 #include "faces/com/form/view.h"
 #include "faces/com/server/server.h"
@@ -112,13 +114,14 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   const Surface& Form() const override { return control_.Form(); }
   int Dpi() const override { return fonts_.Dpi(); }
   bool IsGivenUp() const override { return isRetired_; }
-  HFONT FontOf(const Control& control) const override { return fonts_.Of(Form(), control); }
+  HFONT FontOf(const Control& control) const override { return fonts_.Of(control); }
   void Make(UserGesture gesture) noexcept override;
   void Key(const TextBox& box, char16_t code, TextMark mark) noexcept override;
 
   // Making windows.
   void Create(HWND parent, const RECT& place);
   void CreateView(const Control& control);
+  void CreateFilter(const Control& list);
   void Hear(HWND window, ControlView& view);
   HWND MakeTool(const wchar_t* caption);
   HWND ParentOf(const Control& control) const;
@@ -135,6 +138,9 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void ShowEverything();
   void ShowView(ControlView& view, const faces::Change& change);
   void LayOut();
+  void PutOnForm(const faces::FormPlaces& places);
+  void Reveal(HWND window);
+  void RevealCaret(HWND window);
   void ShowFocus();
   void FocusOn(const Control& control);
   bool HasFocus() const;
@@ -152,12 +158,22 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void OnFocus(HWND window, bool came, HWND other);
   HBRUSH OnColour(HDC canvas, HWND window) const;
   void DrawPanel(HWND window);
+  bool OnScrollBar(UINT message, WPARAM wide, LPARAM longer);
   bool OnKey(ControlView& view, WPARAM key);
   void TakeBack(bool undo);
 
   // Gestures.
   void Try(const std::function<faces::End()>& gesture) noexcept;
   bool MoveFocus(bool forward);
+
+  // The filters.
+  static LRESULT CALLBACK FilterMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
+                                        UINT_PTR id, DWORD_PTR data);
+  bool OnFilterKey(HWND line, WPARAM key);
+  void Filter(const Control& list);
+  void FocusFilter();
+  /// The list that a line filters; none when the window is no such line.
+  const Control* ListOf(HWND line) const;
 
   ZOLT20MapControl& control_;
   faces::Person& person_;
@@ -171,10 +187,13 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   HWND redo_ = nullptr;
   std::unordered_map<const Control*, std::unique_ptr<ControlView>> views_;
   std::unordered_map<HWND, ControlView*> viewOfWindow_;
+  std::unordered_map<const Control*, FilterLine> filters_;
   bool isRetired_ = false;
   bool goesLater_ = false;  // it is to go, and messages are in progress
   int busy_ = 0;            // messages in progress, one within the other
   FormFonts fonts_;
+  FormScroll scroll_;
+  bool isFitting_ = false;  // the bars come and go
 };
 
 }  // namespace zolt20::com

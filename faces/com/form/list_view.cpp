@@ -7,7 +7,10 @@
 #include <array>
 
 #include "faces/com/com_text.h"
+#include "faces/com/form/common_controls.h"
 #include "faces/com/form/plain_boxes.h"
+#include "faces/shared/cut_text.h"
+#include "faces/shared/drawn_rows.h"
 #include "faces/shared/list_keys.h"
 #include "faces/shared/type_ahead.h"
 
@@ -15,6 +18,12 @@
 
 namespace zolt20::com {
 namespace {
+
+String InLowerCase(StringView text) {
+  String lower(text);
+  CharLowerBuffW(reinterpret_cast<wchar_t*>(lower.data()), static_cast<DWORD>(lower.size()));
+  return lower;
+}
 
 class ListWindow final : public ViewOf<ListBox> {
  public:
@@ -26,13 +35,15 @@ class ListWindow final : public ViewOf<ListBox> {
   bool OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
   bool OnKey(WPARAM key) override;
   bool OnCharacter(wchar_t character) override;
+  void Filter(StringView text) override;
+  String HiddenMarks() const override { return drawn_.HiddenMarks(); }
 
  private:
-  void ShowRows(const faces::Change& change);
+  void ShowRows();
   void ShowMarks();
   void SetState(int row, UINT state, UINT mask);
   void GiveRow(LVITEMW& item) const;
-  LRESULT DrawMark(NMLVCUSTOMDRAW& draw) const;
+  LRESULT DrawMark(NMLVCUSTOMDRAW& draw);
   void TakeMark(const NMLISTVIEW& change);
   void Press(POINT point, Gesture gesture);
   int Current() const {
@@ -40,7 +51,11 @@ class ListWindow final : public ViewOf<ListBox> {
   }
   void Take(const faces::ListStep& step);
 
-  String longestRow_;  // the one of the most characters that was there
+  String ShownText(int row) const;
+
+  // Rows of the window are those that are drawn.
+  faces::DrawnRows drawn_;
+  bool isDrawing_ = false;
   faces::TypeAhead ahead_;
 };
 
@@ -49,7 +64,8 @@ ListWindow::ListWindow(ViewOwner& owner, const ListBox& list)
              {WC_LISTVIEWW,
               LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_OWNERDATA | LVS_SHOWSELALWAYS |
                   (list.IsSingle() ? LVS_SINGLESEL : 0U),
-              WS_EX_CLIENTEDGE}) {
+              WS_EX_CLIENTEDGE}),
+      drawn_(list, &InLowerCase) {
   LVCOLUMNW column{};
   column.mask = LVCF_WIDTH;
   Send(LVM_INSERTCOLUMNW, 0, &column);
@@ -65,26 +81,22 @@ ListWindow::ListWindow(ViewOwner& owner, const ListBox& list)
 
 void ListWindow::Show(const faces::Change& change) {
   const bool rowsChanged = (change.what & faces::Change::kRows) != 0;
-  if (rowsChanged) ShowRows(change);
+  if (rowsChanged) drawn_.Refresh();
+  if (rowsChanged) ShowRows();
   if (rowsChanged || (change.what & faces::Change::kMarks) != 0) ShowMarks();
-  if (control().ListIndex() >= 0) SetState(control().ListIndex(), LVIS_FOCUSED, LVIS_FOCUSED);
+  const int current = control().ListIndex() < 0 ? -1 : drawn_.DrawnRow(control().ListIndex());
+  if (current >= 0) SetState(current, LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
-void ListWindow::ShowRows(const faces::Change& change) {
-  const ListBox& list = control();
-  Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(list.ListCount()), LVSICF_NOSCROLL);
-  if (change.behindRows == faces::Change::kAllRows) longestRow_.clear();
-  const int behind = std::min(change.behindRows, list.ListCount());
-  for (int row = change.firstRow; row < behind; ++row) {
-    if (list.List(row).size() > longestRow_.size()) longestRow_ = list.List(row);
-  }
-  RECT inside{};
-  GetClientRect(window(), &inside);
-  const int around = list.HasCheckBoxes() ? 26 : 12;
-  const auto width = static_cast<int>(Send(LVM_GETSTRINGWIDTHW, 0, Wide(longestRow_)));
-  Send(LVM_SETCOLUMNWIDTH, 0,
-       std::max<int>(width + MulDiv(around, owner_.Dpi(), 96), inside.right));
+void ListWindow::ShowRows() {
+  Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(drawn_.Count()), LVSICF_NOSCROLL);
   InvalidateRect(window(), nullptr, FALSE);
+}
+
+void ListWindow::Filter(StringView text) {
+  if (!drawn_.SetFilter(text)) return;
+  ShowRows();
+  ShowMarks();
 }
 
 void ListWindow::ShowMarks() {
@@ -96,8 +108,8 @@ void ListWindow::ShowMarks() {
   constexpr int kAllRows = -1;
   SetState(kAllRows, 0, LVIS_SELECTED);
   int left = list.SelCount();
-  for (int row = 0; left > 0; ++row) {
-    if (!list.Selected(row)) continue;
+  for (int row = 0; left > 0 && row < drawn_.Count(); ++row) {
+    if (!list.Selected(drawn_.ControlRow(row))) continue;
     --left;
     SetState(row, LVIS_SELECTED, LVIS_SELECTED);
   }
@@ -114,7 +126,7 @@ void ListWindow::Place(const RECT& place) {
   PutAt(place, nullptr);
   RECT inside{};
   GetClientRect(window(), &inside);
-  if (Send(LVM_GETCOLUMNWIDTH) < inside.right) Send(LVM_SETCOLUMNWIDTH, 0, inside.right);
+  if (Send(LVM_GETCOLUMNWIDTH) != inside.right) Send(LVM_SETCOLUMNWIDTH, 0, inside.right);
 }
 
 // What the platform asks and tells.
@@ -136,32 +148,48 @@ LRESULT ListWindow::OnNotify(NMHDR& notice) {
 
 void ListWindow::GiveRow(LVITEMW& item) const {
   const ListBox& list = control();
-  if (item.iItem < 0 || item.iItem >= list.ListCount()) return;
+  const int row = drawn_.ControlRow(item.iItem);
+  if (row < 0) return;
   if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
-    const String text = WithoutNuls(list.List(item.iItem));
+    const String text = ShownText(row);
     const std::size_t count = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
     std::copy_n(text.begin(), count, item.pszText);
     item.pszText[count] = L'\0';
   }
   if ((item.mask & LVIF_STATE) != 0 && list.HasCheckBoxes()) {
     item.stateMask |= LVIS_STATEIMAGEMASK;
-    item.state = INDEXTOSTATEIMAGEMASK(list.Selected(item.iItem) ? 2U : 1U);
+    item.state = INDEXTOSTATEIMAGEMASK(list.Selected(row) ? 2U : 1U);
   }
 }
 
+// Names are told apart by their ends, so what is too long is cut in the middle, where it is drawn.
+// Whoever asks for a row otherwise, such as an aid for reading the screen, has it whole.
+String ListWindow::ShownText(int row) const {
+  String text = WithoutNuls(control().List(row));
+  if (!isDrawing_) return text;
+  constexpr int kAround = 12;
+  constexpr int kCheckBox = 18;
+  const int around =
+      MulDiv(kAround + (control().HasCheckBoxes() ? kCheckBox : 0), owner_.Dpi(), 96);
+  const auto room = static_cast<int>(Send(LVM_GETCOLUMNWIDTH)) - around;
+  const HFONT font = owner_.FontOf(control());
+  return faces::CutInTheMiddle(text, room,
+                               [font](StringView part) { return TextWidthOf(font, part); });
+}
+
 // A mark looks the same whether the list has the focus or not: it is what the form is about.
-LRESULT ListWindow::DrawMark(NMLVCUSTOMDRAW& draw) const {
+LRESULT ListWindow::DrawMark(NMLVCUSTOMDRAW& draw) {
   const ListBox& list = control();
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
-  const auto row = static_cast<int>(draw.nmcd.dwItemSpec);
-  if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || list.HasCheckBoxes() ||
-      row >= list.ListCount() || !list.Selected(row) || !list.Enabled()) {
-    return CDRF_DODEFAULT;
+  isDrawing_ = draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT;
+  if (!isDrawing_) return CDRF_DODEFAULT;
+  const int row = drawn_.ControlRow(static_cast<int>(draw.nmcd.dwItemSpec));
+  if (row >= 0 && !list.HasCheckBoxes() && list.Selected(row) && list.Enabled()) {
+    draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+    draw.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+    draw.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
   }
-  draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
-  draw.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
-  draw.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
-  return CDRF_DODEFAULT;
+  return CDRF_NOTIFYPOSTPAINT;
 }
 
 // A mark that came by another way than the mouse and the keys, such as from an aid for reading the
@@ -170,11 +198,10 @@ void ListWindow::TakeMark(const NMLISTVIEW& change) {
   const ListBox& list = control();
   const bool isMarked = (change.uNewState & LVIS_SELECTED) != 0;
   const bool wasMarked = (change.uOldState & LVIS_SELECTED) != 0;
-  if (owner_.IsShowing() || isMarked == wasMarked || change.iItem < 0 ||
-      change.iItem >= list.ListCount())
-    return;
-  if (list.Selected(change.iItem) == isMarked || (!isMarked && list.IsSingle())) return;
-  Make(Gesture::kClickRow, change.iItem);
+  const int row = drawn_.ControlRow(change.iItem);
+  if (owner_.IsShowing() || isMarked == wasMarked || row < 0) return;
+  if (list.Selected(row) == isMarked || (!isMarked && list.IsSingle())) return;
+  Make(Gesture::kClickRow, row);
 }
 
 // What the person does.
@@ -198,7 +225,7 @@ bool ListWindow::OnMessage(UINT message, WPARAM /*wide*/, LPARAM longer) {
 void ListWindow::Press(POINT point, Gesture gesture) {
   LVHITTESTINFO hit{};
   hit.pt = point;
-  const auto row = static_cast<int>(Send(LVM_SUBITEMHITTEST, 0, &hit));
+  const int row = drawn_.ControlRow(static_cast<int>(Send(LVM_SUBITEMHITTEST, 0, &hit)));
   // With the focus the form may be given up, and this view be gone.
   ViewOwner& owner = owner_;
   const ListBox& list = control();
@@ -220,15 +247,14 @@ bool ListWindow::OnKey(WPARAM key) {
                                          [key](const auto& each) { return each.first == key; });
   if (found == kKeys.end()) return false;
   const auto page = static_cast<int>(Send(LVM_GETCOUNTPERPAGE));
-  Take(
-      faces::StepOf(found->second, {Current(), control().ListCount(), page, control().IsSingle()}));
+  Take(faces::StepOf(found->second, {Current(), drawn_.Count(), page, control().IsSingle()}));
   return true;
 }
 
 bool ListWindow::OnCharacter(wchar_t character) {
   if (character <= L' ') return true;
   const std::optional<int> row =
-      ahead_.Find(control(), Current(), static_cast<char16_t>(character), GetTickCount());
+      ahead_.Find(drawn_, Current(), static_cast<char16_t>(character), GetTickCount());
   if (row) Take(faces::StepTo(*row, control().IsSingle()));
   return true;
 }
@@ -239,7 +265,7 @@ void ListWindow::Take(const faces::ListStep& step) {
     SetState(step.row, LVIS_FOCUSED, LVIS_FOCUSED);
     Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(step.row), FALSE);
   }
-  if (step.gesture) Make(*step.gesture, step.row);
+  if (step.gesture) Make(*step.gesture, drawn_.ControlRow(step.row));
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ class LabelWindow final : public ViewOf<Label> {
   void Show(const faces::Change& /*change*/) override { ShowCaption(control().Caption()); }
   HBRUSH Brush(HDC canvas) override {
     SetBkMode(canvas, TRANSPARENT);
-    if (IsInstruction(control()))
+    if (faces::IsNote(control().design()))
       SetTextColor(canvas, Quiet(GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)));
     return GetSysColorBrush(COLOR_BTNFACE);
   }

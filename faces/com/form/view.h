@@ -94,6 +94,11 @@ class ControlView {
   /// The message went on, and the platform is done with it.
   virtual void MessageDone(UINT /*message*/) {}
 
+  /// Of a list: only rows that hold the text are drawn from now on.
+  virtual void Filter(StringView /*text*/) {}
+  /// Of a list: what is to be told of marks that its filter hides.
+  virtual String HiddenMarks() const { return {}; }
+
   /// Whether the box itself has something to take back, or to have again.
   virtual bool HasOwn(bool /*undo*/) const { return false; }
 

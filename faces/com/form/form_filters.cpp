@@ -1,0 +1,85 @@
+// The filters above the lists: no controls of the form, which have the focus for themselves.
+#include "faces/com/form/form_window.h"
+
+#include <commctrl.h>
+
+namespace zolt20::com {
+
+const Control* FormWindow::ListOf(HWND line) const {
+  for (const auto& [list, filter] : filters_) {
+    if (filter.Line() == line) return list;
+  }
+  return nullptr;
+}
+
+void FormWindow::Filter(const Control& list) {
+  const Showing showing(*this);
+  const FilterLine& filter = filters_.at(&list);
+  ControlView& view = *views_.at(&list);
+  view.Filter(filter.Text());
+  filter.ShowMarks(view.HiddenMarks());
+}
+
+// That of the list with the focus, or else the first that can be seen.
+void FormWindow::FocusFilter() {
+  const FilterLine* wanted = nullptr;
+  for (const Control* control : Form().Controls()) {
+    const auto found = filters_.find(control);
+    if (found == filters_.end() || !control->Shown() || !control->Enabled()) continue;
+    if (wanted == nullptr || control == Form().Focused()) wanted = &found->second;
+  }
+  if (wanted != nullptr) wanted->TakeFocus();
+}
+
+LRESULT CALLBACK FormWindow::FilterMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
+                                           UINT_PTR /*id*/, DWORD_PTR data) {
+  auto* const form = reinterpret_cast<FormWindow*>(data);
+  if (form->isRetired_) return DefSubclassProc(window, message, wide, longer);
+  const Busy busy(*form);
+  switch (message) {
+    case WM_GETDLGCODE:
+      return DefSubclassProc(window, message, wide, 0) | DLGC_WANTALLKEYS;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS: {
+      const LRESULT result = DefSubclassProc(window, message, wide, longer);
+      form->OnFocus(window, message == WM_SETFOCUS, reinterpret_cast<HWND>(wide));
+      return result;
+    }
+    case WM_KEYDOWN:
+      if (form->OnFilterKey(window, wide)) return 0;
+      break;
+    case WM_CHAR:
+      // What the keys above mean is no text, and there is one line.
+      if (wide == L'\t' || wide == L'\r' || wide == VK_ESCAPE) return 0;
+      break;
+    default:
+      break;
+  }
+  return DefSubclassProc(window, message, wide, longer);
+}
+
+bool FormWindow::OnFilterKey(HWND line, WPARAM key) {
+  const Control* const list = ListOf(line);
+  if (list == nullptr) return false;
+  switch (key) {
+    case VK_TAB:
+      MoveFocus(GetKeyState(VK_SHIFT) >= 0);
+      return true;
+    case VK_DOWN:
+    case VK_RETURN:
+      FocusOn(*list);
+      return true;
+    case VK_ESCAPE:
+      SetWindowTextW(line, L"");
+      FocusOn(*list);
+      return true;
+    case L'A':
+      if (GetKeyState(VK_CONTROL) >= 0) return false;
+      SendMessageW(line, EM_SETSEL, 0, -1);
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace zolt20::com
