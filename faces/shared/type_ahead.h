@@ -19,11 +19,15 @@ class TypeAhead {
   std::optional<int> Find(const RowsControl& rows, int current, char16_t letter, unsigned time);
   /// The same among the rows that are drawn, as they are counted there.
   std::optional<int> Find(const DrawnRows& rows, int current, char16_t letter, unsigned time);
+  /// The first row from there on, and around the end, that begins with the letters typed so far.
+  std::optional<int> FindFrom(const RowsControl& rows, int from) const;
 
  private:
   template <typename Text>
-  std::optional<int> FindAmong(int count, const Text& text, int current, char16_t letter,
-                               unsigned time);
+  std::optional<int> Search(int count, const Text& text, int from) const;
+  /// Gives from where on to look.
+  int Take(char16_t letter, unsigned time, int current);
+  bool IsOneLetter() const;
 
   String typed_;
   unsigned last_ = 0;

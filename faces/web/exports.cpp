@@ -12,9 +12,11 @@
 #include "faces/shared/case_places.h"
 #include "faces/shared/form_words.h"
 #include "faces/shared/layout.h"
+#include "faces/shared/list_keys.h"
 #include "faces/shared/neighbours.h"
 #include "faces/shared/shown_text.h"
 #include "faces/shared/statement_colours.h"
+#include "faces/shared/type_ahead.h"
 #include "faces/web/element.h"
 
 #define ZOLT20_EXPORT(name) __attribute__((export_name(#name)))
@@ -29,6 +31,10 @@ namespace {
 String taken;
 String given;
 std::vector<std::int32_t> numbers;
+
+// What was typed in a list last.
+faces::TypeAhead typed;
+const RowsControl* typedIn = nullptr;
 
 void Give(StringView text) {
   given = text;
@@ -294,6 +300,25 @@ const Control* next_in_tab_order(Element* element, const Control* from, int forw
 ZOLT20_EXPORT(next_option)
 const Control* next_option(Element* element, const Control* option, int forward) {
   return faces::NextOption(element->Form(), *option, forward != 0);
+}
+
+// The row that the key of a list goes to, -1 for no step; whether the keys stand there from now on;
+// the gesture that is made of it, -1 for none.
+ZOLT20_EXPORT(list_key)
+void list_key(faces::ListKey key, int current, int count, int page, int isSingle) {
+  const faces::ListStep step = faces::StepOf(key, {current, count, page, isSingle != 0});
+  numbers = {step.row, step.moves ? 1 : 0, step.gesture ? static_cast<int>(*step.gesture) : -1};
+}
+// The row that letters typed in a list go to, -1 for none. What was typed in another list before is
+// forgotten.
+ZOLT20_EXPORT(type_ahead)
+int type_ahead(const RowsControl* list, int current, char16_t letter, unsigned time) {
+  if (std::exchange(typedIn, list) != list) typed = {};
+  return typed.Find(*list, current, letter, time).value_or(-1);
+}
+// The next row that they go to, from there on.
+ZOLT20_EXPORT(type_ahead_from) int type_ahead_from(const RowsControl* list, int from) {
+  return typed.FindFrom(*list, from).value_or(-1);
 }
 
 ZOLT20_EXPORT(control_number) int control_number(const Control* control, Ask ask) {

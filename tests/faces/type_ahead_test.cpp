@@ -20,6 +20,9 @@ class TypeAheadTest : public ControlTest {
     return row.value_or(-1);
   }
 
+  /// Where the letters typed so far go to from a row on; -1 for nowhere.
+  int From(int row) { return ahead_.FindFrom(host().Form().lsttables, row).value_or(-1); }
+
  private:
   faces::TypeAhead ahead_;
   unsigned time_ = 0U - 500U;  // begins anew on the way
@@ -49,6 +52,16 @@ TEST_F(TypeAheadTest, AfterAWhileALetterBeginsAnew) {
   EXPECT_EQ(Type(u'a'), 0);
   EXPECT_EQ(Type(u'b', faces::TypeAhead::kSoon + 1), 2);
   EXPECT_EQ(Type(u'a', faces::TypeAhead::kSoon), 2);
+}
+
+TEST_F(TypeAheadTest, TheLettersFindFurtherRowsAroundTheEnd) {
+  EXPECT_EQ(Type(u'a'), 0);
+  EXPECT_EQ(Type(u'b'), 0);
+  EXPECT_EQ(From(1), 3);
+  EXPECT_EQ(From(4), 4);
+  EXPECT_EQ(From(5), 0);
+  EXPECT_EQ(Type(u'x'), -1);
+  EXPECT_EQ(From(0), -1);
 }
 
 TEST_F(TypeAheadTest, AnEmptyListHasNoRow) {

@@ -151,6 +151,12 @@ describe('a list of very many rows', () => {
     // From the filter its list is one press away, and its keys move among the rows that it leaves.
     await person.press('lsttables.filter');
     await person.keyboard.press('Tab');
+    // Letters find those rows alone.
+    await person.keyboard.press('End');
+    await person.keyboard.type('t');
+    await person.keyboard.press('Space');
+    assert.deepEqual(await marksOf(person), [99900, 99903]);
+    await person.keyboard.press('Space');
     await person.keyboard.press('End');
     await person.keyboard.press('Space');
     assert.deepEqual(await marksOf(person), [99903, 99999]);

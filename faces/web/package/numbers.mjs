@@ -107,6 +107,7 @@ const text = [
   written('Kinds of controls.', 'Kind', enumerators('surface/form.h', 'Kind')),
   written('Traits of controls.', 'Style', enumerators('surface/form.h', 'Style')),
   written('What a person does.', 'Gesture', rows('surface/gestures.def', 'ZOLT20_GESTURE')),
+  written('Keys of a list.', 'ListKey', enumerators('faces/shared/list_keys.h', 'ListKey')),
   written('What changed of a control, a bit each.', 'What', changes),
   written('Parts of the layout.', 'PartKind', enumerators('faces/shared/layout.h', 'PartKind')),
   written('How a call ended.', 'Status', enumerators(kPerson, 'End')),

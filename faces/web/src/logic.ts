@@ -3,7 +3,7 @@
 // Texts cross by their 16-bit units, so that every text comes back as it went. Controls and
 // elements are their addresses, numbers that mean something to the module alone.
 
-import type {Ask, AskText, Gesture, PartKind, Status} from './numbers';
+import type {Ask, AskText, Gesture, ListKey, PartKind, Status} from './numbers';
 
 /** The functions of exports.cpp. */
 interface Exports {
@@ -43,6 +43,9 @@ interface Exports {
   focused(element: number): number;
   next_in_tab_order(element: number, from: number, forward: number): number;
   next_option(element: number, option: number, forward: number): number;
+  list_key(key: ListKey, current: number, count: number, page: number, isSingle: number): void;
+  type_ahead(list: number, current: number, letter: number, time: number): number;
+  type_ahead_from(list: number, from: number): number;
   control_number(control: number, ask: Ask): number;
   case_span(element: number, control: number): void;
   control_text(control: number, ask: AskText): void;
@@ -340,6 +343,32 @@ export class Logic {
   }
   nextOption(handle: number, option: Address, forward: boolean): Address {
     return this.#exports.next_option(handle, option, Number(forward));
+  }
+  /** The row that a key goes to, -1 for none, whether it moves there, and what it makes of it. */
+  listKey(
+    key: ListKey,
+    place: {current: number; count: number; page: number; isSingle: boolean},
+  ): {row: number; moves: boolean; gesture: Gesture | undefined} {
+    const {current, count, page, isSingle} = place;
+    this.#exports.list_key(key, current, count, page, Number(isSingle));
+    const [row, moves, gesture] = [...this.#numbers()] as [number, number, number];
+    return {row, moves: moves !== 0, gesture: gesture < 0 ? undefined : gesture};
+  }
+  /** The row that a letter typed in a list goes to, of those that `isWanted` tells; -1 for none. */
+  typeAhead(
+    list: Address,
+    current: number,
+    event: KeyboardEvent,
+    isWanted: (row: number) => boolean,
+  ): number {
+    const letter = event.key.charCodeAt(0);
+    const first = this.#exports.type_ahead(list, current, letter, Math.round(event.timeStamp));
+    let row = first;
+    while (row >= 0 && !isWanted(row)) {
+      row = this.#exports.type_ahead_from(list, row + 1);
+      if (row === first) return -1;
+    }
+    return row;
   }
   number(control: Address, ask: Ask): number {
     return this.#exports.control_number(control, ask);

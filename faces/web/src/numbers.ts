@@ -43,6 +43,18 @@ export const enum Gesture {
   Scroll = 8,
 }
 
+/** Keys of a list. */
+export const enum ListKey {
+  Up = 0,
+  Down = 1,
+  PageUp = 2,
+  PageDown = 3,
+  Home = 4,
+  End = 5,
+  Space = 6,
+  Enter = 7,
+}
+
 /** What changed of a control, a bit each. */
 export const enum What {
   Enabled = 1,

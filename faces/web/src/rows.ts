@@ -5,7 +5,7 @@
 // which one the keys stand.
 import {make, setAttributes} from './dom';
 import type {Address, Logic, Row} from './logic';
-import {Ask, Style} from './numbers';
+import {Ask, Gesture, ListKey, Style} from './numbers';
 
 // The tallest a browser draws without losing its way. Beyond it a list is scrolled in proportion.
 const kTallest = 8_000_000;
@@ -14,8 +14,16 @@ const kRowInLetters = 1.85;
 const kLeastHeight = 24;
 // Rows are read so many at once where all are looked at.
 const kChunk = 2000;
-// Letters that come within this time belong together.
-const kTypeAheadMilliseconds = 1000;
+const kListKeys: Record<string, ListKey> = {
+  ArrowUp: ListKey.Up,
+  ArrowDown: ListKey.Down,
+  PageUp: ListKey.PageUp,
+  PageDown: ListKey.PageDown,
+  Home: ListKey.Home,
+  End: ListKey.End,
+  ' ': ListKey.Space,
+  Enter: ListKey.Enter,
+};
 
 export interface RowsOptions {
   logic: Logic;
@@ -61,8 +69,6 @@ export class Rows {
   // and it forgets the scrolling of what is hidden or moved.
   #view = 0;
   #place = 0;
-  #letters = '';
-  #lettersAt = 0;
 
   constructor(options: RowsOptions) {
     this.#logic = options.logic;
@@ -127,21 +133,13 @@ export class Rows {
     const wanted = this.#filter.toLowerCase();
     const holds = (text: string | undefined) => text?.toLowerCase().includes(wanted) ?? false;
     const drawn: number[] = [];
-    this.#eachRow(0, (row, number) => {
-      if (holds(row.text) || holds(this.#names.get(row.text))) drawn.push(number);
-      return false;
-    });
-    this.#drawn = drawn;
-  }
-  // Walks the rows as drawn until one is found. Gives its place, -1 for none.
-  #eachRow(from: number, found: (row: Row, number: number) => boolean): number {
     const count = this.count;
-    for (let first = from; first < count; first += kChunk) {
-      const rows = this.#read(first, Math.min(first + kChunk, count));
-      const at = rows.findIndex((row, number) => found(row, first + number));
-      if (at >= 0) return first + at;
+    for (let first = 0; first < count; first += kChunk) {
+      this.#read(first, Math.min(first + kChunk, count)).forEach((row, number) => {
+        if (holds(row.text) || holds(this.#names.get(row.text))) drawn.push(first + number);
+      });
     }
-    return -1;
+    this.#drawn = drawn;
   }
   #read(first: number, behind: number): Row[] {
     if (this.#drawn === undefined) return this.#logic.rows(this.#list, first, behind - first);
@@ -310,38 +308,28 @@ export class Rows {
       : -1;
   }
 
-  /** Moves for an arrow, a page key or a letter. Gives whether the key is one of these. */
-  moveByKey(event: KeyboardEvent): boolean {
-    if (event.ctrlKey || event.metaKey || event.altKey) return false;
-    const last = this.count - 1;
-    const step = (by: number) =>
-      this.#current < 0 ? 0 : Math.max(0, Math.min(this.#current + by, last));
-    const places: Record<string, () => number> = {
-      ArrowUp: () => step(-1),
-      ArrowDown: () => step(1),
-      PageUp: () => step(-this.rowsInSight),
-      PageDown: () => step(this.rowsInSight),
-      Home: () => 0,
-      End: () => last,
-    };
-    const place = places[event.key];
-    if (place !== undefined) {
-      if (last >= 0) this.moveTo(place());
-      return true;
+  /**
+   * Moves for an arrow, a page key or a letter. Gives what the key makes of the row of the keys, if
+   * anything; undefined for a key that is none of a list's.
+   */
+  takeKey(event: KeyboardEvent, isSingle = false): {gesture: Gesture | undefined} | undefined {
+    if (event.ctrlKey || event.metaKey || event.altKey) return undefined;
+    const key = kListKeys[event.key];
+    if (key !== undefined) {
+      const {row, moves, gesture} = this.#logic.listKey(key, {
+        current: this.#current,
+        count: this.count,
+        page: this.rowsInSight,
+        isSingle,
+      });
+      if (moves) this.moveTo(row);
+      return {gesture: row < 0 ? undefined : gesture};
     }
-    if (event.key.length !== 1 || event.key === ' ') return false;
-    const now = event.timeStamp;
-    if (now - this.#lettersAt > kTypeAheadMilliseconds) this.#letters = '';
-    this.#lettersAt = now;
-    this.#letters += event.key.toLowerCase();
-    // One letter again and again goes from row to row; more letters stay where they fit.
-    const isOne = [...this.#letters].every((letter) => letter === this.#letters[0]);
-    const wanted = isOne ? this.#letters[0]! : this.#letters;
-    const fits = (row: Row) => row.text.toLowerCase().startsWith(wanted);
-    const from = Math.max(0, this.#current + (isOne ? 1 : 0));
-    let found = this.#eachRow(from, fits);
-    if (found < 0) found = this.#eachRow(0, fits);
-    if (found >= 0) this.moveTo(found);
-    return true;
+    if (event.key.length !== 1) return undefined;
+    const drawn = this.#drawn && new Set(this.#drawn);
+    const isDrawn = (row: number) => drawn?.has(row) ?? true;
+    const row = this.#logic.typeAhead(this.#list, this.current, event, isDrawn);
+    if (row >= 0) this.moveToRow(row);
+    return {gesture: row >= 0 && isSingle ? Gesture.ClickRow : undefined};
   }
 }

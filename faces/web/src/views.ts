@@ -241,19 +241,10 @@ class ListView implements View {
       face.gesture(isSecond ? Gesture.DoubleClickRow : Gesture.ClickRow, control, row);
     });
     this.node.addEventListener('keydown', (event) => {
-      if (event.ctrlKey || event.altKey || event.metaKey) return;
-      const before = this.rows.current;
-      if (event.key === ' ' || (event.key === 'Enter' && isSingle)) {
-        event.preventDefault();
-        const gesture = event.key === ' ' ? Gesture.ClickRow : Gesture.DoubleClickRow;
-        if (before >= 0) face.gesture(gesture, control, before);
-        return;
-      }
-      if (!this.rows.moveByKey(event)) return;
+      const taken = this.rows.takeKey(event, isSingle);
+      if (taken === undefined) return;
       event.preventDefault();
-      // In a single selection the row that the keys come to is the marked one.
-      if (isSingle && this.rows.current !== before && this.rows.current >= 0)
-        face.gesture(Gesture.ClickRow, control, this.rows.current);
+      if (taken.gesture !== undefined) face.gesture(taken.gesture, control, this.rows.current);
     });
   }
 
@@ -461,7 +452,7 @@ class ComboView implements View {
       if (!opens) return;
       event.preventDefault();
       this.#show(true);
-      if (!isEditable && isLetter) this.#rows.moveByKey(event);
+      if (!isEditable && isLetter) this.#rows.takeKey(event);
       return;
     }
     const isPick =
@@ -478,7 +469,7 @@ class ComboView implements View {
       this.#show(false);
     } else if (isEditable && !isArrow && !event.key.startsWith('Page')) {
       if (event.key !== 'Shift') this.#show(false); // the key is for the text
-    } else if (this.#rows.moveByKey(event)) {
+    } else if (this.#rows.takeKey(event) !== undefined) {
       event.preventDefault();
     }
   }
