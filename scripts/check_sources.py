@@ -21,6 +21,8 @@ MAY_INCLUDE = {
     'hosts': ['surface', 'shell', 'hosts', 'faces'],
     'faces': ['surface', 'shell', 'faces'],
 }
+# Within the Windows control: its windows know nothing of the COM object that has them.
+NEVER_INCLUDES = {'faces/com/form/': 'faces/com/control/'}
 # Made from the type library's source, for Windows programs.
 MADE = 'ZOLT20MappingCtrl.h'
 # Headers of the standard library that GCC 12, MinGW GCC 12 and libc++ 13 all have.
@@ -86,6 +88,9 @@ def main():
                 includes[name].append(ours.group(1))
             if ours and folder == 'faces' and face_of(ours.group(1)) not in (None, face_of(name)):
                 broken.append('%s includes %s, another face' % (where, ours.group(1)))
+            for inside, outside in NEVER_INCLUDES.items():
+                if ours and name.startswith(inside) and ours.group(1).startswith(outside):
+                    broken.append('%s includes %s' % (where, ours.group(1)))
             if ours and not pathlib.Path(ours.group(1)).is_file():
                 broken.append('%s includes %s, which is no path from the root' % (where, ours.group(1)))
             if folder in LOGIC:
