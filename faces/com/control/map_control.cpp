@@ -198,6 +198,31 @@ STDMETHODIMP MapControl::Invoke(DISPID number, REFIID id, LCID locale, WORD flag
   return DISP_E_EXCEPTION;
 }
 
+HRESULT MapControl::TakeArgument(ValueType type, LCID locale, VARIANT& given, Variant& taken) {
+  if (V_VT(&given) == VT_ERROR && V_ERROR(&given) == DISP_E_PARAMNOTFOUND)
+    return DISP_E_PARAMNOTOPTIONAL;
+  const VARTYPE wanted = type == ValueType::kString    ? VT_BSTR
+                         : type == ValueType::kInteger ? VT_I2
+                                                       : VT_BOOL;
+  Value plain;
+  if (const HRESULT copied = VariantCopyInd(&plain, &given); FAILED(copied)) return copied;
+  if (const HRESULT changed = VariantChangeTypeEx(&plain, &plain, locale, 0, wanted);
+      FAILED(changed))
+    return changed;
+  switch (type) {
+    case ValueType::kString:
+      taken = TakenString(plain->bstrVal);
+      break;
+    case ValueType::kInteger:
+      taken = TakenInteger(plain->iVal);
+      break;
+    default:
+      taken = TakenBoolean(plain->boolVal);
+      break;
+  }
+  return S_OK;
+}
+
 HRESULT MapControl::Run(const Member& member, LCID locale, WORD flags, const DISPPARAMS& arguments,
                         VARIANT* result, UINT* wrongArgument) {
   const bool isLet = (flags & DISPATCH_PROPERTYPUT) != 0 && member.let != nullptr;
@@ -215,32 +240,9 @@ HRESULT MapControl::Run(const Member& member, LCID locale, WORD flags, const DIS
 
   Variant taken;
   if (wanted == 1) {
-    const auto wrong = [&](HRESULT why) {
-      if (wrongArgument != nullptr) *wrongArgument = 0;
-      return why;
-    };
-    VARIANT& given = arguments.rgvarg[0];
-    if (V_VT(&given) == VT_ERROR && V_ERROR(&given) == DISP_E_PARAMNOTFOUND)
-      return wrong(DISP_E_PARAMNOTOPTIONAL);
-    const VARTYPE type = member.type == ValueType::kString    ? VT_BSTR
-                         : member.type == ValueType::kInteger ? VT_I2
-                                                              : VT_BOOL;
-    Value plain;
-    if (const HRESULT copied = VariantCopyInd(&plain, &given); FAILED(copied)) return wrong(copied);
-    if (const HRESULT changed = VariantChangeTypeEx(&plain, &plain, locale, 0, type);
-        FAILED(changed))
-      return wrong(changed);
-    switch (member.type) {
-      case ValueType::kString:
-        taken = TakenString(plain->bstrVal);
-        break;
-      case ValueType::kInteger:
-        taken = TakenInteger(plain->iVal);
-        break;
-      default:
-        taken = TakenBoolean(plain->boolVal);
-        break;
-    }
+    const HRESULT done = TakeArgument(member.type, locale, arguments.rgvarg[0], taken);
+    if (FAILED(done) && wrongArgument != nullptr) *wrongArgument = 0;
+    if (FAILED(done)) return done;
   }
 
   if (isLet) {

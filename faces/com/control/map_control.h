@@ -304,6 +304,8 @@ class MapControl final : public _ZOLT20MapControl,
     return std::get<bool>(value) ? VARIANT_TRUE : VARIANT_FALSE;
   }
 
+  /// What a caller gave, as a value of that type.
+  static HRESULT TakeArgument(ValueType type, LCID locale, VARIANT& given, Variant& taken);
   HRESULT Run(const Member& member, LCID locale, WORD flags, const DISPPARAMS& arguments,
               VARIANT* result, UINT* wrongArgument);
   HRESULT LoadOwnDescription();
