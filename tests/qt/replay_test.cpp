@@ -7,6 +7,7 @@
 #include <random>
 
 #include "hosts/automation/session.h"
+#include "tests/qt/host_requests.h"
 #include "tests/qt/widget_test.h"
 #include "tests/support/example_sessions.h"
 #include "tests/support/places.h"
@@ -20,13 +21,6 @@ using Json = nlohmann::ordered_json;
 namespace fs = std::filesystem;
 
 const fs::path kSessions = fs::path(Examples()) / "sessions";
-
-Json ToJson(const QVariant& value) {
-  if (value.typeId() == QMetaType::QString) return Std(value.toString());
-  if (value.typeId() == QMetaType::Bool) return value.toBool();
-  if (value.typeId() == QMetaType::Int) return value.toInt();
-  return nullptr;
-}
 
 // What a session's log tells, in the words of the fixture.
 Texts LinesOfLog(const Json& log) {
@@ -103,7 +97,7 @@ class ReplayTest : public WidgetTest {
         for (auto entry = bag.begin(); entry != bag.end(); ++entry)
           reply["value"][Std(entry.key())] = ToJson(entry.value());
       } else {
-        const QVariant value = Run(request);
+        const QVariant value = RunRequest(widget(), request);
         if (!request.contains("set")) reply["value"] = ToJson(value);
       }
     } catch (const RuntimeError& error) {
@@ -112,46 +106,12 @@ class ReplayTest : public WidgetTest {
     return reply;
   }
 
-  // A set, get or call.
-  QVariant Run(const Json& request) {
-    if (request.contains("get")) {
-      const std::string name = request["get"];
-      const QVariant value = widget().property(name.c_str());
-      EXPECT_TRUE(value.isValid()) << name;
-      return value;
-    }
-    bool isDone = false;
-    if (request.contains("call")) {
-      const std::string name = request["call"];
-      isDone = request.contains("args")
-                   ? QMetaObject::invokeMethod(&widget(), name.c_str(),
-                                               Q_ARG(int, request["args"][0].get<int>()))
-                   : QMetaObject::invokeMethod(&widget(), name.c_str());
-      EXPECT_TRUE(isDone) << name;
-      return {};
-    }
-    const QByteArray setter = SetterOf(request["set"].get<std::string>());
-    const Json& value = request["value"];
-    if (value.is_string()) {
-      isDone = QMetaObject::invokeMethod(&widget(), setter.constData(),
-                                         Q_ARG(QString, Qs(value.get<std::string>())));
-    } else if (value.is_boolean()) {
-      isDone =
-          QMetaObject::invokeMethod(&widget(), setter.constData(), Q_ARG(bool, value.get<bool>()));
-    } else {
-      isDone =
-          QMetaObject::invokeMethod(&widget(), setter.constData(), Q_ARG(int, value.get<int>()));
-    }
-    EXPECT_TRUE(isDone) << setter.constData();
-    return {};
-  }
-
   void KeepAnswer(const Json& request) {
     Answer(request["answer"], [this, actions = request["with"]] {
       for (const Json& action : actions) {
         const char* verb = action.contains("set") ? "set" : action.contains("get") ? "get" : "call";
         Json entry = {{"answered", action[verb]}};
-        const QVariant value = Run(action);
+        const QVariant value = RunRequest(widget(), action);
         if (!action.contains("set")) entry["value"] = ToJson(value);
         Told(entry.dump());
       }
