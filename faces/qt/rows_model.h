@@ -24,6 +24,7 @@ class RowsModel final : public QAbstractListModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   const RowsControl& rows() const { return rows_; }
+  const faces::DrawnRows& drawn() const { return drawn_; }
   /// The row of the control that a row of the model shows, and back; -1 for one that is not drawn.
   int ControlRow(int modelRow) const { return drawn_.ControlRow(modelRow); }
   int ModelRow(int controlRow) const { return drawn_.DrawnRow(controlRow); }

@@ -1,5 +1,6 @@
 #include "faces/qt/rows_view.h"
 
+#include <QDateTime>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -280,6 +281,16 @@ void RowsView::Take(const faces::ListStep& step) {
     selectionModel()->setCurrentIndex(model_->index(step.row), QItemSelectionModel::NoUpdate);
   if (step.gesture == Gesture::kClickRow) emit RowClicked(model_->ControlRow(step.row));
   if (step.gesture == Gesture::kDoubleClickRow) emit RowDoubleClicked(model_->ControlRow(step.row));
+}
+
+// As in any other face. Qt's own search stays on a row when its letter comes again soon.
+void RowsView::keyboardSearch(const QString& typed) {
+  const auto now = static_cast<unsigned>(QDateTime::currentMSecsSinceEpoch());
+  for (const QChar letter : typed) {
+    const std::optional<int> row = ahead_.Find(model_->drawn(), currentIndex().row(),
+                                               static_cast<char16_t>(letter.unicode()), now);
+    if (row) selectionModel()->setCurrentIndex(model_->index(*row), QItemSelectionModel::NoUpdate);
+  }
 }
 
 // Past that of QListView, which walks all rows. The keys that move are taken before.

@@ -10,6 +10,7 @@
 
 #include "faces/qt/rows_model.h"
 #include "faces/shared/list_keys.h"
+#include "faces/shared/type_ahead.h"
 
 namespace zolt20::qt {
 
@@ -32,6 +33,7 @@ class RowsView final : public QListView {
   QRect visualRect(const QModelIndex& index) const override;
   QModelIndex indexAt(const QPoint& point) const override;
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+  void keyboardSearch(const QString& typed) override;
 
  signals:
   void RowClicked(int row);
@@ -73,6 +75,7 @@ class RowsView final : public QListView {
 
   const ListBox& list_;
   RowsModel* model_;
+  faces::TypeAhead ahead_;
 };
 
 }  // namespace zolt20::qt

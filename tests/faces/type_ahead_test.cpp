@@ -64,6 +64,16 @@ TEST_F(TypeAheadTest, TheLettersFindFurtherRowsAroundTheEnd) {
   EXPECT_EQ(From(0), -1);
 }
 
+TEST_F(TypeAheadTest, AmongTheRowsThatAreDrawn) {
+  faces::DrawnRows drawn(host().Form().lsttables);
+  drawn.SetFilter(u"b");  // ABLE, BASE, able, ABOVE
+  faces::TypeAhead ahead;
+  EXPECT_EQ(ahead.Find(drawn, -1, u'a', 0), 0);
+  EXPECT_EQ(ahead.Find(drawn, 0, u'a', 1), 2);
+  EXPECT_EQ(ahead.Find(drawn, 2, u'b', 2'000), 1);
+  EXPECT_EQ(ahead.Find(drawn, 1, u'c', 4'000), std::nullopt);
+}
+
 TEST_F(TypeAheadTest, AnEmptyListHasNoRow) {
   faces::TypeAhead ahead;
   EXPECT_EQ(ahead.Find(host().Form().lstFields, -1, u'a', 0), std::nullopt);
