@@ -4,6 +4,7 @@
 //
 // A call that can fail gives a Status; error_number, error_kind and error_text tell of the
 // element's last run-time error.
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -443,6 +444,25 @@ Status type_key(Element* element, const TextBox* box, int first, int behind, int
   const std::size_t to = faces::PlaceInText(text, from, static_cast<std::size_t>(behind - first));
   return element->person().Key(*box, static_cast<char16_t>(code),
                                {static_cast<int>(from), static_cast<int>(to)});
+}
+
+/// The gesture that was made last: its number, the control, its number in it, the marked characters
+/// of a key or -1; with its text. Nothing when there is none, or its control is gone.
+ZOLT20_EXPORT(made) void made(Element* element) {
+  const UserGesture& gesture = element->person().made().gesture;
+  const auto controls = element->Form().Controls();
+  numbers.clear();
+  if (std::find(controls.begin(), controls.end(), gesture.control) == controls.end()) return;
+  const TextMark mark = gesture.mark.value_or(TextMark{-1, -1});
+  numbers = {static_cast<std::int32_t>(gesture.gesture), Address(gesture.control), gesture.number,
+             mark.from, mark.to};
+  Give(StringView(gesture.text));
+}
+/// The word of a gesture in JSON lines, and behind a blank the key of what it has beside its
+/// control.
+ZOLT20_EXPORT(gesture_words) void gesture_words(Gesture gesture) {
+  const GestureDesign& design = DesignOf(gesture);
+  Give(std::string_view(std::string(design.word) + " " + std::string(design.operand)));
 }
 
 ZOLT20_EXPORT(begin_step) int begin_step(Element* element) {

@@ -14,7 +14,7 @@ import {kPackage, kTests} from './places.mjs';
 
 /** @import {Page} from 'playwright-core' */
 /** @import {ZOLT20MapControlElement} from 'zolt20-map-control' */
-/** @import {Controls, Dump, HostRequest} from './types' */
+/** @import {Controls, Dump, Gesture, HostRequest} from './types' */
 
 const kTables = 'TABLE__12,TABLE__20';
 /** @type {(name: string, flag?: string) => string} */
@@ -370,6 +370,7 @@ describe('events', () => {
         'eventFunction',
         'propertychanged',
         'historychanged',
+        'gesturemade',
         'undone',
         'redone',
       ];
@@ -431,6 +432,34 @@ describe('events', () => {
       'CustomEvent',
     );
     assert.deepEqual([of('undone').length, of('redone').length], [1, 1]);
+    assert.ok(of('gesturemade').length > 0);
+  });
+
+  withPerson('tell what the person did, for a record', async (person, page) => {
+    await page.evaluate(() => {
+      globalThis.made = [];
+      host.element.addEventListener('gesturemade', () =>
+        made.push(/** @type {Gesture | undefined} */ (host.element.madeGesture())),
+      );
+    });
+    assert.equal(await page.evaluate(() => host.element.madeGesture()), undefined);
+    await person.tab(1);
+    await person.key('txtAsSet', '5'.charCodeAt(0));
+    await person.mark('txtAsSet', 0, 1);
+    await page.keyboard.press('x');
+    await person.type('txtwhereCondition', 'a = 1');
+    await person.click('cmdAddWhereQuery');
+    assert.deepEqual(await page.evaluate(() => globalThis.made), [
+      {user: 'focus', control: 'tabVrn'},
+      {user: 'tab', page: 1},
+      {user: 'focus', control: 'txtAsSet'},
+      {user: 'key', control: 'txtAsSet', code: 53},
+      {user: 'key', control: 'txtAsSet', code: 120, from: 0, to: 1},
+      {user: 'focus', control: 'txtwhereCondition'},
+      {user: 'type', control: 'txtwhereCondition', text: 'a = 1'},
+      {user: 'focus', control: 'cmdAddWhereQuery'},
+      {user: 'click', control: 'cmdAddWhereQuery'},
+    ]);
   });
 
   withPerson('are answered inside them, at once', async (person, page) => {

@@ -30,10 +30,19 @@ const kOwnMembers = [
   'asStep',
   'tableNames',
   'dump',
+  'madeGesture',
   'statistics',
   'focus',
 ];
-const kOwnEvents = ['propertychanged', 'failed', 'message', 'historychanged', 'undone', 'redone'];
+const kOwnEvents = [
+  'propertychanged',
+  'failed',
+  'message',
+  'historychanged',
+  'gesturemade',
+  'undone',
+  'redone',
+];
 
 /** @type {(file: string) => string} */
 const inPackage = (file) => path.join(kPackage, file);

@@ -139,6 +139,10 @@ declare global {
   var failures: boolean[][];
   var histories: boolean[][];
   var hosts: Host[];
+  /** The gestures that a player of steps has not taken yet. */
+  var made: (Gesture | undefined)[];
+  /** What was done to the element, as lines of the automation host. */
+  var record: (Gesture | HostRequest)[];
   var kept: Element[] | undefined;
   var presses: number;
   var read: string;

@@ -1,7 +1,7 @@
 // <zolt20-map-control>: the control as an element of a page.
 import {type Dump, dumpOf} from './dump';
 import {Face, type FaceOwner, errorOf} from './face';
-import type {Listener, Logic} from './logic';
+import type {Listener, Logic, MadeGesture} from './logic';
 import {type Status, ValueType} from './numbers';
 import {styleSheets} from './style';
 
@@ -43,6 +43,7 @@ export class ZOLT20MapControlElement extends Base {
     failed: (error) => this.#tellOf('failed', error),
     historyChanged: () =>
       this.#tellOf('historychanged', {canUndo: this.canUndo, canRedo: this.canRedo}),
+    gestureMade: () => this.#tell(new Event('gesturemade', {bubbles: true, composed: true})),
     undone: () => this.#tell(new Event('undone', {bubbles: true, composed: true})),
     redone: () => this.#tell(new Event('redone', {bubbles: true, composed: true})),
   };
@@ -191,6 +192,9 @@ export class ZOLT20MapControlElement extends Base {
   }
   dump(): Dump {
     return dumpOf(logic, this.#handle);
+  }
+  madeGesture(): MadeGesture | undefined {
+    return logic.madeGesture(this.#handle);
   }
   override focus(): void {
     this.#face.takeFocus();

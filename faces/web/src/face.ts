@@ -14,6 +14,7 @@ import {ComboView, ListView, type View, viewOf} from './views';
 export interface FaceOwner {
   failed(error: Error): unknown;
   historyChanged(): unknown;
+  gestureMade(): unknown;
   undone(): unknown;
   redone(): unknown;
 }
@@ -292,6 +293,7 @@ export class Face implements TypedInto {
   #end(status: Status): void {
     const error = errorOf(this.logic, this.handle, status);
     this.show();
+    if (status !== Status.NotTaken) this.#owner.gestureMade();
     if (error !== undefined) this.#owner.failed(error);
   }
 

@@ -3,7 +3,7 @@
 // Texts cross by their 16-bit units, so that every text comes back as it went. Controls and
 // elements are their addresses, numbers that mean something to the module alone.
 
-import type {Ask, AskText, Gesture, ListKey, PartKind, Status} from './numbers';
+import {type Ask, AskText, type Gesture, type ListKey, type PartKind, type Status} from './numbers';
 
 /** The functions of exports.cpp. */
 interface Exports {
@@ -57,6 +57,8 @@ interface Exports {
   gesture(element: number, kind: Gesture, control: number, number: number): Status;
   type(element: number, box: number, caret: number, lineEnd: number): Status;
   type_key(element: number, box: number, first: number, behind: number, code: number): Status;
+  made(element: number): void;
+  gesture_words(gesture: Gesture): void;
   begin_step(element: number): number;
   end_step(element: number): void;
   undo(element: number): Status;
@@ -84,6 +86,9 @@ export interface Row {
   text: string;
   marked: boolean;
 }
+
+/** What a person did, as a request of the JSON lines that zolt20-host plays. */
+export type MadeGesture = Record<string, string | number>;
 
 /** A word of a line that has a colour. */
 export interface ColouredWord {
@@ -435,6 +440,20 @@ export class Logic {
   }
   typeKey(handle: number, box: Address, first: number, behind: number, code: number): Status {
     return this.#exports.type_key(handle, box, first, behind, code);
+  }
+  /** The gesture that was made last, if its control is still there. */
+  madeGesture(handle: number): MadeGesture | undefined {
+    this.#exports.made(handle);
+    const [gesture, control, number, from, to] = this.#numbers();
+    if (gesture === undefined) return undefined;
+    const typed = this.#text();
+    this.#exports.gesture_words(gesture);
+    const [user, operand] = this.#text().split(' ') as [string, string];
+    const made: MadeGesture = {user};
+    if (operand !== 'page') made['control'] = this.text(control!, AskText.Name);
+    if (operand !== '') made[operand] = operand === 'text' ? typed : number!;
+    if (from! >= 0) Object.assign(made, {from, to});
+    return made;
   }
   beginStep(handle: number): boolean {
     return this.#exports.begin_step(handle) !== 0;
