@@ -103,6 +103,7 @@ QtHands::QtHands() {
   widget_->resize(900, 650);
   const auto answer = [this](void (ZOLT20MapWidget::*event)(), const char* name) {
     QObject::connect(widget_, event, widget_, [this, name] {
+      raised_ = name;
       try {
         for (const Json& request : answers_[name])
           RunRequest(widget(), request);
@@ -119,6 +120,7 @@ QtHands::QtHands() {
   QObject::connect(widget_, &ZOLT20MapWidget::gestureMade, widget_,
                    [this](const ZOLT20Gesture& gesture) {
                      gestures_.push_back(LineOf(gesture));
+                     KeepAnswer();
                      Keep(gestures_.back());
                    });
   QObject::connect(&answering_, &QTimer::timeout, [this] { AnswerMessages(); });
@@ -135,11 +137,11 @@ QtHands::~QtHands() {
 }
 
 void QtHands::CarryOut(const Json& request) {
-  Keep(request);
   if (request.contains("answer")) {
     answers_[request["answer"]] = request["with"];
     return;
   }
+  Keep(request);
   try {
     RunRequest(widget(), request);
   } catch (const RuntimeError&) {
@@ -148,6 +150,8 @@ void QtHands::CarryOut(const Json& request) {
 }
 
 bool QtHands::CanReach(const std::string& control) {
+  // A list that is open would take the press.
+  if (QWidget* const popup = QApplication::activePopupWidget()) popup->close();
   const auto* target = widget_->findChild<QWidget*>(Qs(control));
   return target != nullptr && target->isEnabled() && IsInSight(control);
 }
@@ -169,10 +173,12 @@ void QtHands::Press(const KeyStroke& key) {
   Qt::KeyboardModifiers held;
   if (key.shift) held |= Qt::ShiftModifier;
   if (key.control) held |= Qt::ControlModifier;
+  const QWidget* const popup = QApplication::activePopupWidget();
+  QWindow* const window = popup == nullptr ? Window() : popup->windowHandle();
   if (const int named = QtKeyOf(key.name); named != 0) {
-    QTest::keyClick(Window(), static_cast<Qt::Key>(named), held);
+    QTest::keyClick(window, static_cast<Qt::Key>(named), held);
   } else {
-    QTest::keyClick(Window(), key.name.at(0), held);
+    QTest::keyClick(window, key.name.at(0), held);
   }
 }
 
@@ -276,6 +282,12 @@ void QtHands::Keep(const Json& line) {
   const QVariant place = widget_->hostData();
   lines_.push_back({line, place.isValid() ? place.toInt() : kNone});
   widget_->setHostData(static_cast<int>(lines_.size()) - 1);
+}
+
+// An answer stands before the gesture that asked for it: undone with it, it still is the host's.
+void QtHands::KeepAnswer() {
+  const auto answer = answers_.find(std::exchange(raised_, {}));
+  if (answer != answers_.end()) Keep({{"answer", answer->first}, {"with", answer->second}});
 }
 
 std::vector<Json> QtHands::Record() {

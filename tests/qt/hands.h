@@ -56,6 +56,7 @@ class QtHands : public PersonTest, public FaceHands {
 
  private:
   void Keep(const Json& line);
+  void KeepAnswer();
   void AnswerMessages();
   Json ShownOfBox(QWidget& widget, const std::string& what);
   Json ShownOfList(const QAbstractItemView& view, const std::string& what);
@@ -68,6 +69,7 @@ class QtHands : public PersonTest, public FaceHands {
   std::vector<Line> lines_;
   std::vector<Json> gestures_;
   std::map<std::string, Json> answers_;
+  std::string raised_;  // the event that the gesture in progress raised
   Json message_;
   QTimer answering_;
   QAccessible::UpdateHandler before_ = nullptr;
