@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStyleFactory>
-#include <QStyleOption>
 #include <algorithm>
 
 namespace zolt20::qt {
@@ -84,10 +83,28 @@ QRect FaceStyle::subControlRect(ComplexControl control, const QStyleOptionComple
 void FaceStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                    QPainter* painter, const QWidget* widget) const {
   if (control == CC_GroupBox && IsFlat(*option)) return;
+  const auto* group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+  const QStringList families =
+      widget == nullptr ? QStringList() : widget->property(kCaptionFamilies).toStringList();
+  if (group != nullptr && !families.isEmpty())
+    return DrawFrame(*group, families, *painter, *widget);
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   constexpr qreal kBoxRadius = 2;
   if (control == CC_ComboBox && IsDark(*option))
     DrawOutline(*option, *painter, option->rect, kBoxRadius);
+}
+
+// The letters of the caption are the frame's own, those of what lies in it the form's.
+void FaceStyle::DrawFrame(const QStyleOptionGroupBox& option, const QStringList& families,
+                          QPainter& painter, const QWidget& widget) const {
+  QFont letters = widget.font();
+  letters.setFamilies(families);
+  QStyleOptionGroupBox frame = option;
+  frame.fontMetrics = QFontMetrics(letters);
+  painter.save();
+  painter.setFont(letters);
+  QProxyStyle::drawComplexControl(CC_GroupBox, &frame, &painter, &widget);
+  painter.restore();
 }
 
 }  // namespace zolt20::qt

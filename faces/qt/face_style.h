@@ -4,8 +4,13 @@
 #pragma once
 
 #include <QProxyStyle>
+#include <QStyleOption>
 
 namespace zolt20::qt {
+
+/// The property of a frame that names the families of its caption's letters, where these are not
+/// the frame's.
+inline constexpr char kCaptionFamilies[] = "captionFamilies";
 
 class FaceStyle final : public QProxyStyle {
   Q_OBJECT
@@ -23,6 +28,10 @@ class FaceStyle final : public QProxyStyle {
                        const QWidget* widget = nullptr) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget = nullptr) const override;
+
+ private:
+  void DrawFrame(const QStyleOptionGroupBox& option, const QStringList& families, QPainter& painter,
+                 const QWidget& widget) const;
 };
 
 }  // namespace zolt20::qt

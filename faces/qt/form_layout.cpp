@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "faces/qt/face_style.h"
 #include "faces/qt/form_face.h"
 #include "faces/qt/icons.h"
 #include "faces/qt/rows_view.h"
@@ -186,9 +187,7 @@ void FormLayout::SetLetters() {
   owner_.setFont(font);
   for (const Design& design : kForm) {
     if ((design.style & kArial) == 0) continue;
-    QFont arial;  // the family alone: the size is that of the form
-    arial.setFamilies({QStringLiteral("Arial"), fallback});
-    Of(design)->setFont(arial);
+    Of(design)->setProperty(kCaptionFamilies, QStringList{QStringLiteral("Arial"), fallback});
   }
 }
 

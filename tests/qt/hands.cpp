@@ -67,6 +67,13 @@ const QLineEdit* LineIn(const QWidget& widget) {
   return qobject_cast<const QLineEdit*>(&widget);
 }
 
+// The letters of a frame are those of its caption.
+bool IsArial(const QWidget& widget) {
+  const QStringList ofCaption = widget.property("captionFamilies").toStringList();
+  const QStringList families = ofCaption.isEmpty() ? widget.font().families() : ofCaption;
+  return families.value(0) == QStringLiteral("Arial");
+}
+
 // The colour behind the text, as it is drawn.
 std::string BackOf(QWidget& widget) {
   QWidget* box = &widget;
@@ -199,7 +206,7 @@ void QtHands::Compose(const std::string& text) {
 Json QtHands::Shown(const std::string& control, const std::string& what) {
   QWidget& widget = On(control);
   if (what == "enabled") return widget.isEnabled();
-  if (what == "isArial") return widget.font().families().value(0) == QStringLiteral("Arial");
+  if (what == "isArial") return IsArial(widget);
   if (what == "back") return BackOf(widget);
   if (what == "isOn") return Be<QAbstractButton>(control).isChecked();
   if (const auto* strip = qobject_cast<const QTabBar*>(&widget)) {

@@ -91,9 +91,7 @@ class PagesTest : public ::testing::Test {
     QFont font = map_->font();
     font.setFamilies({family_});
     map_->setFont(font);
-    QFont ofWhile;
-    ofWhile.setFamilies({family_});
-    Find("frawhile")->setFont(ofWhile);
+    Find("frawhile")->setProperty("captionFamilies", QStringList{family_});
     for (const QWidget* widget : map_->findChildren<QWidget*>())
       ASSERT_EQ(QFontInfo(widget->font()).family(), family_) << NameOf(*widget);
   }

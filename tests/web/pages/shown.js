@@ -16,8 +16,11 @@ function shownOf(node, what, mark) {
     case 'isOn':
       return node.checked;
     case 'isArial':
-      // The letters of an option are those of its label.
-      return /^"?Arial\b/.test(getComputedStyle(node.closest('label') ?? node).fontFamily);
+      // The letters of an option are those of its label, those of a frame those of its title.
+      return /^"?Arial\b/.test(
+        getComputedStyle(node.querySelector(':scope > .title') ?? node.closest('label') ?? node)
+          .fontFamily,
+      );
     case 'page':
       return Number(node.querySelector('[role=tab][aria-selected=true]').dataset.page);
     case 'captions':
