@@ -16,22 +16,13 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/kit/text_coding.h"
 #include "shell/control.h"
+#include "tests/support/host_texts.h"
 #include "tests/support/mirror.h"
 
 namespace zolt20::tests {
 
-using Texts = std::vector<std::string>;
 using RowNumbers = std::vector<int>;
-
-/// UTF-8 to the control's texts and back.
-inline String Wide(std::string_view text) {
-  return hosts::FromJsonText(text);
-}
-inline std::string Narrow(StringView text) {
-  return hosts::ToJsonText(text);
-}
 
 /// The line that the log holds for an error message: its text, behind "message ". Title, icon and
 /// buttons are checked too.
@@ -133,11 +124,5 @@ class ControlTest : public ::testing::Test {
   std::unique_ptr<Mirror> mirror_;
   std::unique_ptr<ZOLT20MapControl> control_;
 };
-
-/// A field record of the catalogue: type word, flag and qualified name, further text.
-std::string Field(std::string_view flagAndName, std::string_view type = "long",
-                  std::string_view rest = "X");
-/// Entries of a host's list.
-std::string List(const Texts& entries);
 
 }  // namespace zolt20::tests

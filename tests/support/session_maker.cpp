@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "tests/support/control_test.h"
+#include "tests/support/host_texts.h"
 
 namespace zolt20::tests {
 namespace {
