@@ -27,7 +27,6 @@ describe('the element does what any face does', () => {
   before(async () => {
     stage = await Stage.open();
     person = await stage.openElement();
-    await person.page.addScriptTag({url: 'shown.js'});
     hands = new Hands(person);
   });
   after(() => stage?.close());

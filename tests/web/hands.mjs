@@ -6,7 +6,7 @@ import {designOf} from './form.mjs';
 
 /** @import {CDPSession} from 'playwright-core' */
 /** @import {Person} from './harness.mjs' */
-/** @import {Gesture, HostRequest} from './types' */
+/** @import {Gesture} from './types' */
 
 /**
  * @typedef {Record<string, any>} Step
@@ -36,9 +36,14 @@ export class Hands {
   /// At a new element.
   async begin() {
     const {page} = this.person;
+    if (!(await page.evaluate(() => globalThis.keepRecord !== undefined))) {
+      await page.addScriptTag({url: 'shown.js'});
+      await page.addScriptTag({url: 'record.js'});
+    }
     await this.person.makeNew('{"new":{}}');
     await page.evaluate(() => {
       globalThis.made = [];
+      keepRecord();
       host.element.addEventListener('gesturemade', () =>
         made.push(/** @type {Gesture | undefined} */ (host.element.madeGesture())),
       );
@@ -63,6 +68,8 @@ export class Hands {
   async try(step) {
     if (!(await this.#isPossible(step))) return false;
     await this.#do(step);
+    while ((await this.person.place('', 'dialog[open]')).isThere)
+      await this.person.press('', 'dialog[open] button');
     return true;
   }
 
@@ -70,12 +77,15 @@ export class Hands {
   async #isPossible(step) {
     const target = targetOf(step);
     if (target === undefined) return true;
+    // A list that is open would be closed by the press.
+    if (await this.person.page.evaluate(() => host.find('', '[aria-expanded=true]') !== null))
+      await this.person.keyboard.press('Escape');
     let place = await this.person.place(target);
     if (place.isThere && !place.isOnTop) {
       await this.person.bringIntoWindow(target);
       place = await this.person.place(target);
     }
-    if (!place.isOnTop || !place.isEnabled) return false;
+    if (!place.isOnTop || place.isEnabled === false) return false;
     return (
       step.row === undefined || step.row < (await this.person.dump()).controls[target].List.length
     );
@@ -105,7 +115,7 @@ export class Hands {
     } else if (step.compose !== undefined) {
       await this.#compose(step.compose);
     } else if (step.keys === undefined && step.type === undefined) {
-      await person.carryOut(JSON.stringify(step));
+      await person.page.evaluate((request) => carryOutForRecord(request), step);
     }
     return undefined;
   }
@@ -208,7 +218,7 @@ export class Hands {
   }
 
   /// What was done to the element, undone steps taken out, as lines of the automation host.
-  /** @type {() => Promise<(Gesture | HostRequest)[]>} */
+  /** @type {() => Promise<Record<string, unknown>[]>} */
   record() {
     return this.person.page.evaluate(() => record);
   }

@@ -8,6 +8,8 @@ export const kTests = path.dirname(fileURLToPath(import.meta.url));
 export const kRoot = process.env.ZOLT20_ROOT ?? path.resolve(kTests, '../..');
 export const kPackage = process.env.ZOLT20_PACKAGE ?? path.join(kRoot, 'build/web/package');
 export const kHost = process.env.ZOLT20_HOST ?? path.join(kRoot, 'build/release/hosts/zolt20-host');
+export const kPeople =
+  process.env.ZOLT20_PEOPLE ?? path.join(kRoot, 'build/release/tests/zolt20-people');
 export const kChromium = process.env.CHROMIUM ?? '/usr/bin/chromium';
 
 const modules = process.env.ZOLT20_MODULES ?? path.join(kRoot, 'build/web/tests/web');

@@ -142,7 +142,9 @@ declare global {
   /** The gestures that a player of steps has not taken yet. */
   var made: (Gesture | undefined)[];
   /** What was done to the element, as lines of the automation host. */
-  var record: (Gesture | HostRequest)[];
+  var record: Record<string, unknown>[];
+  /** Carries a request of a host out, for the record too. */
+  var carryOutForRecord: (request: Record<string, unknown>) => void;
   var kept: Element[] | undefined;
   var presses: number;
   var read: string;
