@@ -36,14 +36,13 @@ class ComboWindow final : public ViewOf<ComboBox> {
   bool OnMessage(UINT message, WPARAM /*wide*/, LPARAM /*longer*/) override {
     if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_MOUSEWHEEL)
       wasPicked_ = false;
+    // It scrolls a list that is open. Nothing is chosen by it.
+    if (message == WM_MOUSEWHEEL) return Send(CB_GETDROPPEDSTATE) == 0;
     if (message != WM_PASTE || edit_ == nullptr) return false;
     PasteText(edit_);
     return true;
   }
-  bool OnKey(WPARAM key) override {
-    if (key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT) ForgetEntry();
-    return false;
-  }
+  bool OnKey(WPARAM key) override;
   bool HasOwn(bool undo) const override {
     return undo && edit_ != nullptr && SendMessageW(edit_, EM_CANUNDO, 0, 0) != 0;
   }
@@ -116,6 +115,15 @@ void ComboWindow::OnCommand(int code) {
     default:
       break;
   }
+}
+
+// Behind a text that is no entry the platform would go on from the one that was picked before.
+bool ComboWindow::OnKey(WPARAM key) {
+  if (key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT) ForgetEntry();
+  const bool isAtNone = control().ListIndex() < 0 && control().ListCount() > 0;
+  if (key != VK_DOWN || !isAtNone || Send(CB_GETDROPPEDSTATE) != 0) return false;
+  Make(Gesture::kPick, 0);
+  return true;
 }
 
 void ComboWindow::PickEntry() {
