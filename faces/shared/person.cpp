@@ -50,6 +50,7 @@ End Person::Make(UserGesture gesture) {
   End end = Guard([&] { history_.Begin(control_, hostData_, source, run); });
   if (end != End::kDone) return end;
   made_ = {std::move(gesture), history_.GoesOn()};
+  ++madeCount_;
   Outcome outcome = Outcome::kDone;
   end = Guard([&] { outcome = control_.User(made_.gesture); });
   const End kept = Guard([&] { changes_.historyChanged |= history_.End(anythingChanged_); });

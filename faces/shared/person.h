@@ -100,6 +100,8 @@ class Person final : private SurfaceObserver {
   const Failure& failure() const { return failure_; }
   /// The gesture that was made last; without a control when there was no memory to make it.
   const MadeGesture& made() const { return made_; }
+  /// How many gestures were made so far, for whoever hears that something was done, and not what.
+  int madeCount() const { return madeCount_; }
 
   // Calls of the host's. While one is in progress, no gesture is taken.
 
@@ -185,6 +187,7 @@ class Person final : private SurfaceObserver {
   bool anythingChanged_ = false;  // but the focus and the tab order, since the gesture began
   Changes changes_;
   MadeGesture made_;
+  int madeCount_ = 0;
   Failure failure_;
 };
 

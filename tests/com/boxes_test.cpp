@@ -1,5 +1,5 @@
-// Boxes and lists at a person's hands: what they do as any box of the platform does, and what Undo
-// takes back.
+// Boxes and lists at a person's hands, as far as the list of what any face does leaves it to
+// Windows, and what Undo takes back.
 #include "tests/com/com_test.h"
 
 #include <commctrl.h>
@@ -53,16 +53,6 @@ class BoxesTest : public testing::Test {
     GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
     return text;
   }
-  /// Text and marked characters of a box.
-  using Look = std::tuple<std::wstring, DWORD, DWORD>;
-  static Look LookOf(HWND box) {
-    DWORD first = 0;
-    DWORD behind = 0;
-    SendMessageW(box, EM_GETSEL, reinterpret_cast<WPARAM>(&first),
-                 reinterpret_cast<LPARAM>(&behind));
-    return {TextOf(box), first, behind};
-  }
-
   void GoTo(int page) {
     EXPECT_EQ(named().Put(L"prpTab", Number(page)), S_OK);
     Pump();
@@ -126,53 +116,7 @@ class BoxesTest : public testing::Test {
   Pointer<IDispatch> byName_;
 };
 
-// The row limit.
-
-TEST_F(BoxesTest, AKeyThatIsDroppedLeavesTextAndMark) {
-  GoTo(1);
-  const HWND limit = On(L"txtAsSet");
-  Type(limit, L"50");
-  EXPECT_EQ(LookOf(limit), Look(L"50", 2, 2));
-  for (const auto& [first, behind] : {std::pair(0, 2), std::pair(1, 2), std::pair(0, 0)}) {
-    SendMessageW(limit, EM_SETSEL, static_cast<WPARAM>(first), behind);
-    const Look before = LookOf(limit);
-    Type(limit, L"x -\r\x8000");
-    EXPECT_EQ(LookOf(limit), before);
-  }
-  SendMessageW(limit, EM_SETSEL, 0, 2);
-  Type(limit, L"7");
-  EXPECT_EQ(LookOf(limit), Look(L"7", 1, 1));
-}
-
-TEST_F(BoxesTest, TheRuleOfTheButtonReadsTheTextThatStood) {
-  GoTo(1);
-  const HWND limit = On(L"txtAsSet");
-  Type(limit, L"\r");
-  EXPECT_FALSE(IsWindowEnabled(On(L"cmdAddWhereQuery")));
-  Type(limit, L"5");
-  EXPECT_FALSE(IsWindowEnabled(On(L"cmdAddWhereQuery")));
-  SendMessageW(limit, EM_SETSEL, 0, 1);
-  Type(limit, L"\b");
-  EXPECT_EQ(TextOf(limit), L"");
-  EXPECT_TRUE(IsWindowEnabled(On(L"cmdAddWhereQuery")));
-}
-
 // The value of a condition: a box that lists entries.
-
-TEST_F(BoxesTest, WhatIsTypedOnBehindAPickedEntryStandsThere) {
-  PickAValue();
-  const HWND line = LineOf(L"cboWhereFields1");
-  const std::wstring entry = TextOf(line);
-  ASSERT_NE(entry, L"");
-  const auto length = static_cast<LPARAM>(entry.size());
-  SendMessageW(line, EM_SETSEL, static_cast<WPARAM>(length), length);
-  Type(line, L"xyz");
-  EXPECT_EQ(TextOf(line), entry + L"xyz");
-  SendMessageW(line, EM_SETSEL, 0, 0);
-  Type(line, L"ab");
-  EXPECT_EQ(TextOf(line), L"ab" + entry + L"xyz");
-  EXPECT_EQ(TextOf(On(L"cboWhereFields1")), L"ab" + entry + L"xyz");
-}
 
 TEST_F(BoxesTest, ArrowsBehindATypedTextBeginWithTheFirstEntry) {
   PickAValue();
@@ -193,28 +137,6 @@ TEST_F(BoxesTest, APastedTextComesWholeWithItsLineEndsAsCrLf) {
   EXPECT_EQ(TextOf(On(L"txtCond")), L"a\r\nb\r\nc\r\nd");
   Paste(On(L"txtStmt1"), L"a\nb");
   EXPECT_EQ(TextOf(On(L"txtStmt1")), L"a\r\nb");
-}
-
-// Lists.
-
-TEST_F(BoxesTest, TheSameLetterAgainGoesToTheNextRow) {
-  const HWND tables = On(L"lsttables");
-  const auto focused = [tables] {
-    return SendMessageW(tables, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
-  };
-  Type(tables, L"o");
-  EXPECT_EQ(focused(), 0);
-  Type(tables, L"o");
-  EXPECT_EQ(focused(), 1);
-  Type(tables, L"o");
-  EXPECT_EQ(focused(), 0);
-}
-
-TEST_F(BoxesTest, ADoubleClickMarksARowOnce) {
-  const HWND tables = On(L"lsttables");
-  ClickRow(L"lsttables", 1);
-  SendMessageW(tables, WM_LBUTTONDBLCLK, MK_LBUTTON, PlaceOf(tables, 1));
-  EXPECT_TRUE(IsMarked(tables, 1));
 }
 
 // Undo.

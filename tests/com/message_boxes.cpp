@@ -6,6 +6,7 @@ namespace zolt20::tests {
 namespace {
 
 MessageBoxes::Tell told;
+HWND box = nullptr;
 
 std::wstring TextOf(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
@@ -26,12 +27,21 @@ MessageBoxes::~MessageBoxes() {
   told = {};
 }
 
+bool MessageBoxes::IsOfAnError() {
+  const auto error = reinterpret_cast<LRESULT>(LoadIconW(nullptr, IDI_ERROR));
+  for (HWND part = GetWindow(box, GW_CHILD); part != nullptr; part = GetWindow(part, GW_HWNDNEXT)) {
+    if (SendMessageW(part, STM_GETICON, 0, 0) == error) return true;
+  }
+  return false;
+}
+
 LRESULT CALLBACK MessageBoxes::Hook(int code, WPARAM wide, LPARAM longer) {
   constexpr int kText = 0xFFFF;
   const auto window = reinterpret_cast<HWND>(wide);
   wchar_t name[16] = L"";
   if (code == HCBT_ACTIVATE && GetClassNameW(window, name, 16) > 0 &&
       std::wstring(name) == L"#32770" && GetDlgItem(window, kText) != nullptr) {
+    box = window;
     told(TextOf(window), TextOf(GetDlgItem(window, kText)));
     PostMessageW(window, WM_COMMAND, IDOK, 0);
   }

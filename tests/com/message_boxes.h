@@ -15,6 +15,8 @@ class MessageBoxes {
   using Tell = std::function<void(const std::wstring& title, const std::wstring& text)>;
 
   explicit MessageBoxes(Tell tell);
+  /// Whether a message box, which is told at the moment, has the sign of an error.
+  static bool IsOfAnError();
   ~MessageBoxes();
   MessageBoxes(const MessageBoxes&) = delete;
   MessageBoxes& operator=(const MessageBoxes&) = delete;
