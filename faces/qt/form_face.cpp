@@ -235,10 +235,7 @@ QWidget* FormFace::MakeLinesBox(const Control& box) {
 QWidget* FormFace::MakeTextBox(const TextBox& box) {
   if ((box.design().style & kMultiLine) != 0) return MakeLinesBox(box);
   auto* line = new LineBox(box.design().name == ControlName::txtAsSet, &owner_);
-  connect(line, &LineBox::Typed, this, [this, &box, line](const QString& text) {
-    if (isShowing_) return;
-    End(person_.TypeInLine(box, View(text), static_cast<std::size_t>(line->cursorPosition())));
-  });
+  connect(line, &LineBox::Typed, this, [this, &box, line] { TypedIn(box, *line); });
   connect(line, &LineBox::KeyTyped, this, [this, &box](int from, int to, char16_t code) {
     if (!isShowing_) End(person_.Key(box, code, {from, to}));
   });
@@ -262,11 +259,8 @@ QWidget* FormFace::MakeCombo(const ComboBox& combo) {
   auto* model = new RowsModel(combo, box);
   models_.insert(&combo, model);
   box->setModel(model);
-  connect(box, &ComboWidget::Typed, this, [this, &combo, box](const QString& text) {
-    if (isShowing_) return;
-    End(person_.TypeInLine(combo, View(text),
-                           static_cast<std::size_t>(box->lineEdit()->cursorPosition())));
-  });
+  connect(box, &ComboWidget::Typed, this,
+          [this, &combo, box] { TypedIn(combo, *box->lineEdit()); });
   connect(box, &QComboBox::activated, this, [this, &combo](int row) {
     Make({Gesture::kPick, &combo, row});
   });
@@ -494,6 +488,14 @@ void FormFace::ShowFocus(bool moved) {
 
 void FormFace::Make(UserGesture gesture) {
   if (!isShowing_) End(person_.Make(std::move(gesture)));
+}
+
+// What a line's own undo brings back, such as half a line end, stood there before and stays so.
+void FormFace::TypedIn(const Control& box, const QLineEdit& line) {
+  if (isShowing_) return;
+  const QString text = line.text();
+  if (line.isRedoAvailable()) return Make({Gesture::kType, &box, UserGesture::kNone, FromQt(text)});
+  End(person_.TypeInLine(box, View(text), static_cast<std::size_t>(line.cursorPosition())));
 }
 
 // A gesture that was not taken is shown to be none when the call in progress is over.

@@ -17,6 +17,7 @@
 #include "faces/shared/person.h"
 #include "shell/control.h"
 
+class QLineEdit;
 class QTabBar;
 
 namespace zolt20::qt {
@@ -120,6 +121,7 @@ class FormFace final : public QObject, private SurfaceObserver {
 
   // Gestures.
   void Make(UserGesture gesture);
+  void TypedIn(const Control& box, const QLineEdit& line);
   void End(faces::End end);
   bool HandleKey(const Control& control, QWidget& widget, const QKeyEvent& event);
   bool MoveOption(const Control& option, bool forward);

@@ -36,6 +36,17 @@ TEST_F(BoxesTest, APastedTextComesWholeWithItsLineEndsAsCrLf) {
   EXPECT_EQ(form().txtCond.Text(), u"a\r\nb\r\nc!");
 }
 
+TEST_F(BoxesTest, HalfALineEndComesBackByUndoAsItWas) {
+  Tab(6);
+  Click("optIfThen");
+  Type("txtCond", "a\r\nb");
+  Press(Qt::Key_Left);
+  Press(Qt::Key_Backspace);
+  EXPECT_EQ(form().txtCond.Text(), u"a\rb");
+  QTest::keySequence(Window(), QKeySequence::Undo);
+  EXPECT_EQ(form().txtCond.Text(), u"a\r\nb");
+}
+
 // What a screen reader is told of a list: each row that the keys come to, and each mark.
 
 class ToldTest : public BoxesTest {
