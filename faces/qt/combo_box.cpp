@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
+#include <algorithm>
 #include <limits>
 
 #include "faces/qt/qt_text.h"
@@ -27,13 +28,17 @@ ComboWidget::ComboWidget(const ComboBox& combo, QWidget* parent)
   connect(lineEdit(), &QLineEdit::textEdited, this, &ComboWidget::Typed);
 }
 
-// As long as the text is right, an entry that is chosen no more is forgotten later.
+// As long as the text is right, an entry that is chosen no more is forgotten later. Where it is
+// not, the caret stays where it is, as seen from the end.
 void ComboWidget::Show() {
+  const auto behind = isEditable() ? currentText().size() - lineEdit()->cursorPosition() : 0;
   const bool isRight = combo_.IsEditable() && View(currentText()) == StringView(combo_.Text());
   if (currentIndex() != combo_.ListIndex() && !(isRight && combo_.ListIndex() < 0))
     setCurrentIndex(combo_.ListIndex());
-  if (combo_.IsEditable() && View(currentText()) != StringView(combo_.Text()))
-    setEditText(ToQt(combo_.Text()));
+  if (!combo_.IsEditable() || View(currentText()) == StringView(combo_.Text())) return;
+  setEditText(ToQt(combo_.Text()));
+  const auto caret = std::max<qsizetype>(0, currentText().size() - behind);
+  lineEdit()->setCursorPosition(static_cast<int>(caret));
 }
 
 void ComboWidget::showPopup() {

@@ -235,7 +235,9 @@ QWidget* FormFace::MakeLinesBox(const Control& box) {
 QWidget* FormFace::MakeTextBox(const TextBox& box) {
   if ((box.design().style & kMultiLine) != 0) return MakeLinesBox(box);
   auto* line = new LineBox(box.design().name == ControlName::txtAsSet, &owner_);
-  connect(line, &LineBox::Typed, this, [this, &box, line] { TypedIn(box, *line); });
+  const auto* mark = new LineMark(*line);
+  connect(line, &LineBox::Typed, this,
+          [this, &box, line, mark] { TypedIn(box, *line, mark->mark()); });
   connect(line, &LineBox::KeyTyped, this, [this, &box](int from, int to, char16_t code) {
     if (!isShowing_) End(person_.Key(box, code, {from, to}));
   });
@@ -259,8 +261,11 @@ QWidget* FormFace::MakeCombo(const ComboBox& combo) {
   auto* model = new RowsModel(combo, box);
   models_.insert(&combo, model);
   box->setModel(model);
-  connect(box, &ComboWidget::Typed, this,
-          [this, &combo, box] { TypedIn(combo, *box->lineEdit()); });
+  if (combo.IsEditable()) {
+    const auto* mark = new LineMark(*box->lineEdit());
+    connect(box, &ComboWidget::Typed, this,
+            [this, &combo, box, mark] { TypedIn(combo, *box->lineEdit(), mark->mark()); });
+  }
   connect(box, &QComboBox::activated, this, [this, &combo](int row) {
     Make({Gesture::kPick, &combo, row});
   });
@@ -491,11 +496,12 @@ void FormFace::Make(UserGesture gesture) {
 }
 
 // What a line's own undo brings back, such as half a line end, stood there before and stays so.
-void FormFace::TypedIn(const Control& box, const QLineEdit& line) {
+void FormFace::TypedIn(const Control& box, const QLineEdit& line, TextMark marked) {
   if (isShowing_) return;
   const QString text = line.text();
   if (line.isRedoAvailable()) return Make({Gesture::kType, &box, UserGesture::kNone, FromQt(text)});
-  End(person_.TypeInLine(box, View(text), static_cast<std::size_t>(line.cursorPosition())));
+  const auto caret = static_cast<std::size_t>(line.cursorPosition());
+  End(person_.TypeInLine(box, View(text), caret, marked));
 }
 
 // A gesture that was not taken is shown to be none when the call in progress is over.

@@ -121,7 +121,7 @@ class FormFace final : public QObject, private SurfaceObserver {
 
   // Gestures.
   void Make(UserGesture gesture);
-  void TypedIn(const Control& box, const QLineEdit& line);
+  void TypedIn(const Control& box, const QLineEdit& line, TextMark marked);
   void End(faces::End end);
   bool HandleKey(const Control& control, QWidget& widget, const QKeyEvent& event);
   bool MoveOption(const Control& option, bool forward);

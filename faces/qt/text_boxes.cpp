@@ -26,6 +26,11 @@ String TextBetween(const QTextDocument& document, int position, int count) {
   return FromQt(cursor.selectedText());
 }
 
+TextMark MarkOf(const QLineEdit& line) {
+  const int from = line.hasSelectedText() ? line.selectionStart() : line.cursorPosition();
+  return {from, from + static_cast<int>(line.selectedText().size())};
+}
+
 }  // namespace
 
 LinesBox::LinesBox(QWidget* parent) : QPlainTextEdit(parent) {
@@ -150,6 +155,13 @@ QMimeData* LinesBox::createMimeDataFromSelection() const {
   return copied;
 }
 
+// A line tells of its text first, and then where caret and mark are.
+LineMark::LineMark(QLineEdit& line) : QObject(&line) {
+  const auto take = [this, &line] { mark_ = MarkOf(line); };
+  connect(&line, &QLineEdit::selectionChanged, this, take);
+  connect(&line, &QLineEdit::cursorPositionChanged, this, take);
+}
+
 LineBox::LineBox(bool byKeys, QWidget* parent) : QLineEdit(parent), byKeys_(byKeys) {
   setFocusPolicy(Qt::ClickFocus);
   setMaxLength(std::numeric_limits<int>::max());  // a text that is cut off would be handed back so
@@ -195,8 +207,8 @@ void LineBox::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 void LineBox::HandOver(char16_t code) {
-  const int from = hasSelectedText() ? selectionStart() : cursorPosition();
-  emit KeyTyped(from, from + static_cast<int>(selectedText().size()), code);
+  const TextMark mark = MarkOf(*this);
+  emit KeyTyped(mark.from, mark.to, code);
 }
 
 }  // namespace zolt20::qt

@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
-#include "surface/string.h"
+#include "surface/surface.h"
 
 namespace zolt20::qt {
 
@@ -51,6 +51,18 @@ class LinesBox final : public QPlainTextEdit {
   String text_;
   bool isShowing_ = false;
   Highlighter* highlighter_ = nullptr;
+};
+
+/// What is marked in a line, and while the line tells of an edit what was marked before it.
+class LineMark final : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit LineMark(QLineEdit& line);
+  TextMark mark() const { return mark_; }
+
+ private:
+  TextMark mark_{0, 0};
 };
 
 /// A box of one line.

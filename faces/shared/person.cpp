@@ -71,9 +71,10 @@ End Person::Type(const Control& box, StringView shown, std::size_t caret, char16
                          lineEnd)});
 }
 
-End Person::TypeInLine(const Control& box, StringView shown, std::size_t caret) {
+End Person::TypeInLine(const Control& box, StringView shown, std::size_t caret, TextMark marked) {
   const String before = TypedText(box);
-  const Edit edit = EditBetween(before, shown, std::min(caret, shown.size()));
+  const Edit edit = EditOfMark(before, shown, static_cast<std::size_t>(marked.from),
+                               static_cast<std::size_t>(marked.to), std::min(caret, shown.size()));
   String text = Concat(StringView(before).substr(0, edit.position),
                        WithLineEnds(shown.substr(edit.position, edit.added)),
                        StringView(before).substr(edit.position + edit.removed));

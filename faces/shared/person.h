@@ -91,8 +91,8 @@ class Person final : private SurfaceObserver {
   /// end; the caret is there.
   End Type(const Control& box, StringView shown, std::size_t caret, char16_t lineEnd);
   /// The same in a box of one line that shows its text as it is, line ends included. What is typed
-  /// gets CR LF for each line end of any kind.
-  End TypeInLine(const Control& box, StringView shown, std::size_t caret);
+  /// gets CR LF for each line end of any kind. `marked` was marked before.
+  End TypeInLine(const Control& box, StringView shown, std::size_t caret, TextMark marked);
   /// A key in a box whose keys are heard, where these characters of its text are marked.
   End Key(const TextBox& box, char16_t code, TextMark mark);
 

@@ -83,6 +83,14 @@ Edit EditBetween(StringView before, StringView after, std::size_t caret) {
   return {first, oldEnd - first, newEnd - first};
 }
 
+Edit EditOfMark(StringView before, StringView after, std::size_t from, std::size_t behind,
+                std::size_t caret) {
+  const bool isOfMark = from <= behind && behind <= before.size() && from <= caret &&
+                        caret <= after.size() && before.substr(0, from) == after.substr(0, from) &&
+                        before.substr(behind) == after.substr(caret);
+  return isOfMark ? Edit{from, behind - from, caret - from} : EditBetween(before, after, caret);
+}
+
 const String& TypedText(const Control& box) {
   switch (box.kind()) {
     case Kind::SyntaxTextBox:

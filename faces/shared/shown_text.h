@@ -39,6 +39,11 @@ struct Edit {
 /// is the one that ends at the caret, a place in `after`.
 Edit EditBetween(StringView before, StringView after, std::size_t caret);
 
+/// The edit that put what stands before the caret in the place of the characters from `from` on and
+/// before `behind`, as typing and pasting do; the least one when another edit made `after`.
+Edit EditOfMark(StringView before, StringView after, std::size_t from, std::size_t behind,
+                std::size_t caret);
+
 /// The text of a box that a person types into: a text box, a syntax text box or an editable combo.
 const String& TypedText(const Control& box);
 /// The text of a text box or a syntax text box; none of any other control.

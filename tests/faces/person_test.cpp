@@ -123,12 +123,26 @@ TEST_F(PersonTest, LineEndsThatAreTypedIntoALineBecomeCrLfAndTheOthersStay) {
   const TextBox& box = Limit();
   TypeIn(box, u"a\nb");
   person.TakeChanges();
-  EXPECT_EQ(person.TypeInLine(box, u"a\nb\nc\rd\r\ne", 9), End::kDone);
+  EXPECT_EQ(person.TypeInLine(box, u"a\nb\nc\rd\r\ne", 9, {3, 3}), End::kDone);
   EXPECT_EQ(box.Text(), u"a\nb\r\nc\r\nd\r\ne");
   EXPECT_EQ(ChangeOf(box) & kText, kText);
-  EXPECT_EQ(person.TypeInLine(box, u"xa\nb\r\nc\r\nd\r\ne", 1), End::kDone);
+  EXPECT_EQ(person.TypeInLine(box, u"xa\nb\r\nc\r\nd\r\ne", 1, {0, 0}), End::kDone);
   EXPECT_EQ(box.Text(), u"xa\nb\r\nc\r\nd\r\ne");
   EXPECT_EQ(ChangeOf(box) & kText, 0);
+}
+
+TEST_F(PersonTest, ATextThatIsPastedOverItselfInALineHasCrLfAgain) {
+  const TextBox& box = Limit();
+  TypeIn(box, u"a\r\nb");
+  EXPECT_EQ(person.TypeInLine(box, u"a\nb", 3, {0, 4}), End::kDone);
+  EXPECT_EQ(box.Text(), u"a\r\nb");
+}
+
+TEST_F(PersonTest, WhatIsTakenAwayInALineIsTheLeastThatIsMissing) {
+  const TextBox& box = Limit();
+  TypeIn(box, u"abc\n");
+  EXPECT_EQ(person.TypeInLine(box, u"ab\n", 2, {3, 3}), End::kDone);
+  EXPECT_EQ(box.Text(), u"ab\n");
 }
 
 TEST_F(PersonTest, ATextThatTheControlRefusesIsShownAgain) {

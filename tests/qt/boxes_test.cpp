@@ -36,6 +36,14 @@ TEST_F(BoxesTest, APastedTextComesWholeWithItsLineEndsAsCrLf) {
   EXPECT_EQ(form().txtCond.Text(), u"a\r\nb\r\nc!");
 }
 
+TEST_F(BoxesTest, ATextThatIsPastedOverItselfHasItsLineEndsAsCrLfAgain) {
+  Tab(6);
+  Click("optIfThen");
+  Type("txtCond", "a\nb");
+  Type("txtCond", "a\nb");
+  EXPECT_EQ(form().txtCond.Text(), u"a\r\nb");
+}
+
 TEST_F(BoxesTest, HalfALineEndComesBackByUndoAsItWas) {
   Tab(6);
   Click("optIfThen");
