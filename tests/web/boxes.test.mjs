@@ -67,6 +67,69 @@ describe('the row limit', () => {
   });
 });
 
+describe('a plain edit', () => {
+  for (const box of ['txtSelectDo', 'txtwhereCondition']) {
+    withCatalogue(`of letters is one step of Undo in ${box}`, async () => {
+      await person.page.evaluate(() => {
+        host.element.Syntax_Highlight = true;
+      });
+      await person.tab(box === 'txtSelectDo' ? 2 : 1);
+      await person.focus(box);
+      await press(['x', '7', ' ', 'i', 'f', 'Control+Z']);
+      assert.equal((await controls())[box].Text, '');
+    });
+  }
+
+  withCatalogue('that goes back to where it began is taken back too', async () => {
+    await person.tab(6);
+    await person.click('optIfThen');
+    await person.focus('txtCond');
+    await press(['a', 'Control+A', 'Control+X', 'b', 'Control+Z']);
+    assert.equal((await controls()).txtCond.Text, '');
+    await press(['Control+Z']);
+    assert.equal((await controls()).txtCond.Text, 'a');
+    await press(['Control+Z']);
+    assert.equal((await controls()).txtCond.Text, '');
+    assert.equal((await controls()).optIfThen.Value, true);
+    await press(['Control+Z']);
+    assert.equal((await controls()).optIfThen.Value, false);
+  });
+
+  withCatalogue('leaves the blank beside a word that is cut', async () => {
+    await person.tab(6);
+    await person.click('optIfThen');
+    await person.typeKeys('txtCond', ' abc');
+    const {left, top, bottom} = await person.place('txtCond');
+    await person.mouse.dblclick(left + 24, (top + bottom) / 2);
+    await press(['Control+X', 'x']);
+    assert.equal((await controls()).txtCond.Text, ' x');
+    await press(['Control+Z']);
+    assert.equal((await controls()).txtCond.Text, ' ');
+  });
+
+  withCatalogue('that pastes lines into one brings the caret into sight', async () => {
+    await person.tab(6);
+    await person.click('optIfThen');
+    await person.focus('txtCond');
+    await person.page.evaluate(() => navigator.clipboard.writeText(`${'word '.repeat(200)}\nx`));
+    await press(['Control+V']);
+    const scrolled = await person.page.evaluate(() => {
+      const {scrollLeft, scrollWidth, clientWidth} = host.on('txtCond');
+      return scrollWidth - clientWidth - scrollLeft;
+    });
+    assert.ok(scrolled < 40, `the end is ${scrolled} beyond the box`);
+  });
+
+  withCatalogue('of a key that is dropped keeps the Undo of a paste', async () => {
+    await person.tab(1);
+    await person.type('txtAsSet', '12');
+    await press(['x', 'Control+Z']);
+    assert.deepEqual(await look(), ['', 0, 0]);
+    await press(['Control+Y']);
+    assert.equal((await controls()).txtAsSet.Text, '12');
+  });
+});
+
 describe('a list', () => {
   withCatalogue('cuts long names in the middle', async () => {
     await person.clickRow('lsttables', 2);

@@ -21,6 +21,16 @@ export function setAttributes(node: Element, attributes: Attributes): void {
   }
 }
 
+/**
+ * Shows a text in a node that has nothing else. No node goes away: wherever in the page one does,
+ * browsers end the run of typing that Undo takes back at once.
+ */
+export function showText(node: Element, text: string): void {
+  const shown = node.firstChild;
+  if (!(shown instanceof Text)) node.append(text);
+  else if (shown.data !== text) shown.data = text;
+}
+
 /** An icon of lines, as large as a letter. */
 export function icon(path: string): SVGElement {
   const kSvg = 'http://www.w3.org/2000/svg';

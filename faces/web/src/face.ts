@@ -287,8 +287,10 @@ export class Face implements TypedInto {
   }
   keyed(box: Address, first: number, behind: number, code: number): void {
     if (this.#isShowing || !this.#views.has(box)) return;
-    this.#typingIn = 0;
+    const before = this.logic.text(box, AskText.Text);
     this.#end(this.logic.typeKey(this.handle, box, first, behind, code));
+    // A key that was dropped leaves the box's own undo.
+    if (this.#views.has(box) && this.logic.text(box, AskText.Text) !== before) this.#typingIn = 0;
   }
   #end(status: Status): void {
     const error = errorOf(this.logic, this.handle, status);
@@ -448,6 +450,7 @@ export class Face implements TypedInto {
     if (box !== undefined && (isUndo ? box.hasOwnUndo : box.hasOwnRedo)) return;
     if (!this.logic.history(this.handle).isOn) return;
     event.preventDefault();
+    if (isUndo && box?.tryOwnUndo()) return;
     if (isUndo) this.undo();
     else this.redo();
   }

@@ -2,7 +2,7 @@
 //
 // A box shows the text of its control, with one character for each line end, and hands over what a
 // person makes of it. Line ends of any kind survive outside the place that is edited.
-import {make} from './dom';
+import {make, showText} from './dom';
 import type {Address, Logic} from './logic';
 import {Ask, AskText, Style, What} from './numbers';
 
@@ -43,6 +43,7 @@ export class TypedBox {
   #runStart = ''; // from where the run of typing began
   #takenBack = 0; // by the box's own undo, to be had again
   #isTakingBack = false; // it was the last that happened here
+  #wasAtStart = false; // the run came back to where it began by typing as well
 
   /** With `byKeys` each key is handed over by itself, so that the control can refuse it. */
   constructor(logic: Logic, box: Address, input: Input, into: TypedInto, byKeys = false) {
@@ -59,7 +60,12 @@ export class TypedBox {
     input.dir = 'ltr';
 
     const hand = () => {
-      if (!into.isTypingIn(box)) this.#runStart = this.#before;
+      if (!into.isTypingIn(box)) {
+        this.#runStart = this.#before;
+        this.#wasAtStart = false;
+      }
+      const isTyped = !this.#isTakingBack && this.#takenBack === 0;
+      if (isTyped && input.value === this.#runStart) this.#wasAtStart = true;
       into.typed(box, input.value, input.selectionEnd ?? input.value.length, this.#lineEnd);
     };
     input.addEventListener('beforeinput', () => {
@@ -88,7 +94,7 @@ export class TypedBox {
           logic.textBetween(box, first, behind),
         );
         event.preventDefault();
-        if (kind === 'cut') document.execCommand('delete');
+        if (kind === 'cut') this.#command('delete');
       });
     }
     input.addEventListener('dragstart', (event) => {
@@ -103,9 +109,34 @@ export class TypedBox {
         const text = (event as ClipboardEvent).clipboardData?.getData('text/plain') ?? '';
         if (!/[\r\n]/.test(text)) return;
         event.preventDefault();
-        document.execCommand('insertText', false, text.replace(/\r\n|\r|\n/g, kLineEndInALine));
+        this.#command('insertText', text.replace(/\r\n|\r|\n/g, kLineEndInALine));
       });
     }
+  }
+
+  // An edit by a command of the page's, as a step of its own in the box's undo. To mark anew what is
+  // marked ends a run of typing, and a double click is forgotten: of a word that it marked the
+  // command would take a blank beside it along.
+  #command(name: string, text?: string): void {
+    const {input} = this;
+    const [first, behind] = this.selection;
+    const way = input.selectionDirection ?? undefined;
+    input.setSelectionRange(first, first);
+    input.setSelectionRange(first, behind, way);
+    document.execCommand(name, false, text);
+    const place = input.selectionEnd ?? 0;
+    input.setSelectionRange(place, place);
+    // It scrolls nothing, where a key of the person's does.
+    this.#bringIntoSight(place);
+    const {fontStyle, fontWeight, fontSize, fontFamily, paddingLeft, paddingRight} =
+      getComputedStyle(input);
+    const ruler = make('canvas').getContext('2d')!;
+    ruler.font = `${fontStyle} ${fontWeight} ${fontSize} ${fontFamily}`;
+    const lineStart = input.value.lastIndexOf('\n', place - 1) + 1;
+    const before = ruler.measureText(input.value.slice(lineStart, place)).width;
+    const width = input.clientWidth - parseFloat(paddingLeft) - parseFloat(paddingRight);
+    if (before < input.scrollLeft) input.scrollLeft = before;
+    else if (before > input.scrollLeft + width) input.scrollLeft = before - width + 1;
   }
 
   #takeKeys(): void {
@@ -149,6 +180,11 @@ export class TypedBox {
     });
   }
 
+  /** Puts a text where the caret is, or instead of what is marked. */
+  insert(text: string): void {
+    this.#command('insertText', text);
+  }
+
   get selection(): [number, number] {
     return [this.input.selectionStart ?? 0, this.input.selectionEnd ?? 0];
   }
@@ -162,6 +198,30 @@ export class TypedBox {
     return this.#into.isTypingIn(this.#box) && this.#takenBack > 0;
   }
 
+  /**
+   * Takes a step back where only the browser knows whether one is left of the run: the box shows
+   * what it showed at the beginning, but did so in between too. Gives whether there was one.
+   */
+  tryOwnUndo(): boolean {
+    if (!this.#into.isTypingIn(this.#box) || !this.#wasAtStart) return false;
+    let isHere = false;
+    let isElsewhere = false;
+    const watch = (event: Event) => {
+      if (event.composedPath()[0] === this.input) {
+        isHere = true;
+        return;
+      }
+      isElsewhere = true;
+      event.stopImmediatePropagation();
+    };
+    window.addEventListener('input', watch, true);
+    document.execCommand('undo');
+    // Another box's step is none of this one's, and nobody hears of it.
+    if (!isHere && isElsewhere) document.execCommand('redo');
+    window.removeEventListener('input', watch, true);
+    return isHere;
+  }
+
   /** Shows the control's text and, where it moved, its caret. Gives whether the text is another. */
   show(what: number): boolean {
     const text =
@@ -172,6 +232,7 @@ export class TypedBox {
       const wasEmpty = before === '';
       this.input.value = text;
       this.#runStart = text;
+      this.#wasAtStart = false;
       this.#takenBack = 0;
       // What is new is in sight.
       const end = endOfChange(before, text);
@@ -266,7 +327,7 @@ export class LinesBox {
         (event.key === 'i' || event.key === 'Tab');
       if (!isTab) return;
       event.preventDefault();
-      document.execCommand('insertText', false, '\t');
+      this.typed.insert('\t');
     });
   }
 
@@ -300,27 +361,35 @@ export class LinesBox {
     const [scrollLeft, scrollTop] = this.#place;
     const first = Math.max(0, Math.floor((scrollTop - padding) / height));
     const behind = Math.min(this.#lines.length, first + Math.ceil(view / height) + 2);
-    this.#sheet.replaceChildren(
-      ...this.#lines.slice(first, behind).map((line) => this.#drawLine(line)),
-    );
+    const seen = this.#lines.slice(first, behind);
+    while (this.#sheet.childElementCount < seen.length)
+      this.#sheet.append(make('div', {class: 'line'}));
+    [...this.#sheet.children].forEach((node, at) => {
+      (node as HTMLElement).hidden = at >= seen.length;
+      if (at < seen.length) this.#drawLine(node, seen[at]!);
+    });
     this.#colours.style.width = `${width}px`;
     this.#colours.style.height = `${view}px`;
     this.#sheet.style.transform = `translate(${-scrollLeft}px, ${padding + first * height - scrollTop}px)`;
   }
-  #drawLine(line: string): HTMLElement {
-    const node = make('div', {class: 'line'});
+  // In the pieces that the node has from before; those that are too many become empty.
+  #drawLine(node: Element, line: string): void {
+    let pieces = 0;
+    const draw = (text: string, kind: string) => {
+      const piece = node.children[pieces++] ?? node.appendChild(make('span'));
+      if (piece.className !== kind) piece.className = kind;
+      showText(piece, text);
+    };
     let at = 0;
     for (const {first, count, kind} of this.#logic.colouredWords(line.slice(0, kColouredLine))) {
-      if (first > at) node.append(line.slice(at, first));
+      if (first > at) draw(line.slice(at, first), '');
       // A slanted word is a block of its own, and a tab has to stay in the line.
-      for (const piece of line.slice(first, first + count).split(/(\t)/)) {
-        if (piece === '\t') node.append(piece);
-        else if (piece !== '') node.append(make('span', {class: `word kind${kind}`}, piece));
-      }
+      for (const text of line.slice(first, first + count).split(/(\t)/))
+        if (text !== '') draw(text, text === '\t' ? '' : `word kind${kind}`);
       at = first + count;
     }
-    node.append(line.slice(at));
-    return node;
+    if (at < line.length) draw(line.slice(at), '');
+    while (pieces < node.childElementCount) draw('', '');
   }
 }
 

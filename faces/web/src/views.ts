@@ -1,6 +1,6 @@
 // How each kind of control is shown: a view has the nodes of one control and knows how to draw it.
 // What a person does comes out as gestures of the face; no view keeps what the control has.
-import {icon, make, setAttributes} from './dom';
+import {icon, make, setAttributes, showText} from './dom';
 import type {Face} from './face';
 import type {Address} from './logic';
 import {Ask, AskText, Gesture, Kind, Style, What} from './numbers';
@@ -65,7 +65,7 @@ function button(face: Face, control: Address): View {
     node,
     focus: node,
     show: () => {
-      node.textContent = face.logic.text(control, AskText.Caption);
+      showText(node, face.logic.text(control, AskText.Caption));
     },
     enable: (enabled) => {
       node.disabled = !enabled;
@@ -89,7 +89,7 @@ function option(face: Face, control: Address): View {
     node,
     focus: input,
     show: () => {
-      text.textContent = face.logic.text(control, AskText.Caption);
+      showText(text, face.logic.text(control, AskText.Caption));
       input.checked = face.logic.is(control, Ask.Value);
     },
     enable: (enabled) => {
@@ -111,7 +111,7 @@ function frame(face: Face, control: Address): View {
     node,
     focus: node,
     show: () => {
-      title.textContent = face.logic.text(control, AskText.Caption);
+      showText(title, face.logic.text(control, AskText.Caption));
       title.hidden = title.textContent === '';
     },
   };
@@ -123,7 +123,7 @@ function label(face: Face, control: Address): View {
     node,
     focus: node,
     show: () => {
-      node.textContent = face.logic.text(control, AskText.Caption);
+      showText(node, face.logic.text(control, AskText.Caption));
     },
   };
 }
@@ -358,7 +358,7 @@ class ComboView implements View {
 
   show(what: number): void {
     const {logic} = this.#face;
-    if (this.#typed === undefined) this.#text.textContent = logic.text(this.#control, AskText.Text);
+    if (this.#typed === undefined) showText(this.#text, logic.text(this.#control, AskText.Text));
     else this.#typed.show(what | What.Text);
     this.node.classList.toggle('inactive', isInactive(logic.number(this.#control, Ask.BackColor)));
     if ((what & What.Rows) !== 0) this.#rows.rowsChanged();
