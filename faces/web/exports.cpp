@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "faces/shared/back_colours.h"
 #include "faces/shared/case_places.h"
 #include "faces/shared/form_words.h"
 #include "faces/shared/layout.h"
@@ -320,6 +321,12 @@ int type_ahead(const RowsControl* list, int current, char16_t letter, unsigned t
 // The next row that they go to, from there on.
 ZOLT20_EXPORT(type_ahead_from) int type_ahead_from(const RowsControl* list, int from) {
   return typed.FindFrom(*list, from).value_or(-1);
+}
+// Of colours as 0xRRGGBB.
+ZOLT20_EXPORT(can_be_read) int can_be_read(int text, int background) {
+  constexpr int kPart = 0xFF;
+  const auto rgb = [](int of) { return faces::Rgb{of >> 16 & kPart, of >> 8 & kPart, of & kPart}; };
+  return faces::CanBeRead(rgb(text), rgb(background)) ? 1 : 0;
 }
 
 ZOLT20_EXPORT(control_number) int control_number(const Control* control, Ask ask) {

@@ -130,6 +130,62 @@ describe('a plain edit', () => {
   });
 });
 
+describe('the colour behind a text', () => {
+  /// Those of the box with a text that is meant to be highlighted, and of one that takes nothing.
+  const coloursIn = async (/** @type {'light' | 'dark'} */ colorScheme) => {
+    await person.page.emulateMedia({colorScheme});
+    return person.page.evaluate(() => {
+      const ruler = document.createElement('span');
+      document.body.append(ruler);
+      const numbersOf = (/** @type {string} */ colour) => {
+        ruler.style.color = colour;
+        return getComputedStyle(ruler).color;
+      };
+      const behind = (/** @type {string} */ box, /** @type {string} */ around) =>
+        getComputedStyle(host.on(box).closest(around) ?? host.on(box)).backgroundColor;
+      const own = getComputedStyle(host.element);
+      const found = {
+        meant: behind('txtCondition', '.lines'),
+        inactive: behind('cboWhereFields1', 'input'),
+        highlighted: numbersOf('HighlightText'),
+        field: numbersOf(own.getPropertyValue('--zolt20-field')),
+        takesNothing: numbersOf(own.getPropertyValue('--zolt20-field-inactive')),
+      };
+      ruler.remove();
+      return found;
+    });
+  };
+  withCatalogue('is the system colour where it can be read, in light and dark', async () => {
+    await person.clickRow('lsttables', 0);
+    await person.tab(1);
+    await person.pick('cboWhereFields', 0);
+    await person.pick('cboOper', 7);
+    assert.notEqual((await controls()).txtCondition.Text, '');
+    const light = await coloursIn('light');
+    assert.equal(light.meant, light.highlighted);
+    assert.equal(light.inactive, light.takesNothing);
+    const dark = await coloursIn('dark');
+    assert.equal(dark.meant, dark.field);
+    assert.equal(dark.inactive, dark.takesNothing);
+    assert.notEqual(dark.field, dark.highlighted);
+  });
+  withCatalogue('follows the colours that the page gives', async () => {
+    await person.page.emulateMedia({colorScheme: 'dark'});
+    await person.page.evaluate(() => {
+      host.element.style.setProperty('--zolt20-text', 'black');
+      host.element.style.setProperty('--zolt20-field', '#eeffee');
+    });
+    await person.tab(1);
+    await person.page.evaluate(() => {
+      const {parentElement} = host.element;
+      parentElement?.insertBefore(host.element, host.element.nextSibling);
+    });
+    const {meant, highlighted} = await coloursIn('dark');
+    assert.equal(meant, highlighted);
+    await person.page.emulateMedia({colorScheme: 'light'});
+  });
+});
+
 describe('a list', () => {
   withCatalogue('cuts long names in the middle', async () => {
     await person.clickRow('lsttables', 2);

@@ -46,6 +46,7 @@ interface Exports {
   list_key(key: ListKey, current: number, count: number, page: number, isSingle: number): void;
   type_ahead(list: number, current: number, letter: number, time: number): number;
   type_ahead_from(list: number, from: number): number;
+  can_be_read(text: number, background: number): number;
   control_number(control: number, ask: Ask): number;
   case_span(element: number, control: number): void;
   control_text(control: number, ask: AskText): void;
@@ -374,6 +375,10 @@ export class Logic {
       if (row === first) return -1;
     }
     return row;
+  }
+  /** Whether a text of that colour can be read on a background; both are 0xRRGGBB. */
+  canBeRead(text: number, background: number): boolean {
+    return this.#exports.can_be_read(text, background) !== 0;
   }
   number(control: Address, ask: Ask): number {
     return this.#exports.control_number(control, ask);

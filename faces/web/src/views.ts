@@ -1,5 +1,6 @@
 // How each kind of control is shown: a view has the nodes of one control and knows how to draw it.
 // What a person does comes out as gestures of the face; no view keeps what the control has.
+import {BackColour} from './back_colours';
 import {icon, make, setAttributes, showText} from './dom';
 import type {Face} from './face';
 import type {Address} from './logic';
@@ -17,13 +18,6 @@ export interface View {
   enable?(enabled: boolean): void;
   /** The element moved in its page, and the browser forgot what was scrolled. */
   restorePlace?(): void;
-}
-
-// Of the system colours in a number 0xBBGGRR, told by their top bit, those of the form are those of
-// a box that takes nothing.
-function isInactive(backColor: number): boolean {
-  const kHighlightText = 0x8000000e;
-  return backColor < 0 && backColor >>> 0 !== kHighlightText;
 }
 
 export function viewOf(face: Face, control: Address): View {
@@ -183,6 +177,7 @@ function tabStrip(face: Face, control: Address): View {
 function linesBox(face: Face, control: Address): View {
   const box = new LinesBox(face.logic, control, face);
   const isPlain = face.logic.number(control, Ask.Kind) === Kind.TextBox;
+  const colour = new BackColour(face.logic, box.node);
   return {
     node: box.node,
     focus: box.typed.input,
@@ -191,12 +186,15 @@ function linesBox(face: Face, control: Address): View {
       if (!isPlain) return;
       if ((what & What.SelStart) !== 0)
         box.typed.showCaret(face.logic.number(control, Ask.SelStart));
-      box.node.classList.toggle('inactive', isInactive(face.logic.number(control, Ask.BackColor)));
+      colour.show(face.logic.number(control, Ask.BackColor));
     },
     enable: (enabled) => {
       box.typed.input.disabled = !enabled;
     },
-    restorePlace: () => box.restorePlace(),
+    restorePlace: () => {
+      box.restorePlace();
+      colour.showAgain();
+    },
   };
 }
 
@@ -281,6 +279,7 @@ class ComboView implements View {
     popover: 'manual',
   });
   readonly #rows: Rows;
+  readonly #colour: BackColour;
   #opener: HTMLButtonElement | undefined;
 
   constructor(face: Face, control: Address) {
@@ -329,6 +328,7 @@ class ComboView implements View {
       isPopup: true,
     });
 
+    this.#colour = new BackColour(logic, this.node);
     // The focus stays in the box while the list is open.
     for (const node of [this.#popup, ...(this.#opener === undefined ? [] : [this.#opener])])
       node.addEventListener('mousedown', (event) => event.preventDefault());
@@ -360,9 +360,12 @@ class ComboView implements View {
     const {logic} = this.#face;
     if (this.#typed === undefined) showText(this.#text, logic.text(this.#control, AskText.Text));
     else this.#typed.show(what | What.Text);
-    this.node.classList.toggle('inactive', isInactive(logic.number(this.#control, Ask.BackColor)));
+    this.#colour.show(logic.number(this.#control, Ask.BackColor));
     if ((what & What.Rows) !== 0) this.#rows.rowsChanged();
     else this.#rows.draw();
+  }
+  restorePlace(): void {
+    this.#colour.showAgain();
   }
   enable(enabled: boolean): void {
     if (this.#typed === undefined) {
