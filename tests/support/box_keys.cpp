@@ -161,10 +161,9 @@ std::string Written(const std::vector<BoxKey>& keys) {
   return written;
 }
 
-int KeysOfABox() {
-  constexpr int kUsual = 2000;
+int KeysOfABox(const BoxManner& manner) {
   const std::string asked = NumberOfEnvironment("ZOLT20_ALIKE_KEYS");
-  return asked.empty() ? kUsual : std::max(1, std::stoi(asked));
+  return asked.empty() ? manner.usualKeys : std::max(1, std::stoi(asked));
 }
 
 std::optional<unsigned> SeedAsked() {
@@ -184,11 +183,11 @@ unsigned FirstSeedOf(const std::string& box) {
 std::string PlayBox(const std::string& box, const BoxManner& manner, const PlayKeys& play,
                     const std::string& howToRun, long& played) {
   const std::optional<unsigned> asked = SeedAsked();
-  const int courses = asked ? 1 : (KeysOfABox() + kKeysOfACourse - 1) / kKeysOfACourse;
+  const int courses = asked ? 1 : (KeysOfABox(manner) + kKeysOfACourse - 1) / kKeysOfACourse;
   unsigned seed = asked.value_or(FirstSeedOf(box));
   for (int count = 0; count < courses; ++count, ++seed) {
-    const int keys =
-        asked ? kKeysOfACourse : std::min(kKeysOfACourse, KeysOfABox() - count * kKeysOfACourse);
+    const int keys = asked ? kKeysOfACourse
+                           : std::min(kKeysOfACourse, KeysOfABox(manner) - count * kKeysOfACourse);
     BoxCourse course = MakeBoxCourse(seed, manner, keys);
     std::optional<Divergence> found = play(course);
     played += found ? found->keys : keys;

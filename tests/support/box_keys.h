@@ -48,6 +48,7 @@ struct BoxKey {
 struct BoxManner {
   bool hasSeveralLines = false;
   bool takesDigits = false;  ///< digits are likelier
+  int usualKeys = 2000;      ///< how many keys it gets when nobody asks for another number
 };
 
 /// A text to begin with, and the keys behind it.
@@ -66,8 +67,8 @@ std::string InQuotes(const std::u16string& text);
 std::string Written(const BoxKey& key);
 std::string Written(const std::vector<BoxKey>& keys);
 
-/// How many keys each box gets: of ZOLT20_ALIKE_KEYS, or else 2000.
-int KeysOfABox();
+/// How many keys a box gets: of ZOLT20_ALIKE_KEYS, or else as usual.
+int KeysOfABox(const BoxManner& manner);
 /// The one course to play, of ZOLT20_ALIKE_SEED.
 std::optional<unsigned> SeedAsked();
 /// The first seed of the courses of a box, which is another one in each.
