@@ -519,10 +519,7 @@ async function outOfReach(person, view) {
   for (const name of Object.keys(dump.controls)) {
     if (!takesFocus(name) || !isShown(dump, name)) continue;
     // Of the two views of a condition one lies before the other; rows of a case are scrolled to.
-    if (
-      ['txtCondition', 'txtwhereCondition'].includes(name) ||
-      /^(TxtExpr|txtStmt)\(/.test(name)
-    )
+    if (['txtCondition', 'txtwhereCondition'].includes(name) || /^(TxtExpr|txtStmt)\(/.test(name))
       continue;
     await person.bringIntoWindow(name, '');
     if (!(await person.place(name)).isOnTop) found.push(`${view}: ${name} can't be reached`);

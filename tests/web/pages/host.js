@@ -133,7 +133,10 @@ class Host {
     const isOnItsOwn = (at) => at.matches(':popover-open, dialog[open]');
     /** @type {HTMLElement} */
     let at = node;
-    for (let around; !isOnItsOwn(at) && (around = this.around(at)) !== null; at = around) {
+    for (;;) {
+      const around = isOnItsOwn(at) ? null : this.around(at);
+      if (around === null) break;
+      at = around;
       if (getComputedStyle(around).overflow === 'visible') continue;
       const box = around.getBoundingClientRect();
       [left, top] = [Math.max(left, box.left), Math.max(top, box.top)];
