@@ -9,6 +9,11 @@ namespace zolt20::faces {
 /// The name for screen readers. No two controls of a kind have the same.
 String AccessibleName(const Control& control);
 
+/// What becomes of a row whose mark is made or taken, as screen readers word it.
+inline StringView MarkWord(bool isMarked) {
+  return isMarked ? u"selected" : u"unselected";
+}
+
 /// The letter of a button or option that works with Alt, 0 for none; no two on a page are the same.
 char16_t MnemonicOf(const Control& control);
 

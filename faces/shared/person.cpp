@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "faces/shared/form_words.h"
 #include "faces/shared/shown_text.h"
 
 namespace zolt20::faces {
@@ -24,7 +25,7 @@ Run RunOf(Gesture gesture) {
 
 }  // namespace
 
-Person::Person(ZOLT20MapControl& control) : control_(control) {
+Person::Person(ZOLT20MapControl& control) : control_(control), told_(control) {
   control_.AddObserver(*this);
 }
 
@@ -46,6 +47,7 @@ End Person::Make(UserGesture gesture) {
   if (calls_ > 0) return End::kNotTaken;
   const HostCall inProgress(*this, false);
   anythingChanged_ = false;
+  told_.Forget();
   made_ = {};
   End end = Guard([&] { history_.Begin(control_, hostData_, source, run); });
   if (end != End::kDone) return end;
@@ -54,6 +56,7 @@ End Person::Make(UserGesture gesture) {
   Outcome outcome = Outcome::kDone;
   end = Guard([&] { outcome = control_.User(made_.gesture); });
   const End kept = Guard([&] { changes_.historyChanged |= history_.End(anythingChanged_); });
+  TellMark();
   const bool isTyped = made_.gesture.gesture == Gesture::kType && outcome == Outcome::kDone;
   // The control's caret is at the end now. Where the person types it stays, unless the text became
   // another.
@@ -99,6 +102,25 @@ End Person::Key(const TextBox& box, char16_t code, TextMark mark) {
   return end;
 }
 
+// Screen readers tell a mark that the space bar made or took. One that another key took, and the
+// one that the space bar makes again after that, they do not.
+void Person::TellMark() {
+  const UserGesture& gesture = made_.gesture;
+  const bool isTwice = gesture.gesture == Gesture::kDoubleClickRow;
+  if (!isTwice && gesture.gesture != Gesture::kClickRow) return;
+  const auto& list = static_cast<const ListBox&>(*gesture.control);
+  const bool isAgain = taken_.first == &list && taken_.second == gesture.number;
+  taken_ = {};
+  if (gesture.number >= list.ListCount() || list.HasCheckBoxes()) return;
+  const bool isMarked = list.Selected(gesture.number);
+  if (isTwice && !isMarked) {
+    taken_ = {&list, gesture.number};
+    told_.Say(String(MarkWord(false)));
+  } else if (isAgain && isMarked) {
+    told_.Say(String(MarkWord(true)));
+  }
+}
+
 // What is shown of the box is its text already, and the caret stays.
 void Person::ShownAsItIs(const Control& box) {
   changes_.changed[&box].what &=
@@ -139,14 +161,14 @@ void Person::ForgetHistory() {
 }
 
 End Person::Undo() {
-  return history_.CanUndo() ? PutBack(&History::Undo) : End::kNotTaken;
+  return history_.CanUndo() ? PutBack(&History::Undo, u"Undone") : End::kNotTaken;
 }
 
 End Person::Redo() {
-  return history_.CanRedo() ? PutBack(&History::Redo) : End::kNotTaken;
+  return history_.CanRedo() ? PutBack(&History::Redo, u"Redone") : End::kNotTaken;
 }
 
-End Person::PutBack(History::Step (History::*take)(History::Step)) {
+End Person::PutBack(History::Step (History::*take)(History::Step), StringView words) {
   if (calls_ > 0) return End::kNotTaken;
   const HostCall inProgress(*this, false);
   return Guard([&] {
@@ -154,6 +176,7 @@ End Person::PutBack(History::Step (History::*take)(History::Step)) {
     changes_.historyChanged = true;
     control_.Restore(std::move(step.state));
     hostData_ = std::move(step.hostData);
+    told_.Say(String(words));
   });
 }
 

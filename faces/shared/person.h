@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "faces/shared/history.h"
+#include "faces/shared/told_changes.h"
 #include "shell/control.h"
 
 namespace zolt20::faces {
@@ -159,6 +160,9 @@ class Person final : private SurfaceObserver {
 
   /// What changed, by this the last time.
   Changes TakeChanges() { return std::exchange(changes_, {}); }
+  /// What the last gesture made of other controls than the one with the focus, in a few words for
+  /// those who do not see it; "" for nothing, or when the words were taken already.
+  String TakeWords() { return told_.TakeWords(); }
   /// All of a control has to be shown again.
   void Note(const Control& control, int what = Change::kEverything);
   void NoteAll();
@@ -178,7 +182,8 @@ class Person final : private SurfaceObserver {
   End Guard(const Act& act);
   void Fail(std::string_view kind, int number, const char* text);
   void ShownAsItIs(const Control& box);
-  End PutBack(History::Step (History::*take)(History::Step));
+  void TellMark();
+  End PutBack(History::Step (History::*take)(History::Step), StringView words);
 
   ZOLT20MapControl& control_;
   History history_;
@@ -186,6 +191,8 @@ class Person final : private SurfaceObserver {
   int calls_ = 0;                 // of gestures and members, one within the other
   bool anythingChanged_ = false;  // but the focus and the tab order, since the gesture began
   Changes changes_;
+  ToldChanges told_;
+  std::pair<const Control*, int> taken_{};  // the row of which a mark was taken last
   MadeGesture made_;
   int madeCount_ = 0;
   Failure failure_;
