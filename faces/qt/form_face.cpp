@@ -1,6 +1,7 @@
 #include "faces/qt/form_face.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -9,6 +10,7 @@
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStackedWidget>
 #include <QTabBar>
 #include <QToolButton>
 #include <algorithm>
@@ -16,6 +18,7 @@
 #include <optional>
 #include <utility>
 
+#include "faces/qt/announcer.h"
 #include "faces/qt/combo_box.h"
 #include "faces/qt/face_style.h"
 #include "faces/qt/form_layout.h"
@@ -89,6 +92,9 @@ FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control)
   for (const Control* each : Form().Controls())
     MakeWidget(*each);
   FormLayout(*this, owner_).Build();
+  announcer_ = new Announcer(owner_);
+  for (QStackedWidget* stack : owner_.findChildren<QStackedWidget*>())
+    PassOver(*stack);
   control_.AddObserver(*this);
   StateReplaced();
   person_.NoteAll();
@@ -191,6 +197,7 @@ QWidget* FormFace::MakeWidget(const Control& control) {
     case Kind::Rectangle: {
       auto* frame = new QFrame(&owner_);
       frame->setFrameShape(QFrame::StyledPanel);
+      TellAsGroup(*frame);
       widget = frame;
       break;
     }
@@ -413,7 +420,9 @@ void FormFace::ShowKind(const Control& control, QWidget& widget, const faces::Ch
       break;
     }
   }
-  widget.setAccessibleName(ToQt(faces::AccessibleName(control)));
+  // Even the same name would be told as a new one.
+  const QString name = ToQt(faces::AccessibleName(control));
+  if (widget.accessibleName() != name) widget.setAccessibleName(name);
 }
 
 // Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes and
@@ -510,8 +519,34 @@ void FormFace::End(faces::End end) {
   const faces::MadeGesture made = person_.made();
   const faces::Failure failure = person_.failure();
   ShowChanges();
+  Announce();
   if (made.gesture.control != nullptr) emit Acted(made);
   if (end != faces::End::kDone) emit Failed(failure);
+}
+
+// Of the tab strip Qt tells that it has the focus, and not which page.
+void FormFace::TellPage() {
+  const auto tell = [this] {
+    auto* strip = static_cast<QTabBar*>(WidgetOf(Form().tabVrn));
+    if (!QAccessible::isActive() || !strip->hasFocus()) return;
+    QAccessibleEvent event(strip, QAccessible::Focus);
+    event.setChild(strip->currentIndex());
+    QAccessible::updateAccessibility(&event);
+  };
+  QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+}
+
+void FormFace::Announce() {
+  String words = person_.TakeWords();
+  // Of a check box in a list Qt tells only that it is another.
+  const UserGesture& made = person_.made().gesture;
+  if (made.gesture == Gesture::kClickRow) {
+    const auto& list = static_cast<const ListBox&>(*made.control);
+    if (list.HasCheckBoxes() && made.number < list.ListCount())
+      words =
+          Concat(faces::MarkWord(list.Selected(made.number)), words.empty() ? u"" : u" ", words);
+  }
+  if (!words.empty()) announcer_->Tell(ToQt(words));
 }
 
 void FormFace::SwitchHistory(bool on) {
@@ -531,12 +566,14 @@ void FormFace::SetHostData(const QVariant& value) {
 void FormFace::Undo() {
   if (person_.Undo() != faces::End::kDone) return;
   ShowChanges();
+  Announce();
   emit Undone();
 }
 
 void FormFace::Redo() {
   if (person_.Redo() != faces::End::kDone) return;
   ShowChanges();
+  Announce();
   emit Redone();
 }
 
@@ -596,6 +633,7 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
   auto& widget = *static_cast<QWidget*>(watched);
   switch (event->type()) {
     case QEvent::FocusIn:
+      if (control->kind() == Kind::TabStrip) TellPage();
       if (Form().Focused() == control) {
         // There already.
       } else if (static_cast<const QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason) {

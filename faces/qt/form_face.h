@@ -22,6 +22,7 @@ class QTabBar;
 
 namespace zolt20::qt {
 
+class Announcer;
 class FaceStyle;
 class FormLayout;
 class LineBox;
@@ -126,9 +127,14 @@ class FormFace final : public QObject, private SurfaceObserver {
   bool HandleKey(const Control& control, QWidget& widget, const QKeyEvent& event);
   bool MoveOption(const Control& option, bool forward);
 
+  /// Has it read out what the gesture changed that a person who does not see would not notice.
+  void Announce();
+  void TellPage();
+
   QWidget& owner_;
   ZOLT20MapControl& control_;
   std::unique_ptr<FaceStyle> style_;
+  Announcer* announcer_ = nullptr;
   std::unordered_map<const Control*, QWidget*> widgets_;
   QHash<QObject*, const Control*> controls_;
   QHash<const Control*, RowsModel*> models_;

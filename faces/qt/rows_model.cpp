@@ -29,8 +29,9 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
       const QString name = ToQt(drawn_.NameOf(row));
       return name.isEmpty() ? text : text + QStringLiteral(": ") + name;
     }
-    case kNameRole:
     case Qt::AccessibleDescriptionRole:
+      return Spoken(row);
+    case kNameRole:
       return ToQt(drawn_.NameOf(row));
     case Qt::CheckStateRole:
       if (list_ == nullptr || !list_->HasCheckBoxes()) return {};
@@ -38,6 +39,17 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
     default:
       return {};
   }
+}
+
+// What is read behind the text of a row. Screen readers of Linux tell the mark of a row of Qt when
+// it changes, and not when the keys come to it.
+QString RowsModel::Spoken(int row) const {
+  QStringList words;
+  if (const QString name = ToQt(drawn_.NameOf(row)); !name.isEmpty()) words << name;
+#ifdef Q_OS_LINUX
+  if (list_ != nullptr && !list_->Selected(row)) words << QStringLiteral("not selected");
+#endif
+  return words.join(u' ');
 }
 
 Qt::ItemFlags RowsModel::flags(const QModelIndex& index) const {

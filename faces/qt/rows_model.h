@@ -48,6 +48,7 @@ class RowsModel final : public QAbstractListModel {
 
  private:
   void Show();
+  QString Spoken(int row) const;
 
   const RowsControl& rows_;
   const ListBox* list_;  // nullptr for a combo box

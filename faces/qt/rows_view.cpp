@@ -204,12 +204,18 @@ void RowsView::Tell(QAccessible::Event what, const QModelIndex& index) {
 
 void RowsView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
-  if (hasFocus()) Tell(QAccessible::Focus, current);
+  if (hasFocus() && !isEntering_) Tell(QAccessible::Focus, current);
 }
 
 void RowsView::focusInEvent(QFocusEvent* event) {
+  isEntering_ = true;  // the first row becomes the current one
   QListView::focusInEvent(event);
-  Tell(QAccessible::Focus, currentIndex());
+  isEntering_ = false;
+  // Behind what Qt tells of the list itself.
+  const auto tellRow = [this] {
+    if (hasFocus()) Tell(QAccessible::Focus, currentIndex());
+  };
+  QMetaObject::invokeMethod(this, tellRow, Qt::QueuedConnection);
 }
 
 void RowsView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {

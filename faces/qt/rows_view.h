@@ -76,6 +76,7 @@ class RowsView final : public QListView {
   const ListBox& list_;
   RowsModel* model_;
   faces::TypeAhead ahead_;
+  bool isEntering_ = false;
 };
 
 }  // namespace zolt20::qt

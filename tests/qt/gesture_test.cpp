@@ -435,14 +435,14 @@ TEST_F(TableNamesTest, TheSurfaceHasNoneOfThem) {
 TEST_F(TableNamesTest, ARowTellsItsNameBesideItsCode) {
   EXPECT_EQ(Told(0, Qt::DisplayRole), "TABLE__1");
   EXPECT_EQ(Told(0, Qt::ToolTipRole), "TABLE__1: Customers");
-  EXPECT_EQ(Told(0, Qt::AccessibleDescriptionRole), "Customers");
+  EXPECT_EQ(Told(0, Qt::AccessibleDescriptionRole), "Customers not selected");
   EXPECT_EQ(Told(0, RowsModel::kNameRole), "Customers");
 }
 
 TEST_F(TableNamesTest, ARowWithoutANameTellsItsCode) {
   EXPECT_EQ(Told(1, Qt::DisplayRole), "TABLE__2");
   EXPECT_EQ(Told(1, Qt::ToolTipRole), "TABLE__2");
-  EXPECT_EQ(Told(1, Qt::AccessibleDescriptionRole), "");
+  EXPECT_EQ(Told(1, Qt::AccessibleDescriptionRole), "not selected");
 }
 
 TEST_F(TableNamesTest, TheNameIsDrawn) {

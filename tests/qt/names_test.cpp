@@ -32,7 +32,7 @@ QAccessible::Role RoleOf(const Control& control) {
     case Kind::Label:
       return QAccessible::StaticText;
     case Kind::Rectangle:
-      return QAccessible::Border;
+      return QAccessible::Grouping;
     case Kind::ScrollBar:
       return QAccessible::ScrollBar;
   }

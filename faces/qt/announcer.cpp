@@ -1,0 +1,68 @@
+#include "faces/qt/announcer.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QTimer>
+
+namespace zolt20::qt {
+namespace {
+
+class Notification final : public QAccessibleWidget {
+ public:
+  explicit Notification(QWidget* widget) : QAccessibleWidget(widget, QAccessible::Notification) {}
+
+  // Although no place on the screen is its own.
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.invisible = false;
+    state.readOnly = true;
+    return state;
+  }
+};
+
+// The role of a widget that Qt gives another one.
+constexpr const char* kRole = "zolt20AccessibleRole";
+
+// Qt asks with the name of each class of the object, the most derived one first.
+QAccessibleInterface* InterfaceOf(const QString& /*name*/, QObject* object) {
+  if (auto* announcer = qobject_cast<Announcer*>(object)) return new Notification(announcer);
+  const QVariant role = object->property(kRole);
+  if (!role.isValid()) return nullptr;
+  return new QAccessibleWidget(static_cast<QWidget*>(object),
+                               static_cast<QAccessible::Role>(role.toInt()));
+}
+
+void TellAs(QWidget& widget, QAccessible::Role role) {
+  QAccessible::installFactory(&InterfaceOf);  // installed once, however often it is asked for
+  widget.setProperty(kRole, static_cast<int>(role));
+}
+
+}  // namespace
+
+void PassOver(QWidget& holder) {
+  TellAs(holder, QAccessible::Client);
+}
+
+void TellAsGroup(QWidget& frame) {
+  TellAs(frame, QAccessible::Grouping);
+}
+
+Announcer::Announcer(QWidget& owner) : QWidget(&owner) {
+  QAccessible::installFactory(&InterfaceOf);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setFocusPolicy(Qt::NoFocus);
+  hide();
+}
+
+void Announcer::Tell(const QString& words) {
+  if (!QAccessible::isActive()) return;
+  // Behind a message the window is told first.
+  constexpr int kUntilActive = 150;
+  QTimer::singleShot(isActiveWindow() ? 0 : kUntilActive, this, [this, words] {
+    setAccessibleName(words);
+    QAccessibleEvent shown(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
+  });
+}
+
+}  // namespace zolt20::qt
