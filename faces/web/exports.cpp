@@ -493,6 +493,10 @@ ZOLT20_EXPORT(switch_history) void switch_history(Element* element, int on) {
   element->person().SwitchHistory(on != 0);
 }
 
+/// What the last gesture changed, in words for those who do not see it; "" for nothing.
+ZOLT20_EXPORT(words) void words(Element* element) {
+  Give(StringView(element->person().TakeWords()));
+}
 /// What changed since the last call: whether the focus moved, the number of controls that are gone,
 /// these, then each control that changed with its bits.
 ZOLT20_EXPORT(changes) void changes(Element* element) {

@@ -34,6 +34,8 @@ export class Face implements TypedInto {
     make('span', {class: 'edge', tabindex: 0}),
   ];
   readonly node: HTMLElement;
+  /** What is read out that stands nowhere on the form, such as what a button did beside it. */
+  readonly #told = [0, 1].map(() => make('div', {role: 'status', class: 'told'}));
   readonly messages: MessageBox;
 
   readonly #owner: FaceOwner;
@@ -70,7 +72,10 @@ export class Face implements TypedInto {
       if (entry!.contentRect.width > 0) this.messages.showWaiting();
       else this.leavesSight();
     }).observe(this.node);
-    root.append(this.node, this.messages.node);
+    // The keys are the form's own, and a screen reader passes them on.
+    root.append(
+      make('div', {role: 'application', class: 'whole'}, this.node, this.messages.node, ...this.#told),
+    );
     for (const control of this.#views.keys()) this.#show(control, What.Everything);
 
     this.node.addEventListener('focusin', (event) => this.#focusIn(event));
@@ -92,6 +97,12 @@ export class Face implements TypedInto {
       );
     }
     this.node.addEventListener('keydown', (event) => this.#key(event));
+    // What a box takes back by itself changes its text, and screen readers read no such change.
+    this.node.addEventListener('input', (event) => {
+      const {inputType} = event as InputEvent;
+      if (inputType === 'historyUndo') this.#say('Undone');
+      if (inputType === 'historyRedo') this.#say('Redone');
+    });
     // A press beside the controls leaves the focus where it is.
     this.node.addEventListener('mousedown', (event) => {
       const target = (event.target as Element).closest(
@@ -295,18 +306,33 @@ export class Face implements TypedInto {
   #end(status: Status): void {
     const error = errorOf(this.logic, this.handle, status);
     this.show();
+    this.#tell();
     if (status !== Status.NotTaken) this.#owner.gestureMade();
     if (error !== undefined) this.#owner.failed(error);
+  }
+
+  #tell(): void {
+    const words = this.logic.words(this.handle);
+    if (words !== '') this.#say(words);
+  }
+  // In the one of two that is empty, so that the same words are read again.
+  #say(words: string): void {
+    const [next, before] = this.#told;
+    next!.replaceChildren(make('span', {}, words));
+    before!.replaceChildren();
+    this.#told.reverse();
   }
 
   undo(): void {
     if (this.logic.undo(this.handle) !== Status.Done) return;
     this.show();
+    this.#tell();
     this.#owner.undone();
   }
   redo(): void {
     if (this.logic.redo(this.handle) !== Status.Done) return;
     this.show();
+    this.#tell();
     this.#owner.redone();
   }
 
@@ -378,8 +404,14 @@ export class Face implements TypedInto {
       return;
     }
     const control = this.#controlOf(target);
-    if (control !== 0 && control !== this.logic.focused(this.handle))
-      this.gesture(Gesture.Focus, control);
+    if (control === 0) return;
+    if (control !== this.logic.focused(this.handle)) this.gesture(Gesture.Focus, control);
+    const view = this.#views.get(control);
+    if (!(view instanceof ListView)) return;
+    // By the keys the first row is come to with its list.
+    if (!this.#isMeant && view.rows.current < 0) view.rows.moveTo(0);
+    // A list without rows is one that screen readers pass over in silence.
+    if (view.rows.count === 0) this.#say(`${spokenName(this.logic, control)} list`);
   }
   // The two views of the where condition lie over each other, and at first both are visible.
   #bringToFront(target: Element): void {

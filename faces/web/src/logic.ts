@@ -67,6 +67,7 @@ interface Exports {
   history(element: number): number;
   switch_history(element: number, on: number): void;
   changes(element: number): void;
+  words(element: number): void;
 }
 
 /** A height that grows with the letters, so many times as a case row and as the button there do. */
@@ -480,6 +481,11 @@ export class Logic {
     this.#exports.switch_history(handle, Number(on));
   }
 
+  /** What the last gesture changed, in words for those who do not see it; "" for nothing. */
+  words(handle: number): string {
+    this.#exports.words(handle);
+    return this.#text();
+  }
   changes(handle: number): Changes {
     this.#exports.changes(handle);
     const numbers = this.#numbers();

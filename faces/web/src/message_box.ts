@@ -15,7 +15,7 @@ export type Answered = (close: () => void, hadFocus: boolean) => void;
 
 export class MessageBox {
   readonly node: HTMLDialogElement;
-  readonly #title = make('h2', {id: 'message.title'});
+  readonly #title = make('div', {id: 'message.title', class: 'title'});
   readonly #text = make('p', {id: 'message.text'});
   readonly #waiting: Message[] = [];
   #hadFocus = false;
@@ -26,15 +26,27 @@ export class MessageBox {
     this.node = make(
       'dialog',
       {
-        role: 'alertdialog',
         class: 'message',
         part: 'message',
         'aria-labelledby': 'message.title',
-        'aria-describedby': 'message.text',
       },
-      this.#title,
-      make('div', {class: 'words'}, sign, this.#text),
-      make('div', {class: 'buttons'}, ok),
+      // A modal dialog stands outside of the form, whose keys a screen reader passes on.
+      make(
+        'div',
+        {role: 'application', class: 'whole'},
+        make(
+          'div',
+          {
+            role: 'dialog',
+            class: 'whole',
+            'aria-labelledby': 'message.title',
+            'aria-describedby': 'message.text',
+          },
+          this.#title,
+          make('div', {class: 'words'}, sign, this.#text),
+          make('div', {class: 'buttons'}, ok),
+        ),
+      ),
     );
     const close = () =>
       answered(() => {

@@ -12,6 +12,9 @@ const kTallest = 8_000_000;
 // The height of a row, by its letters, and the least that can be pointed at.
 const kRowInLetters = 1.85;
 const kLeastHeight = 24;
+// So many rows before and behind those in sight are nodes too: the keys come to one that is there
+// already, and those who are told of rows are not told of the list in between.
+const kAround = 4;
 // Rows are read so many at once where all are looked at.
 const kChunk = 2000;
 const kListKeys: Record<string, ListKey> = {
@@ -241,8 +244,9 @@ export class Rows {
     this.#place = Math.max(0, Math.min(this.#place, Math.min(count * height, kTallest) - view));
     const lift = this.#lift();
     const from = this.#place + lift;
-    const first = Math.max(0, Math.min(Math.floor(from / height), count));
-    const behind = Math.min(first + Math.ceil(view / height) + 1, count);
+    const top = Math.floor(from / height);
+    const first = Math.max(0, Math.min(top - kAround, count));
+    const behind = Math.min(top + Math.ceil(view / height) + 1 + kAround, count);
 
     const rows = new Map(this.#read(first, behind).map((row, at) => [first + at, row] as const));
     // The row with the keys is always there, for those who are told of it.
@@ -286,14 +290,19 @@ export class Rows {
     const isMarked = this.#isPopup
       ? number === this.#logic.number(this.#list, Ask.ListIndex)
       : row.marked;
+    const markClass = this.#hasCheckBoxes ? 'checked' : 'marked';
     setAttributes(node, {
       id: `${this.#box.id}.row.${number}`,
       'data-row': number,
       'data-drawn': drawn,
       'aria-posinset': drawn + 1,
       'aria-setsize': count,
-      [this.#hasCheckBoxes ? 'aria-checked' : 'aria-selected']: String(isMarked),
-      class: drawn === this.#current ? 'row current' : 'row',
+      // Of a row with a check box too: that it is checked, screen readers tell as the keys come to it,
+      // and not when the space bar does it.
+      'aria-selected': String(isMarked),
+      class: ['row', drawn === this.#current && 'current', isMarked && markClass]
+        .filter(Boolean)
+        .join(' '),
     });
     node.style.top = `${top}px`;
   }

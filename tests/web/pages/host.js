@@ -302,17 +302,16 @@ function kindDifference(kind, styles, node, control) {
       if (isDisabled !== !control.Enabled) return 'Enabled';
       return has(styles.includes('kEditable') ? node.value : node.textContent, control.Text);
     case 'ListBox':
-      return isDisabled !== !control.Enabled ? 'Enabled' : rowsDifference(styles, node, control);
+      return isDisabled !== !control.Enabled ? 'Enabled' : rowsDifference(node, control);
     default:
       return '';
   }
 }
 
-/** @type {(styles: string[], node: HTMLElement, control: DumpedControl) => string} */
-function rowsDifference(styles, node, control) {
+/** @type {(node: HTMLElement, control: DumpedControl) => string} */
+function rowsDifference(node, control) {
   const rows = [...node.querySelectorAll('[role=option]')];
   if ((rows.length === 0) !== (control.List.length === 0)) return `draws ${rows.length} rows`;
-  const mark = styles.includes('kCheckBoxes') ? 'aria-checked' : 'aria-selected';
   for (const row of rows) {
     const number = Number(row.dataset.row);
     const text = row.querySelector('.text').textContent ?? '';
@@ -321,7 +320,7 @@ function rowsDifference(styles, node, control) {
       return `row ${number} has another size of set`;
     if (row.getAttribute('aria-posinset') !== String(number + 1))
       return `row ${number} has another position`;
-    if ((row.getAttribute(mark) === 'true') !== control.Selected[number])
+    if ((row.getAttribute('aria-selected') === 'true') !== control.Selected[number])
       return `row ${number} is marked otherwise`;
   }
   return '';
