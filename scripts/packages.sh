@@ -101,6 +101,9 @@ npm_packages=()
 command -v npm >/dev/null || npm_packages=(npm)
 web_test_packages=(chromium "${font_packages[@]}" "${npm_packages[@]}")
 
+# What listening to a screen reader takes beside both: the screen reader, its bus, a window manager, and keys.
+orca_packages=(orca at-spi2-core dbus openbox xdotool xvfb)
+
 # What ./release takes beside all that builds: the plugin for Qt Designer, and what makes archives.
 release_packages=(qt6-tools-dev git dpkg-dev file zip "${npm_packages[@]}")
 

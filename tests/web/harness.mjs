@@ -8,13 +8,14 @@ import {serve} from '../../scripts/serve.mjs';
 import {designOf, kForm} from './form.mjs';
 import {kChromium, kPackage, kTests, require} from './places.mjs';
 
-/** @import {BrowserContextOptions, Browser, Page} from 'playwright-core' */
+/** @import {BrowserContextOptions, Browser, LaunchOptions, Page} from 'playwright-core' */
 /** @import {Dump, Gesture, LogEntry, Place, Reply} from './types' */
 
 /** @type {typeof import('playwright-core')} */
 const {chromium} = require('playwright-core');
 
-const kArguments = [
+/// Of Chromium, so that it runs anywhere and alone.
+export const kArguments = [
   '--headless',
   '--no-sandbox',
   '--disable-gpu',
@@ -35,15 +36,15 @@ const selectAll = 'Control+A';
 
 /// Chromium and a server of the test pages, the package at /package/ and further folders.
 export class Stage {
-  /** @type {(mounts?: Record<string, string>) => Promise<Stage>} */
-  static async open(mounts = {}) {
+  /** @type {(mounts?: Record<string, string>, settings?: LaunchOptions) => Promise<Stage>} */
+  static async open(mounts = {}, settings = {}) {
     const server = await serve({
       root: {'/package/': kPackage, '/': path.join(kTests, 'pages'), ...mounts},
     });
     try {
       return new Stage(
         server,
-        await chromium.launch({executablePath: kChromium, args: kArguments}),
+        await chromium.launch({executablePath: kChromium, args: kArguments, ...settings}),
       );
     } catch (error) {
       await server.close();
