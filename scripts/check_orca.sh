@@ -11,6 +11,7 @@ configure_and_build release orca_qt_window zolt20-host
 configure_and_build web
 
 if [ "${1:-}" = --approve ]; then
+  export ORCA_QUIET=330
   node tests/orca/sessions.mjs qt --write build/check/orca/qt
   node tests/orca/sessions.mjs web --write build/check/orca/web
   node tests/orca/approve.mjs build/check/orca/qt build/check/orca/web

@@ -22,7 +22,7 @@ import {kRoot} from '../web/places.mjs';
 const kPatience = 20000;
 // Orca is done when its file has not grown for so long.
 // What is live in a page is read a tenth of a second later.
-const kQuiet = 190;
+const kQuiet = Number(process.env.ORCA_QUIET ?? 190);
 // A key of which it does not hear by then.
 const kLongest = 800;
 const kStartQuiet = 500;

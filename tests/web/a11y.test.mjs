@@ -285,14 +285,16 @@ describe('every control is found by its role and name', () => {
     const ascending = page
       .locator('zolt20-map-control')
       .getByRole('listbox', {name: 'Order By Asc', exact: true});
-    assert.equal(await ascending.getByRole('option', {checked: true}).count(), 1);
+    assert.equal(await ascending.getByRole('option', {selected: true}).count(), 1);
   });
   withPerson('of messages, which are dialogs with their title and text', async (person, page) => {
     await person.tab(2);
     await person.click('cmdAddSelectDoQuer');
     const [{message = '', title = ''}] = await person.takeLog();
     assert.ok(message !== '' && title !== '');
-    const dialog = page.getByRole('alertdialog', {name: title, exact: true});
+    // In the modal one stands that of which screen readers tell, as part of the form.
+    const modal = page.getByRole('dialog', {name: title, exact: true});
+    const dialog = modal.getByRole('dialog', {name: title, exact: true});
     assert.equal(await dialog.count(), 1);
     assert.equal(await dialog.getByText(message, {exact: true}).count(), 1);
     assert.equal(await dialog.getByRole('button', {name: 'OK', exact: true}).count(), 1);

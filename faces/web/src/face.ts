@@ -74,7 +74,13 @@ export class Face implements TypedInto {
     }).observe(this.node);
     // The keys are the form's own, and a screen reader passes them on.
     root.append(
-      make('div', {role: 'application', class: 'whole'}, this.node, this.messages.node, ...this.#told),
+      make(
+        'div',
+        {role: 'application', class: 'whole'},
+        this.node,
+        this.messages.node,
+        ...this.#told,
+      ),
     );
     for (const control of this.#views.keys()) this.#show(control, What.Everything);
 
