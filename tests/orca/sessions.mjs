@@ -65,7 +65,7 @@ function keysOf(request, before) {
 const inAnyOrder = (line) =>
   line
     .split(' ')
-    .filter((word) => word !== '/')
+    .filter((word) => word !== '/' && word !== '')
     .sort()
     .join(' ');
 

@@ -35,7 +35,8 @@ export class Face implements TypedInto {
   ];
   readonly node: HTMLElement;
   /** What is read out that stands nowhere on the form, such as what a button did beside it. */
-  readonly #told = [0, 1].map(() => make('div', {role: 'status', class: 'told'}));
+  readonly #told = make('div', {role: 'status', class: 'told'});
+  #isOther = false;
   readonly messages: MessageBox;
 
   readonly #owner: FaceOwner;
@@ -74,13 +75,7 @@ export class Face implements TypedInto {
     }).observe(this.node);
     // The keys are the form's own, and a screen reader passes them on.
     root.append(
-      make(
-        'div',
-        {role: 'application', class: 'whole'},
-        this.node,
-        this.messages.node,
-        ...this.#told,
-      ),
+      make('div', {role: 'application', class: 'whole'}, this.node, this.messages.node, this.#told),
     );
     for (const control of this.#views.keys()) this.#show(control, What.Everything);
 
@@ -321,12 +316,10 @@ export class Face implements TypedInto {
     const words = this.logic.words(this.handle);
     if (words !== '') this.#say(words);
   }
-  // In the one of two that is empty, so that the same words are read again.
+  // With a blank behind them every other time: the same words would not be read again.
   #say(words: string): void {
-    const [next, before] = this.#told;
-    next!.replaceChildren(make('span', {}, words));
-    before!.replaceChildren();
-    this.#told.reverse();
+    this.#isOther = !this.#isOther;
+    this.#told.replaceChildren(make('span', {}, this.#isOther ? words : `${words}\u00a0`));
   }
 
   undo(): void {
