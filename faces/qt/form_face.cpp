@@ -536,6 +536,18 @@ void FormFace::TellPage() {
   QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
+// What a box takes back by itself changes its text, and screen readers read no such change.
+void FormFace::TellOwnUndo(const QWidget& widget, const QKeyEvent& event) {
+  const bool isUndo = event.matches(QKeySequence::Undo);
+  if (!isUndo && !event.matches(QKeySequence::Redo)) return;
+  const auto* lines = qobject_cast<const LinesBox*>(&widget);
+  const QLineEdit* line = LineOf(widget);
+  const bool isOwn = lines != nullptr ? (isUndo ? lines->HasOwnUndo() : lines->HasOwnRedo())
+                                      : line != nullptr && (isUndo ? line->isUndoAvailable()
+                                                                   : line->isRedoAvailable());
+  if (isOwn) announcer_->Tell(isUndo ? QStringLiteral("Undone") : QStringLiteral("Redone"));
+}
+
 void FormFace::Announce() {
   String words = person_.TakeWords();
   // Of a check box in a list Qt tells only that it is another.
@@ -671,6 +683,7 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
       event->ignore();
       return true;
     case QEvent::KeyPress:
+      TellOwnUndo(widget, *static_cast<QKeyEvent*>(event));
       if (HandleKey(*control, widget, *static_cast<QKeyEvent*>(event))) return true;
       break;
     default:

@@ -130,6 +130,7 @@ class FormFace final : public QObject, private SurfaceObserver {
   /// Has it read out what the gesture changed that a person who does not see would not notice.
   void Announce();
   void TellPage();
+  void TellOwnUndo(const QWidget& widget, const QKeyEvent& event);
 
   QWidget& owner_;
   ZOLT20MapControl& control_;

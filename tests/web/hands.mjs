@@ -157,10 +157,9 @@ export class Hands {
   }
   /** @type {(control: string, what: string) => Promise<unknown>} */
   #shown(control, what) {
-    const isChecked = designOf(control).styles.includes('kCheckBoxes');
     return this.person.page.evaluate(
       ([name, part, mark]) => shownOf(host.on(name), part, mark),
-      [control, what, isChecked ? 'aria-checked' : 'aria-selected'],
+      [control, what, 'aria-selected'],
     );
   }
   /// The message that shows, which is answered.
@@ -170,7 +169,7 @@ export class Hands {
       const sign = box.querySelector('.sign');
       return {
         text: box.querySelector('p').textContent,
-        title: box.querySelector('h2').textContent,
+        title: box.querySelector('.title').textContent,
         sign: sign.checkVisibility() && sign.textContent === '\u00d7' ? 'error' : 'another',
       };
     });
@@ -196,9 +195,10 @@ export class Hands {
       for (const {name, value} of properties) {
         if (name === 'activedescendant')
           spoken.at.set(id, Number(/\d+$/.exec(value.relatedNodes?.[0]?.idref ?? '')?.[0]));
-        if (name === 'selected') spoken.marked.set(id, value.value ? 'marked' : 'not marked');
-        if (name === 'checked')
-          spoken.marked.set(id, value.value === 'true' ? 'checked' : 'not checked');
+        // A row with a check box is selected where it is checked: of that Orca tells at once.
+        if (name !== 'selected') continue;
+        const word = hasCheckBoxes(id) ? 'checked' : 'marked';
+        spoken.marked.set(id, value.value ? word : `not ${word}`);
       }
     }
     return spoken;
@@ -222,4 +222,11 @@ export class Hands {
   record() {
     return this.person.page.evaluate(() => record);
   }
+}
+
+// Of a row by its id.
+/** @type {(id: string) => boolean} */
+function hasCheckBoxes(id) {
+  const design = designOf(id.replace(/\.row\.\d+$/, ''));
+  return design?.styles.includes('kCheckBoxes') ?? false;
 }
