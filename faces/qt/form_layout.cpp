@@ -16,6 +16,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 
 #include "faces/qt/face_style.h"
 #include "faces/qt/form_face.h"
@@ -32,7 +33,7 @@ using faces::PartKind;
 constexpr int kGap = 6;
 constexpr int kMargin = 8;
 constexpr qreal kSmall = 0.85;
-constexpr int kSplitHeights[] = {430, 150};
+constexpr std::array kSplitHeights{430, 150};
 
 int PixelsOf(Gap gap) {
   switch (gap) {
@@ -108,7 +109,8 @@ class ScrolledForm final : public QScrollArea {
   }
 
  protected:
-  // What gets the focus is shown already.
+  // What gets the focus is shown already, and not by the base.
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call)
   bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
   // Another page or letters of another size may have moved it away.
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -314,7 +316,7 @@ QWidget* FormLayout::Split(const Part& part) {
     split->addWidget(Whole(inner));
     split->setStretchFactor(split->count() - 1, inner.weight);
   }
-  split->setSizes({std::begin(kSplitHeights), std::end(kSplitHeights)});
+  split->setSizes({kSplitHeights.begin(), kSplitHeights.end()});
   return split;
 }
 

@@ -75,6 +75,7 @@ bool HasOneLine(const Design& control) {
 std::vector<int> Shared(const std::vector<Part>& parts, const std::vector<int>& least, int length) {
   std::vector<int> shares = least;
   std::vector<bool> isSettled;
+  isSettled.reserve(parts.size());
   for (const Part& part : parts)
     isSettled.push_back(part.weight == 0);
   for (bool isDone = false; !isDone;) {
