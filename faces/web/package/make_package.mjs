@@ -122,7 +122,7 @@ for (const each of declarationsIn(types, 'export declare class ZOLT20MapControlE
   }
   members.set(each.name, field);
 }
-const style = read('faces/web/src/style.css');
+const style = read('faces/web/src/form.css');
 const cssProperties = [
   ...style.matchAll(/^(?: {2}\/\* (.*) \*\/\n)? {2}(--zolt20-[\w-]+):\s+([^;]*);$/gm),
 ]

@@ -1,6 +1,14 @@
 // The style sheets of the face: the same objects for all elements of a document.
+import boxes from './boxes.css';
+import contrast from './contrast.css';
+import form from './form.css';
+import lists from './lists.css';
 import type {Logic} from './logic';
-import text from './style.css';
+import messages from './messages.css';
+import narrow from './narrow.css';
+
+// In this order: where two rules weigh the same, the later one holds.
+const text = [form, boxes, lists, messages, narrow, contrast].join('');
 
 const made = new WeakMap<Document, CSSStyleSheet[]>();
 
