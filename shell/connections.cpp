@@ -37,6 +37,13 @@ void ZOLT20MapControl::OnClick(Control& source) {
       return CmdOr_Click();
     case ControlName::cmdCancelWhere:
       return cmdCancelWhere_Click();
+    default:
+      return OnStatementClick(source);
+  }
+}
+
+void ZOLT20MapControl::OnStatementClick(Control& source) {
+  switch (source.design().name) {
     case ControlName::cmdAddSelect:
       return cmdAddSelect_Click();
     case ControlName::cmdAddWhereQuery:

@@ -213,6 +213,8 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
  private:
   // Which handler an event of a control runs.
   void OnClick(Control& source) override;
+  /// Of the buttons that add to the result, and of the controls that write conditions.
+  void OnStatementClick(Control& source);
   void OnDoubleClick(Control& list) override;
   void OnChange(Control& source) override;
   void OnItemCheck(ListBox& list, int row) override;
