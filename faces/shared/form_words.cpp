@@ -1,104 +1,73 @@
 #include "faces/shared/form_words.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 #include "surface/simple_controls.h"
 
 namespace zolt20::faces {
 namespace {
 
+struct NamedControl {
+  ControlName control;
+  const char16_t* name;
+};
+
 // Names of controls that have no caption, or one that tells too little.
+constexpr auto kOwnNames = std::to_array<NamedControl>({
+    {ControlName::tabVrn, u"Pages"},
+    {ControlName::TxtOutput, u"Result"},
+    {ControlName::lsttables, u"Tables"},
+    {ControlName::lstFunctions, u"Functions"},
+    {ControlName::lstFields, u"Fields"},
+    {ControlName::lstSelectedFields, u"Selected fields"},
+    {ControlName::lstGroupby, u"Group By"},
+    {ControlName::cmdMoveOne, u"Add marked fields"},
+    {ControlName::cmdMoveAll, u"Add all fields"},
+    {ControlName::cmdRemoveOne, u"Remove marked fields"},
+    {ControlName::cmdRemoveAll, u"Remove all fields"},
+    {ControlName::lstorderbyasc, u"Order By Asc"},
+    {ControlName::lstorderbydesc, u"Order By Desc"},
+    {ControlName::cboWhereFields, u"Operand1"},
+    {ControlName::cboOper, u"Operator"},
+    {ControlName::cboWhereFields1, u"Value"},
+    {ControlName::FrawhereCondition, u"Where condition"},
+    {ControlName::txtwhereCondition, u"Where condition"},
+    {ControlName::FraCondition, u"Condition to complete"},
+    {ControlName::txtCondition, u"Condition to complete"},
+    {ControlName::txtAsSet, u"As set with rows"},
+    {ControlName::Shape1, u"Order"},
+    {ControlName::txtSelectDo, u"SelectDo statements"},
+    {ControlName::txtSelectEOS, u"SelectEOS statements"},
+    {ControlName::txtselectempty, u"SelectEmpty statements"},
+    {ControlName::txtSelectError, u"SelectError statements"},
+    {ControlName::Frainitial, u"Instructions"},
+    {ControlName::txtCond, u"If condition"},
+    {ControlName::txtStmt1, u"Then, Statement1"},
+    {ControlName::txtStmt2, u"Else, Statement2"},
+    {ControlName::txtWhlCnd, u"While expression"},
+    {ControlName::txtWhlStm, u"While statement"},
+    {ControlName::txtRepCnd, u"Until expression"},
+    {ControlName::txtRepStm, u"Repeat statement"},
+    {ControlName::txtVariable, u"For variable"},
+    {ControlName::txtinitval, u"For initial value"},
+    {ControlName::txtFinVal, u"For final value"},
+    {ControlName::txtStep, u"For step"},
+    {ControlName::txtForStmt, u"For statement"},
+    {ControlName::txtcaseexp, u"Case expression"},
+    {ControlName::TxtDef, u"Default statement"},
+    {ControlName::fracase, u"Case rows"},
+    {ControlName::TxtExpr, u"Case value"},
+    {ControlName::txtStmt, u"Case statements"},
+    {ControlName::VscrCase, u"Scroll case rows"},
+});
+
 const char16_t* OwnName(ControlName name) {
-  switch (name) {
-    case ControlName::tabVrn:
-      return u"Pages";
-    case ControlName::TxtOutput:
-      return u"Result";
-    case ControlName::lsttables:
-      return u"Tables";
-    case ControlName::lstFunctions:
-      return u"Functions";
-    case ControlName::lstFields:
-      return u"Fields";
-    case ControlName::lstSelectedFields:
-      return u"Selected fields";
-    case ControlName::lstGroupby:
-      return u"Group By";
-    case ControlName::cmdMoveOne:
-      return u"Add marked fields";
-    case ControlName::cmdMoveAll:
-      return u"Add all fields";
-    case ControlName::cmdRemoveOne:
-      return u"Remove marked fields";
-    case ControlName::cmdRemoveAll:
-      return u"Remove all fields";
-    case ControlName::lstorderbyasc:
-      return u"Order By Asc";
-    case ControlName::lstorderbydesc:
-      return u"Order By Desc";
-    case ControlName::cboWhereFields:
-      return u"Operand1";
-    case ControlName::cboOper:
-      return u"Operator";
-    case ControlName::cboWhereFields1:
-      return u"Value";
-    case ControlName::FrawhereCondition:
-    case ControlName::txtwhereCondition:
-      return u"Where condition";
-    case ControlName::FraCondition:
-    case ControlName::txtCondition:
-      return u"Condition to complete";
-    case ControlName::txtAsSet:
-      return u"As set with rows";
-    case ControlName::Shape1:
-      return u"Order";
-    case ControlName::txtSelectDo:
-      return u"SelectDo statements";
-    case ControlName::txtSelectEOS:
-      return u"SelectEOS statements";
-    case ControlName::txtselectempty:
-      return u"SelectEmpty statements";
-    case ControlName::txtSelectError:
-      return u"SelectError statements";
-    case ControlName::Frainitial:
-      return u"Instructions";
-    case ControlName::txtCond:
-      return u"If condition";
-    case ControlName::txtStmt1:
-      return u"Then, Statement1";
-    case ControlName::txtStmt2:
-      return u"Else, Statement2";
-    case ControlName::txtWhlCnd:
-      return u"While expression";
-    case ControlName::txtWhlStm:
-      return u"While statement";
-    case ControlName::txtRepCnd:
-      return u"Until expression";
-    case ControlName::txtRepStm:
-      return u"Repeat statement";
-    case ControlName::txtVariable:
-      return u"For variable";
-    case ControlName::txtinitval:
-      return u"For initial value";
-    case ControlName::txtFinVal:
-      return u"For final value";
-    case ControlName::txtStep:
-      return u"For step";
-    case ControlName::txtForStmt:
-      return u"For statement";
-    case ControlName::txtcaseexp:
-      return u"Case expression";
-    case ControlName::TxtDef:
-      return u"Default statement";
-    case ControlName::fracase:
-      return u"Case rows";
-    case ControlName::TxtExpr:
-      return u"Case value";
-    case ControlName::txtStmt:
-      return u"Case statements";
-    case ControlName::VscrCase:
-      return u"Scroll case rows";
-    default:
-      return nullptr;
-  }
+  const auto* found =
+      std::find_if(std::begin(kOwnNames), std::end(kOwnNames),
+                   [name](const NamedControl& each) { return each.control == name; });
+  return found == std::end(kOwnNames) ? nullptr : found->name;
 }
 
 // The letter of a caption that works with Alt; no two on a page are the same.
