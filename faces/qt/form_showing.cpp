@@ -36,6 +36,27 @@ QPalette PaletteOf(const Control& control) {
   return palette;
 }
 
+void ShowTextBox(const TextBox& box, QWidget& widget, const faces::Change& change) {
+  const bool movesCaret = change.Has(Property::kSelStart);
+  if (auto* lines = qobject_cast<LinesBox*>(&widget)) {
+    lines->Show(box.Text());
+    if (movesCaret) lines->ShowCaret(box.SelStart());
+    lines->setBackgroundRole(QPalette::Base);
+    if (faces::BackColorOf(box)) lines->setPalette(PaletteOf(box));
+  } else {
+    auto& line = static_cast<LineBox&>(widget);
+    line.Show(box.Text());
+    if (movesCaret) line.ShowCaret(box.SelStart());
+  }
+}
+
+void ShowOption(const OptionButton& option, QRadioButton& radio) {
+  radio.setText(ToQt(faces::CaptionWithMnemonic(option)));
+  radio.setAutoExclusive(false);  // so that the one that is on can go off
+  radio.setChecked(option.Value());
+  radio.setAutoExclusive(true);
+}
+
 }  // namespace
 
 void FormFace::ShowChanges() {
@@ -86,21 +107,9 @@ void FormFace::ShowKind(const Control& control, QWidget& widget, const faces::Ch
       lines.Show(box.Text());
       break;
     }
-    case Kind::TextBox: {
-      const auto& box = static_cast<const TextBox&>(control);
-      const bool movesCaret = change.Has(Property::kSelStart);
-      if (auto* lines = qobject_cast<LinesBox*>(&widget)) {
-        lines->Show(box.Text());
-        if (movesCaret) lines->ShowCaret(box.SelStart());
-        lines->setBackgroundRole(QPalette::Base);
-        if (faces::BackColorOf(control)) lines->setPalette(PaletteOf(control));
-      } else {
-        auto& line = static_cast<LineBox&>(widget);
-        line.Show(box.Text());
-        if (movesCaret) line.ShowCaret(box.SelStart());
-      }
+    case Kind::TextBox:
+      ShowTextBox(static_cast<const TextBox&>(control), widget, change);
       break;
-    }
     case Kind::ListBox:
       static_cast<RowsView&>(widget).ShowMarks();
       break;
@@ -113,14 +122,9 @@ void FormFace::ShowKind(const Control& control, QWidget& widget, const faces::Ch
     case Kind::Button:
       static_cast<QPushButton&>(widget).setText(ToQt(faces::CaptionWithMnemonic(control)));
       break;
-    case Kind::OptionButton: {
-      auto& radio = static_cast<QRadioButton&>(widget);
-      radio.setText(ToQt(faces::CaptionWithMnemonic(control)));
-      radio.setAutoExclusive(false);  // so that the one that is on can go off
-      radio.setChecked(static_cast<const OptionButton&>(control).Value());
-      radio.setAutoExclusive(true);
+    case Kind::OptionButton:
+      ShowOption(static_cast<const OptionButton&>(control), static_cast<QRadioButton&>(widget));
       break;
-    }
     case Kind::Frame: {
       auto& group = static_cast<QGroupBox&>(widget);
       if (!group.isFlat()) group.setTitle(ToQt(static_cast<const Frame&>(control).Caption()));
