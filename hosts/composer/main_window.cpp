@@ -36,19 +36,6 @@ QString RulesFilter() {
   return QStringLiteral("Rules (*.json);;All files (*)");
 }
 
-void Complain(QWidget* parent, const QString& title, const std::string& text) {
-  QMessageBox::warning(parent, title, QString::fromStdString(text));
-}
-
-// Writes a whole file, or leaves the old one and says why.
-void WriteFile(QWidget* parent, const QString& path, const QByteArray& content) {
-  try {
-    WriteWholeFile(path, content);
-  } catch (const RulesError& error) {
-    Complain(parent, QStringLiteral("Save"), error.what());
-  }
-}
-
 }  // namespace
 
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
@@ -185,7 +172,7 @@ bool MainWindow::OpenCatalogue(const QString& path) {
       catalogue_ = catalogue::ReadCatalogue(file);
     }
   } catch (const catalogue::CatalogueError& error) {
-    Complain(this, QStringLiteral("Open Catalogue"), path.toStdString() + ": " + error.what());
+    Complain(QStringLiteral("Open Catalogue"), path.toStdString() + ": " + error.what());
     return false;
   }
   catalogueName_ = ToQt(catalogue_.name);
@@ -211,7 +198,7 @@ bool MainWindow::OpenRules(const QString& path) {
       rules_.emplace(RulesFile::Open(path));
     }
   } catch (const RulesError& error) {
-    Complain(this, QStringLiteral("Open Rules"), error.what());
+    Complain(QStringLiteral("Open Rules"), error.what());
     return false;
   }
   if (!rules_->CanSave()) statusBar()->showMessage(QString::fromStdString(rules_->WhyNotSaved()));
@@ -229,7 +216,7 @@ void MainWindow::NewRules() {
   try {
     rules_.emplace(RulesFile::Create(path));
   } catch (const RulesError& error) {
-    return Complain(this, QStringLiteral("New Rules File"), error.what());
+    return Complain(QStringLiteral("New Rules File"), error.what());
   }
   rule_.clear();
   ShowList();
@@ -259,7 +246,7 @@ bool MainWindow::Save() {
     }
   } catch (const RulesError& error) {
     ShowTitle();
-    Complain(this, QStringLiteral("Save"), error.what());
+    Complain(QStringLiteral("Save"), error.what());
     return false;
   }
   ShowTitle();
@@ -281,7 +268,7 @@ bool MainWindow::SaveAs() {
       if (isNew) rules_->Save();
     }
   } catch (const RulesError& error) {
-    Complain(this, QStringLiteral("Save Rules As"), error.what());
+    Complain(QStringLiteral("Save Rules As"), error.what());
     return false;
   }
   ShowTitle();
@@ -357,7 +344,7 @@ void MainWindow::RenameRule() {
   try {
     rules_->Rename(View(rule_), View(name));
   } catch (const RulesError& error) {
-    return Complain(this, QStringLiteral("Rename"), error.what());
+    return Complain(QStringLiteral("Rename"), error.what());
   }
   rule_ = name;
   ShowList();
@@ -412,7 +399,7 @@ void MainWindow::FillPages(const QString& text) {
     }
   } catch (const RuntimeError& error) {
     rule_.clear();  // half of it must not be stored over it
-    Complain(this, QStringLiteral("Open"), error.what());
+    Complain(QStringLiteral("Open"), error.what());
   }
 }
 
@@ -469,7 +456,7 @@ void MainWindow::TakeIntoPages(const QString& text) {
     if (!problems.isEmpty()) ShowNote(problems + u'\n' + note_->text());
   } catch (const RuntimeError& error) {
     rule_.clear();
-    Complain(this, QStringLiteral("Open"), error.what());
+    Complain(QStringLiteral("Open"), error.what());
   }
   map_->Settle();
   ShowTitle();
@@ -496,7 +483,7 @@ void MainWindow::ShowStatements() {
 bool MainWindow::Store() {
   // Of a rule that was opened the pages hold the text until it is added.
   if (map_->form().TxtOutput.Text().empty()) {
-    Complain(this, QStringLiteral("Store"), "The Result is empty. Add a statement to it first.");
+    Complain(QStringLiteral("Store"), "The Result is empty. Add a statement to it first.");
     return false;
   }
   if (!NeedRules()) return false;
@@ -506,7 +493,7 @@ bool MainWindow::Store() {
     do {
       if (!AskName(QStringLiteral("Store"), name)) return false;
       if (rules_->Find(View(name)) != nullptr) {
-        Complain(this, QStringLiteral("Store"), "There is a rule of this name.");
+        Complain(QStringLiteral("Store"), "There is a rule of this name.");
       }
     } while (name.isEmpty() || rules_->Find(View(name)) != nullptr);
   }
@@ -514,7 +501,7 @@ bool MainWindow::Store() {
     const QString text = map_->ReadResult();
     rules_->Put({FromQt(name), FromQt(text), FromQt(map_->prpstrSelectedFields())});
   } catch (const RuntimeError& error) {
-    Complain(this, QStringLiteral("Store"), error.what());
+    Complain(QStringLiteral("Store"), error.what());
     return false;
   }
   rule_ = name;
@@ -562,18 +549,30 @@ void MainWindow::ExportText() {
   const QString text = ShownText();
   const QByteArray utf8 = text.toUtf8();
   if (QString::fromUtf8(utf8) != text) {
-    return Complain(this, QStringLiteral("Export"),
+    return Complain(QStringLiteral("Export"),
                     "The text holds half of a character and can't be written as UTF-8.");
   }
   const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Export Text"));
-  if (!path.isEmpty()) WriteFile(this, path, utf8);
+  if (!path.isEmpty()) WriteFile(path, utf8);
 }
 
 void MainWindow::SaveRecord() {
   const QString path =
       QFileDialog::getSaveFileName(this, QStringLiteral("Save Session Record"), {},
                                    QStringLiteral("Sessions (*.jsonl);;All files (*)"));
-  if (!path.isEmpty()) WriteFile(this, path, map_->Record());
+  if (!path.isEmpty()) WriteFile(path, map_->Record());
+}
+
+void MainWindow::WriteFile(const QString& path, const QByteArray& content) {
+  try {
+    WriteWholeFile(path, content);
+  } catch (const RulesError& error) {
+    Complain(QStringLiteral("Save"), error.what());
+  }
+}
+
+void MainWindow::Complain(const QString& title, const std::string& text) {
+  QMessageBox::warning(this, title, QString::fromStdString(text));
 }
 
 }  // namespace zolt20::composer

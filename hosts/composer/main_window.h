@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <optional>
+#include <string>
 
 #include "hosts/composer/recorded_map.h"
 #include "hosts/composer/rules_file.h"
@@ -74,6 +75,9 @@ class MainWindow final : public QMainWindow {
   void CopyText();
   void ExportText();
   void SaveRecord();
+  /// Writes a whole file, or leaves the old one and says why.
+  void WriteFile(const QString& path, const QByteArray& content);
+  void Complain(const QString& title, const std::string& text);
 
   catalogue::Catalogue catalogue_;
   QString catalogueName_;
