@@ -4,11 +4,7 @@
 // back is as sound as what ReadCatalogue gives. What of the database can't stand in such a
 // catalogue is left out, and each piece left out is told by name.
 //
-// A table is known to the control by a code of 8 characters, which are letters of any script,
-// digits and "_". A name that is such a code is the table's own. Any other name makes one: each
-// other character becomes "_", a shorter one is filled up with "_", a longer one cut, and where
-// that code is taken its end gives way to a number: CUSTOMER, CUSTOME1, ..., CUSTOM10. Codes differ
-// beyond letter case, since neither the database nor the control tells names apart by it.
+// Each table has a code, which GiveCodes of hosts/kit/table_codes.h makes of its name.
 #pragma once
 
 #include <filesystem>
