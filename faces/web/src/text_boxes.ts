@@ -59,6 +59,15 @@ export class TypedBox {
     // What is shown goes from left to right, as the language is read.
     input.dir = 'ltr';
 
+    this.#takeEdits(byKeys);
+    this.#giveTexts();
+    if (input instanceof HTMLInputElement) this.#pasteAsOneLine();
+  }
+
+  #takeEdits(byKeys: boolean): void {
+    const {input} = this;
+    const into = this.#into;
+    const box = this.#box;
     const hand = () => {
       if (!into.isTypingIn(box)) {
         this.#runStart = this.#before;
@@ -84,7 +93,13 @@ export class TypedBox {
     if (byKeys) this.#takeKeys();
     // It may come from within, when the form moves the focus away.
     else input.addEventListener('compositionend', () => queueMicrotask(hand));
-    // Texts leave the box as they are in the control.
+  }
+
+  // Texts leave the box as they are in the control.
+  #giveTexts(): void {
+    const {input} = this;
+    const logic = this.#logic;
+    const box = this.#box;
     for (const kind of ['copy', 'cut'] as const) {
       input.addEventListener(kind, (event) => {
         const [first, behind] = this.selection;
@@ -104,14 +119,15 @@ export class TypedBox {
         logic.textBetween(box, first, behind),
       );
     });
-    if (input instanceof HTMLInputElement) {
-      input.addEventListener('paste', (event) => {
-        const text = (event as ClipboardEvent).clipboardData?.getData('text/plain') ?? '';
-        if (!/[\r\n]/.test(text)) return;
-        event.preventDefault();
-        this.#command('insertText', text.replace(/\r\n|\r|\n/g, kLineEndInALine));
-      });
-    }
+  }
+
+  #pasteAsOneLine(): void {
+    this.input.addEventListener('paste', (event) => {
+      const text = (event as ClipboardEvent).clipboardData?.getData('text/plain') ?? '';
+      if (!/[\r\n]/.test(text)) return;
+      event.preventDefault();
+      this.#command('insertText', text.replace(/\r\n|\r|\n/g, kLineEndInALine));
+    });
   }
 
   // An edit by a command of the page's, as a step of its own in the box's undo. To mark anew what is
