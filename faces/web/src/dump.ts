@@ -23,7 +23,6 @@ function dumpControl(logic: Logic, control: Address): DumpedControl {
   const number = (ask: Ask) => logic.number(control, ask);
   const is = (ask: Ask) => logic.is(control, ask);
   const kind = number(Ask.Kind) as Kind;
-  const name = logic.text(control, AskText.Name);
   const backColor = () => number(Ask.BackColor) >>> 0;
   const rows = () => logic.rows(control, 0, number(Ask.ListCount));
   const text = () => logic.text(control, AskText.Text);
@@ -38,16 +37,7 @@ function dumpControl(logic: Logic, control: Address): DumpedControl {
       Object.assign(dumped, {Text: text(), Highlight: is(Ask.Highlight)});
       break;
     case Kind.TextBox:
-      Object.assign(dumped, {Text: text(), SelStart: number(Ask.SelStart)});
-      if (name === 'txtCondition') dumped['BackColor'] = backColor();
-      if (/^(TxtExpr|txtStmt)\(/.test(name)) {
-        Object.assign(dumped, {
-          Left: number(Ask.Left),
-          Top: number(Ask.Top),
-          Width: number(Ask.Width),
-          Height: number(Ask.Height),
-        });
-      }
+      Object.assign(dumped, dumpTextBox(logic, control));
       break;
     case Kind.ListBox: {
       const all = rows();
@@ -80,6 +70,25 @@ function dumpControl(logic: Logic, control: Address): DumpedControl {
       break;
     default:
       dumped['Caption'] = logic.text(control, AskText.Caption);
+  }
+  return dumped;
+}
+
+function dumpTextBox(logic: Logic, control: Address): DumpedControl {
+  const number = (ask: Ask) => logic.number(control, ask);
+  const name = logic.text(control, AskText.Name);
+  const dumped: DumpedControl = {
+    Text: logic.text(control, AskText.Text),
+    SelStart: number(Ask.SelStart),
+  };
+  if (name === 'txtCondition') dumped['BackColor'] = number(Ask.BackColor) >>> 0;
+  if (/^(TxtExpr|txtStmt)\(/.test(name)) {
+    Object.assign(dumped, {
+      Left: number(Ask.Left),
+      Top: number(Ask.Top),
+      Width: number(Ask.Width),
+      Height: number(Ask.Height),
+    });
   }
   return dumped;
 }
