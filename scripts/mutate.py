@@ -34,6 +34,7 @@ REASONS = pathlib.Path('scripts/mutants.txt')
 REPORT = pathlib.Path('docs/mutation.md')
 BUILD = pathlib.Path('build/mutation')
 WORK = pathlib.Path('build/mutants')
+STORE = pathlib.Path('build/mutants.json')
 LIBRARY = 'libzolt20_control.so'
 # Assertions on, those of the library too: what the tests of ./check would stop at counts as killed.
 COMPILE = ['g++', '-std=c++20', '-O1', '-fPIC', '-Wreturn-type', '-Werror=return-type', '-D_GLIBCXX_ASSERTIONS']
@@ -241,7 +242,7 @@ def table(heading, keys, results, of):
 
 
 def report(results, same, reasons, arguments, found):
-    counted = [each for each in results if each[1] not in ('broken', 'same')]
+    counted = counted_of(results)
     survivors = sorted(mutant.name for mutant, verdict, _ in counted if verdict == 'survived')
     own = sum(1 for mutant, verdict, why in counted
               if verdict != 'survived' and why.startswith(mutant.path.split('/')[0] + ':'))
@@ -269,7 +270,108 @@ def report(results, same, reasons, arguments, found):
     REPORT.write_text('\n'.join(lines) + '\n', 'utf-8')
 
 
-def main():
+class Trial:
+    """Tries the mutants of a queue on a bench, several at a time, and remembers the verdicts in a file."""
+
+    def __init__(self, bench, queue, resume):
+        self.bench, self.queue = bench, queue
+        self.logic = digest(path for folder in LOGIC for path in pathlib.Path(folder).iterdir())
+        self.tests = self.logic + digest(path for folder in ('tests', 'hosts', 'examples')
+                                         for path in pathlib.Path(folder).rglob('*'))
+        self.known = json.loads(STORE.read_text('utf-8')) if resume and STORE.is_file() else {}
+        self.results = []
+        self.lock = threading.Lock()
+        self.failures = []
+
+    def run(self):
+        """The results as (mutant, verdict, what it rests on)."""
+        threads = [threading.Thread(target=self.work, args=(number,)) for number in range(self.bench.jobs)]
+        for thread in threads:
+            thread.start()
+        for thread in threads:
+            thread.join()
+        if self.failures:
+            raise self.failures[0]
+        return self.results
+
+    def work(self, number):
+        try:
+            self.try_mutants(number)
+        except BaseException as failure:
+            self.failures.append(failure)
+
+    def try_mutants(self, number):
+        folder = self.bench.root / WORK / ('worker%d' % number)
+        folder.mkdir(parents=True)
+        while not self.failures and (mutant := self.queue.take()) is not None:
+            verdict, why, of = self.known.get(mutant.name, ('', '', ''))
+            if of != self.rests_on(verdict):
+                verdict, why = self.bench.judge(mutant, folder)
+            if verdict in ('broken', 'same'):
+                self.queue.give_back(mutant)
+            with self.lock:
+                self.note(mutant, verdict, why)
+
+    def rests_on(self, verdict):
+        return self.tests if verdict == 'survived' else self.logic
+
+    def note(self, mutant, verdict, why):
+        self.results.append((mutant, verdict, why))
+        self.known[mutant.name] = (verdict, why, self.rests_on(verdict))
+        STORE.write_text(json.dumps(self.known, indent=0), 'utf-8')
+        counted = len(counted_of(self.results))
+        if verdict == 'survived':
+            print('Survived (line %d): %s' % (mutant.line, mutant.name), flush=True)
+        if counted % 50 == 0 and verdict not in ('broken', 'same'):
+            print('%d tried' % counted, flush=True)
+
+
+def digest(paths):
+    total = hashlib.sha256()
+    for path in sorted(paths):
+        if path.is_file():
+            total.update(path.as_posix().encode() + b'\0' + path.read_bytes())
+    return total.hexdigest()
+
+
+def counted_of(results):
+    return [each for each in results if each[1] not in ('broken', 'same')]
+
+
+def quota_of(by_file, arguments):
+    """How many mutants of each file to try."""
+    sizes = {path: len(mutants) for path, mutants in by_file.items()}
+    if arguments.all:
+        return sizes
+    folders = {}
+    for path, size in sizes.items():
+        folders[path.split('/')[0]] = folders.get(path.split('/')[0], 0) + size
+    quota = {}
+    for folder, share in shares(min(arguments.count, sum(sizes.values())), folders, LEAST_PER_FOLDER).items():
+        quota.update(shares(share, {path: size for path, size in sizes.items() if path.startswith(folder + '/')}, 3))
+    return quota
+
+
+def conclude(results, arguments, found):
+    """Prints and writes what came out. The exit status: 1 when a survivor has no reason."""
+    reasons = read_reasons()
+    same = sum(1 for each in results if each[1] == 'same')
+    counted = counted_of(results)
+    survivors = {mutant.name for mutant, verdict, _ in counted if verdict == 'survived'}
+    unexplained = sorted(name for name in survivors if not reasons.get(name))
+    if not arguments.only:
+        report(results, same, reasons, arguments, found)
+        for name in sorted(set(reasons) - survivors):
+            print('Stale reason, no such survivor: %s' % name)
+    print('%d mutants: %d killed, %d by time, %d survived, %d of them without a reason; %d more with the same object code' %
+          (len(counted), sum(1 for each in counted if each[1] == 'killed'),
+           sum(1 for each in counted if each[1] == 'timed out'), len(survivors), len(unexplained), same))
+    for name in unexplained:
+        print('No reason for: %s' % name)
+    return 1 if unexplained else 0
+
+
+def read_arguments():
     parser = argparse.ArgumentParser(description=__doc__.split('\n')[0])
     parser.add_argument('--count', type=int, default=COUNT, help='how many mutants (default %d)' % COUNT)
     parser.add_argument('--seed', type=int, default=1, help='which of them (default 1)')
@@ -280,8 +382,11 @@ def main():
     parser.add_argument('--resume', action='store_true',
                         help='keep the verdicts of the run before: a kill while the logic is the same, any other while the '
                              'tests are the same too')
-    arguments = parser.parse_args()
+    return parser.parse_args()
 
+
+def main():
+    arguments = read_arguments()
     paths = [path for path in sources(LOGIC)
              if not arguments.only or path == arguments.only or path.startswith(arguments.only.rstrip('/') + '/')]
     rank = lambda mutant: hashlib.sha256(('%d %s' % (arguments.seed, mutant.name)).encode()).digest()
@@ -294,90 +399,13 @@ def main():
             print('\n'.join(mutant.name for mutant in sorted(by_file[path], key=lambda each: each.start)))
         print('%d mutants' % found)
         return 0
-    if arguments.all:
-        quota = {path: len(mutants) for path, mutants in by_file.items()}
-    else:
-        folders = {}
-        for path, mutants in by_file.items():
-            folders[path.split('/')[0]] = folders.get(path.split('/')[0], 0) + len(mutants)
-        quota = {}
-        for folder, share in shares(min(arguments.count, found), folders, LEAST_PER_FOLDER).items():
-            quota.update(shares(share, {path: len(mutants) for path, mutants in by_file.items()
-                                        if path.startswith(folder + '/')}, 3))
 
     bench = Bench(arguments.jobs)
     bench.build()
     print('Running the tests on the unchanged logic', flush=True)
     bench.measure()
-
-    logic = digest(path for folder in LOGIC for path in pathlib.Path(folder).iterdir())
-    tests = logic + digest(path for folder in ('tests', 'hosts', 'examples') for path in pathlib.Path(folder).rglob('*'))
-    store = pathlib.Path('build/mutants.json')
-    known = {}
-    if arguments.resume and store.is_file():
-        known = json.loads(store.read_text('utf-8'))
-    queue = Queue(by_file, quota)
-    results = []
-    lock = threading.Lock()
-    failures = []
-
-    def work(number):
-        try:
-            try_mutants(number)
-        except BaseException as failure:
-            failures.append(failure)
-
-    def try_mutants(number):
-        folder = bench.root / WORK / ('worker%d' % number)
-        folder.mkdir(parents=True)
-        while not failures and (mutant := queue.take()) is not None:
-            verdict, why, of = known.get(mutant.name, ('', '', ''))
-            if of != (tests if verdict == 'survived' else logic):
-                verdict, why = bench.judge(mutant, folder)
-            if verdict in ('broken', 'same'):
-                queue.give_back(mutant)
-            with lock:
-                results.append((mutant, verdict, why))
-                known[mutant.name] = (verdict, why, tests if verdict == 'survived' else logic)
-                store.write_text(json.dumps(known, indent=0), 'utf-8')
-                counted = sum(1 for each in results if each[1] not in ('broken', 'same'))
-                if verdict == 'survived':
-                    print('Survived (line %d): %s' % (mutant.line, mutant.name), flush=True)
-                if counted % 50 == 0 and verdict not in ('broken', 'same'):
-                    print('%d tried' % counted, flush=True)
-
-    threads = [threading.Thread(target=work, args=(number,)) for number in range(bench.jobs)]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    if failures:
-        raise failures[0]
-
-    reasons = read_reasons()
-    same = sum(1 for each in results if each[1] == 'same')
-    counted = [each for each in results if each[1] not in ('broken', 'same')]
-    survivors = {mutant.name for mutant, verdict, _ in counted if verdict == 'survived'}
-    unexplained = sorted(name for name in survivors if not reasons.get(name))
-    is_whole = not arguments.only
-    if is_whole:
-        report(results, same, reasons, arguments, found)
-        for name in sorted(set(reasons) - survivors):
-            print('Stale reason, no such survivor: %s' % name)
-    print('%d mutants: %d killed, %d by time, %d survived, %d of them without a reason; %d more with the same object code' %
-          (len(counted), sum(1 for each in counted if each[1] == 'killed'),
-           sum(1 for each in counted if each[1] == 'timed out'), len(survivors), len(unexplained), same))
-    for name in unexplained:
-        print('No reason for: %s' % name)
-    return 1 if unexplained else 0
-
-
-def digest(paths):
-    total = hashlib.sha256()
-    for path in sorted(paths):
-        if path.is_file():
-            total.update(path.as_posix().encode() + b'\0' + path.read_bytes())
-    return total.hexdigest()
+    results = Trial(bench, Queue(by_file, quota_of(by_file, arguments)), arguments.resume).run()
+    return conclude(results, arguments, found)
 
 
 if __name__ == '__main__':
