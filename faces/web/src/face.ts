@@ -2,12 +2,14 @@
 //
 // What the control tells about its form is fetched and shown when the call in progress is over, or
 // before the host hears of an event in it. What a person does becomes a gesture.
+import {placeInCaseRows, placeOfRow, sizeCaseRows} from './case_rows';
 import {make} from './dom';
 import {layOut} from './layout';
-import {type Address, type Logic, type Stretch, ZOLT20Error} from './logic';
+import {type Address, type Logic, ZOLT20Error} from './logic';
 import {Ask, AskText, Gesture, Kind, Status, What} from './numbers';
 import {MessageBox} from './message_box';
 import {TypedBox, type TypedInto, spokenName} from './text_boxes';
+import {Told} from './told';
 import {ComboView, ListView, type View, viewOf} from './views';
 
 /** What the element does when the face has something to tell. */
@@ -19,12 +21,6 @@ export interface FaceOwner {
   redone(): unknown;
 }
 
-// What lies in the frame of the case rows, with a margin behind like that before it.
-const kCaseFrameTwips = 6720 + 825 + 120;
-// So that the least of the buttons there can be pointed at.
-const kTwipsPerPixel = 14.4;
-const down = (twips: number) => `${twips / kTwipsPerPixel}px`;
-
 export class Face implements TypedInto {
   readonly logic: Logic;
   readonly handle: number;
@@ -34,9 +30,7 @@ export class Face implements TypedInto {
     make('span', {class: 'edge', tabindex: 0}),
   ];
   readonly node: HTMLElement;
-  /** What is read out that stands nowhere on the form, such as what a button did beside it. */
-  readonly #told = make('div', {role: 'status', class: 'told'});
-  #isOther = false;
+  readonly #told = new Told();
   readonly messages: MessageBox;
 
   readonly #owner: FaceOwner;
@@ -61,10 +55,7 @@ export class Face implements TypedInto {
     this.#owner = owner;
     for (const control of logic.controls(handle)) this.#makeView(control);
     this.node = layOut(this);
-    const rows = this.nodeOf('fracase').style;
-    const heightOf = (name: string) => this.logic.number(this.#addresses.get(name)!, Ask.Height);
-    rows.setProperty('--row', down(heightOf('TxtExpr(0)')));
-    rows.setProperty('--next', down(heightOf('cmdNext')));
+    sizeCaseRows(logic, this.nodeOf('fracase'), (name) => this.#addresses.get(name)!);
     this.messages = new MessageBox((close, hadFocus) => {
       this.#quietly(close);
       if (hadFocus) this.#showFocus(true);
@@ -75,7 +66,13 @@ export class Face implements TypedInto {
     }).observe(this.node);
     // The keys are the form's own, and a screen reader passes them on.
     root.append(
-      make('div', {role: 'application', class: 'whole'}, this.node, this.messages.node, this.#told),
+      make(
+        'div',
+        {role: 'application', class: 'whole'},
+        this.node,
+        this.messages.node,
+        this.#told.node,
+      ),
     );
     for (const control of this.#views.keys()) this.#show(control, What.Everything);
 
@@ -101,8 +98,8 @@ export class Face implements TypedInto {
     // What a box takes back by itself changes its text, and screen readers read no such change.
     this.node.addEventListener('input', (event) => {
       const {inputType} = event as InputEvent;
-      if (inputType === 'historyUndo') this.#say('Undone');
-      if (inputType === 'historyRedo') this.#say('Redone');
+      if (inputType === 'historyUndo') this.#told.say('Undone');
+      if (inputType === 'historyRedo') this.#told.say('Redone');
     });
     // A press beside the controls leaves the focus where it is.
     this.node.addEventListener('mousedown', (event) => {
@@ -222,7 +219,7 @@ export class Face implements TypedInto {
     view.node.hidden = !logic.is(control, Ask.Visible);
     const filter = this.#filters.get(view.focus.id);
     if (filter !== undefined) filter.disabled = !logic.is(control, Ask.Enabled);
-    this.#showPlace(control, view);
+    placeInCaseRows(logic, this.handle, control, view);
     this.#showName(control, view);
   }
   #showName(control: Address, view: View): void {
@@ -233,23 +230,6 @@ export class Face implements TypedInto {
     if (named.getAttribute('aria-label') === name) return;
     named.setAttribute('aria-label', name);
     if (view instanceof ComboView) view.name(name);
-  }
-  // Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes
-  // and what stands beside them are wider; the style sheet has how they grow with the letters.
-  #showPlace(control: Address, view: View): void {
-    const height = this.logic.number(control, Ask.Height);
-    if (height === 0) return;
-    const span = this.logic.caseSpan(this.handle, control);
-    const length = ({twips, rows, buttons}: Stretch) =>
-      `calc(${down(twips)} + ${rows} * var(--row-growth) + ${buttons} * var(--next-growth))`;
-    const {style} = view.node;
-    style.height = length(span.height);
-    if (view.focus.id === 'fracase') return;
-    const start = this.logic.number(control, Ask.Left);
-    const width = this.logic.number(control, Ask.Width);
-    style.top = length(span.top);
-    style.setProperty('--start', `${(100 * start) / kCaseFrameTwips}%`);
-    style.width = `${(100 * width) / kCaseFrameTwips}%`;
   }
   /** Shows this page alone. */
   showPage(active: number): void {
@@ -314,12 +294,7 @@ export class Face implements TypedInto {
 
   #tell(): void {
     const words = this.logic.words(this.handle);
-    if (words !== '') this.#say(words);
-  }
-  // With a blank behind them every other time: the same words would not be read again.
-  #say(words: string): void {
-    this.#isOther = !this.#isOther;
-    this.#told.replaceChildren(make('span', {}, this.#isOther ? words : `${words}\u00a0`));
+    if (words !== '') this.#told.say(words);
   }
 
   undo(): void {
@@ -410,7 +385,7 @@ export class Face implements TypedInto {
     // By the keys the first row is come to with its list.
     if (!this.#isMeant && view.rows.current < 0) view.rows.moveTo(0);
     // A list without rows is one that screen readers pass over in silence.
-    if (view.rows.count === 0) this.#say(`${spokenName(this.logic, control)} list`);
+    if (view.rows.count === 0) this.#told.say(`${spokenName(this.logic, control)} list`);
   }
   // The two views of the where condition lie over each other, and at first both are visible.
   #bringToFront(target: Element): void {
@@ -496,12 +471,6 @@ export class Face implements TypedInto {
       if (view instanceof ComboView) view.close();
     }
   }
-}
-
-// The place of a box of the case rows among them; what is no such box stands behind all.
-function placeOfRow(node: Element): number {
-  const row = /^(TxtExpr|txtStmt)\((\d+)\)$/.exec((node as HTMLElement).dataset['control'] ?? '');
-  return row === null ? Infinity : 2 * Number(row[2]) + (row[1] === 'txtStmt' ? 1 : 0);
 }
 
 /** What a call that ended so is to be told as, if anything. */
