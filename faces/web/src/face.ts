@@ -75,7 +75,10 @@ export class Face implements TypedInto {
       ),
     );
     for (const control of this.#views.keys()) this.#show(control, What.Everything);
+    this.#listen();
+  }
 
+  #listen(): void {
     this.node.addEventListener('focusin', (event) => this.#focusIn(event));
     this.node.addEventListener('focusout', (event) => {
       this.#left = event.target as HTMLElement;
