@@ -3,6 +3,7 @@
 // What the control tells about its form is fetched and shown when the call in progress is over, or
 // before the host hears of an event in it. What a person does becomes a gesture.
 import {placeInCaseRows, placeOfRow, sizeCaseRows} from './case_rows';
+import {ComboView} from './combo';
 import {make} from './dom';
 import {layOut} from './layout';
 import {type Address, type Logic, ZOLT20Error} from './logic';
@@ -10,7 +11,7 @@ import {Ask, AskText, Gesture, Kind, Status, What} from './numbers';
 import {MessageBox} from './message_box';
 import {TypedBox, type TypedInto, spokenName} from './text_boxes';
 import {Told} from './told';
-import {ComboView, ListView, type View, viewOf} from './views';
+import {ListView, type View, viewOf} from './views';
 
 /** What the element does when the face has something to tell. */
 export interface FaceOwner {
