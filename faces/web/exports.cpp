@@ -1,6 +1,4 @@
-// What a page calls: functions of numbers. Controls and elements are their addresses. A text comes
-// in by text_in, which gives room for the text that the next call takes, and goes out by text_out;
-// lists of numbers go out by numbers_out. What went out stands there until the next call.
+// What a page calls, but for what lists ask, which list_exports.cpp has.
 //
 // A call that can fail gives a Status; error_number, error_kind and error_text tell of the
 // element's last run-time error.
@@ -14,40 +12,23 @@
 #include "faces/shared/case_places.h"
 #include "faces/shared/form_words.h"
 #include "faces/shared/layout.h"
-#include "faces/shared/list_keys.h"
 #include "faces/shared/neighbours.h"
 #include "faces/shared/shown_text.h"
 #include "faces/shared/statement_colours.h"
-#include "faces/shared/type_ahead.h"
 #include "faces/web/element.h"
-
-#define ZOLT20_EXPORT(name) __attribute__((export_name(#name)))
-#define ZOLT20_IMPORT(name) __attribute__((import_module("page"), import_name(#name)))
+#include "faces/web/exchange.h"
 
 using namespace zolt20;
+using web::Address;
 using web::Element;
+using web::given;
+using web::numbers;
 using web::Status;
+using web::taken;
 
 namespace {
 
-String taken;
-String given;
-std::vector<std::int32_t> numbers;
-
-// What was typed in a list last.
-faces::TypeAhead typed;
-const RowsControl* typedIn = nullptr;
-
-void Give(StringView text) {
-  given = text;
-}
-void Give(std::string_view text) {
-  given = FromAscii(text);
-}
-
-std::int32_t Address(const void* object) {
-  return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(object));
-}
+using web::Give;
 
 void GiveControls(const std::vector<const Control*>& controls) {
   numbers.clear();
@@ -304,24 +285,6 @@ const Control* next_option(Element* element, const Control* option, int forward)
   return faces::NextOption(element->Form(), *option, forward != 0);
 }
 
-// The row that the key of a list goes to, -1 for no step; whether the keys stand there from now on;
-// the gesture that is made of it, -1 for none.
-ZOLT20_EXPORT(list_key)
-void list_key(faces::ListKey key, int current, int count, int page, int isSingle) {
-  const faces::ListStep step = faces::StepOf(key, {current, count, page, isSingle != 0});
-  numbers = {step.row, step.moves ? 1 : 0, step.gesture ? static_cast<int>(*step.gesture) : -1};
-}
-// The row that letters typed in a list go to, -1 for none. What was typed in another list before is
-// forgotten.
-ZOLT20_EXPORT(type_ahead)
-int type_ahead(const RowsControl* list, int current, char16_t letter, unsigned time) {
-  if (std::exchange(typedIn, list) != list) typed = {};
-  return typed.Find(*list, current, letter, time).value_or(-1);
-}
-// The next row that they go to, from there on.
-ZOLT20_EXPORT(type_ahead_from) int type_ahead_from(const RowsControl* list, int from) {
-  return typed.FindFrom(*list, from).value_or(-1);
-}
 // Of colours as 0xRRGGBB.
 ZOLT20_EXPORT(can_be_read) int can_be_read(int text, int background) {
   constexpr int kPart = 0xFF;
@@ -406,19 +369,6 @@ ZOLT20_EXPORT(shown_place) int shown_place(const Control* box, int place) {
   control_text(box, AskText::kText);
   return static_cast<int>(
       faces::Shown(StringView(given).substr(0, static_cast<std::size_t>(place)), u'\n').size());
-}
-
-/// The texts of these rows, one behind the other; their lengths, each followed by its mark.
-ZOLT20_EXPORT(rows) void rows(const RowsControl* list, int first, int count) {
-  given.clear();
-  numbers.clear();
-  const auto* marked = list->kind() == Kind::ListBox ? static_cast<const ListBox*>(list) : nullptr;
-  for (int row = first; row < first + count; ++row) {
-    const StringView text = list->List(row);
-    given += text;
-    numbers.push_back(static_cast<std::int32_t>(text.size()));
-    numbers.push_back(marked != nullptr && marked->Selected(row) ? 1 : 0);
-  }
 }
 
 /// First, count and kind of each word that has a colour, of the line that came in.

@@ -5,7 +5,7 @@
 
 import {type Ask, AskText, type Gesture, type ListKey, type PartKind, type Status} from './numbers';
 
-/** The functions of exports.cpp. */
+/** The functions of exports.cpp and list_exports.cpp. */
 interface Exports {
   memory: WebAssembly.Memory;
   _initialize(): void;
