@@ -29,6 +29,8 @@ class DrawnRows {
   StringView NameOf(int row) const;
   /// Rows came, went or became others.
   void Refresh();
+  /// A text in one letter case.
+  String Folded(StringView text) const { return fold_(text); }
 
   int Count() const { return count_; }
   /// The row of the control that is drawn there, and back. -1 for none.

@@ -4,44 +4,27 @@
 
 namespace zolt20::faces {
 
-std::optional<int> TypeAhead::Find(const RowsControl& rows, int current, char16_t letter,
-                                   unsigned time) {
-  return FindFrom(rows, Take(letter, time, current));
-}
-
 std::optional<int> TypeAhead::Find(const DrawnRows& rows, int current, char16_t letter,
                                    unsigned time) {
-  const int from = Take(letter, time, current);
-  return Search(
-      rows.Count(), [&](int row) { return rows.TextOf(row); }, from);
-}
-
-std::optional<int> TypeAhead::FindFrom(const RowsControl& rows, int from) const {
-  return Search(
-      rows.ListCount(), [&](int row) { return rows.List(row); }, from);
-}
-
-template <typename Text>
-std::optional<int> TypeAhead::Search(int count, const Text& text, int from) const {
-  const StringView wanted = StringView(typed_).substr(0, IsOneLetter() ? 1 : typed_.size());
-  for (int step = 0; step < count; ++step) {
-    const int row = (from + step) % count;
-    if (EqualIgnoringCase(Left(text(row), static_cast<int>(wanted.size())), wanted)) return row;
+  if (time - last_ > kSoon) typed_.clear();
+  last_ = time;
+  typed_ += letter;
+  const bool isOne = IsOneLetter(rows);
+  const StringView typed = StringView(typed_).substr(0, isOne ? 1 : typed_.size());
+  const String wanted = rows.Folded(typed);
+  const int from = isOne ? current + 1 : std::max(current, 0);
+  for (int step = 0; step < rows.Count(); ++step) {
+    const int row = (from + step) % rows.Count();
+    const String begin = rows.Folded(Left(rows.TextOf(row), static_cast<int>(typed.size())));
+    if (StringView(begin).substr(0, wanted.size()) == wanted) return row;
   }
   return std::nullopt;
 }
 
-int TypeAhead::Take(char16_t letter, unsigned time, int current) {
-  if (time - last_ > kSoon) typed_.clear();
-  last_ = time;
-  typed_ += letter;
-  return IsOneLetter() ? current + 1 : std::max(current, 0);
-}
-
-bool TypeAhead::IsOneLetter() const {
-  return std::all_of(typed_.begin(), typed_.end(), [this](char16_t each) {
-    return EqualIgnoringCase(StringView(&each, 1), StringView(&typed_.front(), 1));
-  });
+bool TypeAhead::IsOneLetter(const DrawnRows& rows) const {
+  const String first = rows.Folded(Left(typed_, 1));
+  return std::all_of(typed_.begin(), typed_.end(),
+                     [&](char16_t each) { return rows.Folded(StringView(&each, 1)) == first; });
 }
 
 }  // namespace zolt20::faces

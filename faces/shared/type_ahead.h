@@ -13,21 +13,14 @@ class TypeAhead {
   /// Letters that follow each other within this time belong together, in milliseconds.
   static constexpr unsigned kSoon = 1'000;
 
-  /// The row that the letters typed so far go to, from the row `current`, -1 for none, at a time in
-  /// milliseconds that may begin anew; none when no row begins with them. The same letter again
-  /// goes to the next row of that letter, other letters stay as long as they fit.
-  std::optional<int> Find(const RowsControl& rows, int current, char16_t letter, unsigned time);
-  /// The same among the rows that are drawn, as they are counted there.
+  /// The row, as it is drawn, that the letters typed so far go to, from the row `current`, -1 for
+  /// none, at a time in milliseconds that may begin anew; none when no row begins with them. The
+  /// same letter again goes to the next row of that letter, other letters stay as long as they fit.
+  /// Which letters are the same is for the rows to say.
   std::optional<int> Find(const DrawnRows& rows, int current, char16_t letter, unsigned time);
-  /// The first row from there on, and around the end, that begins with the letters typed so far.
-  std::optional<int> FindFrom(const RowsControl& rows, int from) const;
 
  private:
-  template <typename Text>
-  std::optional<int> Search(int count, const Text& text, int from) const;
-  /// Gives from where on to look.
-  int Take(char16_t letter, unsigned time, int current);
-  bool IsOneLetter() const;
+  bool IsOneLetter(const DrawnRows& rows) const;
 
   String typed_;
   unsigned last_ = 0;

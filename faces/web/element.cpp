@@ -20,7 +20,7 @@ Variant Checked(Variant value) {
 }  // namespace
 
 Element::Element(const Page& page, int id)
-    : page_(page), id_(id), control_(*this), person_(control_) {
+    : page_(page), id_(id), control_(*this), person_(control_), lists_(control_, page.folded) {
   control_.UserControl_InitProperties();
   person_.TakeChanges();
 }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "faces/shared/person.h"
+#include "faces/web/drawn_lists.h"
 #include "shell/contract.h"
 #include "shell/control.h"
 
@@ -25,6 +26,8 @@ struct Page {
   void (*event)(int id, int number);
   void (*propertyChanged)(int id, int number);
   void (*message)(int id, StringView text, StringView title);
+  /// Gives a text in one letter case, as the page has it.
+  String (*folded)(StringView text);
 };
 
 class Element final : private ControlHost, private PropertyBag {
@@ -51,6 +54,9 @@ class Element final : private ControlHost, private PropertyBag {
   /// What the person does, and what it comes to.
   faces::Person& person() { return person_; }
 
+  /// Which rows of a list of the form are drawn.
+  faces::DrawnRows& Drawn(const RowsControl& list) { return lists_.Of(list); }
+
  private:
   void eventCancel() override { page_.event(id_, 1); }
   void eventDone() override { page_.event(id_, 2); }
@@ -69,6 +75,7 @@ class Element final : private ControlHost, private PropertyBag {
   int id_;
   ZOLT20MapControl control_;
   faces::Person person_;
+  DrawnLists lists_;
   std::array<std::optional<Variant>, 14> bag_;
   std::vector<Variant> written_;
 };

@@ -26,6 +26,9 @@ using web::numbers;
 using web::Status;
 using web::taken;
 
+/// Hands over the text in one letter case by text_in.
+extern "C" ZOLT20_IMPORT(fold) void page_fold(const char16_t* text, int length);
+
 namespace {
 
 using web::Give;
@@ -62,6 +65,17 @@ void Give(const Variant& value) {
   if (const auto* text = std::get_if<String>(&value)) return Give(StringView(*text));
   if (const auto* number = std::get_if<Integer>(&value)) return numbers.push_back(number->value());
   if (const auto* flag = std::get_if<bool>(&value)) numbers.push_back(*flag ? 1 : 0);
+}
+
+// The page is asked only where it knows more: of all texts in a long list that takes a while.
+String Folded(StringView text) {
+  const bool isPlain = std::all_of(text.begin(), text.end(), [](char16_t unit) {
+    constexpr char16_t kBehindAscii = 0x80;
+    return unit < kBehindAscii;
+  });
+  if (isPlain) return LowerCase(text);
+  page_fold(text.data(), static_cast<int>(text.size()));
+  return std::exchange(taken, {});
 }
 
 // A part of the layout as JSON: kind, name, weight, and its parts.
@@ -220,11 +234,13 @@ ZOLT20_EXPORT(layout) void layout() {
 // Elements.
 
 ZOLT20_EXPORT(make) Element* make(int id) {
-  static constexpr web::Page kPage{
-      page_event, page_property_changed, [](int element, StringView text, StringView title) {
-        page_message(element, text.data(), static_cast<int>(text.size()), title.data(),
-                     static_cast<int>(title.size()));
-      }};
+  static constexpr web::Page kPage{page_event, page_property_changed,
+                                   [](int element, StringView text, StringView title) {
+                                     page_message(element, text.data(),
+                                                  static_cast<int>(text.size()), title.data(),
+                                                  static_cast<int>(title.size()));
+                                   },
+                                   Folded};
   return new Element(kPage, id);
 }
 ZOLT20_EXPORT(destroy) void destroy(Element* element) {

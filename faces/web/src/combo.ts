@@ -65,6 +65,7 @@ export class ComboView implements View {
     }
     this.#rows = new Rows({
       logic,
+      handle: face.handle,
       list: control,
       box: this.#popup,
       holder: this.focus,

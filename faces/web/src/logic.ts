@@ -3,72 +3,8 @@
 // Texts cross by their 16-bit units, so that every text comes back as it went. Controls and
 // elements are their addresses, numbers that mean something to the module alone.
 
+import type {Exports} from './exports';
 import {type Ask, AskText, type Gesture, type ListKey, type PartKind, type Status} from './numbers';
-
-/** The functions of exports.cpp and list_exports.cpp. */
-interface Exports {
-  memory: WebAssembly.Memory;
-  _initialize(): void;
-  text_in(length: number): number;
-  text_out(): number;
-  text_out_length(): number;
-  numbers_out(): number;
-  numbers_out_length(): number;
-  forget_texts(): void;
-  member_count(): number;
-  member_name(number: number): void;
-  member_argument(number: number): void;
-  member_traits(number: number): number;
-  event_count(): number;
-  event_name(number: number): void;
-  bag_count(): number;
-  bag_key(entry: number, forReading: number): void;
-  bag_type(entry: number): number;
-  page_caption(page: number): void;
-  looks(): void;
-  layout(): void;
-  make(id: number): number;
-  destroy(element: number): void;
-  let(element: number, member: number, value: number): Status;
-  get(element: number, member: number): Status;
-  call(element: number, member: number, argument: number): Status;
-  bag_init(element: number): Status;
-  bag_put(element: number, entry: number, value: number): void;
-  bag_read(element: number): Status;
-  bag_write(element: number, entry: number): void;
-  error_number(element: number): number;
-  error_kind(element: number): void;
-  error_text(element: number): void;
-  controls(element: number): void;
-  focused(element: number): number;
-  next_in_tab_order(element: number, from: number, forward: number): number;
-  next_option(element: number, option: number, forward: number): number;
-  list_key(key: ListKey, current: number, count: number, page: number, isSingle: number): void;
-  type_ahead(list: number, current: number, letter: number, time: number): number;
-  type_ahead_from(list: number, from: number): number;
-  can_be_read(text: number, background: number): number;
-  control_number(control: number, ask: Ask): number;
-  case_span(element: number, control: number): void;
-  control_text(control: number, ask: AskText): void;
-  shown_text(box: number, lineEnd: number): void;
-  text_between(box: number, first: number, behind: number): void;
-  shown_place(box: number, place: number): number;
-  rows(list: number, first: number, count: number): void;
-  coloured_words(): void;
-  gesture(element: number, kind: Gesture, control: number, number: number): Status;
-  type(element: number, box: number, caret: number, lineEnd: number): Status;
-  type_key(element: number, box: number, first: number, behind: number, code: number): Status;
-  made(element: number): void;
-  gesture_words(gesture: Gesture): void;
-  begin_step(element: number): number;
-  end_step(element: number): void;
-  undo(element: number): Status;
-  redo(element: number): Status;
-  history(element: number): number;
-  switch_history(element: number, on: number): void;
-  changes(element: number): void;
-  words(element: number): void;
-}
 
 /** A height that grows with the letters, so many times as a case row and as the button there do. */
 export interface Stretch {
@@ -87,6 +23,12 @@ export type Address = number;
 export interface Row {
   text: string;
   marked: boolean;
+}
+
+/** A row as it is drawn: that of the control, its text with its name, and whether it is marked. */
+export interface DrawnRow extends Row {
+  row: number;
+  name: string;
 }
 
 /** What a person did, as a request of the JSON lines that zolt20-host plays. */
@@ -185,6 +127,9 @@ export class Logic {
           tell(id, (listener) =>
             listener.message(this.#textAt(text, length), this.#textAt(title, titleLength)),
           ),
+        // Of two small letters of Greek, one stands at ends of words alone.
+        fold: (text: number, length: number) =>
+          this.send(this.#textAt(text, length).toLowerCase().replaceAll('\u03c2', '\u03c3')),
       },
       env: {emscripten_notify_memory_growth() {}},
       wasi_snapshot_preview1: {
@@ -361,22 +306,6 @@ export class Logic {
     const [row, moves, gesture] = [...this.#numbers()] as [number, number, number];
     return {row, moves: moves !== 0, gesture: gesture < 0 ? undefined : gesture};
   }
-  /** The row that a letter typed in a list goes to, of those that `isWanted` tells; -1 for none. */
-  typeAhead(
-    list: Address,
-    current: number,
-    event: KeyboardEvent,
-    isWanted: (row: number) => boolean,
-  ): number {
-    const letter = event.key.charCodeAt(0);
-    const first = this.#exports.type_ahead(list, current, letter, Math.round(event.timeStamp));
-    let row = first;
-    while (row >= 0 && !isWanted(row)) {
-      row = this.#exports.type_ahead_from(list, row + 1);
-      if (row === first) return -1;
-    }
-    return row;
-  }
   /** Whether a text of that colour can be read on a background; both are 0xRRGGBB. */
   canBeRead(text: number, background: number): boolean {
     return this.#exports.can_be_read(text, background) !== 0;
@@ -413,6 +342,7 @@ export class Logic {
   shownPlace(box: Address, place: number): number {
     return this.#exports.shown_place(box, place);
   }
+  /** Rows of the control. */
   rows(list: Address, first: number, count: number): Row[] {
     this.#exports.rows(list, first, count);
     const texts = this.#text();
@@ -425,6 +355,61 @@ export class Logic {
     }
     return rows;
   }
+
+  // Lists, whose rows are counted as they are drawn.
+
+  /** Only rows that hold the text in any letter case are drawn from now on; all with "". */
+  setFilter(handle: number, list: Address, filter: string): void {
+    this.send(filter);
+    this.#exports.set_filter(handle, list);
+  }
+  /** What rows are called beside their texts, by text. The filter finds it as well. */
+  nameRows(handle: number, list: Address, names: ReadonlyMap<string, string>): void {
+    for (const [text, name] of names) {
+      this.send(text + name);
+      this.#exports.add_name(text.length);
+    }
+    this.#exports.name_rows(handle, list);
+  }
+  drawnCount(handle: number, list: Address): number {
+    return this.#exports.drawn_count(handle, list);
+  }
+  /** The row of the control that is drawn there, and back; -1 for none. */
+  controlRow(handle: number, list: Address, drawn: number): number {
+    return this.#exports.control_row(handle, list, drawn);
+  }
+  drawnRow(handle: number, list: Address, row: number): number {
+    return this.#exports.drawn_row(handle, list, row);
+  }
+  drawnRows(handle: number, list: Address, first: number, count: number): DrawnRow[] {
+    this.#exports.drawn_rows(handle, list, first, count);
+    const texts = this.#text();
+    const numbers = this.#numbers();
+    const rows: DrawnRow[] = [];
+    for (let at = 0, from = 0; at < numbers.length; at += 4) {
+      const between = from + numbers[at + 1]!;
+      const behind = between + numbers[at + 2]!;
+      rows.push({
+        row: numbers[at]!,
+        text: texts.slice(from, between),
+        name: texts.slice(between, behind),
+        marked: numbers[at + 3] !== 0,
+      });
+      from = behind;
+    }
+    return rows;
+  }
+  /** What to say of marks that a filter hides, "" for nothing. */
+  hiddenMarks(handle: number, list: Address): string {
+    this.#exports.hidden_marks(handle, list);
+    return this.#text();
+  }
+  /** The row that a letter typed in a list goes to, -1 for none. */
+  typeAhead(handle: number, list: Address, current: number, event: KeyboardEvent): number {
+    const letter = event.key.charCodeAt(0);
+    return this.#exports.type_ahead(handle, list, current, letter, Math.round(event.timeStamp));
+  }
+
   colouredWords(line: string): ColouredWord[] {
     this.send(line);
     this.#exports.coloured_words();

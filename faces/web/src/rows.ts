@@ -1,10 +1,10 @@
 // The rows of a list as people see them: rows of one height, of which only those in sight are
 // nodes.
 //
-// The rows themselves are the control's; here is only which are drawn while a filter is on, and on
-// which one the keys stand.
+// The rows themselves are the control's, and which are drawn while a filter is on the logic knows;
+// here is only on which one the keys stand.
 import {make, setAttributes} from './dom';
-import type {Address, Logic, Row} from './logic';
+import type {Address, DrawnRow, Logic} from './logic';
 import {Ask, Gesture, ListKey, Style} from './numbers';
 
 // The tallest a browser draws without losing its way. Beyond it a list is scrolled in proportion.
@@ -15,8 +15,6 @@ const kLeastHeight = 24;
 // So many rows before and behind those in sight are nodes too: the keys come to one that is there
 // already, and those who are told of rows are not told of the list in between.
 const kAround = 4;
-// Rows are read so many at once where all are looked at.
-const kChunk = 2000;
 const kListKeys: Record<string, ListKey> = {
   ArrowUp: ListKey.Up,
   ArrowDown: ListKey.Down,
@@ -30,6 +28,8 @@ const kListKeys: Record<string, ListKey> = {
 
 export interface RowsOptions {
   logic: Logic;
+  /** The element that has the list. */
+  handle: number;
   list: Address;
   /** The node that scrolls, a list box. */
   box: HTMLElement;
@@ -55,6 +55,7 @@ function spanOf(kind: string, text: string): HTMLElement {
 
 export class Rows {
   readonly #logic: Logic;
+  readonly #handle: number;
   readonly #list: Address;
   readonly #box: HTMLElement;
   readonly #holder: HTMLElement;
@@ -63,8 +64,6 @@ export class Rows {
   readonly #space = make('div', {role: 'presentation', class: 'space'});
   readonly #nodes = new Map<number, HTMLElement>();
   #filter = '';
-  #names: ReadonlyMap<string, string> = new Map();
-  #drawn: number[] | undefined; // the control's rows, while a filter is on
   #current = -1; // as drawn
   #isWanted = false; // in sight, as soon as anything of the list is
   #rowHeight = 0;
@@ -75,6 +74,7 @@ export class Rows {
 
   constructor(options: RowsOptions) {
     this.#logic = options.logic;
+    this.#handle = options.handle;
     this.#list = options.list;
     this.#box = options.box;
     this.#holder = options.holder;
@@ -95,58 +95,39 @@ export class Rows {
 
   /** The number of rows drawn, of which only some are nodes. */
   get count(): number {
-    return this.#drawn?.length ?? this.#logic.number(this.#list, Ask.ListCount);
+    return this.#logic.drawnCount(this.#handle, this.#list);
   }
   /** The row of the control on which the keys stand, -1 for none. */
   get current(): number {
-    return this.#current < 0 ? -1 : this.#controlRow(this.#current);
-  }
-  #controlRow(drawn: number): number {
-    return this.#drawn === undefined ? drawn : this.#drawn[drawn]!;
+    return this.#logic.controlRow(this.#handle, this.#list, this.#current);
   }
   #drawnRow(row: number): number {
-    if (this.#drawn === undefined || row < 0) return row;
-    return this.#drawn.indexOf(row);
+    return row < 0 ? -1 : this.#logic.drawnRow(this.#handle, this.#list, row);
   }
 
   /** Only rows that hold the text in any letter case are drawn from now on; all with "". */
   setFilter(filter: string): void {
     if (filter === this.#filter) return;
     this.#filter = filter;
+    this.#logic.setFilter(this.#handle, this.#list, filter);
     this.#current = -1;
     this.#scrollTo(0);
     this.rowsChanged();
   }
   /** What rows are called beside their texts, by text. The filter finds it as well. */
   nameRows(names: ReadonlyMap<string, string>): void {
-    this.#names = names;
+    this.#logic.nameRows(this.#handle, this.#list, names);
     this.rowsChanged();
   }
 
   /** Rows came, went or became others. */
   rowsChanged(): void {
-    this.#applyFilter();
     const count = this.count;
     if (this.#current >= count) this.#current = count - 1;
     this.showListIndex();
   }
-  #applyFilter(): void {
-    this.#drawn = undefined;
-    if (this.#filter === '') return;
-    const wanted = this.#filter.toLowerCase();
-    const holds = (text: string | undefined) => text?.toLowerCase().includes(wanted) ?? false;
-    const drawn: number[] = [];
-    const count = this.count;
-    for (let first = 0; first < count; first += kChunk) {
-      this.#read(first, Math.min(first + kChunk, count)).forEach((row, number) => {
-        if (holds(row.text) || holds(this.#names.get(row.text))) drawn.push(first + number);
-      });
-    }
-    this.#drawn = drawn;
-  }
-  #read(first: number, behind: number): Row[] {
-    if (this.#drawn === undefined) return this.#logic.rows(this.#list, first, behind - first);
-    return this.#drawn.slice(first, behind).map((row) => this.#logic.rows(this.#list, row, 1)[0]!);
+  #read(first: number, behind: number): DrawnRow[] {
+    return this.#logic.drawnRows(this.#handle, this.#list, first, behind - first);
   }
 
   /** The keys stand on ListIndex from now on, where there is one. */
@@ -262,8 +243,8 @@ export class Rows {
     setAttributes(this.#holder, {'aria-activedescendant': active?.id ?? false});
   }
 
-  #drawRow(drawn: number, row: Row, count: number, top: number): void {
-    const number = this.#controlRow(drawn);
+  #drawRow(drawn: number, row: DrawnRow, count: number, top: number): void {
+    const {row: number, name} = row;
     let node = this.#nodes.get(drawn);
     if (node === undefined) {
       node = make('div', {role: 'option', class: 'row', part: 'row'});
@@ -276,7 +257,6 @@ export class Rows {
       }
       this.#space.insertBefore(node, next);
     }
-    const name = this.#names.get(row.text) ?? '';
     const shown = `${row.text}\n${name}`;
     if (node.dataset['shown'] !== shown || node.childNodes.length === 0) {
       node.dataset['shown'] = shown;
@@ -335,10 +315,8 @@ export class Rows {
       return {gesture: row < 0 ? undefined : gesture};
     }
     if (event.key.length !== 1) return undefined;
-    const drawn = this.#drawn && new Set(this.#drawn);
-    const isDrawn = (row: number) => drawn?.has(row) ?? true;
-    const row = this.#logic.typeAhead(this.#list, this.current, event, isDrawn);
-    if (row >= 0) this.moveToRow(row);
+    const row = this.#logic.typeAhead(this.#handle, this.#list, this.#current, event);
+    if (row >= 0) this.moveTo(row);
     return {gesture: row >= 0 && isSingle ? Gesture.ClickRow : undefined};
   }
 }

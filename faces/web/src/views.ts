@@ -230,7 +230,8 @@ class ListView implements View {
       class: (style & Style.CheckBoxes) !== 0 ? 'rows checks' : 'rows',
       'aria-multiselectable': isSingle ? false : 'true',
     });
-    this.rows = new Rows({logic, list: control, box: this.node, holder: this.node});
+    const {node} = this;
+    this.rows = new Rows({logic, handle: face.handle, list: control, box: node, holder: node});
     this.node.addEventListener('click', (event) => {
       const row = this.rows.rowUnder(event);
       if (row < 0 || !logic.is(control, Ask.Enabled)) return;
