@@ -52,6 +52,11 @@ Part Named(ControlName label, ControlName box, int weight) {
 Part NamedCombo(ControlName label, ControlName combo, int weight) {
   return Column("named", weight, {Of(label), Of(combo)}, Gap::kTight);
 }
+Part SearchedCombo(ControlName label, ControlName combo, int weight) {
+  Part part = NamedCombo(label, combo, weight);
+  part.parts.back().hasSearch = true;
+  return part;
+}
 Part Filtered(ControlName label, ControlName list, int weight) {
   const Part filter{PartKind::kFilter, {}, 0, Gap::kNone, &DesignOf(list)};
   const Part marks{PartKind::kMarks, {}, 1, Gap::kNone, &DesignOf(list)};
@@ -92,8 +97,8 @@ Part SelectList() {
 
 Part Where() {
   Part operands = Row("operands", 0,
-                      {NamedCombo(Label6, cboWhereFields, 3), NamedCombo(Label7, cboOper, 2),
-                       NamedCombo(Label8, cboWhereFields1, 3)});
+                      {SearchedCombo(Label6, cboWhereFields, 3), NamedCombo(Label7, cboOper, 2),
+                       SearchedCombo(Label8, cboWhereFields1, 3)});
   // The two views of the condition take turns. At first both are visible: the where text lies on
   // top.
   Part views = Stack(1, {Frame(FraCondition, 0, {Of(txtCondition, 1)}),
@@ -211,6 +216,11 @@ bool HasFilter(const Design& control) {
   return Any(Layout(), [&](const Part& part) {
     return part.kind == PartKind::kFilter && part.control == &control;
   });
+}
+
+bool HasSearch(const Design& control) {
+  return Any(Layout(),
+             [&](const Part& part) { return part.hasSearch && part.control == &control; });
 }
 
 int LeastLines(const Design& control) {

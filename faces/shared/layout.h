@@ -15,7 +15,7 @@ namespace zolt20::faces {
 
 enum class PartKind {
   kControl,
-  kFilter,  ///< the line with which a person filters the list or combo `control`
+  kFilter,  ///< the line with which a person filters the list `control`
   kMarks,   ///< the line that tells of marks in the list `control` which its filter hides
   kTools,   ///< the buttons Undo and Redo
   kSpace,   ///< nothing
@@ -41,6 +41,7 @@ struct Part {
   Gap gap = Gap::kUsual;            ///< of what surrounds
   const Design* control = nullptr;  ///< of kControl, kFilter, kMarks, kFrame and kOwn
   std::vector<Part> parts = {};     ///< of what surrounds
+  bool hasSearch = false;           ///< of a combo: its open list begins with a line to search it
 };
 
 /// The whole form.
@@ -49,8 +50,12 @@ const Part& Layout();
 /// Whether a control is a label in small letters, which tells how a page is used.
 bool IsNote(const Design& control);
 
-/// Whether a list or a combo has a line that filters it.
+/// Whether a list has a line above it that filters it.
 bool HasFilter(const Design& control);
+
+/// Whether the open list of a combo begins with a line that leaves only entries which hold its
+/// text.
+bool HasSearch(const Design& control);
 
 /// How many lines or rows a control shows at least: 1 for what is no list and has but one line.
 int LeastLines(const Design& control);

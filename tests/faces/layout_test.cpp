@@ -88,6 +88,16 @@ TEST(LayoutTest, AFilterStandsAboveItsList) {
   EXPECT_EQ(filters, 5);
 }
 
+TEST(LayoutTest, TheListsOfTheOperandsAreSearched) {
+  std::string searched;
+  for (const Design& design : zolt20::kForm) {
+    if (!faces::HasSearch(design)) continue;
+    EXPECT_EQ(design.kind, Kind::ComboBox) << design.text;
+    searched += std::string(design.text) + " ";
+  }
+  EXPECT_EQ(searched, "cboWhereFields cboWhereFields1 ");
+}
+
 TEST(LayoutTest, NotesAreTheLabelsThatTellHowAPageIsUsed) {
   for (const Design& design : zolt20::kForm) {
     const bool isNumbered = design.kind == Kind::Label && design.frame == ControlName::kForm &&
