@@ -42,7 +42,7 @@ std::optional<faces::ListKey> ListKeyOf(const QKeyEvent& event) {
 }  // namespace
 
 RowsView::RowsView(const ListBox& list, QWidget* parent)
-    : QListView(parent), list_(list), model_(new RowsModel(list, this)) {
+    : EvenRows(parent), list_(list), model_(new RowsModel(list, this)) {
   setModel(model_);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setSelectionMode(list.HasCheckBoxes() ? QAbstractItemView::NoSelection
@@ -90,68 +90,6 @@ void RowsView::ShowMarks() {
   emit MarksShown();
 }
 
-// Where the rows stand.
-
-int RowsView::RowHeight() const {
-  constexpr int kRoom = 5;  // also for what hangs below the line, such as underscores
-  return fontMetrics().height() + kRoom;
-}
-
-int RowsView::RowsInSight() const {
-  return std::max(viewport()->height() / RowHeight(), 1);
-}
-
-// Past the layout of QListView, which walks all rows.
-void RowsView::doItemsLayout() {
-  QAbstractItemView::doItemsLayout();  // NOLINT(bugprone-parent-virtual-call)
-}
-
-QRect RowsView::visualRect(const QModelIndex& index) const {
-  if (!index.isValid()) return {};
-  const int top = (index.row() - verticalScrollBar()->value()) * RowHeight();
-  return {0, top, viewport()->width(), RowHeight()};
-}
-
-QModelIndex RowsView::indexAt(const QPoint& point) const {
-  if (!viewport()->rect().contains(point)) return {};
-  return model()->index(verticalScrollBar()->value() + point.y() / RowHeight(), 0);
-}
-
-void RowsView::scrollTo(const QModelIndex& index, ScrollHint hint) {
-  if (!index.isValid()) return;
-  executeDelayedItemsLayout();
-  const int row = index.row();
-  const int last = row - RowsInSight() + 1;
-  int first = std::clamp(verticalScrollBar()->value(), last, row);
-  if (hint == PositionAtTop) first = row;
-  if (hint == PositionAtBottom) first = last;
-  if (hint == PositionAtCenter) first = (last + row) / 2;
-  verticalScrollBar()->setValue(first);
-}
-
-int RowsView::horizontalOffset() const {
-  return 0;
-}
-
-int RowsView::verticalOffset() const {
-  return verticalScrollBar()->value() * RowHeight();
-}
-
-void RowsView::scrollContentsBy(int /*dx*/, int /*dy*/) {
-  viewport()->update();
-}
-
-void RowsView::updateGeometries() {
-  verticalScrollBar()->setRange(0, std::max(model()->rowCount() - RowsInSight(), 0));
-  verticalScrollBar()->setPageStep(RowsInSight());
-  verticalScrollBar()->setSingleStep(1);
-  QAbstractItemView::updateGeometries();  // NOLINT(bugprone-parent-virtual-call)
-}
-
-QRegion RowsView::visualRegionForSelection(const QItemSelection& /*selection*/) const {
-  return viewport()->rect();
-}
-
 void RowsView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   QStyleOptionViewItem option;
@@ -192,15 +130,7 @@ void RowsView::DrawName(QPainter& painter, const QStyleOptionViewItem& option,
                    option.fontMetrics.elidedText(name, Qt::ElideMiddle, place.width()));
 }
 
-// What is told to those who are read to. QListView would tell it by where its own layout has the
-// rows.
-
-void RowsView::Tell(QAccessible::Event what, const QModelIndex& index) {
-  if (!QAccessible::isActive() || !index.isValid()) return;
-  QAccessibleEvent event(this, what);
-  event.setChild(index.row());
-  QAccessible::updateAccessibility(&event);
-}
+// What is told to those who are read to.
 
 void RowsView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)

@@ -1,20 +1,17 @@
 // A list box as people see it: rows of one height, the marks as Qt's selection or as check boxes.
 //
 // What a person does comes out as signals that name rows of the control. The view changes no mark
-// by itself: ShowMarks reads them from the control. A QListView for Qt and for screen readers, but
-// it knows where each row stands without laying out the others.
+// by itself: ShowMarks reads them from the control.
 #pragma once
 
-#include <QAccessible>
-#include <QListView>
-
+#include "faces/qt/even_rows.h"
 #include "faces/qt/rows_model.h"
 #include "faces/shared/list_keys.h"
 #include "faces/shared/type_ahead.h"
 
 namespace zolt20::qt {
 
-class RowsView final : public QListView {
+class RowsView final : public EvenRows {
   Q_OBJECT
 
  public:
@@ -29,10 +26,6 @@ class RowsView final : public QListView {
   /// Reads all marks and ListIndex again.
   void ShowMarks();
 
-  void doItemsLayout() override;
-  QRect visualRect(const QModelIndex& index) const override;
-  QModelIndex indexAt(const QPoint& point) const override;
-  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
   void keyboardSearch(const QString& typed) override;
 
  signals:
@@ -57,21 +50,12 @@ class RowsView final : public QListView {
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                        const QEvent* event) const override;
   void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags flags) override;
-  QRegion visualRegionForSelection(const QItemSelection& selection) const override;
-  int horizontalOffset() const override;
-  int verticalOffset() const override;
-  void scrollContentsBy(int dx, int dy) override;
-  void updateGeometries() override;
 
  private:
   void DrawName(QPainter& painter, const QStyleOptionViewItem& option,
                 const QModelIndex& index) const;
-  int RowHeight() const;
-  /// How many rows are wholly in sight, at least 1.
-  int RowsInSight() const;
   void PressRow(const QMouseEvent& event, bool isSecond);
   void Take(const faces::ListStep& step);
-  void Tell(QAccessible::Event what, const QModelIndex& index);
 
   const ListBox& list_;
   RowsModel* model_;
