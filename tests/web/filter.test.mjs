@@ -90,3 +90,25 @@ describe('a filter', () => {
     assert.deepEqual(await marked(), ['ЖУК_____', 'BEETLE__', 'жираф___']);
   });
 });
+
+describe('marks that a filter hides', () => {
+  const told = () =>
+    person.page.evaluate(() => {
+      const marks = host.on('lsttables.marks');
+      return [marks.getAttribute('role'), marks.textContent];
+    });
+
+  withTables('are told', ['CUSTOMER', 'ORDERS__', 'STOCK___', 'ORDERITM'], async () => {
+    for (const row of [0, 1, 2]) await person.clickRow('lsttables', row);
+    assert.deepEqual(await told(), ['status', '']);
+    await filter('lsttables', 'order');
+    assert.deepEqual(await told(), ['status', '3 marked, 1 shown']);
+    await person.clickRow('lsttables', 3);
+    assert.deepEqual(await told(), ['status', '4 marked, 2 shown']);
+    const place = await person.place('lsttables.marks');
+    const list = await person.place('lsttables');
+    assert.ok(place.isOnTop && Math.abs(place.right - list.right) < 2, JSON.stringify(place));
+    await filter('lsttables', '');
+    assert.deepEqual(await told(), ['status', '']);
+  });
+});

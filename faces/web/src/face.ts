@@ -4,7 +4,7 @@
 // before the host hears of an event in it. What a person does becomes a gesture.
 import {placeInCaseRows, placeOfRow, sizeCaseRows} from './case_rows';
 import {ComboView} from './combo';
-import {make} from './dom';
+import {make, showText} from './dom';
 import {layOut} from './layout';
 import {type Address, type Logic, ZOLT20Error} from './logic';
 import {Ask, AskText, Gesture, Kind, Status, What} from './numbers';
@@ -40,6 +40,7 @@ export class Face implements TypedInto {
   readonly #addresses = new Map<string, Address>();
   readonly #controls = new WeakMap<Element, Address>(); // by the node that has the focus
   readonly #filters = new Map<string, HTMLInputElement>();
+  readonly #marks = new Map<string, HTMLElement>();
   #isShowing = false; // what the nodes tell comes from us, and not from a person
   #isLeaving = false;
   #page = -1;
@@ -149,9 +150,24 @@ export class Face implements TypedInto {
       placeholder: 'Filter (Ctrl+F)',
     });
     filter.spellcheck = false;
-    filter.addEventListener('input', () => view.rows.setFilter(filter.value));
+    filter.addEventListener('input', () => {
+      view.rows.setFilter(filter.value);
+      this.#showMarks(list);
+    });
     this.#filters.set(list, filter);
     return filter;
+  }
+  /** What tells of marks in a list that its filter hides. */
+  makeMarks(list: string): HTMLElement {
+    const marks = make('div', {id: `${list}.marks`, class: 'marks', part: 'marks', role: 'status'});
+    this.#marks.set(list, marks);
+    return marks;
+  }
+  #showMarks(list: string): void {
+    const marks = this.#marks.get(list);
+    if (marks === undefined) return;
+    showText(marks, this.logic.hiddenMarks(this.handle, this.#addresses.get(list)!));
+    marks.title = marks.textContent ?? '';
   }
   #viewOf(name: string): View {
     return this.#views.get(this.#addresses.get(name)!)!;
@@ -161,6 +177,7 @@ export class Face implements TypedInto {
   }
   nameTables(names: ReadonlyMap<string, string>): void {
     (this.#viewOf('lsttables') as ListView).rows.nameRows(names);
+    this.#showMarks('lsttables');
   }
 
   // Showing.
@@ -223,6 +240,7 @@ export class Face implements TypedInto {
     view.node.hidden = !logic.is(control, Ask.Visible);
     const filter = this.#filters.get(view.focus.id);
     if (filter !== undefined) filter.disabled = !logic.is(control, Ask.Enabled);
+    this.#showMarks(view.focus.id);
     placeInCaseRows(logic, this.handle, control, view);
     this.#showName(control, view);
   }

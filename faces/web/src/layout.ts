@@ -62,6 +62,8 @@ function ownNode(face: Face, kind: PartKind, name: string): HTMLElement {
       return face.nodeOf(name);
     case PartKind.Filter:
       return face.makeFilter(name);
+    case PartKind.Marks:
+      return face.makeMarks(name);
     case PartKind.Tools:
       return tools(face);
     default:
