@@ -112,6 +112,7 @@ enum class Ask {
   kFrame,
   kTakesFocus,
   kSmallChange,
+  kHasSearch,
 };
 
 enum class AskText { kName, kText, kCaption, kAccessibleName };
@@ -338,6 +339,8 @@ ZOLT20_EXPORT(control_number) int control_number(const Control* control, Ask ask
       return control->TakesFocus() ? 1 : 0;
     case Ask::kSmallChange:
       return ScrollBar::SmallChange();
+    case Ask::kHasSearch:
+      return faces::HasSearch(control->design()) ? 1 : 0;
     default:
       return NumberOfKind(*control, ask);
   }

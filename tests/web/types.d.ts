@@ -146,6 +146,7 @@ declare global {
   /** Carries a request of a host out, for the record too. */
   var carryOutForRecord: (request: Record<string, unknown>) => void;
   var kept: Element[] | undefined;
+  var picks: string[];
   var presses: number;
   var read: string;
   var seen: {name: string; isElement: boolean; kind?: string; cancelable?: boolean}[];

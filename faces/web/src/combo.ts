@@ -1,4 +1,5 @@
-// How a combo box is shown: a box or a text, and a list of entries that opens below it.
+// How a combo box is shown: a box or a text, and a list of entries that opens below it. Where the
+// list gets long, it begins with a line that has the focus while it is open, and that searches it.
 import {BackColour} from './back_colours';
 import {icon, make, setAttributes, showText} from './dom';
 import type {Face} from './face';
@@ -15,12 +16,10 @@ export class ComboView implements View {
   readonly #control: Address;
   readonly #typed: TypedBox | undefined;
   readonly #text = make('span', {class: 'value'});
-  readonly #popup = make('div', {
-    role: 'listbox',
-    class: 'rows popup',
-    part: 'popup',
-    popover: 'manual',
-  });
+  readonly #list = make('div', {role: 'listbox', class: 'rows'});
+  readonly #none = make('div', {class: 'none', role: 'status'});
+  readonly #popup = make('div', {class: 'popup', part: 'popup', popover: 'manual'});
+  readonly #search: HTMLInputElement | undefined;
   readonly #rows: Rows;
   readonly #colour: BackColour;
   #opener: HTMLButtonElement | undefined;
@@ -30,14 +29,16 @@ export class ComboView implements View {
     this.#face = face;
     this.#control = control;
     const name = logic.text(control, AskText.Name);
-    this.#popup.id = `${name}.list`;
+    this.#list.id = `${name}.list`;
     const kArrow = 'M4 6l4 4 4-4';
     const attributes = {
       role: 'combobox',
       'aria-haspopup': 'listbox',
       'aria-expanded': 'false',
-      'aria-controls': this.#popup.id,
+      'aria-controls': this.#list.id,
     };
+    if (logic.is(control, Ask.HasSearch)) this.#search = this.#makeSearch(name);
+    this.#popup.append(...(this.#search ? [this.#search] : []), this.#none, this.#list);
     if ((logic.number(control, Ask.Style) & Style.Editable) !== 0) {
       this.#typed = lineBox(logic, control, face, false);
       this.focus = this.#typed.input;
@@ -67,26 +68,61 @@ export class ComboView implements View {
       logic,
       handle: face.handle,
       list: control,
-      box: this.#popup,
-      holder: this.focus,
+      box: this.#list,
+      holder: this.#search ?? this.focus,
       isPopup: true,
     });
 
     this.#colour = new BackColour(logic, this.node);
-    // The focus stays in the box while the list is open.
-    for (const node of [this.#popup, ...(this.#opener === undefined ? [] : [this.#opener])])
-      node.addEventListener('mousedown', (event) => event.preventDefault());
-    (this.#opener ?? this.focus).addEventListener('click', () => {
+    // A press leaves the focus where it is, but for one that begins in the search line.
+    const presser = this.#opener ?? this.focus;
+    this.#popup.addEventListener('mousedown', (event) => {
+      if (event.target !== this.#search) event.preventDefault();
+    });
+    presser.addEventListener('mousedown', (event) => {
+      if (this.#isOpen || presser !== this.focus) event.preventDefault();
+    });
+    presser.addEventListener('click', () => {
       if (!this.#isEnabled) return;
-      this.focus.focus();
+      if (!this.#isOpen) this.focus.focus();
       this.#show(!this.#isOpen);
     });
     this.#popup.addEventListener('click', (event) => {
       const row = this.#rows.rowUnder(event);
       if (row >= 0) this.#pick(row);
     });
-    this.focus.addEventListener('blur', () => this.#show(false));
+    this.focus.addEventListener('blur', (event) => {
+      if (this.#search === undefined || event.relatedTarget !== this.#search) this.#show(false);
+    });
     this.focus.addEventListener('keydown', (event) => this.#key(event));
+  }
+
+  #makeSearch(name: string): HTMLInputElement {
+    const search = make('input', {
+      type: 'text',
+      id: `${name}.search`,
+      class: 'search',
+      part: 'input search',
+      role: 'combobox',
+      autocomplete: 'off',
+      placeholder: 'Search',
+      'aria-autocomplete': 'list',
+      'aria-haspopup': 'listbox',
+      'aria-expanded': 'true',
+      'aria-controls': this.#list.id,
+    });
+    search.spellcheck = false;
+    search.addEventListener('input', () => {
+      this.#rows.setFilter(search.value);
+      if (this.#rows.current < 0 && search.value !== '') this.#rows.moveTo(0);
+      this.#showNone();
+    });
+    search.addEventListener('blur', () => this.#show(false));
+    search.addEventListener('keydown', (event) => this.#key(event));
+    return search;
+  }
+  #showNone(): void {
+    showText(this.#none, this.#rows.count === 0 ? 'No entries' : '');
   }
 
   close(): void {
@@ -105,8 +141,12 @@ export class ComboView implements View {
     if (this.#typed === undefined) showText(this.#text, logic.text(this.#control, AskText.Text));
     else this.#typed.show(what | What.Text);
     this.#colour.show(logic.number(this.#control, Ask.BackColor));
-    if ((what & What.Rows) !== 0) this.#rows.rowsChanged();
-    else this.#rows.draw();
+    if ((what & What.Rows) === 0) {
+      this.#rows.draw();
+      return;
+    }
+    this.#rows.rowsChanged();
+    if (this.#isOpen) this.#showNone();
   }
   restorePlace(): void {
     this.#colour.showAgain();
@@ -123,26 +163,37 @@ export class ComboView implements View {
     if (this.#opener !== undefined) this.#opener.disabled = !enabled;
     if (!enabled) this.#show(false);
   }
-  /** What the button beside the box is called, and the list. */
+  /** What the button beside the box is called, the list, and the line that searches it. */
   name(name: string): void {
     this.#opener?.setAttribute('aria-label', `${name} entries`);
-    this.#popup.setAttribute('aria-label', name);
+    this.#list.setAttribute('aria-label', name);
+    this.#search?.setAttribute('aria-label', `Search ${name}`);
   }
 
   #show(open: boolean): void {
     if (open === this.#isOpen) return;
     this.focus.setAttribute('aria-expanded', String(open));
     if (!open) {
-      this.#popup.hidePopover();
-      this.#rows.view = 0;
-      this.focus.removeAttribute('aria-activedescendant');
+      this.#hide();
       return;
     }
     this.#popup.showPopover();
+    this.#showNone();
     this.#rows.view = this.#place();
     this.#rows.rowsChanged();
     this.#rows.moveToRow(this.#face.logic.number(this.#control, Ask.ListIndex));
+    this.#search?.focus({preventScroll: true});
     this.#stayWhile(this.node.getBoundingClientRect());
+  }
+  #hide(): void {
+    if (this.#search?.matches(':focus')) this.focus.focus({preventScroll: true});
+    this.#popup.hidePopover();
+    this.#rows.view = 0;
+    if (this.#search !== undefined) {
+      this.#search.value = '';
+      this.#rows.setFilter('');
+    }
+    (this.#search ?? this.focus).removeAttribute('aria-activedescendant');
   }
   // The list closes when its box moves, whatever it is that scrolls or changes around it.
   #stayWhile(place: DOMRect): void {
@@ -162,7 +213,8 @@ export class ComboView implements View {
     const around = this.node.getBoundingClientRect();
     const below = innerHeight - around.bottom - kEdge;
     const above = around.top - kEdge;
-    const wanted = this.#rows.heightOf(Math.min(Math.max(this.#rows.count, 1), kMostRows)) + 2;
+    const beside = this.#list.offsetTop + 2;
+    const wanted = this.#rows.heightOf(Math.min(Math.max(this.#rows.count, 1), kMostRows)) + beside;
     // In a page that is enlarged by its style.
     const zoom = (this.#popup as HTMLElement & {currentCSSZoom?: number}).currentCSSZoom ?? 1;
     const isBelow = below >= wanted * zoom || below >= above;
@@ -173,7 +225,7 @@ export class ComboView implements View {
       height: `${height}px`,
       top: `${isBelow ? around.bottom / zoom : around.top / zoom - height}px`,
     });
-    return height - 2;
+    return height - beside;
   }
 
   #pick(row: number): void {
@@ -182,7 +234,6 @@ export class ComboView implements View {
   }
 
   #key(event: KeyboardEvent): void {
-    const isEditable = this.#typed !== undefined;
     const isArrow = event.key === 'ArrowDown' || event.key === 'ArrowUp';
     if (
       event.isComposing ||
@@ -192,19 +243,25 @@ export class ComboView implements View {
       !this.#isEnabled
     )
       return;
-    if (!this.#isOpen) {
-      const isLetter = event.key.length === 1 && event.key !== ' ';
-      const opens =
-        isArrow || (!isEditable && (event.key === 'Enter' || event.key === ' ' || isLetter));
-      if (!opens) return;
-      event.preventDefault();
-      this.#show(true);
-      if (!isEditable && isLetter) this.#rows.takeKey(event);
-      return;
-    }
+    if (this.#isOpen) this.#keyInList(event);
+    else if (isArrow) this.#showBy(event);
+    else if (this.#typed === undefined) this.#keyOnPick(event);
+  }
+  #showBy(event: KeyboardEvent): void {
+    event.preventDefault();
+    this.#show(true);
+  }
+  // A letter goes on to the search line, which has the focus from here on, or to the entries.
+  #keyOnPick(event: KeyboardEvent): void {
+    const isLetter = event.key.length === 1 && event.key !== ' ';
+    if (isLetter && this.#search !== undefined) this.#show(true);
+    else if (isLetter || event.key === 'Enter' || event.key === ' ') this.#showBy(event);
+    if (isLetter && this.#search === undefined) this.#rows.takeKey(event);
+  }
+  #keyInList(event: KeyboardEvent): void {
     const isPick =
       event.key === 'Enter' ||
-      (!isEditable && event.key === ' ') ||
+      (event.key === ' ' && this.#search === undefined) ||
       (event.altKey && event.key === 'ArrowUp');
     if (isPick) {
       event.preventDefault();
@@ -214,10 +271,14 @@ export class ComboView implements View {
       event.preventDefault();
       event.stopPropagation();
       this.#show(false);
-    } else if (isEditable && !isArrow && !event.key.startsWith('Page')) {
-      if (event.key !== 'Shift') this.#show(false); // the key is for the text
-    } else if (this.#rows.takeKey(event) !== undefined) {
+    } else if (this.#isForList(event.key) && this.#rows.takeKey(event) !== undefined) {
       event.preventDefault();
     }
+  }
+  // In an empty search line there is nowhere to go for the caret.
+  #isForList(key: string): boolean {
+    if (this.#search === undefined) return true;
+    const isEnd = key === 'Home' || key === 'End';
+    return /^(Arrow|Page)(Up|Down)$/.test(key) || (isEnd && this.#search.value === '');
   }
 }

@@ -40,13 +40,7 @@ export interface Exports {
   next_in_tab_order(element: number, from: number, forward: number): number;
   next_option(element: number, option: number, forward: number): number;
   list_key(key: ListKey, current: number, count: number, page: number, isSingle: number): void;
-  type_ahead(
-    element: number,
-    list: number,
-    current: number,
-    letter: number,
-    time: number,
-  ): number;
+  type_ahead(element: number, list: number, current: number, letter: number, time: number): number;
   set_filter(element: number, list: number): void;
   add_name(length: number): void;
   name_rows(element: number, list: number): void;

@@ -473,7 +473,7 @@ export class Face implements TypedInto {
   // A box's own undo comes first, as long as it has anything to take back.
   #takeBack(event: KeyboardEvent, isUndo: boolean): void {
     const target = event.target as HTMLElement;
-    if ([...this.#filters.values()].includes(target as HTMLInputElement)) return;
+    if (target.matches('.filter, .search')) return; // it has its own
     const box = TypedBox.of(target);
     if (box !== undefined && (isUndo ? box.hasOwnUndo : box.hasOwnRedo)) return;
     if (!this.logic.history(this.handle).isOn) return;

@@ -133,6 +133,7 @@ export const enum Ask {
   Frame = 19,
   TakesFocus = 20,
   SmallChange = 21,
+  HasSearch = 22,
 }
 
 /** The same for texts. */
