@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <limits>
 
+#include "faces/qt/entries_view.h"
 #include "faces/qt/qt_text.h"
+#include "faces/shared/layout.h"
 
 namespace zolt20::qt {
 
@@ -19,6 +21,10 @@ ComboWidget::ComboWidget(const ComboBox& combo, QWidget* parent)
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(12);
   setFocusPolicy(Qt::ClickFocus);
+  if (faces::HasSearch(combo.design())) {
+    entries_ = new EntriesView(combo);
+    setView(entries_);
+  }
   if (!combo.IsEditable()) return;
   setCompleter(nullptr);
   // Else a text that is typed like an entry picks it when the focus goes away.
@@ -44,6 +50,7 @@ void ComboWidget::Show() {
 void ComboWidget::showPopup() {
   ForgetEntry();
   QComboBox::showPopup();
+  if (HasSearch() && entries_->isVisible()) entries_->ShowLine(*this);
 }
 
 void ComboWidget::keyPressEvent(QKeyEvent* event) {

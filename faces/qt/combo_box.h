@@ -1,7 +1,8 @@
 // A combo box as people see it.
 //
 // Qt's own takes the text away when no entry is chosen any more, and with it the caret and what
-// could be taken back. Here what is typed stays as it is, and the wheel chooses nothing.
+// could be taken back. Here what is typed stays as it is, and the wheel chooses nothing. A list
+// that is searched opens below its box or above it, and never over it.
 #pragma once
 
 #include <QComboBox>
@@ -9,6 +10,8 @@
 #include "surface/list_box.h"
 
 namespace zolt20::qt {
+
+class EntriesView;
 
 class ComboWidget final : public QComboBox {
   Q_OBJECT
@@ -19,6 +22,8 @@ class ComboWidget final : public QComboBox {
   /// Shows the chosen entry and the text of the control.
   void Show();
   void showPopup() override;
+
+  bool HasSearch() const { return entries_ != nullptr; }
 
  signals:
   /// The person made this of the text.
@@ -32,6 +37,7 @@ class ComboWidget final : public QComboBox {
   void ForgetEntry();
 
   const ComboBox& combo_;
+  EntriesView* entries_ = nullptr;  // where the open list is searched
 };
 
 }  // namespace zolt20::qt

@@ -5,6 +5,8 @@
 #include <QStyleFactory>
 #include <algorithm>
 
+#include "faces/qt/combo_box.h"
+
 namespace zolt20::qt {
 namespace {
 
@@ -72,6 +74,13 @@ void FaceStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     default:
       break;
   }
+}
+
+int FaceStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* more) const {
+  const auto* combo = qobject_cast<const ComboWidget*>(widget);
+  if (hint == SH_ComboBox_Popup && combo != nullptr && combo->HasSearch()) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
 QRect FaceStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,

@@ -16,5 +16,9 @@ inline StringView View(const QString& text) {
 inline String FromQt(const QString& text) {
   return String(View(text));
 }
+/// A text in one letter case.
+inline String Folded(StringView text) {
+  return FromQt(ToQt(text).toCaseFolded());
+}
 
 }  // namespace zolt20::qt

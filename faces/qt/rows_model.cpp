@@ -10,7 +10,7 @@ RowsModel::RowsModel(const RowsControl& rows, QObject* parent)
     : QAbstractListModel(parent),
       rows_(rows),
       list_(rows.kind() == Kind::ListBox ? static_cast<const ListBox*>(&rows) : nullptr),
-      drawn_(rows, [](StringView text) { return FromQt(ToQt(text).toCaseFolded()); }),
+      drawn_(rows, &Folded),
       count_(rows.ListCount()) {}
 
 int RowsModel::rowCount(const QModelIndex& parent) const {
