@@ -171,7 +171,7 @@ class Visitor extends Person {
     return this.page.locator('#statement').textContent();
   }
   status() {
-    return this.page.getByRole('status').textContent();
+    return this.page.locator('#status[role=status]').textContent();
   }
   /** @type {(table: number) => Promise<void>} */
   async addSelect(table) {
