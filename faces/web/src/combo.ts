@@ -74,6 +74,10 @@ export class ComboView implements View {
     });
 
     this.#colour = new BackColour(logic, this.node);
+    this.#listen();
+  }
+
+  #listen(): void {
     // A press leaves the focus where it is, but for one that begins in the search line.
     const presser = this.#opener ?? this.focus;
     this.#popup.addEventListener('mousedown', (event) => {

@@ -1,6 +1,7 @@
 // <zolt20-map-control>: the control as an element of a page.
 import {type Dump, dumpOf} from './dump';
-import {Face, type FaceOwner, errorOf} from './face';
+import {errorOf} from './errors';
+import {Face, type FaceOwner} from './face';
 import type {Listener, Logic, MadeGesture} from './logic';
 import {type Status, ValueType} from './numbers';
 import {styleSheets} from './style';

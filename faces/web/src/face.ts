@@ -6,7 +6,8 @@ import {placeInCaseRows, placeOfRow, sizeCaseRows} from './case_rows';
 import {ComboView} from './combo';
 import {make, showText} from './dom';
 import {layOut} from './layout';
-import {type Address, type Logic, ZOLT20Error} from './logic';
+import {errorOf} from './errors';
+import type {Address, Logic} from './logic';
 import {Ask, AskText, Gesture, Kind, Status, What} from './numbers';
 import {MessageBox} from './message_box';
 import {TypedBox, type TypedInto, spokenName} from './text_boxes';
@@ -493,11 +494,4 @@ export class Face implements TypedInto {
       if (view instanceof ComboView) view.close();
     }
   }
-}
-
-/** What a call that ended so is to be told as, if anything. */
-export function errorOf(logic: Logic, handle: number, status: Status): Error | undefined {
-  if (status === Status.RuntimeError) return logic.error(handle);
-  if (status === Status.Failed) return new ZOLT20Error('memory', 0, 'out of memory');
-  return undefined;
 }

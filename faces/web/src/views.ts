@@ -2,11 +2,12 @@
 // What a person does comes out as gestures of the face; no view keeps what the control has.
 import {BackColour} from './back_colours';
 import {ComboView} from './combo';
-import {icon, make, setAttributes, showText} from './dom';
+import {make, setAttributes, showText} from './dom';
 import type {Face} from './face';
 import type {Address} from './logic';
 import {Ask, AskText, Gesture, Kind, Style, What} from './numbers';
 import {Rows} from './rows';
+import {ScrollBarView} from './scroll_bar';
 import {LinesBox, hasSeveralLines, lineBox} from './text_boxes';
 
 export interface View {
@@ -45,7 +46,7 @@ export function viewOf(face: Face, control: Address): View {
     case Kind.Rectangle:
       return plain(make('div', {class: 'shape', part: 'group', role: 'group'}));
     case Kind.ScrollBar:
-      return scrollBar(face, control);
+      return new ScrollBarView(face, control);
   }
 }
 
@@ -265,97 +266,6 @@ class ListView implements View {
   restorePlace(): void {
     this.rows.restorePlace();
   }
-}
-
-function scrollBar(face: Face, control: Address): View {
-  const {logic} = face;
-  const thumb = make('span', {class: 'thumb'});
-  const track = make('span', {class: 'track'}, thumb);
-  const node = make(
-    'div',
-    {
-      role: 'scrollbar',
-      class: 'scroll',
-      part: 'scrollbar',
-      tabindex: 0,
-      'aria-orientation': 'vertical',
-      'aria-controls': 'fracase',
-      'aria-valuemin': 0,
-    },
-    make('span', {class: 'arrow', 'data-step': -1}, icon('M4 10l4-4 4 4')),
-    track,
-    make('span', {class: 'arrow', 'data-step': 1}, icon('M4 6l4 4 4-4')),
-  );
-  const value = () => logic.number(control, Ask.Value);
-  const most = () => logic.number(control, Ask.Max);
-  const goTo = (wanted: number) => {
-    const to = Math.max(0, Math.min(wanted, most()));
-    if (to !== value()) face.gesture(Gesture.Scroll, control, to);
-  };
-  const showThumb = (at: number) => {
-    const rows = most() + 1;
-    thumb.style.height = `${100 / rows}%`;
-    thumb.style.top = `${(100 * at) / rows}%`;
-  };
-  const step = logic.number(control, Ask.SmallChange);
-
-  node.addEventListener('click', (event) => {
-    const target = event.target as Element;
-    const arrow = target.closest<HTMLElement>('[data-step]');
-    if (arrow !== null) goTo(value() + step * Number(arrow.dataset['step']));
-    else if (target === track)
-      goTo(value() + (event.clientY < thumb.getBoundingClientRect().top ? -step : step));
-  });
-  // A drag is one gesture, when the thumb is let go.
-  thumb.addEventListener('pointerdown', (down) => {
-    if (down.button !== 0) return;
-    const height = track.getBoundingClientRect().height;
-    const from = value();
-    let at = from;
-    thumb.setPointerCapture(down.pointerId);
-    const move = (event: PointerEvent) => {
-      const by = ((event.clientY - down.clientY) / height) * (most() + 1);
-      at = Math.round(Math.max(0, Math.min(from + by, most())));
-      showThumb(at);
-    };
-    const end = (event: PointerEvent) => {
-      thumb.removeEventListener('pointermove', move);
-      thumb.removeEventListener('pointerup', end);
-      thumb.removeEventListener('pointercancel', end);
-      showThumb(value());
-      if (event.type === 'pointerup') goTo(at);
-    };
-    thumb.addEventListener('pointermove', move);
-    thumb.addEventListener('pointerup', end);
-    thumb.addEventListener('pointercancel', end);
-  });
-  node.addEventListener('keydown', (event) => {
-    const places: Record<string, () => number> = {
-      ArrowUp: () => value() - step,
-      ArrowDown: () => value() + step,
-      PageUp: () => value() - step,
-      PageDown: () => value() + step,
-      Home: () => 0,
-      End: () => most(),
-    };
-    const place = places[event.key];
-    if (place === undefined || event.ctrlKey || event.altKey || event.metaKey) return;
-    event.preventDefault();
-    goTo(place());
-  });
-  return {
-    node,
-    focus: node,
-    show: () => {
-      setAttributes(node, {'aria-valuenow': value(), 'aria-valuemax': most()});
-      showThumb(value());
-    },
-    enable: (enabled) =>
-      setAttributes(node, {
-        'aria-disabled': enabled ? false : 'true',
-        tabindex: enabled ? 0 : false,
-      }),
-  };
 }
 
 export {ListView};
