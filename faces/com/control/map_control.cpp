@@ -3,6 +3,7 @@
 #include <olectl.h>
 
 #include "faces/com/com_text.h"
+#include "faces/com/com_value.h"
 #include "faces/com/control/com_call.h"
 #include "faces/com/control/enumeration.h"
 #include "faces/com/control/outside_call.h"
@@ -16,20 +17,6 @@ SIZEL DesignExtent() {
   return {MulDiv(faces::FormPlaces::kWidth, kPerInch, kTwipsPerInch),
           MulDiv(faces::FormPlaces::kHeight, kPerInch, kTwipsPerInch)};
 }
-
-// A VARIANT that is cleared by itself.
-class Value {
- public:
-  Value() { VariantInit(&value_); }
-  ~Value() { VariantClear(&value_); }
-  Value(const Value&) = delete;
-  Value& operator=(const Value&) = delete;
-  VARIANT* operator&() { return &value_; }
-  VARIANT* operator->() { return &value_; }
-
- private:
-  VARIANT value_;
-};
 
 struct PointTraits {
   static void Keep(IConnectionPoint* point) { point->AddRef(); }
