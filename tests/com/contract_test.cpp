@@ -98,19 +98,21 @@ TEST_F(TypeLibraryTest, TheOutgoingInterfaceHasTheEventsInTheirOrder) {
   info->ReleaseTypeAttr(attributes);
 }
 
-TEST_F(TypeLibraryTest, TheClassHasBothInterfacesAsItsDefaults) {
+TEST_F(TypeLibraryTest, TheClassHasTheInterfacesOfTheContractAsItsDefaults) {
   Pointer<ITypeInfo> info;
   ASSERT_EQ(As<IProvideClassInfo>()->GetClassInfo(info.Put()), S_OK);
   TYPEATTR* attributes = nullptr;
   ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
   EXPECT_EQ(attributes->typekind, TKIND_COCLASS);
   EXPECT_TRUE(IsEqualGUID(attributes->guid, CLSID_ZOLT20MapControl));
-  EXPECT_EQ(attributes->cImplTypes, 2);
+  EXPECT_EQ(attributes->cImplTypes, 3);
   INT flags = 0;
   EXPECT_EQ(info->GetImplTypeFlags(0, &flags), S_OK);
   EXPECT_EQ(flags, IMPLTYPEFLAG_FDEFAULT);
   EXPECT_EQ(info->GetImplTypeFlags(1, &flags), S_OK);
   EXPECT_EQ(flags, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE);
+  EXPECT_EQ(info->GetImplTypeFlags(2, &flags), S_OK);
+  EXPECT_EQ(flags, 0);
   info->ReleaseTypeAttr(attributes);
   GUID source{};
   EXPECT_EQ(As<IProvideClassInfo2>()->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &source), S_OK);

@@ -126,6 +126,26 @@ class PicturesTest : public testing::Test {
   Named named() const { return {*byName_.Get()}; }
   void Page(int page) { named().Put(L"prpTab", Number(page)); }
 
+  void NameTables(const std::vector<std::wstring>& codes, const std::vector<std::wstring>& names) {
+    const auto arrayOf = [](const std::vector<std::wstring>& texts) {
+      VARIANT value;
+      V_VT(&value) = VT_ARRAY | VT_BSTR;
+      V_ARRAY(&value) = SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts.size()));
+      LONG place = 0;
+      for (const std::wstring& text : texts) {
+        SafeArrayPutElement(V_ARRAY(&value), &place, Bstr(text).Get());
+        ++place;
+      }
+      return value;
+    };
+    VARIANT codeArray = arrayOf(codes);
+    VARIANT nameArray = arrayOf(names);
+    const auto view = com::Query<IZOLT20MapControlView>(container_.Control());
+    EXPECT_EQ(view->SetTableNames(codeArray, nameArray), S_OK);
+    VariantClear(&codeArray);
+    VariantClear(&nameArray);
+  }
+
   void Press(const wchar_t* button) { ClickOn(container_.Window(), button); }
 
   std::vector<HWND> InSight() const {
@@ -248,6 +268,15 @@ TEST_F(PicturesTest, TheSelectListPageIsFilled) {
   Play(L"where-report", 12);
   Page(0);
   Picture(L"windows-page0");
+}
+
+TEST_F(PicturesTest, TablesHaveNamesBesideTheirCodes) {
+  Play(L"where-report", 12);
+  Page(0);
+  NameTables({L"CUSTOMER", L"ORDERS__", L"DISTRICT"},
+             {L"Customers", L"Orders, with a name that is much too long for the list of tables",
+              L"Districts"});
+  Picture(L"windows-names");
 }
 
 TEST_F(PicturesTest, TheWherePageIsFilled) {

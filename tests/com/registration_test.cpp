@@ -225,6 +225,21 @@ TEST_F(RegistrationTest, TheRegistryNamesWhatContainersLookFor) {
   }
 }
 
+TEST_F(RegistrationTest, EachInterfaceNamesTheLibraryThatDescribesIt) {
+  EXPECT_EQ(Regsvr32(L""), 0U);
+  const std::set<std::wstring> registered = ClassesOf(HKEY_LOCAL_MACHINE);
+  for (const GUID& id :
+       {IID__ZOLT20MapControl, IID_IZOLT20MapControlView, DIID___ZOLT20MapControl}) {
+    wchar_t text[40] = L"";
+    wchar_t library[40] = L"";
+    StringFromGUID2(id, text, 40);
+    StringFromGUID2(LIBID_ZOLT20MappingCtrl, library, 40);
+    const std::wstring line =
+        std::wstring(kClasses) + L"\\Interface\\" + text + L"\\TypeLib [] = " + library;
+    EXPECT_EQ(registered.count(Small(line)), 1U) << std::string(text, text + wcslen(text));
+  }
+}
+
 TEST_F(RegistrationTest, FileAndTypeLibraryHaveTheVersionOfTheProject) {
   const Version version;
   const std::wstring server = Server();

@@ -199,6 +199,7 @@ HRESULT MapControl::MakeWindow() {
     result = Guarded([&] {
       window_ = FormWindow::Make(parent, position, control_, person_,
                                  static_cast<FormWindow::Owner&>(*this));
+      window_->NameTables(tableNames_);
       return S_OK;
     });
   }

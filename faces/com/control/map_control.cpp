@@ -80,6 +80,7 @@ HRESULT MapControl::FindInterface(REFIID id, void** object) {
     if (id == IID_IUnknown) return static_cast<IUnknown*>(&own_);
     if (id == IID_IDispatch || id == IID__ZOLT20MapControl)
       return static_cast<_ZOLT20MapControl*>(this);
+    if (id == IID_IZOLT20MapControlView) return static_cast<IZOLT20MapControlView*>(&view_);
     if (id == IID_IOleObject) return static_cast<IOleObject*>(this);
     if (id == IID_IOleControl) return static_cast<IOleControl*>(this);
     if (id == IID_IOleInPlaceObject || id == IID_IOleWindow)

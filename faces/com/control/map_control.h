@@ -13,6 +13,7 @@
 #include <oleidl.h>
 
 #include <atomic>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -189,6 +190,40 @@ class MapControl final : public _ZOLT20MapControl,
     std::atomic<long> references_ = 1;
   };
 
+  // The interface beside the contract: by a table of its own, with the identity of the control.
+  class ViewInterface final : public IZOLT20MapControlView {
+   public:
+    explicit ViewInterface(MapControl& control) : control_(control) {}
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+      return control_.QueryInterface(id, object);
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return control_.AddRef(); }
+    STDMETHODIMP_(ULONG) Release() override { return control_.Release(); }
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** description) override;
+    STDMETHODIMP GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale,
+                               DISPID* numbers) override;
+    STDMETHODIMP Invoke(DISPID number, REFIID id, LCID locale, WORD flags, DISPPARAMS* arguments,
+                        VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) override;
+
+    STDMETHODIMP SetTableNames(VARIANT codes, VARIANT names) override;
+    STDMETHODIMP get_UndoEnabled(VARIANT_BOOL* value) override;
+    STDMETHODIMP put_UndoEnabled(VARIANT_BOOL value) override;
+    STDMETHODIMP get_CanUndo(VARIANT_BOOL* value) override;
+    STDMETHODIMP get_CanRedo(VARIANT_BOOL* value) override;
+    STDMETHODIMP Undo() override;
+    STDMETHODIMP Redo() override;
+
+   private:
+    HRESULT LoadOwnDescription();
+    HRESULT Tell(VARIANT_BOOL* value, bool (faces::Person::*asked)() const);
+    HRESULT TakeBack(faces::End (faces::Person::*step)());
+
+    MapControl& control_;
+    Pointer<ITypeInfo> description_;
+  };
+
   /// The object stays, and the one that it is a part of.
   class Keep {
    public:
@@ -346,11 +381,13 @@ class MapControl final : public _ZOLT20MapControl,
   const DWORD thread_ = GetCurrentThreadId();
   ServerLock lock_;
   Own own_{*this};
+  ViewInterface view_{*this};
   IUnknown* outer_;  // the object that this is a part of, which has the references, or own_
 
   ZOLT20MapControl control_;
   faces::Person person_{control_};
-  FormWindow::Handle window_;  // while active in place
+  std::map<String, String> tableNames_;  // by code
+  FormWindow::Handle window_;            // while active in place
   Pointer<ITypeInfo> description_;
 
   Pointer<IOleClientSite> site_;

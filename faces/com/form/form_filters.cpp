@@ -3,6 +3,8 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 namespace zolt20::com {
 
 const Control* FormWindow::ListOf(HWND line) const {
@@ -18,6 +20,17 @@ void FormWindow::Filter(const Control& list) {
   ControlView& view = *views_.at(&list);
   view.Filter(filter.Text());
   filter.ShowMarks(view.HiddenMarks());
+}
+
+// The filter finds them too.
+void FormWindow::NameTables(std::map<String, String> names) {
+  if (root_ == nullptr) return;
+  const Busy busy(*this);
+  const Showing showing(*this);
+  const Control& tables = Form().lsttables;
+  ControlView& view = *views_.at(&tables);
+  view.NameRows(std::move(names));
+  filters_.at(&tables).ShowMarks(view.HiddenMarks());
 }
 
 // That of the list with the focus, or else the first that can be seen.

@@ -11,6 +11,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -73,6 +74,9 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   /// Shows all that changed. The host is about to hear of something, or its call is over. What the
   /// platform has no room for is shown the next time.
   void ShowChanges() noexcept;
+
+  /// What tables are called beside their codes, by code.
+  void NameTables(std::map<String, String> names);
 
   /// Whether a key was the form's: Tab moves the focus along the tab order of the surface.
   bool TranslateKey(const MSG& message);

@@ -25,6 +25,10 @@ String InLowerCase(StringView text) {
   return lower;
 }
 
+// The columns: the rows, and behind them their names where they have any.
+constexpr int kTexts = 0;
+constexpr int kNames = 1;
+
 class ListWindow final : public ViewOf<ListBox> {
  public:
   ListWindow(ViewOwner& owner, const ListBox& list);
@@ -36,14 +40,18 @@ class ListWindow final : public ViewOf<ListBox> {
   bool OnKey(WPARAM key) override;
   bool OnCharacter(wchar_t character) override;
   void Filter(StringView text) override;
+  void NameRows(std::map<String, String> names) override;
   String HiddenMarks() const override { return drawn_.HiddenMarks(); }
 
  private:
   void ShowRows();
+  void FitColumns();
+  int WidthOfTexts() const;
   void ShowMarks();
   void SetState(int row, UINT state, UINT mask);
   void GiveRow(LVITEMW& item) const;
-  LRESULT DrawMark(NMLVCUSTOMDRAW& draw);
+  LRESULT DrawRow(NMLVCUSTOMDRAW& draw);
+  void GiveColours(NMLVCUSTOMDRAW& draw, bool isName) const;
   void TakeMark(const NMLISTVIEW& change);
   void Press(POINT point, Gesture gesture);
   int Current() const {
@@ -51,7 +59,8 @@ class ListWindow final : public ViewOf<ListBox> {
   }
   void Take(const faces::ListStep& step);
 
-  String ShownText(int row) const;
+  String ShownText(int row, int column) const;
+  int RoomAround() const;
 
   // Rows of the window are those that are drawn.
   faces::DrawnRows drawn_;
@@ -68,7 +77,7 @@ ListWindow::ListWindow(ViewOwner& owner, const ListBox& list)
       drawn_(list, &InLowerCase) {
   LVCOLUMNW column{};
   column.mask = LVCF_WIDTH;
-  Send(LVM_INSERTCOLUMNW, 0, &column);
+  Send(LVM_INSERTCOLUMNW, kTexts, &column);
   DWORD wanted = LVS_EX_DOUBLEBUFFER | LVS_EX_FULLROWSELECT;
   if (list.HasCheckBoxes()) {
     wanted |= LVS_EX_CHECKBOXES;
@@ -90,7 +99,53 @@ void ListWindow::Show(const faces::Change& change) {
 
 void ListWindow::ShowRows() {
   Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(drawn_.Count()), LVSICF_NOSCROLL);
+  FitColumns();
   InvalidateRect(window(), nullptr, FALSE);
+}
+
+void ListWindow::NameRows(std::map<String, String> names) {
+  const bool hadNames = drawn_.HasNames();
+  drawn_.NameRows(std::move(names));
+  if (drawn_.HasNames() && !hadNames) {
+    LVCOLUMNW column{};
+    column.mask = LVCF_WIDTH | LVCF_TEXT;
+    column.pszText = const_cast<wchar_t*>(L"Name");  // for aids for reading the screen
+    Send(LVM_INSERTCOLUMNW, kNames, &column);
+  } else if (!drawn_.HasNames() && hadNames) {
+    Send(LVM_DELETECOLUMN, kNames);
+  }
+  ShowRows();
+  ShowMarks();
+}
+
+// Names have what the rows leave, and at least half.
+void ListWindow::FitColumns() {
+  RECT inside{};
+  GetClientRect(window(), &inside);
+  const auto fit = [this](int column, LONG width) {
+    if (Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)) != width)
+      Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), width);
+  };
+  const LONG texts =
+      drawn_.HasNames() ? std::min<LONG>(WidthOfTexts(), inside.right / 2) : inside.right;
+  fit(kTexts, texts);
+  if (drawn_.HasNames()) fit(kNames, inside.right - texts);
+}
+
+// By some of the longest, with the room around: there may be very many.
+int ListWindow::WidthOfTexts() const {
+  constexpr int kMeasured = 50;
+  const ListBox& list = control();
+  std::size_t longest = 0;
+  for (int row = 0; row < list.ListCount(); ++row)
+    longest = std::max(longest, list.List(row).size());
+  int width = 0;
+  for (int row = 0, measured = 0; row < list.ListCount() && measured < kMeasured; ++row) {
+    if (list.List(row).size() != longest) continue;
+    width = std::max(width, TextWidthOf(owner_.FontOf(list), list.List(row)));
+    ++measured;
+  }
+  return width + RoomAround();
 }
 
 void ListWindow::Filter(StringView text) {
@@ -124,9 +179,7 @@ void ListWindow::SetState(int row, UINT state, UINT mask) {
 
 void ListWindow::Place(const RECT& place) {
   PutAt(place, nullptr);
-  RECT inside{};
-  GetClientRect(window(), &inside);
-  if (Send(LVM_GETCOLUMNWIDTH) != inside.right) Send(LVM_SETCOLUMNWIDTH, 0, inside.right);
+  FitColumns();
 }
 
 // What the platform asks and tells.
@@ -137,7 +190,7 @@ LRESULT ListWindow::OnNotify(NMHDR& notice) {
       GiveRow(reinterpret_cast<NMLVDISPINFOW&>(notice).item);
       return 0;
     case static_cast<UINT>(NM_CUSTOMDRAW):
-      return DrawMark(reinterpret_cast<NMLVCUSTOMDRAW&>(notice));
+      return DrawRow(reinterpret_cast<NMLVCUSTOMDRAW&>(notice));
     case static_cast<UINT>(LVN_ITEMCHANGED):
       TakeMark(reinterpret_cast<const NMLISTVIEW&>(notice));
       return 0;
@@ -151,7 +204,7 @@ void ListWindow::GiveRow(LVITEMW& item) const {
   const int row = drawn_.ControlRow(item.iItem);
   if (row < 0) return;
   if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
-    const String text = ShownText(row);
+    const String text = ShownText(row, item.iSubItem);
     const std::size_t count = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
     std::copy_n(text.begin(), count, item.pszText);
     item.pszText[count] = L'\0';
@@ -164,32 +217,44 @@ void ListWindow::GiveRow(LVITEMW& item) const {
 
 // Names are told apart by their ends, so what is too long is cut in the middle, where it is drawn.
 // Whoever asks for a row otherwise, such as an aid for reading the screen, has it whole.
-String ListWindow::ShownText(int row) const {
-  String text = WithoutNuls(control().List(row));
+String ListWindow::ShownText(int row, int column) const {
+  String text = WithoutNuls(column == kNames ? drawn_.NameOf(row) : control().List(row));
   if (!isDrawing_) return text;
-  constexpr int kAround = 12;
-  constexpr int kCheckBox = 18;
-  const int around =
-      MulDiv(kAround + (control().HasCheckBoxes() ? kCheckBox : 0), owner_.Dpi(), 96);
-  const auto room = static_cast<int>(Send(LVM_GETCOLUMNWIDTH)) - around;
+  const auto width = static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
   const HFONT font = owner_.FontOf(control());
-  return faces::CutInTheMiddle(text, room,
+  return faces::CutInTheMiddle(text, width - RoomAround(),
                                [font](StringView part) { return TextWidthOf(font, part); });
 }
 
-// A mark looks the same whether the list has the focus or not: it is what the form is about.
-LRESULT ListWindow::DrawMark(NMLVCUSTOMDRAW& draw) {
-  const ListBox& list = control();
+int ListWindow::RoomAround() const {
+  constexpr int kAround = 12;
+  constexpr int kCheckBox = 18;
+  return MulDiv(kAround + (control().HasCheckBoxes() ? kCheckBox : 0), owner_.Dpi(), 96);
+}
+
+LRESULT ListWindow::DrawRow(NMLVCUSTOMDRAW& draw) {
+  constexpr DWORD kColumn = CDDS_ITEMPREPAINT | CDDS_SUBITEM;
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
-  isDrawing_ = draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT;
+  const bool isColumn = draw.nmcd.dwDrawStage == kColumn;
+  isDrawing_ = isColumn || draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT;
   if (!isDrawing_) return CDRF_DODEFAULT;
+  GiveColours(draw, isColumn && draw.iSubItem == kNames);
+  if (isColumn) return CDRF_DODEFAULT;
+  return CDRF_NOTIFYPOSTPAINT | (drawn_.HasNames() ? CDRF_NOTIFYSUBITEMDRAW : 0);
+}
+
+// A mark looks the same whether the list has the focus or not: it is what the form is about. A name
+// is quieter than the row that it belongs to.
+void ListWindow::GiveColours(NMLVCUSTOMDRAW& draw, bool isName) const {
+  const ListBox& list = control();
   const int row = drawn_.ControlRow(static_cast<int>(draw.nmcd.dwItemSpec));
   if (row >= 0 && !list.HasCheckBoxes() && list.Selected(row) && list.Enabled()) {
     draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
     draw.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
     draw.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
+  } else if (drawn_.HasNames()) {
+    draw.clrText = GetSysColor(isName ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT);
   }
-  return CDRF_NOTIFYPOSTPAINT;
 }
 
 // A mark that came by another way than the mouse and the keys, such as from an aid for reading the

@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+#include <map>
 #include <memory>
 #include <utility>
 
@@ -96,6 +97,8 @@ class ControlView {
 
   /// Of a list: only rows that hold the text are drawn from now on.
   virtual void Filter(StringView /*text*/) {}
+  /// Of a list: what rows are called beside their texts, by text.
+  virtual void NameRows(std::map<String, String> /*names*/) {}
   /// Of a list: what is to be told of marks that its filter hides.
   virtual String HiddenMarks() const { return {}; }
 

@@ -68,8 +68,9 @@ void WriteTypeLibrary(Writer& writer, const std::wstring& path) {
   writer.Write(key + L"\\0\\win64", path);
   writer.Write(key + L"\\FLAGS", L"0");
   writer.Write(key + L"\\HELPDIR", path.substr(0, path.find_last_of(L"\\/")));
-  WriteInterface(writer, IID__ZOLT20MapControl, L"_ZOLT20MapControl",
-                 L"{00020424-0000-0000-C000-000000000046}");  // by the table
+  constexpr const wchar_t* kByTable = L"{00020424-0000-0000-C000-000000000046}";
+  WriteInterface(writer, IID__ZOLT20MapControl, L"_ZOLT20MapControl", kByTable);
+  WriteInterface(writer, IID_IZOLT20MapControlView, L"IZOLT20MapControlView", kByTable);
   WriteInterface(writer, DIID___ZOLT20MapControl, L"__ZOLT20MapControl",
                  L"{00020420-0000-0000-C000-000000000046}");  // by name
 }
@@ -128,6 +129,7 @@ HRESULT UnregisterUnder(HKEY root) {
   RemoveTree(root, kCurrentVersion, result);
   RemoveTree(root, L"TypeLib\\" + Text(LIBID_ZOLT20MappingCtrl), result);
   RemoveTree(root, L"Interface\\" + Text(IID__ZOLT20MapControl), result);
+  RemoveTree(root, L"Interface\\" + Text(IID_IZOLT20MapControlView), result);
   RemoveTree(root, L"Interface\\" + Text(DIID___ZOLT20MapControl), result);
   for (const wchar_t* shared : {L"CLSID", L"TypeLib", L"Interface"})
     RemoveWhenEmpty(root, shared);
