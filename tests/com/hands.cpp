@@ -247,6 +247,13 @@ void WindowHands::Pick(const std::string& combo, int row) {
   GetComboBoxInfo(window, &info);
   PressAt(window, {(info.rcButton.left + info.rcButton.right) / 2,
                    (info.rcButton.top + info.rcButton.bottom) / 2});
+  if (const HWND entries = On(combo + ".entries"); entries != nullptr) {
+    EXPECT_TRUE(IsWindowVisible(entries)) << combo << " shows no list";
+    const RECT place = PlaceOfRow(entries, row);
+    PressAt(entries, {place.left + kInText, (place.top + place.bottom) / 2});
+    EXPECT_FALSE(IsWindowVisible(entries)) << combo << " keeps its list open";
+    return;
+  }
   EXPECT_NE(SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0), 0) << combo << " shows no list";
   const auto shown = static_cast<WPARAM>(row);
   SendMessageW(info.hwndList, LB_SETTOPINDEX, shown, 0);

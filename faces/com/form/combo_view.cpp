@@ -1,8 +1,10 @@
 #include "faces/com/form/views.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include "faces/com/com_text.h"
+#include "faces/com/form/drop_down.h"
 #include "faces/com/form/form_fonts.h"
 #include "faces/com/form/plain_boxes.h"
 
@@ -15,7 +17,8 @@ class ComboWindow final : public ViewOf<ComboBox> {
       : ViewOf(owner, combo,
                {WC_COMBOBOXW,
                 WS_VSCROLL | CBS_HASSTRINGS | CBS_AUTOHSCROLL |
-                    (combo.IsEditable() ? DWORD{CBS_DROPDOWN} : DWORD{CBS_DROPDOWNLIST})}) {
+                    (combo.IsEditable() ? DWORD{CBS_DROPDOWN} : DWORD{CBS_DROPDOWNLIST})}),
+        dropDown_(owner, combo, [this](int row) { Make(Gesture::kPick, row); }) {
     Send(CB_LIMITTEXT);
     COMBOBOXINFO info{};
     info.cbSize = sizeof info;
@@ -28,20 +31,13 @@ class ComboWindow final : public ViewOf<ComboBox> {
   void Place(const RECT& place) override {
     constexpr int kHeightTwips = 4'000;
     const int height = MulDiv(kHeightTwips, owner_.Dpi(), kTwipsPerInch);
+    dropDown_.Close();
     PutAt({place.left, place.top, place.right, place.top + height}, nullptr);
   }
   HBRUSH Brush(HDC canvas) override { return BoxBrush(canvas, control()); }
 
   void OnCommand(int code) override;
-  bool OnMessage(UINT message, WPARAM /*wide*/, LPARAM /*longer*/) override {
-    if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_MOUSEWHEEL)
-      wasPicked_ = false;
-    // It scrolls a list that is open. Nothing is chosen by it.
-    if (message == WM_MOUSEWHEEL) return Send(CB_GETDROPPEDSTATE) == 0;
-    if (message != WM_PASTE || edit_ == nullptr) return false;
-    PasteText(edit_);
-    return true;
-  }
+  bool OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
   bool OnKey(WPARAM key) override;
   bool HasOwn(bool undo) const override {
     return undo && edit_ != nullptr && SendMessageW(edit_, EM_CANUNDO, 0, 0) != 0;
@@ -51,10 +47,13 @@ class ComboWindow final : public ViewOf<ComboBox> {
   void ShowRows();
   void PickEntry();
   void ForgetEntry();
+  bool Opens(UINT message, WPARAM wide, LPARAM longer) const;
+  void OpenToSearch();
 
   HWND edit_ = nullptr;     // the line within an editable one
   bool isPicking_ = false;  // the list was open, and an entry was chosen
   bool wasPicked_ = false;  // what the last key or press chose is done
+  DropDown dropDown_;
 };
 
 void ComboWindow::Show(const faces::Change& change) {
@@ -71,6 +70,57 @@ void ComboWindow::Show(const faces::Change& change) {
     shown_ = std::move(shown);
   }
   InvalidateRect(window(), nullptr, FALSE);
+  if (!combo.Enabled() || !combo.Shown()) dropDown_.Close();
+  dropDown_.RowsChanged();
+}
+
+bool ComboWindow::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+  if (Opens(message, wide, longer)) {
+    OpenToSearch();
+    return true;
+  }
+  if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_MOUSEWHEEL)
+    wasPicked_ = false;
+  // It scrolls a list that is open. Nothing is chosen by it.
+  if (message == WM_MOUSEWHEEL) return Send(CB_GETDROPPEDSTATE) == 0;
+  if (message != WM_PASTE || edit_ == nullptr) return false;
+  PasteText(edit_);
+  return true;
+}
+
+// Whether a person opens the list with it: of operands, which may be very many. The platform's own
+// list is for operators, and for programs that ask for it.
+bool ComboWindow::Opens(UINT message, WPARAM wide, LPARAM longer) const {
+  if (&control() == &owner_.Form().cboOper || Send(CB_GETDROPPEDSTATE) != 0) return false;
+  switch (message) {
+    case WM_KEYDOWN:
+      return wide == VK_F4;
+    case WM_SYSKEYDOWN:
+      return wide == VK_DOWN || wide == VK_UP;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK: {
+      COMBOBOXINFO info{};
+      info.cbSize = sizeof info;
+      // A place within the line lies before the arrow.
+      return !control().IsEditable() || (GetComboBoxInfo(window(), &info) != FALSE &&
+                                         GET_X_LPARAM(longer) >= info.rcButton.left);
+    }
+    default:
+      return false;
+  }
+}
+
+void ComboWindow::OpenToSearch() {
+  if (dropDown_.IsOpen()) {
+    dropDown_.Close();
+    return;
+  }
+  // With the focus the form may be given up, and this view be gone.
+  const ViewOwner& owner = owner_;
+  const HWND own = window();
+  if (GetFocus() != FocusWindow()) SetFocus(FocusWindow());
+  if (owner.IsGivenUp() || !IsWindow(own) || !control().Enabled() || !control().Shown()) return;
+  dropDown_.Open(own, FocusWindow());
 }
 
 void ComboWindow::ShowRows() {

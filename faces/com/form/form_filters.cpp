@@ -1,9 +1,11 @@
-// The filters above the lists: no controls of the form, which have the focus for themselves.
+// What is no control of the form and has the focus for itself: the filters above the lists.
 #include "faces/com/form/form_window.h"
 
 #include <commctrl.h>
 
 #include <utility>
+
+#include "faces/com/form/common_controls.h"
 
 namespace zolt20::com {
 
@@ -20,6 +22,16 @@ void FormWindow::Filter(const Control& list) {
   ControlView& view = *views_.at(&list);
   view.Filter(filter.Text());
   filter.ShowMarks(view.HiddenMarks());
+}
+
+void FormWindow::GiveNames(HWND window, const std::string& name, const String& spoken) {
+  GiveName(window, name);
+  spoken_.Give(window, spoken);
+}
+
+void FormWindow::TakeNames(HWND window) {
+  ForgetName(window);
+  spoken_.Take(window);
 }
 
 // The filter finds them too.

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "faces/com/form/drop_down.h"
 #include "faces/shared/form_words.h"
 #include "faces/shared/neighbours.h"
 
@@ -104,6 +105,7 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
       DrawPanel(window);
       return 0;
     case WM_LBUTTONDOWN:
+      if (DropDown::IsPart(GetFocus())) ShowFocus();
       TakeFocus();
       return 0;
     case WM_SETFOCUS:
@@ -251,6 +253,11 @@ void FormWindow::OnFocus(HWND window, bool came, HWND other) {
     Make({Gesture::kFocus, &view->control()});
 }
 
+void FormWindow::FocusWent(HWND window, HWND other) {
+  const Busy busy(*this);
+  OnFocus(window, false, other);
+}
+
 bool FormWindow::OnView(ControlView& view, UINT message, WPARAM wide, LPARAM longer) {
   if (view.OnMessage(message, wide, longer)) return true;
   switch (message) {
@@ -325,7 +332,10 @@ bool FormWindow::TranslateKey(const MSG& message) {
     return MoveFocus(GetKeyState(VK_SHIFT) >= 0);
   }
   // Some containers take for themselves what a control leaves to them.
-  if (IsEditingKey(message) && IsChild(root_, message.hwnd)) {
+  const bool isOurs =
+      IsEditingKey(message) || (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE &&
+                                DropDown::IsPart(message.hwnd));
+  if (isOurs && IsChild(root_, message.hwnd)) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
     return true;

@@ -145,9 +145,8 @@ void FormWindow::CreateView(const Control& control) {
 void FormWindow::CreateFilter(const Control& list) {
   const FilterLine& filter = filters_.emplace(&list, FilterLine(ParentOf(list))).first->second;
   const std::string name(list.name());
-  GiveName(filter.Line(), name + ".filter");
+  GiveNames(filter.Line(), name + ".filter", u"Filter " + faces::AccessibleName(list));
   GiveName(filter.Marks(), name + ".marks");
-  spoken_.Give(filter.Line(), u"Filter " + faces::AccessibleName(list));
   filter.SetFont(fonts_.Usual());
   SetWindowSubclass(filter.Line(), &FilterMessage, kSubclass, reinterpret_cast<DWORD_PTR>(this));
 }
@@ -169,14 +168,12 @@ void FormWindow::TakeLeave() {
   for (const auto& [window, view] : viewOfWindow_)
     RemoveWindowSubclass(window, &ViewMessage, kSubclass);
   for (const auto& [control, view] : views_) {
-    ForgetName(view->window());
-    spoken_.Take(view->window());
+    TakeNames(view->window());
   }
   for (const auto& [list, filter] : filters_) {
     RemoveWindowSubclass(filter.Line(), &FilterMessage, kSubclass);
-    ForgetName(filter.Line());
+    TakeNames(filter.Line());
     ForgetName(filter.Marks());
-    spoken_.Take(filter.Line());
   }
 }
 
@@ -204,8 +201,7 @@ void FormWindow::ElementUnloading(const Control& element) noexcept {
   if (GetFocus() == window) SetFocus(root_);
   viewOfWindow_.erase(window);
   RemoveWindowSubclass(window, &ViewMessage, kSubclass);
-  ForgetName(window);
-  spoken_.Take(window);
+  TakeNames(window);
   views_.erase(found);
   DestroyWindow(window);
 }

@@ -119,6 +119,10 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   int Dpi() const override { return fonts_.Dpi(); }
   bool IsGivenUp() const override { return isRetired_; }
   HFONT FontOf(const Control& control) const override { return fonts_.Of(control); }
+  HWND Root() const override { return root_; }
+  void GiveNames(HWND window, const std::string& name, const String& spoken) override;
+  void TakeNames(HWND window) override;
+  void FocusWent(HWND window, HWND other) override;
   void Make(UserGesture gesture) noexcept override;
   void Key(const TextBox& box, char16_t code, TextMark mark) noexcept override;
 

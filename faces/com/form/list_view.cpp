@@ -19,15 +19,22 @@
 namespace zolt20::com {
 namespace {
 
-String InLowerCase(StringView text) {
-  String lower(text);
-  CharLowerBuffW(reinterpret_cast<wchar_t*>(lower.data()), static_cast<DWORD>(lower.size()));
-  return lower;
-}
-
 // The columns: the rows, and behind them their names where they have any.
 constexpr int kTexts = 0;
 constexpr int kNames = 1;
+
+// A part of the way from the letters to what is behind them; colours of what is disabled may be too
+// pale to read.
+COLORREF QuietColour() {
+  const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+  const COLORREF behind = GetSysColor(COLOR_WINDOW);
+  const auto mixed = [](int of, int with) {
+    constexpr int kPercent = 70;
+    return MulDiv(of, kPercent, 100) + MulDiv(with, 100 - kPercent, 100);
+  };
+  return RGB(mixed(GetRValue(text), GetRValue(behind)), mixed(GetGValue(text), GetGValue(behind)),
+             mixed(GetBValue(text), GetBValue(behind)));
+}
 
 class ListWindow final : public ViewOf<ListBox> {
  public:
@@ -253,7 +260,7 @@ void ListWindow::GiveColours(NMLVCUSTOMDRAW& draw, bool isName) const {
     draw.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
     draw.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
   } else if (drawn_.HasNames()) {
-    draw.clrText = GetSysColor(isName ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT);
+    draw.clrText = isName ? QuietColour() : GetSysColor(COLOR_WINDOWTEXT);
   }
 }
 

@@ -38,6 +38,12 @@ String WithoutNuls(StringView text) {
   return shown;
 }
 
+String InLowerCase(StringView text) {
+  String lower(text);
+  CharLowerBuffW(reinterpret_cast<wchar_t*>(lower.data()), static_cast<DWORD>(lower.size()));
+  return lower;
+}
+
 void PasteText(HWND box) {
   if (!OpenClipboard(box)) return;
   String text;

@@ -12,6 +12,9 @@ String WindowText(HWND window);
 /// What the platform's own boxes show of a text: a NUL would end it there.
 String WithoutNuls(StringView text);
 
+/// A text in one letter case, as this platform has it.
+String InLowerCase(StringView text);
+
 /// Takes the whole text of the clipboard, where the platform's box would end with its first line,
 /// and its line ends as CR LF.
 void PasteText(HWND box);

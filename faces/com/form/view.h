@@ -9,6 +9,7 @@
 
 #include <map>
 #include <memory>
+#include <string>
 #include <utility>
 
 #include "faces/shared/person.h"
@@ -30,6 +31,15 @@ class ViewOwner {
   virtual const Surface& Form() const = 0;
   virtual int Dpi() const = 0;
   virtual HFONT FontOf(const Control& control) const = 0;
+
+  /// The window that the whole form lies in.
+  virtual HWND Root() const = 0;
+  /// Gives a window that is no control's its names, for programs and for who is read to, and takes
+  /// them away again.
+  virtual void GiveNames(HWND window, const std::string& name, const String& spoken) = 0;
+  virtual void TakeNames(HWND window) = 0;
+  /// The focus went from such a window to another one, which may be anybody's.
+  virtual void FocusWent(HWND window, HWND other) = 0;
 
   virtual void Make(UserGesture gesture) noexcept = 0;
   virtual void Key(const TextBox& box, char16_t code, TextMark mark) noexcept = 0;
