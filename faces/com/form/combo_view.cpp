@@ -7,6 +7,7 @@
 #include "faces/com/form/drop_down.h"
 #include "faces/com/form/form_fonts.h"
 #include "faces/com/form/plain_boxes.h"
+#include "faces/shared/layout.h"
 
 namespace zolt20::com {
 namespace {
@@ -91,7 +92,7 @@ bool ComboWindow::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
 // Whether a person opens the list with it: of operands, which may be very many. The platform's own
 // list is for operators, and for programs that ask for it.
 bool ComboWindow::Opens(UINT message, WPARAM wide, LPARAM longer) const {
-  if (&control() == &owner_.Form().cboOper || Send(CB_GETDROPPEDSTATE) != 0) return false;
+  if (!faces::HasSearch(control().design()) || Send(CB_GETDROPPEDSTATE) != 0) return false;
   switch (message) {
     case WM_KEYDOWN:
       return wide == VK_F4;
