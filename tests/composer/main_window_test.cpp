@@ -448,7 +448,7 @@ class CatalogueTest : public MainWindowTest {
     const QAbstractItemModel& model = *Be<QAbstractItemView>("lsttables").model();
     for (int row = 0; row < model.rowCount(); ++row) {
       const QModelIndex index = model.index(row, 0);
-      const QString name = index.data(Qt::AccessibleDescriptionRole).toString();
+      const QString name = index.data(Qt::UserRole).toString();
       texts.push_back(Std(index.data().toString() + (name.isEmpty() ? name : u' ' + name)));
     }
     return texts;
