@@ -30,6 +30,7 @@ void Draw(QWidget& window, const char* name) {
   if (!qEnvironmentVariableIsSet("ZOLT20_PICTURES")) return;
   const QString file = qEnvironmentVariable("ZOLT20_PICTURES") + QStringLiteral("/") +
                        QString::fromLatin1(name) + QStringLiteral(".png");
+  QApplication::processEvents();
   EXPECT_TRUE(window.grab().save(file)) << file.toStdString();
 }
 

@@ -195,11 +195,11 @@ describe('a list', () => {
       const part = (/** @type {string} */ name) => row?.querySelector(name);
       const list = host.element.shadowRoot?.getElementById('lstFields');
       list?.style.setProperty('inline-size', '9rem');
-      const head = part('.head');
-      const tail = part('.tail')?.getBoundingClientRect();
+      const head = part('.beginning');
+      const tail = part('.ending')?.getBoundingClientRect();
       return {
         isCut: head !== null && head !== undefined && head.scrollWidth > head.clientWidth,
-        tail: part('.tail')?.textContent,
+        tail: part('.ending')?.textContent,
         isTailInside: (tail?.right ?? 0) <= (list?.getBoundingClientRect().right ?? 0),
         name: row?.getAttribute('aria-label'),
       };

@@ -105,8 +105,7 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
       DrawPanel(window);
       return 0;
     case WM_LBUTTONDOWN:
-      if (DropDown::IsPart(GetFocus())) ShowFocus();
-      TakeFocus();
+      OnPress();
       return 0;
     case WM_SETFOCUS:
     case WM_SIZE:
@@ -128,6 +127,12 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
       break;
   }
   return DefWindowProcW(window, message, wide, longer);
+}
+
+// Beside the controls.
+void FormWindow::OnPress() {
+  if (DropDown::IsPart(GetFocus())) ShowFocus();
+  TakeFocus();
 }
 
 // Bars within the form, and the form's own.

@@ -161,6 +161,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void GoAway();
   void OnOwn(UINT message);
   void OnOwnFocus();
+  void OnPress();
   void OnCommand(HWND from, int code);
   bool OnView(ControlView& view, UINT message, WPARAM wide, LPARAM longer);
   void OnFocus(HWND window, bool came, HWND other);

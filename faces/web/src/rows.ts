@@ -48,8 +48,8 @@ function spanOf(kind: string, text: string): HTMLElement {
   return make(
     'span',
     {class: `${kind} cut`},
-    make('span', {class: 'head'}, text.slice(0, -kTail)),
-    make('span', {class: 'tail'}, text.slice(-kTail)),
+    make('span', {class: 'beginning'}, text.slice(0, -kTail)),
+    make('span', {class: 'ending'}, text.slice(-kTail)),
   );
 }
 
@@ -263,7 +263,7 @@ export class Rows {
       node.replaceChildren(spanOf('text', row.text));
       if (name !== '') node.append(spanOf('name', name));
       // The parts of a text that is cut are no words of their own.
-      const isCut = node.querySelector('.tail') !== null;
+      const isCut = node.querySelector('.ending') !== null;
       setAttributes(node, {'aria-label': isCut ? `${row.text} ${name}`.trim() : false});
       node.title = name === '' ? row.text : `${row.text}: ${name}`;
     }

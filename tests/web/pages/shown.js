@@ -59,8 +59,8 @@ function cutRowOf(list, rows) {
   /** @type {[number, string] | null} */
   let found = null;
   for (const row of rows) {
-    const head = row.querySelector('.head');
-    const tail = row.querySelector('.tail')?.getBoundingClientRect();
+    const head = row.querySelector('.beginning');
+    const tail = row.querySelector('.ending')?.getBoundingClientRect();
     if (head === null || head.scrollWidth <= head.clientWidth) continue;
     const isInside = tail.right <= list.getBoundingClientRect().right;
     found = [Number(row.dataset.row), isInside ? 'middle' : 'elsewhere'];
