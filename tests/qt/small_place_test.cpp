@@ -9,7 +9,10 @@ namespace {
 
 class SmallPlaceTest : public PagesTest, public ::testing::WithParamInterface<Look> {
  protected:
-  SmallPlaceTest() : PagesTest(GetParam()) {}
+  SmallPlaceTest() : PagesTest(GetParam()) {
+    map_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(map_.get()));
+  }
 
   /// Gives the focus to each control of the page and looks whether it can be seen.
   int ReachEverything() {

@@ -100,6 +100,7 @@ class PersonTest : public ::testing::Test {
     QAbstractItemView& view = *box.view();
     EXPECT_TRUE(view.isVisible()) << combo << " shows no list";
     EXPECT_LT(row, view.model()->rowCount());
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(view.window()));
     QTest::qWait(1);
     const QModelIndex index = view.model()->index(row, 0);
     view.scrollTo(index);
