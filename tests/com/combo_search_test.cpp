@@ -181,6 +181,9 @@ TEST_F(ComboSearchTest, ItClosesWhenSomethingElseIsPressed) {
   Press(On(L"lstorderbyasc"), MAKELPARAM(3, 3));
   EXPECT_FALSE(IsOpen(fields_));
   Open(fields_);
+  Press(GetParent(On(fields_)), MAKELPARAM(1, 1));
+  EXPECT_FALSE(IsOpen(fields_));
+  Open(fields_);
   EXPECT_EQ(named().Put(L"prpTab", Number(0)), S_OK);
   EXPECT_FALSE(IsOpen(fields_));
 }
