@@ -2,7 +2,8 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QTimer>
+
+#include "faces/qt/later.h"
 
 namespace zolt20::qt {
 namespace {
@@ -58,11 +59,12 @@ void Announcer::Tell(const QString& words) {
   if (!QAccessible::isActive()) return;
   // Behind a message the window is told first.
   constexpr int kUntilActive = 150;
-  QTimer::singleShot(isActiveWindow() ? 0 : kUntilActive, this, [this, words] {
+  const auto tell = [this, words] {
     setAccessibleName(words);
     QAccessibleEvent shown(this, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&shown);
-  });
+  };
+  DoLater(*this, tell, isActiveWindow() ? 0 : kUntilActive);
 }
 
 }  // namespace zolt20::qt

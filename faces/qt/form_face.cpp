@@ -14,6 +14,7 @@
 #include "faces/qt/announcer.h"
 #include "faces/qt/face_style.h"
 #include "faces/qt/form_layout.h"
+#include "faces/qt/later.h"
 #include "faces/qt/qt_text.h"
 #include "faces/qt/rows_view.h"
 #include "faces/qt/text_boxes.h"
@@ -154,16 +155,13 @@ void FormFace::End(faces::End end) {
 
 // Of the tab strip Qt tells that it has the focus, and not which page.
 void FormFace::TellPage() {
-  [[maybe_unused]] const auto tell = [this] {
+  DoLater(*this, [this] {
     auto* strip = static_cast<QTabBar*>(WidgetOf(Form().tabVrn));
     if (!QAccessible::isActive() || !strip->hasFocus()) return;
     QAccessibleEvent event(strip, QAccessible::Focus);
     event.setChild(strip->currentIndex());
     QAccessible::updateAccessibility(&event);
-  };
-#ifndef __clang_analyzer__  // it takes what Qt keeps of the call for a leak
-  QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
-#endif
+  });
 }
 
 // What a box takes back by itself changes its text, and screen readers read no such change.

@@ -10,6 +10,8 @@
 #include <optional>
 #include <utility>
 
+#include "faces/qt/later.h"
+
 namespace zolt20::qt {
 namespace {
 
@@ -142,12 +144,9 @@ void RowsView::focusInEvent(QFocusEvent* event) {
   QListView::focusInEvent(event);
   isEntering_ = false;
   // Behind what Qt tells of the list itself.
-  [[maybe_unused]] const auto tellRow = [this] {
+  DoLater(*this, [this] {
     if (hasFocus()) Tell(QAccessible::Focus, currentIndex());
-  };
-#ifndef __clang_analyzer__  // it takes what Qt keeps of the call for a leak
-  QMetaObject::invokeMethod(this, tellRow, Qt::QueuedConnection);
-#endif
+  });
 }
 
 void RowsView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
