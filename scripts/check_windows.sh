@@ -8,7 +8,7 @@ made=build/windows/faces/com/made
 
 compile_header() {
   echo "#include \"$1\"" | x86_64-w64-mingw32-g++-posix -std=c++20 -Wall -Wextra -Werror -I. "-I$2" -DUNICODE -D_UNICODE \
-    -D_WIN32_WINNT=0x0601 -isystem /usr/src/googletest/googletest/include -fsyntax-only -x c++ - || {
+    -D_WIN32_WINNT=0x0601 -isystem /usr/src/googletest/googletest/include -isystem build/windows/tests/com/json -fsyntax-only -x c++ - || {
     echo "$1 does not compile alone" >&2
     return 1
   }

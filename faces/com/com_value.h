@@ -1,6 +1,8 @@
 // A VARIANT that is cleared by itself.
 #pragma once
 
+#include <windows.h>
+
 #include <oleauto.h>
 
 namespace zolt20::com {

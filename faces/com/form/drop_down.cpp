@@ -19,7 +19,7 @@ namespace zolt20::com {
 namespace {
 
 constexpr UINT_PTR kSubclass = 1;
-constexpr wchar_t kProperty[] = L"ZOLT20.DropDown";  // of the window around line and entries
+constexpr const wchar_t* kProperty = L"ZOLT20.DropDown";  // of the window around line and entries
 
 HWND MakePart(HWND parent, const wchar_t* kind, DWORD style) {
   const HWND window = CreateWindowExW(0, kind, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0,
