@@ -1024,7 +1024,7 @@ describe('the page of examples/web', () => {
 
   test('a page without the package says so', async () => {
     const page = await stage.openPage('', {javaScriptEnabled: true, serviceWorkers: 'block'});
-    await page.route('**/zolt20-map-control.wasm', (route) => route.abort());
+    await page.route('**/zolt20-map-control.js', (route) => route.abort());
     await page.reload();
     await page.getByRole('alert').getByText("The control can't run in this browser").waitFor();
     assert.equal(await page.locator('zolt20-map-control').count(), 0);

@@ -136,6 +136,8 @@ declare global {
   var early: {log: string[]; wasDefined: boolean};
   var host: Host;
   /** What single tests keep in their page. */
+  var compiled: Promise<string>;
+  var RealModule: typeof WebAssembly.Module;
   var failures: boolean[][];
   var histories: boolean[][];
   var hosts: Host[];

@@ -5,6 +5,7 @@ import {readFileSync, readdirSync, writeFileSync} from 'node:fs';
 import {join} from 'node:path';
 
 import {Logic} from '../src/logic';
+import {kRequiredClassic, packageOf, typesOfEntries} from './entries.mjs';
 import {typesOf} from './types.mjs';
 
 const [source, wasm, version, out] = process.argv.slice(2);
@@ -30,7 +31,6 @@ const contract = {
   events: range(logic.eventCount).map((number) => logic.eventName(number)),
 };
 const types = typesOf(contract, source);
-writeFileSync(join(out, 'zolt20-map-control.d.ts'), types);
 
 /**
  * @typedef {object} Declaration
@@ -111,7 +111,12 @@ for (const each of declarationsIn(types, 'export declare class ZOLT20MapControlE
   }
   const before = members.get(each.name);
   /** @type {ManifestMember} */
-  const field = before ?? {kind: 'field', name: each.name, readonly: true};
+  const field = before ?? {
+    kind: 'field',
+    name: each.name,
+    ...(each.isStatic ? {static: true} : {}),
+    readonly: true,
+  };
   if (each.comment !== '')
     field.description = [field.description, each.comment].filter(Boolean).join(' ');
   if (each.access === 'set') {
@@ -191,31 +196,7 @@ const manifest = {
 };
 writeFileSync(join(out, 'custom-elements.json'), `${JSON.stringify(manifest, null, 2)}\n`);
 
-const kClassic = 'zolt20-map-control.classic.js';
-const kTyped = 'zolt20-map-control.d.ts';
-const kWasm = 'zolt20-map-control.wasm';
-writeFileSync(
-  join(out, 'package.json'),
-  `${JSON.stringify(
-    {
-      name: 'zolt20-map-control',
-      version,
-      description: 'A control that composes mapping statements, as a custom element',
-      type: 'module',
-      main: `./${kModule}`,
-      module: `./${kModule}`,
-      types: `./${kTyped}`,
-      exports: {
-        '.': {types: `./${kTyped}`, default: `./${kModule}`},
-        './classic': `./${kClassic}`,
-        './wasm': `./${kWasm}`,
-        './custom-elements.json': './custom-elements.json',
-      },
-      customElements: 'custom-elements.json',
-      sideEffects: true,
-      files: [kModule, kClassic, kWasm, kTyped, 'custom-elements.json'],
-    },
-    null,
-    2,
-  )}\n`,
-);
+writeFileSync(join(out, 'package.json'), `${JSON.stringify(packageOf(version), null, 2)}\n`);
+writeFileSync(join(out, 'zolt20-map-control.classic.cjs'), kRequiredClassic);
+for (const [name, text] of Object.entries(typesOfEntries(types)))
+  writeFileSync(join(out, name), text);

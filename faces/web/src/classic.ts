@@ -1,10 +1,5 @@
-// The script for pages without modules. It has the logic in it, since a page from a file can't load
-// one.
-import bytes from 'zolt20-map-control.wasm';
+// The script for pages without modules: what the module exports is global.
+import {classesOfPage} from './define';
+import {embeddedLogic} from './embedded';
 
-import {define} from './define';
-import {ZOLT20MapControlElement} from './element';
-import {Logic, ZOLT20Error} from './logic';
-
-Object.assign(globalThis, {ZOLT20MapControlElement, ZOLT20Error});
-WebAssembly.compile(bytes).then((module) => define(Logic.of(module)), reportError);
+Object.assign(globalThis, classesOfPage(embeddedLogic));

@@ -3,7 +3,9 @@ declare module '*.css' {
   const text: string;
   export default text;
 }
-declare module '*.wasm' {
-  const bytes: Uint8Array<ArrayBuffer>;
-  export default bytes;
+declare module '*.wasm.gz' {
+  const base64: string;
+  export default base64;
 }
+// The version of the package.
+declare const ZOLT20_VERSION: string;

@@ -74,7 +74,7 @@ const kPiece = 8192;
 const kLongText = 1 << 16;
 
 export class Logic {
-  readonly #exports: Exports;
+  #exports!: Exports;
   readonly #listeners = new Map<number, WeakRef<Listener>>();
   readonly #leftBehind = new FinalizationRegistry<{id: number; handle: number}>(({id, handle}) => {
     this.#listeners.delete(id);
@@ -82,18 +82,32 @@ export class Logic {
   });
   #lastId = 0;
 
-  private constructor(exports: (imports: WebAssembly.Imports) => Exports) {
-    this.#exports = exports(this.#imports());
+  private constructor() {}
+
+  #begin({exports}: WebAssembly.Instance): this {
+    this.#exports = exports as unknown as Exports;
     this.#exports._initialize();
+    return this;
   }
 
   /** The logic of a module that is compiled. */
   static of(module: WebAssembly.Module): Logic {
-    return new Logic(
-      (imports) => new WebAssembly.Instance(module, imports).exports as unknown as Exports,
-    );
+    const logic = new Logic();
+    return logic.#begin(new WebAssembly.Instance(module, logic.#imports()));
   }
-
+  /** The logic of a module's bytes: at once, or later where a page may not wait for so much. */
+  static from(bytes: BufferSource): Logic | Promise<Logic> {
+    try {
+      return Logic.of(new WebAssembly.Module(bytes));
+    } catch (error) {
+      if (!(error instanceof RangeError)) throw error;
+      return Logic.#later(bytes);
+    }
+  }
+  static async #later(bytes: BufferSource): Promise<Logic> {
+    const logic = new Logic();
+    return logic.#begin((await WebAssembly.instantiate(bytes, logic.#imports())).instance);
+  }
   /** Compiles the module at the address. */
   static async at(url: URL | string): Promise<Logic> {
     const response = await fetch(url);
@@ -101,11 +115,10 @@ export class Logic {
       throw new Error(`${url} can't be loaded: ${response.status} ${response.statusText}`);
     // A server that does not know the type of the file is no reason to fail.
     const isTyped = response.headers.get('Content-Type')?.startsWith('application/wasm') ?? false;
-    return Logic.of(
-      isTyped
-        ? await WebAssembly.compileStreaming(response)
-        : await WebAssembly.compile(await response.arrayBuffer()),
-    );
+    if (!isTyped) return Logic.#later(await response.arrayBuffer());
+    const logic = new Logic();
+    const {instance} = await WebAssembly.instantiateStreaming(response, logic.#imports());
+    return logic.#begin(instance);
   }
 
   #imports(): WebAssembly.Imports {

@@ -1,10 +1,6 @@
-// The ES module. Whoever imports it has the element whole: the module is over when the logic is
-// there.
-import {define} from './define';
-import {Logic} from './logic';
+// The script that needs nothing beside it, as a module and for require(). The element is defined
+// when the script is over.
+import {classesOfPage} from './define';
+import {embeddedLogic} from './embedded';
 
-if (globalThis.customElements !== undefined)
-  define(await Logic.at(new URL('zolt20-map-control.wasm', import.meta.url)));
-
-export {ZOLT20MapControlElement} from './element';
-export {ZOLT20Error} from './logic';
+export const {ZOLT20MapControlElement, ZOLT20Error} = classesOfPage(embeddedLogic);

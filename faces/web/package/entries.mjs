@@ -1,0 +1,65 @@
+// The entries of the package: package.json, and the types of each.
+
+const kName = 'zolt20-map-control';
+
+/// The files of the types, by their names. Each entry has them for import and for require().
+/** @type {(types: string) => Record<string, string>} */
+export function typesOfEntries(types) {
+  /** @type {Record<string, string>} */
+  const files = {};
+  for (const [script, declared] of [
+    ['js', 'd.ts'],
+    ['cjs', 'd.cts'],
+  ]) {
+    const all = `./${kName}.${script}`;
+    files[`${kName}.${declared}`] = types;
+    files[`${kName}.lean.${declared}`] = `export * from '${all}';\n`;
+    files[`${kName}.classic.${declared}`] = typesOfGlobals(all);
+  }
+  return files;
+}
+
+// What the classic script leaves behind is seen everywhere.
+/** @type {(all: string) => string} */
+const typesOfGlobals = (all) =>
+  `import type * as zolt20 from '${all}';
+
+declare global {
+  var ZOLT20MapControlElement: typeof zolt20.ZOLT20MapControlElement;
+  type ZOLT20MapControlElement = zolt20.ZOLT20MapControlElement;
+  var ZOLT20Error: typeof zolt20.ZOLT20Error;
+  type ZOLT20Error = zolt20.ZOLT20Error;
+}
+`;
+
+/// What require() gives for the classic script: Node takes that script itself for a module.
+export const kRequiredClassic = `Object.assign(globalThis, require('./${kName}.cjs'));\n`;
+
+/** @type {(imported: string, required: string, types?: string) => object} */
+const entry = (imported, required, types = imported) => ({
+  import: {types: `./${types}.d.ts`, default: `./${imported}.js`},
+  require: {types: `./${types}.d.cts`, default: `./${required}.cjs`},
+});
+
+/// The content of package.json.
+/** @type {(version: string) => object} */
+export const packageOf = (version) => ({
+  name: kName,
+  version,
+  description: 'A control that composes mapping statements, as a custom element',
+  type: 'module',
+  main: `./${kName}.cjs`,
+  module: `./${kName}.js`,
+  types: `./${kName}.d.ts`,
+  exports: {
+    '.': entry(kName, kName),
+    './lean': entry(`${kName}.lean`, kName, `${kName}.lean`),
+    './classic': entry(`${kName}.classic`, `${kName}.classic`),
+    './wasm': `./${kName}.wasm`,
+    './custom-elements.json': './custom-elements.json',
+    './package.json': './package.json',
+  },
+  customElements: 'custom-elements.json',
+  sideEffects: [`./${kName}*.js`, `./${kName}*.cjs`],
+  files: [`${kName}.*`, 'custom-elements.json'],
+});
