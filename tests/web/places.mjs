@@ -12,7 +12,7 @@ export const kPeople =
   process.env.ZOLT20_PEOPLE ?? path.join(kRoot, 'build/release/tests/zolt20-people');
 export const kChromium = process.env.CHROMIUM ?? '/usr/bin/chromium';
 
-const modules = process.env.ZOLT20_MODULES ?? path.join(kRoot, 'build/web/tests/web');
-
 /// The packages of the registry are installed in the build tree, beside a copy of their list.
-export const require = createRequire(path.join(modules, 'package.json'));
+export const kModules = process.env.ZOLT20_MODULES ?? path.join(kRoot, 'build/web/tests/web');
+
+export const require = createRequire(path.join(kModules, 'package.json'));

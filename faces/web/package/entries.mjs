@@ -1,4 +1,5 @@
 // The entries of the package: package.json, and the types of each.
+import {kFrameworks} from './frameworks.mjs';
 
 const kName = 'zolt20-map-control';
 
@@ -15,6 +16,8 @@ export function typesOfEntries(types) {
     files[`${kName}.${declared}`] = types;
     files[`${kName}.lean.${declared}`] = `export * from '${all}';\n`;
     files[`${kName}.classic.${declared}`] = typesOfGlobals(all);
+    for (const [framework, typesFor] of Object.entries(kFrameworks))
+      files[`${framework}.${declared}`] = typesFor(all);
   }
   return files;
 }
@@ -26,9 +29,9 @@ const typesOfGlobals = (all) =>
 
 declare global {
   var ZOLT20MapControlElement: typeof zolt20.ZOLT20MapControlElement;
-  type ZOLT20MapControlElement = zolt20.ZOLT20MapControlElement;
+  interface ZOLT20MapControlElement extends zolt20.ZOLT20MapControlElement {}
   var ZOLT20Error: typeof zolt20.ZOLT20Error;
-  type ZOLT20Error = zolt20.ZOLT20Error;
+  interface ZOLT20Error extends zolt20.ZOLT20Error {}
 }
 `;
 
@@ -40,6 +43,8 @@ const entry = (imported, required, types = imported) => ({
   import: {types: `./${types}.d.ts`, default: `./${imported}.js`},
   require: {types: `./${types}.d.cts`, default: `./${required}.cjs`},
 });
+
+const kPeers = ['@types/react', ...Object.keys(kFrameworks)];
 
 /// The content of package.json.
 /** @type {(version: string) => object} */
@@ -55,11 +60,26 @@ export const packageOf = (version) => ({
     '.': entry(kName, kName),
     './lean': entry(`${kName}.lean`, kName, `${kName}.lean`),
     './classic': entry(`${kName}.classic`, `${kName}.classic`),
+    // The same script, with the types that templates of a framework go by.
+    ...Object.fromEntries(
+      Object.keys(kFrameworks).map((framework) => [
+        `./${framework}`,
+        entry(kName, kName, framework),
+      ]),
+    ),
     './wasm': `./${kName}.wasm`,
     './custom-elements.json': './custom-elements.json',
     './package.json': './package.json',
   },
   customElements: 'custom-elements.json',
   sideEffects: [`./${kName}*.js`, `./${kName}*.cjs`],
-  files: [`${kName}.*`, 'custom-elements.json'],
+  files: [
+    `${kName}.*`,
+    ...Object.keys(kFrameworks).map((framework) => `${framework}.d.*`),
+    'custom-elements.json',
+  ],
+  engines: {node: '>=18'},
+  // Their types are read by those of the entries above, where a project has them.
+  peerDependencies: Object.fromEntries(kPeers.map((peer) => [peer, '*'])),
+  peerDependenciesMeta: Object.fromEntries(kPeers.map((peer) => [peer, {optional: true}])),
 });

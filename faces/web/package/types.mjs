@@ -3,6 +3,8 @@
 import {readFileSync} from 'node:fs';
 import {join} from 'node:path';
 
+import {attributeOf} from './attribute_names.mjs';
+
 /**
  * A member of the contract, which reads and writes as in shell/contract.def.
  * @typedef {object} Member
@@ -53,6 +55,25 @@ function typesOfMember({name, type, canSet, canGet, isMethod, argument}, control
   return lines.join('\n');
 }
 
+// What a template can write: a number as an attribute's text, too, and a flag as an attribute
+// without one.
+/** @type {Readonly<Record<string, string>>} */
+const kAttributeTypes = {
+  String: 'string',
+  Integer: `number | \`\${number}\``,
+  Boolean: "boolean | ''",
+};
+/** @type {(members: Member[], nameOf: (member: string) => string, types: typeof kTypes) => string} */
+const propsOf = (members, nameOf, types) =>
+  members
+    .filter(({canSet}) => canSet)
+    .map(({name, type}) => {
+      const key = nameOf(name);
+      const quoted = /^\w+$/.test(key) ? key : `'${key}'`;
+      return `  /** Writes \`${name}\`. */\n  ${quoted}?: ${types[type ?? '']} | undefined;`;
+    })
+    .join('\n');
+
 /// The text of the types, by the members and events and by the headers below the root.
 /** @type {(contract: {members: Member[], events: string[]}, root: string) => string} */
 export function typesOf({members, events}, root) {
@@ -66,5 +87,7 @@ export function typesOf({members, events}, root) {
   });
   return read('faces', 'web', 'package', 'zolt20-map-control.d.ts.in')
     .replace('@EVENTS@', () => typesOfEvents.join('\n'))
+    .replace('@ATTRIBUTES@', () => propsOf(members, attributeOf, kAttributeTypes))
+    .replace('@PROPERTIES@', () => propsOf(members, (name) => name, kTypes))
     .replace('@MEMBERS@', () => members.map((each) => typesOfMember(each, control)).join('\n'));
 }

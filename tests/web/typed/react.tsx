@@ -1,0 +1,46 @@
+// A page of React with the element, and what its types refuse.
+import 'zolt20-map-control/react';
+import {useRef} from 'react';
+import type {ZOLT20MapControlElement} from 'zolt20-map-control';
+
+export function Rule() {
+  const control = useRef<ZOLT20MapControlElement>(null);
+  return (
+    <zolt20-map-control
+      ref={control}
+      key="rule"
+      id="rule"
+      className="wide"
+      style={{height: '100%'}}
+      hidden={false}
+      tables="CUSTOMER2"
+      select-from-part="CUSTOMER,"
+      tab={2}
+      tabcount="3"
+      syntax-highlight
+      name="rule"
+      required
+      PrpStrFields="char*Q*V*R*N*NCUSTOMER.C_LAST*Q*V*R*N*name"
+      Syntax_Highlight={false}
+      tableNames={{CUSTOMER: 'Customers'}}
+      undoEnabled={undefined}
+      onpropertychanged={(event) => event.detail.name.length}
+      oneventDone={() => control.current?.prpStroutput.length}
+    />
+  );
+}
+
+// @ts-expect-error a text
+export const numbered = <zolt20-map-control tables={7} />;
+// @ts-expect-error a whole number
+export const worded = <zolt20-map-control tab="two" />;
+// @ts-expect-error a text
+export const assigned = <zolt20-map-control PrpStrTables={7} />;
+// @ts-expect-error can only be read
+export const read = <zolt20-map-control prpstrSelectedFields="a" />;
+// @ts-expect-error a function
+export const heard = <zolt20-map-control oneventDone="a" />;
+// @ts-expect-error takes the event of its own
+export const told = <zolt20-map-control oneventDone={(event: MouseEvent) => event.x} />;
+// @ts-expect-error no such attribute
+export const misspelt = <zolt20-map-control table="CUSTOMER2" />;
