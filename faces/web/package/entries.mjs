@@ -52,6 +52,15 @@ export const packageOf = (version) => ({
   name: kName,
   version,
   description: 'A control that composes mapping statements, as a custom element',
+  keywords: [
+    'custom-element',
+    'web-component',
+    'mapping',
+    'statement',
+    'query-builder',
+    'select',
+    'webassembly',
+  ],
   type: 'module',
   main: `./${kName}.cjs`,
   module: `./${kName}.js`,
@@ -77,6 +86,7 @@ export const packageOf = (version) => ({
     `${kName}.*`,
     ...Object.keys(kFrameworks).map((framework) => `${framework}.d.*`),
     'custom-elements.json',
+    'picture.png',
   ],
   engines: {node: '>=18'},
   // Their types are read by those of the entries above, where a project has them.

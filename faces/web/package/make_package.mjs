@@ -1,11 +1,12 @@
 // Makes what tells others of the element: types, manifest, package.json. Members and events come
 // from the list of the contract in the module itself, the rest from the types and the style sheet.
 //   node make_package.mjs SOURCE WASM VERSION OUT       SOURCE is the root of the repository
-import {readFileSync, readdirSync, writeFileSync} from 'node:fs';
+import {copyFileSync, readFileSync, readdirSync, writeFileSync} from 'node:fs';
 import {join} from 'node:path';
 
 import {Logic} from '../src/logic';
 import {kRequiredClassic, packageOf, typesOfEntries} from './entries.mjs';
+import {readmeOf} from './readme.mjs';
 import {typesOf} from './types.mjs';
 
 const [source, wasm, version, out] = process.argv.slice(2);
@@ -196,6 +197,11 @@ const manifest = {
 };
 writeFileSync(join(out, 'custom-elements.json'), `${JSON.stringify(manifest, null, 2)}\n`);
 
+const [declared] = manifest.modules[0].declarations;
+const template = read('faces/web/package/README.md.in');
+// @ts-expect-error the first declaration is the element's
+writeFileSync(join(out, 'README.md'), readmeOf(template, version, contract.members, declared));
+copyFileSync(join(source, 'docs/pictures/web-page1-light.png'), join(out, 'picture.png'));
 writeFileSync(join(out, 'package.json'), `${JSON.stringify(packageOf(version), null, 2)}\n`);
 writeFileSync(join(out, 'zolt20-map-control.classic.cjs'), kRequiredClassic);
 for (const [name, text] of Object.entries(typesOfEntries(types)))
