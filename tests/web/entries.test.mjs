@@ -85,6 +85,20 @@ describe('the module', () => {
     assert.deepEqual(loaded, [kWhole]);
   });
 
+  test('runs under a policy that lets it load nothing', async () => {
+    const page = await stage.openPage('about:blank');
+    await page.route('**/empty.html', async (route) => {
+      const response = await route.fetch();
+      const policy = "default-src 'none'; script-src 'self' 'wasm-unsafe-eval'; style-src 'self'";
+      const headers = {...response.headers(), 'content-security-policy': policy};
+      await route.fulfill({response, headers});
+    });
+    await page.goto(`${stage.address}/empty.html`);
+    await load(page, kWhole);
+    assert.equal(await useClass(page, kWhole), kWorks);
+    await closePage(page);
+  });
+
   withEmptyPage(
     'has the logic in it as it stands beside it',
     async (page) => {

@@ -6,7 +6,7 @@ import {existsSync, mkdtempSync, readdirSync, readFileSync, rmSync, writeFileSyn
 import {tmpdir} from 'node:os';
 import path from 'node:path';
 import {describe, test} from 'node:test';
-import {gzipSync} from 'node:zlib';
+import {brotliCompressSync, gzipSync} from 'node:zlib';
 
 import {typesOf} from '../../faces/web/package/types.mjs';
 import {kEvents, kMembers} from './form.mjs';
@@ -61,6 +61,28 @@ describe('the package', () => {
     assert.ok(lean < kMostBytes, `${lean} bytes packed`);
     for (const file of ['js', 'cjs', 'classic.js'])
       assert.ok(packed(file) < lean * 1.05, `${packed(file)} bytes packed, ${lean} in two files`);
+  });
+
+  test('is as large as docs/web.md tells', () => {
+    const page = readFileSync(path.join(kRoot, 'docs/web.md'), 'utf8');
+    const rows = [...page.matchAll(/^\| (`zolt20.*) \| (\d+) kB \| (\d+) kB \| (\d+) kB \|$/gm)];
+    assert.equal(rows.length, 3);
+    for (const [, names, ...told] of rows) {
+      const files = [...names.matchAll(/`(?:zolt20-map-control)?\.([\w.]+)`/g)].map(([, end]) =>
+        readFileSync(inPackage(`zolt20-map-control.${end}`)),
+      );
+      assert.ok(files.length > 0);
+      const ways = [
+        (/** @type {Buffer} */ bytes) => bytes,
+        (/** @type {Buffer} */ bytes) => gzipSync(bytes, {level: 9}),
+        (/** @type {Buffer} */ bytes) => brotliCompressSync(bytes),
+      ];
+      for (const [at, pack] of ways.entries()) {
+        const size = files.reduce((sum, bytes) => sum + pack(bytes).length, 0);
+        const ratio = size / 1000 / Number(told[at]);
+        assert.ok(ratio > 0.95 && ratio < 1.05, `${names}: ${size} bytes, not ${told[at]} kB`);
+      }
+    }
   });
 
   test('has all that its list names, and loads nothing else', () => {
