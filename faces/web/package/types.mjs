@@ -70,7 +70,7 @@ const propsOf = (members, nameOf, types) =>
     .map(({name, type}) => {
       const key = nameOf(name);
       const quoted = /^\w+$/.test(key) ? key : `'${key}'`;
-      return `  /** Writes \`${name}\`. */\n  ${quoted}?: ${types[type ?? '']} | undefined;`;
+      return `  /** Writes \`${name}\`. */\n  ${quoted}?: ${types[type ?? '']} | null | undefined;`;
     })
     .join('\n');
 

@@ -20,11 +20,14 @@ export function Rule() {
       tabcount="3"
       syntax-highlight
       name="rule"
+      form="rules"
       required
+      readOnly
       PrpStrFields="char*Q*V*R*N*NCUSTOMER.C_LAST*Q*V*R*N*name"
       Syntax_Highlight={false}
       tableNames={{CUSTOMER: 'Customers'}}
       undoEnabled={undefined}
+      prpSelectFromPart={null}
       onpropertychanged={(event) => event.detail.name.length}
       oneventDone={() => control.current?.prpStroutput.length}
     />
