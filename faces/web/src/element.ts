@@ -96,12 +96,12 @@ export class ZOLT20MapControlElement extends Base {
     this.#dress(this.shadowRoot!);
   }
 
-  /** The version of the script that has defined the element. */
-  static readonly version: string = ZOLT20_VERSION;
   /** How many controls there are in this page, and the bytes of memory of all of them. */
   static statistics(): {elements: number; memoryBytes: number} {
     return logic.statistics();
   }
+  /** The version of the script that has defined the element. */
+  static readonly version: string = ZOLT20_VERSION;
 
   // The contract. Its properties and methods are defined from its list, by these.
 
