@@ -211,6 +211,8 @@ describe('the members', () => {
         if (!canSet && (!isMethod || type === undefined)) continue;
         for (const [word, value] of Object.entries(values)) {
           if (fits[type ?? ''].includes(word)) continue;
+          // A property takes them for nothing to write.
+          if (!isMethod && (value === undefined || value === null)) continue;
           let came = 'nothing';
           try {
             if (isMethod) /** @type {Function} */ (host.element[name]).call(host.element, value);
@@ -226,6 +228,62 @@ describe('the members', () => {
     assert.deepEqual(kinds, []);
     assert.deepEqual(await person.dump(), before);
     assert.deepEqual(await person.takeLog(), []);
+  });
+
+  withPerson('leave a property as it is that gets nothing', async (person, page) => {
+    await writeCatalogue(person);
+    await page.evaluate(() => {
+      Object.assign(host.element, {prpTab: 3, prpintTabcount: 2, Syntax_Highlight: true});
+      host.element.undoEnabled = false;
+    });
+    await person.takeLog();
+    const before = await person.dump();
+    const [count, isColoured, isOn] = await page.evaluate(
+      (names) => {
+        for (const name of [...names, 'undoEnabled']) {
+          for (const nothing of [undefined, null]) host.element[name] = nothing;
+        }
+        return [
+          host.element.prpintTabcount,
+          host.element.Syntax_Highlight,
+          host.element.undoEnabled,
+        ];
+      },
+      kMembers.filter(({canSet}) => canSet).map(({name}) => name),
+    );
+    assert.deepEqual([count, isColoured, isOn], [2, true, false]);
+    assert.deepEqual(await person.dump(), before);
+    assert.deepEqual(await person.takeLog(), []);
+  });
+
+  withPerson('of tables are names, or nothing', async (person, page) => {
+    await writeCatalogue(person);
+    const came = await page.evaluate(() => {
+      const {element} = host;
+      /** @type {(value: unknown) => string} */
+      const tries = (value) => {
+        try {
+          Object.assign(element, {tableNames: value});
+          return 'done';
+        } catch (error) {
+          return /** @type {Error} */ (error).constructor.name;
+        }
+      };
+      element.tableNames = {TABLE__1: 'first'};
+      const refused = ['x', 1, true, ['x'], {TABLE__1: 1}, new Map([[1, 'x']])].map(tries);
+      const kept = [...element.tableNames];
+      const counts = [undefined, null].map((nothing) => {
+        element.tableNames = {TABLE__1: 'first'};
+        tries(nothing);
+        return element.tableNames.size;
+      });
+      return {refused, kept, counts};
+    });
+    assert.deepEqual(came, {
+      refused: Array(6).fill('TypeError'),
+      kept: [['TABLE__1', 'first']],
+      counts: [0, 0],
+    });
   });
 
   withPerson('are told of when they are written, and no others', async (person, page) => {

@@ -31,6 +31,7 @@ const kOwnMembers = [
   'tableNames',
   'dump',
   'madeGesture',
+  'observedAttributes',
   'statistics',
   'version',
   'focus',
@@ -162,6 +163,21 @@ describe('custom-elements.json', () => {
         wrong.push(`${name}: ${JSON.stringify(said)}`);
     }
     assert.deepEqual(wrong, []);
+  });
+
+  test('names an attribute for each member that can be written', () => {
+    const said = declaration.attributes.map(({name, fieldName}) => [fieldName, name]);
+    assert.deepEqual(
+      said.map(([field]) => field).sort(),
+      kMembers
+        .filter(({canSet}) => canSet)
+        .map(({name}) => name)
+        .sort(),
+    );
+    assert.equal(new Set(said.map(([, name]) => name)).size, said.length);
+    assert.deepEqual(declaration.attributes.find(({name}) => name === 'tab')?.type, {
+      text: 'number',
+    });
   });
 
   test('names the events of the contract, and those of the element', () => {

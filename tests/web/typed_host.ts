@@ -9,6 +9,8 @@ found?.focus();
 
 element.PrpStrTables = 'CUSTOMER2,ORDERS__1';
 element.prpTab = 6;
+element.prpSelectDoPart = undefined; // is not written
+element.Syntax_Highlight = null;
 element.prpintTabcount = element.prpintTabcount + 1;
 element.Syntax_Highlight = !element.Syntax_Highlight;
 const result: string = element.prpStroutput;
@@ -71,7 +73,7 @@ element.prpTab = '1';
 // @ts-expect-error
 element.Syntax_Highlight = 1;
 // @ts-expect-error
-element.prpStroutput = null;
+element.prpStroutput = {};
 // @ts-expect-error
 element.tableNames = {CUSTOMER: 1};
 // @ts-expect-error

@@ -78,6 +78,7 @@ export interface Manifest {
 }
 export interface ManifestClass {
   tagName?: string;
+  attributes: {name: string; fieldName: string; type: {text: string}}[];
   members: {
     name: string;
     kind: string;

@@ -4,6 +4,7 @@
 import {copyFileSync, readFileSync, readdirSync, writeFileSync} from 'node:fs';
 import {join} from 'node:path';
 
+import {fillablesOf} from '../src/attributes';
 import {Logic} from '../src/logic';
 import {kRequiredClassic, packageOf, typesOfEntries} from './entries.mjs';
 import {readmeOf} from './readme.mjs';
@@ -122,12 +123,22 @@ for (const each of declarationsIn(types, 'export declare class ZOLT20MapControlE
     field.description = [field.description, each.comment].filter(Boolean).join(' ');
   if (each.access === 'set') {
     delete field.readonly;
-    field.type = {text: String(each.parameters).replace(/^value: /, '')};
+    field.type = {
+      text: String(each.parameters).replace(/^value: (.*?)( \| null \| undefined)?$/, '$1'),
+    };
   } else if (each.type !== 'undefined') {
     field.type = {text: each.type};
   }
   members.set(each.name, field);
 }
+// Of each member that can be written an attribute.
+/** @type {{name: string, type: {text: string}, description?: string, fieldName: string}[]} */
+const attributes = fillablesOf(logic).map(({attribute, name}) => ({
+  name: attribute,
+  type: members.get(name)?.type ?? {text: 'string'},
+  ...described(members.get(name)?.description ?? ''),
+  fieldName: name,
+}));
 const style = read('faces/web/src/form.css');
 const cssProperties = [
   ...style.matchAll(/^(?: {2}\/\* (.*) \*\/\n)? {2}(--zolt20-[\w-]+):\s+([^;]*);$/gm),
@@ -165,6 +176,7 @@ const manifest = {
             .replace(/\n \*( |$)/gm, '\n')
             .trim(),
           superclass: {name: 'HTMLElement'},
+          attributes,
           members: [...members.values()],
           events: declarationsIn(types, 'export interface ZOLT20MapControlEventMap').map(
             ({name, type, comment}) => ({name, type: {text: type}, ...described(comment)}),

@@ -50,7 +50,7 @@ function typesOfMember({name, type, canSet, canGet, isMethod, argument}, control
     // What can only be written reads as nothing.
     const getter = canGet ? '' : `  get ${name}(): undefined;\n`;
     const written = doc(`void ${name}\\(\\w+ \\w+\\);`);
-    lines.push(`${written}${getter}  set ${name}(value: ${typed});`);
+    lines.push(`${written}${getter}  set ${name}(value: ${typed} | null | undefined);`);
   }
   return lines.join('\n');
 }

@@ -1,10 +1,13 @@
 // <zolt20-map-control>: the control as an element of a page.
+import {type Fillable, fillablesOf} from './attributes';
 import {type Dump, dumpOf} from './dump';
 import {errorOf} from './errors';
 import {Face, type FaceOwner} from './face';
+import {Filling} from './filling';
 import type {Listener, Logic, MadeGesture} from './logic';
 import {type Status, ValueType} from './numbers';
 import {styleSheets} from './style';
+import {checked, isNothing} from './values';
 
 type Value = string | number | boolean;
 
@@ -13,6 +16,9 @@ type Value = string | number | boolean;
 const Base = globalThis.HTMLElement ?? (class {} as typeof HTMLElement);
 
 let logic: Logic;
+let fillables: Fillable[] = []; // what attributes write
+// What a script of JSON inside of the element can have beside that.
+const kOwnProperties = ['tableNames', 'undoEnabled'];
 // What the members of the contract do to an element.
 let letMember: (element: ZOLT20MapControlElement, member: number, value: string | number) => void;
 let getMember: (element: ZOLT20MapControlElement, member: number, type: ValueType) => Value;
@@ -21,6 +27,7 @@ let callMember: (element: ZOLT20MapControlElement, member: number, argument: num
 export class ZOLT20MapControlElement extends Base {
   readonly #handle: number;
   readonly #face: Face;
+  readonly #filling: Filling;
   #tableNames: ReadonlyMap<string, string> = new Map();
 
   // What the logic and the face tell. It lives as long as the element, and the control as long as
@@ -29,6 +36,7 @@ export class ZOLT20MapControlElement extends Base {
     event: (number) => {
       this.#face.show();
       this.#tell(new Event(logic.eventName(number), {bubbles: true, composed: true}));
+      this.#filling.settle(); // an answer by an attribute belongs to the event as well
     },
     propertyChanged: (number) => {
       this.#face.show();
@@ -44,7 +52,10 @@ export class ZOLT20MapControlElement extends Base {
     failed: (error) => this.#tellOf('failed', error),
     historyChanged: () =>
       this.#tellOf('historychanged', {canUndo: this.canUndo, canRedo: this.canRedo}),
-    gestureMade: () => this.#tell(new Event('gesturemade', {bubbles: true, composed: true})),
+    gestureMade: () => {
+      this.#filling.begun();
+      this.#tell(new Event('gesturemade', {bubbles: true, composed: true}));
+    },
     undone: () => this.#tell(new Event('undone', {bubbles: true, composed: true})),
     redone: () => this.#tell(new Event('redone', {bubbles: true, composed: true})),
   };
@@ -56,13 +67,22 @@ export class ZOLT20MapControlElement extends Base {
     this.#dress(root);
     this.#handle = logic.make(this.#listener);
     this.#face = new Face(logic, this.#handle, root, this.#listener);
-    for (const [name, value] of early) {
-      try {
-        (this as Record<string, unknown>)[name] = value;
-      } catch (error) {
-        reportError(error); // the others are written all the same
-      }
-    }
+    this.#filling = new Filling(
+      {
+        node: this,
+        fillables,
+        ownProperties: kOwnProperties,
+        write: (member, value) => this.#write(member, value),
+        put: (property, value) => {
+          (this as Record<string, unknown>)[property] = value;
+        },
+        fail: (error) => {
+          console.error(error);
+          this.#tellOf('failed', error);
+        },
+      },
+      early,
+    );
   }
 
   // What was written before the element became one, in the order of writing.
@@ -85,6 +105,7 @@ export class ZOLT20MapControlElement extends Base {
 
   connectedCallback(): void {
     this.#dress(this.shadowRoot!);
+    this.#filling.connected();
     this.#face.restorePlaces();
     this.#face.messages.showWaiting();
   }
@@ -94,6 +115,16 @@ export class ZOLT20MapControlElement extends Base {
   adoptedCallback(): void {
     this.shadowRoot!.adoptedStyleSheets = [];
     this.#dress(this.shadowRoot!);
+  }
+
+  // Attributes.
+
+  static get observedAttributes(): string[] {
+    // Frameworks on a server write properties as attributes of the properties' names.
+    return fillables.flatMap(({attribute, name}) => [attribute, name.toLowerCase()]);
+  }
+  attributeChangedCallback(name: string, before: string | null, text: string | null): void {
+    if (text !== before) this.#filling.attributeChanged(name, text);
   }
 
   /** How many controls there are in this page, and the bytes of memory of all of them. */
@@ -106,16 +137,26 @@ export class ZOLT20MapControlElement extends Base {
   // The contract. Its properties and methods are defined from its list, by these.
 
   static {
-    letMember = (element, member, value) =>
-      element.#end(logic.let(element.#handle, member, value), () => undefined);
+    letMember = (element, member, value) => {
+      element.#filling.settle();
+      if (!element.#filling.isRepeated(member, value)) element.#write(member, value);
+    };
     getMember = (element, member, type) =>
-      element.#end(logic.get(element.#handle, member), () => {
+      element.#end(logic.get(element.#filledHandle, member), () => {
         if (type === ValueType.String) return logic.givenText();
         const number = logic.givenNumber();
         return type === ValueType.Boolean ? number !== 0 : number;
       });
     callMember = (element, member, argument) =>
-      element.#end(logic.call(element.#handle, member, argument), () => undefined);
+      element.#end(logic.call(element.#filledHandle, member, argument), () => undefined);
+  }
+  #write(member: number, value: string | number): void {
+    this.#end(logic.let(this.#handle, member, value), () => undefined);
+  }
+  // The handle, for what asks of the control or acts on it: attributes that wait come first.
+  get #filledHandle(): number {
+    this.#filling.settle();
+    return this.#handle;
   }
   #end<Result>(status: Status, result: () => Result): Result {
     const error = errorOf(logic, this.#handle, status);
@@ -128,7 +169,7 @@ export class ZOLT20MapControlElement extends Base {
   // The property bag.
 
   UserControl_InitProperties(): void {
-    this.#end(logic.bagInit(this.#handle), () => undefined);
+    this.#end(logic.bagInit(this.#filledHandle), () => undefined);
   }
   UserControl_ReadProperties(bag: object): void {
     if (bag === null || typeof bag !== 'object')
@@ -139,10 +180,12 @@ export class ZOLT20MapControlElement extends Base {
       const value = (bag as Record<string, unknown>)[key];
       if (value !== undefined) values.push([entry, checked(value, logic.bagType(entry), key)]);
     }
+    this.#filling.settle();
     for (const [entry, value] of values) logic.bagPut(this.#handle, entry, value);
     this.#end(logic.bagRead(this.#handle), () => undefined);
   }
   UserControl_WriteProperties(): Record<string, string | number> {
+    this.#filling.settle();
     const bag: Record<string, string | number> = {};
     for (let entry = 0; entry < logic.bagCount; ++entry) {
       const key = logic.bagKey(entry, false);
@@ -158,7 +201,8 @@ export class ZOLT20MapControlElement extends Base {
   get undoEnabled(): boolean {
     return logic.history(this.#handle).isOn;
   }
-  set undoEnabled(isOn: boolean) {
+  set undoEnabled(isOn: boolean | null | undefined) {
+    if (isNothing(isOn)) return;
     logic.switchHistory(this.#handle, Boolean(isOn));
     this.#face.show();
   }
@@ -169,16 +213,19 @@ export class ZOLT20MapControlElement extends Base {
     return logic.history(this.#handle).canRedo;
   }
   undo(): void {
+    this.#filling.settle();
     this.#face.undo();
   }
   redo(): void {
+    this.#filling.settle();
     this.#face.redo();
   }
   asStep<Result>(write: () => Result): Result {
-    const isStep = logic.beginStep(this.#handle);
+    const isStep = logic.beginStep(this.#filledHandle);
     try {
       return write();
     } finally {
+      this.#filling.settle();
       if (isStep) logic.endStep(this.#handle);
       this.#face.show();
     }
@@ -189,12 +236,21 @@ export class ZOLT20MapControlElement extends Base {
   get tableNames(): ReadonlyMap<string, string> {
     return this.#tableNames;
   }
-  set tableNames(names: ReadonlyMap<string, string> | Readonly<Record<string, string>>) {
-    this.#tableNames = new Map(names instanceof Map ? names : Object.entries(names ?? {}));
+  set tableNames(names:
+    | ReadonlyMap<string, string>
+    | Readonly<Record<string, string>>
+    | null
+    | undefined,) {
+    if (!isNothing(names) && (typeof names !== 'object' || Array.isArray(names)))
+      throw new TypeError('tableNames takes an object or a Map');
+    const entries = names instanceof Map ? [...names] : Object.entries(names ?? {});
+    if (!entries.flat().every((each) => typeof each === 'string'))
+      throw new TypeError('tableNames takes names that are strings, by codes that are');
+    this.#tableNames = new Map(entries);
     this.#face.nameTables(this.#tableNames);
   }
   dump(): Dump {
-    return dumpOf(logic, this.#handle);
+    return dumpOf(logic, this.#filledHandle);
   }
   madeGesture(): MadeGesture | undefined {
     return logic.madeGesture(this.#handle);
@@ -215,24 +271,7 @@ export class ZOLT20MapControlElement extends Base {
 export function useLogic(from: Logic): void {
   logic = from;
   for (let number = 1; number <= logic.memberCount; ++number) defineMember(number);
-}
-
-function checked(value: unknown, type: ValueType, name: string): string | number {
-  switch (type) {
-    case ValueType.String:
-      if (typeof value === 'string') return value;
-      throw new TypeError(`${name} takes a string`);
-    case ValueType.Integer: {
-      if (typeof value !== 'number' || !Number.isInteger(value))
-        throw new TypeError(`${name} takes a whole number`);
-      // Of what is no number of 32 bits the logic hears that it is none of 16.
-      const kOutside = 0x10000;
-      return Math.max(-kOutside, Math.min(value, kOutside));
-    }
-    default:
-      if (typeof value === 'boolean') return Number(value);
-      throw new TypeError(`${name} takes true or false`);
-  }
+  fillables = fillablesOf(logic);
 }
 
 function defineMember(number: number): void {
@@ -260,6 +299,7 @@ function defineMember(number: number): void {
     };
   if ((traits & kLet) !== 0) {
     property.set = function (this: ZOLT20MapControlElement, value: unknown) {
+      if (isNothing(value)) return; // a framework's way to say that a property is not written
       letMember(this, number, checked(value, type, name));
     };
   }

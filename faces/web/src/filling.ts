@@ -1,0 +1,192 @@
+// What an element is filled with beside the calls of scripts: by its attributes, by a script of
+// JSON inside it, and by properties that were written before it was defined.
+//
+// It is written in the calling order, in whatever order it came: when the element is parsed or
+// comes into a page, and later at the end of the script that changed it, or as soon as anything
+// else is asked of the element.
+import {type Fillable, valueFrom} from './attributes';
+import {lineAndColumn, placeOfFault} from './json_place';
+import {ZOLT20Error} from './logic';
+import {checked, isNothing} from './values';
+
+/** What is filled. */
+export interface Filled {
+  readonly node: HTMLElement;
+  /** In the calling order. */
+  readonly fillables: readonly Fillable[];
+  /** Properties of the element's own that JSON may have. */
+  readonly ownProperties: readonly string[];
+  write(member: number, value: string | number): void;
+  put(property: string, value: unknown): void;
+  fail(error: Error): void;
+}
+
+type Value = string | number;
+
+export class Filling {
+  readonly #filled: Filled;
+  readonly #waiting = new Map<Fillable, Value>();
+  #early: [string, unknown][];
+  readonly #read = new WeakMap<Element, string>(); // the scripts of JSON, with what they said
+  readonly #observer: MutationObserver;
+  #isScheduled = false;
+  #isFirst = true;
+  #given = new Map<number, Value>(); // what the page had when the element came
+
+  constructor(filled: Filled, early: [string, unknown][]) {
+    this.#filled = filled;
+    this.#early = early;
+    this.#observer = new MutationObserver(() => this.#settleUnlessOpen());
+    this.#watch(filled.node, {childList: true, characterData: true, subtree: true});
+    if (early.length > 0) this.#schedule();
+  }
+  #watch(node: Node, what: MutationObserverInit): void {
+    this.#observer.observe(node, what);
+  }
+
+  attributeChanged(name: string, text: string | null): void {
+    const asProperty = !this.#filled.fillables.some(({attribute}) => attribute === name);
+    const fillable = this.#find(name);
+    if (fillable === undefined) return;
+    try {
+      const value = valueFrom(text, fillable, asProperty);
+      if (value !== undefined) this.#waiting.set(fillable, value);
+      else this.#waiting.delete(fillable);
+    } catch (error) {
+      this.#filled.fail(new ZOLT20Error('attribute', 0, (error as Error).message));
+    }
+    this.#schedule();
+  }
+  #find(key: string): Fillable | undefined {
+    const lower = key.toLowerCase();
+    return this.#filled.fillables.find(
+      ({attribute, name}) => attribute === lower || name.toLowerCase() === lower,
+    );
+  }
+
+  /** The element is in a page now. */
+  connected(): void {
+    if (this.#isFirst && this.#isOpen()) {
+      // The parser goes on behind the element when it is done with it.
+      this.#watch(this.#filled.node.parentNode!, {childList: true});
+      document.addEventListener('DOMContentLoaded', () => this.#settleUnlessOpen(), {once: true});
+    }
+    this.#settleUnlessOpen();
+  }
+  #schedule(): void {
+    if (this.#isScheduled) return;
+    this.#isScheduled = true;
+    queueMicrotask(() => {
+      this.#isScheduled = false;
+      this.#settleUnlessOpen();
+    });
+  }
+  #settleUnlessOpen(): void {
+    if (!this.#isFirst || !this.#isOpen()) this.settle();
+  }
+  // Whether a parser may still put something into the element.
+  #isOpen(): boolean {
+    const {node} = this.#filled;
+    if (node.ownerDocument.readyState !== 'loading' || !node.isConnected) return false;
+    for (let at: Node | null = node; at !== null; at = at.parentNode)
+      if (at.nextSibling !== null) return false;
+    return true;
+  }
+
+  /** Writes all that waits, in the calling order. */
+  settle(): void {
+    const isFirst = this.#isFirst;
+    const own: [string, unknown][] = [];
+    for (const child of this.#filled.node.children) {
+      if (child instanceof HTMLScriptElement && child.type === 'application/json')
+        this.#readJson(child, own);
+    }
+    const early = this.#early.splice(0);
+    if (this.#waiting.size + own.length + early.length === 0) return;
+    this.#isFirst = false;
+    const waiting = new Map(this.#waiting);
+    this.#waiting.clear();
+    for (const [name, value] of own) this.#try(() => this.#filled.put(name, value));
+    for (const fillable of this.#filled.fillables) {
+      const value = waiting.get(fillable);
+      if (value === undefined) continue;
+      if (isFirst && typeof value === 'string') this.#given.set(fillable.member, value);
+      this.#try(() => this.#filled.write(fillable.member, value));
+    }
+    for (const [name, value] of early) {
+      try {
+        this.#filled.put(name, value);
+      } catch (error) {
+        reportError(error); // the others are written all the same
+      }
+    }
+  }
+  #try(write: () => void): void {
+    try {
+      write();
+    } catch (error) {
+      this.#filled.fail(error as Error);
+    }
+  }
+
+  /**
+   * Whether a property is written with the text that its attribute gave already, as a framework
+   * does that takes over what a server wrote. It would stand there twice.
+   */
+  isRepeated(member: number, value: Value): boolean {
+    const isSame = this.#given.get(member) === value;
+    this.#given.delete(member);
+    return isSame;
+  }
+  /** The person has begun. What is written from now on is meant. */
+  begun(): void {
+    this.#given.clear();
+  }
+
+  // An attribute counts, where there is one beside the same entry.
+  #readJson(script: HTMLScriptElement, own: [string, unknown][]): void {
+    const text = script.text;
+    if (text.trim() === '' || this.#read.get(script) === text) return;
+    const values = this.#parsed(text);
+    if (values === undefined && this.#isOpen()) return; // its end is still to come
+    this.#read.set(script, text);
+    if (values instanceof ZOLT20Error) this.#filled.fail(values);
+    else this.#takeEntries(values ?? {}, own);
+  }
+  #takeEntries(values: object, own: [string, unknown][]): void {
+    for (const [key, value] of Object.entries(values)) {
+      if (isNothing(value)) continue;
+      try {
+        this.#takeEntry(key, value, own);
+      } catch (error) {
+        this.#filled.fail(new ZOLT20Error('json', 0, (error as Error).message));
+      }
+    }
+  }
+  // The object of the text, or what is wrong with it; nothing for one that may go on.
+  #parsed(text: string): object | ZOLT20Error | undefined {
+    try {
+      const values: unknown = JSON.parse(text);
+      if (values !== null && typeof values === 'object' && !Array.isArray(values)) return values;
+      return new ZOLT20Error('json', 0, 'The JSON is no object');
+    } catch {
+      if (this.#isOpen()) return undefined;
+      const place = placeOfFault(text);
+      const {line, column} = lineAndColumn(text, place);
+      const what = place < text.length ? `${JSON.stringify(text[place])} is wrong` : 'it ends';
+      return new ZOLT20Error('json', 0, `The JSON: ${what} at line ${line}, column ${column}`);
+    }
+  }
+  #takeEntry(key: string, value: unknown, own: [string, unknown][]): void {
+    const fillable = this.#find(key);
+    if (fillable !== undefined) {
+      const {type} = fillable;
+      const taken = checked(value, type, `${key} in the JSON`);
+      if (!this.#waiting.has(fillable)) this.#waiting.set(fillable, taken);
+    } else if (this.#filled.ownProperties.includes(key)) {
+      own.push([key, value]);
+    } else {
+      throw new TypeError(`${key} in the JSON is no property of the element`);
+    }
+  }
+}
