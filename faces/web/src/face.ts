@@ -4,7 +4,8 @@
 // before the host hears of an event in it. What a person does becomes a gesture.
 import {placeInCaseRows, placeOfRow, sizeCaseRows} from './case_rows';
 import {ComboView} from './combo';
-import {make, showText} from './dom';
+import {make} from './dom';
+import {Filters} from './filters';
 import {layOut} from './layout';
 import {errorOf} from './errors';
 import type {Address, Logic} from './logic';
@@ -34,14 +35,13 @@ export class Face implements TypedInto {
   readonly node: HTMLElement;
   readonly #told = new Told();
   readonly messages: MessageBox;
+  readonly filters: Filters;
 
   readonly #owner: FaceOwner;
   readonly #root: ShadowRoot;
   readonly #views = new Map<Address, View>();
   readonly #addresses = new Map<string, Address>();
   readonly #controls = new WeakMap<Element, Address>(); // by the node that has the focus
-  readonly #filters = new Map<string, HTMLInputElement>();
-  readonly #marks = new Map<string, HTMLElement>();
   #isShowing = false; // what the nodes tell comes from us, and not from a person
   #isLeaving = false;
   #page = -1;
@@ -56,6 +56,12 @@ export class Face implements TypedInto {
     this.handle = handle;
     this.#root = root;
     this.#owner = owner;
+    this.filters = new Filters({
+      logic,
+      handle,
+      addressOf: (list) => this.#addresses.get(list)!,
+      listOf: (list) => this.#viewOf(list) as ListView,
+    });
     for (const control of logic.controls(handle)) this.#makeView(control);
     this.node = layOut(this);
     sizeCaseRows(logic, this.nodeOf('fracase'), (name) => this.#addresses.get(name)!);
@@ -136,40 +142,6 @@ export class Face implements TypedInto {
     if (this.logic.is(control, Ask.TakesFocus)) this.#controls.set(focus, control);
     return view;
   }
-  /** The line that filters a list. */
-  makeFilter(list: string): HTMLElement {
-    const view = this.#viewOf(list) as ListView;
-    const name = spokenName(this.logic, this.#addresses.get(list)!);
-    const filter = make('input', {
-      type: 'search',
-      id: `${list}.filter`,
-      class: 'filter',
-      part: 'input filter',
-      autocomplete: 'off',
-      'aria-label': `Filter ${name}`,
-      'aria-keyshortcuts': 'Control+F',
-      placeholder: 'Filter (Ctrl+F)',
-    });
-    filter.spellcheck = false;
-    filter.addEventListener('input', () => {
-      view.rows.setFilter(filter.value);
-      this.#showMarks(list);
-    });
-    this.#filters.set(list, filter);
-    return filter;
-  }
-  /** What tells of marks in a list that its filter hides. */
-  makeMarks(list: string): HTMLElement {
-    const marks = make('div', {id: `${list}.marks`, class: 'marks', part: 'marks', role: 'status'});
-    this.#marks.set(list, marks);
-    return marks;
-  }
-  #showMarks(list: string): void {
-    const marks = this.#marks.get(list);
-    if (marks === undefined) return;
-    showText(marks, this.logic.hiddenMarks(this.handle, this.#addresses.get(list)!));
-    marks.title = marks.textContent ?? '';
-  }
   #viewOf(name: string): View {
     return this.#views.get(this.#addresses.get(name)!)!;
   }
@@ -178,7 +150,7 @@ export class Face implements TypedInto {
   }
   nameTables(names: ReadonlyMap<string, string>): void {
     (this.#viewOf('lsttables') as ListView).rows.nameRows(names);
-    this.#showMarks('lsttables');
+    this.filters.showMarks('lsttables');
   }
 
   // Showing.
@@ -239,9 +211,7 @@ export class Face implements TypedInto {
     view.show(what);
     view.enable?.(logic.is(control, Ask.Enabled));
     view.node.hidden = !logic.is(control, Ask.Visible);
-    const filter = this.#filters.get(view.focus.id);
-    if (filter !== undefined) filter.disabled = !logic.is(control, Ask.Enabled);
-    this.#showMarks(view.focus.id);
+    this.filters.show(view.focus.id, logic.is(control, Ask.Enabled));
     placeInCaseRows(logic, this.handle, control, view);
     this.#showName(control, view);
   }
@@ -436,7 +406,7 @@ export class Face implements TypedInto {
   #tab(event: KeyboardEvent): void {
     const isForward = !event.shiftKey;
     const now = event.target as HTMLElement;
-    const filtered = [...this.#filters].find(([, filter]) => filter === now)?.[0];
+    const filtered = this.filters.listFilteredBy(now);
     const list = filtered === undefined ? 0 : this.#addresses.get(filtered)!;
     const from = list !== 0 ? list : this.logic.focused(this.handle);
     // From a filter forward to its list.
@@ -462,14 +432,8 @@ export class Face implements TypedInto {
   }
   #focusFilter(event: KeyboardEvent): void {
     const focused = this.logic.focused(this.handle);
-    const own = focused === 0 ? undefined : this.#filters.get(this.#views.get(focused)!.focus.id);
-    const canBeSeen = (filter: HTMLInputElement) => filter.checkVisibility() && !filter.disabled;
-    const filter =
-      own !== undefined && canBeSeen(own) ? own : [...this.#filters.values()].find(canBeSeen);
-    if (filter === undefined) return;
-    event.preventDefault();
-    filter.focus();
-    filter.select();
+    const list = focused === 0 ? undefined : this.#views.get(focused)!.focus.id;
+    if (this.filters.focus(list)) event.preventDefault();
   }
   // A box's own undo comes first, as long as it has anything to take back.
   #takeBack(event: KeyboardEvent, isUndo: boolean): void {

@@ -61,9 +61,9 @@ function ownNode(face: Face, kind: PartKind, name: string): HTMLElement {
     case PartKind.Own:
       return face.nodeOf(name);
     case PartKind.Filter:
-      return face.makeFilter(name);
+      return face.filters.make(name);
     case PartKind.Marks:
-      return face.makeMarks(name);
+      return face.filters.makeMarks(name);
     case PartKind.Tools:
       return tools(face);
     default:

@@ -1,0 +1,80 @@
+// The lines above lists that filter them, and what is told of marks that they hide.
+import {make, showText} from './dom';
+import type {Logic} from './logic';
+import {spokenName} from './text_boxes';
+import type {ListView} from './views';
+
+/** What filters know of their form. */
+export interface Filtered {
+  readonly logic: Logic;
+  readonly handle: number;
+  addressOf(list: string): number;
+  listOf(list: string): ListView;
+}
+
+export class Filters {
+  readonly #form: Filtered;
+  readonly #filters = new Map<string, HTMLInputElement>();
+  readonly #marks = new Map<string, HTMLElement>();
+
+  constructor(form: Filtered) {
+    this.#form = form;
+  }
+
+  /** The line that filters a list. */
+  make(list: string): HTMLElement {
+    const name = spokenName(this.#form.logic, this.#form.addressOf(list));
+    const filter = make('input', {
+      type: 'search',
+      id: `${list}.filter`,
+      class: 'filter',
+      part: 'input filter',
+      autocomplete: 'off',
+      'aria-label': `Filter ${name}`,
+      'aria-keyshortcuts': 'Control+F',
+      placeholder: 'Filter (Ctrl+F)',
+    });
+    filter.spellcheck = false;
+    filter.addEventListener('input', () => {
+      this.#form.listOf(list).rows.setFilter(filter.value);
+      this.showMarks(list);
+    });
+    this.#filters.set(list, filter);
+    return filter;
+  }
+  /** What tells of marks in a list that its filter hides. */
+  makeMarks(list: string): HTMLElement {
+    const marks = make('div', {id: `${list}.marks`, class: 'marks', part: 'marks', role: 'status'});
+    this.#marks.set(list, marks);
+    return marks;
+  }
+  showMarks(list: string): void {
+    const {logic, handle} = this.#form;
+    const marks = this.#marks.get(list);
+    if (marks === undefined) return;
+    showText(marks, logic.hiddenMarks(handle, this.#form.addressOf(list)));
+    marks.title = marks.textContent ?? '';
+  }
+  /** Shows what belongs to a list, if it is one. */
+  show(list: string, isEnabled: boolean): void {
+    const filter = this.#filters.get(list);
+    if (filter !== undefined) filter.disabled = !isEnabled;
+    this.showMarks(list);
+  }
+
+  /** The list that a node filters, if it is a filter. */
+  listFilteredBy(node: Element): string | undefined {
+    return [...this.#filters].find(([, filter]) => filter === node)?.[0];
+  }
+  /** Gives the focus to the filter of that list if it can be seen, or else to the first that can. */
+  focus(list: string | undefined): boolean {
+    const own = list === undefined ? undefined : this.#filters.get(list);
+    const canBeSeen = (filter: HTMLInputElement) => filter.checkVisibility() && !filter.disabled;
+    const filter =
+      own !== undefined && canBeSeen(own) ? own : [...this.#filters.values()].find(canBeSeen);
+    if (filter === undefined) return false;
+    filter.focus();
+    filter.select();
+    return true;
+  }
+}
