@@ -22,6 +22,7 @@ Variant Checked(Variant value) {
 Element::Element(const Page& page, int id)
     : page_(page), id_(id), control_(*this), person_(control_), lists_(control_, page.folded) {
   control_.UserControl_InitProperties();
+  new_ = control_.Save();
   person_.TakeChanges();
 }
 
@@ -60,6 +61,11 @@ Status Element::ReadProperties() {
 std::vector<Variant> Element::WriteProperties() {
   control_.UserControl_WriteProperties(*this);
   return std::exchange(written_, {});
+}
+
+Status Element::Renew() {
+  if (person_.IsBusy()) return Status::kNotTaken;
+  return person_.Try([&] { control_.Restore(new_); });
 }
 
 namespace {

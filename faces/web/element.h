@@ -50,6 +50,8 @@ class Element final : private ControlHost, private PropertyBag {
   Status ReadProperties();
   /// The values in the order of writing.
   std::vector<Variant> WriteProperties();
+  /// Makes the control a new one again. Not taken within another call.
+  Status Renew();
 
   /// What the person does, and what it comes to.
   faces::Person& person() { return person_; }
@@ -74,6 +76,7 @@ class Element final : private ControlHost, private PropertyBag {
   const Page& page_;
   int id_;
   ZOLT20MapControl control_;
+  ControlSnapshot new_;
   faces::Person person_;
   DrawnLists lists_;
   std::array<std::optional<Variant>, 14> bag_;

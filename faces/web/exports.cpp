@@ -275,6 +275,10 @@ ZOLT20_EXPORT(bag_write) void bag_write(Element* element, int entry) {
   Give(element->WriteProperties()[static_cast<std::size_t>(entry)]);
 }
 
+ZOLT20_EXPORT(renew) Status renew(Element* element) {
+  return element->Renew();
+}
+
 ZOLT20_EXPORT(error_number) int error_number(Element* element) {
   return element->person().failure().number;
 }

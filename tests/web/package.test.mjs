@@ -32,6 +32,10 @@ const kOwnMembers = [
   'dump',
   'madeGesture',
   'observedAttributes',
+  'formAssociated',
+  ...['form', 'labels', 'type', 'value', 'name', 'disabled', 'readOnly', 'required'],
+  ...['validity', 'validationMessage', 'willValidate'],
+  ...['checkValidity', 'reportValidity', 'setCustomValidity'],
   'statistics',
   'version',
   'focus',
@@ -44,6 +48,8 @@ const kOwnEvents = [
   'gesturemade',
   'undone',
   'redone',
+  'input',
+  'change',
 ];
 
 /** @type {(file: string) => string} */
@@ -167,12 +173,10 @@ describe('custom-elements.json', () => {
 
   test('names an attribute for each member that can be written', () => {
     const said = declaration.attributes.map(({name, fieldName}) => [fieldName, name]);
+    const written = kMembers.filter(({canSet}) => canSet).map(({name}) => name);
     assert.deepEqual(
       said.map(([field]) => field).sort(),
-      kMembers
-        .filter(({canSet}) => canSet)
-        .map(({name}) => name)
-        .sort(),
+      [...written, 'name', 'disabled', 'readOnly', 'required'].sort(),
     );
     assert.equal(new Set(said.map(([, name]) => name)).size, said.length);
     assert.deepEqual(declaration.attributes.find(({name}) => name === 'tab')?.type, {

@@ -42,6 +42,16 @@ element.undoEnabled = false;
 const sum: number = element.asStep(() => 1 + 1);
 if (element.canUndo && sum > 0) element.undo();
 if (element.canRedo) element.redo();
+element.name = 'rule';
+element.required = element.readOnly || element.disabled;
+if (!element.reportValidity())
+  element.setCustomValidity(element.validity.valueMissing ? 'empty' : '');
+const held: [HTMLFormElement | null, string, number] = [
+  element.form,
+  element.value,
+  element.labels.length,
+];
+element.addEventListener('change', (event: Event) => event.target !== held[0]);
 element.tableNames = {CUSTOMER: 'Customers'};
 element.tableNames = new Map([['CUSTOMER', 'Customers']]);
 const focus: string | null = element.dump().focus;
@@ -64,6 +74,8 @@ element.prpStrSQLPart = 'D';
 element.prpstrSelectedFields = '';
 // @ts-expect-error
 element.canUndo = true;
+// @ts-expect-error
+element.value = 'select';
 
 // Values of another type.
 // @ts-expect-error

@@ -131,9 +131,15 @@ for (const each of declarationsIn(types, 'export declare class ZOLT20MapControlE
   }
   members.set(each.name, field);
 }
-// Of each member that can be written an attribute.
+// Of each member that can be written an attribute, and those of a control of a form.
 /** @type {{name: string, type: {text: string}, description?: string, fieldName: string}[]} */
-const attributes = fillablesOf(logic).map(({attribute, name}) => ({
+const attributes = [
+  ...fillablesOf(logic),
+  ...['name', 'disabled', 'readOnly', 'required'].map((name) => ({
+    attribute: name.toLowerCase(),
+    name,
+  })),
+].map(({attribute, name}) => ({
   name: attribute,
   type: members.get(name)?.type ?? {text: 'string'},
   ...described(members.get(name)?.description ?? ''),

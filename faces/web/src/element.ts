@@ -4,16 +4,13 @@ import {type Dump, dumpOf} from './dump';
 import {errorOf} from './errors';
 import {Face, type FaceOwner} from './face';
 import {Filling} from './filling';
+import {FormElement, type FormPart, type FormState, joinForm} from './form_element';
 import type {Listener, Logic, MadeGesture} from './logic';
-import {type Status, ValueType} from './numbers';
+import {Ask, AskText, Status, ValueType} from './numbers';
 import {styleSheets} from './style';
 import {checked, isNothing} from './values';
 
 type Value = string | number | boolean;
-
-// What is defined once the logic is there. The class stands without it, so that a program without a
-// page can import it.
-const Base = globalThis.HTMLElement ?? (class {} as typeof HTMLElement);
 
 let logic: Logic;
 let fillables: Fillable[] = []; // what attributes write
@@ -24,10 +21,13 @@ let letMember: (element: ZOLT20MapControlElement, member: number, value: string 
 let getMember: (element: ZOLT20MapControlElement, member: number, type: ValueType) => Value;
 let callMember: (element: ZOLT20MapControlElement, member: number, argument: number) => void;
 
-export class ZOLT20MapControlElement extends Base {
+export class ZOLT20MapControlElement extends FormElement {
   readonly #handle: number;
   readonly #face: Face;
   readonly #filling: Filling;
+  readonly #form: FormPart;
+  #events = 0; // of the control that are being told
+  #bag: object | undefined;
   #tableNames: ReadonlyMap<string, string> = new Map();
 
   // What the logic and the face tell. It lives as long as the element, and the control as long as
@@ -35,8 +35,11 @@ export class ZOLT20MapControlElement extends Base {
   readonly #listener: Listener & FaceOwner = {
     event: (number) => {
       this.#face.show();
+      this.#form.keep();
+      ++this.#events;
       this.#tell(new Event(logic.eventName(number), {bubbles: true, composed: true}));
       this.#filling.settle(); // an answer by an attribute belongs to the event as well
+      --this.#events;
     },
     propertyChanged: (number) => {
       this.#face.show();
@@ -54,10 +57,13 @@ export class ZOLT20MapControlElement extends Base {
       this.#tellOf('historychanged', {canUndo: this.canUndo, canRedo: this.canRedo}),
     gestureMade: () => {
       this.#filling.begun();
+      const {user, control} = logic.madeGesture(this.#handle) ?? {};
+      const isTyping = control === 'TxtOutput' && (user === 'type' || user === 'key');
+      this.#form.look(isTyping ? 'typing' : 'person');
       this.#tell(new Event('gesturemade', {bubbles: true, composed: true}));
     },
-    undone: () => this.#tell(new Event('undone', {bubbles: true, composed: true})),
-    redone: () => this.#tell(new Event('redone', {bubbles: true, composed: true})),
+    undone: () => this.#tookBack('undone'),
+    redone: () => this.#tookBack('redone'),
   };
 
   constructor() {
@@ -67,7 +73,12 @@ export class ZOLT20MapControlElement extends Base {
     this.#dress(root);
     this.#handle = logic.make(this.#listener);
     this.#face = new Face(logic, this.#handle, root, this.#listener);
-    this.#filling = new Filling(
+    this.#form = this.#joinForm();
+    this.#filling = this.#makeFilling(early);
+  }
+
+  #makeFilling(early: [string, unknown][]): Filling {
+    return new Filling(
       {
         node: this,
         fillables,
@@ -83,6 +94,46 @@ export class ZOLT20MapControlElement extends Base {
       },
       early,
     );
+  }
+  #joinForm(): FormPart {
+    const face = this.#face;
+    return joinForm(this, {
+      get result() {
+        return logic.text(face.addressOf('TxtOutput'), AskText.Text);
+      },
+      get tab() {
+        return logic.number(face.addressOf('tabVrn'), Ask.Value);
+      },
+      box: this.shadowRoot!.getElementById('TxtOutput')!,
+      missing: 'Please compose a statement.',
+      takeUse: (use) => face.takeUse(use),
+      takeState: (state) => this.#takeState(state),
+      reset: () => this.#reset(),
+    });
+  }
+  // Back to what the page has for the control. Within an event of the control, when that is over.
+  #reset(): void {
+    this.#filling.settle();
+    if (logic.renew(this.#handle) === Status.NotTaken) {
+      queueMicrotask(() => this.#reset());
+      return;
+    }
+    if (this.#bag !== undefined) this.UserControl_ReadProperties(this.#bag);
+    this.#filling.refill();
+    this.#face.show();
+    this.#form.look('host');
+  }
+  // Typed into the Result, so that it comes back as it was to the letter.
+  #takeState({result, tab}: FormState): void {
+    const {undoEnabled} = this;
+    this.#filling.settle();
+    this.undoEnabled = false;
+    const box = this.#face.addressOf('TxtOutput');
+    logic.type(this.#handle, box, result.replaceAll('\r\n', '\n'), result.length, '\n');
+    this.undoEnabled = undoEnabled;
+    this.#face.showAnew(box);
+    (this as Record<string, unknown>)['prpTab'] = tab;
+    this.#form.look('host');
   }
 
   // What was written before the element became one, in the order of writing.
@@ -103,7 +154,8 @@ export class ZOLT20MapControlElement extends Base {
       root.adoptedStyleSheets = styleSheets(this.ownerDocument, logic);
   }
 
-  connectedCallback(): void {
+  override connectedCallback(): void {
+    super.connectedCallback();
     this.#dress(this.shadowRoot!);
     this.#filling.connected();
     this.#face.restorePlaces();
@@ -119,11 +171,13 @@ export class ZOLT20MapControlElement extends Base {
 
   // Attributes.
 
-  static get observedAttributes(): string[] {
+  static override get observedAttributes(): string[] {
     // Frameworks on a server write properties as attributes of the properties' names.
-    return fillables.flatMap(({attribute, name}) => [attribute, name.toLowerCase()]);
+    const filling = fillables.flatMap(({attribute, name}) => [attribute, name.toLowerCase()]);
+    return [...filling, ...FormElement.observedAttributes];
   }
-  attributeChangedCallback(name: string, before: string | null, text: string | null): void {
+  override attributeChangedCallback(name: string, before: string | null, text: string | null) {
+    super.attributeChangedCallback(name, before, text);
     if (text !== before) this.#filling.attributeChanged(name, text);
   }
 
@@ -152,6 +206,7 @@ export class ZOLT20MapControlElement extends Base {
   }
   #write(member: number, value: string | number): void {
     this.#end(logic.let(this.#handle, member, value), () => undefined);
+    this.#filling.wrote(member, value);
   }
   // The handle, for what asks of the control or acts on it: attributes that wait come first.
   get #filledHandle(): number {
@@ -162,6 +217,8 @@ export class ZOLT20MapControlElement extends Base {
     const error = errorOf(logic, this.#handle, status);
     const value = error === undefined ? result() : undefined;
     this.#face.show();
+    if (this.#events === 0) this.#form.look('host');
+    else this.#form.keep();
     if (error !== undefined) throw error;
     return value as Result;
   }
@@ -169,6 +226,7 @@ export class ZOLT20MapControlElement extends Base {
   // The property bag.
 
   UserControl_InitProperties(): void {
+    this.#bag = undefined;
     this.#end(logic.bagInit(this.#filledHandle), () => undefined);
   }
   UserControl_ReadProperties(bag: object): void {
@@ -182,6 +240,7 @@ export class ZOLT20MapControlElement extends Base {
     }
     this.#filling.settle();
     for (const [entry, value] of values) logic.bagPut(this.#handle, entry, value);
+    this.#bag = {...bag};
     this.#end(logic.bagRead(this.#handle), () => undefined);
   }
   UserControl_WriteProperties(): Record<string, string | number> {
@@ -214,11 +273,11 @@ export class ZOLT20MapControlElement extends Base {
   }
   undo(): void {
     this.#filling.settle();
-    this.#face.undo();
+    this.#face.gate.byHost(() => this.#face.undo());
   }
   redo(): void {
     this.#filling.settle();
-    this.#face.redo();
+    this.#face.gate.byHost(() => this.#face.redo());
   }
   asStep<Result>(write: () => Result): Result {
     const isStep = logic.beginStep(this.#filledHandle);
@@ -259,6 +318,10 @@ export class ZOLT20MapControlElement extends Base {
     this.#face.takeFocus();
   }
 
+  #tookBack(what: 'undone' | 'redone'): void {
+    this.#form.look(this.#face.gate.isHosts ? 'host' : 'person');
+    this.#tell(new Event(what, {bubbles: true, composed: true}));
+  }
   #tell(event: Event): boolean {
     return this.dispatchEvent(event);
   }

@@ -32,6 +32,7 @@ export interface Exports {
   bag_put(element: number, entry: number, value: number): void;
   bag_read(element: number): Status;
   bag_write(element: number, entry: number): void;
+  renew(element: number): Status;
   error_number(element: number): number;
   error_kind(element: number): void;
   error_text(element: number): void;

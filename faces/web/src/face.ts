@@ -6,6 +6,7 @@ import {placeInCaseRows, placeOfRow, sizeCaseRows} from './case_rows';
 import {ComboView} from './combo';
 import {make} from './dom';
 import {Filters} from './filters';
+import {Gate, Use} from './gate';
 import {layOut} from './layout';
 import {errorOf} from './errors';
 import type {Address, Logic} from './logic';
@@ -36,6 +37,7 @@ export class Face implements TypedInto {
   readonly #told = new Told();
   readonly messages: MessageBox;
   readonly filters: Filters;
+  readonly gate = new Gate();
 
   readonly #owner: FaceOwner;
   readonly #root: ShadowRoot;
@@ -59,7 +61,7 @@ export class Face implements TypedInto {
     this.filters = new Filters({
       logic,
       handle,
-      addressOf: (list) => this.#addresses.get(list)!,
+      addressOf: (list) => this.addressOf(list),
       listOf: (list) => this.#viewOf(list) as ListView,
     });
     for (const control of logic.controls(handle)) this.#makeView(control);
@@ -145,6 +147,9 @@ export class Face implements TypedInto {
   #viewOf(name: string): View {
     return this.#views.get(this.#addresses.get(name)!)!;
   }
+  addressOf(name: string): Address {
+    return this.#addresses.get(name)!;
+  }
   nodeOf(name: string): HTMLElement {
     return this.#viewOf(name).node;
   }
@@ -213,6 +218,7 @@ export class Face implements TypedInto {
     view.node.hidden = !logic.is(control, Ask.Visible);
     this.filters.show(view.focus.id, logic.is(control, Ask.Enabled));
     placeInCaseRows(logic, this.handle, control, view);
+    this.gate.mark(view.focus, logic.number(control, Ask.Kind));
     this.#showName(control, view);
   }
   #showName(control: Address, view: View): void {
@@ -257,13 +263,34 @@ export class Face implements TypedInto {
 
   // What a person does.
 
+  /** What a person may do from now on. */
+  takeUse(use: Use): void {
+    this.gate.use = use;
+    this.#closePopups();
+    this.node.inert = use === Use.None;
+    for (const [control, view] of this.#views)
+      this.gate.mark(view.focus, this.logic.number(control, Ask.Kind));
+    for (const tool of this.#root.querySelectorAll<HTMLElement>('.tool'))
+      this.gate.mark(tool, Kind.Button);
+  }
+  // Whether a gesture is not taken; what the node shows of it is shown anew.
+  #stops(gesture: Gesture, control: Address): boolean {
+    if (this.#isShowing) return true;
+    if (this.gate.lets(gesture)) return false;
+    this.showAnew(control);
+    return true;
+  }
+  /** Shows all of a control, whatever its node shows. */
+  showAnew(control: Address): void {
+    this.#quietly(() => this.#show(control, What.Everything));
+  }
   gesture(kind: Gesture, control: Address, number = -1): void {
-    if (this.#isShowing) return;
+    if (this.#stops(kind, control)) return;
     this.#typingIn = 0;
     this.#end(this.logic.gesture(this.handle, kind, control, number));
   }
   typed(box: Address, shown: string, caret: number, lineEnd: string): void {
-    if (this.#isShowing || !this.#views.has(box)) return;
+    if (!this.#views.has(box) || this.#stops(Gesture.Type, box)) return;
     this.#typingIn = box;
     this.#end(this.logic.type(this.handle, box, shown, caret, lineEnd));
   }
@@ -271,7 +298,7 @@ export class Face implements TypedInto {
     return this.#typingIn === box;
   }
   keyed(box: Address, first: number, behind: number, code: number): void {
-    if (this.#isShowing || !this.#views.has(box)) return;
+    if (!this.#views.has(box) || this.#stops(Gesture.Key, box)) return;
     const before = this.logic.text(box, AskText.Text);
     this.#end(this.logic.typeKey(this.handle, box, first, behind, code));
     // A key that was dropped leaves the box's own undo.
@@ -291,13 +318,13 @@ export class Face implements TypedInto {
   }
 
   undo(): void {
-    if (this.logic.undo(this.handle) !== Status.Done) return;
+    if (!this.gate.lets() || this.logic.undo(this.handle) !== Status.Done) return;
     this.show();
     this.#tell();
     this.#owner.undone();
   }
   redo(): void {
-    if (this.logic.redo(this.handle) !== Status.Done) return;
+    if (!this.gate.lets() || this.logic.redo(this.handle) !== Status.Done) return;
     this.show();
     this.#tell();
     this.#owner.redone();
@@ -333,6 +360,7 @@ export class Face implements TypedInto {
   }
   /** The control that has the focus in the form gets that of the page, or else the first one. */
   takeFocus(): void {
+    if (this.gate.use === Use.None) return;
     if (this.logic.focused(this.handle) !== 0) this.#showFocus(true);
     else this.#enter(true);
   }

@@ -23,9 +23,18 @@ export interface Filled {
 
 type Value = string | number;
 
+// What stays when a form is reset, whoever wrote it: what there is to choose from, and how it is
+// shown. Of the first two each write adds.
+const kAdding = ['PrpStrTables', 'PrpStrFields'];
+const kStaying = [...kAdding, 'prpParentorChild', 'prpintTabcount', 'Syntax_Highlight'];
+
 export class Filling {
   readonly #filled: Filled;
   readonly #waiting = new Map<Fillable, Value>();
+  // What attributes and JSON say now, and what stays at a reset.
+  readonly #attributes = new Map<Fillable, Value>();
+  readonly #json = new Map<Fillable, Value>();
+  readonly #staying = new Map<number, Value[]>();
   #early: [string, unknown][];
   readonly #read = new WeakMap<Element, string>(); // the scripts of JSON, with what they said
   readonly #observer: MutationObserver;
@@ -50,8 +59,10 @@ export class Filling {
     if (fillable === undefined) return;
     try {
       const value = valueFrom(text, fillable, asProperty);
-      if (value !== undefined) this.#waiting.set(fillable, value);
-      else this.#waiting.delete(fillable);
+      for (const values of [this.#waiting, this.#attributes]) {
+        if (value !== undefined) values.set(fillable, value);
+        else values.delete(fillable);
+      }
     } catch (error) {
       this.#filled.fail(new ZOLT20Error('attribute', 0, (error as Error).message));
     }
@@ -129,6 +140,26 @@ export class Filling {
     }
   }
 
+  /** A member was written. */
+  wrote(member: number, value: Value): void {
+    const name = this.#filled.fillables.find((each) => each.member === member)!.name;
+    if (!kStaying.includes(name)) return;
+    const before = kAdding.includes(name) ? (this.#staying.get(member) ?? []) : [];
+    this.#staying.set(member, [...before, value]);
+  }
+  /** Fills the control, which is a new one again, with what stays and what the page has for it. */
+  refill(): void {
+    const staying = new Map(this.#staying);
+    this.#staying.clear();
+    for (const fillable of this.#filled.fillables) {
+      const {member, name} = fillable;
+      const value = this.#attributes.get(fillable) ?? this.#json.get(fillable);
+      const given = kStaying.includes(name) || value === undefined ? [] : [value];
+      for (const each of staying.get(member) ?? given)
+        this.#try(() => this.#filled.write(member, each));
+    }
+  }
+
   /**
    * Whether a property is written with the text that its attribute gave already, as a framework
    * does that takes over what a server wrote. It would stand there twice.
@@ -182,6 +213,7 @@ export class Filling {
     if (fillable !== undefined) {
       const {type} = fillable;
       const taken = checked(value, type, `${key} in the JSON`);
+      this.#json.set(fillable, taken);
       if (!this.#waiting.has(fillable)) this.#waiting.set(fillable, taken);
     } else if (this.#filled.ownProperties.includes(key)) {
       own.push([key, value]);

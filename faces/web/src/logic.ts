@@ -286,6 +286,11 @@ export class Logic {
     this.#exports.bag_write(handle, entry);
   }
 
+  /** Makes the control a new one again; not within another call. */
+  renew(handle: number): Status {
+    return this.#exports.renew(handle);
+  }
+
   /** The error of the last call of the element that ended with one. */
   error(handle: number): ZOLT20Error {
     this.#exports.error_kind(handle);
