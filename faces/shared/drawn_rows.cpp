@@ -55,14 +55,15 @@ int DrawnRows::DrawnRow(int row) const {
   return isDrawn ? static_cast<int>(found - drawn_.begin()) : -1;
 }
 
-String DrawnRows::HiddenMarks() const {
+String DrawnRows::HiddenMarks(const Words& words) const {
   if (!IsFiltered() || rows_.kind() != Kind::ListBox) return {};
   const auto& list = static_cast<const ListBox&>(rows_);
   const auto shown =
       std::count_if(drawn_.begin(), drawn_.end(), [&](int row) { return list.Selected(row); });
   const auto all = list.SelCount();
   if (shown == all) return {};
-  return FromAscii(std::to_string(all) + " marked, " + std::to_string(shown) + " shown");
+  return Filled(words[Word::hiddenMarks], {{u"marked", FromAscii(std::to_string(all))},
+                                           {u"shown", FromAscii(std::to_string(shown))}});
 }
 
 }  // namespace zolt20::faces

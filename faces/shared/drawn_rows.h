@@ -6,6 +6,7 @@
 #include <map>
 #include <vector>
 
+#include "faces/shared/words.h"
 #include "surface/list_box.h"
 
 namespace zolt20::faces {
@@ -41,7 +42,7 @@ class DrawnRows {
 
   /// What a person has to know of marks that can't be seen, such as "3 marked, 1 shown". "" while
   /// all are shown.
-  String HiddenMarks() const;
+  String HiddenMarks(const Words& words = Words::English()) const;
 
  private:
   bool Holds(StringView text) const;

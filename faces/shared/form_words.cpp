@@ -1,74 +1,11 @@
 #include "faces/shared/form_words.h"
 
-#include <algorithm>
-#include <array>
-#include <iterator>
+#include <optional>
 
 #include "surface/simple_controls.h"
 
 namespace zolt20::faces {
 namespace {
-
-struct NamedControl {
-  ControlName control;
-  const char16_t* name;
-};
-
-// Names of controls that have no caption, or one that tells too little.
-constexpr auto kOwnNames = std::to_array<NamedControl>({
-    {ControlName::tabVrn, u"Pages"},
-    {ControlName::TxtOutput, u"Result"},
-    {ControlName::lsttables, u"Tables"},
-    {ControlName::lstFunctions, u"Functions"},
-    {ControlName::lstFields, u"Fields"},
-    {ControlName::lstSelectedFields, u"Selected fields"},
-    {ControlName::lstGroupby, u"Group By"},
-    {ControlName::cmdMoveOne, u"Add marked fields"},
-    {ControlName::cmdMoveAll, u"Add all fields"},
-    {ControlName::cmdRemoveOne, u"Remove marked fields"},
-    {ControlName::cmdRemoveAll, u"Remove all fields"},
-    {ControlName::lstorderbyasc, u"Order By Asc"},
-    {ControlName::lstorderbydesc, u"Order By Desc"},
-    {ControlName::cboWhereFields, u"Operand1"},
-    {ControlName::cboOper, u"Operator"},
-    {ControlName::cboWhereFields1, u"Value"},
-    {ControlName::FrawhereCondition, u"Where condition"},
-    {ControlName::txtwhereCondition, u"Where condition"},
-    {ControlName::FraCondition, u"Condition to complete"},
-    {ControlName::txtCondition, u"Condition to complete"},
-    {ControlName::txtAsSet, u"As set with rows"},
-    {ControlName::Shape1, u"Order"},
-    {ControlName::txtSelectDo, u"SelectDo statements"},
-    {ControlName::txtSelectEOS, u"SelectEOS statements"},
-    {ControlName::txtselectempty, u"SelectEmpty statements"},
-    {ControlName::txtSelectError, u"SelectError statements"},
-    {ControlName::Frainitial, u"Instructions"},
-    {ControlName::txtCond, u"If condition"},
-    {ControlName::txtStmt1, u"Then, Statement1"},
-    {ControlName::txtStmt2, u"Else, Statement2"},
-    {ControlName::txtWhlCnd, u"While expression"},
-    {ControlName::txtWhlStm, u"While statement"},
-    {ControlName::txtRepCnd, u"Until expression"},
-    {ControlName::txtRepStm, u"Repeat statement"},
-    {ControlName::txtVariable, u"For variable"},
-    {ControlName::txtinitval, u"For initial value"},
-    {ControlName::txtFinVal, u"For final value"},
-    {ControlName::txtStep, u"For step"},
-    {ControlName::txtForStmt, u"For statement"},
-    {ControlName::txtcaseexp, u"Case expression"},
-    {ControlName::TxtDef, u"Default statement"},
-    {ControlName::fracase, u"Case rows"},
-    {ControlName::TxtExpr, u"Case value"},
-    {ControlName::txtStmt, u"Case statements"},
-    {ControlName::VscrCase, u"Scroll case rows"},
-});
-
-const char16_t* OwnName(ControlName name) {
-  const auto* found =
-      std::find_if(std::begin(kOwnNames), std::end(kOwnNames),
-                   [name](const NamedControl& each) { return each.control == name; });
-  return found == std::end(kOwnNames) ? nullptr : found->name;
-}
 
 // The letter of a caption that works with Alt; no two on a page are the same.
 char16_t LetterOf(ControlName name) {
@@ -129,11 +66,12 @@ String Simplified(StringView text) {
 
 }  // namespace
 
-String AccessibleName(const Control& control) {
+String AccessibleName(const Control& control, const Words& words) {
   const Design& design = control.design();
-  if (const char16_t* name = OwnName(design.name)) {
-    const bool isRow = design.name == ControlName::TxtExpr || design.name == ControlName::txtStmt;
-    return isRow ? Concat(name, u" ", ToText(control.Index() + 1)) : String(name);
+  if (const std::optional<Word> name = NameWordOf(design.name)) {
+    const StringView text = words[*name];
+    const bool isRow = text.find(u'{') != StringView::npos;
+    return isRow ? Filled(text, {{u"row", ToText(control.Index() + 1)}}) : String(text);
   }
   String caption = Simplified(static_cast<const CaptionedControl&>(control).Caption());
   // The same captions stand on several pages, and on a page in several frames.

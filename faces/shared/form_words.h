@@ -2,16 +2,17 @@
 // platform.
 #pragma once
 
+#include "faces/shared/words.h"
 #include "surface/control.h"
 
 namespace zolt20::faces {
 
 /// The name for screen readers. No two controls of a kind have the same.
-String AccessibleName(const Control& control);
+String AccessibleName(const Control& control, const Words& words = Words::English());
 
 /// What becomes of a row whose mark is made or taken, as screen readers word it.
 inline StringView MarkWord(bool isMarked) {
-  return isMarked ? u"selected" : u"unselected";
+  return Words::English()[isMarked ? Word::selected : Word::unselected];
 }
 
 /// The letter of a button or option that works with Alt, 0 for none; no two on a page are the same.

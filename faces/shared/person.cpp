@@ -25,7 +25,7 @@ Run RunOf(Gesture gesture) {
 
 }  // namespace
 
-Person::Person(ZOLT20MapControl& control) : control_(control), told_(control) {
+Person::Person(ZOLT20MapControl& control) : control_(control), told_(control, words_) {
   control_.AddObserver(*this);
 }
 
@@ -115,9 +115,9 @@ void Person::TellMark() {
   const bool isMarked = list.Selected(gesture.number);
   if (isTwice && !isMarked) {
     taken_ = {&list, gesture.number};
-    told_.Say(String(MarkWord(false)));
+    told_.Say(String(words_[Word::unselected]));
   } else if (isAgain && isMarked) {
-    told_.Say(String(MarkWord(true)));
+    told_.Say(String(words_[Word::selected]));
   }
 }
 
@@ -161,11 +161,11 @@ void Person::ForgetHistory() {
 }
 
 End Person::Undo() {
-  return history_.CanUndo() ? PutBack(&History::Undo, u"Undone") : End::kNotTaken;
+  return history_.CanUndo() ? PutBack(&History::Undo, words_[Word::undone]) : End::kNotTaken;
 }
 
 End Person::Redo() {
-  return history_.CanRedo() ? PutBack(&History::Redo, u"Redone") : End::kNotTaken;
+  return history_.CanRedo() ? PutBack(&History::Redo, words_[Word::redone]) : End::kNotTaken;
 }
 
 End Person::PutBack(History::Step (History::*take)(History::Step), StringView words) {

@@ -85,6 +85,9 @@ class Person final : private SurfaceObserver {
 
   const Surface& Form() const { return control_.Form(); }
 
+  /// What a face says in: English until a host gives other words.
+  Words& words() { return words_; }
+
   // Gestures.
 
   End Make(UserGesture gesture);
@@ -191,6 +194,7 @@ class Person final : private SurfaceObserver {
   int calls_ = 0;                 // of gestures and members, one within the other
   bool anythingChanged_ = false;  // but the focus and the tab order, since the gesture began
   Changes changes_;
+  Words words_;
   ToldChanges told_;
   std::pair<const Control*, int> taken_{};  // the row of which a mark was taken last
   MadeGesture made_;

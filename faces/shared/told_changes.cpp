@@ -25,8 +25,8 @@ String Digits(std::size_t number) {
   return {digits.begin(), digits.end()};
 }
 
-String Counted(std::size_t count, StringView thing) {
-  return Concat(Digits(count), u" ", thing, count == 1 ? u"" : u"s");
+String Counted(std::size_t count, StringView one, StringView many) {
+  return count == 1 ? String(one) : Filled(many, {{u"count", Digits(count)}});
 }
 
 int WordsIn(StringView text) {
@@ -34,24 +34,26 @@ int WordsIn(StringView text) {
 }
 
 // A short text as it is, of a long one how long it is.
-String TextInWords(StringView text, bool isOfLines) {
+String TextInWords(StringView text, bool isOfLines, const Words& words) {
   constexpr std::size_t kShort = 24;
-  if (text.empty()) return u"empty";
+  if (text.empty()) return String(words[Word::empty]);
   if (!isOfLines && text.size() <= kShort && WordsIn(text) <= 2) return String(text);
-  if (!isOfLines) return u"filled";
+  if (!isOfLines) return String(words[Word::filled]);
   const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), u'\n'));
-  return Counted(text.back() == u'\n' ? ends : ends + 1, u"line");
+  return Counted(text.back() == u'\n' ? ends : ends + 1, words[Word::oneLine], words[Word::lines]);
 }
 
-String ListInWords(const ListBox& list, unsigned what) {
+String ListInWords(const ListBox& list, unsigned what, const Words& words) {
   if ((what & kRows) == 0)
-    return Concat(Digits(static_cast<std::size_t>(list.SelCount())), u" marked");
-  if (list.ListCount() == 0) return u"empty";
-  return Counted(static_cast<std::size_t>(list.ListCount()), u"row");
+    return Filled(words[Word::marked],
+                  {{u"count", Digits(static_cast<std::size_t>(list.SelCount()))}});
+  if (list.ListCount() == 0) return String(words[Word::empty]);
+  return Counted(static_cast<std::size_t>(list.ListCount()), words[Word::oneRow],
+                 words[Word::rows]);
 }
 
 // What became of a control, behind its name; "" for what nobody would miss.
-String BecameOf(const Control& control, unsigned what) {
+String BecameOf(const Control& control, unsigned what, const Words& words) {
   const auto has = [what](Property property) { return (what & BitOf(property)) != 0; };
   const bool isOfLines = (control.design().style & kMultiLine) != 0;
   switch (control.kind()) {
@@ -62,28 +64,29 @@ String BecameOf(const Control& control, unsigned what) {
     case Kind::ListBox:
       return (what & (kRows | kMarks)) == 0
                  ? String()
-                 : ListInWords(static_cast<const ListBox&>(control), what);
+                 : ListInWords(static_cast<const ListBox&>(control), what, words);
     case Kind::ComboBox:
       return has(Property::kText) || has(Property::kListIndex)
-                 ? TextInWords(static_cast<const ComboBox&>(control).Text(), false)
+                 ? TextInWords(static_cast<const ComboBox&>(control).Text(), false, words)
                  : String();
     case Kind::SyntaxTextBox:
       return has(Property::kText)
-                 ? TextInWords(static_cast<const SyntaxTextBox&>(control).Text(), true)
+                 ? TextInWords(static_cast<const SyntaxTextBox&>(control).Text(), true, words)
                  : String();
     case Kind::TextBox:
       return has(Property::kText) || what == kLoaded
-                 ? TextInWords(static_cast<const TextBox&>(control).Text(), isOfLines)
+                 ? TextInWords(static_cast<const TextBox&>(control).Text(), isOfLines, words)
                  : String();
     case Kind::OptionButton:
       if (!has(Property::kValue)) break;
-      return static_cast<const OptionButton&>(control).Value() ? u"on" : u"off";
+      return String(
+          words[static_cast<const OptionButton&>(control).Value() ? Word::on : Word::off]);
     case Kind::Button:
       if (!has(Property::kEnabled)) break;
-      return control.Enabled() ? u"available" : u"unavailable";
+      return String(words[control.Enabled() ? Word::available : Word::unavailable]);
     case Kind::Frame:
     case Kind::ScrollBar:
-      return has(Property::kVisible) ? u"shown" : u"";
+      return has(Property::kVisible) ? String(words[Word::shown]) : String();
     case Kind::Label:
     case Kind::Rectangle:
       break;
@@ -93,7 +96,8 @@ String BecameOf(const Control& control, unsigned what) {
 
 }  // namespace
 
-ToldChanges::ToldChanges(ZOLT20MapControl& control) : control_(control) {
+ToldChanges::ToldChanges(ZOLT20MapControl& control, const Words& words)
+    : control_(control), words_(words) {
   control_.AddObserver(*this);
 }
 
@@ -108,11 +112,12 @@ String ToldChanges::TakeWords() {
     if (found == changed_.end() || !control->Shown()) continue;
     const bool hasFocus = control_.Form().Focused() == control;
     if (hasFocus && (control->kind() != Kind::ListBox || (found->second & kRows) == 0)) continue;
-    const String became = BecameOf(*control, found->second);
+    const String became = BecameOf(*control, found->second, words_);
     if (became.empty()) continue;
-    const String next = Concat(AccessibleName(*control), u" ", became);
+    const String next = Filled(words_[Word::change],
+                               {{u"name", AccessibleName(*control, words_)}, {u"words", became}});
     if (!words.empty() && WordsIn(words) + WordsIn(next) > kMostWords) {
-      words += u", and more";
+      words += words_[Word::more];
       break;
     }
     words += words.empty() ? next : Concat(u", ", next);

@@ -5,14 +5,15 @@
 #include <map>
 #include <utility>
 
+#include "faces/shared/words.h"
 #include "shell/control.h"
 
 namespace zolt20::faces {
 
-/// Hears what changes on a form. The control outlives it.
+/// Hears what changes on a form. The control and the words outlive it.
 class ToldChanges final : private SurfaceObserver {
  public:
-  explicit ToldChanges(ZOLT20MapControl& control);
+  explicit ToldChanges(ZOLT20MapControl& control, const Words& words = Words::English());
   ~ToldChanges() override;
 
   /// What changed until now is not to be told.
@@ -40,6 +41,7 @@ class ToldChanges final : private SurfaceObserver {
   void StateReplaced() noexcept override { Forget(); }
 
   ZOLT20MapControl& control_;
+  const Words& words_;
   String said_;
   std::map<const Control*, unsigned> changed_;  // a bit for each Property, then these below
 };

@@ -1,4 +1,5 @@
-// What a page calls, but for what lists ask, which list_exports.cpp has.
+// What a page calls, but for what lists ask, which list_exports.cpp has, and what words
+// ask, which word_exports.cpp has.
 //
 // A call that can fail gives a Status; error_number, error_kind and error_text tell of the
 // element's last run-time error.
@@ -10,7 +11,6 @@
 
 #include "faces/shared/back_colours.h"
 #include "faces/shared/case_places.h"
-#include "faces/shared/form_words.h"
 #include "faces/shared/layout.h"
 #include "faces/shared/neighbours.h"
 #include "faces/shared/shown_text.h"
@@ -115,7 +115,7 @@ enum class Ask {
   kHasSearch,
 };
 
-enum class AskText { kName, kText, kCaption, kAccessibleName };
+enum class AskText { kName, kText, kCaption };
 
 int NumberOfKind(const Control& control, Ask ask) {
   switch (control.kind()) {
@@ -365,8 +365,6 @@ ZOLT20_EXPORT(control_text) void control_text(const Control* control, AskText as
       return Give(control->name());
     case AskText::kCaption:
       return Give(StringView(static_cast<const CaptionedControl&>(*control).Caption()));
-    case AskText::kAccessibleName:
-      return Give(StringView(faces::AccessibleName(*control)));
     case AskText::kText:
       if (control->kind() == Kind::ComboBox)
         return Give(StringView(static_cast<const ComboBox&>(*control).Text()));
@@ -466,10 +464,6 @@ ZOLT20_EXPORT(switch_history) void switch_history(Element* element, int on) {
   element->person().SwitchHistory(on != 0);
 }
 
-/// What the last gesture changed, in words for those who do not see it; "" for nothing.
-ZOLT20_EXPORT(words) void words(Element* element) {
-  Give(StringView(element->person().TakeWords()));
-}
 /// What changed since the last call: whether the focus moved, the number of controls that are gone,
 /// these, then each control that changed with its bits.
 ZOLT20_EXPORT(changes) void changes(Element* element) {

@@ -64,7 +64,7 @@ ZOLT20_EXPORT(drawn_row) int drawn_row(Element* element, const RowsControl* list
 }
 /// What to say of marks that a filter hides.
 ZOLT20_EXPORT(hidden_marks) void hidden_marks(Element* element, const RowsControl* list) {
-  given = element->Drawn(*list).HiddenMarks();
+  given = element->Drawn(*list).HiddenMarks(element->person().words());
 }
 /// The texts of these rows, each with its name behind it; for each row that of the control, the two
 /// lengths and its mark.

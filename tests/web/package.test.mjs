@@ -29,6 +29,7 @@ const kOwnMembers = [
   'redo',
   'asStep',
   'tableNames',
+  'texts',
   'dump',
   'madeGesture',
   'observedAttributes',

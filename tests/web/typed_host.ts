@@ -59,6 +59,15 @@ const {elements, memoryBytes}: {elements: number; memoryBytes: number} =
   ZOLT20MapControlElement.statistics();
 console.log(focus, elements, memoryBytes);
 
+element.texts = {undo: 'Zurück', rows: '{count} Zeilen'};
+const undo: string = element.texts.undo;
+element.texts = undefined;
+console.log(undo);
+// @ts-expect-error
+element.texts = {undo: 1};
+// @ts-expect-error
+element.texts = {undoo: 'Zurück'};
+
 // What can only be written.
 // @ts-expect-error
 const tables: string = element.PrpStrTables;

@@ -85,7 +85,11 @@ export function typesOf({members, events}, root) {
     const doc = docLines(commentBefore(host, new RegExp(`void ${name}\\(`)));
     return `${doc}  ${name}: Event;`;
   });
+  const texts = [
+    ...read('faces', 'shared', 'words.def').matchAll(/^ZOLT20_(WORD|NAME)\((\w+), u"(.*)"\)$/gm),
+  ].map(([, , key, text]) => `  /** ${text} */\n  readonly ${key}: string;`);
   return read('faces', 'web', 'package', 'zolt20-map-control.d.ts.in')
+    .replace('@TEXTS@', () => texts.join('\n'))
     .replace('@EVENTS@', () => typesOfEvents.join('\n'))
     .replace('@ATTRIBUTES@', () => propsOf(members, attributeOf, kAttributeTypes))
     .replace('@PROPERTIES@', () => propsOf(members, (name) => name, kTypes))

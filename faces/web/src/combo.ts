@@ -23,6 +23,7 @@ export class ComboView implements View {
   readonly #rows: Rows;
   readonly #colour: BackColour;
   #opener: HTMLButtonElement | undefined;
+  #name = '';
 
   constructor(face: Face, control: Address) {
     const {logic} = face;
@@ -74,6 +75,7 @@ export class ComboView implements View {
     });
 
     this.#colour = new BackColour(logic, this.node);
+    face.texts.keep(() => this.name(this.#name));
     this.#listen();
   }
 
@@ -109,7 +111,6 @@ export class ComboView implements View {
       part: 'input search',
       role: 'combobox',
       autocomplete: 'off',
-      placeholder: 'Search',
       'aria-autocomplete': 'list',
       'aria-haspopup': 'listbox',
       'aria-expanded': 'true',
@@ -126,7 +127,7 @@ export class ComboView implements View {
     return search;
   }
   #showNone(): void {
-    showText(this.#none, this.#rows.count === 0 ? 'No entries' : '');
+    showText(this.#none, this.#rows.count === 0 ? this.#face.texts.of('noEntries') : '');
   }
 
   close(): void {
@@ -169,9 +170,13 @@ export class ComboView implements View {
   }
   /** What the button beside the box is called, the list, and the line that searches it. */
   name(name: string): void {
-    this.#opener?.setAttribute('aria-label', `${name} entries`);
+    const {texts} = this.#face;
+    this.#name = name;
+    this.#opener?.setAttribute('aria-label', texts.of('entriesOf', {list: name}));
     this.#list.setAttribute('aria-label', name);
-    this.#search?.setAttribute('aria-label', `Search ${name}`);
+    this.#search?.setAttribute('aria-label', texts.of('searchOf', {list: name}));
+    this.#search?.setAttribute('placeholder', texts.of('search'));
+    if (this.#isOpen) this.#showNone();
   }
 
   #show(open: boolean): void {

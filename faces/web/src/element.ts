@@ -8,6 +8,7 @@ import {FormElement, type FormPart, type FormState, joinForm} from './form_eleme
 import type {Listener, Logic, MadeGesture} from './logic';
 import {Ask, AskText, Status, ValueType} from './numbers';
 import {styleSheets} from './style';
+import type {Texts} from './texts';
 import {checked, isNothing} from './values';
 
 type Value = string | number | boolean;
@@ -15,7 +16,7 @@ type Value = string | number | boolean;
 let logic: Logic;
 let fillables: Fillable[] = []; // what attributes write
 // What a script of JSON inside of the element can have beside that.
-const kOwnProperties = ['tableNames', 'undoEnabled'];
+const kOwnProperties = ['tableNames', 'texts', 'undoEnabled'];
 // What the members of the contract do to an element.
 let letMember: (element: ZOLT20MapControlElement, member: number, value: string | number) => void;
 let getMember: (element: ZOLT20MapControlElement, member: number, type: ValueType) => Value;
@@ -105,7 +106,9 @@ export class ZOLT20MapControlElement extends FormElement {
         return logic.number(face.addressOf('tabVrn'), Ask.Value);
       },
       box: this.shadowRoot!.getElementById('TxtOutput')!,
-      missing: 'Please compose a statement.',
+      get missing() {
+        return face.texts.of('missing');
+      },
       takeUse: (use) => face.takeUse(use),
       takeState: (state) => this.#takeState(state),
       reset: () => this.#reset(),
@@ -307,6 +310,13 @@ export class ZOLT20MapControlElement extends FormElement {
       throw new TypeError('tableNames takes names that are strings, by codes that are');
     this.#tableNames = new Map(entries);
     this.#face.nameTables(this.#tableNames);
+  }
+  get texts(): Texts {
+    return this.#face.texts.all;
+  }
+  set texts(texts: Partial<Texts> | null | undefined) {
+    this.#face.texts.give(texts);
+    this.#form.validate();
   }
   dump(): Dump {
     return dumpOf(logic, this.#filledHandle);

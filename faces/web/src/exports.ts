@@ -1,7 +1,7 @@
 // The functions of the module of WebAssembly.
 import type {Ask, AskText, Gesture, ListKey, Status} from './numbers';
 
-/** The functions of exports.cpp and list_exports.cpp. */
+/** The functions of exports.cpp, list_exports.cpp and word_exports.cpp. */
 export interface Exports {
   memory: WebAssembly.Memory;
   _initialize(): void;
@@ -23,6 +23,12 @@ export interface Exports {
   page_caption(page: number): void;
   looks(): void;
   layout(): void;
+  word_count(): number;
+  word_key(word: number): void;
+  word_text(element: number, word: number): void;
+  set_word(element: number, word: number): void;
+  clear_words(element: number): void;
+  spoken_name(element: number, control: number): void;
   make(id: number): number;
   destroy(element: number): void;
   let(element: number, member: number, value: number): Status;

@@ -12,7 +12,8 @@ import {errorOf} from './errors';
 import type {Address, Logic} from './logic';
 import {Ask, AskText, Gesture, Kind, Status, What} from './numbers';
 import {MessageBox} from './message_box';
-import {TypedBox, type TypedInto, spokenName} from './text_boxes';
+import {TypedBox, type TypedInto} from './text_boxes';
+import {OwnTexts} from './texts';
 import {Told} from './told';
 import {ListView, type View, viewOf} from './views';
 
@@ -36,8 +37,9 @@ export class Face implements TypedInto {
   readonly node: HTMLElement;
   readonly #told = new Told();
   readonly messages: MessageBox;
-  readonly filters: Filters;
+  readonly filters = new Filters(this);
   readonly gate = new Gate();
+  readonly texts: OwnTexts;
 
   readonly #owner: FaceOwner;
   readonly #root: ShadowRoot;
@@ -58,16 +60,11 @@ export class Face implements TypedInto {
     this.handle = handle;
     this.#root = root;
     this.#owner = owner;
-    this.filters = new Filters({
-      logic,
-      handle,
-      addressOf: (list) => this.addressOf(list),
-      listOf: (list) => this.#viewOf(list) as ListView,
-    });
+    this.texts = new OwnTexts(logic, handle);
     for (const control of logic.controls(handle)) this.#makeView(control);
     this.node = layOut(this);
     sizeCaseRows(logic, this.nodeOf('fracase'), (name) => this.#addresses.get(name)!);
-    this.messages = new MessageBox((close, hadFocus) => {
+    this.messages = new MessageBox(this.texts, (close, hadFocus) => {
       this.#quietly(close);
       if (hadFocus) this.#showFocus(true);
     });
@@ -86,6 +83,7 @@ export class Face implements TypedInto {
       ),
     );
     for (const control of this.#views.keys()) this.#show(control, What.Everything);
+    this.texts.keep(() => this.#showNames());
     this.#listen();
   }
 
@@ -112,8 +110,8 @@ export class Face implements TypedInto {
     // What a box takes back by itself changes its text, and screen readers read no such change.
     this.node.addEventListener('input', (event) => {
       const {inputType} = event as InputEvent;
-      if (inputType === 'historyUndo') this.#told.say('Undone');
-      if (inputType === 'historyRedo') this.#told.say('Redone');
+      if (inputType === 'historyUndo') this.#told.say(this.texts.of('undone'));
+      if (inputType === 'historyRedo') this.#told.say(this.texts.of('redone'));
     });
     // A press beside the controls leaves the focus where it is.
     this.node.addEventListener('mousedown', (event) => {
@@ -153,8 +151,11 @@ export class Face implements TypedInto {
   nodeOf(name: string): HTMLElement {
     return this.#viewOf(name).node;
   }
+  listOf(name: string): ListView {
+    return this.#viewOf(name) as ListView;
+  }
   nameTables(names: ReadonlyMap<string, string>): void {
-    (this.#viewOf('lsttables') as ListView).rows.nameRows(names);
+    this.listOf('lsttables').rows.nameRows(names);
     this.filters.showMarks('lsttables');
   }
 
@@ -221,8 +222,11 @@ export class Face implements TypedInto {
     this.gate.mark(view.focus, logic.number(control, Ask.Kind));
     this.#showName(control, view);
   }
+  #showNames(): void {
+    for (const [control, view] of this.#views) this.#showName(control, view);
+  }
   #showName(control: Address, view: View): void {
-    const name = spokenName(this.logic, control);
+    const name = this.logic.spokenName(this.handle, control);
     const kind = this.logic.number(control, Ask.Kind);
     if (kind === Kind.Label) return; // its text is its name
     const named = kind === Kind.TabStrip ? view.node : view.focus;
@@ -406,7 +410,10 @@ export class Face implements TypedInto {
     // By the keys the first row is come to with its list.
     if (!this.#isMeant && view.rows.current < 0) view.rows.moveTo(0);
     // A list without rows is one that screen readers pass over in silence.
-    if (view.rows.count === 0) this.#told.say(`${spokenName(this.logic, control)} list`);
+    if (view.rows.count === 0) {
+      const list = this.logic.spokenName(this.handle, control);
+      this.#told.say(this.texts.of('listOf', {list}));
+    }
   }
   // The two views of the where condition lie over each other, and at first both are visible.
   #bringToFront(target: Element): void {

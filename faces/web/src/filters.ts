@@ -1,13 +1,14 @@
 // The lines above lists that filter them, and what is told of marks that they hide.
 import {make, showText} from './dom';
 import type {Logic} from './logic';
-import {spokenName} from './text_boxes';
+import type {OwnTexts} from './texts';
 import type {ListView} from './views';
 
 /** What filters know of their form. */
 export interface Filtered {
   readonly logic: Logic;
   readonly handle: number;
+  readonly texts: OwnTexts;
   addressOf(list: string): number;
   listOf(list: string): ListView;
 }
@@ -23,16 +24,19 @@ export class Filters {
 
   /** The line that filters a list. */
   make(list: string): HTMLElement {
-    const name = spokenName(this.#form.logic, this.#form.addressOf(list));
+    const {logic, handle, texts} = this.#form;
     const filter = make('input', {
       type: 'search',
       id: `${list}.filter`,
       class: 'filter',
       part: 'input filter',
       autocomplete: 'off',
-      'aria-label': `Filter ${name}`,
       'aria-keyshortcuts': 'Control+F',
-      placeholder: 'Filter (Ctrl+F)',
+    });
+    texts.keep(() => {
+      const name = logic.spokenName(handle, this.#form.addressOf(list));
+      filter.placeholder = texts.of('filter');
+      filter.setAttribute('aria-label', texts.of('filterOf', {list: name}));
     });
     filter.spellcheck = false;
     filter.addEventListener('input', () => {
@@ -46,6 +50,7 @@ export class Filters {
   makeMarks(list: string): HTMLElement {
     const marks = make('div', {id: `${list}.marks`, class: 'marks', part: 'marks', role: 'status'});
     this.#marks.set(list, marks);
+    this.#form.texts.keep(() => this.showMarks(list));
     return marks;
   }
   showMarks(list: string): void {

@@ -12,33 +12,30 @@ const kClasses: Partial<Record<PartKind, string>> = {
   [PartKind.Fields]: 'down',
 };
 
-function tool(id: string, name: string, keys: string, path: string, act: () => void) {
-  const button = make(
-    'button',
-    {
-      type: 'button',
-      id,
-      class: 'tool',
-      part: 'tool',
-      tabindex: -1,
-      disabled: true,
+function tool(face: Face, id: 'undo' | 'redo', keys: string, path: string) {
+  const attributes = {type: 'button', id, class: 'tool', part: 'tool'};
+  const button = make('button', {...attributes, tabindex: -1, disabled: true}, icon(path));
+  button.addEventListener('click', () => face[id]());
+  face.texts.keep(() => {
+    const name = face.texts.of(id);
+    setAttributes(button, {
       'aria-label': name,
       title: `${name} (${keys.replace('Control', 'Ctrl')})`,
       'aria-keyshortcuts': keys,
-    },
-    icon(path),
-  );
-  button.addEventListener('click', act);
+    });
+  });
   return button;
 }
 
 function tools(face: Face): HTMLElement {
-  return make(
+  const node = make(
     'div',
-    {class: 'tools', role: 'group', 'aria-label': 'History'},
-    tool('undo', 'Undo', 'Control+Z', 'M6 3L3 6l3 3M3 6h6a4 4 0 0 1 0 8H6', () => face.undo()),
-    tool('redo', 'Redo', 'Control+Y', 'M10 3l3 3-3 3M13 6H7a4 4 0 0 0 0 8h3', () => face.redo()),
+    {class: 'tools', role: 'group'},
+    tool(face, 'undo', 'Control+Z', 'M6 3L3 6l3 3M3 6h6a4 4 0 0 1 0 8H6'),
+    tool(face, 'redo', 'Control+Y', 'M10 3l3 3-3 3M13 6H7a4 4 0 0 0 0 8h3'),
   );
+  face.texts.keep(() => node.setAttribute('aria-label', face.texts.of('history')));
+  return node;
 }
 
 /** The nodes of a part. */

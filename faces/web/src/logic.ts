@@ -4,48 +4,19 @@
 // elements are their addresses, numbers that mean something to the module alone.
 
 import type {Exports} from './exports';
-import {type Ask, AskText, type Gesture, type ListKey, type PartKind, type Status} from './numbers';
+import type {
+  Address,
+  Changes,
+  ColouredWord,
+  DrawnRow,
+  MadeGesture,
+  Part,
+  Row,
+  Stretch,
+} from './crossing';
+import {type Ask, AskText, type Gesture, type ListKey, type Status} from './numbers';
 
-/** A height that grows with the letters, so many times as a case row and as the button there do. */
-export interface Stretch {
-  twips: number;
-  rows: number;
-  buttons: number;
-}
-
-/** A part of the layout: its kind, its name or that of its control, its weight, its parts. */
-export type Part = [PartKind, string, number, Part[]];
-
-/** The address of a control; 0 is none. */
-export type Address = number;
-
-/** A row of a list: its text, and whether it is marked. */
-export interface Row {
-  text: string;
-  marked: boolean;
-}
-
-/** A row as it is drawn: that of the control, its text with its name, and whether it is marked. */
-export interface DrawnRow extends Row {
-  row: number;
-  name: string;
-}
-
-/** What a person did, as a request of the JSON lines that zolt20-host plays. */
-export type MadeGesture = Record<string, string | number>;
-
-/** A word of a line that has a colour. */
-export interface ColouredWord {
-  first: number;
-  count: number;
-  kind: number;
-}
-
-export interface Changes {
-  focusMoved: boolean;
-  gone: Address[];
-  changed: Map<Address, number>;
-}
+export type * from './crossing';
 
 /** A run-time error of the control. */
 export class ZOLT20Error extends Error {
@@ -252,6 +223,27 @@ export class Logic {
     return JSON.parse(this.#text()) as Part;
   }
 
+  /** The words of the element's own by their keys; of no element in English. */
+  ownWords(handle: number): Record<string, string> {
+    const words: Record<string, string> = {};
+    for (let word = 0; word < this.#exports.word_count(); ++word) {
+      this.#exports.word_key(word);
+      const key = this.#text();
+      this.#exports.word_text(handle, word);
+      words[key] = this.#text();
+    }
+    return words;
+  }
+  /** These instead of the English ones; `texts` has as many as there are keys. */
+  giveWords(handle: number, texts: (string | undefined)[]): void {
+    this.#exports.clear_words(handle);
+    for (const [word, text] of texts.entries()) {
+      if (text === undefined) continue;
+      this.send(text);
+      this.#exports.set_word(handle, word);
+    }
+  }
+
   // The contract.
 
   let(handle: number, member: number, value: string | number): Status {
@@ -347,6 +339,11 @@ export class Logic {
   }
   text(control: Address, ask: AskText): string {
     this.#exports.control_text(control, ask);
+    return this.#text();
+  }
+  /** The name of a control for screen readers. */
+  spokenName(handle: number, control: Address): string {
+    this.#exports.spoken_name(handle, control);
     return this.#text();
   }
   shownText(box: Address, lineEnd: string): string {

@@ -1,6 +1,7 @@
 // A message of the control, as a modal dialog. The control does not wait for the answer, which can
 // only be OK; a message that comes meanwhile is shown behind it.
 import {make} from './dom';
+import type {OwnTexts} from './texts';
 
 interface Message {
   text: string;
@@ -20,8 +21,9 @@ export class MessageBox {
   readonly #waiting: Message[] = [];
   #hadFocus = false;
 
-  constructor(answered: Answered) {
-    const ok = make('button', {type: 'button', part: 'button', autofocus: true}, 'OK');
+  constructor(texts: OwnTexts, answered: Answered) {
+    const ok = make('button', {type: 'button', part: 'button', autofocus: true});
+    texts.keep(() => ok.replaceChildren(texts.of('ok')));
     const sign = make('span', {class: 'sign', 'aria-hidden': 'true'}, '\u00d7');
     this.node = make(
       'dialog',

@@ -141,5 +141,4 @@ export const enum AskText {
   Name = 0,
   Text = 1,
   Caption = 2,
-  AccessibleName = 3,
 }

@@ -4,7 +4,7 @@
 // person makes of it. Line ends of any kind survive outside the place that is edited.
 import {make, showText} from './dom';
 import type {Address, Logic} from './logic';
-import {Ask, AskText, Style, What} from './numbers';
+import {Ask, Style, What} from './numbers';
 
 /**
  * How a box shows a line end: of several lines as one, of one line as a code that is no character
@@ -412,8 +412,4 @@ export class LinesBox {
 /** Whether a box of the form has several lines. */
 export function hasSeveralLines(logic: Logic, box: Address): boolean {
   return (logic.number(box, Ask.Style) & Style.MultiLine) !== 0;
-}
-/** The name of a control for screen readers. */
-export function spokenName(logic: Logic, control: Address): string {
-  return logic.text(control, AskText.AccessibleName);
 }
