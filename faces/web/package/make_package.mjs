@@ -89,10 +89,10 @@ function matched(pattern, text) {
   if (found === null) throw new Error(`no ${pattern} in the types`);
   return found;
 }
-/** @type {(text: string) => {name: string, type: {text: string}}} */
+/** @type {(text: string) => {name: string, type: {text: string}, optional?: boolean}} */
 const parameter = (text) => {
-  const [, name, type] = matched(/^(\w+): (.*)$/, text);
-  return {name, type: {text: type}};
+  const [, name, mark, type] = matched(/^(\w+)(\??): (.*)$/, text);
+  return {name, type: {text: type}, ...(mark === '' ? {} : {optional: true})};
 };
 /** @type {(comment: string) => {description?: string}} */
 const described = (comment) => (comment === '' ? {} : {description: comment});

@@ -29,6 +29,7 @@ export class ZOLT20MapControlElement extends FormElement {
   readonly #form: FormPart;
   #events = 0; // of the control that are being told
   #bag: object | undefined;
+  #wasConnected = false;
   #tableNames: ReadonlyMap<string, string> = new Map();
 
   // What the logic and the face tell. It lives as long as the element, and the control as long as
@@ -70,7 +71,7 @@ export class ZOLT20MapControlElement extends FormElement {
   constructor() {
     super();
     const early = this.#takeEarlyProperties();
-    const root = this.attachShadow({mode: 'open'});
+    const root = this.attachShadow({mode: 'open', delegatesFocus: true});
     this.#dress(root);
     this.#handle = logic.make(this.#listener);
     this.#face = new Face(logic, this.#handle, root, this.#listener);
@@ -163,6 +164,18 @@ export class ZOLT20MapControlElement extends FormElement {
     this.#filling.connected();
     this.#face.restorePlaces();
     this.#face.messages.showWaiting();
+    // In a dialog that opens, browsers look for it within.
+    this.#face.edges[0].autofocus = this.autofocus;
+    if (!this.#wasConnected) this.#focusByItself();
+    this.#wasConnected = true;
+  }
+  // The browser looks for `autofocus` when a page or a dialog opens. Where the element is defined only
+  // then, and nothing else has the focus, it takes it now.
+  #focusByItself(): void {
+    const {activeElement, body} = this.ownerDocument;
+    const isFree = activeElement === null || activeElement === body;
+    const isOpening = activeElement?.matches('dialog[open]') && activeElement.contains(this);
+    if (this.autofocus && (isFree || isOpening)) this.focus();
   }
   disconnectedCallback(): void {
     this.#face.leavesSight();
@@ -324,8 +337,8 @@ export class ZOLT20MapControlElement extends FormElement {
   madeGesture(): MadeGesture | undefined {
     return logic.madeGesture(this.#handle);
   }
-  override focus(): void {
-    this.#face.takeFocus();
+  override focus(options: FocusOptions = {}): void {
+    this.#face.takeFocus(options);
   }
 
   #tookBack(what: 'undone' | 'redone'): void {

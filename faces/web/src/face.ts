@@ -29,10 +29,13 @@ export interface FaceOwner {
 export class Face implements TypedInto {
   readonly logic: Logic;
   readonly handle: number;
-  /** Before the first control and behind the last: where the Tab key comes in. */
+  /**
+   * Before the first control and behind the last: where the Tab key comes in and goes out. The focus
+   * never stays there, and screen readers pass over them.
+   */
   readonly edges: readonly [HTMLElement, HTMLElement] = [
-    make('span', {class: 'edge', tabindex: 0}),
-    make('span', {class: 'edge', tabindex: 0}),
+    make('span', {class: 'edge', tabindex: 0, 'aria-hidden': 'true'}),
+    make('span', {class: 'edge', tabindex: 0, 'aria-hidden': 'true'}),
   ];
   readonly node: HTMLElement;
   readonly #told = new Told();
@@ -47,11 +50,11 @@ export class Face implements TypedInto {
   readonly #addresses = new Map<string, Address>();
   readonly #controls = new WeakMap<Element, Address>(); // by the node that has the focus
   #isShowing = false; // what the nodes tell comes from us, and not from a person
-  #isLeaving = false;
   #page = -1;
   #isLate = false; // something is to be shown when that is over
   #turns = 0;
   #typingIn: Address = 0; // the box that what was done last was typed into
+  #focusing: FocusOptions = {}; // of a focus that the host asks for
   #isMeant = false; // a focus that comes now is where the person wants it
   #left: HTMLElement | undefined; // the node that had the focus last
 
@@ -89,10 +92,7 @@ export class Face implements TypedInto {
 
   #listen(): void {
     this.node.addEventListener('focusin', (event) => this.#focusIn(event));
-    this.node.addEventListener('focusout', (event) => {
-      this.#left = event.target as HTMLElement;
-      if (this.edges.includes(this.#left)) this.#isLeaving = false;
-    });
+    this.node.addEventListener('focusout', ({target}) => (this.#left = target as HTMLElement));
     // By touch the focus comes with the mouse that is made of it.
     for (const kind of ['pointerdown', 'mousedown']) {
       this.node.addEventListener(
@@ -359,28 +359,34 @@ export class Face implements TypedInto {
     const focused = this.logic.focused(this.handle);
     const wanted = focused === 0 ? this.node : this.#views.get(focused)!.focus;
     if (now === wanted) return;
-    this.#quietly(() => wanted.focus());
+    this.#quietly(() => wanted.focus(this.#focusing));
     this.#bringToFront(wanted);
   }
   /** The control that has the focus in the form gets that of the page, or else the first one. */
-  takeFocus(): void {
+  takeFocus(options: FocusOptions = {}): void {
     if (this.gate.use === Use.None) return;
+    this.#focusing = options;
     if (this.logic.focused(this.handle) !== 0) this.#showFocus(true);
     else this.#enter(true);
+    this.#focusing = {};
   }
   #enter(isForward: boolean): void {
     const first = this.logic.nextInTabOrder(this.handle, 0, isForward);
     if (first === 0) return;
     this.#isMeant = true;
-    this.#views.get(first)!.focus.focus();
+    this.#views.get(first)!.focus.focus(this.#focusing);
     this.#isMeant = false;
   }
 
   #focusIn(event: FocusEvent): void {
     const target = event.target as HTMLElement;
+    const isFromOutside = !(
+      event.relatedTarget instanceof Node && this.node.contains(event.relatedTarget)
+    );
     const edge = this.edges.indexOf(target);
     if (edge >= 0) {
-      if (!this.#isLeaving) this.#enter(edge === 0);
+      // From inside it is on its way out.
+      if (isFromOutside) this.#enter(edge === 0);
       return;
     }
     this.#bringToFront(target);
@@ -390,12 +396,10 @@ export class Face implements TypedInto {
       const before = event.relatedTarget;
       if (before instanceof HTMLElement && this.node.contains(before))
         this.#quietly(() => before.focus());
-      else this.#showFocus(true);
+      else if (this.#isMeant) this.#showFocus(true);
+      else this.takeFocus(); // in a dialog that opens
       return;
     }
-    const isFromOutside = !(
-      event.relatedTarget instanceof Node && this.node.contains(event.relatedTarget)
-    );
     if (isFromOutside && target === this.#left && !this.#isMeant) {
       // The focus comes back by itself, from behind a dialog for instance, and the form moved it
       // meanwhile.
@@ -425,7 +429,8 @@ export class Face implements TypedInto {
 
   #key(event: KeyboardEvent): void {
     if (event.defaultPrevented || event.isComposing) return;
-    if (event.key === 'Tab' && !event.ctrlKey && !event.altKey && !event.metaKey) {
+    // WebKit names no key with Shift, and Option+Tab of macOS goes to more controls than Tab.
+    if ([event.key, event.code].includes('Tab') && !event.ctrlKey && !event.metaKey) {
       this.#tab(event);
       return;
     }
@@ -455,13 +460,11 @@ export class Face implements TypedInto {
       return;
     }
     // From the edge the browser goes on to what comes behind the element, or before it.
-    this.#isLeaving = true;
     const edge = this.edges[isForward ? 1 : 0];
     edge.focus();
     // A page that keeps the Tab key for itself.
     setTimeout(() => {
       if (!event.defaultPrevented || this.#root.activeElement !== edge) return;
-      this.#isLeaving = false;
       this.#showFocus(true);
     });
   }
