@@ -148,8 +148,8 @@ describe('the colour behind a text', () => {
         meant: behind('txtCondition', '.lines'),
         inactive: behind('cboWhereFields1', 'input'),
         highlighted: numbersOf('HighlightText'),
-        field: numbersOf(own.getPropertyValue('--zolt20-field')),
-        takesNothing: numbersOf(own.getPropertyValue('--zolt20-field-inactive')),
+        field: numbersOf(own.getPropertyValue('--_field')),
+        takesNothing: numbersOf(own.getPropertyValue('--_field-inactive')),
       };
       ruler.remove();
       return found;

@@ -26,11 +26,13 @@ function withPerson(name, act) {
 }
 /// The edge of the element that has the focus: 0 before the controls, 1 behind them, -1 for none.
 /** @type {(page: Page) => Promise<number>} */
-const edgeAt = (page) =>
-  page.evaluate(() => {
-    const root = host.element.shadowRoot;
-    return [...root.querySelectorAll('.edge')].indexOf(/** @type {Element} */ (root.activeElement));
-  });
+const edgeAt = async (page) =>
+  (
+    await page.evaluate(() => {
+      const root = host.element.shadowRoot;
+      return [...root.querySelectorAll('.edge')].map((edge) => edge === root.activeElement);
+    })
+  ).indexOf(true);
 
 describe('the Tab key, as other engines tell of it', () => {
   /// A press that only the element hears of. The browser does nothing by itself.

@@ -147,7 +147,9 @@ const attributes = [
 }));
 const style = read('faces/web/src/form.css');
 const cssProperties = [
-  ...style.matchAll(/^(?: {2}\/\* (.*) \*\/\n)? {2}(--zolt20-[\w-]+):\s+([^;]*);$/gm),
+  ...style.matchAll(
+    /^(?: {2}\/\* (.*) \*\/\n)? {2}--_[\w-]+:\s+var\(\s*(--zolt20-[\w-]+),\s+([^;]*)\);$/gm,
+  ),
 ]
   .filter((match) => match.index < style.indexOf('\n}\n'))
   .map(([, comment, name, value]) => ({

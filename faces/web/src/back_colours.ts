@@ -7,10 +7,10 @@ import type {Logic} from './logic';
  * title bars; in their place stands that of a box that takes nothing.
  */
 const kSystemColours = new Map([
-  [0x80000003, 'var(--zolt20-field-inactive)'],
+  [0x80000003, 'var(--_field-inactive)'],
   [0x8000000e, 'HighlightText'],
 ]);
-const kWithout = 'var(--zolt20-field)';
+const kWithout = 'var(--_field)';
 
 /** The colour behind the text of a box, as long as the text can be read on it. */
 export class BackColour {
@@ -37,7 +37,7 @@ export class BackColour {
   showAgain(): void {
     if (this.#meant === undefined) return;
     for (const scheme of ['light', 'dark']) {
-      const text = this.#numberOf('var(--zolt20-text)', scheme);
+      const text = this.#numberOf('var(--_text)', scheme);
       const background = this.#numberOf(this.#meant, scheme);
       const canBeRead =
         text !== undefined && background !== undefined && this.#logic.canBeRead(text, background);
