@@ -6,7 +6,7 @@ import {readFile} from 'node:fs/promises';
 import path from 'node:path';
 import {after, before, describe, test} from 'node:test';
 
-import {kEvents, kMembers} from './form.mjs';
+import {kEvents, kForm, kMembers} from './form.mjs';
 import {closePage, Person, Stage} from './harness.mjs';
 import {kPackage, kRoot, kTests} from './places.mjs';
 
@@ -75,8 +75,20 @@ describe('docs/web.md', () => {
       rows,
       cssProperties.map(({name}) => name),
     );
-    const parts = /each kind is one: (.*?)\. The/s.exec(page)?.[1].match(/\w+/g);
-    assert.deepEqual(parts?.sort(), cssParts.map(({name}) => name).sort());
+    const table = /\| part \|.*?\n((?:\|.*\n)+)/.exec(page)?.[1] ?? '';
+    const told = [...table.matchAll(/^\| `(\w+)` \| (.*?) \| ?(.*?) ?\|$/gm)].map(
+      ([, name, what, states]) => ({
+        name,
+        description: [what, states.replaceAll('`', '')].filter(Boolean).join('; states: '),
+      }),
+    );
+    const controls = new Set(Object.keys(kForm).map((name) => name.replace(/\(\d+\)$/, '')));
+    const kinds = cssParts.filter(
+      ({name, description = ''}) => !controls.has(name) && !description.startsWith('a state: '),
+    );
+    assert.deepEqual(told, kinds);
+    // And every control is a part.
+    assert.equal(cssParts.filter(({name}) => controls.has(name)).length, controls.size);
   });
 
   test('leads to what is there', async () => {

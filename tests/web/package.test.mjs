@@ -122,10 +122,9 @@ describe('the package', () => {
 describe('custom-elements.json', () => {
   /** @type {Manifest} */
   const manifest = jsonOf('custom-elements.json');
+  const classes = manifest.modules.flatMap(({declarations}) => declarations);
   const declaration = /** @type {ManifestClass} */ (
-    manifest.modules
-      .flatMap(({declarations}) => declarations)
-      .find(({tagName}) => tagName === 'zolt20-map-control')
+    classes.find(({tagName}) => tagName === 'zolt20-map-control')
   );
 
   test('keeps to its schema', () => {
@@ -203,6 +202,19 @@ describe('custom-elements.json', () => {
     const script = textOf('zolt20-map-control.js');
     assert.ok(declaration.cssProperties.length > 0 && declaration.cssParts.length > 0);
     for (const {name} of declaration.cssProperties) assert.ok(script.includes(name), name);
+  });
+
+  test('has words for everything that it names', () => {
+    for (const {members, events = [], cssProperties = [], cssParts = []} of classes) {
+      const all = [...members, ...events, ...cssProperties, ...cssParts];
+      assert.ok(all.length > 1);
+      const silent = all.filter(({description = ''}) => description.trim() === '');
+      assert.deepEqual(
+        silent.map(({name}) => name),
+        [],
+      );
+    }
+    for (const {name, default: value} of declaration.cssProperties) assert.ok(value, name);
   });
 });
 

@@ -81,14 +81,15 @@ export interface ManifestClass {
   attributes: {name: string; fieldName: string; type: {text: string}}[];
   members: {
     name: string;
+    description?: string;
     kind: string;
     readonly?: boolean;
     type?: {text: string};
     parameters?: {name: string; type?: {text: string}}[];
   }[];
-  events: {name: string; type: {text: string}}[];
-  cssParts: {name: string}[];
-  cssProperties: {name: string}[];
+  events: {name: string; description?: string; type: {text: string}}[];
+  cssParts: {name: string; description?: string}[];
+  cssProperties: {name: string; description?: string; default: string}[];
 }
 
 /** Where something is drawn, in the window. */

@@ -1,12 +1,13 @@
 // Makes what tells others of the element: types, manifest, package.json. Members and events come
 // from the list of the contract in the module itself, the rest from the types and the style sheet.
 //   node make_package.mjs SOURCE WASM VERSION OUT       SOURCE is the root of the repository
-import {copyFileSync, readFileSync, readdirSync, writeFileSync} from 'node:fs';
+import {copyFileSync, readFileSync, writeFileSync} from 'node:fs';
 import {join} from 'node:path';
 
 import {fillablesOf} from '../src/attributes';
 import {Logic} from '../src/logic';
 import {kRequiredClassic, packageOf, typesOfEntries} from './entries.mjs';
+import {partsOf} from './parts.mjs';
 import {readmeOf} from './readme.mjs';
 import {typesOf} from './types.mjs';
 
@@ -37,7 +38,7 @@ const types = typesOf(contract, source);
 /**
  * @typedef {object} Declaration
  * @property {boolean} isStatic
- * @property {string | undefined} access  get or set; undefined for what is neither
+ * @property {string | undefined} access  get, set or readonly; undefined for what is none of these
  * @property {string} name
  * @property {string | undefined} parameters
  * @property {string} type
@@ -65,7 +66,8 @@ function declarationsIn(text, start) {
   for (const line of body) {
     const commented = /^ {2}\/\*\* (.*) \*\/$/.exec(line);
     if (commented !== null) comment = commented[1];
-    const declared = /^ {2}(static )?(get |set )?(\w+)(<\w+>)?(\((.*?)\))?(?:: (.*))?;$/.exec(line);
+    const declared =
+      /^ {2}(static )?(get |set |readonly )?(\w+)(<\w+>)?(\((.*?)\))?(?:: (.*))?;$/.exec(line);
     if (declared !== null) {
       const [, isStatic, access, name, , , parameters, type] = declared;
       found.push({
@@ -96,41 +98,48 @@ const parameter = (text) => {
 };
 /** @type {(comment: string) => {description?: string}} */
 const described = (comment) => (comment === '' ? {} : {description: comment});
-/** @type {Map<string, ManifestMember>} */
-const members = new Map();
-for (const each of declarationsIn(types, 'export declare class ZOLT20MapControlElement')) {
-  if (each.name.endsWith('EventListener')) continue; // of every element, and only typed here
-  if (each.access === undefined) {
-    members.set(each.name, {
-      kind: 'method',
+/** @type {(className: string) => ManifestMember[]} */
+function membersOf(className) {
+  /** @type {Map<string, ManifestMember>} */
+  const members = new Map();
+  for (const each of declarationsIn(types, `export declare class ${className} `)) {
+    if (each.name.endsWith('EventListener')) continue; // of every element, and only typed here
+    if (each.access === undefined) {
+      members.set(each.name, {
+        kind: 'method',
+        name: each.name,
+        ...(each.isStatic ? {static: true} : {}),
+        ...described(each.comment),
+        ...(each.parameters ? {parameters: [parameter(each.parameters)]} : {}),
+        return: {type: {text: each.type}},
+      });
+      continue;
+    }
+    const before = members.get(each.name);
+    /** @type {ManifestMember} */
+    const field = before ?? {
+      kind: 'field',
       name: each.name,
       ...(each.isStatic ? {static: true} : {}),
-      ...described(each.comment),
-      ...(each.parameters ? {parameters: [parameter(each.parameters)]} : {}),
-      return: {type: {text: each.type}},
-    });
-    continue;
-  }
-  const before = members.get(each.name);
-  /** @type {ManifestMember} */
-  const field = before ?? {
-    kind: 'field',
-    name: each.name,
-    ...(each.isStatic ? {static: true} : {}),
-    readonly: true,
-  };
-  if (each.comment !== '')
-    field.description = [field.description, each.comment].filter(Boolean).join(' ');
-  if (each.access === 'set') {
-    delete field.readonly;
-    field.type = {
-      text: String(each.parameters).replace(/^value: (.*?)( \| null \| undefined)?$/, '$1'),
+      readonly: true,
     };
-  } else if (each.type !== 'undefined') {
-    field.type = {text: each.type};
+    if (each.comment !== '')
+      field.description = [field.description, each.comment].filter(Boolean).join(' ');
+    if (each.access === 'set') {
+      delete field.readonly;
+      field.type = {
+        text: String(each.parameters).replace(/^value: (.*?)( \| null \| undefined)?$/, '$1'),
+      };
+    } else if (each.type !== 'undefined') {
+      field.type = {text: each.type};
+    }
+    members.set(each.name, field);
   }
-  members.set(each.name, field);
+  return [...members.values()];
 }
+const elementMembers = membersOf('ZOLT20MapControlElement');
+/** @type {(name: string) => ManifestMember | undefined} */
+const memberNamed = (name) => elementMembers.find((member) => member.name === name);
 // Of each member that can be written an attribute, and those of a control of a form.
 /** @type {{name: string, type: {text: string}, description?: string, fieldName: string}[]} */
 const attributes = [
@@ -141,8 +150,8 @@ const attributes = [
   })),
 ].map(({attribute, name}) => ({
   name: attribute,
-  type: members.get(name)?.type ?? {text: 'string'},
-  ...described(members.get(name)?.description ?? ''),
+  type: memberNamed(name)?.type ?? {text: 'string'},
+  ...described(memberNamed(name)?.description ?? ''),
   fieldName: name,
 }));
 const style = read('faces/web/src/form.css');
@@ -157,13 +166,6 @@ const cssProperties = [
     default: value.replace(/\s+/g, ' '),
     ...(comment ? {description: comment} : {}),
   }));
-const sources = readdirSync(join(source, 'faces/web/src'))
-  .filter((name) => name.endsWith('.ts'))
-  .map((name) => read('faces/web/src', name))
-  .join('\n');
-const parts = [
-  ...new Set([...sources.matchAll(/part: '([\w ]+)'/g)].flatMap(([, names]) => names.split(' '))),
-].sort();
 const kModule = 'zolt20-map-control.js';
 const manifest = {
   schemaVersion: '2.1.0',
@@ -185,18 +187,19 @@ const manifest = {
             .trim(),
           superclass: {name: 'HTMLElement'},
           attributes,
-          members: [...members.values()],
+          members: elementMembers,
           events: declarationsIn(types, 'export interface ZOLT20MapControlEventMap').map(
             ({name, type, comment}) => ({name, type: {text: type}, ...described(comment)}),
           ),
           cssProperties,
-          cssParts: parts.map((name) => ({name})),
+          cssParts: partsOf(logic),
         },
         {
           kind: 'class',
           name: 'ZOLT20Error',
           description: matched(/\/\*\* (.*) \*\/\nexport declare class ZOLT20Error/, types)[1],
           superclass: {name: 'Error'},
+          members: membersOf('ZOLT20Error'),
         },
       ],
       exports: [

@@ -16,7 +16,7 @@ export class ComboView implements View {
   readonly #control: Address;
   readonly #typed: TypedBox | undefined;
   readonly #text = make('span', {class: 'value'});
-  readonly #list = make('div', {role: 'listbox', class: 'rows'});
+  readonly #list = make('div', {role: 'listbox', class: 'rows', part: 'list'});
   readonly #none = make('div', {class: 'none', role: 'status'});
   readonly #popup = make('div', {class: 'popup', part: 'popup', popover: 'manual'});
   readonly #search: HTMLInputElement | undefined;
@@ -46,7 +46,7 @@ export class ComboView implements View {
       setAttributes(this.focus, {...attributes, 'aria-autocomplete': 'none'});
       this.#opener = make(
         'button',
-        {type: 'button', class: 'open', tabindex: -1, id: `${name}.open`},
+        {type: 'button', class: 'open', part: 'opener', tabindex: -1, id: `${name}.open`},
         icon(kArrow),
       );
       this.node = make(
@@ -59,7 +59,7 @@ export class ComboView implements View {
     } else {
       this.focus = make(
         'div',
-        {...attributes, tabindex: 0, class: 'pick'},
+        {...attributes, tabindex: 0, class: 'pick', part: 'input'},
         this.#text,
         icon(kArrow),
       );
@@ -162,9 +162,11 @@ export class ComboView implements View {
         'aria-disabled': enabled ? false : 'true',
         tabindex: enabled ? 0 : false,
       });
+      this.focus.part.toggle('disabled', !enabled);
     } else {
-      this.#typed.input.disabled = !enabled;
+      this.#typed.enable(enabled);
     }
+    this.node.part.toggle('disabled', !enabled);
     if (this.#opener !== undefined) this.#opener.disabled = !enabled;
     if (!enabled) this.#show(false);
   }
@@ -182,6 +184,7 @@ export class ComboView implements View {
   #show(open: boolean): void {
     if (open === this.#isOpen) return;
     this.focus.setAttribute('aria-expanded', String(open));
+    this.node.part.toggle('open', open);
     if (!open) {
       this.#hide();
       return;

@@ -99,9 +99,7 @@ export class Face implements TypedInto {
         kind,
         () => {
           this.#isMeant = true;
-          setTimeout(() => {
-            this.#isMeant = false;
-          });
+          setTimeout(() => (this.#isMeant = false));
         },
         true,
       );
@@ -256,6 +254,7 @@ export class Face implements TypedInto {
       const tool = this.#root.getElementById(id) as HTMLButtonElement;
       isNew ||= tool.disabled === can;
       tool.disabled = !can;
+      tool.part.toggle('disabled', !can);
     }
     if (isNew) this.#owner.historyChanged();
   }

@@ -12,8 +12,11 @@ const kClasses: Partial<Record<PartKind, string>> = {
   [PartKind.Fields]: 'down',
 };
 
+/** Parts of the layout that a page can style. */
+const kParts = new Set(['head', 'notes', 'result', 'buttons']);
+
 function tool(face: Face, id: 'undo' | 'redo', keys: string, path: string) {
-  const attributes = {type: 'button', id, class: 'tool', part: 'tool'};
+  const attributes = {type: 'button', id, class: 'tool', part: 'tool disabled'};
   const button = make('button', {...attributes, tabindex: -1, disabled: true}, icon(path));
   button.addEventListener('click', () => face[id]());
   face.texts.keep(() => {
@@ -64,7 +67,10 @@ function ownNode(face: Face, kind: PartKind, name: string): HTMLElement {
     case PartKind.Tools:
       return tools(face);
     default:
-      return make('div', {class: `${kClasses[kind] ?? ''} ${name}`.trim()});
+      return make('div', {
+        class: `${kClasses[kind] ?? ''} ${name}`.trim(),
+        part: kParts.has(name) ? name : false,
+      });
   }
 }
 

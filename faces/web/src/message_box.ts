@@ -16,13 +16,13 @@ export type Answered = (close: () => void, hadFocus: boolean) => void;
 
 export class MessageBox {
   readonly node: HTMLDialogElement;
-  readonly #title = make('div', {id: 'message.title', class: 'title'});
+  readonly #title = make('div', {id: 'message.title', class: 'title', part: 'title'});
   readonly #text = make('p', {id: 'message.text'});
   readonly #waiting: Message[] = [];
   #hadFocus = false;
 
   constructor(texts: OwnTexts, answered: Answered) {
-    const ok = make('button', {type: 'button', part: 'button', autofocus: true});
+    const ok = make('button', {type: 'button', part: 'button default', autofocus: true});
     texts.keep(() => ok.replaceChildren(texts.of('ok')));
     const sign = make('span', {class: 'sign', 'aria-hidden': 'true'}, '\u00d7');
     this.node = make(

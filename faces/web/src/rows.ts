@@ -247,7 +247,7 @@ export class Rows {
     const {row: number, name} = row;
     let node = this.#nodes.get(drawn);
     if (node === undefined) {
-      node = make('div', {role: 'option', class: 'row', part: 'row'});
+      node = make('div', {role: 'option', class: 'row'});
       this.#nodes.set(drawn, node);
       // In the order of the rows, as they are read out.
       let next: HTMLElement | null = null;
@@ -281,6 +281,9 @@ export class Rows {
       // and not when the space bar does it.
       'aria-selected': String(isMarked),
       class: ['row', drawn === this.#current && 'current', isMarked && markClass]
+        .filter(Boolean)
+        .join(' '),
+      part: ['row', drawn === this.#current && 'current', isMarked && 'marked']
         .filter(Boolean)
         .join(' '),
     });

@@ -9,7 +9,7 @@ export class ScrollBarView implements View {
   readonly node: HTMLElement;
   readonly #face: Face;
   readonly #control: Address;
-  readonly #thumb = make('span', {class: 'thumb'});
+  readonly #thumb = make('span', {class: 'thumb', part: 'thumb'});
   readonly #track = make('span', {class: 'track'}, this.#thumb);
 
   constructor(face: Face, control: Address) {
@@ -26,9 +26,9 @@ export class ScrollBarView implements View {
         'aria-controls': 'fracase',
         'aria-valuemin': 0,
       },
-      make('span', {class: 'arrow', 'data-step': -1}, icon('M4 10l4-4 4 4')),
+      make('span', {class: 'arrow', part: 'arrow', 'data-step': -1}, icon('M4 10l4-4 4 4')),
       this.#track,
-      make('span', {class: 'arrow', 'data-step': 1}, icon('M4 6l4 4 4-4')),
+      make('span', {class: 'arrow', part: 'arrow', 'data-step': 1}, icon('M4 6l4 4 4-4')),
     );
     this.node.addEventListener('click', (event) => this.#press(event));
     this.node.addEventListener('keydown', (event) => this.#key(event));
@@ -47,6 +47,7 @@ export class ScrollBarView implements View {
       'aria-disabled': enabled ? false : 'true',
       tabindex: enabled ? 0 : false,
     });
+    this.node.part.toggle('disabled', !enabled);
   }
 
   get #value(): number {

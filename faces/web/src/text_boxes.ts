@@ -238,6 +238,11 @@ export class TypedBox {
     return isHere;
   }
 
+  enable(enabled: boolean): void {
+    this.input.disabled = !enabled;
+    this.input.part.toggle('disabled', !enabled);
+  }
+
   /** Shows the control's text and, where it moved, its caret. Gives whether the text is another. */
   show(what: number): boolean {
     const text =

@@ -55,7 +55,8 @@ function plain(node: HTMLElement): View {
 }
 
 function button(face: Face, control: Address): View {
-  const node = make('button', {type: 'button', part: 'button'});
+  const isDefault = face.logic.text(control, AskText.Name) === 'cmdDone';
+  const node = make('button', {type: 'button', part: isDefault ? 'button default' : 'button'});
   node.addEventListener('click', () => face.gesture(Gesture.Click, control));
   return {
     node,
@@ -65,13 +66,14 @@ function button(face: Face, control: Address): View {
     },
     enable: (enabled) => {
       node.disabled = !enabled;
+      node.part.toggle('disabled', !enabled);
     },
   };
 }
 
 function option(face: Face, control: Address): View {
   const input = make('input', {type: 'radio', part: 'radio'});
-  const text = make('span');
+  const text = make('span', {part: 'label'});
   const node = make('label', {class: 'option'}, input, text);
   input.addEventListener('click', () => face.gesture(Gesture.Click, control));
   input.addEventListener('keydown', (event) => {
@@ -87,9 +89,11 @@ function option(face: Face, control: Address): View {
     show: () => {
       showText(text, face.logic.text(control, AskText.Caption));
       input.checked = face.logic.is(control, Ask.Value);
+      input.part.toggle('checked', input.checked);
     },
     enable: (enabled) => {
       input.disabled = !enabled;
+      input.part.toggle('disabled', !enabled);
     },
   };
 }
@@ -101,7 +105,7 @@ function frame(face: Face, control: Address): View {
     class: hasBorder ? 'frame' : 'frame bare',
     part: 'group',
   });
-  const title = make('span', {class: 'title', 'aria-hidden': 'true'});
+  const title = make('span', {class: 'title', part: 'title', 'aria-hidden': 'true'});
   if (hasBorder) node.append(title);
   return {
     node,
@@ -170,6 +174,7 @@ function tabStrip(face: Face, control: Address): View {
           'aria-selected': String(page === active),
           tabindex: page === active ? 0 : -1,
         });
+        tab.part.toggle('active', page === active);
       });
       face.showPage(active);
     },
@@ -191,7 +196,7 @@ function linesBox(face: Face, control: Address): View {
       colour.show(face.logic.number(control, Ask.BackColor));
     },
     enable: (enabled) => {
-      box.typed.input.disabled = !enabled;
+      box.typed.enable(enabled);
     },
     restorePlace: () => {
       box.restorePlace();
@@ -211,7 +216,7 @@ function oneLine(face: Face, control: Address): View {
       if ((what & What.SelStart) !== 0) box.showCaret(face.logic.number(control, Ask.SelStart));
     },
     enable: (enabled) => {
-      box.input.disabled = !enabled;
+      box.enable(enabled);
     },
   };
 }
@@ -262,6 +267,7 @@ class ListView implements View {
       'aria-disabled': enabled ? false : 'true',
       tabindex: enabled ? 0 : false,
     });
+    this.node.part.toggle('disabled', !enabled);
   }
   restorePlace(): void {
     this.rows.restorePlace();
