@@ -556,7 +556,7 @@ describe('enlarged to the double', () => {
               ? ['the page scrolls']
               : [];
           const {left, right} = host.element.getBoundingClientRect();
-          const kOwn = 'textarea, input, [role=listbox], .colours';
+          const kOwn = 'textarea, input, [role=listbox], .colours, .tabs';
           const outside = [...host.element.shadowRoot.querySelectorAll('*')].filter((node) => {
             if (!node.checkVisibility() || node.parentElement?.closest(kOwn)) return false;
             const place = node.getBoundingClientRect();

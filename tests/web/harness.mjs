@@ -214,10 +214,19 @@ export class Person {
         ([name, within]) => host.wayIntoSight(name, within),
         [id, selector],
       );
-      if (next === null) return;
+      if (next === null) break;
       await this.mouse.move(next.x, next.y);
       await this.wheel(next.way);
     }
+    const aside = await this.page.evaluate(
+      ([name, within]) => host.waySideways(name, within),
+      [id, selector],
+    );
+    if (aside === null) return;
+    await this.mouse.move(aside.x, aside.y);
+    await this.mouse.wheel(aside.way, 0);
+    await this.nextFrame();
+    await this.nextFrame();
   }
   /** @type {(way: number) => Promise<void>} */
   async wheel(way) {

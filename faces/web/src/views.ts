@@ -8,6 +8,7 @@ import type {Address} from './logic';
 import {Ask, AskText, Gesture, Kind, Style, What} from './numbers';
 import {Rows} from './rows';
 import {ScrollBarView} from './scroll_bar';
+import {TabStripView} from './tab_strip';
 import {LinesBox, hasSeveralLines, lineBox} from './text_boxes';
 
 export interface View {
@@ -26,7 +27,7 @@ export function viewOf(face: Face, control: Address): View {
   const {logic} = face;
   switch (logic.number(control, Ask.Kind) as Kind) {
     case Kind.TabStrip:
-      return tabStrip(face, control);
+      return new TabStripView(face, control);
     case Kind.SyntaxTextBox:
       return linesBox(face, control);
     case Kind.TextBox:
@@ -124,59 +125,6 @@ function label(face: Face, control: Address): View {
     focus: node,
     show: () => {
       showText(node, face.logic.text(control, AskText.Caption));
-    },
-  };
-}
-
-function tabStrip(face: Face, control: Address): View {
-  const node = make('div', {role: 'tablist', part: 'tabs', class: 'tabs'});
-  const tabs = Array.from({length: 7}, (_, page) => {
-    const tab = make(
-      'button',
-      {
-        type: 'button',
-        role: 'tab',
-        part: 'tab',
-        id: `page${page}.tab`,
-        'data-page': page,
-        'aria-controls': `page${page}`,
-      },
-      face.logic.pageCaption(page),
-    );
-    tab.addEventListener('click', () => face.gesture(Gesture.Tab, control, page));
-    return tab;
-  });
-  node.append(...tabs);
-  node.addEventListener('keydown', (event) => {
-    if (event.ctrlKey || event.altKey || event.metaKey) return;
-    const isRightToLeft = getComputedStyle(node).direction === 'rtl';
-    const page = face.logic.number(control, Ask.Value);
-    const pages: Record<string, number> = {
-      ArrowRight: page + (isRightToLeft ? -1 : 1),
-      ArrowLeft: page + (isRightToLeft ? 1 : -1),
-      Home: 0,
-      End: 6,
-    };
-    const wanted = pages[event.key];
-    if (wanted === undefined) return;
-    event.preventDefault();
-    face.gesture(Gesture.Tab, control, (wanted + 7) % 7);
-  });
-  return {
-    node,
-    get focus() {
-      return tabs[face.logic.number(control, Ask.Value)]!;
-    },
-    show: () => {
-      const active = face.logic.number(control, Ask.Value);
-      tabs.forEach((tab, page) => {
-        setAttributes(tab, {
-          'aria-selected': String(page === active),
-          tabindex: page === active ? 0 : -1,
-        });
-        tab.part.toggle('active', page === active);
-      });
-      face.showPage(active);
     },
   };
 }

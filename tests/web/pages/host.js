@@ -192,6 +192,25 @@ class Host {
     }
     return null;
   }
+  /// Where the wheel has to be turned sideways, and how far, for a node to come into sight of what it
+  /// is scrolled in; null when it is there.
+  /** @type {(id: string, selector: string) => {x: number, y: number, way: number} | null} */
+  waySideways(id, selector) {
+    const node = this.find(id, selector);
+    const {left, right} = node.getBoundingClientRect();
+    for (let at = this.around(node); at !== null; at = this.around(at)) {
+      if (!/auto|scroll/.test(getComputedStyle(at).overflowX) || at.scrollWidth <= at.clientWidth)
+        continue;
+      const box = at.getBoundingClientRect();
+      if (left >= box.left - 1 && right <= box.right + 1) continue;
+      return {
+        x: (box.left + box.right) / 2,
+        y: (box.top + box.bottom) / 2,
+        way: (left + right - box.left - box.right) / 2,
+      };
+    }
+    return null;
+  }
   /// How far a list has to be scrolled for a row to be in its sight; 0 when it is, null
   /// when no rows are drawn yet.
   /** @type {(list: string, row: number) => number | null} */
