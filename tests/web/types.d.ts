@@ -135,6 +135,7 @@ declare global {
   var violations: string[];
   var zolt20: typeof import('zolt20-map-control');
   var axe: typeof import('axe-core');
+  var define: () => Promise<{before: number; after: number; shift: number}>;
   var early: {log: string[]; wasDefined: boolean};
   var host: Host;
   /** What single tests keep in their page. */

@@ -9,7 +9,8 @@ import {Ask, Gesture, ListKey, Style} from './numbers';
 
 // The tallest a browser draws without losing its way. Beyond it a list is scrolled in proportion.
 const kTallest = 8_000_000;
-// The height of a row, by its letters, and the least that can be pointed at.
+// The height of a row, by its letters, and the least that can be pointed at by a mouse; for fingers
+// the style sheet has another one.
 const kRowInLetters = 1.85;
 const kLeastHeight = 24;
 // So many rows before and behind those in sight are nodes too: the keys come to one that is there
@@ -154,8 +155,10 @@ export class Rows {
 
   get #height(): number {
     if (this.#rowHeight === 0) {
-      const letters = parseFloat(getComputedStyle(this.#box).fontSize) || 0;
-      this.#rowHeight = Math.max(Math.round(kRowInLetters * letters), kLeastHeight);
+      const style = getComputedStyle(this.#box);
+      const letters = parseFloat(style.fontSize) || 0;
+      const least = parseFloat(style.getPropertyValue('--_target')) || kLeastHeight;
+      this.#rowHeight = Math.max(Math.round(kRowInLetters * letters), least);
       this.#box.style.setProperty('--row-height', `${this.#rowHeight}px`);
     }
     return this.#rowHeight;
@@ -199,7 +202,9 @@ export class Rows {
     );
   }
   #stretch(): void {
-    this.#space.style.height = `${Math.min(this.heightOf(this.count), kTallest)}px`;
+    const height = `${Math.min(this.heightOf(this.count), kTallest)}px`;
+    this.#space.style.height = height;
+    this.#box.style.setProperty('--rows-height', height); // on a phone the list is as high
   }
   /** The scrolling as it was before the element moved in its page. */
   restorePlace(): void {

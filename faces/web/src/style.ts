@@ -6,10 +6,12 @@ import lists from './lists.css';
 import type {Logic} from './logic';
 import messages from './messages.css';
 import narrow from './narrow.css';
+import phone from './phone.css';
+import touch from './touch.css';
 import use from './use.css';
 
 // In this order: where two rules weigh the same, the later one holds.
-const text = [form, boxes, lists, messages, narrow, use, contrast].join('');
+const text = [form, boxes, lists, messages, narrow, phone, touch, use, contrast].join('');
 
 const made = new WeakMap<Document, CSSStyleSheet[]>();
 
