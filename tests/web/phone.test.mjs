@@ -217,6 +217,33 @@ describe('on a phone', () => {
   });
 });
 
+describe('on a tablet', () => {
+  const kTablet = {viewport: {width: 820, height: 1180}, hasTouch: true, isMobile: true};
+  withPerson(
+    'the form has room for fingers, and nothing scrolls',
+    kTablet,
+    async (person, page) => {
+      await fill(page);
+      assert.equal(await page.evaluate(() => host.element.offsetHeight), 896);
+      const wrong = await found(person, () => {
+        const nodes = [host.element, ...host.element.shadowRoot.querySelectorAll('*')].filter(
+          (node) => node.checkVisibility() && node.closest('.popup') === null,
+        );
+        const scrolled = nodes
+          .filter((node) => !node.matches('textarea, .rows'))
+          .filter((node) => /auto|scroll/.test(getComputedStyle(node).overflowY))
+          .filter((node) => node.scrollHeight > node.clientHeight + 1)
+          .map((node) => `${node.id || node.className || node.localName} scrolls`);
+        const low = nodes
+          .filter((node) => node.matches('.rows') && node.clientHeight < 80)
+          .map(({id, clientHeight}) => `${id} is ${clientHeight} pixels high`);
+        return [...scrolled, ...low];
+      });
+      assert.deepEqual(wrong, []);
+    },
+  );
+});
+
 describe('an element', () => {
   const kWide = {viewport: {width: 1280, height: 1000}};
   for (const [blockSize, around] of [

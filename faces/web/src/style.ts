@@ -11,7 +11,7 @@ import touch from './touch.css';
 import use from './use.css';
 
 // In this order: where two rules weigh the same, the later one holds.
-const text = [form, boxes, lists, messages, narrow, phone, touch, use, contrast].join('');
+const text = [form, boxes, lists, messages, narrow, touch, phone, use, contrast].join('');
 
 const made = new WeakMap<Document, CSSStyleSheet[]>();
 
