@@ -154,7 +154,7 @@ describe('a page that gives the focus to an element', () => {
       /** @type {HTMLElement} */ (host.element.shadowRoot.activeElement).blur(),
     );
     await page.evaluate(() => host.element.focus());
-    assert.ok((await page.evaluate(() => scrollY)) > 0);
+    await person.waitFor('the page scrolls', () => page.evaluate(() => scrollY > 0));
   });
 });
 

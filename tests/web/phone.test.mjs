@@ -277,6 +277,19 @@ describe('an element', () => {
       assert.ok(heights[0] >= (around === 'auto' ? 600 : 280), `${heights}`);
     });
   }
+  withPerson(
+    'in a place that is as wide as its content can be used',
+    kWide,
+    async (_person, page) => {
+      const widths = await page.evaluate(() =>
+        ['fit-content', 'min-content'].map((inlineSize) => {
+          document.querySelector('main').style.inlineSize = inlineSize;
+          return host.element.offsetWidth;
+        }),
+      );
+      assert.deepEqual(widths, [320, 320]);
+    },
+  );
   test('does not move its page as it is defined', {timeout: 60000}, async () => {
     const page = await stage.openPage('late.html', kWide);
     const moved = await page.evaluate(() => globalThis.define());

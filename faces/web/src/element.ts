@@ -75,6 +75,7 @@ export class ZOLT20MapControlElement extends FormElement {
     this.#dress(root);
     this.#handle = logic.make(this.#listener);
     this.#face = new Face(logic, this.#handle, root, this.#listener);
+    this.#passFocusOn(root);
     this.#form = this.#joinForm();
     this.#filling = this.#makeFilling(early);
   }
@@ -138,6 +139,18 @@ export class ZOLT20MapControlElement extends FormElement {
     this.#face.showAnew(box);
     (this as Record<string, unknown>)['prpTab'] = tab;
     this.#form.look('host');
+  }
+
+  // Where it scrolls, some browsers give the element itself the focus, as a dialog opens or before the
+  // first control. It may stay there on its way out by Shift+Tab.
+  #passFocusOn(root: ShadowRoot): void {
+    let left: EventTarget | null = null;
+    root.addEventListener('focusout', ({target}) => {
+      left = target;
+    });
+    this.addEventListener('focus', () => {
+      if (root.activeElement === null && left !== this.#face.edges[0]) this.#face.takeFocus();
+    });
   }
 
   // What was written before the element became one, in the order of writing.

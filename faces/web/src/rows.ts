@@ -72,6 +72,7 @@ export class Rows {
   // and it forgets the scrolling of what is hidden or moved.
   #view = 0;
   #place = 0;
+  #told = ''; // the height of all rows, as the style sheet knows it
 
   constructor(options: RowsOptions) {
     this.#logic = options.logic;
@@ -204,7 +205,10 @@ export class Rows {
   #stretch(): void {
     const height = `${Math.min(this.heightOf(this.count), kTallest)}px`;
     this.#space.style.height = height;
-    this.#box.style.setProperty('--rows-height', height); // on a phone the list is as high
+    if (height === this.#told) return;
+    this.#told = height;
+    // On a phone the list is as high, from the next frame on: it may have come to its size just now.
+    requestAnimationFrame(() => this.#box.style.setProperty('--rows-height', height));
   }
   /** The scrolling as it was before the element moved in its page. */
   restorePlace(): void {
