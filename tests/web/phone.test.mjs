@@ -186,6 +186,32 @@ describe('on a phone', () => {
       }
     });
   });
+  withPerson(
+    'an entry is picked by the finger, with no keys before it',
+    kPhone,
+    async (person, page) => {
+      await fill(page);
+      await page.evaluate(() => {
+        host.element.prpTab = 1;
+      });
+      /** @type {(name: string, selector?: string) => Promise<void>} */
+      const tap = async (name, selector) => {
+        const {x, y} = await person.place(name, selector);
+        await page.touchscreen.tap(x, y);
+        await person.nextFrame();
+      };
+      await tap('cboWhereFields');
+      assert.ok((await person.place('cboWhereFields.list')).isOnTop);
+      assert.equal(await person.at(), 'cboWhereFields');
+      // The search line is there for who wants it.
+      await tap('cboWhereFields.search');
+      assert.equal(await person.at(), 'cboWhereFields.search');
+      await person.keyboard.type('FIELD_7');
+      await tap('cboWhereFields.list', '.row');
+      assert.equal((await person.dump()).controls.cboWhereFields.Text, 'CUSTOMER.C_FIELD_7');
+      assert.ok(!(await person.place('cboWhereFields.list')).isThere);
+    },
+  );
   withPerson('a field is selected by the finger', kPhone, async (person, page) => {
     await fill(page);
     /** @type {(name: string, selector?: string) => Promise<void>} */

@@ -194,7 +194,8 @@ export class ComboView implements View {
     this.#rows.view = this.#place();
     this.#rows.rowsChanged();
     this.#rows.moveToRow(this.#face.logic.number(this.#control, Ask.ListIndex));
-    this.#search?.focus({preventScroll: true});
+    // Under a finger it would bring up keys that cover the entries; who wants to search taps it.
+    if (!matchMedia('(pointer: coarse)').matches) this.#search?.focus({preventScroll: true});
     this.#stayWhile(this.node.getBoundingClientRect());
   }
   #hide(): void {
