@@ -2,7 +2,8 @@
 import {createInterface} from 'node:readline';
 import path from 'node:path';
 
-import {kArguments, Stage} from '../web/harness.mjs';
+import {kArguments} from '../web/engines/chromium.mjs';
+import {Stage} from '../web/harness.mjs';
 import {kRoot} from '../web/places.mjs';
 import {Desktop} from './desktop.mjs';
 

@@ -4,6 +4,7 @@ import {readFileSync} from 'node:fs';
 import path from 'node:path';
 import {after, before, describe, test} from 'node:test';
 
+import {lackOf} from './engines/engine.mjs';
 import {Hands} from './hands.mjs';
 import {Stage} from './harness.mjs';
 import {kRoot} from './places.mjs';
@@ -33,7 +34,8 @@ describe('the element does what any face does', () => {
 
   for (const {name, steps, not} of cases) {
     // It counts as one that is left out, and its reason is told.
-    test(name, {timeout: kMost, skip: not?.web ?? false}, async () => {
+    const parts = steps.flatMap((step) => [...Object.keys(step), ...(step.keys ?? [])]);
+    test(name, {timeout: kMost, skip: not?.web ?? lackOf(parts) ?? false}, async () => {
       await hands.begin();
       for (const step of [...catalogue, ...steps]) await hands.play(step);
       assert.deepEqual(person.page.complaints.splice(0), []);

@@ -2,6 +2,7 @@
 // then. The steps are those of tests/faces/what_a_face_does.json, which tells what each means.
 import assert from 'node:assert/strict';
 
+import {engine} from './engines/engine.mjs';
 import {designOf} from './form.mjs';
 
 /** @import {CDPSession} from 'playwright-core' */
@@ -48,6 +49,7 @@ export class Hands {
         made.push(/** @type {Gesture | undefined} */ (host.element.madeGesture())),
       );
     });
+    if (!engine.hasDevTools) return;
     this.session ??= await page.context().newCDPSession(page);
     await this.session.send('Accessibility.enable');
   }
@@ -177,8 +179,39 @@ export class Hands {
     return shown;
   }
 
-  // What a screen reader finds: the rows, the one that the keys are at, and the marks.
-  async #readAloud() {
+  // What a screen reader finds: the rows, the one that the keys are at, and the marks. Where the
+  // engine's tree of it can't be had, it is what the element says for it.
+  /** @type {() => Promise<Spoken>} */
+  #readAloud() {
+    return engine.hasDevTools ? this.#readTree() : this.#readAttributes();
+  }
+  /** @type {() => Promise<Spoken>} */
+  async #readAttributes() {
+    const {at, marked} = await this.person.page.evaluate(() => {
+      /** @type {(role: string) => HTMLElement[]} */
+      const all = (role) =>
+        [...host.element.shadowRoot.querySelectorAll(`[role=${role}]`)].filter((node) =>
+          node.checkVisibility(),
+        );
+      /** @type {(node: HTMLElement) => string} */
+      const activeIn = (node) => node.getAttribute('aria-activedescendant') ?? '';
+      return {
+        at: all('listbox').map((list) => [list.id, activeIn(list)]),
+        marked: all('option').map((row) => [row.id, row.ariaSelected]),
+      };
+    });
+    return {
+      at: new Map(
+        at
+          .filter(([, active]) => active !== '')
+          .map(([list, active]) => [list, Number(/\d+$/.exec(active)?.[0])]),
+      ),
+      marked: new Map(
+        marked.map(([id, isSelected]) => [String(id), markOf(String(id), isSelected === 'true')]),
+      ),
+    };
+  }
+  async #readTree() {
     /** @type {Spoken} */
     const spoken = {at: new Map(), marked: new Map()};
     const {nodes} = (await this.session?.send('Accessibility.getFullAXTree')) ?? {nodes: []};
@@ -195,10 +228,7 @@ export class Hands {
       for (const {name, value} of properties) {
         if (name === 'activedescendant')
           spoken.at.set(id, Number(/\d+$/.exec(value.relatedNodes?.[0]?.idref ?? '')?.[0]));
-        // A row with a check box is selected where it is checked: of that Orca tells at once.
-        if (name !== 'selected') continue;
-        const word = hasCheckBoxes(id) ? 'checked' : 'marked';
-        spoken.marked.set(id, value.value ? word : `not ${word}`);
+        if (name === 'selected') spoken.marked.set(id, markOf(id, value.value));
       }
     }
     return spoken;
@@ -224,9 +254,11 @@ export class Hands {
   }
 }
 
-// Of a row by its id.
-/** @type {(id: string) => boolean} */
-function hasCheckBoxes(id) {
+// What is told of the mark of a row, by its id. A row with a check box is selected where it is
+// checked: of that Orca tells at once.
+/** @type {(id: string, isSelected: boolean) => string} */
+function markOf(id, isSelected) {
   const design = designOf(id.replace(/\.row\.\d+$/, ''));
-  return design?.styles.includes('kCheckBoxes') ?? false;
+  const word = design?.styles.includes('kCheckBoxes') ? 'checked' : 'marked';
+  return isSelected ? word : `not ${word}`;
 }

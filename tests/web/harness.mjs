@@ -1,32 +1,17 @@
-// What tests in the browser begin with: Chromium, a server of pages under the policy of serve.mjs,
+// What tests in a browser begin with: its engine, a server of pages under the policy of serve.mjs,
 // and a person at an element, whose verbs are mouse and keys at real places. A verb fails where a
 // person could not do it.
 import assert from 'node:assert/strict';
 import path from 'node:path';
 
 import {serve} from '../../scripts/serve.mjs';
+import {engine, openBrowser} from './engines/engine.mjs';
 import {designOf, kForm} from './form.mjs';
-import {kChromium, kPackage, kTests, require} from './places.mjs';
+import {kPackage, kTests} from './places.mjs';
 
 /** @import {BrowserContextOptions, Browser, LaunchOptions, Page} from 'playwright-core' */
+/** @import {Display} from './engines/display.mjs' */
 /** @import {Dump, Gesture, LogEntry, Place, Reply} from './types' */
-
-/** @type {typeof import('playwright-core')} */
-const {chromium} = require('playwright-core');
-
-/// Of Chromium, so that it runs anywhere and alone.
-export const kArguments = [
-  '--headless',
-  '--no-sandbox',
-  '--disable-gpu',
-  '--disable-quic',
-  '--no-first-run',
-  '--disable-background-networking',
-  '--disable-component-update',
-  '--disable-smooth-scrolling',
-  '--disable-sync',
-  '--js-flags=--expose-gc',
-];
 
 const kViewport = {width: 1280, height: 1000};
 const kPatience = 15000;
@@ -34,27 +19,33 @@ const kBackspace = 8;
 const kEnter = 13;
 const selectAll = 'Control+A';
 
-/// Chromium and a server of the test pages, the package at /package/ and further folders.
+/// A browser and a server of the test pages, the package at /package/ and further folders.
 export class Stage {
-  /** @type {(mounts?: Record<string, string>, settings?: LaunchOptions) => Promise<Stage>} */
-  static async open(mounts = {}, settings = {}) {
+  /**
+   * @type {(mounts?: Record<string, string>, settings?: LaunchOptions, onDisplay?: boolean) =>
+   *   Promise<Stage>}
+   */
+  static async open(mounts = {}, settings = {}, onDisplay = false) {
     const server = await serve({
       root: {'/package/': kPackage, '/': path.join(kTests, 'pages'), ...mounts},
     });
     try {
-      return new Stage(
-        server,
-        await chromium.launch({executablePath: kChromium, args: kArguments, ...settings}),
-      );
+      const {browser, display} = await openBrowser(settings, onDisplay);
+      return new Stage(server, browser, display);
     } catch (error) {
       await server.close();
       throw error;
     }
   }
-  /** @param {Awaited<ReturnType<typeof serve>>} server @param {Browser} browser */
-  constructor(server, browser) {
+  /**
+   * @param {Awaited<ReturnType<typeof serve>>} server
+   * @param {Browser} browser
+   * @param {Display} [display]
+   */
+  constructor(server, browser, display) {
     this.server = server;
     this.browser = browser;
+    this.display = display;
   }
 
   get address() {
@@ -67,11 +58,12 @@ export class Stage {
   async openPage(address, settings = {}) {
     const context = await this.browser.newContext({
       viewport: kViewport,
-      permissions: ['clipboard-read', 'clipboard-write'],
+      ...engine.settings,
       ...settings,
     });
     context.setDefaultTimeout(kPatience);
     const page = await context.newPage();
+    if (this.display !== undefined) engine.prepare?.(page, this.display);
     page.complaints = [];
     page.on('console', (message) => {
       if (['error', 'warning'].includes(message.type()))
@@ -87,6 +79,12 @@ export class Stage {
       );
     });
     await page.goto(address.includes(':') ? address : `${this.address}/${address}`);
+    // What a person prefers other drivers can't say, so that it is the page that wants it.
+    if (!engine.hasDevTools && settings.colorScheme) {
+      await page.evaluate((scheme) => {
+        document.documentElement.style.colorScheme = scheme;
+      }, settings.colorScheme);
+    }
     return page;
   }
   /// A person at the element of a page, whose host has begun.
@@ -104,6 +102,7 @@ export class Stage {
 
   async close() {
     await this.browser.close();
+    await this.display?.close();
     await this.server.close();
   }
 }
@@ -111,7 +110,7 @@ export class Stage {
 /// Fails if the page has complained of anything, and closes it.
 /** @type {(page: Page) => Promise<void>} */
 export async function closePage(page) {
-  const violations = await page.evaluate(() => globalThis.violations);
+  const violations = await page.evaluate(() => globalThis.violations ?? []);
   await page.context().close();
   assert.deepEqual([...page.complaints, ...violations], []);
 }
@@ -230,7 +229,8 @@ export class Person {
   }
   /** @type {(way: number) => Promise<void>} */
   async wheel(way) {
-    await this.mouse.wheel(0, way);
+    // By whole points, which all drivers take.
+    await this.mouse.wheel(0, Math.sign(way) * Math.ceil(Math.abs(way)));
     await this.nextFrame();
     await this.nextFrame();
   }
@@ -309,7 +309,7 @@ export class Person {
     await this.keyboard.press(selectAll);
     if (text === '') {
       await this.keyboard.press('Delete');
-    } else if (box === 'txtAsSet') {
+    } else if (box === 'txtAsSet' || !engine.hasDevTools) {
       // What is inserted otherwise is composed by an input method, and each character a key.
       await this.page.evaluate((pasted) => navigator.clipboard.writeText(pasted), text);
       await this.keyboard.press('Control+V');

@@ -11,6 +11,8 @@ export const kHost = process.env.ZOLT20_HOST ?? path.join(kRoot, 'build/release/
 export const kPeople =
   process.env.ZOLT20_PEOPLE ?? path.join(kRoot, 'build/release/tests/zolt20-people');
 export const kChromium = process.env.CHROMIUM ?? '/usr/bin/chromium';
+export const kFirefox = process.env.FIREFOX ?? '/usr/bin/firefox-esr';
+export const kEngine = process.env.ZOLT20_ENGINE ?? 'chromium';
 
 /// The packages of the registry are installed in the build tree, beside a copy of their list.
 export const kModules = process.env.ZOLT20_MODULES ?? path.join(kRoot, 'build/web/tests/web');

@@ -133,9 +133,13 @@ declare module 'playwright-core' {
 declare global {
   /** What the policy of the page was broken by. */
   var violations: string[];
+  /** What the page has complained of, where the driver does not tell. */
+  var complaints: string[] | undefined;
   var zolt20: typeof import('zolt20-map-control');
   var axe: typeof import('axe-core');
   var define: () => Promise<{before: number; after: number; shift: number}>;
+  /** Is there when the mouse was pressed twice. */
+  var doubled: Promise<boolean>;
   var early: {log: string[]; wasDefined: boolean};
   var host: Host;
   /** What single tests keep in their page. */
@@ -156,6 +160,12 @@ declare global {
   var read: string;
   var seen: {name: string; isElement: boolean; kind?: string; cancelable?: boolean}[];
   var shown: string;
+
+  /** Of Firefox: where the page stands on its display. */
+  interface Window {
+    readonly mozInnerScreenX: number;
+    readonly mozInnerScreenY: number;
+  }
 
   // A test looks for what must be there, and fails by itself when it is not.
   interface ParentNode {

@@ -31,7 +31,9 @@ function shownOf(node, what, mark) {
       const {overflowX, overflowY} = getComputedStyle(node);
       const ways = [];
       /** @type {(overflow: string) => boolean} */
-      const isScrolled = (overflow) => overflow === 'auto' || overflow === 'scroll';
+      // Firefox calls it visible where a box of several lines scrolls.
+      const isScrolled = (overflow) =>
+        ['auto', 'scroll', ...(node.matches('textarea') ? ['visible'] : [])].includes(overflow);
       if (isScrolled(overflowX) && node.scrollWidth > node.clientWidth) ways.push('across');
       if (isScrolled(overflowY) && node.scrollHeight > node.clientHeight) ways.push('down');
       return ways;

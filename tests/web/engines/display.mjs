@@ -1,0 +1,53 @@
+// A display that nobody sees, for browsers that need one, and the keys of its keyboard.
+import {spawn} from 'node:child_process';
+import {once} from 'node:events';
+
+import {endChild, lineOf} from './children.mjs';
+
+const kSize = [1400, 1200];
+const kScreen = ['-screen', '0', `${kSize.join('x')}x24`, '-nolisten', 'tcp'];
+
+export class Display {
+  /** @type {() => Promise<Display>} */
+  static async open() {
+    const child = spawn('Xvfb', ['-displayfd', '3', ...kScreen], {
+      stdio: ['ignore', 'ignore', 'pipe', 'pipe'],
+    });
+    return new Display(child, await lineOf(child, 3, /^(\d+)$/));
+  }
+  /** @param {import('node:child_process').ChildProcess} child @param {string} number */
+  constructor(child, number) {
+    this.child = child;
+    this.env = {...process.env, DISPLAY: `:${number}`, GDK_BACKEND: 'x11'};
+  }
+
+  /// Presses the mouse twice, and takes it away.
+  /** @type {(x: number, y: number) => Promise<void>} */
+  async doubleClickAt(x, y) {
+    const [width, height] = kSize;
+    await this.#xdotool(
+      'mousemove',
+      `${Math.round(x)}`,
+      `${Math.round(y)}`,
+      'click',
+      '--repeat',
+      '2',
+      '--delay',
+      '20',
+      '1',
+      'mousemove',
+      `${width - 1}`,
+      `${height - 1}`,
+    );
+  }
+  /** @type {(...words: string[]) => Promise<void>} */
+  async #xdotool(...words) {
+    const child = spawn('xdotool', words, {env: this.env, stdio: 'inherit'});
+    const [status] = await once(child, 'exit');
+    if (status !== 0) throw new Error(`xdotool ${words.join(' ')} fails`);
+  }
+
+  close() {
+    return endChild(this.child);
+  }
+}
