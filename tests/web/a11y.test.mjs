@@ -3,15 +3,16 @@
 import assert from 'node:assert/strict';
 import {after, before, describe, test} from 'node:test';
 
-import {designOf, isShown, stopsOf, takesFocus} from './form.mjs';
+import {designOf, isShown, takesFocus} from './form.mjs';
 import {closePage, Stage} from './harness.mjs';
 import {kPanels, kTabs, namesOn} from './names.mjs';
 import {require} from './places.mjs';
+import {walk} from './tab_walk.mjs';
 
 /** @import {BrowserContextOptions, Page} from 'playwright-core' */
 /** @import {Person} from './harness.mjs' */
 /** @import {Role} from './names.mjs' */
-/** @import {Dump, DumpedControl} from './types' */
+/** @import {DumpedControl} from './types' */
 
 /** @type {typeof import('axe-core')} */
 const axe = require('axe-core');
@@ -303,31 +304,6 @@ describe('every control is found by its role and name', () => {
 });
 
 describe('the Tab key', () => {
-  /// Where a press must come to, by the tab order of this moment.
-  /** @type {(dump: Dump, at: string, forward: boolean) => string} */
-  const nextOf = (dump, at, forward) => {
-    const stops = stopsOf(dump);
-    if (!forward) stops.reverse();
-    const next = at.startsWith('#') ? stops[0] : stops[stops.indexOf(at) + 1];
-    return next ?? (forward ? '#behind' : '#before');
-  };
-  /** @type {(person: Person, forward: boolean) => Promise<string[]>} */
-  const walk = async (person, forward) => {
-    const [start, end] = forward ? ['#before', '#behind'] : ['#behind', '#before'];
-    await person.page.focus(start);
-    /** @type {string[]} */
-    const way = [];
-    for (let at = start; at !== end; at = way[way.length - 1]) {
-      const expected = nextOf(await person.dump(), at, forward);
-      await person.keyboard.press(forward ? 'Tab' : 'Shift+Tab');
-      way.push(await person.at());
-      assert.equal(way.at(-1), expected, `behind ${at}`);
-      if (expected !== end) assert.equal((await person.dump()).focus, expected);
-      assert.ok(way.length < 100, 'no end of the way');
-    }
-    return way;
-  };
-
   for (const page of pages) {
     withPerson(`goes through page ${page} and out of the element, and back`, async (person) => {
       if (page !== 0) await person.tab(page);
