@@ -21,6 +21,16 @@ export class Display {
     this.env = {...process.env, DISPLAY: `:${number}`, GDK_BACKEND: 'x11'};
   }
 
+  /// Gives the keyboard to the window with this in its title.
+  /** @type {(title: string) => Promise<void>} */
+  focus(title) {
+    return this.#xdotool('search', '--sync', '--onlyvisible', '--name', title, 'windowfocus');
+  }
+  /// Presses keys by the names of X, such as 'shift+Tab'.
+  /** @type {(...keys: string[]) => Promise<void>} */
+  press(...keys) {
+    return this.#xdotool('key', '--delay', '1', ...keys);
+  }
   /// Presses the mouse twice, and takes it away.
   /** @type {(x: number, y: number) => Promise<void>} */
   async doubleClickAt(x, y) {
