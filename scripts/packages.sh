@@ -96,11 +96,11 @@ node_packages=()
 node -e 'process.exit(Number(parseInt(process.versions.node) < 18))' 2>/dev/null || node_packages=(nodejs)
 web_build_packages=(ccache cmake ninja-build emscripten esbuild "${node_packages[@]}")
 
-# What testing it takes beside that: two browsers with letters to draw, a display with a keyboard for the one that needs it, and the way
+# What testing it takes beside that: three browsers with letters to draw, a display with a keyboard for those that need one, and the way
 # to the npm registry.
 npm_packages=()
 command -v npm >/dev/null || npm_packages=(npm)
-web_test_packages=(chromium firefox-esr xvfb xdotool "${font_packages[@]}" "${npm_packages[@]}")
+web_test_packages=(chromium firefox-esr webkit2gtk-driver xvfb xdotool "${font_packages[@]}" "${npm_packages[@]}")
 
 # What listening to a screen reader takes beside both: the screen reader, its bus, a window manager, and keys.
 orca_packages=(orca at-spi2-core dbus openbox xdotool xvfb)

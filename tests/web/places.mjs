@@ -12,6 +12,7 @@ export const kPeople =
   process.env.ZOLT20_PEOPLE ?? path.join(kRoot, 'build/release/tests/zolt20-people');
 export const kChromium = process.env.CHROMIUM ?? '/usr/bin/chromium';
 export const kFirefox = process.env.FIREFOX ?? '/usr/bin/firefox-esr';
+export const kWebKitDriver = process.env.WEBKIT_DRIVER ?? '/usr/bin/WebKitWebDriver';
 export const kEngine = process.env.ZOLT20_ENGINE ?? 'chromium';
 
 /// The packages of the registry are installed in the build tree, beside a copy of their list.

@@ -6,13 +6,19 @@ import {Display} from './display.mjs';
 /** @import {Browser, BrowserContextOptions, LaunchOptions, Page} from 'playwright-core' */
 
 /**
+ * @typedef {{id: string, role: string, name: string}} Said What screen readers say of a node.
+ */
+/**
  * @typedef {object} Engine
  * @property {string} name
  * @property {boolean} hasDevTools Whether Chromium's protocol for developers is there, which has
  *   input methods and the tree of screen readers.
  * @property {Record<string, string>} lacks The kinds of steps, keys and settings of pages that can't
  *   be had in it, with the reason.
+ * @property {boolean} [hasOnePage] At a time.
  * @property {BrowserContextOptions} settings Of each page.
+ * @property {(page: Page) => Promise<Said[]>} [said] Of all that is to be seen in the element, where
+ *   Playwright has no way to find it.
  * @property {(page: Page, display: Display) => void} [prepare] Mends what the driver can't do.
  * @property {(settings: LaunchOptions, display?: Display) => Promise<Browser>} open
  */
@@ -21,6 +27,7 @@ import {Display} from './display.mjs';
 const kEngines = {
   chromium: () => import('./chromium.mjs'),
   firefox: () => import('./firefox.mjs'),
+  webkit: () => import('./webkit.mjs'),
 };
 if (kEngines[kEngine] === undefined)
   throw new Error(`ZOLT20_ENGINE is ${kEngine}, and none of ${Object.keys(kEngines).join(', ')}`);
