@@ -22,6 +22,8 @@ const axe = require('axe-core');
 const kMost = 120000;
 const kTags = ['wcag2a', 'wcag2aa', 'wcag21a', 'wcag21aa', 'wcag22aa'];
 const kCondition = 6;
+// The rules are slow. What no engine makes different is held against them in Chromium alone.
+const hasTime = engine.name === 'Chromium';
 const pages = kTabs.map((_, page) => page);
 const kinds = Object.keys(kPanels).filter((option) => option !== '');
 
@@ -163,8 +165,7 @@ describe('nothing is found by the rules of accessibility', () => {
     {colorScheme: 'light'},
   );
   for (const colorScheme of /** @type {const} */ (['light', 'dark'])) {
-    // A filled form has all that an empty one has; so one engine looks at both.
-    for (const filled of engine.name === 'Chromium' ? [false, true] : [true]) {
+    for (const filled of hasTime ? [false, true] : [true]) {
       withPerson(
         `${filled ? 'filled' : 'empty'}, ${colorScheme}`,
         async (person, page) => {
@@ -218,7 +219,7 @@ describe('nothing is found by the rules of accessibility', () => {
       {colorScheme: 'light'},
     ],
   ];
-  for (const [what, prepare, settings] of kSurroundings) {
+  for (const [what, prepare, settings] of hasTime ? kSurroundings : []) {
     withPerson(
       what,
       async (person, page) => {

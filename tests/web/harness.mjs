@@ -101,9 +101,12 @@ export class Stage {
   }
 
   async close() {
-    await this.browser.close();
-    await this.display?.close();
-    await this.server.close();
+    try {
+      await this.browser.close();
+    } finally {
+      await this.display?.close();
+      await this.server.close();
+    }
   }
 }
 

@@ -4,6 +4,7 @@ import {once} from 'node:events';
 
 import {endChild, lineOf} from './children.mjs';
 
+const kPatience = 20000;
 const kSize = [1400, 1200];
 const kScreen = ['-screen', '0', `${kSize.join('x')}x24`, '-nolisten', 'tcp'];
 
@@ -52,7 +53,11 @@ export class Display {
   }
   /** @type {(...words: string[]) => Promise<void>} */
   async #xdotool(...words) {
-    const child = spawn('xdotool', words, {env: this.env, stdio: 'inherit'});
+    const child = spawn('xdotool', words, {
+      env: this.env,
+      stdio: 'inherit',
+      timeout: kPatience,
+    });
     const [status] = await once(child, 'exit');
     if (status !== 0) throw new Error(`xdotool ${words.join(' ')} fails`);
   }

@@ -274,8 +274,11 @@ class MiniBrowser {
     return this.context;
   }
   async close() {
-    await this.driver.quit();
-    await endChild(this.child);
+    try {
+      await this.driver.quit();
+    } finally {
+      await endChild(this.child);
+    }
   }
 }
 
