@@ -59,10 +59,10 @@ export function partsOf(logic) {
   /** @type {Map<string, string>} */
   const controls = new Map();
   const listener = /** @type {import('../src/logic').Listener} */ ({});
-  for (const control of logic.controls(logic.make(listener))) {
+  const element = logic.make(listener);
+  for (const control of logic.controls(element)) {
     const name = logic.text(control, AskText.Name).replace(/\(\d+\)$/, '');
-    const words =
-      logic.text(control, AskText.AccessibleName) || logic.text(control, AskText.Caption);
+    const words = logic.spokenName(element, control) || logic.text(control, AskText.Caption);
     if (!controls.has(name))
       controls.set(
         name,
