@@ -274,6 +274,20 @@ describe('the types', () => {
     assert.equal(textOf('zolt20-map-control.d.ts'), types);
   });
 
+  test('name the attributes of the manifest for templates', () => {
+    const [, body] = textOf('zolt20-map-control.d.ts').split(
+      /interface ZOLT20MapControlAttributes \{(.*?)\n\}/s,
+    );
+    const names = [...body.matchAll(/^ {2}'?([\w-]+)'?\?:/gm)].map(([, name]) => name);
+    const {modules} = /** @type {Manifest} */ (jsonOf('custom-elements.json'));
+    const {attributes} = modules[0].declarations[0];
+    // A form's own attribute is the browser's.
+    assert.deepEqual(
+      names.filter((name) => name !== 'form').sort(),
+      attributes.map(({name}) => name).sort(),
+    );
+  });
+
   test('let a host compile, and refuse what is wrong', () => {
     const {stdout, status} = compile(host);
     assert.equal(stdout, '');

@@ -1,5 +1,6 @@
 // The attributes of the element: one for each member of the contract that can be written, so that
 // plain HTML fills the control. Their names are made from the members' by one rule.
+import {attributeOf} from '../package/attribute_names.mjs';
 import type {Logic} from './logic';
 import {ValueType} from './numbers';
 import {checked} from './values';
@@ -12,9 +13,6 @@ export interface Fillable {
   name: string;
   type: ValueType;
 }
-
-// What the rule would cut in the wrong place.
-const kOtherwise: Record<string, string> = {prpParentorChild: 'parent-or-child'};
 
 // The order in which a host calls, since later members read what earlier ones left. Members that
 // do not stand here come last.
@@ -37,19 +35,6 @@ const kCallingOrder = [
   'prpintTabcount',
   'Syntax_Highlight',
 ];
-
-/** A member's name without its prefix, in kebab case: PrpStrTables is "tables". */
-export function attributeOf(member: string): string {
-  return (
-    kOtherwise[member] ??
-    member
-      .replace(/^prp(str|int)?/i, '')
-      .replaceAll('_', '-')
-      .replace(/([a-z\d])([A-Z])/g, '$1-$2')
-      .replace(/([A-Z])([A-Z][a-z])/g, '$1-$2')
-      .toLowerCase()
-  );
-}
 
 /** All that attributes can write, in the calling order. */
 export function fillablesOf(logic: Logic): Fillable[] {
