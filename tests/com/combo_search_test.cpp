@@ -45,9 +45,7 @@ class ComboSearchTest : public testing::Test {
   }
   // By the arrow.
   void Open(const std::wstring& combo) const {
-    COMBOBOXINFO info{};
-    info.cbSize = sizeof info;
-    GetComboBoxInfo(On(combo), &info);
+    const COMBOBOXINFO info = InfoOf(combo);
     Press(On(combo), MAKELPARAM(info.rcButton.left + 3, info.rcButton.top + 3));
   }
   static void Key(WPARAM key, UINT message = WM_KEYDOWN) {
@@ -63,6 +61,17 @@ class ComboSearchTest : public testing::Test {
     wchar_t text[256] = L"";
     GetWindowTextW(window, text, 256);
     return text;
+  }
+  // What the list of the platform has by itself.
+  int RowsHeldBy(const std::wstring& combo) const {
+    return static_cast<int>(SendMessageW(InfoOf(combo).hwndList, LB_GETCOUNT, 0, 0));
+  }
+  HWND LineOf(const std::wstring& combo) const { return InfoOf(combo).hwndItem; }
+  COMBOBOXINFO InfoOf(const std::wstring& combo) const {
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    GetComboBoxInfo(On(combo), &info);
+    return info;
   }
   Texts Left(const std::wstring& combo) const {
     Texts texts;
@@ -204,6 +213,82 @@ TEST_F(ComboSearchTest, TheTextOfABoxThatIsTypedInStays) {
   EXPECT_EQ(GetFocus(), info.hwndItem);
   Type(L"!");
   EXPECT_EQ(TextOf(info.hwndItem), L"typed!");
+}
+
+TEST_F(ComboSearchTest, TheWindowHoldsTheChosenRowAlone) {
+  EXPECT_EQ(RowsHeldBy(fields_), 0);
+  EXPECT_EQ(RowsHeldBy(values_), 0);
+  Open(fields_);
+  Type(L"day");
+  Key(VK_RETURN);
+  EXPECT_EQ(RowsHeldBy(fields_), 1);
+  EXPECT_EQ(TextOf(On(fields_)), L"ORDERITM.DAY");
+  EXPECT_EQ(RowsHeldBy(values_), 0);
+}
+
+TEST_F(ComboSearchTest, ProgramsThatAskGetAllRows) {
+  SetFocus(On(fields_));
+  Key(VK_DOWN);
+  const auto fields = static_cast<int>(SendMessageW(On(fields_), CB_GETCOUNT, 0, 0));
+  EXPECT_GT(fields, 2);
+  EXPECT_EQ(RowsHeldBy(fields_), fields);
+  EXPECT_EQ(SendMessageW(On(fields_), CB_GETCURSEL, 0, 0), 0);
+  wchar_t text[256] = L"";
+  SendMessageW(On(fields_), CB_GETLBTEXT, 1, reinterpret_cast<LPARAM>(text));
+  EXPECT_EQ(text, std::wstring(L"ORDERITM.NO"));
+  EXPECT_EQ(TextOf(On(fields_)), L"ORDERITM._index1");
+  // What they choose is what a person chose.
+  SendMessageW(On(fields_), CB_SHOWDROPDOWN, TRUE, 0);
+  SendMessageW(On(fields_), CB_SETCURSEL, 1, 0);
+  SendMessageW(On(fields_), WM_KEYDOWN, VK_RETURN, 0);
+  Pump();
+  EXPECT_EQ(TextOf(On(fields_)), L"ORDERITM.NO");
+  EXPECT_TRUE(CanUndo());
+}
+
+TEST_F(ComboSearchTest, AProgramThatAsksLeavesWhatIsTypedAndMarked) {
+  const HWND line = LineOf(values_);
+  SetFocus(line);
+  Type(L"typed");
+  SendMessageW(line, EM_SETSEL, 1, 3);
+  EXPECT_GT(SendMessageW(On(values_), CB_GETCOUNT, 0, 0), 0);
+  EXPECT_EQ(TextOf(line), L"typed");
+  EXPECT_EQ(SendMessageW(line, EM_GETSEL, 0, 0), MAKELPARAM(1, 3));
+}
+
+TEST_F(ComboSearchTest, KeysGoAlongTheRowsOfAClosedList) {
+  // A pick hands the focus on, so each key begins anew.
+  const auto keyed = [this](WPARAM key, UINT message = WM_KEYDOWN) {
+    SetFocus(On(fields_));
+    Key(key, message);
+    return TextOf(On(fields_));
+  };
+  EXPECT_EQ(keyed(VK_DOWN), L"ORDERITM._index1");
+  EXPECT_EQ(keyed(VK_RIGHT), L"ORDERITM.NO");
+  EXPECT_EQ(keyed(VK_UP), L"ORDERITM._index1");
+  EXPECT_EQ(keyed(L'd', WM_CHAR), L"DISTRICT._index1");
+  EXPECT_EQ(keyed(VK_HOME), L"ORDERITM._index1");
+  EXPECT_EQ(keyed(VK_END), L"DISTRICT.NO");
+  EXPECT_EQ(keyed(VK_PRIOR), L"ORDERITM._index1");
+  EXPECT_EQ(RowsHeldBy(fields_), 1);
+}
+
+TEST_F(ComboSearchTest, AKeyAtTheEndOfAClosedListPicksNothing) {
+  SetFocus(On(fields_));
+  Key(VK_END);
+  SetFocus(On(fields_));
+  Key(VK_DOWN);
+  EXPECT_EQ(GetFocus(), On(fields_));  // which a pick would hand on
+}
+
+TEST_F(ComboSearchTest, AnEntryOfABoxIsMarkedWhenItIsPicked) {
+  const HWND line = LineOf(values_);
+  SetFocus(line);
+  Key(VK_DOWN);
+  const auto letters = static_cast<int>(TextOf(line).size());
+  EXPECT_GT(letters, 0);
+  SetFocus(line);
+  EXPECT_EQ(SendMessageW(line, EM_GETSEL, 0, 0), MAKELPARAM(0, letters));
 }
 
 TEST_F(ComboSearchTest, OperatorsHaveTheListOfThePlatform) {
