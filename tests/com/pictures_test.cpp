@@ -1,13 +1,10 @@
 // How the pages look: no text is cut and nothing lies over anything else. The letters are those of
 // the family that ZOLT20_LETTERS names, as in_wine.sh has it. With ZOLT20_PICTURES set to a folder
 // the pages are drawn into it, which is where the pictures of docs/ come from.
-#include <ole2.h>
-// The system's other headers need it.
-#include <gdiplus.h>
-
 #include <algorithm>
 
 #include "tests/com/com_test.h"
+#include "tests/com/screen.h"
 
 namespace zolt20::tests {
 namespace {
@@ -103,11 +100,6 @@ bool IsInstalled(const std::wstring& family) {
 
 class PicturesTest : public testing::Test {
  protected:
-  PicturesTest() {
-    Gdiplus::GdiplusStartupInput input;
-    Gdiplus::GdiplusStartup(&drawing_, &input, nullptr);
-  }
-  ~PicturesTest() override { Gdiplus::GdiplusShutdown(drawing_); }
   void SetUp() override {
     const std::wstring family = Environment(L"ZOLT20_LETTERS");
     if (!family.empty() && !IsInstalled(family)) GTEST_SKIP() << "the letters are not installed";
@@ -232,25 +224,10 @@ class PicturesTest : public testing::Test {
     ExpectRoomForEverything();
     const std::wstring folder = Environment(L"ZOLT20_PICTURES");
     if (folder.empty()) return;
-    RECT place{};
-    GetClientRect(container_.Window(), &place);
-    const HDC screen = GetDC(container_.Window());
-    const HDC canvas = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, place.right, place.bottom);
-    const HGDIOBJ before = SelectObject(canvas, bitmap);
-    BitBlt(canvas, 0, 0, place.right, place.bottom, screen, 0, 0, SRCCOPY);
-    SelectObject(canvas, before);
-    const CLSID png = {
-        0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-    Gdiplus::Bitmap picture(bitmap, nullptr);
-    EXPECT_EQ(picture.Save((folder + L"\\" + name + L".png").c_str(), &png, nullptr), Gdiplus::Ok);
-    DeleteObject(bitmap);
-    DeleteDC(canvas);
-    ReleaseDC(container_.Window(), screen);
+    Screen(container_.Window()).Save(folder + L"\\" + name + L".png");
   }
 
  private:
-  ULONG_PTR drawing_ = 0;
   Container container_{Pixels(880), Pixels(620)};
   SessionPlayer player_{[this] { return Embed(container_); }};
   Pointer<IDispatch> byName_;
