@@ -78,13 +78,24 @@ std::wstring Server() {
 
 // The exit code of the system's own program for this.
 DWORD Regsvr32(const std::wstring& arguments) {
-  std::wstring line = L"regsvr32.exe /s " + arguments + L" \"" + Server() + L"\"";
+  const std::wstring line = L"regsvr32.exe /s " + arguments + L" \"" + Server() + L"\"";
   STARTUPINFOW start{};
   start.cb = sizeof start;
   PROCESS_INFORMATION process{};
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                      &process))
+  bool isStarted = false;
+  // Wine fails to start a program now and then when the machine is busy.
+  constexpr int kAttempts = 5;
+  constexpr DWORD kPause = 1000;
+  for (int attempt = 0; attempt < kAttempts && !isStarted; ++attempt) {
+    std::wstring given = line;
+    isStarted = CreateProcessW(nullptr, given.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                               &start, &process) != FALSE;
+    if (!isStarted) Sleep(kPause);
+  }
+  if (!isStarted) {
+    ADD_FAILURE() << "regsvr32 does not start, error " << GetLastError();
     return 99;
+  }
   WaitForSingleObject(process.hProcess, INFINITE);
   DWORD code = 98;
   GetExitCodeProcess(process.hProcess, &code);
