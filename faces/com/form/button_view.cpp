@@ -21,6 +21,7 @@ class AnyButton : public ViewOf<ControlKind> {
   }
   HBRUSH Brush(HDC canvas) override {
     SetBkMode(canvas, TRANSPARENT);
+    SetTextColor(canvas, GetSysColor(COLOR_BTNTEXT));
     return GetSysColorBrush(COLOR_BTNFACE);
   }
   void OnCommand(int code) override {

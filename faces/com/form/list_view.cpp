@@ -42,6 +42,7 @@ class ListWindow final : public ViewOf<ListBox> {
 
   void Show(const faces::Change& change) override;
   void Place(const RECT& place) override;
+  void LooksChanged() override { UseBoxColours(window()); }
   LRESULT OnNotify(NMHDR& notice) override;
   bool OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
   bool OnKey(WPARAM key) override;
@@ -91,6 +92,7 @@ ListWindow::ListWindow(ViewOwner& owner, const ListBox& list)
     Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
   }
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, wanted, static_cast<LPARAM>(wanted));
+  UseBoxColours(window());
 }
 
 // What is shown.

@@ -1,5 +1,7 @@
 #include "faces/com/form/plain_boxes.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <optional>
 
@@ -55,6 +57,13 @@ void PasteText(HWND box) {
   }
   CloseClipboard();
   if (!text.empty()) SendMessageW(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(text)));
+}
+
+void UseBoxColours(HWND list) {
+  const auto behind = static_cast<LPARAM>(GetSysColor(COLOR_WINDOW));
+  SendMessageW(list, LVM_SETBKCOLOR, 0, behind);
+  SendMessageW(list, LVM_SETTEXTBKCOLOR, 0, behind);
+  SendMessageW(list, LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOWTEXT)));
 }
 
 HBRUSH BoxBrush(HDC canvas, const Control& control) {

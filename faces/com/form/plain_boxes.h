@@ -19,6 +19,9 @@ String InLowerCase(StringView text);
 /// and its line ends as CR LF.
 void PasteText(HWND box);
 
+/// Gives a list view the system's colours of boxes, which it has from when its library was loaded.
+void UseBoxColours(HWND list);
+
 /// The brush by which the canvas of a box gets the BackColor of its control; none when the control
 /// has no such colour.
 HBRUSH BoxBrush(HDC canvas, const Control& control);

@@ -27,8 +27,9 @@ class LabelWindow final : public ViewOf<Label> {
   void Show(const faces::Change& /*change*/) override { ShowCaption(control().Caption()); }
   HBRUSH Brush(HDC canvas) override {
     SetBkMode(canvas, TRANSPARENT);
-    if (faces::IsNote(control().design()))
-      SetTextColor(canvas, Quiet(GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)));
+    const COLORREF text = GetSysColor(COLOR_BTNTEXT);
+    const bool isQuiet = faces::IsNote(control().design());
+    SetTextColor(canvas, isQuiet ? Quiet(text, GetSysColor(COLOR_BTNFACE)) : text);
     return GetSysColorBrush(COLOR_BTNFACE);
   }
 };
