@@ -2,6 +2,7 @@
 #include <ole2.h>
 // The system's other headers need it.
 #include <commctrl.h>
+#include <objsafe.h>
 #include <psapi.h>
 #include <richedit.h>
 
@@ -49,6 +50,32 @@ class EmbeddingTest : public testing::Test {
     if (onBox_) onBox_();
   }};
 };
+
+TEST_F(EmbeddingTest, ItIsSafeForScriptsAndForValuesOfAnybody) {
+  Pointer<IObjectSafety> safety;
+  ASSERT_EQ(container_.Control()->QueryInterface(IID_IObjectSafety,
+                                                 reinterpret_cast<void**>(safety.Put())),
+            S_OK);
+  constexpr DWORD kSafe = INTERFACESAFE_FOR_UNTRUSTED_CALLER | INTERFACESAFE_FOR_UNTRUSTED_DATA;
+  for (const IID* id : {&IID_IDispatch, &IID_IPersistStreamInit, &IID_IPersistPropertyBag}) {
+    DWORD supported = 0;
+    DWORD enabled = 0;
+    EXPECT_EQ(safety->GetInterfaceSafetyOptions(*id, &supported, &enabled), S_OK);
+    EXPECT_EQ(supported, kSafe);
+    EXPECT_EQ(enabled, kSafe);
+    EXPECT_EQ(safety->SetInterfaceSafetyOptions(*id, kSafe, kSafe), S_OK);
+    EXPECT_EQ(safety->SetInterfaceSafetyOptions(*id, INTERFACE_USES_SECURITY_MANAGER,
+                                                INTERFACE_USES_SECURITY_MANAGER),
+              E_FAIL);
+    EXPECT_EQ(safety->GetInterfaceSafetyOptions(*id, nullptr, &enabled), E_POINTER);
+  }
+  DWORD supported = kSafe;
+  DWORD enabled = kSafe;
+  EXPECT_EQ(safety->GetInterfaceSafetyOptions(IID_IMarshal, &supported, &enabled), E_NOINTERFACE);
+  EXPECT_EQ(supported, 0U);
+  EXPECT_EQ(enabled, 0U);
+  EXPECT_EQ(safety->SetInterfaceSafetyOptions(IID_IMarshal, kSafe, kSafe), E_NOINTERFACE);
+}
 
 TEST_F(EmbeddingTest, ItHasNoWindowBeforeItIsActive) {
   HWND window = nullptr;

@@ -231,7 +231,9 @@ TEST_F(RegistrationTest, TheRegistryNamesWhatContainersLookFor) {
        {L"\\Control", L"\\InprocServer32 [ThreadingModel] = Apartment",
         L"\\VersionIndependentProgID [] = ZOLT20MappingCtrl.ZOLT20MapControl", version.c_str(),
         L"\\MiscStatus\\1", L"\\ToolboxBitmap32",
-        L"\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}"}) {
+        L"\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}",
+        L"\\Implemented Categories\\{7DD95801-9882-11CF-9FA9-00AA006C42C4}",
+        L"\\Implemented Categories\\{7DD95802-9882-11CF-9FA9-00AA006C42C4}"}) {
     EXPECT_EQ(registered.count(Small(key + line)), 1U) << std::string(line, line + wcslen(line));
   }
 }

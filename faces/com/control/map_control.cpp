@@ -95,6 +95,7 @@ HRESULT MapControl::FindInterface(REFIID id, void** object) {
     if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2)
       return static_cast<IProvideClassInfo2*>(this);
     if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
+    if (id == IID_IObjectSafety) return static_cast<IObjectSafety*>(this);
     return nullptr;
   }();
   if (found == nullptr) return E_NOINTERFACE;

@@ -9,6 +9,7 @@
 // another object. It stays alive through each call and gesture, whoever gives it up meanwhile.
 #pragma once
 
+#include <objsafe.h>
 #include <ocidl.h>
 #include <oleidl.h>
 
@@ -50,6 +51,7 @@ class MapControl final : public _ZOLT20MapControl,
                          public IConnectionPointContainer,
                          public IProvideClassInfo2,
                          public ISupportErrorInfo,
+                         public IObjectSafety,
                          private ControlHost,
                          private FormWindow::Owner {
  public:
@@ -96,6 +98,10 @@ class MapControl final : public _ZOLT20MapControl,
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) override;
   STDMETHODIMP GetClassInfo(ITypeInfo** description) override;
   STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override;
+
+  // IObjectSafety: whatever it is given, the control runs nothing and reads no file.
+  STDMETHODIMP GetInterfaceSafetyOptions(REFIID id, DWORD* supported, DWORD* enabled) override;
+  STDMETHODIMP SetInterfaceSafetyOptions(REFIID id, DWORD mask, DWORD enabled) override;
 
   // IConnectionPointContainer.
   STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override;

@@ -1,6 +1,7 @@
 #include "faces/com/server/registration.h"
 
 #include <comcat.h>
+#include <objsafe.h>
 #include <olectl.h>
 
 #include <array>
@@ -97,7 +98,9 @@ HRESULT RegisterUnder(HKEY root, const std::wstring& path) {
   writer.Write(classKey + L"\\MiscStatus", L"0");
   writer.Write(classKey + L"\\MiscStatus\\1", std::to_wstring(kMiscStatus));
   writer.Write(classKey + L"\\ToolboxBitmap32", path + L", 101");
-  writer.Write(classKey + L"\\Implemented Categories\\" + Text(CATID_Control), L"");
+  for (const CATID& category : {CATID_Control, CATID_SafeForScripting, CATID_SafeForInitializing,
+                                CATID_PersistsToStreamInit, CATID_PersistsToPropertyBag})
+    writer.Write(classKey + L"\\Implemented Categories\\" + Text(category), L"");
   WriteTypeLibrary(writer, path);
   return writer.status() == ERROR_SUCCESS ? S_OK : ResultOf(writer.status());
 }
