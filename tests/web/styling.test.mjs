@@ -123,6 +123,15 @@ describe('a part', () => {
     await person.tab(6);
     await person.click('optwhile');
     assert.deepEqual(await having(page, 'radio', 'checked'), ['optwhile']);
+
+    assert.deepEqual(await having(page, 'readonly'), []);
+    await page.evaluate(() => {
+      host.element.readOnly = true;
+    });
+    const readOnly = await having(page, 'readonly');
+    for (const name of ['txtWhlCnd', 'TxtOutput', 'optwhile', 'cmdDone'])
+      assert.ok(readOnly.includes(name), name);
+    assert.deepEqual(await having(page, 'tab', 'readonly'), []);
     await person.takeLog();
   });
   withPerson('with a state takes rules of the page', async (person, page) => {
@@ -157,6 +166,10 @@ describe('a part', () => {
     await look();
     await person.tab(6);
     await person.click('optCase');
+    await look();
+    await page.evaluate(() => {
+      host.element.readOnly = true;
+    });
     await look();
     /** @type {string[]} */
     const told = cssParts.map((/** @type {{name: string}} */ {name}) => name);

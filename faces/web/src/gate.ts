@@ -37,6 +37,8 @@ export class Gate {
   /** Shows on what has the focus of a control whether it can be changed. */
   mark(node: HTMLElement, kind: Kind): void {
     const isReading = this.use === Use.Reading;
+    const isForLooking = kind === Kind.TabStrip || kind === Kind.ScrollBar;
+    node.part.toggle('readonly', isReading && !isForLooking);
     if (node instanceof HTMLTextAreaElement) node.readOnly = isReading;
     else if (node instanceof HTMLInputElement && node.type === 'text') node.readOnly = isReading;
     else if (kind === Kind.ListBox || kind === Kind.ComboBox)
