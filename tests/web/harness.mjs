@@ -66,6 +66,8 @@ export class Stage {
     if (this.display !== undefined) engine.prepare?.(page, this.display);
     page.complaints = [];
     page.on('console', (message) => {
+      // A browser asks for the icon of a site, which pages of the tests have not.
+      if (message.location().url.endsWith('/favicon.ico')) return;
       if (['error', 'warning'].includes(message.type()))
         page.complaints.push(`console: ${message.text()}`);
     });

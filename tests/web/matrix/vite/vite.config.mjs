@@ -1,0 +1,1 @@
+export default {optimizeDeps: {exclude: ['zolt20-map-control']}};
