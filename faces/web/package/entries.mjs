@@ -86,6 +86,7 @@ export const packageOf = (version) => ({
     `${kName}.*`,
     ...Object.keys(kFrameworks).map((framework) => `${framework}.d.*`),
     'custom-elements.json',
+    'pako.copyright.txt',
     'picture.png',
   ],
   engines: {node: '>=18'},
