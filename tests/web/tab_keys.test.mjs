@@ -26,7 +26,7 @@ describe('the Tab key of the platform', () => {
 
   // In WebKit it goes to buttons too, when Alt is held, on platforms where it does not by itself.
   for (const held of engine.name === 'WebKitGTK' ? ['', 'alt+'] : ['']) {
-    for (const page of kTabs.keys()) {
+    for (const page of held === '' ? kTabs.keys() : [0]) {
       test(`${held}Tab goes through page ${page}, and back`, {timeout: kMost}, async () => {
         await person.makeNew('{"new":{}}');
         if (page !== 0) await person.tab(page);

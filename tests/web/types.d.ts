@@ -143,6 +143,7 @@ declare global {
   var early: {log: string[]; wasDefined: boolean};
   var host: Host;
   /** What single tests keep in their page. */
+  var heard: unknown[][];
   var compiled: Promise<string>;
   var RealModule: typeof WebAssembly.Module;
   var failures: boolean[][];
