@@ -228,14 +228,13 @@ export class Person {
     );
     if (aside === null) return;
     await this.mouse.move(aside.x, aside.y);
-    await this.mouse.wheel(aside.way, 0);
-    await this.nextFrame();
-    await this.nextFrame();
+    await this.wheel(0, aside.way);
   }
-  /** @type {(way: number) => Promise<void>} */
-  async wheel(way) {
+  /** @type {(down: number, across?: number) => Promise<void>} */
+  async wheel(down, across = 0) {
     // By whole points, which all drivers take.
-    await this.mouse.wheel(0, Math.sign(way) * Math.ceil(Math.abs(way)));
+    const [right, below] = [across, down].map((way) => Math.sign(way) * Math.ceil(Math.abs(way)));
+    await this.mouse.wheel(right, below);
     await this.nextFrame();
     await this.nextFrame();
   }
