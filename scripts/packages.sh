@@ -94,7 +94,7 @@ windows_packages=("${windows_build_packages[@]}" nlohmann-json3-dev googletest w
 # What building the browser element and serving its page take. A node of version 18 or later will do, wherever it comes from.
 node_packages=()
 node -e 'process.exit(Number(parseInt(process.versions.node) < 18))' 2>/dev/null || node_packages=(nodejs)
-web_build_packages=(ccache cmake ninja-build emscripten esbuild node-pako "${node_packages[@]}")
+web_build_packages=(ccache cmake ninja-build emscripten esbuild "${node_packages[@]}")
 
 # What testing it takes beside that: three browsers with letters to draw, a display with a keyboard for those that need one, and the way
 # to the npm registry.

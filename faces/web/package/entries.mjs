@@ -86,7 +86,6 @@ export const packageOf = (version) => ({
     `${kName}.*`,
     ...Object.keys(kFrameworks).map((framework) => `${framework}.d.*`),
     'custom-elements.json',
-    'pako.copyright.txt',
     'picture.png',
   ],
   engines: {node: '>=18'},

@@ -3,13 +3,10 @@ declare module '*.css' {
   const text: string;
   export default text;
 }
-declare module '*.wasm.gz' {
-  const base64: string;
-  export default base64;
-}
-// The library that unpacks what gzip has packed.
-declare module 'pako' {
-  export function ungzip(packed: Uint8Array): Uint8Array<ArrayBuffer>;
+/** The bytes of the logic, a letter each, and the letter of each byte. */
+declare module '*.wasm.json' {
+  export const text: string;
+  export const letters: string;
 }
 // The version of the package.
 declare const ZOLT20_VERSION: string;
