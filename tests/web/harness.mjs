@@ -15,6 +15,7 @@ import {kPackage, kTests} from './places.mjs';
 
 const kViewport = {width: 1280, height: 1000};
 const kPatience = 15000;
+const kStill = 3;
 const kBackspace = 8;
 const kEnter = 13;
 const selectAll = 'Control+A';
@@ -205,9 +206,21 @@ export class Person {
     // What lies outside of the window is scrolled to, as by the wheel.
     if (place.isThere && !place.isOnTop) {
       await this.bringIntoWindow(id, selector);
-      place = await this.place(id, selector);
+      place = await this.atRest(id, selector);
     }
     assert.ok(place.isOnTop, `${id} ${selector} is not in sight`);
+    return place;
+  }
+  /// The place of something that was scrolled, when it has come to rest.
+  /** @type {(id: string, selector: string) => Promise<Place>} */
+  async atRest(id, selector) {
+    let place = await this.place(id, selector);
+    for (let frames = 0; frames < kStill; ++frames) {
+      await this.nextFrame();
+      const before = place;
+      place = await this.place(id, selector);
+      if (place.x !== before.x || place.y !== before.y) frames = 0;
+    }
     return place;
   }
   /// Turns the wheel until it is in the window, and in sight of what it is scrolled in.
@@ -253,6 +266,7 @@ export class Person {
     const selector = `[data-row="${row}"]`;
     await this.bringIntoWindow(list);
     let place = await this.place(list, selector);
+    let frames = Infinity; // in which the row has stood where it stands
     await this.waitFor(`${list} shows row ${row}`, async () => {
       const way = await this.page.evaluate(
         ([name, number]) => host.wayToRow(name, number),
@@ -262,10 +276,13 @@ export class Person {
         const box = await this.place(list);
         await this.mouse.move(box.x, box.y);
         await this.wheel(way);
+        frames = 0;
       }
-      // The wheel may still turn.
+      // The list may still be on its way: some engines scroll aside, and later than the wheel turned.
+      const before = place;
       place = await this.place(list, selector);
-      return way === 0 && place.isOnTop;
+      frames = place.y === before.y ? frames + 1 : 0;
+      return way === 0 && place.isOnTop && frames >= kStill;
     });
     return place;
   }
