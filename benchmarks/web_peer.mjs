@@ -7,7 +7,7 @@ import {Stage, closePage} from '../tests/web/harness.mjs';
 
 /** @import {Page} from 'playwright-core' */
 
-const kLoads = 9;
+const kLoads = 15;
 const kRules = 9;
 const kScripts = {ours: './ours.js', theirs: '/peer/peer.js'};
 const kMegabyte = 1e6;
