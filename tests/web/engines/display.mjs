@@ -6,7 +6,9 @@ import {endChild, lineOf} from './children.mjs';
 
 const kPatience = 20000;
 const kSize = [1400, 1200];
-const kScreen = ['-screen', '0', `${kSize.join('x')}x24`, '-nolisten', 'tcp'];
+// On a busy machine a key is held for long; it must not be repeated by the display.
+const kKeysOnce = '-r';
+const kScreen = ['-screen', '0', `${kSize.join('x')}x24`, '-nolisten', 'tcp', kKeysOnce];
 
 export class Display {
   /** @type {() => Promise<Display>} */
