@@ -172,6 +172,8 @@ function oneLine(face: Face, control: Address): View {
 class ListView implements View {
   readonly node: HTMLElement;
   readonly rows: Rows;
+  /** The row of the last press, when a second one would make it a double click; -1 for none. */
+  #pressed = -1;
 
   constructor(face: Face, control: Address) {
     const {logic} = face;
@@ -190,8 +192,10 @@ class ListView implements View {
       const row = this.rows.rowUnder(event);
       if (row < 0 || !logic.is(control, Ask.Enabled)) return;
       this.rows.moveToRow(row);
-      // The second press of a double click is no click of its own.
-      const isSecond = event.detail % 2 === 0 && event.detail > 0;
+      // The second press of a double click is no click of its own. One that finds another row is, since
+      // the list has been scrolled under the mouse.
+      const isSecond = event.detail > 1 && row === this.#pressed;
+      this.#pressed = isSecond ? -1 : row;
       face.gesture(isSecond ? Gesture.DoubleClickRow : Gesture.ClickRow, control, row);
     });
     this.node.addEventListener('keydown', (event) => {
