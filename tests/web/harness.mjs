@@ -247,9 +247,9 @@ export class Person {
   async wheel(down, across = 0) {
     // By whole points, which all drivers take.
     const [right, below] = [across, down].map((way) => Math.sign(way) * Math.ceil(Math.abs(way)));
+    const before = await this.page.evaluate(() => host.scrolled());
     await this.mouse.wheel(right, below);
-    await this.nextFrame();
-    await this.nextFrame();
+    await this.page.evaluate((scrolled) => host.scrollingEnds(scrolled), before);
   }
 
   /** @type {(control: string) => Promise<void>} */
@@ -266,7 +266,7 @@ export class Person {
     const selector = `[data-row="${row}"]`;
     await this.bringIntoWindow(list);
     let place = await this.place(list, selector);
-    let frames = Infinity; // in which the row has stood where it stands
+    let frames = 0; // in which the row has stood where it stands
     await this.waitFor(`${list} shows row ${row}`, async () => {
       const way = await this.page.evaluate(
         ([name, number]) => host.wayToRow(name, number),
@@ -278,7 +278,7 @@ export class Person {
         await this.wheel(way);
         frames = 0;
       }
-      // The list may still be on its way: some engines scroll aside, and later than the wheel turned.
+      // The list may still be on its way.
       const before = place;
       place = await this.place(list, selector);
       frames = place.y === before.y ? frames + 1 : 0;

@@ -27,7 +27,12 @@ const {Builder, Button, Key} = require('selenium-webdriver');
 const kPatience = 15000;
 const kLook = 20;
 const kBeside = 3;
-const kArguments = ['--automation', '--javascript-can-access-clipboard=true'];
+const kArguments = [
+  '--automation',
+  '--javascript-can-access-clipboard=true',
+  // A press between two steps of a scrolling finds no row that is under the mouse from down to up.
+  '--enable-smooth-scrolling=false',
+];
 /** @type {Record<string, string>} */
 const kKeys = {
   Alt: Key.ALT,

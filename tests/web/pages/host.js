@@ -192,6 +192,28 @@ class Host {
     }
     return null;
   }
+  /// How far everything is scrolled.
+  scrolled() {
+    const all = [document.documentElement, ...this.element.shadowRoot.querySelectorAll('*')];
+    return all.map((node) => `${node.scrollLeft} ${node.scrollTop}`).join();
+  }
+  /// When what the wheel scrolls has come to rest. Engines scroll aside, later than the wheel turned and
+  /// step by step, and a wheel at the end of what is scrolled does nothing.
+  /** @type {(before: string) => Promise<void>} */
+  async scrollingEnds(before) {
+    const kFramesToBegin = 10;
+    const kStillFrames = 4;
+    const kMostFrames = 300;
+    let now = before;
+    let still = 0;
+    for (let frame = 0; frame < kMostFrames; ++frame) {
+      await new Promise((done) => requestAnimationFrame(done));
+      const last = now;
+      now = this.scrolled();
+      still = now === last ? still + 1 : 0;
+      if (still >= (now === before ? kFramesToBegin : kStillFrames)) return;
+    }
+  }
   /// Where the wheel has to be turned sideways, and how far, for a node to come into sight of what it
   /// is scrolled in; null when it is there.
   /** @type {(id: string, selector: string) => {x: number, y: number, way: number} | null} */
