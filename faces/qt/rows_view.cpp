@@ -184,14 +184,14 @@ void RowsView::mouseDoubleClickEvent(QMouseEvent* event) {
   PressRow(*event, true);
 }
 
-void RowsView::PressRow(const QMouseEvent& event, bool isSecond) {
+void RowsView::PressRow(const QMouseEvent& event, bool isCountedTwo) {
   if (event.button() != Qt::LeftButton) return;
   const QModelIndex index = indexAt(event.position().toPoint());
   if (!index.isValid()) return;
   selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
   const int row = model_->ControlRow(index.row());
   // The second press of a double click is no click of its own.
-  if (isSecond) {
+  if (presses_.GestureOf(row, isCountedTwo) == Gesture::kDoubleClickRow) {
     emit RowDoubleClicked(row);
   } else {
     emit RowClicked(row);

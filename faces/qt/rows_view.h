@@ -54,12 +54,13 @@ class RowsView final : public EvenRows {
  private:
   void DrawName(QPainter& painter, const QStyleOptionViewItem& option,
                 const QModelIndex& index) const;
-  void PressRow(const QMouseEvent& event, bool isSecond);
+  void PressRow(const QMouseEvent& event, bool isCountedTwo);
   void Take(const faces::ListStep& step);
 
   const ListBox& list_;
   RowsModel* model_;
   faces::TypeAhead ahead_;
+  faces::RowPresses presses_;
   bool isEntering_ = false;
 };
 

@@ -34,4 +34,10 @@ ListStep StepTo(int row, bool isSingle) {
   return {row, true, isSingle ? std::optional(Gesture::kClickRow) : std::nullopt};
 }
 
+Gesture RowPresses::GestureOf(int row, bool isCountedTwo) {
+  const bool isSecond = isCountedTwo && row == first_;
+  first_ = isSecond ? -1 : row;
+  return isSecond ? Gesture::kDoubleClickRow : Gesture::kClickRow;
+}
+
 }  // namespace zolt20::faces

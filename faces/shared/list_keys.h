@@ -31,4 +31,16 @@ ListStep StepOf(ListKey key, const ListPlace& place);
 /// The step to a row that was found otherwise, such as by its letters.
 ListStep StepTo(int row, bool isSingle);
 
+/// Tells the second press of a double click from a click. Platforms count presses by place and
+/// time, and know nothing of rows: a list may have been scrolled under the mouse between two
+/// presses.
+class RowPresses {
+ public:
+  /// What a press on a row is. isCountedTwo: the platform has it for the second of a double click.
+  Gesture GestureOf(int row, bool isCountedTwo);
+
+ private:
+  int first_ = -1;  // the row of a press that a second one may make a double click
+};
+
 }  // namespace zolt20::faces

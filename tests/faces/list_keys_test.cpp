@@ -80,5 +80,22 @@ TEST(ListKeysTest, AListWithoutRowsTakesNoStep) {
   }
 }
 
+TEST(RowPressesTest, TwoPressesOnARowAreItsDoubleClick) {
+  faces::RowPresses presses;
+  EXPECT_EQ(presses.GestureOf(3, false), Gesture::kClickRow);
+  EXPECT_EQ(presses.GestureOf(3, true), Gesture::kDoubleClickRow);
+  EXPECT_EQ(presses.GestureOf(3, true), Gesture::kClickRow);
+  EXPECT_EQ(presses.GestureOf(3, true), Gesture::kDoubleClickRow);
+  EXPECT_EQ(presses.GestureOf(3, false), Gesture::kClickRow);
+  EXPECT_EQ(presses.GestureOf(3, false), Gesture::kClickRow);
+}
+
+TEST(RowPressesTest, APressOnAnotherRowIsAClick) {
+  faces::RowPresses presses;
+  EXPECT_EQ(presses.GestureOf(3, true), Gesture::kClickRow);
+  EXPECT_EQ(presses.GestureOf(4, true), Gesture::kClickRow);
+  EXPECT_EQ(presses.GestureOf(4, true), Gesture::kDoubleClickRow);
+}
+
 }  // namespace
 }  // namespace zolt20::tests

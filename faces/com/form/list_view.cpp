@@ -61,7 +61,7 @@ class ListWindow final : public ViewOf<ListBox> {
   LRESULT DrawRow(NMLVCUSTOMDRAW& draw);
   void GiveColours(NMLVCUSTOMDRAW& draw, bool isName) const;
   void TakeMark(const NMLISTVIEW& change);
-  void Press(POINT point, Gesture gesture);
+  void Press(POINT point, bool isCountedTwo);
   int Current() const {
     return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
   }
@@ -74,6 +74,7 @@ class ListWindow final : public ViewOf<ListBox> {
   faces::DrawnRows drawn_;
   bool isDrawing_ = false;
   faces::TypeAhead ahead_;
+  faces::RowPresses presses_;
 };
 
 ListWindow::ListWindow(ViewOwner& owner, const ListBox& list)
@@ -283,10 +284,10 @@ void ListWindow::TakeMark(const NMLISTVIEW& change) {
 bool ListWindow::OnMessage(UINT message, WPARAM /*wide*/, LPARAM longer) {
   switch (message) {
     case WM_LBUTTONDOWN:
-      Press({GET_X_LPARAM(longer), GET_Y_LPARAM(longer)}, Gesture::kClickRow);
+      Press({GET_X_LPARAM(longer), GET_Y_LPARAM(longer)}, false);
       return true;
     case WM_LBUTTONDBLCLK:
-      Press({GET_X_LPARAM(longer), GET_Y_LPARAM(longer)}, Gesture::kDoubleClickRow);
+      Press({GET_X_LPARAM(longer), GET_Y_LPARAM(longer)}, true);
       return true;
     case WM_LBUTTONUP:
     case WM_RBUTTONDOWN:
@@ -296,10 +297,11 @@ bool ListWindow::OnMessage(UINT message, WPARAM /*wide*/, LPARAM longer) {
   }
 }
 
-void ListWindow::Press(POINT point, Gesture gesture) {
+void ListWindow::Press(POINT point, bool isCountedTwo) {
   LVHITTESTINFO hit{};
   hit.pt = point;
   const int row = drawn_.ControlRow(static_cast<int>(Send(LVM_SUBITEMHITTEST, 0, &hit)));
+  const Gesture gesture = presses_.GestureOf(row, isCountedTwo);
   // With the focus the form may be given up, and this view be gone.
   ViewOwner& owner = owner_;
   const ListBox& list = control();
