@@ -1,4 +1,5 @@
 // The catalogue: the host's tables and fields, and what marking a table brings into the lists.
+#include <array>
 #include <utility>
 
 #include "shell/control.h"
@@ -69,17 +70,17 @@ void ZOLT20MapControl::MarkTable(StringView table, StringView entry) {
 }
 
 void ZOLT20MapControl::UnmarkTable(StringView table, StringView entry) {
-  const auto isOfTable = [table](StringView row) { return Left(row, kTableLength) == table; };
+  static_assert(StartRuns::kLength == kTableLength);
   // ODD: letter case counts in the other lists, not here.
-  const auto isOfEntry = [entry](StringView row) {
-    return EqualIgnoringCase(Left(row, kTableLength), Left(entry, kTableLength));
+  const auto isOfEntry = [entry](StringView start) {
+    return EqualIgnoringCase(start, Left(entry, kTableLength));
   };
-  const std::vector<int> orderRows = lstorderbyasc.RowsWhere(isOfEntry);
-  RowsControl::RemoveItemsFromBoth(lstorderbyasc, lstorderbydesc, orderRows);
-  lstFields.RemoveWhere(isOfTable);
-  lstGroupby.RemoveWhere(isOfTable);
-  cboWhereFields.RemoveWhere(isOfTable);
-  cboWhereFields1.RemoveWhere(isOfTable);
+  RowsControl::RemoveItemsFromBoth(lstorderbyasc, lstorderbydesc,
+                                   lstorderbyasc.RowsWhereStart(isOfEntry));
+  const auto isOfTable = [table](StringView start) { return start == table; };
+  for (RowsControl* list :
+       std::array<RowsControl*, 4>{&lstFields, &lstGroupby, &cboWhereFields, &cboWhereFields1})
+    list->RemoveItems(list->RowsWhereStart(isOfTable));
   // An expression goes with its field: sum ( CUSTOMER.CUST_NO ) with CUSTOMER.
   lstSelectedFields.RemoveWhere([table](StringView row) { return Holds(row, table); });
 }

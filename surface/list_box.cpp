@@ -43,6 +43,7 @@ void RowsControl::AddItem(RowText text) {
   surface().RowsAboutToChange(*this, change);
   rows.insert(rows.begin() + row, std::move(text));
   state_.marks.insert(state_.marks.begin() + row, 0);
+  runs_.Inserted(row);
   surface().RowsChanged(*this, change);
   if (row <= state_.listIndex) MoveListIndex(state_.listIndex + 1);
 }
@@ -151,6 +152,7 @@ void RowsControl::MoveListIndex(int row) {
 
 void RowsControl::RestoreKind(KindState&& state) noexcept {
   state_ = std::move(*std::get_if<RowsState>(&state));
+  runs_.Forget();
 }
 
 void RowsControl::EraseRun(int first, int count) {
@@ -161,6 +163,7 @@ void RowsControl::EraseRun(int first, int count) {
   const auto firstMark = state_.marks.begin() + first;
   state_.markCount -= static_cast<int>(std::count(firstMark, firstMark + count, 1));
   state_.marks.erase(firstMark, firstMark + count);
+  runs_.Erased(first, count);
   surface().RowsChanged(*this, change);
   if (state_.listIndex >= first + count) {
     MoveListIndex(state_.listIndex - count);
@@ -189,6 +192,7 @@ void RowsControl::EraseScattered(std::span<const int> rows) {
   }
   texts.erase(texts.begin() + static_cast<std::ptrdiff_t>(kept), texts.end());
   marks.resize(kept);
+  runs_.Forget();
   surface().RowsChanged(*this, change);
   const auto selected = std::lower_bound(rows.begin(), rows.end(), state_.listIndex);
   if (selected != rows.end() && *selected == state_.listIndex) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "surface/control.h"
+#include "surface/start_runs.h"
 
 namespace zolt20 {
 
@@ -46,6 +47,12 @@ class RowsControl : public Control {
     }
     return found;
   }
+  /// The same by the first 8 characters of a row, or all of a shorter one: `holds(start)` is asked
+  /// once for neighbours that begin alike.
+  template <typename Test>
+  std::vector<int> RowsWhereStart(const Test& holds) {
+    return runs_.RowsWhere(*state_.rows, holds);
+  }
   /// Removes the rows whose text `holds(text)` is true of.
   template <typename Test>
   void RemoveWhere(const Test& holds) {
@@ -67,6 +74,8 @@ class RowsControl : public Control {
   RowsState state_;
 
  private:
+  StartRuns runs_;
+
   KindState SaveKind() const override { return state_; }
   void RestoreKind(KindState&& state) noexcept override;
   // A combo's entry went that was selected.
