@@ -37,7 +37,7 @@ struct SyntaxTextState {
 };
 
 struct RowsState {
-  Shared<std::vector<RowText>> rows;
+  Shared<RowTexts> rows;
   std::vector<unsigned char> marks;  // one for each row, 1 or 0; bytes, since rows come in between
   int listIndex = -1;
   int markCount = 0;

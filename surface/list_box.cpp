@@ -19,29 +19,19 @@ int RunsIn(std::span<const int> rows) {
   return runs;
 }
 
-// The first row that `holds(text)` is true of, as of all behind it. Rows that come in their order
-// find their place at the end at once.
-template <typename Test>
-int FirstRow(const std::vector<RowText>& rows, const Test& holds) {
-  if (rows.empty() || !holds(rows.back().View())) return static_cast<int>(rows.size());
-  const auto first = std::partition_point(
-      rows.begin(), rows.end(), [&holds](const RowText& row) { return !holds(row.View()); });
-  return static_cast<int>(first - rows.begin());
-}
-
 }  // namespace
 
 StringView RowsControl::List(int row) const {
   if (row < 0 || row >= ListCount()) return {};
-  return (*state_.rows)[static_cast<std::size_t>(row)].View();
+  return (*state_.rows)[static_cast<std::size_t>(row)];
 }
 
 void RowsControl::AddItem(RowText text) {
   const int row = Sorted() ? RowBehind(text.View()) : ListCount();
-  std::vector<RowText>& rows = WriteRows(1);
+  RowTexts& rows = WriteRows(1);
   const RowChange change{RowChange::What::kInserted, row, 1};
   surface().RowsAboutToChange(*this, change);
-  rows.insert(rows.begin() + row, std::move(text));
+  rows.Insert(static_cast<std::size_t>(row), std::move(text));
   state_.marks.insert(state_.marks.begin() + row, 0);
   runs_.Inserted(row);
   surface().RowsChanged(*this, change);
@@ -55,10 +45,10 @@ void RowsControl::AddTexts(std::span<const RowText> texts) {
     return;
   }
   if (texts.empty()) return;
-  std::vector<RowText>& rows = WriteRows(texts.size());
+  RowTexts& rows = WriteRows(texts.size());
   const RowChange change{RowChange::What::kInserted, ListCount(), static_cast<int>(texts.size())};
   surface().RowsAboutToChange(*this, change);
-  rows.insert(rows.end(), texts.begin(), texts.end());
+  rows.Append(texts);
   state_.marks.resize(rows.size());
   surface().RowsChanged(*this, change);
 }
@@ -128,7 +118,7 @@ std::vector<int> RowsControl::RowsStarting(StringView start, int length) const {
   const auto startOf = [length](StringView row) {
     return row.substr(0, static_cast<std::size_t>(length));
   };
-  int row = FirstRow(*state_.rows, [&](StringView text) { return start < startOf(text); });
+  int row = FirstRow([&](StringView text) { return start < startOf(text); });
   std::vector<int> found;
   while (row > 0 && startOf(List(row - 1)) == start)
     found.push_back(--row);
@@ -137,7 +127,36 @@ std::vector<int> RowsControl::RowsStarting(StringView start, int length) const {
 }
 
 int RowsControl::RowBehind(StringView text) const {
-  return FirstRow(*state_.rows, [text](StringView row) { return text < row; });
+  return FirstRow([text](StringView row) { return text < row; });
+}
+
+// Rows that come in their order find their place at the end at once, and a question about the same
+// text or its neighbours is answered near the answer of the last one.
+template <typename Test>
+int RowsControl::FirstRow(const Test& holds) const {
+  const RowTexts& rows = *state_.rows;
+  const auto isBehind = [&](int row) { return holds(rows[static_cast<std::size_t>(row)]); };
+  const int count = ListCount();
+  if (count == 0 || !isBehind(count - 1)) return count;
+  int below = -1;         // holds of none up to here
+  int above = count - 1;  // and of all from here on
+  int row = std::min(lastFound_, above);
+  constexpr int kNear = 16;
+  for (int step = 1; step <= kNear && below < row && row < above; step *= 4) {
+    if (isBehind(row)) {
+      above = row;
+      row -= step;
+    } else {
+      below = row;
+      row += step;
+    }
+  }
+  while (above - below > 1) {
+    const int middle = below + (above - below) / 2;
+    (isBehind(middle) ? above : below) = middle;
+  }
+  lastFound_ = above;
+  return above;
 }
 
 void RowsControl::RaiseUnlessRow(int row, ErrorKind kind) const {
@@ -157,9 +176,9 @@ void RowsControl::RestoreKind(KindState&& state) noexcept {
 
 void RowsControl::EraseRun(int first, int count) {
   const RowChange change{RowChange::What::kRemoved, first, count};
-  std::vector<RowText>& rows = WriteRows();
+  RowTexts& rows = WriteRows();
   surface().RowsAboutToChange(*this, change);
-  rows.erase(rows.begin() + first, rows.begin() + first + count);
+  rows.Erase(static_cast<std::size_t>(first), static_cast<std::size_t>(count));
   const auto firstMark = state_.marks.begin() + first;
   state_.markCount -= static_cast<int>(std::count(firstMark, firstMark + count, 1));
   state_.marks.erase(firstMark, firstMark + count);
@@ -175,22 +194,20 @@ void RowsControl::EraseRun(int first, int count) {
 
 void RowsControl::EraseScattered(std::span<const int> rows) {
   const RowChange change{RowChange::What::kReplaced, 0, ListCount()};
-  std::vector<RowText>& texts = WriteRows();
+  RowTexts& texts = WriteRows();
   std::vector<unsigned char>& marks = state_.marks;
   surface().RowsAboutToChange(*this, change);
+  texts.EraseAll(rows);
   auto gone = rows.begin();
-  auto kept = static_cast<std::size_t>(*gone);
-  for (std::size_t row = kept; row < texts.size(); ++row) {
+  std::size_t kept = 0;
+  for (std::size_t row = 0; row < marks.size(); ++row) {
     if (gone != rows.end() && static_cast<std::size_t>(*gone) == row) {
       ++gone;
       state_.markCount -= marks[row];
     } else {
-      texts[kept] = std::move(texts[row]);
-      marks[kept] = marks[row];
-      ++kept;
+      marks[kept++] = marks[row];
     }
   }
-  texts.erase(texts.begin() + static_cast<std::ptrdiff_t>(kept), texts.end());
   marks.resize(kept);
   runs_.Forget();
   surface().RowsChanged(*this, change);
@@ -203,8 +220,8 @@ void RowsControl::EraseScattered(std::span<const int> rows) {
   }
 }
 
-std::vector<RowText>& RowsControl::WriteRows(std::size_t more) {
-  std::vector<RowText>& rows = state_.rows.Write();
+RowTexts& RowsControl::WriteRows(std::size_t more) {
+  RowTexts& rows = state_.rows.Write();
   const std::size_t needed = rows.size() + more;
   if (needed > rows.capacity()) rows.reserve(std::max(needed, 2 * rows.size()));
   state_.marks.reserve(rows.capacity());

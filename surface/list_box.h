@@ -75,17 +75,21 @@ class RowsControl : public Control {
 
  private:
   StartRuns runs_;
+  mutable int lastFound_ = 0;  // by FirstRow; the list may be others since
 
   KindState SaveKind() const override { return state_; }
   void RestoreKind(KindState&& state) noexcept override;
   // A combo's entry went that was selected.
   virtual void SelectedRowWent() {}
-  // Of a sorted list: the first row that is greater.
+  // Of a sorted list: the first row that is greater, and the first row that `holds(text)` is true
+  // of, as of all behind it.
   int RowBehind(StringView text) const;
+  template <typename Test>
+  int FirstRow(const Test& holds) const;
   void EraseRun(int first, int count);
   void EraseScattered(std::span<const int> rows);
   // The rows, to be written, and room for more of them: between two notices nothing may fail.
-  std::vector<RowText>& WriteRows(std::size_t more = 0);
+  RowTexts& WriteRows(std::size_t more = 0);
 };
 
 /// A list box. Its kind is told by the style: kMultiSelect, kCheckBoxes, or single selection with

@@ -5,8 +5,11 @@
 // are cheap to move when others come in between. One thread uses a text and its copies.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <utility>
+#include <vector>
 
 #include "surface/string.h"
 
@@ -22,21 +25,60 @@ class RowText {
     return *this;
   }
   ~RowText() {
-    if (block_ != nullptr && --block_->uses == 0) Free();
+    if (block_ != nullptr) Free(block_);
   }
 
   /// Valid as long as one of the copies is there.
-  StringView View() const;
+  StringView View() const { return ViewOf(block_); }
 
  private:
+  friend class RowTexts;
+
   struct Block {
     std::uint32_t uses;
     std::uint32_t size;
   };
 
-  void Free() noexcept;
+  static StringView ViewOf(const Block* block) {
+    return {reinterpret_cast<const char16_t*>(block + 1), block->size};
+  }
+  static void Free(Block* block) noexcept {
+    if (--block->uses == 0) ::operator delete(block);
+  }
 
   Block* block_;  // the characters stand behind it; nullptr when they were moved away
+};
+
+/// The texts of the rows of a list: as a vector of RowText, but a row that comes or goes moves
+/// those behind it as the plain pointers that they are. Rows count from 0; what is asked for must
+/// be there.
+class RowTexts {
+ public:
+  RowTexts() = default;
+  RowTexts(const RowTexts& other);
+  RowTexts(RowTexts&& other) noexcept = default;
+  RowTexts& operator=(RowTexts other) noexcept {
+    blocks_.swap(other.blocks_);
+    return *this;
+  }
+  ~RowTexts() { Free(0, blocks_.size()); }
+
+  std::size_t size() const { return blocks_.size(); }
+  std::size_t capacity() const { return blocks_.capacity(); }
+  void reserve(std::size_t rows) { blocks_.reserve(rows); }
+  /// Valid as long as one of the copies of the text is there.
+  StringView operator[](std::size_t row) const { return RowText::ViewOf(blocks_[row]); }
+
+  void Insert(std::size_t row, RowText text);
+  void Append(std::span<const RowText> texts);
+  void Erase(std::size_t first, std::size_t count) noexcept;
+  /// Erases rows that are given in ascending order, each once.
+  void EraseAll(std::span<const int> rows) noexcept;
+
+ private:
+  void Free(std::size_t first, std::size_t count) noexcept;
+
+  std::vector<RowText::Block*> blocks_;
 };
 
 }  // namespace zolt20

@@ -8,9 +8,9 @@ StartRuns::Run::Run(StringView start) : length(start.size()) {
   std::copy(start.begin(), start.end(), characters.begin());
 }
 
-void StartRuns::Cover(const std::vector<RowText>& rows) {
+void StartRuns::Cover(const RowTexts& rows) {
   for (auto row = static_cast<std::size_t>(covered_); row < rows.size(); ++row) {
-    const StringView start = rows[row].View().substr(0, kLength);
+    const StringView start = rows[row].substr(0, kLength);
     if (!runs_.empty() && runs_.back().Start() == start) {
       ++runs_.back().count;
     } else {

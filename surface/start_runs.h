@@ -21,7 +21,7 @@ class StartRuns {
   /// Of all the rows of the list: those, in ascending order, whose beginning `holds(start)` is true
   /// of.
   template <typename Test>
-  std::vector<int> RowsWhere(const std::vector<RowText>& rows, const Test& holds) {
+  std::vector<int> RowsWhere(const RowTexts& rows, const Test& holds) {
     Cover(rows);
     std::vector<int> found;
     int first = 0;
@@ -52,7 +52,7 @@ class StartRuns {
     int count = 1;
   };
 
-  void Cover(const std::vector<RowText>& rows);
+  void Cover(const RowTexts& rows);
 
   std::vector<Run> runs_;
   int covered_ = 0;  // the rows of the runs, from the first one on

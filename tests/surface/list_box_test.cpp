@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <random>
+
 #include "tests/surface/bare_form.h"
 
 namespace zolt20::tests {
@@ -329,6 +332,40 @@ TEST_F(ManyRowsTest, AFewRunsGoWithTheirMarks) {
 TEST_F(ManyRowsTest, ARowThatIsNotThereIsAnArgumentErrorBeforeAnyGoes) {
   EXPECT_EQ(ErrorOf([this] { list.RemoveItems(std::vector<int>{3, 100}); }), "5 argument");
   EXPECT_EQ(list.ListCount(), kRows);
+}
+
+TEST_F(ManyRowsTest, InASortedListTheAnswersAreThoseOfAWalk) {
+  ListBox& sorted = form.lstSelectedFields;
+  std::mt19937 random(21);
+  const auto word = [&random] {
+    String text;
+    for (auto length = random() % 5; length > 0; --length)
+      text += static_cast<char16_t>(u'a' + random() % 3);
+    return text;
+  };
+  std::vector<String> expected;
+  for (int step = 0; step < 5000; ++step) {
+    const String text = word();
+    if (random() % 3 != 0) {
+      sorted.AddItem(text);
+      expected.insert(std::upper_bound(expected.begin(), expected.end(), text), text);
+    } else if (!expected.empty() && expected.size() > random() % 300) {
+      const auto row = random() % expected.size();
+      sorted.RemoveItem(static_cast<int>(row));
+      expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(row));
+    }
+    const String other = word();
+    int last = -1;
+    RowNumbers starting;
+    ASSERT_EQ(sorted.ListCount(), static_cast<int>(expected.size()));
+    for (int row = 0; row < sorted.ListCount(); ++row) {
+      ASSERT_EQ(sorted.List(row), expected[static_cast<std::size_t>(row)]) << "step " << step;
+      if (sorted.List(row) == other) last = row;
+      if (Left(sorted.List(row), 3) == Left(other, 3)) starting.push_back(row);
+    }
+    ASSERT_EQ(sorted.LastRowOf(other), last) << "step " << step;
+    ASSERT_EQ(sorted.RowsStarting(Left(other, 3), 3), starting) << "step " << step;
+  }
 }
 
 TEST_F(ManyRowsTest, RowsAreTakenByWhatTheirTextHolds) {

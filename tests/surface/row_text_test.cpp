@@ -42,5 +42,43 @@ TEST(RowTextTest, RowsComeInBetween) {
   EXPECT_EQ(rows[1].View(), u"c");
 }
 
+using List = std::vector<String>;
+
+List TextsOf(const RowTexts& rows) {
+  List texts;
+  for (std::size_t row = 0; row < rows.size(); ++row)
+    texts.emplace_back(rows[row]);
+  return texts;
+}
+
+TEST(RowTextsTest, RowsComeInBetweenAndGo) {
+  RowTexts rows;
+  rows.Append(std::vector<RowText>{RowText(u"a"), RowText(u"c"), RowText(u"d")});
+  rows.Insert(1, RowText(u"b"));
+  EXPECT_EQ(TextsOf(rows), (List{u"a", u"b", u"c", u"d"}));
+  rows.Erase(1, 2);
+  EXPECT_EQ(TextsOf(rows), (List{u"a", u"d"}));
+  rows.Insert(2, RowText(u"e"));
+  rows.EraseAll(std::vector<int>{0, 2});
+  EXPECT_EQ(TextsOf(rows), List{u"d"});
+}
+
+TEST(RowTextsTest, CopiesShareTheTextsAndOutliveEachOther) {
+  const RowText text(u"CUSTOMER.C_LAST");
+  RowTexts copy;
+  {
+    RowTexts rows;
+    rows.Append({&text, 1});
+    rows.Append({&text, 1});
+    copy = rows;
+    rows.Erase(0, 1);
+    EXPECT_EQ(rows.size(), 1U);
+  }
+  ASSERT_EQ(copy.size(), 2U);
+  EXPECT_EQ(copy[1].data(), text.View().data());
+  const RowTexts moved(std::move(copy));
+  EXPECT_EQ(TextsOf(moved), List(2, u"CUSTOMER.C_LAST"));
+}
+
 }  // namespace
 }  // namespace zolt20::tests
