@@ -1,47 +1,54 @@
 #include "shell/field_records.h"
 
 #include <algorithm>
-#include <array>
-#include <limits>
 #include <unordered_map>
 
-#include "shell/table_key.h"
+#include "shell/table_chains.h"
 
 namespace zolt20 {
 namespace {
 
-constexpr std::uint32_t kNoPlace = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint32_t kNoPlace = TableChains::kNone;
+
+std::size_t FindSeparator(StringView text, std::size_t from = 0) {
+  std::size_t at = text.find(kSeparator.front(), from);
+  while (at != StringView::npos && !text.substr(at).starts_with(kSeparator))
+    at = text.find(kSeparator.front(), at + 1);
+  return at;
+}
 
 FieldRecord TakeApart(StringView record, std::size_t firstSeparator) {
   FieldRecord parts;
   parts.type = record.substr(0, firstSeparator);
   const std::size_t start = firstSeparator + kSeparator.size();
-  const std::size_t second = record.find(kSeparator, start);
+  const std::size_t second = FindSeparator(record, start);
   if (second == StringView::npos) {
     parts.flagAndName = record.substr(start);
     return parts;
   }
   parts.flagAndName = record.substr(start, second - start);
   const std::size_t rest = second + kSeparator.size();
-  parts.rest = record.substr(rest, record.find(kSeparator, rest) - rest);
+  parts.rest = record.substr(rest, FindSeparator(record, rest) - rest);
   parts.hasRest = true;
   return parts;
 }
 
-// The records of one table as a chain through Index::next.
-struct Chain {
-  std::uint32_t first;
-  std::uint32_t last;
-};
+// What the name of a record begins with, of which the table is told: the name is taken apart where
+// it may end before.
+TableKey TableOf(StringView record, std::size_t firstSeparator) {
+  const StringView flagAndTable =
+      record.substr(firstSeparator + kSeparator.size()).substr(0, 1 + kTableLength);
+  if (flagAndTable.find(kSeparator.front()) != StringView::npos)
+    return TableKey(TakeApart(record, firstSeparator).Name());
+  return TableKey(flagAndTable.substr(std::min<std::size_t>(1, flagAndTable.size())));
+}
 
 }  // namespace
 
 struct FieldRecords::Index {
   SplitList records;
   std::size_t inReach = 0;  // the place of the first broken record, or the number of records
-  std::unordered_map<TableKey, Chain, TableKeyHash> tables;
-  std::vector<std::uint32_t> next;  // the next record of the same table, or kNoPlace
-  std::array<bool, kTableLength + 1> hasKeyOfLength{};
+  TableChains tables;
   // Answers to Mentions that took a search of the whole list.
   mutable std::unordered_map<TableKey, bool, TableKeyHash> mentions;
   // Answers of WithNameHolding.
@@ -49,37 +56,23 @@ struct FieldRecords::Index {
 
   StringView NameAt(std::size_t place) const {
     const StringView record = records(place);
-    return TakeApart(record, record.find(kSeparator)).Name();
+    return TakeApart(record, FindSeparator(record)).Name();
   }
 
   // The first record of a table, or kNoPlace.
-  std::uint32_t First(StringView table) const {
-    const auto found = tables.find(TableKey(table));
-    return found == tables.end() ? kNoPlace : found->second.first;
-  }
+  std::uint32_t First(StringView table) const { return tables.First(TableKey(table)); }
 };
 
 FieldRecords::FieldRecords(SharedString list) {
   auto index = std::make_shared<Index>();
-  index->records = SplitList(std::move(list));
-  const std::size_t count = index->records.Count();
-  index->next.assign(count, kNoPlace);
-  std::pair<const TableKey, Chain>* table = nullptr;  // that of the record before
-  for (; index->inReach < count; ++index->inReach) {
-    const StringView record = index->records(index->inReach);
-    const std::size_t separator = record.find(kSeparator);
-    if (separator == StringView::npos) break;
-    const auto place = static_cast<std::uint32_t>(index->inReach);
-    const TableKey key(TakeApart(record, separator).Name());
-    if (table == nullptr || table->first != key) {
-      const auto [entry, isNew] = index->tables.try_emplace(key, Chain{place, place});
-      table = &*entry;
-      index->hasKeyOfLength[key.length] = true;
-      if (isNew) continue;
-    }
-    index->next[table->second.last] = place;
-    table->second.last = place;
-  }
+  bool isBroken = false;
+  index->records = SplitList(std::move(list), [&](StringView record) {
+    const std::size_t separator = isBroken ? StringView::npos : FindSeparator(record);
+    isBroken = separator == StringView::npos;
+    if (isBroken) return;
+    index->tables.Add(TableOf(record, separator));
+    ++index->inReach;
+  });
   index_ = std::move(index);
 }
 
@@ -95,7 +88,7 @@ std::size_t FieldRecords::Count() const {
 FieldRecord FieldRecords::At(std::size_t place) const {
   if (place >= Assigned().inReach) Raise(ErrorKind::kSubscript);
   const StringView record = Assigned().records(place);
-  return TakeApart(record, record.find(kSeparator));
+  return TakeApart(record, FindSeparator(record));
 }
 
 void FieldRecords::RaiseIfBroken() const {
@@ -111,9 +104,9 @@ void FieldRecords::RaiseIfBrokenBeforeNameIn(StringView text) const {
 bool FieldRecords::IsFlagged(StringView name) const {
   const Index& index = Assigned();
   std::uint32_t place = index.First(name.substr(0, kTableLength));
-  for (; place != kNoPlace; place = index.next[place]) {
+  for (; place != kNoPlace; place = index.tables.Next(place)) {
     const StringView record = index.records(place);
-    const std::size_t separator = record.find(kSeparator);
+    const std::size_t separator = FindSeparator(record);
     // That a record can't have the name is told sooner than where its name ends.
     const StringView flagged = record.substr(separator + kSeparator.size());
     if (!flagged.substr(std::min<std::size_t>(1, flagged.size())).starts_with(name)) continue;
@@ -128,7 +121,7 @@ FieldRecords::Places FieldRecords::OfTable(StringView table) const {
   const Index& index = Assigned();
   Places places;
   std::uint32_t place = index.First(table);
-  for (; place != kNoPlace; place = index.next[place])
+  for (; place != kNoPlace; place = index.tables.Next(place))
     places.push_back(place);
   return places;
 }
@@ -139,9 +132,9 @@ FieldRecords::Places FieldRecords::WithNameIn(StringView text) const {
   for (std::size_t start = 0; start <= text.size(); ++start) {
     const StringView rest = text.substr(start);
     for (std::size_t length = 0; length <= std::min(kTableLength, rest.size()); ++length) {
-      if (!index.hasKeyOfLength[length]) continue;
+      if (!index.tables.HasKeyOfLength(length)) continue;
       std::uint32_t place = index.First(rest.substr(0, length));
-      for (; place != kNoPlace; place = index.next[place]) {
+      for (; place != kNoPlace; place = index.tables.Next(place)) {
         if (length < kTableLength || rest.starts_with(index.NameAt(place))) places.push_back(place);
       }
     }

@@ -2,18 +2,12 @@
 
 namespace zolt20 {
 
-SplitList::SplitList(SharedString text) : text_(std::move(text)) {
-  const StringView list = text_.Text();
-  std::vector<std::size_t> starts;
-  if (!list.empty()) {
-    starts.push_back(0);
-    for (std::size_t comma = Find(list, u","); comma != StringView::npos;
-         comma = Find(list, u",", comma + 1)) {
-      starts.push_back(comma + 1);
-    }
-    starts.push_back(list.size() + 1);
-  }
-  starts_ = std::make_shared<const std::vector<std::size_t>>(std::move(starts));
+// Long lists mostly go on as they begin. A vector that grew by doubling would be copied often.
+void SplitList::MakeRoom(std::vector<std::size_t>& starts, std::size_t seen, std::size_t size) {
+  constexpr std::size_t kEnoughToTell = 1024;
+  if (starts.size() != kEnoughToTell) return;
+  const std::size_t inProportion = size / seen * starts.size();
+  starts.reserve(inProportion + inProportion / 16);
 }
 
 std::size_t SplitList::Count() const {

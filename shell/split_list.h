@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "surface/scan.h"
 #include "surface/string.h"
 
 namespace zolt20 {
@@ -32,7 +33,10 @@ class SplitList {
   /// A list that was never assigned.
   SplitList() = default;
   /// The entries of `text` between the commas; none at all when it is empty.
-  explicit SplitList(SharedString text);
+  explicit SplitList(SharedString text) : SplitList(std::move(text), [](StringView /*entry*/) {}) {}
+  /// Hands each entry to `each(entry)` as it is found, which is when it lies in the cache.
+  template <typename Each>
+  SplitList(SharedString text, const Each& each);
 
   bool IsAssigned() const { return starts_ != nullptr; }
   /// The list as it was handed over.
@@ -44,9 +48,31 @@ class SplitList {
   StringView operator()(std::size_t index) const;
 
  private:
+  static void MakeRoom(std::vector<std::size_t>& starts, std::size_t seen, std::size_t size);
+
   SharedString text_;
   // Where each entry starts, and one place more, as if a comma stood behind the text.
   std::shared_ptr<const std::vector<std::size_t>> starts_;
 };
+
+template <typename Each>
+SplitList::SplitList(SharedString text, const Each& each) : text_(std::move(text)) {
+  const StringView list = text_.Text();
+  const char16_t* const end = list.data() + list.size();
+  std::vector<std::size_t> starts;
+  for (const char16_t* at = list.data(); !list.empty();) {
+    const char16_t* const comma = scan::FindFirst(
+        at, end, [](std::uint64_t word) { return scan::AnyIs(word, u','); },
+        [](char16_t character) { return character == u','; });
+    const auto start = static_cast<std::size_t>(at - list.data());
+    MakeRoom(starts, start, list.size());
+    starts.push_back(start);
+    each(list.substr(start, static_cast<std::size_t>(comma - at)));
+    if (comma == end) break;
+    at = comma + 1;
+  }
+  if (!list.empty()) starts.push_back(list.size() + 1);
+  starts_ = std::make_shared<const std::vector<std::size_t>>(std::move(starts));
+}
 
 }  // namespace zolt20

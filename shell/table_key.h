@@ -17,22 +17,30 @@ inline constexpr std::size_t kTableLength = 8;
 
 struct TableKey {
   explicit TableKey(StringView name) : length(std::min(name.size(), kTableLength)) {
-    std::copy_n(name.begin(), length, characters.begin());
+    // Most names are longer, and a known length costs one move.
+    if (length == kTableLength) {
+      std::memcpy(halves.data(), name.data(), sizeof(halves));
+    } else if (length > 0) {
+      std::memcpy(halves.data(), name.data(), length * sizeof(char16_t));
+    }
   }
 
-  friend bool operator==(const TableKey&, const TableKey&) = default;
+  friend bool operator==(const TableKey& a, const TableKey& b) {
+    return a.halves[0] == b.halves[0] && a.halves[1] == b.halves[1] && a.length == b.length;
+  }
 
-  std::array<char16_t, kTableLength> characters{};
+  std::array<std::uint64_t, 2> halves{};  // the characters, and zeros behind those of a short name
   std::size_t length;
 };
 
 struct TableKeyHash {
   std::size_t operator()(const TableKey& key) const {
-    std::array<std::uint64_t, 2> halves{};
-    std::memcpy(halves.data(), key.characters.data(), sizeof(halves));
     constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;
-    std::uint64_t hash = (halves[0] ^ key.length) * kOdd;
-    hash = ((hash ^ (hash >> 32)) + halves[1]) * kOdd;
+    std::uint64_t hash = (key.halves[0] ^ key.length) * kOdd;
+    hash = ((hash ^ (hash >> 32)) + key.halves[1]) * kOdd;
+    // A product takes nothing down to lower bits: the last characters would be in the upper ones
+    // alone.
+    hash = (hash ^ (hash >> 32)) * kOdd;
     return static_cast<std::size_t>(hash ^ (hash >> 29));
   }
 };

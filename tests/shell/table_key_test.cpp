@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace zolt20::tests {
 namespace {
 
@@ -15,6 +17,18 @@ TEST(TableKeyTest, AShortNameIsNoPartOfALongerOne) {
   EXPECT_FALSE(TableKey(u"CUST") == TableKey(u"CUSTO"));
   EXPECT_FALSE(TableKey(u"") == TableKey(StringView(u"\0", 1)));
   EXPECT_EQ(TableKey(u"CUST"), TableKey(u"CUST"));
+}
+
+TEST(TableKeyTest, TablesThatAreToldByTheirLastDigitsAreSpread) {
+  constexpr int kTables = 10'000;
+  constexpr std::size_t kPlaces = 32'768;
+  std::vector<bool> taken(kPlaces);
+  for (int table = 0; table < kTables; ++table) {
+    const String digits = ToText(kTables + table);
+    taken[TableKeyHash()(TableKey(u"T00" + digits)) % kPlaces] = true;
+  }
+  // At random 8,600 of the places would be taken.
+  EXPECT_GT(std::count(taken.begin(), taken.end(), true), 8400);
 }
 
 TEST(TableKeyTest, AFilterHoldsWhatWasAddedAndLittleElse) {

@@ -1,0 +1,49 @@
+// The records of a list by their tables: for each table the places of its records, as a chain.
+//
+// A hash table of 32 bytes a table, so that a record costs one look into memory where the tables no
+// longer fit into the nearest cache, and 4 bytes a record.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "shell/table_key.h"
+
+namespace zolt20 {
+
+class TableChains {
+ public:
+  static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
+
+  /// The next record, from place 0 on, is one of this table.
+  void Add(const TableKey& table);
+
+  /// The place of the first record of a table, kNone where there is none.
+  std::uint32_t First(const TableKey& table) const;
+  /// The place of the next record of the same table, kNone behind the last one.
+  std::uint32_t Next(std::uint32_t place) const { return next_[place]; }
+  /// Whether there is a table whose key has so many characters, 8 at most.
+  bool HasKeyOfLength(std::size_t length) const { return hasKeyOfLength_[length]; }
+
+ private:
+  struct Slot {
+    TableKey table{StringView()};
+    std::uint32_t first = kNone;
+    std::uint32_t last = kNone;
+  };
+
+  // Where the table stands, or would.
+  std::size_t SlotOf(const TableKey& table) const;
+  void Grow();
+
+  std::vector<Slot> slots_;  // a power of two, less than two thirds of them taken
+  std::size_t tables_ = 0;
+  std::size_t lastSlot_ = 0;  // of the record before
+  std::vector<std::uint32_t> next_;
+  std::array<bool, kTableLength + 1> hasKeyOfLength_{};
+};
+
+}  // namespace zolt20
