@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <memory>
+#include <numeric>
 #include <string>
 #include <utility>
 
@@ -124,6 +125,19 @@ void ReadSelectedFields(benchmark::State& state, bool wholeTables) {
       state, Bar::kRatio, 3, [&] { return large.Get(); }, [&] { return small.Get(); });
 }
 
+// All characters of a text looked at once.
+double PassSeconds(const String& text) {
+  return SecondsOf(
+      [&] { benchmark::DoNotOptimize(std::accumulate(text.begin(), text.end(), std::size_t{0})); });
+}
+
+// The first time that a whole table is read back the records are looked through.
+void ReadAWholeTableFirst(benchmark::State& state) {
+  const Lists& lists = MillionRecords(false);
+  const auto work = [&] { return ReadBack(lists, true).Get(); };
+  Compare(state, Bar::kRatio, 4, work, [&] { return PassSeconds(lists.fields); });
+}
+
 // What is allocated at the moment.
 std::size_t LiveBytes() {
   const struct mallinfo2 info = mallinfo2();
@@ -166,6 +180,7 @@ const int kRegistered = [] {
   add(
       "1,000 whole tables read back: 1,000,000 records | 1,000",
       [](benchmark::State& state) { ReadSelectedFields(state, true); }, 5);
+  add("whole tables read back first, 1,000,000 records | a pass", ReadAWholeTableFirst, 9);
   add("memory of 1,000,000 records | their string", MemoryOfTheCatalogue, 1);
   return 0;
 }();

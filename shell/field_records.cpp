@@ -1,6 +1,8 @@
 #include "shell/field_records.h"
 
 #include <algorithm>
+#include <iterator>
+#include <limits>
 #include <unordered_map>
 
 #include "shell/table_chains.h"
@@ -56,7 +58,16 @@ struct FieldRecords::Index {
 
   StringView NameAt(std::size_t place) const {
     const StringView record = records(place);
-    return TakeApart(record, FindSeparator(record)).Name();
+    const StringView flagAndName = record.substr(FindSeparator(record) + kSeparator.size());
+    const StringView parts = flagAndName.substr(0, FindSeparator(flagAndName));
+    return parts.substr(std::min<std::size_t>(1, parts.size()));
+  }
+
+  Places OfTable(const TableKey& table) const {
+    Places places;
+    for (std::uint32_t place = tables.First(table); place != kNoPlace; place = tables.Next(place))
+      places.push_back(place);
+    return places;
   }
 
   // The first record of a table, or kNoPlace.
@@ -118,12 +129,7 @@ bool FieldRecords::IsFlagged(StringView name) const {
 }
 
 FieldRecords::Places FieldRecords::OfTable(StringView table) const {
-  const Index& index = Assigned();
-  Places places;
-  std::uint32_t place = index.First(table);
-  for (; place != kNoPlace; place = index.tables.Next(place))
-    places.push_back(place);
-  return places;
+  return Assigned().OfTable(TableKey(table));
 }
 
 FieldRecords::Places FieldRecords::WithNameIn(StringView text) const {
@@ -159,6 +165,7 @@ void FieldRecords::FindNamesHolding(std::span<const StringView> parts) const {
   // Parts of 8 characters are looked up at each place of a name; the few that are shorter are
   // searched for one by one.
   TableFilter wanted(parts.size());
+  std::vector<bool> isInAPart(std::numeric_limits<char16_t>::max() + 1U);
   std::unordered_map<TableKey, Places, TableKeyHash> found;
   std::vector<StringView> shortParts;
   for (const StringView part : parts) {
@@ -169,24 +176,40 @@ void FieldRecords::FindNamesHolding(std::span<const StringView> parts) const {
       shortParts.push_back(part);
     } else {
       wanted.Add(TableKey(part));
+      for (const char16_t character : part)
+        isInAPart[character] = true;
     }
   }
   if (found.empty()) return;
 
+  // A part that does not stand at the beginning of a name covers one of its characters 8, 16 and so
+  // on, and most names have none there that any part has.
+  const auto add = [](Places& places, std::size_t place) {
+    const auto last = static_cast<std::uint32_t>(place);
+    if (places.empty() || places.back() != last) places.push_back(last);
+  };
   for (std::size_t place = 0; place < index.inReach; ++place) {
     const StringView name = index.NameAt(place);
-    const auto add = [place](Places& places) {
-      const auto last = static_cast<std::uint32_t>(place);
-      if (places.empty() || places.back() != last) places.push_back(last);
-    };
-    for (std::size_t at = 0; at + kTableLength <= name.size(); ++at) {
+    bool mayHold = false;
+    for (std::size_t at = kTableLength; at < name.size() && !mayHold; at += kTableLength)
+      mayHold = isInAPart[name[at]];
+    for (std::size_t at = 1; mayHold && at + kTableLength <= name.size(); ++at) {
       const TableKey key(name.substr(at, kTableLength));
       if (!wanted.MayHold(key)) continue;
-      if (const auto entry = found.find(key); entry != found.end()) add(entry->second);
+      if (const auto entry = found.find(key); entry != found.end()) add(entry->second, place);
     }
     for (const StringView part : shortParts) {
-      if (Holds(name, part)) add(found.at(TableKey(part)));
+      if (Holds(name, part)) add(found.at(TableKey(part)), place);
     }
+  }
+  // Names that begin with a part are those of a table.
+  for (auto& [part, places] : found) {
+    if (part.length < kTableLength) continue;
+    Places all;
+    const Places beginning = index.OfTable(part);
+    std::set_union(places.begin(), places.end(), beginning.begin(), beginning.end(),
+                   std::back_inserter(all));
+    places = std::move(all);
   }
   index.holding.merge(found);
 }

@@ -253,6 +253,21 @@ TEST(SplitList, EqualsThePlainSplitOfGeneratedTexts) {
   }
 }
 
+TEST(SplitList, ALongListIsSplitLikeAShortOne) {
+  String text;
+  std::vector<String> plain;
+  for (int entry = 0; entry < 5000; ++entry) {
+    // The later entries are shorter, so that there are more of them than the first ones promise.
+    plain.push_back(ToText(entry) + (entry < 1024 ? String(20, u'x') : String()));
+    if (entry > 0) text += u',';
+    text += plain.back();
+  }
+  const SplitList list{SharedString(text)};
+  ASSERT_EQ(list.Count(), plain.size());
+  for (std::size_t place = 0; place < plain.size(); ++place)
+    ASSERT_EQ(list(place), plain[place]);
+}
+
 // Field records.
 
 TEST(FieldRecords, RecordsThatWereNeverAssignedFailAtEveryQuestion) {
@@ -414,6 +429,33 @@ TEST(FieldRecords, AreComparedOnListsOfEveryKind) {
   }
   for (const int kind : {broken, whole, emptyNames, shortNames, sameNames, withoutRest})
     EXPECT_GT(kind, 100);
+}
+
+TEST(FieldRecords, PartsAreFoundAnywhereInLongNames) {
+  Dice dice;
+  String list;
+  std::vector<String> names;
+  for (int i = 0; i < 3000; ++i) {
+    String name;
+    for (std::size_t length = dice.Below(40); length > 0; --length)
+      name += dice.OneOf({u"a", u"a", u"a", u"b", u"b", u"."});
+    list += (i > 0 ? u",c*Q*V*R*N*N" : u"c*Q*V*R*N*N") + name + u"*Q*V*R*N*aaaaaaaabbbb";
+    names.push_back(name);
+  }
+  const FieldRecords records = Records(list);
+  int found = 0;
+  for (int i = 0; i < 200; ++i) {
+    String part;
+    for (int length = 0; length < 8; ++length)
+      part += dice.OneOf({u"a", u"a", u"a", u"b", u"b", i % 4 == 0 ? u"." : u"a"});
+    FieldRecords::Places plain;
+    for (std::size_t place = 0; place < names.size(); ++place) {
+      if (HoldsPlainly(names[place], part)) plain.push_back(static_cast<std::uint32_t>(place));
+    }
+    ASSERT_EQ(records.WithNameHolding(part), plain) << hosts::ToJsonText(part);
+    found += static_cast<int>(plain.size());
+  }
+  EXPECT_GT(found, 5000);
 }
 
 TEST(FieldRecords, PartsOfNamesAreFoundTogetherAsOneByOne) {
