@@ -1,14 +1,13 @@
 #include "faces/shared/drawn_rows.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zolt20::faces {
 
 DrawnRows::DrawnRows(const RowsControl& rows, Fold fold)
-    : rows_(rows),
-      fold_(fold ? std::move(fold) : Fold([](StringView text) { return LowerCase(text); })),
-      count_(rows.ListCount()) {}
+    : rows_(rows), fold_(std::move(fold)), count_(rows.ListCount()) {}
 
 bool DrawnRows::SetFilter(StringView text) {
   String filter = fold_(text);
@@ -19,18 +18,14 @@ bool DrawnRows::SetFilter(StringView text) {
 }
 
 void DrawnRows::NameRows(std::map<String, String> names) {
-  names_ = std::move(names);
+  names_ = {std::make_move_iterator(names.begin()), std::make_move_iterator(names.end())};
   Refresh();
 }
 
 StringView DrawnRows::NameOf(int row) const {
   if (names_.empty()) return {};
-  const auto found = names_.find(String(rows_.List(row)));
+  const auto found = names_.find(rows_.List(row));
   return found == names_.end() ? StringView() : StringView(found->second);
-}
-
-bool DrawnRows::Holds(StringView text) const {
-  return zolt20::Holds(fold_(text), filter_);
 }
 
 void DrawnRows::Refresh() {
@@ -38,7 +33,8 @@ void DrawnRows::Refresh() {
   count_ = rows_.ListCount();
   if (!IsFiltered()) return;
   for (int row = 0; row < rows_.ListCount(); ++row) {
-    if (Holds(rows_.List(row)) || (HasNames() && Holds(NameOf(row)))) drawn_.push_back(row);
+    if (fold_.Holds(rows_.List(row), filter_) || (HasNames() && fold_.Holds(NameOf(row), filter_)))
+      drawn_.push_back(row);
   }
   count_ = static_cast<int>(drawn_.size());
 }

@@ -6,6 +6,7 @@
 #include <map>
 #include <vector>
 
+#include "faces/shared/case_fold.h"
 #include "faces/shared/words.h"
 #include "surface/list_box.h"
 
@@ -14,7 +15,7 @@ namespace zolt20::faces {
 class DrawnRows {
  public:
   /// Gives a text in one letter case, as the platform has it. By default letters of Latin-1.
-  using Fold = std::function<String(StringView)>;
+  using Fold = CaseFold::Rules;
 
   /// The control outlives it.
   explicit DrawnRows(const RowsControl& rows, Fold fold = {});
@@ -30,8 +31,8 @@ class DrawnRows {
   StringView NameOf(int row) const;
   /// Rows came, went or became others.
   void Refresh();
-  /// A text in one letter case.
-  String Folded(StringView text) const { return fold_(text); }
+  /// What letters are alike.
+  const CaseFold& Folding() const { return fold_; }
 
   int Count() const { return count_; }
   /// The row of the control that is drawn there, and back. -1 for none.
@@ -45,11 +46,9 @@ class DrawnRows {
   String HiddenMarks(const Words& words = Words::English()) const;
 
  private:
-  bool Holds(StringView text) const;
-
   const RowsControl& rows_;
-  Fold fold_;
-  std::map<String, String> names_;
+  CaseFold fold_;
+  std::map<String, String, std::less<>> names_;
   String filter_;           // in one letter case
   std::vector<int> drawn_;  // the control's rows, while a filter is on
   int count_;
