@@ -30,5 +30,5 @@ export -f compile_header compile_logic
 without='^(faces|tests)/com/'
 [ -d "$qt/QtUiPlugin" ] || without+='|^faces/qt/designer/'
 git ls-files -co --exclude-standard '*.h' | grep -vE "$without" | xargs -P "$(nproc)" -I{} bash -c 'compile_header {}'
-git ls-files -co --exclude-standard '*.cpp' | grep -E '^(surface|shell|select|where|statement|condition)/' |
+git ls-files -co --exclude-standard '*.cpp' | grep -E '^(surface|shell|select|where|statement|condition|language)/' |
   xargs -P "$(nproc)" -I{} bash -c 'compile_logic {}'

@@ -11,7 +11,7 @@
 #include "hosts/composer/main_window.h"
 #include "hosts/composer/requests.h"
 #include "hosts/composer/statements.h"
-#include "hosts/reopen/reopen.h"
+#include "language/reopen.h"
 #include "surface/error.h"
 
 namespace zolt20::composer {

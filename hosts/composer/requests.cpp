@@ -5,7 +5,7 @@
 
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/function_picker.h"
-#include "hosts/reopen/reopen.h"
+#include "language/reopen.h"
 
 namespace zolt20::composer {
 namespace {

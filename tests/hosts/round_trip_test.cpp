@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-#include "hosts/reopen/reopen.h"
+#include "language/reopen.h"
 #include "tests/support/control_test.h"
 
 namespace zolt20::tests {

@@ -1,4 +1,4 @@
-#include "hosts/reopen/reopen.h"
+#include "language/reopen.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 // Stored statements split into the values of the part properties, what of them is reported, and
 // what the boxes hold when the parts are written.
-#include "hosts/reopen/reopen.h"
+#include "language/reopen.h"
 
 #include <gtest/gtest.h>
 
