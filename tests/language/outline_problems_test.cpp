@@ -202,6 +202,24 @@ TEST(OutlineProblemTest, AnIfIsLookedThroughForItsThenSoManyLines) {
   ExpectProblems(text + line + " then\r\nendif", {"head 0-6 if a [incomplete]"});
 }
 
+TEST(OutlineProblemTest, AMillionNestedStatementsTakeNoStack) {
+  constexpr std::size_t kDepth = 1'000'000;
+  String text;
+  for (std::size_t depth = 0; depth < kDepth; ++depth)
+    text += u"if a then\n";
+  std::vector<language::Node> nodes = language::ReadOutline(text);
+  ASSERT_EQ(nodes.size(), 2 * kDepth);
+  EXPECT_EQ(nodes.back().depth, kDepth);
+  EXPECT_EQ(nodes[0].problem, language::Problem::kNotClosed);
+  EXPECT_EQ(WrongInTree(text, nodes), "");
+  for (std::size_t depth = 0; depth < kDepth; ++depth)
+    text += u"endif\n";
+  nodes = language::ReadOutline(text);
+  ASSERT_EQ(nodes.size(), 3 * kDepth);
+  EXPECT_EQ(nodes[0].problem, language::Problem::kNone);
+  EXPECT_EQ(WrongInTree(text, nodes), "");
+}
+
 TEST(OutlineProblemTest, NamesOfKindsAndProblems) {
   EXPECT_STREQ(language::NameOf(language::NodeKind::kBlank), "blank");
   EXPECT_STREQ(language::NameOf(language::NodeKind::kDefault), "default");
