@@ -244,7 +244,7 @@ class Reader {
   // A list goes on below a comma, before one, or when it has nothing yet.
   bool ContinuesList() const {
     const Node& list = nodes_.back();
-    if (list.parent != frames_.back().node || !IsList(list.kind)) return false;
+    if (!IsList(list.kind)) return false;
     if (list.problem == Problem::kIncomplete || text_[start_] == u',') return true;
     std::size_t end = at_;
     while (IsBlank(text_[end - 1]) || IsLineEnd(text_[end - 1]))
@@ -287,8 +287,7 @@ class Reader {
     const std::uint32_t select = OpenFrame(NodeKind::kSelect);
     if (select == kNoFrame || clause > frames_[select].clause) return select;
     const std::uint32_t outer = frames_[select].outer;
-    if (outer == kNoFrame || clause <= frames_[outer].clause) return select;
-    return clause >= NodeKind::kSelectDo || IsInClauses(outer) ? outer : select;
+    return outer == kNoFrame || clause <= frames_[outer].clause ? select : outer;
   }
 
   void TakeClause(NodeKind kind, std::size_t behind) {

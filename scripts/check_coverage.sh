@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Runs the logic's tests in a build that counts, and fails unless they run every line and every branch of the six folders.
+# Runs the logic's tests in a build that counts, and fails unless they run every line and every branch of the six folders and of
+# language/.
 # Out of the count are the branches that the compiler makes for exceptions passing by and on lines of nothing but braces,
 # asserts, and what the source marks with GCOVR_EXCL beside a reason.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 build=build/coverage
-folders=(surface shell select where statement condition)
+folders=(surface shell select where statement condition language)
 programs=()
 for folder in "${folders[@]}" torture; do
   programs+=("${folder}_tests")

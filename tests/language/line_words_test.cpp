@@ -29,6 +29,18 @@ TEST(LineWordsTest, NoWordIsKnownWithinALongerOne) {
   EXPECT_EQ(WordOf(u"selectdoing"), LineWord::kNone);
 }
 
+TEST(LineWordsTest, WordsAreOfLettersDigitsPointsAndLinesBelow) {
+  String characters;
+  for (char16_t c = 0; c < 0x80; ++c) {
+    if (IsWordCharacter(c)) characters += c;
+  }
+  EXPECT_EQ(characters, u".0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ_abcdefghijklmnopqrstuvwxyz");
+}
+
+TEST(LineWordsTest, ANullCharacterIsABlank) {
+  EXPECT_EQ(PassBlanks(StringView(u" \0\tx", 4), 0), 3U);
+}
+
 TEST(LineWordsTest, AClauseNeedsABlankBehindItsWord) {
   EXPECT_EQ(WordOf(u"select A"), LineWord::kSelect);
   EXPECT_EQ(WordOf(u"from"), LineWord::kFrom);

@@ -61,6 +61,8 @@ TEST(OutlineProblemTest, AnElseNeedsAnIfWithoutOne) {
           "    head 11-22 if b then", "    else 22-31 else", "      head 22-28 else",
           "      statement 28-31 x", "  else 31-40 else", "    head 31-37 else",
           "    statement 37-40 y", "  end 40-45 endif"});
+  ExpectProblems("if a then\r\nelse\r\nif b then\r\nelse\r\nelse\r\nendif\r\nendif",
+                 {"statement 34-40 else [out of place]"});
   ExpectProblems("if a then\r\nif b then\r\nelse\r\nelse\r\nelse\r\nendif",
                  {"if 11-28 if b then [not closed]", "statement 34-40 else [out of place]"});
 }
@@ -157,6 +159,17 @@ TEST(OutlineProblemTest, ABracketThatClosesEndsTheSelectStatementWithinIt) {
        "    head 10-26 where EXISTS (", "    select 26-50 select B [not closed]",
        "      select list 26-36 select B", "      where 36-50 where ( b", "    more 50-53 )",
        "  end 53-62 endselect"});
+  // The condition goes on in the outermost statement, behind one of the statement within.
+  Expect(
+      "select A\r\nwhere (\r\nselect B\r\nwhere (\r\nselect C\r\nendselect\r\n)\r\n)\r\nendselect",
+      {"select 0-74 select A", "  select list 0-10 select A", "  where 10-65 where (",
+       "    head 10-19 where (", "    select 19-62 select B [not closed]",
+       "      select list 19-29 select B", "      where 29-62 where (",
+       "        head 29-38 where (", "        select 38-59 select C",
+       "          select list 38-48 select C", "          end 48-59 endselect",
+       "        more 59-62 )", "    more 62-65 )", "  end 65-74 endselect"});
+  ExpectProblems("select A\r\nselectdo\r\nselect B\r\n)\r\nendselect\r\nendselect",
+                 {"statement 30-33 ) [out of place]"});
   ExpectProblems(")", {});
   ExpectProblems("select A\r\n)\r\nendselect", {"statement 10-13 ) [out of place]"});
 }
@@ -180,6 +193,7 @@ TEST(OutlineProblemTest, WhatLacksAPartIsIncomplete) {
   ExpectProblems("repeat\r\nUntil  (  )", {"end 8-19 Until  (  ) [incomplete]"});
   ExpectProblems("repeat\r\nuntil", {"end 8-13 until [incomplete]"});
   ExpectProblems("repeat\r\nuntil a", {});
+  ExpectProblems("until", {"statement 0-5 until [nothing to close]"});
   ExpectProblems("repeat\r\nuntil ( a", {});
   ExpectProblems("on case\r\ncase\r\ncase :\r\ncase 1\r\nendcase",
                  {"head 0-9 on case [incomplete]", "head 9-15 case [incomplete]",

@@ -110,6 +110,14 @@ TEST(OutlineTest, ASelectStatementBehindABracketOnTheLineStandsInItToo) {
        "    more 61-70 ) and D", "  end 70-79 endselect"});
 }
 
+TEST(OutlineTest, TheFirstOfTwoSelectStatementsOnALineHasTheOther) {
+  Expect("select A\r\nwhere B IN ( select C ( select D\r\nendselect (\r\n)\r\nendselect",
+         {"select 0-69 select A", "  select list 0-10 select A", "  where 10-60 where B IN (",
+          "    head 10-23 where B IN (", "    select 23-54 select C ( select D",
+          "      select list 23-44 select C ( select D", "      end 44-54 endselect",
+          "    more 54-60 (", "  end 60-69 endselect"});
+}
+
 TEST(OutlineTest, ASelectStatementInBracketsThatCloseOnTheLineIsPartOfTheCondition) {
   Expect("select A\r\nwhere B = (( select C )) and ( \"( select\" )\r\nendselect",
          {"select 0-64 select A", "  select list 0-10 select A",
