@@ -5,6 +5,7 @@
 #   scripts/fuzz.sh                        each target over its corpus and a fixed number of runs, always the same ones
 #   scripts/fuzz.sh --minutes N [TARGET]   as many runs as fit in N minutes, of each target or of one
 #   scripts/fuzz.sh --merge [TARGET]       takes what is new in finds/ into the corpus, and leaves out what others cover
+#   scripts/fuzz.sh --shrink TARGET FILE   makes an input that ends in a finding as short as it gets, beside FILE, and prints it
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
@@ -16,6 +17,7 @@ usage() {
 
 minutes=""
 merge=""
+shrink=""
 case "${1:-}" in
   "") ;;
   --minutes)
@@ -27,10 +29,15 @@ case "${1:-}" in
     merge=yes
     shift
     ;;
+  --shrink)
+    if [ $# -ne 3 ] || [ ! -f "$3" ]; then usage; fi
+    shrink=$(realpath "$3")
+    set -- "$2"
+    ;;
   *) usage ;;
 esac
 targets=("${@:-host_lines}")
-[ $# -gt 0 ] || targets+=(sessions)
+[ $# -gt 0 ] || targets+=(sessions outlines)
 for target in "${targets[@]}"; do
   [ -d "fuzz/corpus/$target" ] || usage
 done
@@ -44,8 +51,8 @@ build=build/fuzz
 mkdir -p "$build/findings" "$build/finds"
 
 # How many runs are about half a minute, and the longest input.
-declare -A runs=([host_lines]=900 [sessions]=280)
-declare -A longest=([host_lines]=9000 [sessions]=600)
+declare -A runs=([host_lines]=900 [sessions]=280 [outlines]=100000)
+declare -A longest=([host_lines]=9000 [sessions]=600 [outlines]=2000)
 
 # run TARGET FOLDER OPTION...: finds go to the folder.
 run() {
@@ -72,6 +79,20 @@ merge_finds() {
   rmdir "$merged"
   echo "$target: $(find "fuzz/corpus/$target" -type f | wc -l) files, $(du -sb "fuzz/corpus/$target" | cut -f1) bytes"
 }
+
+# libFuzzer makes the input shorter again and again until so many changes in a row make it no shorter.
+if [ -n "$shrink" ]; then
+  target=${targets[0]}
+  "$build/fuzz/$target" -minimize_crash=1 -runs=20000 -timeout=25 "-exact_artifact_path=$shrink.short" "$shrink" \
+    >"$build/$target.log" 2>&1 || true
+  if [ ! -f "$shrink.short" ]; then
+    echo "$target ends without a finding on $shrink, or it gets no shorter; $build/$target.log tells more" >&2
+    exit 1
+  fi
+  "$build/fuzz/$target" "$shrink.short" 2>&1 | sed '/^==/,$d' || true
+  echo "$shrink.short: $(wc -c <"$shrink.short") bytes of $(wc -c <"$shrink")"
+  exit
+fi
 
 for target in "${targets[@]}"; do
   mkdir -p "$build/finds/$target"
