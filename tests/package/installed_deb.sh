@@ -19,6 +19,8 @@ build() {
 build "$examples/embedding" embedding
 "$work/embedding/embedding" >"$work/output.txt"
 cmp "$work/output.txt" "$examples/embedding/expected.txt"
+build "$examples/outline" outline
+"$work/outline/outline" | cmp - "$examples/outline/expected.txt"
 
 build "$examples/qt" qt
 build "$clone/tests/package/driven_qt" driven_qt

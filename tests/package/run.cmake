@@ -1,4 +1,5 @@
-# Builds a program of examples/ as an outside project, and runs it when its output is beside it.
+# Builds a program of examples/, or one beside this file, as an outside project. It runs it when its output is beside it, and the
+# one beside this file too.
 #   EXAMPLE  its folder
 #   WAY      find_package: on the build in BUILD, installed for the occasion; add_subdirectory: on the sources
 #   SOURCE   the repository; BUILD its build folder; WORK a scratch folder; GENERATOR; FLAGS for compiler and linker
@@ -9,6 +10,11 @@ function(step)
   endif()
 endfunction()
 
+set(folder ${SOURCE}/examples/${EXAMPLE})
+if(NOT EXISTS ${folder})
+  set(folder ${SOURCE}/tests/package/${EXAMPLE})
+endif()
+
 file(REMOVE_RECURSE ${WORK})
 if(WAY STREQUAL "find_package")
   step(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/installed)
@@ -16,15 +22,18 @@ if(WAY STREQUAL "find_package")
 else()
   set(place -DZOLT20_SOURCE=${SOURCE})
 endif()
-step(${CMAKE_COMMAND} -S ${SOURCE}/examples/${EXAMPLE} -B ${WORK}/build -G ${GENERATOR} -DCMAKE_CXX_FLAGS=${FLAGS}
-     ${place})
+step(${CMAKE_COMMAND} -S ${folder} -B ${WORK}/build -G ${GENERATOR} -DCMAKE_CXX_FLAGS=${FLAGS} ${place})
 step(${CMAKE_COMMAND} --build ${WORK}/build)
 
-if(NOT EXISTS ${SOURCE}/examples/${EXAMPLE}/expected.txt)
+if(folder MATCHES "/tests/package/")
+  step(${WORK}/build/${EXAMPLE})
   return()
 endif()
-execute_process(COMMAND ${WORK}/build/embedding RESULT_VARIABLE status OUTPUT_VARIABLE output)
-file(READ ${SOURCE}/examples/${EXAMPLE}/expected.txt expected)
+if(NOT EXISTS ${folder}/expected.txt)
+  return()
+endif()
+execute_process(COMMAND ${WORK}/build/${EXAMPLE} RESULT_VARIABLE status OUTPUT_VARIABLE output)
+file(READ ${folder}/expected.txt expected)
 if(NOT status EQUAL 0 OR NOT output STREQUAL expected)
   message(FATAL_ERROR "the program ended with ${status} and printed\n${output}")
 endif()
