@@ -2,10 +2,13 @@
 #include <cstdio>
 #include <fstream>
 #include <iostream>
+#include <iterator>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "hosts/automation/outline_lines.h"
 #include "hosts/automation/session.h"
 #include "hosts/kit/text_coding.h"
 
@@ -15,6 +18,7 @@ using zolt20::automation::Session;
 
 constexpr const char* kUsage =
     "usage: zolt20-host [--result | --get PROPERTY] [FILE.jsonl]\n"
+    "       zolt20-host --outline [FILE]\n"
     "\n"
     "Reads requests, one JSON object a line, from FILE or from standard input, and writes\n"
     "one reply a line.\n"
@@ -22,10 +26,14 @@ constexpr const char* kUsage =
     "  --result        write the final Result text and no replies\n"
     "  --get PROPERTY  write the final value of the property and no replies\n"
     "\n"
-    "With either of the two, a request that fails is told on standard error with its line.\n";
+    "With either of the two, a request that fails is told on standard error with its line.\n"
+    "\n"
+    "  --outline       read a text of the statement language in place of requests, and write its\n"
+    "                  tree, one JSON object a node; ends with 1 when a node has a problem\n";
 
 struct Options {
   bool result = false;
+  bool outline = false;
   const zolt20::Member* get = nullptr;
   std::optional<std::string> file;
 };
@@ -41,6 +49,8 @@ std::optional<Options> ReadOptions(const std::vector<std::string>& words) {
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (words[i] == "--result") {
       options.result = true;
+    } else if (words[i] == "--outline") {
+      options.outline = true;
     } else if (words[i] == "--get" && i + 1 < words.size()) {
       options.get = zolt20::FindMember(words[++i]);
       if (options.get == nullptr || options.get->get == nullptr) {
@@ -55,6 +65,20 @@ std::optional<Options> ReadOptions(const std::vector<std::string>& words) {
     }
   }
   return options;
+}
+
+int WriteOutline(std::istream& input) {
+  const std::string text{std::istreambuf_iterator<char>(input), std::istreambuf_iterator<char>()};
+  // The JSON library refuses what is no UTF-8.
+  try {
+    static_cast<void>(nlohmann::json(text).dump());
+  } catch (const nlohmann::json::exception&) {
+    return Complain("the text is not in UTF-8");
+  }
+  const auto outline = zolt20::automation::OutlineOf(zolt20::hosts::FromJsonText(text));
+  std::cout << outline.lines << std::flush;
+  if (!std::cout.good()) return Complain("the output can't be written");
+  return outline.hasProblems ? 1 : 0;
 }
 
 std::string FinalValue(Session& session, const Options& options) {
@@ -108,8 +132,11 @@ int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   const std::optional<Options> options = ReadOptions(words);
   if (!options.has_value()) return 2;
-  if (!options->file.has_value()) return Play(std::cin, *options);
+  const auto run = [&options](std::istream& input) {
+    return options->outline ? WriteOutline(input) : Play(input, *options);
+  };
+  if (!options->file.has_value()) return run(std::cin);
   std::ifstream file(*options->file, std::ios::binary);
   if (!file) return Complain("can't read " + *options->file);
-  return Play(file, *options);
+  return run(file);
 }

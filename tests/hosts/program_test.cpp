@@ -87,6 +87,32 @@ TEST_F(ProgramTest, AFailedRequestIsToldWithItsLineBesideTheResult) {
   EXPECT_EQ(run.output.substr(0, 8), "line 4: ");
 }
 
+TEST_F(ProgramTest, TheTreeOfATextIsWrittenNodeByNode) {
+  const Outcome run = Host("--outline " + File("if \"\u00E9\" then\r\n\tx\r\nendif"));
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.output,
+      "{\"kind\":\"if\",\"first\":0,\"last\":22,\"depth\":0,\"head\":\"if \\\"\u00E9\\\" then\"}\n"
+      "{\"kind\":\"head\",\"first\":0,\"last\":13,\"depth\":1,\"head\":\"if \\\"\u00E9\\\" "
+      "then\"}\n"
+      "{\"kind\":\"statement\",\"first\":13,\"last\":17,\"depth\":1,\"head\":\"x\"}\n"
+      "{\"kind\":\"end\",\"first\":17,\"last\":22,\"depth\":1,\"head\":\"endif\"}\n");
+}
+
+TEST_F(ProgramTest, ATextWithAProblemEndsWithOne) {
+  const Outcome run = Host("--outline < " + File("endif"));
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output,
+            "{\"kind\":\"statement\",\"first\":0,\"last\":5,\"depth\":0,\"head\":\"endif\","
+            "\"problem\":\"nothing to close\"}\n");
+}
+
+TEST_F(ProgramTest, ATextThatIsNoUtf8HasNoTree) {
+  const Outcome run = Host("--outline " + File("a\xFF") + " 2>&1");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.output, "zolt20-host: the text is not in UTF-8\n");
+}
+
 TEST_F(ProgramTest, WhatItCannotTakeIsToldAndEndsWithTwo) {
   EXPECT_EQ(Host("/nowhere/at/all 2>&1").output, "zolt20-host: can't read /nowhere/at/all\n");
   EXPECT_EQ(Host("/nowhere/at/all 2>/dev/null").status, 2);
