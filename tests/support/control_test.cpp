@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "tests/support/outline_lines.h"
+
 namespace zolt20::tests {
 
 std::string ErrorMessage(std::string_view text) {
@@ -214,7 +216,9 @@ std::string ControlTest::Focused() {
 }
 
 std::string ControlTest::Result() {
-  return Text("TxtOutput");
+  const String& text = host().Form().TxtOutput.Text();
+  EXPECT_EQ(WrongInTree(text, language::ReadOutline(text)), "") << Narrow(text);
+  return Narrow(text);
 }
 
 void ControlTest::ExpectError(ErrorKind kind, const std::function<void()>& action) {

@@ -110,6 +110,7 @@ class ControlTest : public ::testing::Test {
   /// The controls at places 0 to `last` of the tab order.
   Texts TabOrder(int last);
   std::string Focused();
+  /// The Result. On the way it is expected that its tree loses nothing of it.
   std::string Result();
 
   /// Expects that `action` fails with an error of that kind.
