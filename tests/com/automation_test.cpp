@@ -300,7 +300,12 @@ TEST_F(AutomationTest, EveryInterfaceIsOfTheSameObject) {
   EXPECT_TRUE(same(As<IOleInPlaceActiveObject>()));
   EXPECT_TRUE(same(As<IPersistPropertyBag>()));
   EXPECT_TRUE(same(As<IConnectionPointContainer>()));
-  EXPECT_FALSE(As<IPersistStorage>());
+  EXPECT_TRUE(same(As<IPersistStorage>()));
+  EXPECT_TRUE(same(As<IPersistMemory>()));
+  EXPECT_TRUE(same(As<IDataObject>()));
+  EXPECT_TRUE(same(As<IQuickActivate>()));
+  EXPECT_TRUE(same(As<IPointerInactive>()));
+  EXPECT_FALSE(As<IPersistFile>());
 }
 
 TEST_F(AutomationTest, TheServerStaysAsLongAsAnythingOfItIsThere) {

@@ -43,6 +43,11 @@ HRESULT Container::Create(REFCLSID classId, IPropertyBag* bag) {
   return result;
 }
 
+void Container::Take(IUnknown* control) {
+  GiveUp();
+  control_ = control;
+}
+
 HRESULT Container::Activate(LONG verb) {
   IOleObject* object = nullptr;
   const HRESULT found = control_->QueryInterface(IID_IOleObject, reinterpret_cast<void**>(&object));

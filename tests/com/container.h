@@ -23,6 +23,8 @@ class Container final : public IOleClientSite,
 
   /// Makes a control of the class, sets its site and loads it from the bag; without one it is new.
   HRESULT Create(REFCLSID classId, IPropertyBag* bag = nullptr);
+  /// Takes a control that somebody else made with this as its site, and the reference to it.
+  void Take(IUnknown* control);
   HRESULT Activate(LONG verb = OLEIVERB_SHOW);
   /// Closes the control and gives it up. What the last Release gave.
   ULONG GiveUp();
@@ -41,7 +43,7 @@ class Container final : public IOleClientSite,
   long References() const { return references_; }
 
   // IOleClientSite.
-  STDMETHODIMP SaveObject() override { return S_OK; }
+  STDMETHODIMP SaveObject() override { return Told("save"); }
   STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker** moniker) override;
   STDMETHODIMP GetContainer(IOleContainer** container) override;
   STDMETHODIMP ShowObject() override { return S_OK; }

@@ -230,7 +230,14 @@ TEST_F(RegistrationTest, TheRegistryNamesWhatContainersLookFor) {
   for (const wchar_t* line :
        {L"\\Control", L"\\InprocServer32 [ThreadingModel] = Apartment",
         L"\\VersionIndependentProgID [] = ZOLT20MappingCtrl.ZOLT20MapControl", version.c_str(),
-        L"\\MiscStatus\\1", L"\\ToolboxBitmap32",
+        L"\\MiscStatus\\1", L"\\ToolboxBitmap32", L"\\Insertable", L"\\verb\\0 [] = &Edit,0,2",
+        // What can be inserted in documents.
+        L"\\Implemented Categories\\{40FC6ED3-2438-11CF-A3DB-080036F12502}",
+        // What it persists to: a storage, a stream, memory, a bag.
+        L"\\Implemented Categories\\{0DE86A52-2BAA-11CF-A229-00AA003D7352}",
+        L"\\Implemented Categories\\{0DE86A53-2BAA-11CF-A229-00AA003D7352}",
+        L"\\Implemented Categories\\{0DE86A55-2BAA-11CF-A229-00AA003D7352}",
+        L"\\Implemented Categories\\{0DE86A57-2BAA-11CF-A229-00AA003D7352}",
         L"\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}",
         L"\\Implemented Categories\\{7DD95801-9882-11CF-9FA9-00AA006C42C4}",
         L"\\Implemented Categories\\{7DD95802-9882-11CF-9FA9-00AA006C42C4}"}) {

@@ -98,6 +98,7 @@ STDMETHODIMP MapControl::GetNaturalExtent(DWORD /*aspect*/, LONG /*index*/,
 
 // The container may draw it anew.
 void MapControl::PictureChanged() {
+  DataChanged(0);
   if (!viewSink_ || (viewAspects_ & DVASPECT_CONTENT) == 0) return;
   const Pointer<IAdviseSink> sink = viewSink_;
   if ((viewFlags_ & ADVF_ONLYONCE) != 0) viewSink_ = {};

@@ -40,6 +40,7 @@ STDMETHODIMP MapControl::Close(DWORD save) {
   return Enter([&] {
     if (save != OLECLOSE_NOSAVE && isDirty_ && site_) site_->SaveObject();
     Deactivate();
+    DataChanged(ADVF_DATAONSTOP);
     if (advised_) advised_->SendOnClose();
     return S_OK;
   });
@@ -61,35 +62,6 @@ STDMETHODIMP MapControl::GetClipboardData(DWORD /*reserved*/, IDataObject** data
   return E_NOTIMPL;
 }
 
-STDMETHODIMP MapControl::DoVerb(LONG verb, MSG* /*message*/, IOleClientSite* site, LONG /*index*/,
-                                HWND /*parent*/, const RECT* /*place*/) {
-  return EnterForPerson([&]() -> HRESULT {
-    if (!site_ && site != nullptr) site_ = Pointer(site);
-    switch (verb) {
-      case OLEIVERB_INPLACEACTIVATE:
-        return Activate(false);
-      case OLEIVERB_PRIMARY:
-      case OLEIVERB_SHOW:
-      case OLEIVERB_UIACTIVATE:
-        return Activate(true);
-      case OLEIVERB_HIDE:
-        UIDeactivate();
-        if (window_) window_->Show(false);
-        return S_OK;
-      case OLEIVERB_DISCARDUNDOSTATE:
-        return S_OK;
-      default:
-        if (verb < 0) return E_NOTIMPL;
-        const HRESULT result = Activate(true);
-        return FAILED(result) ? result : OLEOBJ_S_INVALIDVERB;
-    }
-  });
-}
-
-STDMETHODIMP MapControl::EnumVerbs(IEnumOLEVERB** verbs) {
-  if (verbs == nullptr) return E_POINTER;
-  return OleRegEnumVerbs(CLSID_ZOLT20MapControl, verbs);
-}
 STDMETHODIMP MapControl::Update() {
   return S_OK;
 }
@@ -98,10 +70,6 @@ STDMETHODIMP MapControl::IsUpToDate() {
 }
 STDMETHODIMP MapControl::GetUserClassID(CLSID* classId) {
   return GetClassID(classId);
-}
-STDMETHODIMP MapControl::GetUserType(DWORD form, LPOLESTR* type) {
-  if (type == nullptr) return E_POINTER;
-  return OleRegGetUserType(CLSID_ZOLT20MapControl, form, type);
 }
 
 STDMETHODIMP MapControl::SetExtent(DWORD aspect, SIZEL* size) {

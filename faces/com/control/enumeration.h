@@ -14,15 +14,15 @@
 
 namespace zolt20::com {
 
-/// `Interface` is an enumerator of COM over `Item`. `Traits::Keep(item)` adds the reference that a
-/// copy holds, and `Traits::Drop(item)` gives it back.
+/// `Interface` is an enumerator of COM over `Item`. `Traits::Keep(item)` gives a copy what it has
+/// of its own, such as a reference or a text, and `Traits::Drop(item)` takes it back.
 template <typename Interface, typename Item, typename Traits>
 class Enumeration final : public Interface {
  public:
   /// A new one, with one reference.
   explicit Enumeration(std::vector<Item> items, std::size_t next = 0)
       : items_(std::move(items)), next_(next) {
-    for (const Item& item : items_)
+    for (Item& item : items_)
       Traits::Keep(item);
   }
 
@@ -45,13 +45,16 @@ class Enumeration final : public Interface {
 
   STDMETHODIMP Next(ULONG count, Item* items, ULONG* fetched) override {
     if (items == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
-    ULONG given = 0;
-    for (; given < count && next_ < items_.size(); ++given, ++next_) {
-      items[given] = items_[next_];
-      Traits::Keep(items[given]);
-    }
-    if (fetched != nullptr) *fetched = given;
-    return given == count ? S_OK : S_FALSE;
+    if (fetched != nullptr) *fetched = 0;
+    return Guarded([&] {
+      ULONG given = 0;
+      for (; given < count && next_ < items_.size(); ++given, ++next_) {
+        items[given] = items_[next_];
+        Traits::Keep(items[given]);
+      }
+      if (fetched != nullptr) *fetched = given;
+      return given == count ? S_OK : S_FALSE;
+    });
   }
   STDMETHODIMP Skip(ULONG count) override {
     const std::size_t left = items_.size() - next_;
@@ -73,7 +76,7 @@ class Enumeration final : public Interface {
 
  private:
   virtual ~Enumeration() {
-    for (const Item& item : items_)
+    for (Item& item : items_)
       Traits::Drop(item);
   }
 

@@ -91,6 +91,11 @@ HRESULT MapControl::FindInterface(REFIID id, void** object) {
     if (id == IID_IPersistStreamInit || id == IID_IPersist)
       return static_cast<IPersistStreamInit*>(this);
     if (id == IID_IPersistPropertyBag) return static_cast<IPersistPropertyBag*>(this);
+    if (id == IID_IPersistStorage) return static_cast<IPersistStorage*>(this);
+    if (id == IID_IPersistMemory) return static_cast<IPersistMemory*>(this);
+    if (id == IID_IDataObject) return static_cast<IDataObject*>(this);
+    if (id == IID_IQuickActivate) return static_cast<IQuickActivate*>(this);
+    if (id == IID_IPointerInactive) return static_cast<IPointerInactive*>(this);
     if (id == IID_IConnectionPointContainer) return static_cast<IConnectionPointContainer*>(this);
     if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2)
       return static_cast<IProvideClassInfo2*>(this);

@@ -2,8 +2,8 @@
 //
 // One object with the interfaces that containers ask a control for: its own by name and by table,
 // embedding in place, drawing where it is not active, its property bag and the same values as a
-// stream, its events. It holds the control, and the form window while it is active in place;
-// neither has a state beside the control's.
+// stream, in a storage and in memory, itself as data, its events. It holds the control, and the
+// form window while it is active in place; neither has a state beside the control's.
 //
 // One thread uses it, the one that made it; calls from others are refused. It may be a part of
 // another object. It stays alive through each call and gesture, whoever gives it up meanwhile.
@@ -21,6 +21,7 @@
 #include "faces/com/com_text.h"
 #include "faces/com/control/com_call.h"
 #include "faces/com/control/connection_point.h"
+#include "faces/com/control/storage_place.h"
 #include "faces/com/form/form_window.h"
 #include "faces/com/server/server.h"
 #include "faces/shared/person.h"
@@ -35,6 +36,9 @@ inline constexpr DWORD kMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLIN
                                      OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
                                      OLEMISC_SETCLIENTSITEFIRST;
 
+/// What a person reads of the class.
+inline constexpr wchar_t kUserType[] = L"ZOLT20MapControl";
+
 // How the types of the contract's list are called in the interface.
 #define ZOLT20_COM_String BSTR
 #define ZOLT20_COM_Integer short
@@ -48,6 +52,11 @@ class MapControl final : public _ZOLT20MapControl,
                          public IViewObjectEx,
                          public IPersistStreamInit,
                          public IPersistPropertyBag,
+                         public IPersistStorage,
+                         public IPersistMemory,
+                         public IDataObject,
+                         public IQuickActivate,
+                         public IPointerInactive,
                          public IConnectionPointContainer,
                          public IProvideClassInfo2,
                          public ISupportErrorInfo,
@@ -116,6 +125,37 @@ class MapControl final : public _ZOLT20MapControl,
   STDMETHODIMP GetSizeMax(ULARGE_INTEGER* size) override;
   STDMETHODIMP Load(IPropertyBag* bag, IErrorLog* log) override;
   STDMETHODIMP Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) override;
+
+  // IPersistStorage, IPersistMemory.
+  STDMETHODIMP InitNew(IStorage* storage) override;
+  STDMETHODIMP Load(IStorage* storage) override;
+  STDMETHODIMP Save(IStorage* storage, BOOL isOwn) override;
+  STDMETHODIMP SaveCompleted(IStorage* storage) override;
+  STDMETHODIMP HandsOffStorage() override;
+  STDMETHODIMP Load(void* memory, ULONG size) override;
+  STDMETHODIMP Save(void* memory, BOOL clearDirty, ULONG size) override;
+  STDMETHODIMP GetSizeMax(ULONG* size) override;
+
+  // IDataObject.
+  STDMETHODIMP GetData(FORMATETC* format, STGMEDIUM* medium) override;
+  STDMETHODIMP GetDataHere(FORMATETC* format, STGMEDIUM* medium) override;
+  STDMETHODIMP QueryGetData(FORMATETC* format) override;
+  STDMETHODIMP GetCanonicalFormatEtc(FORMATETC* format, FORMATETC* canonical) override;
+  STDMETHODIMP SetData(FORMATETC* format, STGMEDIUM* medium, BOOL release) override;
+  STDMETHODIMP EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) override;
+  STDMETHODIMP DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink,
+                       DWORD* connection) override;
+  STDMETHODIMP DUnadvise(DWORD connection) override;
+  STDMETHODIMP EnumDAdvise(IEnumSTATDATA** connections) override;
+
+  // IQuickActivate, IPointerInactive.
+  STDMETHODIMP QuickActivate(QACONTAINER* container, QACONTROL* control) override;
+  STDMETHODIMP SetContentExtent(SIZEL* size) override;
+  STDMETHODIMP GetContentExtent(SIZEL* size) override;
+  STDMETHODIMP GetActivationPolicy(DWORD* policy) override;
+  STDMETHODIMP OnInactiveMouseMove(const RECT* bounds, LONG x, LONG y, DWORD keys) override;
+  STDMETHODIMP OnInactiveSetCursor(const RECT* bounds, LONG x, LONG y, DWORD message,
+                                   BOOL always) override;
 
   // IOleObject.
   STDMETHODIMP SetClientSite(IOleClientSite* site) override;
@@ -382,6 +422,9 @@ class MapControl final : public _ZOLT20MapControl,
   void ReadAmbients();
   void ShowBox(const wchar_t* text, const wchar_t* title);
   void PictureChanged();
+  void DataChanged(DWORD flags);
+  HRESULT StoreAt(IStorage& storage);
+  HRESULT CopyTo(IStorage& storage);
   Pointer<IOleControlSite> ControlSite() const;
 
   const DWORD thread_ = GetCurrentThreadId();
@@ -407,7 +450,10 @@ class MapControl final : public _ZOLT20MapControl,
   HACCEL accelerators_ = nullptr;
   bool isDirty_ = false;
 
+  StoragePlace place_;  // where a document keeps it
+
   Pointer<IOleAdviseHolder> advised_;
+  Pointer<IDataAdviseHolder> dataAdvised_;
   Pointer<IAdviseSink> viewSink_;
   DWORD viewAspects_ = 0;
   DWORD viewFlags_ = 0;

@@ -13,7 +13,6 @@
 namespace zolt20::com {
 namespace {
 
-constexpr const wchar_t* kDescription = L"ZOLT20MapControl";
 constexpr const wchar_t* kCurrentVersion = L"ZOLT20MappingCtrl.ZOLT20MapControl.1";
 constexpr const wchar_t* kClasses = L"Software\\Classes\\";
 
@@ -80,12 +79,12 @@ HRESULT RegisterUnder(HKEY root, const std::wstring& path) {
   const std::wstring classId = Text(CLSID_ZOLT20MapControl);
   const std::wstring classKey = L"CLSID\\" + classId;
   Writer writer(root);
-  writer.Write(kCurrentVersion, kDescription);
+  writer.Write(kCurrentVersion, kUserType);
   writer.Write(kCurrentVersion + std::wstring(L"\\CLSID"), classId);
-  writer.Write(kProgId, kDescription);
+  writer.Write(kProgId, kUserType);
   writer.Write(kProgId + std::wstring(L"\\CLSID"), classId);
   writer.Write(kProgId + std::wstring(L"\\CurVer"), kCurrentVersion);
-  writer.Write(classKey, kDescription);
+  writer.Write(classKey, kUserType);
   writer.Write(classKey + L"\\InprocServer32", path);
   writer.Write(classKey + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
   writer.Write(classKey + L"\\ProgID", kCurrentVersion);
@@ -94,12 +93,18 @@ HRESULT RegisterUnder(HKEY root, const std::wstring& path) {
   writer.Write(classKey + L"\\Version",
                std::to_wstring(ZOLT20_MAJOR) + L"." + std::to_wstring(ZOLT20_MINOR));
   writer.Write(classKey + L"\\Control", L"");
+  writer.Write(classKey + L"\\Insertable", L"");
   writer.Write(classKey + L"\\Programmable", L"");
   writer.Write(classKey + L"\\MiscStatus", L"0");
   writer.Write(classKey + L"\\MiscStatus\\1", std::to_wstring(kMiscStatus));
   writer.Write(classKey + L"\\ToolboxBitmap32", path + L", 101");
-  for (const CATID& category : {CATID_Control, CATID_SafeForScripting, CATID_SafeForInitializing,
-                                CATID_PersistsToStreamInit, CATID_PersistsToPropertyBag})
+  // The verb of menus, enabled; the other ones are for containers alone.
+  writer.Write(classKey + L"\\verb", L"");
+  writer.Write(classKey + L"\\verb\\0", L"&Edit,0,2");
+  for (const CATID& category :
+       {CATID_Control, CATID_Insertable, CATID_SafeForScripting, CATID_SafeForInitializing,
+        CATID_PersistsToStreamInit, CATID_PersistsToPropertyBag, CATID_PersistsToStorage,
+        CATID_PersistsToMemory})
     writer.Write(classKey + L"\\Implemented Categories\\" + Text(category), L"");
   WriteTypeLibrary(writer, path);
   return writer.status() == ERROR_SUCCESS ? S_OK : ResultOf(writer.status());
