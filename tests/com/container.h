@@ -6,7 +6,9 @@
 #include <oleidl.h>
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zolt20::tests {
@@ -35,7 +37,10 @@ class Container final : public IOleClientSite,
   std::function<void()> onFocus;  // inside OnFocus(TRUE)
   bool userMode = true;
   bool uiDead = false;
-  std::vector<std::string> told;  // what the control told its sites
+  bool rightToLeft = false;
+  std::optional<std::pair<COLORREF, COLORREF>> colours;  // of what is behind, and of texts
+  std::function<HRESULT(const RECT&)> onPosRect;         // asked for another place
+  std::vector<std::string> told;                         // what the control told its sites
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override;
   STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++references_); }
@@ -63,7 +68,9 @@ class Container final : public IOleClientSite,
   STDMETHODIMP OnInPlaceDeactivate() override { return Told("not in place"); }
   STDMETHODIMP DiscardUndoState() override { return S_OK; }
   STDMETHODIMP DeactivateAndUndo() override { return S_OK; }
-  STDMETHODIMP OnPosRectChange(const RECT*) override { return S_OK; }
+  STDMETHODIMP OnPosRectChange(const RECT* place) override {
+    return onPosRect ? onPosRect(*place) : E_NOTIMPL;
+  }
   STDMETHODIMP GetBorder(RECT*) override { return INPLACE_E_NOTOOLSPACE; }
   STDMETHODIMP RequestBorderSpace(const BORDERWIDTHS*) override { return INPLACE_E_NOTOOLSPACE; }
   STDMETHODIMP SetBorderSpace(const BORDERWIDTHS*) override { return S_OK; }

@@ -29,15 +29,20 @@ STDMETHODIMP ConnectionPoint::QueryInterface(REFIID id, void** object) {
 
 STDMETHODIMP ConnectionPoint::GetConnectionInterface(IID* id) {
   if (id == nullptr) return E_POINTER;
-  *id = sinkId_;
-  return S_OK;
+  return Enter([&] {
+    *id = sinkId_;
+    return S_OK;
+  });
 }
 
 STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** container) {
   if (container == nullptr) return E_POINTER;
-  *container = &container_;
-  container_.AddRef();
-  return S_OK;
+  *container = nullptr;
+  return Enter([&] {
+    *container = &container_;
+    container_.AddRef();
+    return S_OK;
+  });
 }
 
 STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {

@@ -93,10 +93,10 @@ STDMETHODIMP MapControl::GetData(FORMATETC* format, STGMEDIUM* medium) {
       return S_OK;
     }
     const Surface& form = control_.Form();
-    *medium = format->cfFormat == CF_ENHMETAFILE    ? EnhancedMetafileOf(form, extent_)
-              : format->cfFormat == CF_METAFILEPICT ? MetafileOf(form, extent_)
+    *medium = format->cfFormat == CF_ENHMETAFILE    ? EnhancedMetafileOf(form, look_, extent_)
+              : format->cfFormat == CF_METAFILEPICT ? MetafileOf(form, look_, extent_)
               : format->cfFormat == CF_DIB
-                  ? BitmapOf(form, extent_)
+                  ? BitmapOf(form, look_, extent_)
                   : DescriptionOf(CLSID_ZOLT20MapControl, kUserType, kMiscStatus, extent_);
     return S_OK;
   });
@@ -121,9 +121,11 @@ STDMETHODIMP MapControl::QueryGetData(FORMATETC* format) {
 // No target device makes a picture another one.
 STDMETHODIMP MapControl::GetCanonicalFormatEtc(FORMATETC* format, FORMATETC* canonical) {
   if (format == nullptr || canonical == nullptr) return E_POINTER;
-  *canonical = *format;
-  canonical->ptd = nullptr;
-  return DATA_S_SAMEFORMATETC;
+  return Tell([&]() -> HRESULT {
+    *canonical = *format;
+    canonical->ptd = nullptr;
+    return DATA_S_SAMEFORMATETC;
+  });
 }
 
 STDMETHODIMP MapControl::SetData(FORMATETC* /*format*/, STGMEDIUM* /*medium*/, BOOL /*release*/) {

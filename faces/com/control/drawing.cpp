@@ -17,7 +17,8 @@ STDMETHODIMP MapControl::Draw(DWORD aspect, LONG /*index*/, void* /*aspectInfo*/
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
   if (canvas == nullptr || place == nullptr) return E_INVALIDARG;
   return Enter([&] {
-    DrawForm(canvas, {place->left, place->top, place->right, place->bottom}, control_.Form());
+    DrawForm(canvas, {place->left, place->top, place->right, place->bottom}, control_.Form(),
+             look_);
     return S_OK;
   });
 }
@@ -25,8 +26,10 @@ STDMETHODIMP MapControl::Draw(DWORD aspect, LONG /*index*/, void* /*aspectInfo*/
 STDMETHODIMP MapControl::GetColorSet(DWORD /*aspect*/, LONG /*index*/, void* /*aspectInfo*/,
                                      DVTARGETDEVICE* /*device*/, HDC /*information*/,
                                      LOGPALETTE** colors) {
-  if (colors != nullptr) *colors = nullptr;
-  return S_FALSE;
+  return Tell([&]() -> HRESULT {
+    if (colors != nullptr) *colors = nullptr;
+    return S_FALSE;
+  });
 }
 STDMETHODIMP MapControl::Freeze(DWORD /*aspect*/, LONG /*index*/, void* /*aspectInfo*/,
                                 DWORD* /*key*/) {
@@ -62,32 +65,40 @@ STDMETHODIMP MapControl::GetExtent(DWORD aspect, LONG /*index*/, DVTARGETDEVICE*
 
 STDMETHODIMP MapControl::GetRect(DWORD aspect, RECTL* place) {
   if (place == nullptr) return E_POINTER;
-  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  *place = {0, 0, extent_.cx, extent_.cy};
-  return S_OK;
+  return Tell([&]() -> HRESULT {
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    *place = {0, 0, extent_.cx, extent_.cy};
+    return S_OK;
+  });
 }
 
 STDMETHODIMP MapControl::GetViewStatus(DWORD* status) {
   if (status == nullptr) return E_POINTER;
-  *status = VIEWSTATUS_OPAQUE;
-  return S_OK;
+  return Tell([&]() -> HRESULT {
+    *status = VIEWSTATUS_OPAQUE;
+    return S_OK;
+  });
 }
 
 STDMETHODIMP MapControl::QueryHitPoint(DWORD aspect, const RECT* bounds, POINT point,
                                        LONG /*closeHint*/, DWORD* result) {
   if (bounds == nullptr || result == nullptr) return E_POINTER;
-  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  *result = PtInRect(bounds, point) ? HITRESULT_HIT : HITRESULT_OUTSIDE;
-  return S_OK;
+  return Tell([&]() -> HRESULT {
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    *result = PtInRect(bounds, point) ? HITRESULT_HIT : HITRESULT_OUTSIDE;
+    return S_OK;
+  });
 }
 
 STDMETHODIMP MapControl::QueryHitRect(DWORD aspect, const RECT* bounds, const RECT* place,
                                       LONG /*closeHint*/, DWORD* result) {
   if (bounds == nullptr || place == nullptr || result == nullptr) return E_POINTER;
-  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  RECT common;
-  *result = IntersectRect(&common, bounds, place) ? HITRESULT_HIT : HITRESULT_OUTSIDE;
-  return S_OK;
+  return Tell([&]() -> HRESULT {
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    RECT common;
+    *result = IntersectRect(&common, bounds, place) ? HITRESULT_HIT : HITRESULT_OUTSIDE;
+    return S_OK;
+  });
 }
 
 STDMETHODIMP MapControl::GetNaturalExtent(DWORD /*aspect*/, LONG /*index*/,

@@ -11,6 +11,18 @@
 #include "faces/shared/form_words.h"
 
 namespace zolt20::com {
+namespace {
+
+SIZE PixelsOf(SIZEL extent) {
+  constexpr int kHimetricPerInch = 2540;
+  const HDC screen = GetDC(nullptr);
+  const SIZE pixels{MulDiv(extent.cx, GetDeviceCaps(screen, LOGPIXELSX), kHimetricPerInch),
+                    MulDiv(extent.cy, GetDeviceCaps(screen, LOGPIXELSY), kHimetricPerInch)};
+  ReleaseDC(nullptr, screen);
+  return pixels;
+}
+
+}  // namespace
 
 // The site.
 
@@ -33,7 +45,7 @@ STDMETHODIMP MapControl::GetClientSite(IOleClientSite** site) {
 }
 
 STDMETHODIMP MapControl::SetHostNames(LPCOLESTR /*application*/, LPCOLESTR /*document*/) {
-  return S_OK;
+  return Tell([] { return S_OK; });
 }
 
 STDMETHODIMP MapControl::Close(DWORD save) {
@@ -63,10 +75,10 @@ STDMETHODIMP MapControl::GetClipboardData(DWORD /*reserved*/, IDataObject** data
 }
 
 STDMETHODIMP MapControl::Update() {
-  return S_OK;
+  return Tell([] { return S_OK; });
 }
 STDMETHODIMP MapControl::IsUpToDate() {
-  return S_OK;
+  return Tell([] { return S_OK; });
 }
 STDMETHODIMP MapControl::GetUserClassID(CLSID* classId) {
   return GetClassID(classId);
@@ -80,8 +92,23 @@ STDMETHODIMP MapControl::SetExtent(DWORD aspect, SIZEL* size) {
     if (size->cx == extent_.cx && size->cy == extent_.cy) return S_OK;
     extent_ = *size;
     PictureChanged();
+    AskForPlace();
     return S_OK;
   });
+}
+
+// The window gets the size that the control was given, unless its site gives it another place.
+void MapControl::AskForPlace() {
+  const Pointer<IOleInPlaceSite> site = placeSite_;
+  if (!window_ || !site) return;
+  RECT place = window_->PlaceNow();
+  const SIZE size = PixelsOf(extent_);
+  if (place.right - place.left == size.cx && place.bottom - place.top == size.cy) return;
+  place.right = place.left + size.cx;
+  place.bottom = place.top + size.cy;
+  isPlaced_ = false;
+  site->OnPosRectChange(&place);
+  if (window_ && !isPlaced_) window_->Place(place, place);
 }
 
 STDMETHODIMP MapControl::GetExtent(DWORD aspect, SIZEL* size) {
@@ -114,8 +141,10 @@ STDMETHODIMP MapControl::EnumAdvise(IEnumSTATDATA** connections) {
 
 STDMETHODIMP MapControl::GetMiscStatus(DWORD aspect, DWORD* status) {
   if (status == nullptr) return E_POINTER;
-  *status = aspect == DVASPECT_CONTENT ? kMiscStatus : 0;
-  return S_OK;
+  return Tell([&]() -> HRESULT {
+    *status = aspect == DVASPECT_CONTENT ? kMiscStatus : 0;
+    return S_OK;
+  });
 }
 STDMETHODIMP MapControl::SetColorScheme(LOGPALETTE* /*palette*/) {
   return E_NOTIMPL;
@@ -165,9 +194,7 @@ HRESULT MapControl::MakeWindow() {
     result = site->GetWindowContext(frame_.Put(), document_.Put(), &position, &clip, &info);
   if (SUCCEEDED(result)) {
     result = Guarded([&] {
-      window_ = FormWindow::Make(parent, position, control_, person_,
-                                 static_cast<FormWindow::Owner&>(*this));
-      window_->NameTables(tableNames_);
+      MakeForm(parent, position);
       return S_OK;
     });
   }
@@ -178,8 +205,15 @@ HRESULT MapControl::MakeWindow() {
     return result;
   }
   placeSite_ = site;
+  clip_ = clip;
   window_->Place(position, clip);
   return S_OK;
+}
+
+void MapControl::MakeForm(HWND parent, const RECT& place) {
+  window_ = FormWindow::Make(parent, place, control_, person_,
+                             static_cast<FormWindow::Owner&>(*this), look_);
+  window_->NameTables(tableNames_);
 }
 
 STDMETHODIMP MapControl::UIDeactivate() {
@@ -225,7 +259,9 @@ STDMETHODIMP MapControl::ContextSensitiveHelp(BOOL /*enter*/) {
 STDMETHODIMP MapControl::SetObjectRects(const RECT* place, const RECT* clip) {
   if (place == nullptr) return E_POINTER;
   return Enter([&] {
-    if (window_) window_->Place(*place, clip == nullptr ? *place : *clip);
+    isPlaced_ = true;
+    clip_ = clip == nullptr ? *place : *clip;
+    if (window_) window_->Place(*place, clip_);
     return S_OK;
   });
 }
@@ -234,17 +270,17 @@ STDMETHODIMP MapControl::ReactivateAndUndo() {
   return INPLACE_E_NOTUNDOABLE;
 }
 STDMETHODIMP MapControl::OnFrameWindowActivate(BOOL /*active*/) {
-  return S_OK;
+  return Tell([] { return S_OK; });
 }
 STDMETHODIMP MapControl::OnDocWindowActivate(BOOL /*active*/) {
-  return S_OK;
+  return Tell([] { return S_OK; });
 }
 STDMETHODIMP MapControl::ResizeBorder(const RECT* /*border*/, IOleInPlaceUIWindow* /*window*/,
                                       BOOL /*isFrame*/) {
-  return S_OK;
+  return Tell([] { return S_OK; });
 }
 STDMETHODIMP MapControl::EnableModeless(BOOL /*enable*/) {
-  return S_OK;
+  return Tell([] { return S_OK; });
 }
 
 // The keyboard.
@@ -311,16 +347,6 @@ STDMETHODIMP MapControl::OnMnemonic(MSG* message) {
   });
 }
 
-STDMETHODIMP MapControl::OnAmbientPropertyChange(DISPID property) {
-  return Enter([&] {
-    if (property == DISPID_UNKNOWN || property == DISPID_AMBIENT_UIDEAD ||
-        property == DISPID_AMBIENT_USERMODE) {
-      ReadAmbients();
-    }
-    return S_OK;
-  });
-}
-
 STDMETHODIMP MapControl::FreezeEvents(BOOL freeze) {
   return Enter([&] {
     if (freeze) {
@@ -330,28 +356,6 @@ STDMETHODIMP MapControl::FreezeEvents(BOOL freeze) {
     }
     return S_OK;
   });
-}
-
-bool MapControl::IsAmbient(DISPID property, bool otherwise) const {
-  const auto container = site_.As<IDispatch>();
-  if (!container) return otherwise;
-  VARIANT value;
-  VariantInit(&value);
-  DISPPARAMS none{};
-  const HRESULT result = container->Invoke(property, IID_NULL, LOCALE_USER_DEFAULT,
-                                           DISPATCH_PROPERTYGET, &none, &value, nullptr, nullptr);
-  const bool is =
-      SUCCEEDED(result) && V_VT(&value) == VT_BOOL ? V_BOOL(&value) != VARIANT_FALSE : otherwise;
-  VariantClear(&value);
-  return is;
-}
-
-// In a form that is being designed, and where the container says so, the control is there to be
-// looked at.
-void MapControl::ReadAmbients() {
-  const bool isAtWork =
-      IsAmbient(DISPID_AMBIENT_USERMODE, true) && !IsAmbient(DISPID_AMBIENT_UIDEAD, false);
-  if (window_) window_->Enable(isAtWork);
 }
 
 Pointer<IOleControlSite> MapControl::ControlSite() const {

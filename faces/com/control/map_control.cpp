@@ -144,8 +144,10 @@ HRESULT MapControl::LoadOwnDescription() {
 
 STDMETHODIMP MapControl::GetTypeInfoCount(UINT* count) {
   if (count == nullptr) return E_POINTER;
-  *count = 1;
-  return S_OK;
+  return Tell([&]() -> HRESULT {
+    *count = 1;
+    return S_OK;
+  });
 }
 
 STDMETHODIMP MapControl::GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo** description) {
@@ -259,7 +261,9 @@ HRESULT MapControl::Run(const Member& member, LCID locale, WORD flags, const DIS
 }
 
 STDMETHODIMP MapControl::InterfaceSupportsErrorInfo(REFIID id) {
-  return id == IID__ZOLT20MapControl || id == IID_IDispatch ? S_OK : S_FALSE;
+  return Tell([&]() -> HRESULT {
+    return id == IID__ZOLT20MapControl || id == IID_IDispatch ? S_OK : S_FALSE;
+  });
 }
 
 STDMETHODIMP MapControl::GetClassInfo(ITypeInfo** description) {
@@ -276,9 +280,11 @@ STDMETHODIMP MapControl::GetClassInfo(ITypeInfo** description) {
 STDMETHODIMP MapControl::GetGUID(DWORD kind, GUID* guid) {
   if (guid == nullptr) return E_POINTER;
   *guid = GUID_NULL;
-  if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
-  *guid = DIID___ZOLT20MapControl;
-  return S_OK;
+  return Tell([&]() -> HRESULT {
+    if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
+    *guid = DIID___ZOLT20MapControl;
+    return S_OK;
+  });
 }
 
 // Events and notices.
@@ -297,13 +303,15 @@ STDMETHODIMP MapControl::EnumConnectionPoints(IEnumConnectionPoints** points) {
 STDMETHODIMP MapControl::FindConnectionPoint(REFIID id, IConnectionPoint** point) {
   if (point == nullptr) return E_POINTER;
   *point = nullptr;
-  for (ConnectionPoint* each : {&events_, &notices_}) {
-    if (id != each->SinkId()) continue;
-    *point = each;
-    each->AddRef();
-    return S_OK;
-  }
-  return CONNECT_E_NOCONNECTION;
+  return Tell([&]() -> HRESULT {
+    for (ConnectionPoint* each : {&events_, &notices_}) {
+      if (id != each->SinkId()) continue;
+      *point = each;
+      each->AddRef();
+      return S_OK;
+    }
+    return CONNECT_E_NOCONNECTION;
+  });
 }
 
 // What a listener throws passes through the control to whoever called it; what it returns is its

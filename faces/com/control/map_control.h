@@ -328,6 +328,12 @@ class MapControl final : public _ZOLT20MapControl,
     return result;
   }
 
+  /// Of a call that changes nothing and runs nothing of a host's.
+  template <typename Body>
+  HRESULT Tell(const Body& body) const noexcept {
+    return GetCurrentThreadId() == thread_ ? body() : RPC_E_WRONG_THREAD;
+  }
+
   // Members, by their number in the contract.
   template <typename Body>
   HRESULT EnterMember(const Body& body, bool writes) noexcept {
@@ -420,6 +426,9 @@ class MapControl final : public _ZOLT20MapControl,
   void Deactivate();
   bool IsAmbient(DISPID property, bool otherwise) const;
   void ReadAmbients();
+  void TurnForm();
+  void MakeForm(HWND parent, const RECT& place);
+  void AskForPlace();
   void ShowBox(const wchar_t* text, const wchar_t* title);
   void PictureChanged();
   void DataChanged(DWORD flags);
@@ -443,6 +452,9 @@ class MapControl final : public _ZOLT20MapControl,
   Pointer<IOleInPlaceSite> placeSite_;  // while active in place
   Pointer<IOleInPlaceFrame> frame_;
   Pointer<IOleInPlaceUIWindow> document_;
+  RECT clip_{};                // the part of its parent in which it is seen
+  bool isPlaced_ = false;      // its site gave it a place since it was asked
+  FormLook look_;              // as the container has it
   bool hasUser_ = false;       // the user works in it
   SIZEL extent_;               // in hundredths of a millimetre
   int frozen_ = 0;             // FreezeEvents that were not taken back

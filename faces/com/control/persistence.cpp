@@ -11,8 +11,10 @@ namespace zolt20::com {
 
 STDMETHODIMP MapControl::GetClassID(CLSID* classId) {
   if (classId == nullptr) return E_POINTER;
-  *classId = CLSID_ZOLT20MapControl;
-  return S_OK;
+  return Tell([&]() -> HRESULT {
+    *classId = CLSID_ZOLT20MapControl;
+    return S_OK;
+  });
 }
 
 STDMETHODIMP MapControl::InitNew() {
@@ -25,7 +27,7 @@ STDMETHODIMP MapControl::InitNew() {
 }
 
 STDMETHODIMP MapControl::IsDirty() {
-  return isDirty_ ? S_OK : S_FALSE;
+  return Tell([&]() -> HRESULT { return isDirty_ ? S_OK : S_FALSE; });
 }
 
 STDMETHODIMP MapControl::Load(IPropertyBag* bag, IErrorLog* log) {

@@ -64,7 +64,7 @@ class Block {
   std::byte* bytes_ = nullptr;
 };
 
-HENHMETAFILE DrawnMetafile(const Surface& form, SIZEL extent) {
+HENHMETAFILE DrawnMetafile(const Surface& form, const FormLook& look, SIZEL extent) {
   const Screen screen;
   const RECT frame{0, 0, extent.cx, extent.cy};
   const HDC canvas = CreateEnhMetaFileW(screen.Canvas(), nullptr, &frame, nullptr);
@@ -79,7 +79,7 @@ HENHMETAFILE DrawnMetafile(const Surface& form, SIZEL extent) {
   SetWindowExtEx(canvas, pixels.cx, pixels.cy, nullptr);
   SetViewportExtEx(canvas, onDevice(extent.cx, HORZRES, HORZSIZE),
                    onDevice(extent.cy, VERTRES, VERTSIZE), nullptr);
-  DrawForm(canvas, {0, 0, pixels.cx, pixels.cy}, form);
+  DrawForm(canvas, {0, 0, pixels.cx, pixels.cy}, form, look);
   const HENHMETAFILE metafile = CloseEnhMetaFile(canvas);
   if (metafile == nullptr) throw std::bad_alloc();
   return metafile;
@@ -87,18 +87,18 @@ HENHMETAFILE DrawnMetafile(const Surface& form, SIZEL extent) {
 
 }  // namespace
 
-STGMEDIUM EnhancedMetafileOf(const Surface& form, SIZEL extent) {
+STGMEDIUM EnhancedMetafileOf(const Surface& form, const FormLook& look, SIZEL extent) {
   STGMEDIUM medium{};
   medium.tymed = TYMED_ENHMF;
-  medium.hEnhMetaFile = DrawnMetafile(form, extent);
+  medium.hEnhMetaFile = DrawnMetafile(form, look, extent);
   return medium;
 }
 
 // By way of an enhanced one: while an old one is drawn no letter can be measured.
-STGMEDIUM MetafileOf(const Surface& form, SIZEL extent) {
+STGMEDIUM MetafileOf(const Surface& form, const FormLook& look, SIZEL extent) {
   const Screen screen;
   Block block(sizeof(METAFILEPICT));
-  const HENHMETAFILE drawn = DrawnMetafile(form, extent);
+  const HENHMETAFILE drawn = DrawnMetafile(form, look, extent);
   const UINT size = GetWinMetaFileBits(drawn, 0, nullptr, MM_ANISOTROPIC, screen.Canvas());
   HMETAFILE metafile = nullptr;
   if (size > 0) {
@@ -117,7 +117,7 @@ STGMEDIUM MetafileOf(const Surface& form, SIZEL extent) {
   return medium;
 }
 
-STGMEDIUM BitmapOf(const Surface& form, SIZEL extent) {
+STGMEDIUM BitmapOf(const Surface& form, const FormLook& look, SIZEL extent) {
   const Screen screen;
   const SIZE pixels = screen.Pixels(extent);
   BITMAPINFOHEADER header{};
@@ -142,7 +142,7 @@ STGMEDIUM BitmapOf(const Surface& form, SIZEL extent) {
   if (bitmap == nullptr) throw std::bad_alloc();
   const HDC canvas = CreateCompatibleDC(screen.Canvas());
   const HGDIOBJ before = SelectObject(canvas, bitmap);
-  DrawForm(canvas, {0, 0, pixels.cx, pixels.cy}, form);
+  DrawForm(canvas, {0, 0, pixels.cx, pixels.cy}, form, look);
   GdiFlush();
   std::memcpy(block.Bytes(), &header, sizeof header);
   std::memcpy(block.Bytes() + sizeof header, bits, size);

@@ -21,8 +21,9 @@ class AnyButton : public ViewOf<ControlKind> {
   }
   HBRUSH Brush(HDC canvas) override {
     SetBkMode(canvas, TRANSPARENT);
-    SetTextColor(canvas, GetSysColor(COLOR_BTNTEXT));
-    return GetSysColorBrush(COLOR_BTNFACE);
+    const FormLook& look = this->owner_.Look();
+    SetTextColor(canvas, look.Text());
+    return look.Brush(canvas);
   }
   void OnCommand(int code) override {
     // An option that gets the focus tells a click, too.

@@ -44,10 +44,10 @@ bool IsEditingKey(const MSG& message) {
   }
 }
 
-void Erase(HWND window, HDC canvas) {
+void Erase(HWND window, HDC canvas, const FormLook& look) {
   RECT inside{};
   GetClientRect(window, &inside);
-  FillRect(canvas, &inside, GetSysColorBrush(COLOR_BTNFACE));
+  FillRect(canvas, &inside, look.Brush(canvas));
 }
 
 }  // namespace
@@ -99,7 +99,7 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
       }
       break;
     case WM_ERASEBKGND:
-      Erase(window, reinterpret_cast<HDC>(wide));
+      Erase(window, reinterpret_cast<HDC>(wide), look_);
       return 1;
     case WM_PAINT:
       DrawPanel(window);

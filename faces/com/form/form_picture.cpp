@@ -15,9 +15,10 @@ constexpr int kTextMarginTwips = 45;
 // Draws with twips of the form.
 class Picture {
  public:
-  Picture(HDC canvas, const RECT& place, const Surface& form)
+  Picture(HDC canvas, const RECT& place, const Surface& form, const FormLook& look)
       : canvas_(canvas),
         form_(form),
+        look_(look),
         place_(place),
         width_(faces::FormPlaces::kWidth),
         height_(faces::FormPlaces::kHeight),
@@ -34,7 +35,7 @@ class Picture {
   Picture& operator=(const Picture&) = delete;
 
   void Draw() {
-    FillRect(canvas_, &place_, GetSysColorBrush(COLOR_BTNFACE));
+    FillRect(canvas_, &place_, look_.Brush(canvas_));
     for (const Control* control : form_.Controls()) {
       // Of the two views of the where condition, which at first are both visible, the where text
       // lies on top.
@@ -85,9 +86,15 @@ class Picture {
     RestoreDC(canvas_, saved);
   }
 
+  // A button has its own face, on which only the system's text is sure to be read.
+  COLORREF TextColourOf(const Control& control) const {
+    if (!control.Enabled()) return GetSysColor(COLOR_GRAYTEXT);
+    return control.kind() == Kind::Button ? GetSysColor(COLOR_BTNTEXT) : look_.Text();
+  }
+
   void DrawControl(const Control& control) {
     RECT rect = RectOf(control);
-    SetTextColor(canvas_, GetSysColor(control.Enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+    SetTextColor(canvas_, TextColourOf(control));
     SelectObject(canvas_, (control.design().style & kArial) != 0 ? arial_.get() : verdana_.get());
     switch (control.kind()) {
       case Kind::TabStrip:
@@ -183,7 +190,7 @@ class Picture {
     if (caption.empty()) return;
     DrawTextW(canvas_, reinterpret_cast<const wchar_t*>(caption.data()),
               static_cast<int>(caption.size()), &text, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
-    FillRect(canvas_, &text, GetSysColorBrush(COLOR_BTNFACE));
+    FillRect(canvas_, &text, look_.Brush(canvas_));
     DrawLine(text, caption, 0, 0);
   }
 
@@ -227,6 +234,7 @@ class Picture {
 
   HDC canvas_;
   const Surface& form_;
+  const FormLook& look_;
   RECT place_;
   int width_;
   int height_;
@@ -238,7 +246,7 @@ class Picture {
 
 }  // namespace
 
-void DrawForm(HDC canvas, const RECT& place, const Surface& form) {
+void DrawForm(HDC canvas, const RECT& place, const Surface& form, const FormLook& look) {
   const int saved = SaveDC(canvas);
   RECT pixels = place;
   // In pixels, which run down, whatever the canvas's own measure; a metafile has none.
@@ -251,7 +259,7 @@ void DrawForm(HDC canvas, const RECT& place, const Surface& form) {
   pixels = {std::min(pixels.left, pixels.right), std::min(pixels.top, pixels.bottom),
             std::max(pixels.left, pixels.right), std::max(pixels.top, pixels.bottom)};
   IntersectClipRect(canvas, pixels.left, pixels.top, pixels.right, pixels.bottom);
-  if (IsRectEmpty(&pixels) == FALSE) Picture(canvas, pixels, form).Draw();
+  if (IsRectEmpty(&pixels) == FALSE) Picture(canvas, pixels, form, look).Draw();
   RestoreDC(canvas, saved);
 }
 

@@ -4,12 +4,13 @@
 
 #include <windows.h>
 
+#include "faces/com/form/form_look.h"
 #include "surface/surface.h"
 
 namespace zolt20::com {
 
 /// Draws the page that is active and what is around it into the place, given in the canvas's own
 /// measure.
-void DrawForm(HDC canvas, const RECT& place, const Surface& form);
+void DrawForm(HDC canvas, const RECT& place, const Surface& form, const FormLook& look);
 
 }  // namespace zolt20::com

@@ -21,13 +21,33 @@ bool HasCaption(const Control& control) {
   return control.kind() == Kind::Button || control.kind() == Kind::OptionButton;
 }
 
+bool HoldsNames(const Control& control) {
+  switch (control.kind()) {
+    case Kind::TextBox:
+    case Kind::SyntaxTextBox:
+    case Kind::ListBox:
+    case Kind::ComboBox:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Names and statements are, whatever the form around them has.
+void ReadFromTheLeft(HWND window) {
+  constexpr LONG_PTR kOtherwise =
+      WS_EX_LAYOUTRTL | WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_LEFTSCROLLBAR;
+  const LONG_PTR style = GetWindowLongPtrW(window, GWL_EXSTYLE);
+  if ((style & kOtherwise) != 0) SetWindowLongPtrW(window, GWL_EXSTYLE, style & ~kOtherwise);
+}
+
 }  // namespace
 
 // Making windows.
 
 FormWindow::Handle FormWindow::Make(HWND parent, const RECT& place, ZOLT20MapControl& control,
-                                    faces::Person& person, Owner& owner) {
-  const std::shared_ptr<FormWindow> made(new FormWindow(control, person, owner),
+                                    faces::Person& person, Owner& owner, const FormLook& look) {
+  const std::shared_ptr<FormWindow> made(new FormWindow(control, person, owner, look),
                                          [](FormWindow* window) { delete window; });
   made->self_ = made;
   Handle window(made.get());
@@ -35,8 +55,9 @@ FormWindow::Handle FormWindow::Make(HWND parent, const RECT& place, ZOLT20MapCon
   return window;
 }
 
-FormWindow::FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& owner)
-    : control_(control), person_(person), owner_(owner) {}
+FormWindow::FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& owner,
+                       const FormLook& look)
+    : control_(control), person_(person), owner_(owner), look_(look) {}
 
 FormWindow::~FormWindow() = default;
 
@@ -74,7 +95,8 @@ void FormWindow::Create(HWND parent, const RECT& place) {
   const Busy busy(*this);
   const CommonControls commonControls;
   const Showing showing(*this);
-  root_ = CreateWindowExW(WS_EX_CONTROLPARENT, kRootClass, L"",
+  const DWORD mirrored = look_.IsMirrored() ? WS_EX_LAYOUTRTL : 0;
+  root_ = CreateWindowExW(WS_EX_CONTROLPARENT | mirrored, kRootClass, L"",
                           WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, place.left, place.top,
                           place.right - place.left, place.bottom - place.top, parent, nullptr,
                           ServerInstance(), this);
@@ -127,6 +149,7 @@ HWND FormWindow::MakeWindow(const Control& control, const WindowKind& kind) {
       CreateWindowExW(kind.extended, kind.name, L"", WS_CHILD | WS_CLIPSIBLINGS | kind.style | stop,
                       0, 0, 0, 0, ParentOf(control), nullptr, ServerInstance(), this);
   if (window == nullptr) throw std::runtime_error("no window");
+  if (HoldsNames(control)) ReadFromTheLeft(window);
   GiveName(window, control.name());
   SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(control)), FALSE);
   return window;
@@ -391,6 +414,14 @@ void FormWindow::Place(const RECT& place, const RECT& clip) {
   }
 }
 
+RECT FormWindow::PlaceNow() const {
+  RECT place{};
+  if (root_ == nullptr) return place;
+  GetWindowRect(root_, &place);
+  MapWindowPoints(nullptr, GetParent(root_), reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
 void FormWindow::Show(bool visible) {
   if (root_ == nullptr) return;
   const Busy busy(*this);
@@ -400,6 +431,12 @@ void FormWindow::Show(bool visible) {
 
 void FormWindow::Enable(bool enabled) {
   if (root_ != nullptr) EnableWindow(root_, enabled);
+}
+
+void FormWindow::UseLook(const FormLook& look) {
+  look_ = look;
+  if (root_ != nullptr)
+    RedrawWindow(root_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void FormWindow::TakeFocus() {

@@ -19,6 +19,7 @@
 
 #include "faces/com/form/filter_line.h"
 #include "faces/com/form/form_fonts.h"
+#include "faces/com/form/form_look.h"
 #include "faces/com/form/form_scroll.h"
 #include "faces/com/form/spoken_names.h"
 #include "faces/com/form/view.h"
@@ -60,14 +61,17 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   /// owner outlive the handle. Throws std::bad_alloc, and std::runtime_error when the platform
   /// refuses.
   static Handle Make(HWND parent, const RECT& place, ZOLT20MapControl& control,
-                     faces::Person& person, Owner& owner);
+                     faces::Person& person, Owner& owner, const FormLook& look = {});
 
   /// None when the parent took it along.
   HWND Window() const { return root_; }
   /// In pixels of the parent; nothing is drawn outside `clip`.
   void Place(const RECT& place, const RECT& clip);
+  RECT PlaceNow() const;
   void Show(bool visible);
   void Enable(bool enabled);
+  /// Other colours; from which side a form is read stays as it was made.
+  void UseLook(const FormLook& look);
   /// The control with the focus gets the keyboard, or the first one that can have it.
   void TakeFocus();
 
@@ -98,7 +102,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
     std::shared_ptr<FormWindow> window_;
   };
 
-  FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& owner);
+  FormWindow(ZOLT20MapControl& control, faces::Person& person, Owner& owner, const FormLook& look);
   ~FormWindow() override;
   void Retire();
 
@@ -119,6 +123,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   int Dpi() const override { return fonts_.Dpi(); }
   bool IsGivenUp() const override { return isRetired_; }
   HFONT FontOf(const Control& control) const override { return fonts_.Of(control); }
+  const FormLook& Look() const override { return look_; }
   HWND Root() const override { return root_; }
   void GiveNames(HWND window, const std::string& name, const String& spoken) override;
   void TakeNames(HWND window) override;
@@ -201,6 +206,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   bool goesLater_ = false;  // it is to go, and messages are in progress
   int busy_ = 0;            // messages in progress, one within the other
   FormFonts fonts_;
+  FormLook look_;
   FormScroll scroll_;
   bool isFitting_ = false;  // the bars come and go
 };

@@ -27,10 +27,10 @@ class LabelWindow final : public ViewOf<Label> {
   void Show(const faces::Change& /*change*/) override { ShowCaption(control().Caption()); }
   HBRUSH Brush(HDC canvas) override {
     SetBkMode(canvas, TRANSPARENT);
-    const COLORREF text = GetSysColor(COLOR_BTNTEXT);
+    const FormLook& look = owner_.Look();
     const bool isQuiet = faces::IsNote(control().design());
-    SetTextColor(canvas, isQuiet ? Quiet(text, GetSysColor(COLOR_BTNFACE)) : text);
-    return GetSysColorBrush(COLOR_BTNFACE);
+    SetTextColor(canvas, isQuiet ? Quiet(look.Text(), look.Face()) : look.Text());
+    return look.Brush(canvas);
   }
 };
 
@@ -51,8 +51,8 @@ class FrameWindow final : public ViewOf<Frame> {
     border.top += line * 2 / 3;
     DrawEdge(canvas, &border, EDGE_ETCHED, BF_RECT);
     const HGDIOBJ before = SelectObject(canvas, owner_.FontOf(control()));
-    SetBkColor(canvas, GetSysColor(COLOR_BTNFACE));
-    SetTextColor(canvas, GetSysColor(COLOR_BTNTEXT));
+    SetBkColor(canvas, owner_.Look().Face());
+    SetTextColor(canvas, owner_.Look().Text());
     DrawTextW(canvas, Wide(shown_), -1, &text, DT_SINGLELINE | DT_NOPREFIX);
     SelectObject(canvas, before);
   }

@@ -12,6 +12,7 @@
 #include <string>
 #include <utility>
 
+#include "faces/com/form/form_look.h"
 #include "faces/shared/person.h"
 
 namespace zolt20::com {
@@ -31,6 +32,7 @@ class ViewOwner {
   virtual const Surface& Form() const = 0;
   virtual int Dpi() const = 0;
   virtual HFONT FontOf(const Control& control) const = 0;
+  virtual const FormLook& Look() const = 0;
 
   /// The window that the whole form lies in.
   virtual HWND Root() const = 0;

@@ -1,0 +1,27 @@
+#include "faces/com/form/form_look.h"
+
+#include "faces/shared/back_colours.h"
+
+namespace zolt20::com {
+namespace {
+
+faces::Rgb PartsOf(COLORREF colour) {
+  return {GetRValue(colour), GetGValue(colour), GetBValue(colour)};
+}
+
+}  // namespace
+
+FormLook::FormLook(std::optional<COLORREF> face, std::optional<COLORREF> text, bool isMirrored)
+    : isMirrored_(isMirrored) {
+  if (!face || !text || !faces::CanBeRead(PartsOf(*text), PartsOf(*face))) return;
+  face_ = face;
+  text_ = text;
+}
+
+HBRUSH FormLook::Brush(HDC canvas) const {
+  if (!face_) return GetSysColorBrush(COLOR_BTNFACE);
+  SetDCBrushColor(canvas, *face_);
+  return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+}
+
+}  // namespace zolt20::com
