@@ -268,6 +268,9 @@ bool FormWindow::OnView(ControlView& view, UINT message, WPARAM wide, LPARAM lon
   switch (message) {
     case WM_KEYDOWN:
       return OnKey(view, wide);
+    case WM_SYSKEYDOWN:
+      if (wide == VK_MENU || wide == VK_F10) ShowCues(UISF_HIDEACCEL);
+      return false;
     case WM_SYSCHAR:
       return ClickMnemonic(static_cast<wchar_t>(wide));
     case WM_CHAR:
@@ -306,6 +309,7 @@ bool FormWindow::OnKey(ControlView& view, WPARAM key) {
     FocusFilter();
     return true;
   }
+  if (key >= VK_LEFT && key <= VK_DOWN) ShowCues(UISF_HIDEFOCUS);
   return view.OnKey(key);
 }
 
@@ -314,7 +318,21 @@ void FormWindow::TakeBack(bool undo) {
   if (!isRetired_ && root_ != nullptr && HasFocus()) ShowFocus();
 }
 
+// Focus rectangles and underlined letters are the whole dialog's. It learns by the keys that it
+// gets, and not from those that a control has for itself.
+void FormWindow::ShowCues(WORD cues) const {
+  if (const HWND around = root_ == nullptr ? nullptr : GetParent(root_))
+    SendMessageW(around, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, cues), 0);
+}
+
+// A window that is made later than the dialog's has what the others have.
+void FormWindow::TakeCues(HWND window) const {
+  const auto hidden = LOWORD(SendMessageW(GetParent(root_), WM_QUERYUISTATE, 0, 0));
+  if (hidden != 0) SendMessageW(window, WM_UPDATEUISTATE, MAKEWPARAM(UIS_SET, hidden), 0);
+}
+
 bool FormWindow::MoveFocus(bool forward) {
+  ShowCues(UISF_HIDEFOCUS);
   // From a filter forward to its list.
   const Control* const filtered = ListOf(GetFocus());
   if (filtered != nullptr && forward) {

@@ -150,6 +150,7 @@ HWND FormWindow::MakeWindow(const Control& control, const WindowKind& kind) {
                       0, 0, 0, 0, ParentOf(control), nullptr, ServerInstance(), this);
   if (window == nullptr) throw std::runtime_error("no window");
   if (HoldsNames(control)) ReadFromTheLeft(window);
+  TakeCues(window);
   GiveName(window, control.name());
   SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(control)), FALSE);
   return window;

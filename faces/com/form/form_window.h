@@ -179,6 +179,8 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   // Gestures.
   void Try(const std::function<faces::End()>& gesture) noexcept;
   bool MoveFocus(bool forward);
+  void ShowCues(WORD cues) const;
+  void TakeCues(HWND window) const;
 
   // The filters.
   static LRESULT CALLBACK FilterMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
