@@ -26,6 +26,12 @@ class TypeLibraryTest : public ControlTest {
     const std::wstring text = name.Text();
     return {text.begin(), text.end()};
   }
+  static std::string HelpOf(ITypeInfo& info, MEMBERID number) {
+    Bstr help;
+    info.GetDocumentation(number, nullptr, help.Put(), nullptr, nullptr);
+    const std::wstring text = help.Text();
+    return {text.begin(), text.end()};
+  }
   static VARTYPE TypeOf(ValueType type) {
     switch (type) {
       case ValueType::kString:
@@ -118,6 +124,35 @@ TEST_F(TypeLibraryTest, TheClassHasTheInterfacesOfTheContractAsItsDefaults) {
   EXPECT_EQ(As<IProvideClassInfo2>()->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &source), S_OK);
   EXPECT_TRUE(IsEqualGUID(source, DIID___ZOLT20MapControl));
   EXPECT_EQ(As<IProvideClassInfo2>()->GetGUID(99, &source), E_INVALIDARG);
+}
+
+// Sentences, in letters that every program shows.
+bool IsHelp(const std::string& text) {
+  return text.size() > 10 && text.back() == '.' && text.find_first_of("`\"") == std::string::npos;
+}
+
+TEST_F(TypeLibraryTest, OfEachMemberAndEventItSaysWhatItDoes) {
+  const auto info = Info(IID__ZOLT20MapControl);
+  for (const Member& member : Members())
+    EXPECT_PRED1(IsHelp, HelpOf(*info.Get(), member.number)) << member.name;
+  EXPECT_EQ(HelpOf(*info.Get(), FindMember("prpParentorChild")->number),
+            "Stores the value and nothing else. Reports.");
+  EXPECT_EQ(HelpOf(*info.Get(), FindMember("prpSelectErrorPart")->number),
+            "Appends decoded text to the box of the page. Reports.");
+  const std::string result = HelpOf(*info.Get(), FindMember("prpStroutput")->number);
+  EXPECT_EQ(result.find("Read: The Result."), 0U) << result;
+  EXPECT_NE(result.find(" Written: Inserts encoded text"), std::string::npos) << result;
+  const auto events = Info(DIID___ZOLT20MapControl);
+  for (const Event& event : Events())
+    EXPECT_PRED1(IsHelp, HelpOf(*events.Get(), event.number)) << event.name;
+  EXPECT_EQ(HelpOf(*events.Get(), Events()[0].number),
+            "The user clicked Cancel. Nothing was cleared.");
+  for (const GUID& id : {IID__ZOLT20MapControl, DIID___ZOLT20MapControl, IID_IZOLT20MapControlView,
+                         CLSID_ZOLT20MapControl})
+    EXPECT_NE(HelpOf(*Info(id).Get(), MEMBERID_NIL), "");
+  const auto view = Info(IID_IZOLT20MapControlView);
+  for (MEMBERID number = 1; number <= 6; ++number)
+    EXPECT_NE(HelpOf(*view.Get(), number), "") << number;
 }
 
 TEST_F(TypeLibraryTest, EachMemberIsFoundByItsName) {
