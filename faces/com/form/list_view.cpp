@@ -9,6 +9,7 @@
 #include "faces/com/com_text.h"
 #include "faces/com/form/common_controls.h"
 #include "faces/com/form/plain_boxes.h"
+#include "faces/com/form/row_tip.h"
 #include "faces/shared/cut_text.h"
 #include "faces/shared/drawn_rows.h"
 #include "faces/shared/list_keys.h"
@@ -67,7 +68,10 @@ class ListWindow final : public ViewOf<ListBox> {
   }
   void Take(const faces::ListStep& step);
 
+  void PointTo(POINT point);
+  String TipOf(int row) const;
   String ShownText(int row, int column) const;
+  String CutText(const String& text, int column) const;
   int RoomAround() const;
 
   // Rows of the window are those that are drawn.
@@ -75,6 +79,7 @@ class ListWindow final : public ViewOf<ListBox> {
   bool isDrawing_ = false;
   faces::TypeAhead ahead_;
   faces::RowPresses presses_;
+  RowTip tip_{window()};
 };
 
 ListWindow::ListWindow(ViewOwner& owner, const ListBox& list)
@@ -108,6 +113,7 @@ void ListWindow::Show(const faces::Change& change) {
 }
 
 void ListWindow::ShowRows() {
+  tip_.Forget();
   Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(drawn_.Count()), LVSICF_NOSCROLL);
   FitColumns();
   InvalidateRect(window(), nullptr, FALSE);
@@ -229,7 +235,10 @@ void ListWindow::GiveRow(LVITEMW& item) const {
 // Whoever asks for a row otherwise, such as an aid for reading the screen, has it whole.
 String ListWindow::ShownText(int row, int column) const {
   String text = WithoutNuls(column == kNames ? drawn_.NameOf(row) : control().List(row));
-  if (!isDrawing_) return text;
+  return isDrawing_ ? CutText(text, column) : text;
+}
+
+String ListWindow::CutText(const String& text, int column) const {
   const auto width = static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
   const HFONT font = owner_.FontOf(control());
   return faces::CutInTheMiddle(text, width - RoomAround(),
@@ -281,7 +290,29 @@ void ListWindow::TakeMark(const NMLISTVIEW& change) {
 
 // What the person does.
 
-bool ListWindow::OnMessage(UINT message, WPARAM /*wide*/, LPARAM longer) {
+// The mouse is there.
+void ListWindow::PointTo(POINT point) {
+  LVHITTESTINFO hit{};
+  hit.pt = point;
+  const auto row = static_cast<int>(Send(LVM_SUBITEMHITTEST, 0, &hit));
+  RECT place{};
+  place.left = LVIR_BOUNDS;
+  if (row >= 0) Send(LVM_GETITEMRECT, static_cast<WPARAM>(row), &place);
+  tip_.Over(row, place, [&] { return TipOf(drawn_.ControlRow(row)); });
+}
+
+// The whole row, with its name, when any of it is cut.
+String ListWindow::TipOf(int row) const {
+  if (row < 0) return {};
+  const String text = ShownText(row, kTexts);
+  const String name = drawn_.HasNames() ? ShownText(row, kNames) : String();
+  if (CutText(text, kTexts) == text && (name.empty() || CutText(name, kNames) == name)) return {};
+  return name.empty() ? text : text + u"  " + name;
+}
+
+bool ListWindow::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_MOUSEMOVE) PointTo({GET_X_LPARAM(longer), GET_Y_LPARAM(longer)});
+  if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) tip_.Relay(message, wide, longer);
   switch (message) {
     case WM_LBUTTONDOWN:
       Press({GET_X_LPARAM(longer), GET_Y_LPARAM(longer)}, false);

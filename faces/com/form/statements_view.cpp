@@ -2,6 +2,7 @@
 
 #include <richedit.h>
 
+#include "faces/com/form/box_border.h"
 #include "faces/com/form/statement_box.h"
 
 namespace zolt20::com {
@@ -35,6 +36,7 @@ class StatementsWindow final : public ViewOf<SyntaxTextBox> {
   }
   // Whatever the message was, it may have scrolled.
   void MessageDone(UINT message) override {
+    if (message == WM_NCPAINT) DrawBoxBorder(window());
     if (message == WM_VSCROLL || message == WM_MOUSEWHEEL || message == WM_KEYDOWN ||
         message == WM_SIZE || message == EM_SCROLLCARET || message == EM_SCROLL)
       statements_.Scrolled();

@@ -22,10 +22,55 @@ class TabStripWindow final : public ViewOf<TabStrip> {
   void Show(const faces::Change& /*change*/) override {
     Send(TCM_SETCURSEL, static_cast<WPARAM>(control().Tab().value()));
   }
+  bool OnMessage(UINT message, WPARAM wide, LPARAM /*longer*/) override {
+    if (message != WM_ERASEBKGND) return false;
+    RECT inside{};
+    GetClientRect(window(), &inside);
+    const auto canvas = reinterpret_cast<HDC>(wide);
+    FillRect(canvas, &inside, owner_.Look().Brush(canvas));
+    return true;
+  }
+  void MessageDone(UINT message) override {
+    if (message == WM_PAINT) DrawBeside();
+  }
   LRESULT OnNotify(NMHDR& notice) override {
     if (notice.code == static_cast<UINT>(TCN_SELCHANGE))
       Make(Gesture::kTab, static_cast<int>(Send(TCM_GETCURSEL)));
     return 0;
+  }
+
+ private:
+  // The platform begins a pane below the tabs, of which the form has no more than a strip. There
+  // and beside the last tab is the form, with a line on which the tabs stand.
+  void DrawBeside() {
+    RECT inside{};
+    RECT last{};
+    RECT active{};
+    GetClientRect(window(), &inside);
+    Send(TCM_GETITEMRECT, kPageCaptions.size() - 1, &last);
+    Send(TCM_GETITEMRECT, static_cast<WPARAM>(Send(TCM_GETCURSEL)), &active);
+    // The active tab is larger than it says.
+    constexpr LONG kMore = 2;
+    const HDC canvas = GetDC(window());
+    if (const HWND arrows = GetWindow(window(), GW_CHILD)) {
+      RECT place{};
+      GetWindowRect(arrows, &place);
+      MapWindowPoints(nullptr, window(), reinterpret_cast<POINT*>(&place), 2);
+      if (IsWindowVisible(arrows))
+        ExcludeClipRect(canvas, place.left, place.top, place.right, place.bottom);
+    }
+    const HBRUSH form = owner_.Look().Brush(canvas);
+    const RECT below{0, last.bottom, inside.right, inside.bottom};
+    const RECT right{last.right + kMore, 0, inside.right, last.bottom};
+    FillRect(canvas, &below, form);
+    FillRect(canvas, &right, form);
+    const auto line = [&](LONG from, LONG to) {
+      const RECT place{from, last.bottom, to, last.bottom + 1};
+      FillRect(canvas, &place, GetSysColorBrush(COLOR_BTNSHADOW));
+    };
+    line(0, active.left - kMore);
+    line(active.right + kMore, inside.right);
+    ReleaseDC(window(), canvas);
   }
 };
 
