@@ -13,7 +13,7 @@
 namespace zolt20::com {
 namespace {
 
-constexpr wchar_t kStream[] = L"Contents";
+constexpr const wchar_t* kStream = L"Contents";
 constexpr DWORD kAlone = STGM_SHARE_EXCLUSIVE;
 
 // A stream that needs as much room as the values have gets it before anything is written, so that

@@ -88,7 +88,7 @@ STDMETHODIMP MapControl::EnumVerbs(IEnumOLEVERB** verbs) {
   if (verbs == nullptr) return E_POINTER;
   *verbs = nullptr;
   return Enter([&] {
-    wchar_t edit[] = L"&Edit";
+    auto* const edit = const_cast<wchar_t*>(L"&Edit");  // each taker gets a copy
     std::vector<OLEVERB> all{{OLEIVERB_PRIMARY, edit, MF_ENABLED, OLEVERBATTRIB_ONCONTAINERMENU}};
     for (const LONG verb :
          {OLEIVERB_SHOW, OLEIVERB_HIDE, OLEIVERB_UIACTIVATE, OLEIVERB_INPLACEACTIVATE})
