@@ -85,11 +85,14 @@ font_packages=(fonts-dejavu-core fonts-liberation fonts-noto-core)
 test_packages=(xvfb xauth qt6-base-private-dev "${font_packages[@]}")
 
 # What building the Windows control takes: compilers, and what type libraries are made of.
-windows_build_packages=(ccache cmake ninja-build g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev)
+windows_build_packages=(ccache cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev)
 
 # That, and what its tests take: the system by Wine, a container of controls in source, letters.
 windows_packages=("${windows_build_packages[@]}" nlohmann-json3-dev googletest wine wine64 xvfb xauth fp-compiler fp-utils fpc-source
   lazarus-src "${font_packages[@]}")
+
+# What makes the Debian of 32 bits in which its tests for 32 bits run.
+wine32_packages=(mmdebstrap arch-test dpkg-dev)
 
 # What building the browser element and serving its page take. A node of version 18 or later will do, wherever it comes from.
 node_packages=()

@@ -40,7 +40,7 @@ class BoxesTest : public testing::Test {
     } search{caption, nullptr};
     EnumChildWindows(
         container_.Window(),
-        [](HWND window, LPARAM sought) -> BOOL {
+        [](HWND window, LPARAM sought) WINAPI -> BOOL {
           auto& wanted = *reinterpret_cast<Search*>(sought);
           if (TextOf(window) == wanted.caption) wanted.found = window;
           return wanted.found == nullptr;

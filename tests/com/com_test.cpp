@@ -2,6 +2,15 @@
 
 namespace zolt20::tests {
 
+void ThrowOut() {
+#ifdef _WIN64
+  throw 1;
+#else
+  constexpr DWORD kOfVisualCpp = 0xE06D7363;
+  RaiseException(kOfVisualCpp, EXCEPTION_NONCONTINUABLE, 0, nullptr);
+#endif
+}
+
 Listener::Listener(IUnknown& control) : control_(&control) {
   if (const auto point = PointOf(DIID___ZOLT20MapControl))
     point->Advise(static_cast<IDispatch*>(this), &events_);
@@ -185,7 +194,7 @@ HWND WindowOf(HWND container, const wchar_t* name) {
   } search{name};
   EnumChildWindows(
       container,
-      [](HWND window, LPARAM data) -> BOOL {
+      [](HWND window, LPARAM data) WINAPI -> BOOL {
         auto& wanted = *reinterpret_cast<Search*>(data);
         if (GetPropW(window, L"ZOLT20.Name") == nullptr || NameOf(window) != wanted.name)
           return TRUE;

@@ -38,6 +38,10 @@ class Bstr {
   BSTR text_ = nullptr;
 };
 
+/// Throws out of a listener into the control. On 64 bits what this compiler throws; on 32, where
+/// that ends at the border between two files, what another compiler does.
+void ThrowOut();
+
 /// Listens to the events and to the notices, and does what it is told inside of them.
 class Listener final : public IDispatch, public IPropertyNotifySink {
  public:

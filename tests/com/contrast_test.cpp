@@ -153,7 +153,7 @@ std::vector<HWND> ContrastTest::InSight() const {
   std::vector<HWND> windows;
   EnumChildWindows(
       container_.Window(),
-      [](HWND window, LPARAM data) -> BOOL {
+      [](HWND window, LPARAM data) WINAPI -> BOOL {
         if (IsWindowVisible(window) && IsWindowEnabled(window))
           reinterpret_cast<std::vector<HWND>*>(data)->push_back(window);
         return TRUE;

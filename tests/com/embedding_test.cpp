@@ -707,7 +707,7 @@ TEST_F(EmbeddingTest, AContainerThatDestroysItsWindowFirstIsSurvived) {
 TEST_F(EmbeddingTest, AListenerThatThrowsLeavesItUsable) {
   Activate();
   Listener listener(*container_.Control());
-  listener.onEvent = [](DISPID) { throw 1; };
+  listener.onEvent = [](DISPID) { ThrowOut(); };
   ClickOn(container_.Window(), L"cmdDone");
   EXPECT_EQ(boxes_, std::vector<std::wstring>{L"ZOLT20MapControl: The program failed that answers "
                                               L"the events of the control."});

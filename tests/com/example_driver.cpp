@@ -16,7 +16,7 @@ HWND WindowOf(HWND parent, const wchar_t* name) {
   Search search{name, nullptr};
   EnumChildWindows(
       parent,
-      [](HWND window, LPARAM data) -> BOOL {
+      [](HWND window, LPARAM data) WINAPI -> BOOL {
         auto& wanted = *reinterpret_cast<Search*>(data);
         wchar_t text[64] = L"";
         const HANDLE atom = GetPropW(window, L"ZOLT20.Name");

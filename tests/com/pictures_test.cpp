@@ -89,7 +89,7 @@ bool IsInstalled(const std::wstring& family) {
   const HDC screen = GetDC(nullptr);
   EnumFontFamiliesExW(
       screen, &wanted,
-      [](const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) -> int {
+      [](const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) WINAPI -> int {
         *reinterpret_cast<bool*>(found) = true;
         return 0;
       },
@@ -144,7 +144,7 @@ class PicturesTest : public testing::Test {
     std::vector<HWND> windows;
     EnumChildWindows(
         container_.Window(),
-        [](HWND window, LPARAM data) -> BOOL {
+        [](HWND window, LPARAM data) WINAPI -> BOOL {
           if (IsWindowVisible(window) && GetPropW(window, L"ZOLT20.Name") != nullptr)
             reinterpret_cast<std::vector<HWND>*>(data)->push_back(window);
           return TRUE;

@@ -295,7 +295,7 @@ HWND Playing::Find(const std::string& name) const {
   } search{Wide(name)};
   EnumChildWindows(
       container_,
-      [](HWND window, LPARAM data) -> BOOL {
+      [](HWND window, LPARAM data) WINAPI -> BOOL {
         auto& wanted = *reinterpret_cast<Search*>(data);
         const HANDLE atom = GetPropW(window, L"ZOLT20.Name");
         wchar_t text[64] = L"";

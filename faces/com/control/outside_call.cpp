@@ -1,8 +1,19 @@
 #include "faces/com/control/outside_call.h"
 
-#ifndef __x86_64__
-#error "the frame below is one of 64 bits"
-#endif
+namespace {
+
+// Languages mark their exceptions by the bit for codes that are not the system's; one does not.
+bool IsOfAnotherLanguage(DWORD code) {
+  constexpr DWORD kNotOfTheSystem = 0x20000000;
+  constexpr DWORD kOfThisCompiler = 0x20474343;  // and two more behind it, for its unwinding
+  constexpr DWORD kOfDelphi = 0x0EEDFADE;
+  if (code == kOfDelphi) return true;
+  return (code & kNotOfTheSystem) != 0 && (code & 0x20FFFFFF) != kOfThisCompiler;
+}
+
+}  // namespace
+
+#if defined(__x86_64__)
 
 // A frame with a handler of the platform's own kind, which this compiler cannot write in C++.
 asm(R"(
@@ -32,19 +43,6 @@ zolt20_outside_landing:
 
 extern "C" void zolt20_outside_landing();
 
-namespace {
-
-// Languages mark their exceptions by the bit for codes that are not the system's; one does not.
-bool IsOfAnotherLanguage(DWORD code) {
-  constexpr DWORD kNotOfTheSystem = 0x20000000;
-  constexpr DWORD kOfThisCompiler = 0x20474343;  // and two more behind it, for its unwinding
-  constexpr DWORD kOfDelphi = 0x0EEDFADE;
-  if (code == kOfDelphi) return true;
-  return (code & kNotOfTheSystem) != 0 && (code & 0x20FFFFFF) != kOfThisCompiler;
-}
-
-}  // namespace
-
 // Asked when an exception comes through the frame, and not when a handler further out was found.
 extern "C" EXCEPTION_DISPOSITION zolt20_outside_handler(EXCEPTION_RECORD* record, void* frame,
                                                         CONTEXT* /*context*/,
@@ -56,3 +54,51 @@ extern "C" EXCEPTION_DISPOSITION zolt20_outside_handler(EXCEPTION_RECORD* record
               dispatcher->ContextRecord, dispatcher->HistoryTable);
   return ExceptionContinueSearch;
 }
+
+#elif defined(__i386__)
+
+namespace {
+
+// On 32 bits the handlers of a thread are a list through its stack, from the innermost outwards;
+// the platform reads the first two members of each.
+struct Frame {
+  using Handler = EXCEPTION_DISPOSITION(CDECL*)(EXCEPTION_RECORD*, void*, CONTEXT*, void*);
+
+  explicit Frame(Handler asked) : handler(asked) {
+    __writefsdword(0, reinterpret_cast<DWORD>(this));
+  }
+  // Exceptions of this compiler come by here too, and know nothing of the list.
+  ~Frame() { __writefsdword(0, outer); }
+  Frame(const Frame&) = delete;
+  Frame& operator=(const Frame&) = delete;
+
+  DWORD outer = __readfsdword(0);
+  Handler handler;
+  DWORD code = 0;
+  void* landing[5];  // as many as __builtin_setjmp writes
+};
+
+// Asked when an exception comes through the frame, and again, to clean up, when a handler further
+// out was found.
+EXCEPTION_DISPOSITION CDECL HandleOutside(EXCEPTION_RECORD* record, void* place,
+                                          CONTEXT* /*context*/, void* /*dispatcher*/) {
+  if (IS_UNWINDING(record->ExceptionFlags) || !IsOfAnotherLanguage(record->ExceptionCode))
+    return ExceptionContinueSearch;
+  auto* frame = static_cast<Frame*>(place);
+  frame->code = record->ExceptionCode;
+  RtlUnwind(frame, nullptr, record, nullptr);
+  __builtin_longjmp(frame->landing, 1);
+}
+
+}  // namespace
+
+extern "C" DWORD zolt20_call_outside(void (*act)(void*), void* context) {
+  Frame frame(&HandleOutside);
+  if (__builtin_setjmp(frame.landing) != 0) return frame.code;
+  act(context);
+  return 0;
+}
+
+#else
+#error "no frame for this processor"
+#endif

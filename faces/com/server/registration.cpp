@@ -14,6 +14,11 @@ namespace zolt20::com {
 namespace {
 
 constexpr const wchar_t* kCurrentVersion = L"ZOLT20MappingCtrl.ZOLT20MapControl.1";
+#ifdef _WIN64
+constexpr const wchar_t* kPlatform = L"win64";
+#else
+constexpr const wchar_t* kPlatform = L"win32";
+#endif
 constexpr const wchar_t* kClasses = L"Software\\Classes\\";
 
 std::wstring Text(REFGUID guid) {
@@ -65,7 +70,7 @@ void WriteInterface(Writer& writer, REFGUID id, const wchar_t* name, const wchar
 void WriteTypeLibrary(Writer& writer, const std::wstring& path) {
   const std::wstring key = L"TypeLib\\" + Text(LIBID_ZOLT20MappingCtrl) + L"\\" + LibraryVersion();
   writer.Write(key, L"ZOLT20MappingCtrl");
-  writer.Write(key + L"\\0\\win64", path);
+  writer.Write(key + L"\\0\\" + kPlatform, path);
   writer.Write(key + L"\\FLAGS", L"0");
   writer.Write(key + L"\\HELPDIR", path.substr(0, path.find_last_of(L"\\/")));
   constexpr const wchar_t* kByTable = L"{00020424-0000-0000-C000-000000000046}";
