@@ -32,10 +32,7 @@ made=$bare/var/lib/made-by-bare-debian
 [ "$bare" != / ] || fail "The folder is this machine's own root"
 [ -e "$made" ] || [ -z "$(ls -A "$bare")" ] || fail "$bare is neither empty nor made by this script"
 
-# The machine's sources of Debian itself, whatever others it has.
-# shellcheck disable=SC2016  # apt takes these words as they stand
-sources=$(apt-get indextargets --format 'deb $(SITE) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian' |
-  grep -E ' bookworm(-updates|-security)? ' | sort -u)
+sources=$(debian_sources)
 mirror=$(awk '$3 == "bookworm" && $4 == "main" {print $2; exit}' <<<"$sources")
 [ -n "$mirror" ] || fail "No package source of this machine has bookworm; apt-get update may be missing"
 

@@ -78,6 +78,13 @@ apt_get() {
   done
 }
 
+# The machine's sources of Debian 12 itself, whatever others it has, as lines of a list of sources.
+debian_sources() {
+  # shellcheck disable=SC2016  # apt takes these words as they stand
+  apt-get indextargets --format 'deb $(SITE) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian' |
+    { grep -E ' bookworm(-updates|-security)? ' || true; } | sort -u
+}
+
 # What building and testing take.
 build_packages=(ccache g++ cmake ninja-build nlohmann-json3-dev libgtest-dev qt6-base-dev libsqlite3-dev)
 # What testing takes beside that: a display, Qt's way to screen readers, and the letters that pages are looked at in.
