@@ -197,6 +197,33 @@ TEST_F(RegistrationTest, ASecondTimeNothingIsDifferent) {
   EXPECT_EQ(Difference(machine_, ClassesOf(HKEY_LOCAL_MACHINE)), kNothing);
 }
 
+// The system shows programs of both widths the same type libraries and names, and classes and
+// interfaces of their own.
+TEST_F(RegistrationTest, WhatTheControlOfTheOtherWidthNeedsIsLeftToIt) {
+  wchar_t library[40] = L"";
+  StringFromGUID2(LIBID_ZOLT20MappingCtrl, library, 40);
+  const std::wstring common = std::wstring(kClasses) + L"\\TypeLib\\" + library;
+  const std::wstring platforms = common + L"\\" + Version().OfTheLibrary() + L"\\0\\";
+  const bool isWide = sizeof(void*) == 8;
+  const std::wstring own = Small(platforms + (isWide ? L"win64" : L"win32"));
+  const std::wstring other = platforms + (isWide ? L"win32" : L"win64");
+  EXPECT_EQ(Regsvr32(L""), 0U);
+  EXPECT_EQ(ClassesOf(HKEY_LOCAL_MACHINE).count(own), 1U);
+  ASSERT_EQ(RegSetKeyValueW(HKEY_LOCAL_MACHINE, other.c_str(), nullptr, REG_SZ, L"", 2), 0);
+  EXPECT_EQ(Regsvr32(L"/u"), 0U);
+  const std::set<std::wstring> left = ClassesOf(HKEY_LOCAL_MACHINE);
+  EXPECT_EQ(left.count(own), 0U);
+  EXPECT_EQ(left.count(Small(other)), 1U);
+  for (const wchar_t* name : {L"", L".1", L"\\CLSID", L".1\\CLSID"})
+    EXPECT_EQ(
+        left.count(Small(std::wstring(kClasses) + L"\\ZOLT20MappingCtrl.ZOLT20MapControl" + name)),
+        1U);
+  EXPECT_FALSE(CanBeCreated());
+  EXPECT_EQ(RegDeleteTreeW(HKEY_LOCAL_MACHINE, other.c_str()), ERROR_SUCCESS);
+  EXPECT_EQ(Regsvr32(L"/u"), 0U);
+  EXPECT_EQ(Difference(machine_, ClassesOf(HKEY_LOCAL_MACHINE)), kNothing);
+}
+
 TEST_F(RegistrationTest, WithoutRightsItIsTheSameForTheUserAlone) {
   EXPECT_EQ(Regsvr32(L""), 0U);
   std::vector<std::string> ofMachine = Difference(machine_, ClassesOf(HKEY_LOCAL_MACHINE));

@@ -16,8 +16,10 @@ namespace {
 constexpr const wchar_t* kCurrentVersion = L"ZOLT20MappingCtrl.ZOLT20MapControl.1";
 #ifdef _WIN64
 constexpr const wchar_t* kPlatform = L"win64";
+constexpr const wchar_t* kOtherPlatform = L"win32";
 #else
 constexpr const wchar_t* kPlatform = L"win32";
+constexpr const wchar_t* kOtherPlatform = L"win64";
 #endif
 constexpr const wchar_t* kClasses = L"Software\\Classes\\";
 
@@ -66,11 +68,20 @@ void WriteInterface(Writer& writer, REFGUID id, const wchar_t* name, const wchar
   writer.Write(key + L"\\TypeLib", LibraryVersion(), L"Version");
 }
 
+std::wstring TypeLibraryKey() {
+  return L"TypeLib\\" + Text(LIBID_ZOLT20MappingCtrl);
+}
+
+// Where the files of both platforms stand.
+std::wstring FilesKey() {
+  return TypeLibraryKey() + L"\\" + LibraryVersion() + L"\\0\\";
+}
+
 // Not by the system's own function for it, which has one for the machine alone in some versions.
 void WriteTypeLibrary(Writer& writer, const std::wstring& path) {
-  const std::wstring key = L"TypeLib\\" + Text(LIBID_ZOLT20MappingCtrl) + L"\\" + LibraryVersion();
+  const std::wstring key = TypeLibraryKey() + L"\\" + LibraryVersion();
   writer.Write(key, L"ZOLT20MappingCtrl");
-  writer.Write(key + L"\\0\\" + kPlatform, path);
+  writer.Write(FilesKey() + kPlatform, path);
   writer.Write(key + L"\\FLAGS", L"0");
   writer.Write(key + L"\\HELPDIR", path.substr(0, path.find_last_of(L"\\/")));
   constexpr const wchar_t* kByTable = L"{00020424-0000-0000-C000-000000000046}";
@@ -135,12 +146,24 @@ void RemoveWhenEmpty(HKEY root, const std::wstring& key) {
   if (keys == 0 && values == 0) RegDeleteKeyW(root, path.c_str());
 }
 
+bool IsThere(HKEY root, const std::wstring& key) {
+  HKEY opened = nullptr;
+  if (RegOpenKeyExW(root, (kClasses + key).c_str(), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS)
+    return false;
+  RegCloseKey(opened);
+  return true;
+}
+
 HRESULT UnregisterUnder(HKEY root) {
   HRESULT result = S_OK;
   RemoveTree(root, L"CLSID\\" + Text(CLSID_ZOLT20MapControl), result);
-  RemoveTree(root, kProgId, result);
-  RemoveTree(root, kCurrentVersion, result);
-  RemoveTree(root, L"TypeLib\\" + Text(LIBID_ZOLT20MappingCtrl), result);
+  RemoveTree(root, FilesKey() + kPlatform, result);
+  // Programs of 32 and of 64 bits see the same names and libraries, and classes of their own.
+  if (!IsThere(root, FilesKey() + kOtherPlatform)) {
+    RemoveTree(root, kProgId, result);
+    RemoveTree(root, kCurrentVersion, result);
+    RemoveTree(root, TypeLibraryKey(), result);
+  }
   RemoveTree(root, L"Interface\\" + Text(IID__ZOLT20MapControl), result);
   RemoveTree(root, L"Interface\\" + Text(IID_IZOLT20MapControlView), result);
   RemoveTree(root, L"Interface\\" + Text(DIID___ZOLT20MapControl), result);
