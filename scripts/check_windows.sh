@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Compiles every header of the Windows control and its tests alone, runs clang-tidy over the control, and builds it a second time in
-# another folder, which must give the same file bit for bit. Takes a build by the preset "windows".
+# another folder, which must give the same files bit for bit. Takes builds by the presets "windows" and "windows32".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
@@ -33,5 +33,8 @@ git ls-files -co --exclude-standard -z | xargs -0 cp --parents -t "$again"
   cd "$again"
   export CCACHE_NAMESPACE=second
   configure_and_build windows zolt20_com
+  configure_and_build windows32 zolt20_com
 )
-cmp build/windows/faces/com/ZOLT20MappingCtrl.ocx "$again/build/windows/faces/com/ZOLT20MappingCtrl.ocx"
+for preset in windows windows32; do
+  cmp "build/$preset/faces/com/ZOLT20MappingCtrl.ocx" "$again/build/$preset/faces/com/ZOLT20MappingCtrl.ocx"
+done
