@@ -55,7 +55,7 @@ diff -r "$files" "$second/build/release-files" || fail "the second release has o
 echo "== Names and checksums"
 sources=zolt20-$version.tar.gz
 debian=libzolt20-dev_${version}_amd64.deb
-windows=ZOLT20MapControl-$version-windows-x64
+windows=ZOLT20MapControl-$version-windows
 npm=zolt20-map-control-$version.tgz
 diff <(printf '%s\n' SHA256SUMS "$debian" "$npm" "$sources" "$windows.zip" | LC_ALL=C sort) <(LC_ALL=C ls "$files") ||
   fail "other files than expected"
@@ -95,35 +95,51 @@ unzip -q "$files/$windows.zip" -d "$work/windows"
 control=$work/windows/$windows
 notes=$control/REGISTERING.txt
 [ "$(grep -c $'\r$' "$notes")" -eq "$(wc -l <"$notes")" ] || fail "REGISTERING.txt has other line ends than those of Windows"
-in_wine() {
-  quietly xvfb-run -a "$root/tests/com/in_wine.sh" "$work/wine" "$@"
+# use_control BITS TRIPLE TOOLCHAIN COMMAND...: the file of that width, with Wine of that width behind the command.
+use_control() {
+  local bits=$1 triple=$2 toolchain=$3
+  local wine=("${@:4}" "$root/tests/com/in_wine.sh" "$work/wine$bits")
+  local server="Z:$control/$bits-bit/ZOLT20MappingCtrl.ocx" own=$work/windows/$bits
+  in_wine() {
+    quietly xvfb-run -a "${wine[@]}" "$@"
+  }
+  mkdir "$own"
+  in_wine regsvr32 /s "$server"
+  in_wine reg export 'HKLM\Software\Classes' "Z:$own/classes.reg" /y
+  iconv -f UTF-16 -t UTF-8 "$own/classes.reg" >"$own/classes.txt"
+  names=$(grep -oE '\{[0-9A-F-]{36}\}|ProgID +\S+' "$notes" | sed 's/^ProgID *//; s/\r$//')
+  [ "$(wc -l <<<"$names")" -eq 6 ] || fail "REGISTERING.txt does not tell six names"
+  while read -r name; do
+    grep -qiF "$name" "$own/classes.txt" || fail "$name of REGISTERING.txt is not in the registry"
+  done <<<"$names"
+  in_wine cscript //nologo "Z:$root/tests/com/client.js"
+  [ "$(tr -d '\r' <"$work/last.log")" = "0 failures" ] || fail "the script client did not come to its end: $(<"$work/last.log")"
+  # The notes' own first try.
+  sed -n 's/\r$//; /ActiveXObject/,/Echo/p' "$notes" >"$own/try.js"
+  in_wine cscript //nologo "Z:$own/try.js"
+  diff <(tr -d '\r' <"$work/last.log") <(printf 'select CUSTOMER.C_LAST\nfrom  CUSTOMER\nendselect\n') ||
+    fail "the first try of REGISTERING.txt"
+  # The program of the examples, with somebody at its mouse.
+  quietly cmake -S examples/windows -B "$own/build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/$toolchain.cmake" \
+    -DZOLT20_INSTALLED="$control"
+  quietly cmake --build "$own/build"
+  quietly "$triple-g++-posix" -std=c++20 -DUNICODE -D_UNICODE -municode -static -o "$own/driver.exe" tests/com/example_driver.cpp \
+    -lole32 -luser32
+  in_wine "$own/driver.exe" "Z:$own/build/windows_embedding.exe"
+  grep -qF 'char*Q*V*R*N*NCUSTOMER.C_LAST*Q*V*R*N*name' "$work/last.log" || {
+    cat "$work/last.log" >&2
+    fail "the program prints no field records"
+  }
+  in_wine regsvr32 /s /u "$server"
 }
-in_wine regsvr32 /s "Z:$control/bin/ZOLT20MappingCtrl.ocx"
-in_wine reg export 'HKLM\Software\Classes' "Z:$work/classes.reg" /y
-iconv -f UTF-16 -t UTF-8 "$work/classes.reg" >"$work/classes.txt"
-names=$(grep -oE '\{[0-9A-F-]{36}\}|ProgID +\S+' "$notes" | sed 's/^ProgID *//; s/\r$//')
-[ "$(wc -l <<<"$names")" -eq 5 ] || fail "REGISTERING.txt does not tell five names"
-while read -r name; do
-  grep -qiF "$name" "$work/classes.txt" || fail "$name of REGISTERING.txt is not in the registry"
-done <<<"$names"
-in_wine cscript //nologo "Z:$root/tests/com/client.js"
-[ "$(tr -d '\r' <"$work/last.log")" = "0 failures" ] || fail "the script client did not come to its end: $(<"$work/last.log")"
-# The notes' own first try.
-sed -n 's/\r$//; /ActiveXObject/,/Echo/p' "$notes" >"$work/try.js"
-in_wine cscript //nologo "Z:$work/try.js"
-diff <(tr -d '\r' <"$work/last.log") <(printf 'select CUSTOMER.C_LAST\nfrom  CUSTOMER\nendselect\n') || fail "the first try of REGISTERING.txt"
-# The program of the examples, with somebody at its mouse.
-quietly cmake -S examples/windows -B "$work/windows/build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" \
-  -DZOLT20_INSTALLED="$control"
-quietly cmake --build "$work/windows/build"
-quietly x86_64-w64-mingw32-g++-posix -std=c++20 -DUNICODE -D_UNICODE -municode -static -o "$work/windows/driver.exe" \
-  tests/com/example_driver.cpp -lole32 -luser32
-in_wine "$work/windows/driver.exe" "Z:$work/windows/build/windows_embedding.exe"
-grep -qF 'char*Q*V*R*N*NCUSTOMER.C_LAST*Q*V*R*N*name' "$work/last.log" || {
-  cat "$work/last.log" >&2
-  fail "the program prints no field records"
-}
-in_wine regsvr32 /s /u "Z:$control/bin/ZOLT20MappingCtrl.ocx"
+use_control 64 x86_64-w64-mingw32 mingw-w64
+not_used=
+if reason=$(scripts/wine32.sh --make 2>&1); then
+  use_control 32 i686-w64-mingw32 mingw-w64-32 "$root/scripts/wine32.sh"
+else
+  perl tests/com/inspect.pl i686-w64-mingw32-objdump "$control/32-bit/ZOLT20MappingCtrl.ocx" 4 || fail "the control of 32 bits"
+  not_used=", but for the Windows control of 32 bits, which was NOT TRIED: ${reason//$'\n'/ }"
+fi
 
 echo "== The package for npm"
 mkdir "$work/site" "$work/tools"
@@ -140,4 +156,4 @@ quietly node installed_element.mjs "$work/tools/package.json"
 
 cd "$root"
 rm -rf "$work"
-echo "The release of $version is the same twice, and each of its archives works"
+echo "The release of $version is the same twice, and each of its archives works$not_used"
