@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# Runs the tests of both Windows controls that `./test --windows` built: the one of 64 bits by this machine's Wine, the one of 32 bits by
-# the Wine of scripts/wine32.sh. Both at once, each on a screen of its own, since they wait more than they compute. Where there is no
+# Builds both Windows controls and runs their tests: of the one of 64 bits by this machine's Wine, of the one of 32 bits by the Wine of
+# scripts/wine32.sh. Both at once, each on a screen of its own, since they wait more than they compute. Where there is no
 # such Wine, of the control of 32 bits only what needs no Wine is tested, and the last line tells so.
 #   scripts/test_windows.sh [CTEST ARGUMENT...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
+source scripts/packages.sh
 
 # run PRESET FIRST_SCREEN [CTEST ARGUMENT...]
 run() {
@@ -19,6 +20,8 @@ if ! reason=$(scripts/wine32.sh --make 2>&1 >&3); then
   only=(-L without_wine)
 fi 3>&1
 
+configure_and_build windows
+configure_and_build windows32
 echo "Testing by Wine, on 32 and on 64 bits"
 output=$(mktemp)
 run windows32 150 "${only[@]}" "$@" >"$output" 2>&1 &

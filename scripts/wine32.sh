@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Runs a command inside a Debian 12 of 32 bits that has Wine in it, for programs of Windows of 32 bits. Wine of 32 bits is not installed on
-# the machine itself, whose own packages it would have to agree with.
+# Runs a command inside a Debian 12 of 32 bits that has Wine in it, for programs of Windows of 32 bits, and a compiler of Pascal. Neither
+# is installed on the machine itself, whose own packages they would have to agree with.
 #   scripts/wine32.sh --make                     makes it unless it is there; ends with 1, and the reason, where it can't be made
+#   scripts/wine32.sh --where                    prints the folder it stands in, or would
 #   scripts/wine32.sh COMMAND [ARGUMENT...]      such as scripts/wine32.sh wine cmd /c ver
 # It stands in the folder ZOLT20_WINE32, /var/tmp/zolt20-wine32 unless that is set, and is kept; delete the folder and it is made anew.
 # Inside, this repository, /tmp and the fonts stand where they stand outside. Making and entering it takes root, or sudo.
@@ -43,7 +44,7 @@ make() {
     root=$1 made=$2 mirror=$3 settings=$4
     [ ! -e "$root/$made" ] || exit 0
     rm -rf "$root.new"
-    mmdebstrap --quiet --mode=root --variant=essential --architectures=i386 --include=wine,wine32 \
+    mmdebstrap --quiet --mode=root --variant=essential --architectures=i386 --include=wine,wine32,fp-compiler \
       --hook-dir=/usr/share/mmdebstrap/hooks/eatmydata --aptopt="$settings" --aptopt="APT::Install-Recommends \"false\"" \
       --aptopt="Acquire::Retries \"3\"" --dpkgopt="path-exclude=/usr/share/doc/*" --dpkgopt="path-exclude=/usr/share/man/*" \
       bookworm "$root.new" "deb $mirror bookworm main" || exit 1
@@ -78,7 +79,8 @@ enter() {
 }
 
 case "${1:-}" in
-  '') fail "Usage: scripts/wine32.sh --make | COMMAND [ARGUMENT...]" ;;
+  '') fail "Usage: scripts/wine32.sh --make | --where | COMMAND [ARGUMENT...]" ;;
+  --where) echo "$root" ;;
   --make)
     is_made || make
     enter wine --version >/dev/null 2>&1 || fail "This machine runs no programs of 32 bits, or lets nobody into the folder $root"

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds container.exe with the Lazarus component library, from the sources that Debian has of it and of the Free Pascal
 # run-time library, which it has no Windows build of.
-#   build.sh DIRECTORY
+#   build.sh DIRECTORY [COMPILER]       for 64 bits, or with the compiler of i386 for 32
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 mkdir -p "$1"
@@ -10,18 +10,26 @@ cd "$1"
 pascal=(/usr/share/fpcsrc/*)
 libraries=(/usr/lib/lazarus/*/lcl)
 lazarus=${libraries[0]%/lcl}
-compiler=(ppcx64 -n -Twin64 -Px86_64 -Sg -Sc -O1 -v0e -vw-)
+platform=win64
+processor=x86_64
+start=sysinit.pp
+if [ $# -gt 1 ]; then
+  platform=win32
+  processor=i386
+  start=sysinitpas.pp
+fi
+compiler=("${2:-ppcx64}" -n "-T$platform" "-P$processor" -Sg -Sc -O1 -v0e -vw-)
 
 if [ ! -f rtl/done ]; then
   rm -rf rtl source
   mkdir rtl
   cp -r "${pascal[0]}/rtl" source
   (
-    cd source/win64
-    rtl=("${compiler[@]}" "-FU../../rtl" "-FE../../rtl" -Fi../inc -Fi../x86_64 -Fi../win -Fi../win/wininc -Fi../objpas
-      -Fi../objpas/sysutils -Fi../objpas/classes -Fu../win -Fu../inc -Fu../objpas -Fu../x86_64 -Fu../charmaps)
+    cd "source/$platform"
+    rtl=("${compiler[@]}" "-FU../../rtl" "-FE../../rtl" -Fi../inc "-Fi../$processor" -Fi../win -Fi../win/wininc -Fi../objpas
+      -Fi../objpas/sysutils -Fi../objpas/classes -Fu../win -Fu../inc -Fu../objpas "-Fu../$processor" -Fu../charmaps)
     "${rtl[@]}" -Us system.pp
-    for unit in ../inc/uuchar.pp ../objpas/objpas.pp ../inc/macpas.pp ../inc/iso7185.pp ../inc/extpas.pp sysinit.pp \
+    for unit in ../inc/uuchar.pp ../objpas/objpas.pp ../inc/macpas.pp ../inc/iso7185.pp ../inc/extpas.pp "$start" \
       buildrtl.pp; do
       "${rtl[@]}" -Fu../../rtl "$unit"
     done
