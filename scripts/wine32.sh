@@ -43,13 +43,13 @@ make() {
   "${as_root[@]}" flock "$root.lock" bash -c '
     root=$1 made=$2 mirror=$3 settings=$4
     [ ! -e "$root/$made" ] || exit 0
-    rm -rf "$root.new"
+    rm -rf --one-file-system "$root.new"
     mmdebstrap --quiet --mode=root --variant=essential --architectures=i386 --include=wine,wine32,fp-compiler \
       --hook-dir=/usr/share/mmdebstrap/hooks/eatmydata --aptopt="$settings" --aptopt="APT::Install-Recommends \"false\"" \
       --aptopt="Acquire::Retries \"3\"" --dpkgopt="path-exclude=/usr/share/doc/*" --dpkgopt="path-exclude=/usr/share/man/*" \
       bookworm "$root.new" "deb $mirror bookworm main" || exit 1
     touch "$root.new/$made"
-    rm -rf "$root"
+    rm -rf --one-file-system "$root"
     mv "$root.new" "$root"
   ' wine32 "$root" "$made" "$mirror" "$settings" >"$log" 2>&1 || {
     tail -n 5 "$log" >&2
@@ -64,8 +64,10 @@ enter() {
   local environment
   mapfile -d '' environment < <(env -0)
   # shellcheck disable=SC2016  # for the shell inside
-  "${as_root[@]}" unshare --mount --propagation private bash -c '
+  "${as_root[@]}" unshare --mount --propagation unchanged bash -c '
     set -euo pipefail
+    # In a folder that is no mount of its own, such as another Debian, nothing is there to be made private.
+    mount --make-rprivate / 2>/dev/null || ! grep -q " shared:" /proc/self/mountinfo
     root=$1 repository=$2 folder=$3 user=$4 group=$5
     shift 5
     for place in /dev /proc /tmp /usr/share/fonts "$repository"; do
