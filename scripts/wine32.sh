@@ -42,7 +42,7 @@ make() {
   # shellcheck disable=SC2016  # for the shell inside
   "${as_root[@]}" flock "$root.lock" bash -c '
     root=$1 made=$2 mirror=$3 settings=$4
-    [ ! -e "$root/$made" ] || exit 0
+    if [ -e "$root/$made" ] && [ "$(stat -c %u "$root")" -eq 0 ]; then exit 0; fi
     rm -rf --one-file-system "$root.new"
     mmdebstrap --quiet --mode=root --variant=essential --architectures=i386 --include=wine,wine32,fp-compiler \
       --hook-dir=/usr/share/mmdebstrap/hooks/eatmydata --aptopt="$settings" --aptopt="APT::Install-Recommends \"false\"" \
