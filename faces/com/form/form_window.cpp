@@ -17,10 +17,6 @@ namespace {
 
 constexpr UINT_PTR kSubclass = 1;
 
-bool HasCaption(const Control& control) {
-  return control.kind() == Kind::Button || control.kind() == Kind::OptionButton;
-}
-
 bool HoldsNames(const Control& control) {
   switch (control.kind()) {
     case Kind::TextBox:
@@ -159,8 +155,7 @@ HWND FormWindow::MakeWindow(const Control& control, const WindowKind& kind) {
 void FormWindow::CreateView(const Control& control) {
   std::unique_ptr<ControlView> made = MakeView(*this, control);
   ControlView& view = *views_.emplace(&control, std::move(made)).first->second;
-  if (control.TakesFocus() && !HasCaption(control))
-    spoken_.Give(view.window(), faces::AccessibleName(control));
+  if (control.TakesFocus()) spoken_.Give(view.window(), faces::AccessibleName(control));
   Hear(view.window(), view);
   if (view.FocusWindow() != view.window()) Hear(view.FocusWindow(), view);
   if (faces::HasFilter(control.design())) CreateFilter(control);
@@ -277,6 +272,8 @@ void FormWindow::ShowEverything() {
 
 void FormWindow::ShowView(ControlView& view, const faces::Change& change) {
   view.Show(change);
+  if (change.Has(Property::kCaption) && view.control().TakesFocus())
+    spoken_.Give(view.window(), faces::AccessibleName(view.control()));
   if (const auto filter = filters_.find(&view.control()); filter != filters_.end()) {
     filter->second.ShowMarks(view.HiddenMarks());
     filter->second.Enable(view.control().Enabled());

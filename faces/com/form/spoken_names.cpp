@@ -16,13 +16,17 @@ SpokenNames::SpokenNames() {
                    reinterpret_cast<void**>(service_.Put()));
 }
 
-void SpokenNames::Give(HWND window, const String& name) const {
+void SpokenNames::Give(HWND window, const String& name) {
   if (!service_) return;
+  const auto [given, isNew] = names_.emplace(window, name);
+  if (!isNew && given->second == name) return;
+  given->second = name;
   service_->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, kName,
                            Wide(name));
 }
 
-void SpokenNames::Take(HWND window) const {
+void SpokenNames::Take(HWND window) {
+  names_.erase(window);
   MSAAPROPID name = kName;
   if (service_)
     service_->ClearHwndProps(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, &name, 1);
