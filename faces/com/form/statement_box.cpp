@@ -94,6 +94,8 @@ void StatementBox::Attach(HWND window) {
   Pointer<IRichEditOle> objects;
   SendMessageW(window_, EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(objects.Put()));
   document_ = objects.As<ITextDocument>();
+  // What was made of it so far is no step that a person could take back.
+  SendMessageW(window_, EM_EMPTYUNDOBUFFER, 0, 0);
 }
 
 String StatementBox::ReadShown() const {

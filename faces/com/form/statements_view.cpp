@@ -4,6 +4,7 @@
 
 #include "faces/com/form/box_border.h"
 #include "faces/com/form/statement_box.h"
+#include "faces/com/form/text_menu.h"
 
 namespace zolt20::com {
 namespace {
@@ -25,10 +26,7 @@ class StatementsWindow final : public ViewOf<SyntaxTextBox> {
     if (code != EN_CHANGE || owner_.IsShowing()) return;
     if (std::optional<String> text = statements_.TakeEdit()) Type(std::move(*text));
   }
-  bool OnMessage(UINT message, WPARAM /*wide*/, LPARAM /*longer*/) override {
-    if (message == WM_PASTE) statements_.Paste();
-    return message == WM_PASTE;
-  }
+  bool OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
   bool OnKey(WPARAM key) override;
   bool OnCharacter(wchar_t character) override {
     if (character == 1) Send(EM_SETSEL, 0, -1);  // Ctrl+A
@@ -46,6 +44,17 @@ class StatementsWindow final : public ViewOf<SyntaxTextBox> {
  private:
   StatementBox statements_;
 };
+
+bool StatementsWindow::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_PASTE) {
+    statements_.Paste();
+    return true;
+  }
+  LPARAM place = 0;
+  if (!AsksForMenu(window(), message, wide, longer, place)) return false;
+  ShowTextMenu(window(), place);  // the view may be gone
+  return true;
+}
 
 bool StatementsWindow::OnKey(WPARAM key) {
   if (key == VK_ESCAPE) return true;
