@@ -61,7 +61,9 @@ class History {
       return true;
     }
     // A run of typing that has come back to where it began is no step.
-    if (!goesOn_ || undo_.empty() || !textBefore_ || textBefore_ != TextOf(*source_)) return false;
+    if (!goesOn_ || undo_.empty() || !textBefore_ ||
+        StringView(*textBefore_) != StringView(TypedText(*source_)))
+      return false;
     undo_.pop_back();
     typing_ = nullptr;
     return true;

@@ -58,9 +58,21 @@ void ComboWindow::ShowRows() {
   InvalidateRect(window(), nullptr, TRUE);
 }
 
+// Into the list within it at once: rows may be very many, and each message to the combo passes
+// through the form.
 void ComboWindow::Fill() {
-  for (int row = 0; row < control().ListCount(); ++row)
-    Send(CB_INSERTSTRING, static_cast<WPARAM>(-1), Wide(WithoutNuls(control().List(row))));
+  COMBOBOXINFO info{};
+  info.cbSize = sizeof info;
+  if (!GetComboBoxInfo(window(), &info)) return;
+  const auto tell = [&info](UINT message, WPARAM wide, LPARAM longer = 0) {
+    SendMessageW(info.hwndList, message, wide, longer);
+  };
+  tell(WM_SETREDRAW, FALSE);
+  for (int row = 0; row < control().ListCount(); ++row) {
+    tell(LB_INSERTSTRING, static_cast<WPARAM>(-1),
+         reinterpret_cast<LPARAM>(Wide(WithoutNuls(control().List(row)))));
+  }
+  tell(WM_SETREDRAW, TRUE);
 }
 
 bool ComboWindow::OnMessage(UINT message, WPARAM /*wide*/, LPARAM /*longer*/) {

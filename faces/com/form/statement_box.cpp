@@ -9,7 +9,6 @@
 
 #include "faces/com/com_text.h"
 #include "faces/com/form/plain_boxes.h"
-#include "faces/shared/shown_text.h"
 #include "faces/shared/statement_colours.h"
 
 #ifdef __CRT_UUID_DECL
@@ -18,6 +17,8 @@ __CRT_UUID_DECL(ITextDocument, 0x8cc497c0, 0xa1df, 0x11ce, 0x80, 0x98, 0x00, 0xa
                 0x5d)
 #endif
 
+#include <cstdio>
+#include <cstdlib>
 namespace zolt20::com {
 namespace {
 
@@ -41,6 +42,18 @@ CHARFORMAT2W FormatOf(faces::WordKind kind) {
   if (look.weight >= FW_SEMIBOLD) format.dwEffects |= CFE_BOLD;
   if (look.italic) format.dwEffects |= CFE_ITALIC;
   return format;
+}
+
+CHARFORMAT2W PlainFormat() {
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof format;
+  format.dwMask = CFM_COLOR | CFM_BOLD | CFM_ITALIC;
+  format.dwEffects = CFE_AUTOCOLOR;
+  return format;
+}
+
+void Paint(HWND window, WPARAM what, CHARFORMAT2W format) {
+  SendMessageW(window, EM_SETCHARFORMAT, what, reinterpret_cast<LPARAM>(&format));
 }
 
 // As long as it lives, changes of the looks are not drawn and are no step for Undo. Then the
@@ -98,17 +111,36 @@ void StatementBox::Attach(HWND window) {
   SendMessageW(window_, EM_EMPTYUNDOBUFFER, 0, 0);
 }
 
+std::size_t StatementBox::Length() const {
+  GETTEXTLENGTHEX asked{GTL_NUMCHARS | GTL_PRECISE, 1200};
+  const auto count = SendMessageW(window_, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&asked), 0);
+  return static_cast<std::size_t>(std::max<LRESULT>(count, 0));
+}
+
+StatementBox::Span StatementBox::Marked() const {
+  CHARRANGE marked{};
+  SendMessageW(window_, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&marked));
+  return {static_cast<std::size_t>(std::max<LONG>(marked.cpMin, 0)),
+          static_cast<std::size_t>(std::max<LONG>(marked.cpMax, 0))};
+}
+
 String StatementBox::ReadShown() const {
-  GETTEXTLENGTHEX length{GTL_NUMCHARS | GTL_PRECISE, 1200};
-  const auto count =
-      SendMessageW(window_, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&length), 0);
-  String text(static_cast<std::size_t>(std::max<LRESULT>(count, 0)), u'\0');
+  String text(Length(), u'\0');
   GETTEXTEX get{};
   get.cb = static_cast<DWORD>((text.size() + 1) * sizeof(char16_t));
   get.flags = GT_DEFAULT;
   get.codepage = 1200;
   const auto read = SendMessageW(window_, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&get),
                                  reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(std::max<LRESULT>(read, 0)));
+  return text;
+}
+
+String StatementBox::Read(Span characters) const {
+  String text(characters.behind - characters.first, u'\0');
+  TEXTRANGEW range{{static_cast<LONG>(characters.first), static_cast<LONG>(characters.behind)},
+                   reinterpret_cast<wchar_t*>(text.data())};
+  const auto read = SendMessageW(window_, EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range));
   text.resize(static_cast<std::size_t>(std::max<LRESULT>(read, 0)));
   return text;
 }
@@ -128,88 +160,134 @@ void StatementBox::Show(const String& text) {
   // What is new is in sight.
   if (edit.position > 0) SendMessageW(window_, EM_SCROLLCARET, 0, 0);
   shown_ = std::move(shown);
-  ColourSight();
+  ColourEdit(edit);
 }
 
 void StatementBox::Recolour() {
-  if (highlight_) ColourSight();
+  coloured_ = {};
+  ColourSight();
 }
 
 void StatementBox::Highlight(bool highlight) {
   if (highlight == highlight_) return;
   highlight_ = highlight;
-  ColourSight();
+  if (highlight) {
+    Recolour();
+    return;
+  }
+  // Lines out of sight have colours too.
+  const Unseen unseen(window_, document_, isColouring_);
+  Paint(window_, SCF_ALL, PlainFormat());
+}
+
+void StatementBox::KeyComes() {
+  marked_ = Marked();
+}
+
+std::pair<faces::Edit, String> StatementBox::TakeShown() const {
+  const std::size_t caret = Marked().behind;
+  if (marked_) {
+    const std::size_t first = std::min(marked_->first, caret);
+    const std::size_t length = Length();
+    const std::size_t kept = length - std::min(caret, length);
+    if (first + kept <= shown_.size()) {
+      String typed = Read({first, caret});
+      if (typed.size() == caret - first)
+        return {{first, shown_.size() - kept - first, typed.size()}, std::move(typed)};
+    }
+  }
+  const String now = ReadShown();
+  const faces::Edit edit = faces::EditBetween(shown_, now, std::min(caret, now.size()));
+  return {edit, now.substr(edit.position, edit.added)};
 }
 
 std::optional<String> StatementBox::TakeEdit() {
   if (isColouring_) return std::nullopt;
-  String now = ReadShown();
-  if (now == shown_) return std::nullopt;
-  CHARRANGE selection{};
-  SendMessageW(window_, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&selection));
-  const auto caret =
-      std::min(static_cast<std::size_t>(std::max<LONG>(selection.cpMax, 0)), now.size());
-  const faces::Edit edit = faces::EditBetween(shown_, now, caret);
-  text_ = faces::AfterEdit(text_, edit.position, edit.removed,
-                           StringView(now).substr(edit.position, edit.added), kLineEnd);
-  shown_ = std::move(now);
-  ColourSight();
+  const auto& [edit, typed] = TakeShown();
+  if (StringView(shown_).substr(edit.position, edit.removed) == typed) return std::nullopt;
+  text_ = faces::AfterEdit(text_, edit.position, edit.removed, typed, kLineEnd);
+  shown_.replace(edit.position, edit.removed, typed);
+  ColourEdit(edit);
   return text_;
 }
 
-StatementBox::Sight StatementBox::InSight() const {
+StatementBox::Span StatementBox::InSight() const {
   RECT inside{};
   GetClientRect(window_, &inside);
   POINTL corner{inside.right, inside.bottom};
   const auto last = SendMessageW(window_, EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&corner));
-  return {SendMessageW(window_, EM_GETFIRSTVISIBLELINE, 0, 0),
-          SendMessageW(window_, EM_EXLINEFROMCHAR, 0, last)};
+  const auto line = SendMessageW(window_, EM_GETFIRSTVISIBLELINE, 0, 0);
+  const auto first = SendMessageW(window_, EM_LINEINDEX, static_cast<WPARAM>(line), 0);
+  // The platform may count other characters than we wrote.
+  const std::size_t end = shown_.size();
+  return LinesOf({std::min(static_cast<std::size_t>(std::max<LRESULT>(first, 0)), end),
+                  std::min(static_cast<std::size_t>(std::max<LRESULT>(last, 0)), end)});
 }
 
-void StatementBox::Scrolled() {
-  if (highlight_ && InSight() != coloured_) ColourSight();
+StatementBox::Span StatementBox::LinesOf(Span characters) const {
+  const auto [first, behind] = characters;
+  const std::size_t before = first == 0 ? String::npos : shown_.rfind(kLineEnd, first - 1);
+  return {before == String::npos ? 0 : before + 1,
+          std::min(shown_.find(kLineEnd, behind), shown_.size())};
 }
 
 void StatementBox::Paste() {
   SendMessageW(window_, EM_PASTESPECIAL, CF_UNICODETEXT, 0);
 }
 
+// What lies beside lines that have their colours is added to them.
 void StatementBox::ColourSight() {
-  coloured_ = InSight();
-  const auto startOf = [this](LRESULT line) {
-    return SendMessageW(window_, EM_LINEINDEX, static_cast<WPARAM>(line), 0);
-  };
-  const auto first = startOf(coloured_.firstLine);
-  const auto behind = startOf(coloured_.lastLine + 1);
-  const auto end = behind < 0 ? static_cast<LRESULT>(shown_.size()) : behind;
-  if (first >= 0 && end > first) Colour(static_cast<LONG>(first), static_cast<LONG>(end - first));
+  if (!highlight_) return;
+  const Span sight = InSight();
+  const bool touches = sight.first <= coloured_.behind && coloured_.first <= sight.behind;
+  if (!touches || coloured_.first == coloured_.behind) {
+    Colour(sight);
+    coloured_ = sight;
+    return;
+  }
+  if (sight.first < coloured_.first) {
+    Colour({sight.first, coloured_.first});
+    coloured_.first = sight.first;
+  }
+  if (sight.behind > coloured_.behind) {
+    Colour({coloured_.behind, sight.behind});
+    coloured_.behind = sight.behind;
+  }
 }
 
-void StatementBox::Colour(LONG first, LONG count) {
+// Behind a long text that was pasted, lines may have none.
+void StatementBox::ColourEdit(const faces::Edit& edit) {
+  if (!highlight_) return;
+  const Span lines = LinesOf({edit.position, edit.position + edit.added});
+  const Span sight = InSight();
+  const std::size_t removedTo = edit.position + edit.removed;
+  const bool isWithin = coloured_.first <= lines.first && removedTo <= coloured_.behind &&
+                        sight.first <= lines.first && lines.behind <= sight.behind;
+  if (isWithin) {
+    Colour(lines);
+    coloured_.behind = std::max(coloured_.behind - edit.removed + edit.added, lines.behind);
+  } else {
+    coloured_ = {};
+  }
+  ColourSight();
+}
+
+void StatementBox::Colour(Span lines) {
   const Unseen unseen(window_, document_, isColouring_);
-  const auto paint = [this](LONG from, LONG behind, CHARFORMAT2W format) {
-    CHARRANGE range{from, behind};
+  const auto paint = [this](std::size_t first, std::size_t behind, const CHARFORMAT2W& format) {
+    CHARRANGE range{static_cast<LONG>(first), static_cast<LONG>(behind)};
     SendMessageW(window_, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
-    SendMessageW(window_, EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+    Paint(window_, SCF_SELECTION, format);
   };
-  CHARFORMAT2W plain{};
-  plain.cbSize = sizeof plain;
-  plain.dwMask = CFM_COLOR | CFM_BOLD | CFM_ITALIC;
-  plain.dwEffects = CFE_AUTOCOLOR;
-  paint(first, first + count, plain);
-  if (highlight_) {
-    // The platform may count other characters than we wrote.
-    const StringView sight = StringView(shown_).substr(
-        std::min(static_cast<std::size_t>(first), shown_.size()), static_cast<std::size_t>(count));
-    for (std::size_t start = 0; start < sight.size();) {
-      const std::size_t end = std::min(sight.find(kLineEnd, start), sight.size());
-      for (const faces::ColouredWord& word :
-           faces::ColouredWordsOf(sight.substr(start, end - start))) {
-        const LONG from = first + static_cast<LONG>(start + word.first);
-        paint(from, from + static_cast<LONG>(word.count), FormatOf(word.kind));
-      }
-      start = end + 1;
+  paint(lines.first, lines.behind, PlainFormat());
+  const StringView text = StringView(shown_).substr(0, lines.behind);
+  for (std::size_t start = lines.first; start < text.size();) {
+    const std::size_t end = std::min(text.find(kLineEnd, start), text.size());
+    for (const faces::ColouredWord& word :
+         faces::ColouredWordsOf(text.substr(start, end - start))) {
+      paint(start + word.first, start + word.first + word.count, FormatOf(word.kind));
     }
+    start = end + 1;
   }
 }
 

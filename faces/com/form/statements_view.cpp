@@ -35,6 +35,7 @@ class StatementsWindow final : public ViewOf<SyntaxTextBox> {
   // Whatever the message was, it may have scrolled.
   void MessageDone(UINT message) override {
     if (message == WM_NCPAINT) DrawBoxBorder(window());
+    if (message == WM_CHAR || message == WM_KEYDOWN) statements_.KeyWent();
     if (message == WM_VSCROLL || message == WM_MOUSEWHEEL || message == WM_KEYDOWN ||
         message == WM_SIZE || message == EM_SCROLLCARET || message == EM_SCROLL)
       statements_.Scrolled();
@@ -50,6 +51,11 @@ bool StatementsWindow::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
     statements_.Paste();
     return true;
   }
+  const bool isOfText =
+      message == WM_CHAR
+          ? wide >= L' ' || wide == L'\b' || wide == L'\r'
+          : message == WM_KEYDOWN && (wide == VK_BACK || wide == VK_DELETE || wide == VK_RETURN);
+  if (isOfText) statements_.KeyComes();
   LPARAM place = 0;
   if (!AsksForMenu(window(), message, wide, longer, place)) return false;
   ShowTextMenu(window(), place);  // the view may be gone
