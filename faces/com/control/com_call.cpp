@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "faces/com/com_pointer.h"
-#include "faces/com/server/server.h"
+#include "faces/com/server/served.h"
 
 namespace zolt20::com {
 
@@ -19,8 +19,8 @@ HRESULT Report(const RuntimeError& error) noexcept {
     const std::string_view text = error.what();
     std::copy_n(text.begin(), std::min(text.size(), description.size() - 1), description.begin());
     info->SetDescription(description.data());
-    info->SetGUID(IID__ZOLT20MapControl);
-    info->SetSource(const_cast<wchar_t*>(kProgId));
+    info->SetGUID(TheServed().interfaceId);
+    info->SetSource(const_cast<wchar_t*>(TheServed().progId));
     if (const auto asError = info.As<IErrorInfo>()) SetErrorInfo(0, asError.Get());
   }
   return CodeOf(error.number());

@@ -5,9 +5,9 @@
 #include <atomic>
 
 #include "faces/com/control/com_call.h"
-#include "faces/com/control/map_control.h"
 #include "faces/com/form/common_controls.h"
 #include "faces/com/server/registration.h"
+#include "faces/com/server/served.h"
 
 namespace zolt20::com {
 namespace {
@@ -39,7 +39,7 @@ class ClassFactory final : public IClassFactory {
     *object = nullptr;
     // Whoever holds the control within itself asks for the control's own IUnknown first.
     if (outer != nullptr && id != IID_IUnknown) return CLASS_E_NOAGGREGATION;
-    return Guarded([&] { return MapControl::Create(outer, id, object); });
+    return Guarded([&] { return TheServed().create(outer, id, object); });
   }
   STDMETHODIMP LockServer(BOOL lock) override {
     lock ? ++locks : --locks;
@@ -104,7 +104,7 @@ STDAPI DllCanUnloadNow() {
 STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   if (object == nullptr) return E_POINTER;
   *object = nullptr;
-  if (classId != CLSID_ZOLT20MapControl) return CLASS_E_CLASSNOTAVAILABLE;
+  if (classId != TheServed().classId) return CLASS_E_CLASSNOTAVAILABLE;
   return Guarded([&] {
     auto* const factory = new ClassFactory;
     const HRESULT result = factory->QueryInterface(id, object);
