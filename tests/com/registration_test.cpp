@@ -104,9 +104,12 @@ DWORD Regsvr32(const std::wstring& arguments) {
   return code;
 }
 
+// By the name of the class that the server has.
 bool CanBeCreated() {
+  wchar_t progId[80] = L"ZOLT20MappingCtrl.ZOLT20MapControl";
+  GetEnvironmentVariableW(L"ZOLT20_PROGID", progId, 80);
   CLSID id{};
-  if (FAILED(CLSIDFromProgID(L"ZOLT20MappingCtrl.ZOLT20MapControl", &id))) return false;
+  if (FAILED(CLSIDFromProgID(progId, &id))) return false;
   IDispatch* control = nullptr;
   if (FAILED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
                               reinterpret_cast<void**>(&control))))

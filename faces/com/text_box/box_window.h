@@ -1,0 +1,90 @@
+// The window of the box: that of a box of statements on the form, alone in a window that hears it.
+//
+// The text and whether its words have colours stand in a box of the surface, as on the form. A
+// person's edits go there as gestures.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "faces/com/form/form_fonts.h"
+#include "faces/com/form/view.h"
+#include "surface/surface.h"
+
+namespace zolt20::com {
+
+/// The surface of one box. Of the form it has the Result alone in use.
+class OneBox final : public Surface {
+ public:
+  OneBox() : Surface(FormVisible::kYes) {}
+};
+
+class BoxWindow final : private ViewOwner {
+ public:
+  /// Whom the window belongs to. Whatever it is told may be the end of the window.
+  class Owner {
+   public:
+    virtual void TextTyped() noexcept = 0;
+    virtual void FocusCame() noexcept = 0;
+    virtual void FocusWent() noexcept = 0;
+    /// The Tab key leaves the box. Whether the focus went elsewhere.
+    virtual bool Leaves(const MSG& message) noexcept = 0;
+
+   protected:
+    ~Owner() = default;
+  };
+
+  /// A window within `parent`, in pixels of it, not yet visible. The surface and the owner outlive
+  /// it. Throws std::bad_alloc, and std::runtime_error when the platform refuses.
+  static std::shared_ptr<BoxWindow> Make(HWND parent, const RECT& place, OneBox& surface,
+                                         Owner& owner);
+  virtual ~BoxWindow();
+  BoxWindow(const BoxWindow&) = delete;
+  BoxWindow& operator=(const BoxWindow&) = delete;
+
+  /// None when the parent took it along.
+  HWND Window() const { return root_; }
+  HWND Box() const { return view_ ? view_->window() : nullptr; }
+  void Place(const RECT& place, const RECT& clip) const;
+  /// Shows text and colours as they are in the surface.
+  void ShowText();
+  /// In twips; 0 for the width of the box.
+  void RightMargin(long twips) const;
+  void Enable(bool enabled) const;
+  void TakeFocus() const;
+  /// Whether a key was the box's.
+  bool TranslateKey(const MSG& message) const;
+
+ private:
+  BoxWindow(OneBox& surface, Owner& owner) : surface_(surface), tell_(owner) {}
+  void Create(HWND parent, const RECT& place);
+
+  HWND MakeWindow(const Control& control, const WindowKind& kind) override;
+  const Surface& Form() const override { return surface_; }
+  int Dpi() const override { return fonts_.Dpi(); }
+  HFONT FontOf(const Control& /*control*/) const override { return fonts_.Usual(); }
+  HWND Root() const override { return root_; }
+  void GiveNames(HWND /*window*/, const std::string& /*name*/, const String& /*spoken*/) override {}
+  void TakeNames(HWND /*window*/) override {}
+  void FocusWent(HWND /*window*/, HWND /*other*/) override {}
+  void Make(UserGesture gesture) noexcept override;
+  void Key(const TextBox& /*box*/, char16_t /*code*/, TextMark /*mark*/) noexcept override {}
+  bool IsGivenUp() const override { return root_ == nullptr; }
+
+  static LRESULT CALLBACK RootMessage(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  static LRESULT CALLBACK BoxMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
+                                     UINT_PTR id, DWORD_PTR data);
+  LRESULT OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  bool OnBox(UINT message, WPARAM wide, LPARAM longer);
+  bool OnTab(HWND window);
+
+  OneBox& surface_;
+  Owner& tell_;
+  std::weak_ptr<BoxWindow> self_;
+  HWND root_ = nullptr;
+  FormFonts fonts_;
+  std::unique_ptr<ControlView> view_;
+};
+
+}  // namespace zolt20::com
