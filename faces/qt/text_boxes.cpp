@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <algorithm>
 #include <limits>
@@ -78,6 +79,24 @@ void LinesBox::Highlight(bool highlight) {
     delete highlighter_;
     highlighter_ = nullptr;
   }
+}
+
+void LinesBox::WrapAt(int pixels) {
+  wrapsAt_ = pixels;
+  setLineWrapMode(pixels == kNowhere ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
+  FitMargin();
+}
+
+// The platform's box wraps at its edge alone, so what lies behind the margin is none of it.
+void LinesBox::FitMargin() {
+  const int scrollBar = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;
+  const int room = width() - 2 * frameWidth() - scrollBar;
+  setViewportMargins(0, 0, wrapsAt_ > 0 ? std::max(0, room - wrapsAt_) : 0, 0);
+}
+
+void LinesBox::resizeEvent(QResizeEvent* event) {
+  if (wrapsAt_ > 0) FitMargin();
+  QPlainTextEdit::resizeEvent(event);
 }
 
 int LinesBox::HeightOf(int lines) const {

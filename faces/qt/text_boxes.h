@@ -32,6 +32,10 @@ class LinesBox final : public QPlainTextEdit {
 
   void Highlight(bool highlight);
 
+  static constexpr int kNowhere = -1;
+  /// Lines go on below at so many pixels, at the edge with 0, or nowhere, as at first.
+  void WrapAt(int pixels);
+
   /// How high the box is around so many lines, without a scroll bar.
   int HeightOf(int lines) const;
 
@@ -42,13 +46,17 @@ class LinesBox final : public QPlainTextEdit {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void insertFromMimeData(const QMimeData* source) override;
   QMimeData* createMimeDataFromSelection() const override;
 
  private:
   void TakeEdit(int position, int removed, int added);
 
+  void FitMargin();
+
   String text_;
+  int wrapsAt_ = kNowhere;
   bool isShowing_ = false;
   Highlighter* highlighter_ = nullptr;
 };
