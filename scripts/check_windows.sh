@@ -36,5 +36,7 @@ git ls-files -co --exclude-standard -z | xargs -0 cp --parents -t "$again"
   configure_and_build windows32 zolt20_com
 )
 for preset in windows windows32; do
-  cmp "build/$preset/faces/com/ZOLT20MappingCtrl.ocx" "$again/build/$preset/faces/com/ZOLT20MappingCtrl.ocx"
+  for server in ZOLT20MappingCtrl.ocx text_box/ZOLT21TextBox.ocx; do
+    cmp "build/$preset/faces/com/$server" "$again/build/$preset/faces/com/$server"
+  done
 done

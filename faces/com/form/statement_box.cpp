@@ -193,7 +193,8 @@ std::pair<faces::Edit, String> StatementBox::TakeShown() const {
     if (first + kept <= shown_.size()) {
       String typed = Read({first, caret});
       if (typed.size() == caret - first)
-        return {{first, shown_.size() - kept - first, typed.size()}, std::move(typed)};
+        return std::pair(faces::Edit{first, shown_.size() - kept - first, typed.size()},
+                         std::move(typed));
     }
   }
   const String now = ReadShown();
