@@ -48,7 +48,7 @@ class Cues {
     cues.Change(window, wide);
     EnumChildWindows(
         window,
-        [](HWND child, LPARAM change) -> BOOL {
+        [](HWND child, LPARAM change) WINAPI -> BOOL {
           SendMessageW(child, WM_UPDATEUISTATE, static_cast<WPARAM>(change), 0);
           return TRUE;
         },

@@ -98,7 +98,7 @@ std::optional<std::wstring> TipOf(HWND list) {
   } search{list, {}};
   EnumThreadWindows(
       GetCurrentThreadId(),
-      [](HWND window, LPARAM data) -> BOOL {
+      [](HWND window, LPARAM data) WINAPI -> BOOL {
         auto& wanted = *reinterpret_cast<Search*>(data);
         wchar_t text[512] = L"";
         GetClassNameW(window, text, 512);

@@ -201,7 +201,7 @@ TEST_F(TextMenuTest, AFormThatIsGivenUpWhileTheMenuIsOpenDoesNothing) {
   Mark(0, 6);
   static Container* container = nullptr;
   container = &container_;
-  const UINT_PTR timer = SetTimer(nullptr, 0, 60, [](HWND, UINT, UINT_PTR which, DWORD) {
+  const UINT_PTR timer = SetTimer(nullptr, 0, 60, [](HWND, UINT, UINT_PTR which, DWORD) CALLBACK {
     KillTimer(nullptr, which);
     container->GiveUp();
     PostMessageW(GetFocus(), WM_CHAR, L'd', 0);
