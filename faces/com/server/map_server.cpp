@@ -21,6 +21,7 @@ const Served& TheServed() {
                              L"ZOLT20MappingCtrl",
                              interfaces,
                              kMiscStatus,
+                             true,
                              &MapControl::Create};
   return served;
 }

@@ -25,6 +25,7 @@ struct Served {
   const wchar_t* libraryName;
   std::span<const ServedInterface> interfaces;
   DWORD miscStatus;
+  bool isForDocuments;  ///< stores itself in storages and memory, and has a verb of its own
   /// A new object, which may be a part of `outer`. Throws std::bad_alloc.
   HRESULT (*create)(IUnknown* outer, REFIID id, void** object);
 };

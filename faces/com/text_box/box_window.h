@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "faces/com/form/form_fonts.h"
+#include "faces/com/form/form_look.h"
 #include "faces/com/form/view.h"
 #include "surface/surface.h"
 
@@ -64,6 +65,7 @@ class BoxWindow final : private ViewOwner {
   const Surface& Form() const override { return surface_; }
   int Dpi() const override { return fonts_.Dpi(); }
   HFONT FontOf(const Control& /*control*/) const override { return fonts_.Usual(); }
+  const FormLook& Look() const override { return look_; }
   HWND Root() const override { return root_; }
   void GiveNames(HWND /*window*/, const std::string& /*name*/, const String& /*spoken*/) override {}
   void TakeNames(HWND /*window*/) override {}
@@ -84,6 +86,7 @@ class BoxWindow final : private ViewOwner {
   std::weak_ptr<BoxWindow> self_;
   HWND root_ = nullptr;
   FormFonts fonts_;
+  FormLook look_;
   std::unique_ptr<ControlView> view_;
 };
 

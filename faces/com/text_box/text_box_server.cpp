@@ -19,6 +19,7 @@ const Served& TheServed() {
                              L"ZOLT21TextBox",
                              interfaces,
                              SyntTextBox::kMiscStatus,
+                             false,
                              &SyntTextBox::Create};
   return served;
 }
