@@ -23,6 +23,7 @@ class SyntTextBoxTest : public testing::Test {
     layout->addWidget(box_);
     window_.resize(400, 300);
     window_.show();
+    window_.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
     line_->setFocus();
   }

@@ -97,7 +97,10 @@ describe('an application of a framework', () => {
     const isColoured = () => document.querySelector('zolt20-map-control')?.Syntax_Highlight;
     assert.equal(await person.page.evaluate(isColoured), true);
     await compose(person);
-    assert.equal(await person.page.locator('pre').textContent(), kStatement);
+    // A framework draws when it comes to it.
+    const shown = person.page.locator('pre');
+    await person.waitFor('the page shows the text', async () => (await shown.textContent()) !== '');
+    assert.equal(await shown.textContent(), kStatement);
     // Values that go away leave the element as it is.
     await person.page.getByRole('button', {name: 'Drop'}).click();
     await person.nextFrame();
