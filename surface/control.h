@@ -38,7 +38,8 @@ struct SyntaxTextState {
 
 struct RowsState {
   Shared<RowTexts> rows;
-  std::vector<unsigned char> marks;  // one for each row, 1 or 0; bytes, since rows come in between
+  // One for each row, 1 or 0; bytes, since rows come in between.
+  Shared<std::vector<unsigned char>> marks;
   int listIndex = -1;
   int markCount = 0;
   String text;  ///< a combo's alone

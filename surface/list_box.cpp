@@ -32,7 +32,8 @@ void RowsControl::AddItem(RowText text) {
   const RowChange change{RowChange::What::kInserted, row, 1};
   surface().RowsAboutToChange(*this, change);
   rows.Insert(static_cast<std::size_t>(row), std::move(text));
-  state_.marks.insert(state_.marks.begin() + row, 0);
+  std::vector<unsigned char>& marks = state_.marks.Write();
+  marks.insert(marks.begin() + row, 0);
   runs_.Inserted(row);
   surface().RowsChanged(*this, change);
   if (row <= state_.listIndex) MoveListIndex(state_.listIndex + 1);
@@ -49,7 +50,7 @@ void RowsControl::AddTexts(std::span<const RowText> texts) {
   const RowChange change{RowChange::What::kInserted, ListCount(), static_cast<int>(texts.size())};
   surface().RowsAboutToChange(*this, change);
   rows.Append(texts);
-  state_.marks.resize(rows.size());
+  state_.marks.Write().resize(rows.size());
   surface().RowsChanged(*this, change);
 }
 
@@ -179,9 +180,10 @@ void RowsControl::EraseRun(int first, int count) {
   RowTexts& rows = WriteRows();
   surface().RowsAboutToChange(*this, change);
   rows.Erase(static_cast<std::size_t>(first), static_cast<std::size_t>(count));
-  const auto firstMark = state_.marks.begin() + first;
+  std::vector<unsigned char>& marks = state_.marks.Write();
+  const auto firstMark = marks.begin() + first;
   state_.markCount -= static_cast<int>(std::count(firstMark, firstMark + count, 1));
-  state_.marks.erase(firstMark, firstMark + count);
+  marks.erase(firstMark, firstMark + count);
   runs_.Erased(first, count);
   surface().RowsChanged(*this, change);
   if (state_.listIndex >= first + count) {
@@ -195,7 +197,7 @@ void RowsControl::EraseRun(int first, int count) {
 void RowsControl::EraseScattered(std::span<const int> rows) {
   const RowChange change{RowChange::What::kReplaced, 0, ListCount()};
   RowTexts& texts = WriteRows();
-  std::vector<unsigned char>& marks = state_.marks;
+  std::vector<unsigned char>& marks = state_.marks.Write();
   surface().RowsAboutToChange(*this, change);
   texts.EraseAll(rows);
   auto gone = rows.begin();
@@ -224,7 +226,7 @@ RowTexts& RowsControl::WriteRows(std::size_t more) {
   RowTexts& rows = state_.rows.Write();
   const std::size_t needed = rows.size() + more;
   if (needed > rows.capacity()) rows.reserve(std::max(needed, 2 * rows.size()));
-  state_.marks.reserve(rows.capacity());
+  state_.marks.Write().reserve(rows.capacity());
   return rows;
 }
 
@@ -237,7 +239,7 @@ void ListBox::ListIndex(int row) {
 
 bool ListBox::Selected(int row) const {
   RaiseUnlessRow(row, ErrorKind::kIndex);
-  return state_.marks[static_cast<std::size_t>(row)] != 0;
+  return (*state_.marks)[static_cast<std::size_t>(row)] != 0;
 }
 
 void ListBox::Selected(int row, bool marked) {
@@ -262,7 +264,7 @@ void ListBox::Selected(int row, bool marked) {
 
 void ListBox::Mark(int row, bool marked) {
   if (Selected(row) == marked) return;
-  state_.marks[static_cast<std::size_t>(row)] = marked ? 1 : 0;
+  state_.marks.Write()[static_cast<std::size_t>(row)] = marked ? 1 : 0;
   state_.markCount += marked ? 1 : -1;
   surface().MarksChanged(*this, row, 1);
 }

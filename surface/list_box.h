@@ -88,7 +88,8 @@ class RowsControl : public Control {
   int FirstRow(const Test& holds) const;
   void EraseRun(int first, int count);
   void EraseScattered(std::span<const int> rows);
-  // The rows, to be written, and room for more of them: between two notices nothing may fail.
+  // The rows, to be written, and room for more of them and of their marks, which are to be written,
+  // too: between two notices nothing may fail.
   RowTexts& WriteRows(std::size_t more = 0);
 };
 
