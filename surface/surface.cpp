@@ -3,18 +3,17 @@
 #include <algorithm>
 #include <cassert>
 #include <string>
+#include <unordered_map>
 
 namespace zolt20 {
 namespace {
 
-// The rows of the form's list in the order of their names.
-const std::vector<std::size_t>& RowsByName() {
-  static const std::vector<std::size_t> kRows = [] {
-    std::vector<std::size_t> rows(kForm.size());
-    for (std::size_t row = 0; row < rows.size(); ++row)
-      rows[row] = row;
-    std::sort(rows.begin(), rows.end(),
-              [](std::size_t a, std::size_t b) { return kForm[a].text < kForm[b].text; });
+// The rows of the form's list by their names.
+const std::unordered_map<std::string_view, std::size_t>& RowsByName() {
+  static const std::unordered_map<std::string_view, std::size_t> kRows = [] {
+    std::unordered_map<std::string_view, std::size_t> rows;
+    for (std::size_t row = 0; row < kForm.size(); ++row)
+      rows.emplace(kForm[row].text, row);
     return rows;
   }();  // GCOVR_EXCL_BR_LINE: two threads at once take the others.
   return kRows;
@@ -84,11 +83,8 @@ Surface::~Surface() = default;
 
 const Control* Surface::Find(std::string_view name) const {
   const auto& rows = RowsByName();
-  const auto row = std::lower_bound(rows.begin(), rows.end(), name,
-                                    [](std::size_t candidate, std::string_view wanted) {
-                                      return kForm[candidate].text < wanted;
-                                    });
-  if (row != rows.end() && kForm[*row].text == name) return controls_[*row];
+  const auto row = rows.find(name);
+  if (row != rows.end()) return controls_[row->second];
   const auto loaded =
       std::find_if(controls_.begin() + static_cast<std::ptrdiff_t>(kForm.size()), controls_.end(),
                    [&](const Control* control) { return control->name() == name; });
