@@ -36,7 +36,7 @@ constexpr StringView kPair = u" {  ,  }";
 constexpr StringView kIndexPair = u" {: }";
 
 bool IsRelation(StringView row) {
-  const auto isRow = [row](StringView relation) { return Trim(row) == relation; };
+  const auto isRow = [word = Trim(row)](StringView relation) { return word == relation; };
   return std::any_of(kRelations.begin(), kRelations.end(), isRow) ||
          std::any_of(kFlaggedRelations.begin(), kFlaggedRelations.end(), isRow);
 }

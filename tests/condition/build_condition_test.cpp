@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/support/control_test.h"
+#include "tests/support/silent.h"
 
 namespace zolt20::tests {
 namespace {
@@ -15,19 +16,17 @@ std::string Tabs(int count) {
 }
 
 // The names of the controls that change in any way.
-class TouchedLog final : public SurfaceObserver {
+class TouchedLog final : public SilentObserver {
  public:
   void PropertyChanged(const Control& control, Property /*property*/) noexcept override {
     names.insert(std::string(control.name()));
   }
-  void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
   void RowsChanged(const Control& list, const RowChange& /*change*/) noexcept override {
     names.insert(std::string(list.name()));
   }
   void MarksChanged(const Control& list, int /*first*/, int /*count*/) noexcept override {
     names.insert(std::string(list.name()));
   }
-  void FocusChanged(const Control* /*control*/) noexcept override {}
   void TabOrderChanged(int /*first*/, int /*last*/) noexcept override {
     names.insert("the tab order");
   }

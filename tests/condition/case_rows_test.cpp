@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/support/control_test.h"
+#include "tests/support/silent.h"
 #include "tests/support/written_form.h"
 
 namespace zolt20::tests {
@@ -15,7 +16,7 @@ namespace {
 using Figures = std::vector<int>;
 
 // Keeps what comes to the rows and the bar, in order, and who takes the focus.
-class RowLog final : public SurfaceObserver {
+class RowLog final : public SilentObserver {
  public:
   void PropertyChanged(const Control& control, Property property) noexcept override {
     const std::string name(control.name());
@@ -25,19 +26,13 @@ class RowLog final : public SurfaceObserver {
     if (property == Property::kValue) steps.push_back(name + " Value");
     if (property == Property::kText) steps.push_back(name + " written");
   }
-  void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
-  void RowsChanged(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
-  void MarksChanged(const Control& /*list*/, int /*first*/, int /*count*/) noexcept override {}
   void FocusChanged(const Control* control) noexcept override {
     steps.push_back("focus " +
                     (control == nullptr ? std::string("lost") : std::string(control->name())));
   }
-  void TabOrderChanged(int /*first*/, int /*last*/) noexcept override {}
   void ElementLoaded(const Control& element) noexcept override {
     steps.push_back(std::string(element.name()) + " loaded");
   }
-  void ElementUnloading(const Control& /*element*/) noexcept override {}
-  void StateReplaced() noexcept override {}
 
   Texts steps;
 };

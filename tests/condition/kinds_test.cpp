@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/support/control_test.h"
+#include "tests/support/silent.h"
 #include "tests/support/written_form.h"
 
 namespace zolt20::tests {
@@ -106,7 +107,7 @@ const char* AnotherThan(std::string_view option) {
 }
 
 // Keeps what a click does to the form, in order; a run of notices of one sort counts once.
-class StepLog final : public SurfaceObserver {
+class StepLog final : public SilentObserver {
  public:
   void PropertyChanged(const Control& control, Property property) noexcept override {
     if (property == Property::kEnabled) Step(std::string(control.name()) + " enabled");
@@ -114,16 +115,10 @@ class StepLog final : public SurfaceObserver {
     if (property == Property::kVisible) Step("panels");
     if (property == Property::kValue) Step(std::string(control.name()) + " chosen");
   }
-  void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
-  void RowsChanged(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
-  void MarksChanged(const Control& /*list*/, int /*first*/, int /*count*/) noexcept override {}
   void FocusChanged(const Control* control) noexcept override {
     Step("focus " + (control == nullptr ? std::string("lost") : std::string(control->name())));
   }
   void TabOrderChanged(int /*first*/, int /*last*/) noexcept override { Step("tab order"); }
-  void ElementLoaded(const Control& /*element*/) noexcept override {}
-  void ElementUnloading(const Control& /*element*/) noexcept override {}
-  void StateReplaced() noexcept override {}
 
   Texts steps;
 

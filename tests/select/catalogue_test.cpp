@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/support/control_test.h"
+#include "tests/support/silent.h"
 
 namespace zolt20::tests {
 namespace {
@@ -89,17 +90,11 @@ TEST_F(CatalogueTest, TheFieldListFillsNoList) {
 }
 
 // A host that looks at the form when a property is reported.
-class LookingHost final : public ControlHost {
+class LookingHost final : public SilentHost {
  public:
-  void eventCancel() override {}
-  void eventDone() override {}
-  void eventSubQuery() override {}
-  void eventCondition() override {}
-  void eventFunction() override {}
   void PropertyChanged(std::string_view /*property*/) override {
     rowsAtReport = control->Form().lsttables.ListCount();
   }
-  void ShowMessage(const Message& /*message*/) override {}
 
   ZOLT20MapControl* control = nullptr;
   int rowsAtReport = -1;

@@ -1,3 +1,4 @@
+#include "tests/support/silent.h"
 #include "tests/support/written_form.h"
 
 namespace zolt20::tests {
@@ -135,19 +136,11 @@ TEST_F(PlainPropertiesTest, ATabCountAboveZeroIndentsTheResultAtEachRead) {
 }
 
 // The boxes with colours, in the order in which they are told.
-class HighlightOrder final : public SurfaceObserver {
+class HighlightOrder final : public SilentObserver {
  public:
   void PropertyChanged(const Control& control, Property property) noexcept override {
     if (property == Property::kHighlight) names.emplace_back(control.name());
   }
-  void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
-  void RowsChanged(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
-  void MarksChanged(const Control& /*list*/, int /*first*/, int /*count*/) noexcept override {}
-  void FocusChanged(const Control* /*control*/) noexcept override {}
-  void TabOrderChanged(int /*first*/, int /*last*/) noexcept override {}
-  void ElementLoaded(const Control& /*element*/) noexcept override {}
-  void ElementUnloading(const Control& /*element*/) noexcept override {}
-  void StateReplaced() noexcept override {}
 
   Texts names;
 };

@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "tests/support/control_test.h"
+#include "tests/support/silent.h"
 
 namespace zolt20::tests {
 namespace {
@@ -285,14 +286,8 @@ TEST_F(ConversationTest, AStoredStatementTakesItsPartsOutsideAnyEvent) {
 // A host may run a second control for a nested statement and hand its text on.
 
 /// A host of a nested control; nothing is asked there.
-class QuietHost final : public ControlHost {
+class QuietHost final : public SilentHost {
  public:
-  void eventCancel() override {}
-  void eventDone() override {}
-  void eventSubQuery() override {}
-  void eventCondition() override {}
-  void eventFunction() override {}
-  void PropertyChanged(std::string_view /*property*/) override {}
   void ShowMessage(const Message& message) override { ADD_FAILURE() << Narrow(message.text); }
 };
 

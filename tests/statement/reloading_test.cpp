@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "tests/support/silent.h"
 #include "tests/support/written_form.h"
 
 namespace zolt20::tests {
@@ -723,13 +724,8 @@ TEST_F(ReloadingTest, BoundExpressionsAreBoundAgainInTheStatement) {
 // What the host sees of the form when it is told.
 
 // A host that looks at the form, or writes to it, while it is told something.
-class LookingHost final : public ControlHost {
+class LookingHost final : public SilentHost {
  public:
-  void eventCancel() override {}
-  void eventDone() override {}
-  void eventSubQuery() override {}
-  void eventCondition() override {}
-  void eventFunction() override {}
   void PropertyChanged(std::string_view property) override {
     if (whenChanged) whenChanged(property);
   }

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "tests/support/control_test.h"
+#include "tests/support/silent.h"
 
 namespace zolt20::tests {
 namespace {
@@ -436,15 +437,9 @@ String TextOf(const Control& box) {
 }
 
 /// A host that looks at a box when a property is reported.
-class LookingHost final : public ControlHost {
+class LookingHost final : public SilentHost {
  public:
-  void eventCancel() override {}
-  void eventDone() override {}
-  void eventSubQuery() override {}
-  void eventCondition() override {}
-  void eventFunction() override {}
   void PropertyChanged(std::string_view property) override { look(property); }
-  void ShowMessage(const Message& /*message*/) override {}
 
   std::function<void(std::string_view)> look;
 };

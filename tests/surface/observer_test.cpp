@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "tests/support/silent.h"
 #include "tests/surface/bare_form.h"
 
 namespace zolt20::tests {
@@ -269,24 +270,16 @@ TEST_F(ObserverTest, TheTabOrderIsToldFromTheOldToTheNewPlace) {
 }
 
 // Looks, at each notice of the tab order, whether the controls know their places already.
-class PlaceReader final : public SurfaceObserver {
+class PlaceReader final : public SilentObserver {
  public:
   explicit PlaceReader(const Surface& surface) : surface_(surface) {}
 
-  void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
-  void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
-  void RowsChanged(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
-  void MarksChanged(const Control& /*list*/, int /*first*/, int /*count*/) noexcept override {}
-  void FocusChanged(const Control* /*control*/) noexcept override {}
   void TabOrderChanged(int first, int last) noexcept override {
     const auto order = surface_.TabOrder();
     for (int place = first; place <= last && place < static_cast<int>(order.size()); ++place)
       EXPECT_EQ(order[static_cast<std::size_t>(place)]->TabIndex(), place);
     ++notices;
   }
-  void ElementLoaded(const Control& /*element*/) noexcept override {}
-  void ElementUnloading(const Control& /*element*/) noexcept override {}
-  void StateReplaced() noexcept override {}
 
   int notices = 0;
 

@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "tests/support/control_test.h"
+#include "tests/support/silent.h"
 
 namespace zolt20::tests {
 namespace {
@@ -11,24 +12,17 @@ namespace {
 const char* const kNoWhereField = "Where Field is not selected";
 
 // Keeps the marks of the order lists and the switching of the button, in order.
-class MarkLog final : public SurfaceObserver {
+class MarkLog final : public SilentObserver {
  public:
   void PropertyChanged(const Control& control, Property property) noexcept override {
     if (property != Property::kEnabled || control.name() != "cmdAddWhereQuery") return;
     steps.emplace_back(control.Enabled() ? "button on" : "button off");
   }
-  void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
-  void RowsChanged(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
   void MarksChanged(const Control& list, int first, int /*count*/) noexcept override {
     const bool marked = dynamic_cast<const ListBox&>(list).Selected(first);
     steps.push_back((list.name() == "lstorderbyasc" ? "asc " : "desc ") + std::to_string(first) +
                     (marked ? " on" : " off"));
   }
-  void FocusChanged(const Control* /*control*/) noexcept override {}
-  void TabOrderChanged(int /*first*/, int /*last*/) noexcept override {}
-  void ElementLoaded(const Control& /*element*/) noexcept override {}
-  void ElementUnloading(const Control& /*element*/) noexcept override {}
-  void StateReplaced() noexcept override {}
 
   Texts steps;
 };
