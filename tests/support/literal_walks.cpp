@@ -4,8 +4,10 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <tuple>
 
 #include "hosts/kit/text_coding.h"
+#include "tests/support/digester.h"
 
 namespace zolt20::tests {
 namespace {
@@ -253,6 +255,10 @@ String ComboLine(const std::string& name, const String& text, unsigned backColor
   return Line(name, u"shows " + text + u" in " + digits(static_cast<int>(backColor)));
 }
 
+String BarLine(int value, int max) {
+  return Line("VscrCase", digits(value) + u" of " + digits(max));
+}
+
 String BoxLine(const std::string& name, const String& text, int caret) {
   return Line(name, digits(caret) + u": " + text);
 }
@@ -293,9 +299,14 @@ FormImage ImageOf(const Surface& form) {
   for (int row = 0; row <= form.TxtExpr.UpperBound().value(); ++row) {
     addBox(Element("TxtExpr", row));
     addBox(Element("txtStmt", row));
+    for (const char* array : {"TxtExpr", "txtStmt"})
+      image.push_back(Line(array, digits(form.Find(Element(array, row))->Top())));
   }
-  for (const char* name : kSyntaxBoxes)
-    image.push_back(BoxLine(name, On<SyntaxTextBox>(form, name).Text(), 0));
+  image.push_back(BarLine(form.VscrCase.Value(), form.VscrCase.Max()));
+  for (const char* name : kSyntaxBoxes) {
+    const auto& box = On<SyntaxTextBox>(form, name);
+    image.push_back(BoxLine(name, box.Text(), 0) + Flag(box.Highlight()));
+  }
   for (const char* name : kButtons)
     image.push_back(Line(name, Flag(form.Find(name)->Enabled())));
   for (const char* name : kParts)
@@ -436,9 +447,12 @@ FormImage LiteralForm::Image() const {
   for (int row = 0; row <= lastCaseRow; ++row) {
     addBox(Element("TxtExpr", row));
     addBox(Element("txtStmt", row));
+    for (const char* array : {"TxtExpr", "txtStmt"})
+      image.push_back(Line(array, digits(rowTops[static_cast<std::size_t>(row)])));
   }
+  image.push_back(BarLine(barValue, barMax));
   for (const char* name : kSyntaxBoxes)
-    image.push_back(BoxLine(name, Text(name), 0));
+    image.push_back(BoxLine(name, Text(name), 0) + Flag(mblnSyntaxHighlight));
   for (const char* name : kButtons)
     image.push_back(Line(name, Flag(enabled.at(name))));
   for (const char* name : kParts)
@@ -449,6 +463,52 @@ FormImage LiteralForm::Image() const {
     image.push_back(Line(name, captions.at(name)));
   image.push_back(Line("tabVrn", digits(tab)));
   return image;
+}
+
+std::size_t LiteralForm::Digest() const {
+  Digester digest;
+  for (const String& line : Image())
+    digest.Add(line);
+  for (const auto& [name, value] : bag)
+    digest.Add(value);
+  for (const auto* array : {&marrTables, &marrFields, &marrResultStatements}) {
+    digest.Add(array->has_value());
+    if (*array) digest.AddAll(**array);
+  }
+  for (const String* text : {&mPrpStrFields,
+                             &mstrActiveBox,
+                             &mstrStatement,
+                             &mstrSelectedFields,
+                             &mstrSelectClause,
+                             &mstrFromClause,
+                             &mstrWhereClause,
+                             &mstrGroupbyClause,
+                             &mstrOrderbyClause,
+                             &mstrAsSetClause,
+                             &mstrSelectDoClause,
+                             &mstrSelectEOSClause,
+                             &mstrSelectEmptyClause,
+                             &mstrSelectErrorClause,
+                             &mstrConditionKind,
+                             &mstrForText,
+                             &mstrIfText,
+                             &mstrWhileText,
+                             &mstrCaseText,
+                             &mstrRepeatMark}) {
+    digest.Add(*text);
+  }
+  digest.AddAll(marrOpenKinds);
+  digest.AddAll(marrRepeatConds);
+  digest.AddAll(marrCaseDefaults);
+  digest.AddAll(marrCaseTabs);
+  for (const int number :
+       {mintStatementCount, mintCurrentStatement, mintTabCount, mintOpenKinds, mintConditionsAdded,
+        mintRepeatConds, mintCaseDefaults, mintCaseLevel, mintCaseRow, mintLastScrollValue}) {
+    digest.Add(number);
+  }
+  for (const bool flag : {mblnAggregateMode, mblnWhereResetting, mblnSelectAdded, mblnKindChosen})
+    digest.Add(flag);
+  return digest.Value();
 }
 
 void LiteralForm::Told(const std::string& what) {
@@ -580,9 +640,25 @@ void LiteralForm::Click(const std::string& button) {
     } else {
       Told("eventDone");
     }
-  } else {
+  } else if (button == "cmdCancel") {
+    Told("eventCancel");
+  } else if (!Request(button)) {
     throw std::invalid_argument("no button " + button);
   }
+}
+
+bool LiteralForm::Request(const std::string& button) {
+  for (const auto& [array, codes, event] : {std::tuple("cmdFunction", u"DEOFC", "eventFunction"),
+                                            std::tuple("cmdCondition", u"DEOF", "eventCondition"),
+                                            std::tuple("cmdSubQuery", u"DEOFC", "eventSubQuery")}) {
+    for (int index = 0; index <= 4; ++index) {
+      if (button != Element(array, index)) continue;
+      if (const String code = mid(codes, index + 1, 1); !code.empty()) bag["prpStrSQLPart"] = code;
+      Told(event);
+      return true;
+    }
+  }
+  return false;
 }
 
 void LiteralForm::ClickRow(const std::string& name, int row) {
@@ -625,6 +701,7 @@ void LiteralForm::Type(const std::string& name, const String& text) {
 }
 
 void LiteralForm::Key(const std::string& name, int code, const std::optional<TextMark>& mark) {
+  Focus(name);
   Box& box = boxes.at(name);
   if (name == "txtAsSet") {
     if ((code < 48 || code > 57) && code != 8) code = 1;
@@ -650,6 +727,10 @@ void LiteralForm::Key(const std::string& name, int code, const std::optional<Tex
 void LiteralForm::Tab(int page) {
   if (page < 0 || page > 6) throw LiteralError{ErrorKind::kValue};
   tab = page;
+}
+
+void LiteralForm::Scroll(int value) {
+  if (value != barValue) MoveBar(value);
 }
 
 // The catalogue.
@@ -1517,6 +1598,15 @@ void LiteralForm::prpSelectErrorPart(const String& value) {
   Changed("prpSelectErrorPart");
 }
 
+String LiteralForm::prpStrSQLPart() const {
+  const auto code = bag.find("prpStrSQLPart");
+  return code == bag.end() ? u"0" : code->second;
+}
+
+void LiteralForm::prpParentorChild(const String& /*value*/) {
+  Changed("prpParentorChild");
+}
+
 // Stored parts.
 
 void LiteralForm::prpTab(int page) {
@@ -1646,7 +1736,24 @@ void LiteralForm::cmdNext_Click() {
   boxes[Element("TxtExpr", r)] = {};
   boxes[Element("txtStmt", r)] = {};
   lastCaseRow = r;
+  rowTops.push_back(rowTops.back() + 680 + 10);
+  if (r > 3) {
+    barMax = r - 3;
+    if (barValue > barMax) MoveBar(barMax);
+    if (barValue + 1 > barMax) throw LiteralError{ErrorKind::kValue};
+    MoveBar(barValue + 1);
+  }
   visible["VscrCase"] = r > 2;
+}
+
+void LiteralForm::MoveBar(int value) {
+  barValue = value;
+  int i = 0;
+  for (; mintLastScrollValue != value && i <= mintCaseRow; ++i)
+    at(rowTops, i) += mintLastScrollValue < value ? -690 : 690;
+  --i;
+  mintLastScrollValue = value;
+  visible["VscrCase"] = (680 + 100) * mintCaseRow > 2880 || at(rowTops, i) < 300;
 }
 
 String LiteralForm::Block(const String& S) {
@@ -1764,6 +1871,7 @@ void LiteralForm::cmdAdd_Click() {
   for (; lastCaseRow > 0; --lastCaseRow) {
     boxes.erase(Element("TxtExpr", lastCaseRow));
     boxes.erase(Element("txtStmt", lastCaseRow));
+    rowTops.pop_back();
   }
   mblnKindChosen = false;
   for (const char* option : kOptions)

@@ -4,9 +4,11 @@
 // it is indexed, batched or kept for later: each handler goes over every row and every record in
 // the order in which the control's handlers are described, however long that takes. It uses nothing
 // of the control's code but the type of its texts. It knows no focus, no tab order and no place on
-// the page; a caller makes only gestures that are not refused, on a form that is visible.
+// the page but that of the case rows; a caller makes only gestures that are not refused, on a form
+// that is visible. A copy goes on from where its original stands.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <optional>
@@ -36,18 +38,19 @@ std::string StampOf(const FormImage& image);
 class LiteralForm {
  public:
   LiteralForm();
-  LiteralForm(const LiteralForm&) = delete;
-  LiteralForm& operator=(const LiteralForm&) = delete;
 
   /// What the host is told, with the stamp of the form at that moment behind it.
   std::function<void(std::string)> tell;
   FormImage Image() const;
+  /// A number that stands for all that the form holds, seen or not.
+  std::size_t Digest() const;
 
   // The host.
   void PrpStrTables(const String& value);
   void PrpStrFields(const String& value);
   void prpSelectPart(const String& value);
   void prpTab(int page);
+  void prpParentorChild(const String& value);
   void prpStroutput(const String& value);
   String prpStroutput();
   void prpSelectFromPart(const String& value);
@@ -59,11 +62,14 @@ class LiteralForm {
   void prpSelectEOSPart(const String& value);
   void prpSelectEmptyPart(const String& value);
   void prpSelectErrorPart(const String& value);
+  String prpStrSQLPart() const;
   void BuildGroupBy();
   void ClearAll(int page);
   String prpstrSelectedFields();
   int prpintTabcount() const { return mintTabCount; }
   void prpintTabcount(int depth) { mintTabCount = depth; }
+  bool Syntax_Highlight() const { return mblnSyntaxHighlight; }
+  void Syntax_Highlight(bool highlight) { mblnSyntaxHighlight = highlight; }
   /// The values of the property bag.
   const std::map<std::string, String>& Persisted() const { return bag; }
 
@@ -75,6 +81,8 @@ class LiteralForm {
   void Type(const std::string& box, const String& text);
   void Key(const std::string& box, int code, const std::optional<TextMark>& mark);
   void Tab(int page);
+  void Focus(const std::string& control);
+  void Scroll(int value);
 
  private:
   enum class Kind { kSingle, kMulti, kCheck, kDropDown, kEditable };
@@ -109,7 +117,6 @@ class LiteralForm {
   void WriteSelected(Rows& list, int i, bool marked);
   void WriteComboIndex(Rows& combo, int i);
   void WriteText(const std::string& box, const String& text);
-  void Focus(const std::string& box);
   void Clicked(Rows& list);
   void Message(const std::string& text);
   void Changed(const std::string& property);
@@ -154,9 +161,13 @@ class LiteralForm {
   void ReadSelectedFields();
   void Insert(const std::string& box, bool isEmpty, const String& S);
 
+  // Requests.
+  bool Request(const std::string& button);
+
   // Conditions.
   void Option(const std::string& option);
   void cmdNext_Click();
+  void MoveBar(int value);
   void cmdAdd_Click();
   String Block(const String& S);
   void Store(String X);
@@ -181,6 +192,9 @@ class LiteralForm {
   std::map<std::string, String> captions;
   int tab = 0;
   int lastCaseRow = 0;  // the upper bound of TxtExpr and txtStmt
+  std::vector<int> rowTops{120};
+  int barValue = 0;
+  int barMax = 0;
 
   std::map<std::string, String> bag;
   std::optional<std::vector<String>> marrTables;
@@ -210,6 +224,8 @@ class LiteralForm {
   std::vector<int> marrCaseTabs;
   int mintCaseLevel = 0;
   int mintCaseRow = 0;
+  int mintLastScrollValue = 0;
+  bool mblnSyntaxHighlight = false;
 };
 
 }  // namespace zolt20::tests
