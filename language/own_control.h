@@ -1,0 +1,65 @@
+// The control on which an opening is tried. It does each step at once and keeps it.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "language/opening.h"
+
+namespace zolt20::reopen {
+
+class OwnControl final : private ControlHost {
+ public:
+  explicit OwnControl(const Catalogue& catalogue);
+
+  const Surface& Form() const { return control_.Form(); }
+  /// The tabs before what was added last.
+  int Depth() const { return control_.prpintTabcount().value(); }
+
+  // Each raises what the step raises. Behind a gesture that is refused nothing is done any more.
+
+  void Write(String Parts::*part, StringView value);
+  void Click(const Control& button);
+  void Click(const Control& list, int row);
+  void Type(const Control& box, StringView text);
+  void Tab(int page);
+
+  bool WasRefused() const { return wasRefused_; }
+  /// What was done since the last call.
+  std::vector<Step> TakeSteps() { return std::exchange(steps_, {}); }
+
+ private:
+  void Do(Step step);
+
+  // GCOVR_EXCL_START: no step clicks what raises these.
+  void eventCancel() override {}
+  void eventDone() override {}
+  void eventSubQuery() override {}
+  void eventCondition() override {}
+  void eventFunction() override {}
+  // GCOVR_EXCL_STOP
+  void PropertyChanged(std::string_view /*property*/) override {}
+  void ShowMessage(const Message& /*message*/) override {}
+
+  ZOLT20MapControl control_{*this};
+  std::vector<Step> steps_;
+  bool wasRefused_ = false;
+};
+
+/// The opening whose steps are done by `fill`, and finished by `finish`, on a control of its own.
+/// It has no steps when one of them fails.
+using Doing = std::function<void(OwnControl& control)>;
+Opening Try(StringView statement, const Catalogue& catalogue, const Doing& fill,
+            const Doing& finish);
+
+/// Opening a select statement, and a control-flow statement; see Open. The text has no line breaks
+/// at its start.
+Opening OpenSelect(StringView statement, const Catalogue& catalogue);
+Opening OpenCondition(StringView statement, const Catalogue& catalogue);
+
+/// Takes the better of two openings: the one with fewer lines that differ.
+void KeepBetter(Opening& best, Opening opening);
+
+}  // namespace zolt20::reopen
