@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <optional>
+#include <unordered_map>
 #include <utility>
+
+#include "language/clauses.h"
 
 namespace zolt20::reopen {
 namespace {
 
-constexpr StringView kEnd = u"endselect";
 constexpr StringView kRows = u" rows ";
 constexpr StringView kMarker = u"*zlt*";
 constexpr StringView kDesc = u"desc";
@@ -17,174 +18,6 @@ constexpr StringView kBlankEnds{u"\r\n\t \0", 5};
 constexpr std::size_t kLongestText = 32767;
 constexpr char16_t kTab = u'\t';
 constexpr char16_t kTabCode = u'\u0001';
-
-enum class Form {
-  kList,       // entries separated by commas, on one line
-  kOrder,      // the same, with " desc" behind some
-  kCondition,  // any text, on several lines
-  kRowLimit,   // a text on one line, " rows " behind it
-  kBlock,      // the keyword alone on its line, then lines one tab in
-};
-
-struct ClauseKind {
-  StringView keyword;
-  Form form;
-  String Parts::*part;
-};
-
-// In the order of a statement.
-constexpr std::array<ClauseKind, 10> kClauses{{
-    {u"select ", Form::kList, &Parts::prpSelectPart},
-    {u"from  ", Form::kList, &Parts::prpSelectFromPart},
-    {u"where ", Form::kCondition, &Parts::prpSelectWherePart},
-    {u"group by  ", Form::kList, &Parts::prpSelectGroupbyPart},
-    {u"order by ", Form::kOrder, &Parts::prpSelectOrderbyPart},
-    {u"as set with ", Form::kRowLimit, &Parts::prpSelectAsSetPart},
-    {u"selectdo", Form::kBlock, &Parts::prpSelectDoPart},
-    {u"selecteos", Form::kBlock, &Parts::prpSelectEOSPart},
-    {u"selectempty", Form::kBlock, &Parts::prpSelectEmptyPart},
-    {u"selecterror", Form::kBlock, &Parts::prpSelectErrorPart},
-}};
-
-// A clause that was found: views of the text.
-struct Clause {
-  const ClauseKind* kind;
-  StringView whole;    // from the keyword on
-  StringView content;  // behind the keyword; in a block behind the tab of its first line
-};
-
-// Why the text can't be split.
-struct Refusal {
-  std::size_t at;  // from 0
-  std::string message;
-};
-
-std::size_t EndOfLine(StringView text, std::size_t at) {
-  return std::min(text.find(kLineBreak, at), text.size());
-}
-
-bool BeginsClause(StringView line, const ClauseKind& kind) {
-  if (!line.starts_with(kind.keyword)) return false;
-  return kind.form != Form::kBlock || line.substr(kind.keyword.size()).starts_with(kLineBreak);
-}
-
-bool BeginsEnd(StringView line) {
-  if (!line.starts_with(kEnd)) return false;
-  line.remove_prefix(kEnd.size());
-  return line.empty() || line.starts_with(kLineBreak);
-}
-
-const ClauseKind* ClauseAt(StringView line) {
-  const auto* const found =
-      std::find_if(kClauses.begin(), kClauses.end(),
-                   [line](const ClauseKind& kind) { return BeginsClause(line, kind); });
-  return found == kClauses.end() ? nullptr : found;
-}
-
-// Finds the clauses of a text, or the place where that fails.
-class Splitter {
- public:
-  explicit Splitter(StringView text) : text_(text) {}
-
-  std::optional<Refusal> Split() {
-    // The control itself writes two line breaks before a statement that it brings back into a
-    // Result that was emptied.
-    while (Line().starts_with(kLineBreak))
-      at_ += kLineBreak.size();
-    if (!BeginsClause(Line(), kClauses[0]))
-      return Refusal{at_, "a statement begins with 'select '"};
-    const ClauseKind* last = nullptr;
-    while (!BeginsEnd(Line())) {
-      const ClauseKind* const kind = ClauseAt(Line());
-      if (kind == nullptr) return Refusal{at_, "neither a clause nor 'endselect' begins here"};
-      if (last != nullptr && kind <= last)
-        return Refusal{at_, "this clause has its place before the one above it"};
-      last = kind;
-      if (auto refusal = TakeClause(*kind)) return refusal;
-      if (at_ == text_.size()) return Refusal{at_, "the statement ends without 'endselect'"};
-      at_ += kLineBreak.size();
-    }
-    at_ += kEnd.size();
-    if (at_ < text_.size()) return Refusal{at_, "text stands behind 'endselect'"};
-    return {};
-  }
-
-  const std::vector<Clause>& Clauses() const { return clauses_; }
-
- private:
-  StringView Line() const { return text_.substr(at_); }
-
-  // Goes on to the line break behind the clause, or to the end of the text.
-  std::optional<Refusal> TakeClause(const ClauseKind& kind) {
-    const std::size_t begin = at_;
-    std::size_t content = at_ + kind.keyword.size();
-    switch (kind.form) {  // GCOVR_EXCL_BR_LINE: there is no form beside these.
-      case Form::kCondition:
-        at_ = content;
-        if (auto refusal = PassCondition()) return refusal;
-        break;
-      case Form::kBlock:
-        content += kLineBreak.size();
-        if (content == text_.size() || text_[content] != kTab)
-          return Refusal{content, "the lines of a block stand one tab in"};
-        at_ = content++;
-        PassBlock();
-        break;
-      case Form::kList:
-      case Form::kOrder:
-      case Form::kRowLimit:
-        at_ = EndOfLine(text_, content);
-        break;
-    }
-    clauses_.push_back(
-        {&kind, text_.substr(begin, at_ - begin), text_.substr(content, at_ - content)});
-    return {};
-  }
-
-  void PassBlock() {
-    at_ = EndOfLine(text_, at_);
-    while (at_ + kLineBreak.size() < text_.size() && text_[at_ + kLineBreak.size()] == kTab)
-      at_ = EndOfLine(text_, at_ + kLineBreak.size());
-  }
-
-  // A condition stands at the margin with all its lines, so it goes on up to a line that begins
-  // what may follow it.
-  std::optional<Refusal> PassCondition() {
-    std::optional<std::size_t> string;
-    std::size_t outerBracket = 0;
-    std::size_t brackets = 0;
-    for (; at_ < text_.size(); ++at_) {
-      const char16_t c = text_[at_];
-      if (c == u'"') {
-        string = string ? std::nullopt : std::optional(at_);
-      } else if (string) {
-        continue;
-      } else if (c == u'(') {
-        if (brackets++ == 0) outerBracket = at_;
-      } else if (c == u')') {
-        if (brackets > 0) --brackets;
-      } else if (c == u'\r' && brackets == 0 && EndsCondition(text_.substr(at_))) {
-        return {};
-      }
-    }
-    if (string) return Refusal{*string, "the string that begins here has no end"};
-    if (brackets > 0) return Refusal{outerBracket, "the bracket that opens here is not closed"};
-    return {};
-  }
-
-  static bool EndsCondition(StringView text) {
-    if (!text.starts_with(kLineBreak)) return false;
-    text.remove_prefix(kLineBreak.size());
-    if (BeginsEnd(text)) return true;
-    const ClauseKind* const kind = ClauseAt(text);
-    return kind != nullptr && kind->part != &Parts::prpSelectPart &&
-           kind->part != &Parts::prpSelectFromPart && kind->part != &Parts::prpSelectWherePart;
-  }
-
-  StringView text_;
-  std::size_t at_ = 0;
-  std::vector<Clause> clauses_;
-};
 
 // The properties take one tab off every line but the first.
 String Indent(StringView text) {
@@ -218,10 +51,9 @@ String Marked(StringView text, String encoded) {
 // Whether prpSelectOrderbyPart finds the field of an entry in the list that the entry means. It
 // takes "desc" anywhere, in any letter case, for the word that says descending.
 bool ComesBackInOrder(StringView entry) {
-  constexpr StringView kDescending = u" desc";
-  if (!entry.ends_with(kDescending)) return FindIgnoringCase(entry, kDesc) == StringView::npos;
-  entry.remove_suffix(kDescending.size());
-  return !Holds(entry, kDesc);
+  const StringView name = NameInOrder(entry);
+  if (name.size() == entry.size()) return FindIgnoringCase(entry, kDesc) == StringView::npos;
+  return !Holds(name, kDesc);
 }
 
 class PartMaker {
@@ -251,7 +83,10 @@ class PartMaker {
     result_.rest = text_;
   }
 
-  Reopened Take() { return std::move(result_); }
+  Reopened Take() {
+    OrderSelectPart();
+    return std::move(result_);
+  }
 
  private:
   void Report(std::size_t at, std::string message) {
@@ -308,6 +143,27 @@ class PartMaker {
     Take(clause, String(clause.content));
   }
 
+  // The select list is sorted anyway, and each field that comes into it puts a row behind those of
+  // the order lists. So where the fields order otherwise than they stand, those that order come
+  // first, as they order.
+  void OrderSelectPart() {
+    String& part = result_.parts.prpSelectPart;
+    if (Holds(part, u":")) return;
+    std::unordered_map<StringView, std::size_t> places;
+    for (const StringView entry : Split(result_.parts.prpSelectOrderbyPart, u","))
+      places.try_emplace(NameInOrder(entry), places.size());
+    std::vector<StringView> fields = Split(part, u",");
+    const auto others = std::stable_partition(
+        fields.begin(), fields.end(), [&](StringView field) { return places.count(field) != 0; });
+    const auto isBefore = [&](StringView a, StringView b) { return places[a] < places[b]; };
+    if (std::is_sorted(fields.begin(), others, isBefore)) return;
+    std::sort(fields.begin(), others, isBefore);
+    String ordered;
+    for (const StringView field : fields)
+      ordered.append(u",").append(field);
+    part = ordered.substr(1);
+  }
+
   void MakeRowLimit(const Clause& clause) {
     if (!clause.content.ends_with(kRows)) {
       LeaveOver(clause, PlaceOf(clause.content) + clause.content.size(),
@@ -354,16 +210,19 @@ class PartMaker {
 
 }  // namespace
 
-Reopened Reopen(StringView statement) {
-  Splitter splitter(statement);
+Reopened MakeParts(StringView statement, const Division& division) {
   PartMaker maker(statement);
-  if (const auto refusal = splitter.Split()) {
-    maker.Refuse(*refusal);
+  if (division.refusal) {
+    maker.Refuse(*division.refusal);
   } else {
-    for (const Clause& clause : splitter.Clauses())
+    for (const Clause& clause : division.clauses)
       maker.Make(clause);
   }
   return maker.Take();
+}
+
+Reopened Reopen(StringView statement) {
+  return MakeParts(statement, Divide(statement));
 }
 
 // The decoding knows "~", the tab's code and the quote's three characters and has no way of sending

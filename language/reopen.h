@@ -21,7 +21,7 @@ namespace zolt20::reopen {
 /// The value of each part property, encoded where the property decodes. "" for a clause that the
 /// statement does not have. Where and block parts are made for boxes that are empty.
 struct Parts {
-  String prpSelectPart;
+  String prpSelectPart;  ///< its fields stand as order by needs them
   String prpSelectFromPart;
   String prpSelectWherePart;
   String prpSelectGroupbyPart;

@@ -1,18 +1,13 @@
 // The tree of texts that the control composed: the recorded ones, whole, cut off anywhere and with
 // words left out, and others from forms filled at random.
-#include <filesystem>
-#include <fstream>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <random>
-#include <sstream>
 
 #include "language/outline.h"
 #include "tests/support/direct_road.h"
-#include "tests/support/example_sessions.h"
+#include "tests/support/example_texts.h"
 #include "tests/support/nesting_test.h"
 #include "tests/support/outline_lines.h"
-#include "tests/support/places.h"
 #include "tests/support/session_maker.h"
 
 namespace zolt20::tests {
@@ -21,27 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 using language::Node;
 using language::NodeKind;
-
-std::string ReadFile(const fs::path& file) {
-  std::ifstream input(file, std::ios::binary);
-  EXPECT_TRUE(input.good()) << file;
-  std::ostringstream text;
-  text << input.rdbuf();
-  return text.str();
-}
-
-// The Results of the recorded sessions and the rules of the composer.
-std::vector<String> ExampleTexts() {
-  const fs::path examples = Examples();
-  std::vector<String> texts;
-  for (const std::string& name : SessionNames(examples / "sessions"))
-    texts.push_back(Wide(ReadFile(examples / "sessions" / (name + ".result.txt"))));
-  const auto rules = nlohmann::json::parse(ReadFile(examples / "rules.json"));
-  for (const auto& rule : rules.at("rules"))
-    texts.push_back(Wide(rule.at("text").get<std::string>()));
-  EXPECT_GT(texts.size(), 8U);
-  return texts;
-}
 
 std::map<NodeKind, int> KindsOf(StringView text) {
   std::map<NodeKind, int> kinds;

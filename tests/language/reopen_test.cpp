@@ -131,6 +131,15 @@ TEST(ReopenTest, BoundExpressionsKeepTheirVariables) {
               {"Select=count ( * ) :var.count,sum ( A.B ) :var.sum.A.B"});
 }
 
+TEST(ReopenTest, FieldsThatOrderOtherwiseThanTheyStandComeFirst) {
+  ExpectWhole("select A,B,C,D\r\norder by D desc,NONE,B\r\nendselect",
+              {"Select=D,B,A,C", "Orderby=D desc,NONE,B"});
+  ExpectWhole("select A,B,C,D\r\norder by B,D desc,A._index1\r\nendselect",
+              {"Select=A,B,C,D", "Orderby=B,D desc,A._index1"});
+  ExpectWhole("select A:var.A,B:var.B\r\norder by B,A\r\nendselect",
+              {"Select=A:var.A,B:var.B", "Orderby=B,A"});
+}
+
 TEST(ReopenTest, ListsAreNotEncoded) {
   ExpectWhole("select A.~\r\nfrom  \"T\r\nendselect", {"Select=A.~", "From=\"T"});
 }
