@@ -1,0 +1,23 @@
+// What a node of the tree does, in a sentence, for people: as a tip in the tree, for screen
+// readers, beside a rule that somebody else wrote.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "language/outline.h"
+#include "language/words.h"
+#include "surface/string.h"
+
+namespace zolt20::language {
+
+/// The sentence for the node at `index` of those that ReadOutline made of the text: "For each
+/// :var.i from 1 to 3:". The sentence of a select statement tells its clauses too, but no blocks. A
+/// head has that of its statement, blank lines have "". Long texts are cut short.
+String Explain(StringView text, const std::vector<Node>& nodes, std::size_t index,
+               const Words& words = Words::English());
+
+/// Whether the sentence of another node tells this one too: clauses, heads, ends, blank lines.
+bool IsToldByAnother(const Node& node);
+
+}  // namespace zolt20::language

@@ -1,0 +1,44 @@
+// The sentences that checks and explanations of the statement language are made of: by the list of
+// words.def, in English or as a host gives them.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <map>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "surface/string.h"
+
+namespace zolt20::language {
+
+enum class Word : std::uint8_t {
+#define ZOLT20_WORD(key, text) key,
+#define ZOLT20_MISTAKE(key, code, severity, text) key,
+#include "language/words.def"
+  kCount,
+};
+
+/// What a sentence is called where a host gives others.
+std::string_view KeyOf(Word word);
+/// All of them, in the order of the list.
+std::vector<Word> AllWords();
+
+class Words {
+ public:
+  /// Those that no host has changed.
+  static const Words& English();
+
+  StringView operator[](Word word) const;
+  void Set(Word word, String text) { given_[word] = std::move(text); }
+
+ private:
+  std::map<Word, String> given_;
+};
+
+/// The sentence with each value instead of its key in braces. A key that has no value stays, and
+/// values are not looked at for keys.
+String Filled(StringView sentence, std::initializer_list<std::pair<StringView, StringView>> values);
+
+}  // namespace zolt20::language
