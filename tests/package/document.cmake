@@ -1,5 +1,5 @@
 # Checks that the pages for hosts show the programs of examples/ as they are. SOURCE is the repository.
-foreach(shown hosts.md:embedding hosts.md:outline qt.md:qt windows.md:windows)
+foreach(shown hosts.md:embedding hosts.md:outline hosts.md:check qt.md:qt windows.md:windows)
   string(REPLACE ":" ";" shown ${shown})
   list(GET shown 0 document)
   list(GET shown 1 example)

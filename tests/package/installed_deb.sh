@@ -21,6 +21,8 @@ build "$examples/embedding" embedding
 cmp "$work/output.txt" "$examples/embedding/expected.txt"
 build "$examples/outline" outline
 "$work/outline/outline" | cmp - "$examples/outline/expected.txt"
+build "$examples/check" check
+"$work/check/check" | cmp - "$examples/check/expected.txt"
 
 build "$examples/qt" qt
 build "$clone/tests/package/driven_qt" driven_qt
