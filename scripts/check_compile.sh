@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 
 qt=$(qmake6 -query QT_INSTALL_HEADERS)
 qt_includes="-isystem $qt"
-for module in QtCore QtGui QtWidgets QtTest QtUiPlugin; do
+for module in QtCore QtGui QtWidgets QtNetwork QtSql QtPrintSupport QtTest QtUiPlugin; do
   qt_includes+=" -isystem $qt/$module"
 done
 # What the build defines for those who use these modules.
