@@ -1,6 +1,7 @@
 #include "hosts/automation/session.h"
 
 #include <algorithm>
+#include <bitset>
 #include <optional>
 #include <stdexcept>
 #include <utility>
@@ -12,13 +13,16 @@
 namespace zolt20::automation {
 namespace {
 
-using Json = hosts::Json;
 using hosts::BadRequest;
+using hosts::FindValue;
 using hosts::FromJsonText;
 using hosts::IsWhole;
+using hosts::Json;
+using hosts::JsonValue;
 using hosts::Needed;
 using hosts::NeededText;
 using hosts::Quoted;
+using hosts::TextOf;
 using hosts::ToJsonText;
 using hosts::WholeNumber;
 
@@ -41,8 +45,8 @@ void AppendMember(std::string& reply, std::string_view key, const Json& value) {
   }
 }
 
-void NeedTrue(const Json& request, const char* key) {
-  if (request.at(key) != true) throw BadRequest(std::string("\"") + key + "\" takes true");
+void NeedTrue(const JsonValue& request, const char* key) {
+  if (!Needed(request, key).IsTrue()) throw BadRequest(std::string("\"") + key + "\" takes true");
 }
 
 bool IsInteger(int number) {
@@ -50,17 +54,17 @@ bool IsInteger(int number) {
 }
 
 // Takes a JSON value as one of the contract's types.
-void TakeValue(const Json& value, ValueType type, HostAction& action) {
+void TakeValue(const JsonValue& value, ValueType type, HostAction& action) {
   const char* expected = nullptr;
   if (type == ValueType::kString) {
-    if (value.is_string()) {
-      action.value = FromJsonText(value.get_ref<const std::string&>());
+    if (value.IsString()) {
+      action.value = FromJsonText(TextOf(value));
       return;
     }
     expected = "a string";
   } else if (type == ValueType::kBoolean) {
-    if (value.is_boolean()) {
-      action.value = value.get<bool>();
+    if (value.IsBool()) {
+      action.value = value.GetBool();
       return;
     }
     expected = "true or false";
@@ -91,55 +95,58 @@ Json Failure(const char* kind, const std::string& description) {
   return {{"kind", kind}, {"number", 0}, {"description", description}};
 }
 
+enum class Verb { kNew, kSet, kGet, kCall, kSave, kUser, kAnswer, kDump };
 constexpr std::array<std::string_view, 8> kVerbs{"new",  "set",  "get",    "call",
                                                  "save", "user", "answer", "dump"};
 
+std::string_view WordOf(Verb verb) {
+  return kVerbs[static_cast<std::size_t>(verb)];
+}
+
 // The one verb of a request.
-std::string_view VerbOf(const Json& request) {
-  if (!request.is_object()) throw BadRequest("a request is a JSON object");
-  const auto& members = request.get_ref<const Json::object_t&>();
-  const auto holds = [&members](std::string_view verb) {
-    return std::any_of(members.begin(), members.end(),
-                       [verb](const auto& member) { return member.first == verb; });
-  };
-  std::string_view verb;
-  for (const std::string_view candidate : kVerbs) {
-    if (!holds(candidate)) continue;
-    if (!verb.empty()) {
-      throw BadRequest("a request has one verb, not \"" + std::string(verb) + "\" and \"" +
-                       std::string(candidate) + "\"");
-    }
-    verb = candidate;
+Verb VerbOf(const JsonValue& request) {
+  if (!request.IsObject()) throw BadRequest("a request is a JSON object");
+  std::bitset<kVerbs.size()> found;
+  for (const auto& member : request.GetObject()) {
+    const auto* const verb = std::find(kVerbs.begin(), kVerbs.end(), TextOf(member.name));
+    if (verb != kVerbs.end()) found.set(static_cast<std::size_t>(verb - kVerbs.begin()));
   }
-  if (verb.empty()) throw BadRequest("the request has no verb");
-  return verb;
+  std::optional<Verb> one;
+  for (std::size_t i = 0; i < kVerbs.size(); ++i) {
+    if (!found.test(i)) continue;
+    if (one.has_value()) {
+      throw BadRequest("a request has one verb, not \"" + std::string(WordOf(*one)) + "\" and \"" +
+                       std::string(kVerbs[i]) + "\"");
+    }
+    one = static_cast<Verb>(i);
+  }
+  if (!one.has_value()) throw BadRequest("the request has no verb");
+  return *one;
 }
 
 // A set, get or call request, checked for its shape.
-HostAction ReadAction(const Json& request, std::string_view verb) {
-  const std::string& name = NeededText(request, verb);
+HostAction ReadAction(const JsonValue& request, Verb verb) {
+  const std::string name(NeededText(request, WordOf(verb)));
   const Member* member = FindMember(name);
   if (member == nullptr) throw BadRequest("the control has no member " + Quoted(name));
   HostAction action{HostAction::Verb::kGet, member, {}};
-  if (verb == "set") {
+  if (verb == Verb::kSet) {
     if (member->let == nullptr) throw BadRequest(name + " can't be written");
     action.verb = HostAction::Verb::kSet;
     TakeValue(Needed(request, "value"), member->type, action);
-  } else if (verb == "get") {
+  } else if (verb == Verb::kGet) {
     if (member->get == nullptr) throw BadRequest(name + " can't be read");
   } else {
     if (!member->IsMethod()) throw BadRequest(name + " is no method");
     action.verb = HostAction::Verb::kCall;
     const std::size_t expected = member->type == ValueType::kNone ? 0 : 1;
-    const auto arguments = request.find("args");
-    if (arguments != request.end() && !arguments->is_array()) {
-      throw BadRequest("\"args\" is no array");
-    }
-    const std::size_t given = arguments == request.end() ? 0 : arguments->size();
+    const JsonValue* arguments = FindValue(request, "args");
+    if (arguments != nullptr && !arguments->IsArray()) throw BadRequest("\"args\" is no array");
+    const std::size_t given = arguments == nullptr ? 0 : arguments->Size();
     if (given != expected) {
       throw BadRequest(name + " takes " + std::to_string(expected) + " arguments");
     }
-    if (expected == 1) TakeValue(arguments->at(0), member->type, action);
+    if (expected == 1) TakeValue((*arguments)[0], member->type, action);
   }
   return action;
 }
@@ -165,13 +172,13 @@ int DepthOf(std::string_view line) {
   return deepest;
 }
 
-Json Parse(std::string_view line) {
+const JsonValue& Parse(std::string_view line, hosts::JsonReader& reader) {
   constexpr int kMostDepth = 256;
   if (line.size() > kMostDepth && DepthOf(line) > kMostDepth)
     throw BadRequest("the line is nested too deep");
   try {
-    if (!hosts::NeedsStandIns(line)) return Json::parse(line);
-    return Json::parse(hosts::PutStandIns(line));
+    if (!hosts::NeedsStandIns(line)) return reader.Read(line);
+    return reader.Read(hosts::PutStandIns(line));
   } catch (const Json::exception& error) {
     throw BadRequest(error.what());
   }
@@ -180,29 +187,28 @@ Json Parse(std::string_view line) {
 // The bag of a `new` request, checked for its types before anything is made.
 class JsonBag final : public PropertyBag {
  public:
-  explicit JsonBag(const Json& values) : values_(values) {
+  explicit JsonBag(const JsonValue& values) : values_(values) {
     for (const BagEntry& entry : BagEntries()) {
-      const auto found = values_.find(entry.readKey);
-      if (found == values_.end()) continue;
-      const bool fits = entry.type == ValueType::kString ? found->is_string() : IsWhole(*found);
+      const JsonValue* found = FindValue(values_, entry.readKey);
+      if (found == nullptr) continue;
+      const bool fits = entry.type == ValueType::kString ? found->IsString() : IsWhole(*found);
       if (!fits) throw BadRequest("the bag has a wrong type for " + std::string(entry.readKey));
     }
   }
 
   String ReadString(std::string_view key, StringView defaultValue) override {
-    const auto found = values_.find(key);
-    if (found == values_.end()) return String(defaultValue);
-    return FromJsonText(found->get_ref<const std::string&>());
+    const JsonValue* found = FindValue(values_, key);
+    return found == nullptr ? String(defaultValue) : FromJsonText(TextOf(*found));
   }
   Integer ReadInteger(std::string_view key, Integer defaultValue) override {
-    const auto found = values_.find(key);
-    return found == values_.end() ? defaultValue : Integer(WholeNumber(*found));
+    const JsonValue* found = FindValue(values_, key);
+    return found == nullptr ? defaultValue : Integer(WholeNumber(*found));
   }
   void WriteString(std::string_view, StringView) override {}
   void WriteInteger(std::string_view, Integer) override {}
 
  private:
-  const Json& values_;
+  const JsonValue& values_;
 };
 
 // The bag of a `save` request.
@@ -224,7 +230,7 @@ class WrittenBag final : public PropertyBag {
 
 }  // namespace
 
-Session::Session() : log_(Json::array()) {
+Session::Session() {
   MakeNew(FormVisible::kYes);
   control_->UserControl_InitProperties();
 }
@@ -234,6 +240,10 @@ bool Session::IsSkipped(std::string_view line) {
 }
 
 std::string Session::Reply(std::string_view line) {
+  constexpr std::string_view kDone = R"("ok":true)";
+  constexpr std::string_view kDoneBehindId = R"(,"ok":true)";
+  constexpr std::string_view kLog = R"(,"log":[)";
+  constexpr std::string_view kEnd = "]}";
   log_.clear();
   constexpr std::size_t kMostOfThem = 256;
   std::string reply;
@@ -246,14 +256,14 @@ std::string Session::Reply(std::string_view line) {
     AppendMember(reply, key, reason);
   };
   try {
-    const Json request = Parse(line);
-    if (request.is_object()) {
-      const auto id = request.find(std::string_view("id"));
-      if (id != request.end()) AppendMember(reply, "id", *id);
+    const JsonValue& request = Parse(line, reader_);
+    if (request.IsObject()) {
+      const JsonValue* id = FindValue(request, "id");
+      if (id != nullptr) AppendMember(reply, "id", hosts::ToJson(*id));
     }
     outcome = reply.size();
     const std::optional<Json> value = CarryOut(request);
-    reply += outcome == 1 ? "\"ok\":true" : ",\"ok\":true";
+    reply += outcome == 1 ? kDone : kDoneBehindId;
     if (value.has_value()) AppendMember(reply, "value", *value);
   } catch (const BadRequest& error) {
     fail("error", Failure("request", error.what()));
@@ -264,29 +274,36 @@ std::string Session::Reply(std::string_view line) {
   } catch (const std::exception& error) {
     fail("error", Failure("failure", error.what()));
   }
-  AppendMember(reply, "log", log_);
-  reply += '}';
+  reply += kLog;
+  reply += log_;
+  reply += kEnd;
   return hosts::TakeStandIns(std::move(reply));
 }
 
-std::optional<Session::Json> Session::CarryOut(const Json& request) {
-  const std::string_view verb = VerbOf(request);
-  if (verb == "new") {
-    MakeNew(request["new"]);
-  } else if (verb == "save") {
-    NeedTrue(request, "save");
-    return WriteBag();
-  } else if (verb == "dump") {
-    NeedTrue(request, "dump");
-    return Dump(control_->Form());
-  } else if (verb == "answer") {
-    KeepAnswer(request);
-  } else if (verb == "user") {
-    MakeGesture(request);
-  } else {
-    const HostAction action = ReadAction(request, verb);
-    const Variant value = Run(action);
-    if (action.verb != HostAction::Verb::kSet) return ToJson(value);
+std::optional<Json> Session::CarryOut(const JsonValue& request) {
+  const Verb verb = VerbOf(request);
+  switch (verb) {
+    case Verb::kNew:
+      MakeNew(Needed(request, WordOf(verb)));
+      break;
+    case Verb::kSave:
+      NeedTrue(request, "save");
+      return WriteBag();
+    case Verb::kDump:
+      NeedTrue(request, "dump");
+      return Dump(control_->Form());
+    case Verb::kAnswer:
+      KeepAnswer(request);
+      break;
+    case Verb::kUser:
+      MakeGesture(request);
+      break;
+    case Verb::kSet:
+    case Verb::kGet:
+    case Verb::kCall: {
+      const Variant value = Run(ReadAction(request, verb));
+      if (verb != Verb::kSet) return ToJson(value);
+    }
   }
   return std::nullopt;
 }
@@ -310,20 +327,20 @@ void Session::MakeNew(FormVisible visible) {
   control_ = std::make_unique<ZOLT20MapControl>(host, visible);
 }
 
-void Session::MakeNew(const Json& settings) {
-  if (!settings.is_object()) throw BadRequest("\"new\" takes an object");
+void Session::MakeNew(const JsonValue& settings) {
+  if (!settings.IsObject()) throw BadRequest("\"new\" takes an object");
   FormVisible visible = FormVisible::kYes;
-  if (const auto found = settings.find("visible"); found != settings.end()) {
-    if (!found->is_boolean()) throw BadRequest("\"visible\" is true or false");
-    if (!found->get<bool>()) visible = FormVisible::kNo;
+  if (const JsonValue* found = FindValue(settings, "visible"); found != nullptr) {
+    if (!found->IsBool()) throw BadRequest("\"visible\" is true or false");
+    if (!found->GetBool()) visible = FormVisible::kNo;
   }
-  const auto values = settings.find("bag");
-  if (values == settings.end()) {
+  const JsonValue* values = FindValue(settings, "bag");
+  if (values == nullptr) {
     MakeNew(visible);
     control_->UserControl_InitProperties();
     return;
   }
-  if (!values->is_object()) throw BadRequest("\"bag\" takes an object");
+  if (!values->IsObject()) throw BadRequest("\"bag\" takes an object");
   JsonBag bag(*values);
   MakeNew(visible);
   control_->UserControl_ReadProperties(bag);
@@ -335,17 +352,17 @@ Json Session::WriteBag() const {
   return std::move(bag.values);
 }
 
-void Session::KeepAnswer(const Json& request) {
-  const std::string& name = NeededText(request, "answer");
+void Session::KeepAnswer(const JsonValue& request) {
+  const std::string_view name = NeededText(request, "answer");
   const auto event = std::find_if(Events().begin(), Events().end(),
                                   [&](const Event& candidate) { return candidate.name == name; });
   if (event == Events().end()) throw BadRequest("the control has no event " + Quoted(name));
-  const Json& with = Needed(request, "with");
-  if (!with.is_array()) throw BadRequest("\"with\" is no array");
+  const JsonValue& with = Needed(request, "with");
+  if (!with.IsArray()) throw BadRequest("\"with\" is no array");
   std::vector<HostAction> actions;
-  for (const Json& action : with) {
-    const std::string_view verb = VerbOf(action);
-    if (verb != "set" && verb != "get" && verb != "call") {
+  for (const JsonValue& action : with.GetArray()) {
+    const Verb verb = VerbOf(action);
+    if (verb != Verb::kSet && verb != Verb::kGet && verb != Verb::kCall) {
       throw BadRequest("an answer is made of set, get and call requests");
     }
     actions.push_back(ReadAction(action, verb));
@@ -354,7 +371,7 @@ void Session::KeepAnswer(const Json& request) {
 }
 
 void Session::RaiseEvent(std::size_t event) {
-  log_.push_back({{"event", Events()[event].name}});
+  LogName("event", Events()[event].name);
   for (const HostAction& action : answers_[event]) {
     Json entry = {{"answered", action.member->name}};
     try {
@@ -363,37 +380,50 @@ void Session::RaiseEvent(std::size_t event) {
     } catch (const RuntimeError& error) {
       entry["error"] = ToJson(error);
     }
-    const bool failed = entry.contains("error");
-    log_.push_back(std::move(entry));
-    if (failed) return;
+    Log(entry);
+    if (entry.contains("error")) return;
   }
 }
 
 void Session::PropertyChanged(std::string_view property) {
-  log_.push_back({{"changed", property}});
+  LogName("changed", property);
 }
 
 void Session::ShowMessage(const Message& message) {
-  log_.push_back({{"message", ToJsonText(message.text)},
-                  {"title", ToJsonText(message.title)},
-                  {"icon", "critical"},
-                  {"buttons", "ok"}});
+  Log({{"message", ToJsonText(message.text)},
+       {"title", ToJsonText(message.title)},
+       {"icon", "critical"},
+       {"buttons", "ok"}});
 }
 
-void Session::MakeGesture(const Json& request) {
+void Session::Log(const Json& entry) {
+  if (!log_.empty()) log_ += ',';
+  log_ += entry.dump();
+}
+
+// Names of the contract hold nothing that JSON writes in another way.
+void Session::LogName(std::string_view key, std::string_view name) {
+  log_ += log_.empty() ? "{\"" : ",{\"";
+  log_ += key;
+  log_ += "\":\"";
+  log_ += name;
+  log_ += "\"}";
+}
+
+void Session::MakeGesture(const JsonValue& request) {
   const UserGesture gesture = hosts::ReadGesture(request, control_->Form());
-  const std::string name(gesture.control->name());
+  const auto named = [&gesture] { return std::string(gesture.control->name()); };
   switch (control_->User(gesture)) {
     case Outcome::kDone:
       return;
     case Outcome::kNotShown:
-      throw Refused(name + " is not shown");
+      throw Refused(named() + " is not shown");
     case Outcome::kNotEnabled:
-      throw Refused(name + " is disabled");
+      throw Refused(named() + " is disabled");
     case Outcome::kOutside:
-      throw Refused(name + " does not go that far");
+      throw Refused(named() + " does not go that far");
     case Outcome::kNoSuchRow:
-      throw BadRequest(name + " has no row " + Quoted(request["row"]));
+      throw BadRequest(named() + " has no row " + hosts::ToJson(Needed(request, "row")).dump());
     case Outcome::kNoSuchMark:
     case Outcome::kNotOffered:
       throw std::logic_error("a gesture that was read is offered");

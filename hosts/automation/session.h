@@ -8,12 +8,12 @@
 
 #include <array>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "hosts/kit/json_reader.h"
 #include "shell/contract.h"
 #include "shell/control.h"
 
@@ -45,8 +45,6 @@ class Session final : private ControlHost {
   ZOLT20MapControl& Control() { return *control_; }
 
  private:
-  using Json = nlohmann::ordered_json;
-
   void eventCancel() override { RaiseEvent(0); }
   void eventDone() override { RaiseEvent(1); }
   void eventSubQuery() override { RaiseEvent(2); }
@@ -59,16 +57,20 @@ class Session final : private ControlHost {
   Variant Run(const HostAction& action);
 
   // The value of the reply, when the request gives one.
-  std::optional<Json> CarryOut(const Json& request);
-  void MakeNew(const Json& settings);
+  std::optional<hosts::Json> CarryOut(const hosts::JsonValue& request);
+  void MakeNew(const hosts::JsonValue& settings);
   void MakeNew(FormVisible visible);
-  Json WriteBag() const;
-  void KeepAnswer(const Json& request);
-  void MakeGesture(const Json& request);
+  hosts::Json WriteBag() const;
+  void KeepAnswer(const hosts::JsonValue& request);
+  void MakeGesture(const hosts::JsonValue& request);
+
+  void Log(const hosts::Json& entry);
+  void LogName(std::string_view key, std::string_view name);
 
   std::unique_ptr<ZOLT20MapControl> control_;
   std::array<std::vector<HostAction>, 5> answers_;  // by event, in the order of Events()
-  Json log_;
+  hosts::JsonReader reader_;
+  std::string log_;  // the entries, with commas between them
 };
 
 }  // namespace zolt20::automation

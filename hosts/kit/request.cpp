@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <limits>
 #include <optional>
 
@@ -12,7 +11,7 @@ namespace zolt20::hosts {
 namespace {
 
 // The gesture of that word which the control has, or else the first one of that word.
-const GestureDesign& DesignOf(const std::string& word, const Control* control) {
+const GestureDesign& DesignOf(std::string_view word, const Control* control) {
   const GestureDesign* found = nullptr;
   for (const GestureDesign& design : kGestures) {
     if (design.word != word) continue;
@@ -24,9 +23,9 @@ const GestureDesign& DesignOf(const std::string& word, const Control* control) {
 }
 
 // The marked characters, or the caret, of a key.
-std::optional<TextMark> MarkOf(const Json& request) {
-  const bool isMarked = request.contains("to");
-  if (!request.contains("from")) {
+std::optional<TextMark> MarkOf(const JsonValue& request) {
+  const bool isMarked = FindValue(request, "to") != nullptr;
+  if (FindValue(request, "from") == nullptr) {
     if (isMarked) throw BadRequest(R"(a mark that has "to" has "from")");
     return std::nullopt;
   }
@@ -40,52 +39,44 @@ bool LiesWithin(const TextMark& mark, const String& text) {
 
 }  // namespace
 
-std::string Quoted(const Json& value) {
-  return value.dump();
+std::string Quoted(std::string_view text) {
+  return Json(text).dump();
 }
 
-const Json& Needed(const Json& request, std::string_view key) {
-  const auto found = request.find(key);
-  if (found == request.end()) throw BadRequest("the request has no \"" + std::string(key) + "\"");
+const JsonValue& Needed(const JsonValue& request, std::string_view key) {
+  const JsonValue* found = FindValue(request, key);
+  if (found == nullptr) throw BadRequest("the request has no \"" + std::string(key) + "\"");
   return *found;
 }
 
-const std::string& NeededText(const Json& request, std::string_view key) {
-  const Json& value = Needed(request, key);
-  if (!value.is_string()) throw BadRequest("\"" + std::string(key) + "\" is no string");
-  return value.get_ref<const std::string&>();
+std::string_view NeededText(const JsonValue& request, std::string_view key) {
+  const JsonValue& value = Needed(request, key);
+  if (!value.IsString()) throw BadRequest("\"" + std::string(key) + "\" is no string");
+  return TextOf(value);
 }
 
-int NeededWhole(const Json& request, std::string_view key) {
-  const Json& value = Needed(request, key);
+int NeededWhole(const JsonValue& request, std::string_view key) {
+  const JsonValue& value = Needed(request, key);
   if (!IsWhole(value)) throw BadRequest("\"" + std::string(key) + "\" is no whole number");
   return WholeNumber(value);
 }
 
-bool IsWhole(const Json& value) {
-  if (value.is_number_integer()) return true;
-  if (!value.is_number_float()) return false;
-  const double number = value.get<double>();
+bool IsWhole(const JsonValue& value) {
+  if (!value.IsNumber()) return false;
+  if (!value.IsDouble()) return true;
+  const double number = value.GetDouble();
   return std::isfinite(number) && std::trunc(number) == number;
 }
 
-int WholeNumber(const Json& value) {
-  constexpr int kLeast = std::numeric_limits<int>::min();
-  constexpr int kGreatest = std::numeric_limits<int>::max();
-  if (value.is_number_float()) {
-    const double number = value.get<double>();
-    return static_cast<int>(
-        std::clamp(number, static_cast<double>(kLeast), static_cast<double>(kGreatest)));
-  }
-  if (value.is_number_unsigned()) {
-    return static_cast<int>(
-        std::min(value.get<std::uint64_t>(), static_cast<std::uint64_t>(kGreatest)));
-  }
-  return static_cast<int>(std::clamp<std::int64_t>(value.get<std::int64_t>(), kLeast, kGreatest));
+int WholeNumber(const JsonValue& value) {
+  if (value.IsInt()) return value.GetInt();
+  constexpr auto kLeast = static_cast<double>(std::numeric_limits<int>::min());
+  constexpr auto kGreatest = static_cast<double>(std::numeric_limits<int>::max());
+  return static_cast<int>(std::clamp(value.GetDouble(), kLeast, kGreatest));
 }
 
-UserGesture ReadGesture(const Json& request, const Surface& form) {
-  const std::string& word = NeededText(request, "user");
+UserGesture ReadGesture(const JsonValue& request, const Surface& form) {
+  const std::string_view word = NeededText(request, "user");
   const bool isTab = word == zolt20::DesignOf(Gesture::kTab).word;
   const std::string name(isTab ? form.tabVrn.name() : NeededText(request, "control"));
   const Control* control = form.Find(name);
@@ -101,7 +92,7 @@ UserGesture ReadGesture(const Json& request, const Surface& form) {
 
   if (control == nullptr) throw BadRequest("the form has no control " + Quoted(name));
   if (!Surface::Offers(*control, made.gesture)) {
-    throw BadRequest(name + " can't be made to " + word);
+    throw BadRequest(name + " can't be made to " + std::string(word));
   }
   if (made.mark && !LiesWithin(*made.mark, static_cast<const TextBox*>(control)->Text()))
     throw BadRequest(name + " has no such mark");
