@@ -108,6 +108,11 @@ Table ReadTable(const Json& json, const std::string& where) {
   return result;
 }
 
+// A text that need not be there.
+String OptionalText(const Json& object, const char* key, const std::string& where) {
+  return object.contains(key) ? FromJsonText(NeededText(object, key, where)) : String();
+}
+
 Function ReadFunction(const Json& json, const std::string& where) {
   const std::string& name = NeededName(json, "name", where);
   const std::string function = "function " + name;
@@ -117,6 +122,8 @@ Function ReadFunction(const Json& json, const std::string& where) {
     if (!argument.is_string()) Complain(function, "has an argument that is no string");
     result.arguments.push_back(FromJsonText(argument.get_ref<const std::string&>()));
   }
+  result.kind = OptionalText(json, "kind", function);
+  result.text = OptionalText(json, "text", function);
   return result;
 }
 

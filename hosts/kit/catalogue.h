@@ -1,5 +1,5 @@
-// A catalogue of tables, fields and functions, read from JSON, and the two lists that a control
-// takes it in.
+// A catalogue of tables, fields and functions, read from JSON and written as JSON, and the two
+// lists that a control takes it in.
 //
 // The format is told in examples/README.md. What has been read is sound: every code has 8
 // characters and stands once, every field stands once in its table, and no text that goes into a
@@ -39,7 +39,10 @@ struct Table {
 
 struct Function {
   String name;
+  /// Their names; one that may be left out of a call stands in brackets: "[digits]".
   std::vector<String> arguments;
+  String kind;  ///< for people, such as "aggregate"; "" for none
+  String text;  ///< what the function gives, for people; "" for none
 };
 
 struct Catalogue {
@@ -53,6 +56,13 @@ struct Catalogue {
 Catalogue ReadCatalogue(std::istream& input);
 /// The same from a file.
 Catalogue ReadCatalogue(const std::filesystem::path& file);
+
+/// The catalogue as JSON in UTF-8, which ReadCatalogue reads back the same.
+std::string WriteCatalogue(const Catalogue& catalogue);
+/// A catalogue in JSON with other functions; whatever else stands in it stays, keys that the format
+/// does not have too. Throws CatalogueError when the text or one of the functions is no
+/// catalogue's.
+std::string WithFunctions(const std::string& json, const std::vector<Function>& functions);
 
 /// Why a text can't go into one of the two lists below: "holds a comma", or that it holds the
 /// separator of a record or makes one with what follows; "" when it can.

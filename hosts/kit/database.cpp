@@ -2,11 +2,8 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <memory>
 #include <set>
 #include <stdexcept>
@@ -14,8 +11,11 @@
 #include <system_error>
 #include <utility>
 
+#include "hosts/kit/found_tables.h"
+#include "hosts/kit/functions.h"
 #include "hosts/kit/table_codes.h"
 #include "hosts/kit/text_coding.h"
+#include "hosts/kit/type_words.h"
 
 namespace zolt20::catalogue {
 namespace {
@@ -180,12 +180,6 @@ Connection Open(const fs::path& file) {
   return options.empty() ? std::move(connection) : Connect(real, options);
 }
 
-// A text of the database in 16-bit characters.
-struct StoredText {
-  String text;
-  bool isExact = false;  // whether it is that text to the letter; bytes that are no UTF-8 are lost
-};
-
 class Statement {
  public:
   Statement(const Connection& connection, const char* sql) : database_(connection.get()) {
@@ -228,59 +222,6 @@ class Statement {
   sqlite3* database_;
   std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> statement_{nullptr, sqlite3_finalize};
 };
-
-// ---- columns
-
-// Ordered as the rules of affinity are, behind those for dates.
-struct TypeRule {
-  StringView part;  // of the declared type, in lower case
-  StringView word;
-};
-
-constexpr auto kTypeRules = std::to_array<TypeRule>({
-    {u"date", u"date"},
-    {u"time", u"date"},
-    {u"int", u"long"},
-    {u"char", u"char"},
-    {u"clob", u"char"},
-    {u"text", u"char"},
-    {u"blob", u"blob"},
-    {u"real", u"double"},
-    {u"floa", u"double"},
-    {u"doub", u"double"},
-});
-
-StringView TypeWord(StringView declared) {
-  if (declared.empty()) return u"blob";
-  const auto* rule = std::ranges::find_if(kTypeRules, [declared](const TypeRule& each) {
-    return FindIgnoringCase(declared, each.part) != StringView::npos;
-  });
-  return rule == std::end(kTypeRules) ? u"decimal" : rule->word;
-}
-
-// Why a table or column can't be told by its name, "" when it can.
-std::string WhyNoName(const StoredText& name) {
-  if (name.text.empty()) return "it has no name";
-  if (!name.isExact) return "its name is no valid text";
-  return {};
-}
-
-std::string WhyNoColumn(const StoredText& name) {
-  std::string reason = WhyNoName(name);
-  if (!reason.empty()) return reason;
-  const std::string notListed = WhyNotListed(name.text);
-  return notListed.empty() ? std::string() : "its name " + notListed;
-}
-
-// The declared type as the text of a field, in which a comma can't stand.
-String DeclaredText(const StoredText& declared, const std::string& column,
-                    std::vector<std::string>& leftOut) {
-  String text = Replace(declared.text, u",", u".");
-  const std::string reason = declared.isExact ? WhyNotListed(text) : "is no valid text";
-  if (reason.empty()) return text;
-  leftOut.push_back(column + " comes without its declared type, which " + reason);
-  return {};
-}
 
 // ---- tables
 
@@ -330,51 +271,24 @@ class TableReader {
     // Bound before they are read as text, which turns the name into 16-bit characters.
     columns_.Start(tables_, 0);
     indexCount_.Start(tables_, 0);
-    const StoredText name = tables_.Text(0);
-    if (shadows_.contains(name.text)) return;
-    std::string reason = WhyNoName(name);
-    if (reason.empty()) reason = ReadNamed(name.text);
-    if (reason.empty()) return;
-    const std::string kind = Utf8(tables_.Text(1).text);
-    result_.leftOut.push_back(kind + " " + Utf8(name.text) + " is left out: " + reason);
-  }
-
-  // Returns why the table is left out, "" when it is not.
-  std::string ReadNamed(const String& name) {
-    Table table;
-    table.name = name;
+    FoundTable table;
+    table.name = tables_.Text(0);
+    table.kind = Utf8(tables_.Text(1).text);
+    if (shadows_.contains(table.name.text)) return;
     try {
-      ReadColumns(table);
+      while (columns_.Step()) {
+        StoredText declared = columns_.Text(1);
+        const StringView word = TypeWordByAffinity(declared.text);
+        table.columns.push_back({columns_.Text(0), std::move(declared), word});
+      }
       indexCount_.Step();
-      table.indexes = std::min<std::int64_t>(indexCount_.Number(0), Integer::kGreatest);
+      table.indexes = indexCount_.Number(0);
     } catch (const Failure& failure) {
       // A view of a table that is gone, a module that is not there: the rest can still be read.
       if (failure.Code() != SQLITE_ERROR) throw;
-      return failure.what();
+      table.unreadable = failure.what();
     }
-    if (table.fields.empty()) return "no column of it is left";
-    result_.catalogue.tables.push_back(std::move(table));
-    return {};
-  }
-
-  void ReadColumns(Table& table) {
-    while (columns_.Step()) {
-      const StoredText name = columns_.Text(0);
-      std::string column = "column ";
-      column.append(Utf8(table.name)).append(".").append(Utf8(name.text));
-      const std::string reason = WhyNoColumn(name);
-      if (!reason.empty()) {
-        result_.leftOut.push_back(column.append(" is left out: ").append(reason));
-        continue;
-      }
-      const StoredText declared = columns_.Text(1);
-      Field field;
-      field.name = name.text;
-      field.type = TypeWord(declared.text);
-      field.flagged = field.type == u"date";
-      field.text = DeclaredText(declared, column, result_.leftOut);
-      table.fields.push_back(std::move(field));
-    }
+    AddTable(result_, table);
   }
 
   Statement tables_;
@@ -402,11 +316,7 @@ DatabaseCatalogue ReadDatabase(const fs::path& file) {
     const Connection connection = Open(file);
     DatabaseCatalogue result;
     result.catalogue.name = hosts::FromJsonText(PathText(file.stem()));
-    result.catalogue.functions = {{u"count", {u"value"}},
-                                  {u"sum", {u"number"}},
-                                  {u"avg", {u"number"}},
-                                  {u"min", {u"value"}},
-                                  {u"max", {u"value"}}};
+    result.catalogue.functions = SqliteFunctions();
     Statement(connection, "begin").Step();  // so that all is read of one state
     TableReader(connection, result).ReadAll();
     GiveCodes(result.catalogue.tables);

@@ -20,7 +20,7 @@ struct DatabaseCatalogue {
   /// each with the whole of its name. A field's type word is "date" when its declared type says
   /// DATE or TIME, otherwise "long", "char", "blob", "double" or "decimal" by its affinity; dates
   /// alone are flagged. Its text is the declared type, with "." for each comma. The functions are
-  /// the aggregates.
+  /// SqliteFunctions.
   Catalogue catalogue;
   /// A line in UTF-8 for each thing that was left out or changed, with the reason, in the
   /// database's order.

@@ -103,6 +103,18 @@ TEST(CatalogueFileTest, FunctionsKeepTheirArguments) {
   EXPECT_EQ(small.functions[1].arguments, (std::vector<String>{u"text", u"start", u"length"}));
 }
 
+TEST(CatalogueFileTest, AFunctionMayHaveAKindAndAText) {
+  const Catalogue result = Read(
+      R"({"name": "", "tables": [], "functions": [
+          {"name": "a", "arguments": [], "kind": "date", "text": "Now."},
+          {"name": "b", "arguments": []}]})");
+  ASSERT_EQ(result.functions.size(), 2U);
+  EXPECT_EQ(result.functions[0].kind, u"date");
+  EXPECT_EQ(result.functions[0].text, u"Now.");
+  EXPECT_EQ(result.functions[1].kind, u"");
+  EXPECT_EQ(result.functions[1].text, u"");
+}
+
 TEST(CatalogueFileTest, TheTableListHasCodesWithIndexCounts) {
   EXPECT_EQ(Narrow(TableList(Read(kSmall))), "CUSTOMER2,ORDRLINE0");
 }
@@ -274,6 +286,82 @@ TEST(CatalogueFileTest, AFolderIsComplainedOf) {
 }
 
 // The example catalogue, and that a control takes it.
+// ---- written
+
+std::string Written(const Catalogue& catalogue) {
+  return WriteCatalogue(catalogue);
+}
+
+TEST(WrittenCatalogueTest, WhatFitsALineStandsInOne) {
+  Catalogue some{u"Some", {}, {}};
+  Table table{u"ITEM____", u"ITEM", 2, {}};
+  table.fields.push_back({u"I_ID", u"long", false, u"integer"});
+  table.fields.push_back({u"I_MADE", u"date", true, u"timestamp with time zone"});
+  some.tables.push_back(table);
+  some.functions.push_back({u"now", {}, u"date", u"The time."});
+  some.functions.push_back({u"abs", {u"number"}, {}, {}});
+  EXPECT_EQ(Written(some), R"({
+  "name": "Some",
+  "tables": [
+    {
+      "code": "ITEM____",
+      "name": "ITEM",
+      "indexes": 2,
+      "fields": [
+        {"name": "I_ID", "type": "long", "flagged": false, "text": "integer"},
+        {"name": "I_MADE", "type": "date", "flagged": true, "text": "timestamp with time zone"}
+      ]
+    }
+  ],
+  "functions": [
+    {"name": "now", "arguments": [], "kind": "date", "text": "The time."},
+    {"name": "abs", "arguments": ["number"]}
+  ]
+}
+)");
+}
+
+TEST(WrittenCatalogueTest, ComesBackTheSame) {
+  Catalogue some{u"H\u00E9 \"\\\xD800 \U0010FFFF", {}, {}};
+  some.tables.push_back({u"A_______", u"a\n\xDC00", 32767, {}});
+  some.tables[0].fields.push_back({u"\x00F6\xD800", u"char", false, u"\x0001"});
+  some.functions.push_back({u"f\xDFFF", {u"[\u4E00]"}, u"\xD800", u"\xDBFF"});
+  const Catalogue back = Read(Written(some));
+  EXPECT_EQ(back.name, some.name);
+  EXPECT_EQ(TableList(back), TableList(some));
+  EXPECT_EQ(FieldList(back), FieldList(some));
+  ASSERT_EQ(back.tables.size(), 1U);
+  EXPECT_EQ(back.tables[0].name, some.tables[0].name);
+  ASSERT_EQ(back.functions.size(), 1U);
+  EXPECT_EQ(back.functions[0].name, some.functions[0].name);
+  EXPECT_EQ(back.functions[0].arguments, some.functions[0].arguments);
+  EXPECT_EQ(back.functions[0].kind, some.functions[0].kind);
+  EXPECT_EQ(back.functions[0].text, some.functions[0].text);
+}
+
+TEST(WrittenCatalogueTest, WithOtherFunctionsAllElseStays) {
+  EXPECT_EQ(catalogue::WithFunctions(
+                R"({"x": [1.5, null], "functions": [{"name": "old", "arguments": []}],
+                    "tables": [], "name": "\ud800", "y": {}})",
+                {{u"new", {u"a"}, {}, {}}}),
+            R"({
+  "x": [1.5, null],
+  "functions": [{"name": "new", "arguments": ["a"]}],
+  "tables": [],
+  "name": "\ud800",
+  "y": {}
+}
+)");
+}
+
+TEST(WrittenCatalogueTest, NoOtherFunctionsThanACatalogueMayHave) {
+  const std::string before = R"({"name": "", "tables": [], "functions": []})";
+  EXPECT_THROW(catalogue::WithFunctions(before, {{u"", {}, {}, {}}}), CatalogueError);
+  EXPECT_THROW(catalogue::WithFunctions(before, {{u"f", {}, {}, {}}, {u"f", {}, {}, {}}}),
+               CatalogueError);
+  EXPECT_THROW(catalogue::WithFunctions("[]", {}), CatalogueError);
+}
+
 class ExampleCatalogueTest : public ControlTest {
  protected:
   ExampleCatalogueTest()
