@@ -1,0 +1,35 @@
+// The text of a file of rules, piece by piece: two blanks for each level. Called by the reading and
+// the writing of rules_text.h alone.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "hosts/kit/json_reader.h"
+#include "hosts/kit/rules_text.h"
+
+namespace zolt20::rules {
+
+/// How many levels the keys of names, of a rule and of a version stand within others.
+inline constexpr std::size_t kNameMembers = 2;
+inline constexpr std::size_t kRuleMembers = 3;
+inline constexpr std::size_t kVersionMembers = 5;
+
+/// A version whose texts are UTF-8 with stand-ins.
+struct WrittenVersion {
+  std::string_view stored;
+  std::string_view text;
+  std::string_view fields;
+  std::vector<UnknownMember> unknown;
+};
+
+std::string WriteVersion(const WrittenVersion& version);
+
+/// Of UTF-8 with stand-ins; in quotes.
+void AppendString(std::string& out, std::string_view jsonText);
+/// `depth` is that of the key that has the value.
+void AppendValue(std::string& out, const hosts::JsonValue& value, std::size_t depth);
+
+}  // namespace zolt20::rules
