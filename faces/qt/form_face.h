@@ -52,6 +52,9 @@ class FormFace final : public QObject, private SurfaceObserver {
   /// Shows all that changed. The host is about to hear of something.
   void ShowChanges();
 
+  /// A gesture of the person, or of a record that is played. Not taken while another call is in
+  /// progress.
+  void Make(UserGesture gesture);
   /// The person, for reading; what it does goes through the face.
   const faces::Person& person() const { return person_; }
   void SwitchHistory(bool on);
@@ -121,7 +124,6 @@ class FormFace final : public QObject, private SurfaceObserver {
   bool HasFocus() const;
 
   // Gestures.
-  void Make(UserGesture gesture);
   void TypedIn(const Control& box, const QLineEdit& line, TextMark marked);
   void End(faces::End end);
   bool HandleKey(const Control& control, QWidget& widget, const QKeyEvent& event);

@@ -269,6 +269,13 @@ const zolt20::Surface& ZOLT20MapWidget::form() const {
   return d_->control.Form();
 }
 
+void ZOLT20MapWidget::makeGesture(const zolt20::UserGesture& gesture) {
+  d_->face.Make(gesture);
+}
+ZOLT20Gesture ZOLT20MapWidget::gestureInProgress() const {
+  return GestureOf(d_->face.person().made());
+}
+
 QSize ZOLT20MapWidget::sizeHint() const {
   return {880, 620};
 }

@@ -18,6 +18,7 @@
 namespace zolt20 {
 class ControlSnapshot;
 class Surface;
+struct UserGesture;
 }  // namespace zolt20
 
 /// What a person did, for hosts that keep a record: a gesture of the form, in the words of the
@@ -162,6 +163,12 @@ class ZOLT20MapWidget : public QWidget {
   /// Shows a message of the control and returns when it was answered. A host that wants its own
   /// kind of message box overrides it.
   virtual void showMessage(const QString& text, const QString& title);
+
+  /// Makes a gesture on the form as the person does, with its events and its step of the history,
+  /// for a host that plays what was kept. Not taken within a signal of the widget.
+  void makeGesture(const zolt20::UserGesture& gesture);
+  /// Within an event, what the person did that raised it.
+  ZOLT20Gesture gestureInProgress() const;
 
   bool focusNextPrevChild(bool next) override;
   void focusInEvent(QFocusEvent* event) override;
