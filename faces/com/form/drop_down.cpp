@@ -150,16 +150,23 @@ void DropDown::ShowRows() {
   InvalidateRect(entries_, nullptr, FALSE);
 }
 
+// The row that is chosen has the focus among the entries. The platform walks over all entries to
+// find one that is chosen, and over none for the other.
 int DropDown::Current() const {
-  return static_cast<int>(
-      SendMessageW(entries_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+  const LRESULT row =
+      SendMessageW(entries_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
+  const bool isChosen = row >= 0 && SendMessageW(entries_, LVM_GETITEMSTATE,
+                                                 static_cast<WPARAM>(row), LVIS_SELECTED) != 0;
+  return isChosen ? static_cast<int>(row) : -1;
 }
 
 void DropDown::GoTo(int row) {
   LVITEMW item{};
   item.stateMask = LVIS_FOCUSED | LVIS_SELECTED;
-  SendMessageW(entries_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1),
-               reinterpret_cast<LPARAM>(&item));
+  if (const int current = Current(); current >= 0) {
+    SendMessageW(entries_, LVM_SETITEMSTATE, static_cast<WPARAM>(current),
+                 reinterpret_cast<LPARAM>(&item));
+  }
   if (row < 0 || row >= drawn_.Count()) return;
   item.state = item.stateMask;
   SendMessageW(entries_, LVM_SETITEMSTATE, static_cast<WPARAM>(row),

@@ -3,6 +3,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "faces/com/form/common_controls.h"
@@ -54,6 +55,11 @@ void FormWindow::FocusFilter() {
     if (wanted == nullptr || control == Form().Focused()) wanted = &found->second;
   }
   if (wanted != nullptr) wanted->TakeFocus();
+}
+
+bool FormWindow::IsOfMarks(HWND window) const {
+  return std::any_of(filters_.begin(), filters_.end(),
+                     [window](const auto& each) { return each.second.Marks() == window; });
 }
 
 LRESULT CALLBACK FormWindow::FilterMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,

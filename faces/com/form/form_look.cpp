@@ -1,19 +1,12 @@
 #include "faces/com/form/form_look.h"
 
-#include "faces/shared/back_colours.h"
+#include "faces/com/form/readable.h"
 
 namespace zolt20::com {
-namespace {
-
-faces::Rgb PartsOf(COLORREF colour) {
-  return {GetRValue(colour), GetGValue(colour), GetBValue(colour)};
-}
-
-}  // namespace
 
 FormLook::FormLook(std::optional<COLORREF> face, std::optional<COLORREF> text, bool isMirrored)
     : isMirrored_(isMirrored) {
-  if (!face || !text || !faces::CanBeRead(PartsOf(*text), PartsOf(*face))) return;
+  if (!face || !text || !CanBeRead(*text, *face)) return;
   face_ = face;
   text_ = text;
 }

@@ -200,7 +200,11 @@ void FormWindow::DrawPanel(HWND window) {
 HBRUSH FormWindow::OnColour(HDC canvas, HWND window) const {
   ControlView* view = ViewOf(window);
   if (view == nullptr) view = ViewOf(GetParent(window));  // the line of a combo
-  return view == nullptr ? nullptr : view->Brush(canvas);
+  if (view != nullptr) return view->Brush(canvas);
+  if (!IsOfMarks(window)) return nullptr;
+  SetBkMode(canvas, TRANSPARENT);
+  SetTextColor(canvas, look_.Text());
+  return look_.Brush(canvas);
 }
 
 LRESULT CALLBACK FormWindow::ViewMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,

@@ -188,6 +188,8 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   bool OnFilterKey(HWND line, WPARAM key);
   void Filter(const Control& list);
   void FocusFilter();
+  /// Whether a window tells of marks that a filter hides.
+  bool IsOfMarks(HWND window) const;
   /// The list that a line filters; none when the window is no such line.
   const Control* ListOf(HWND line) const;
 

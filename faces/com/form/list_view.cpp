@@ -5,10 +5,13 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+#include <vector>
 
 #include "faces/com/com_text.h"
 #include "faces/com/form/common_controls.h"
 #include "faces/com/form/plain_boxes.h"
+#include "faces/com/form/readable.h"
 #include "faces/com/form/row_tip.h"
 #include "faces/shared/cut_text.h"
 #include "faces/shared/drawn_rows.h"
@@ -23,19 +26,6 @@ namespace {
 // The columns: the rows, and behind them their names where they have any.
 constexpr int kTexts = 0;
 constexpr int kNames = 1;
-
-// A part of the way from the letters to what is behind them; colours of what is disabled may be too
-// pale to read.
-COLORREF QuietColour() {
-  const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
-  const COLORREF behind = GetSysColor(COLOR_WINDOW);
-  const auto mixed = [](int of, int with) {
-    constexpr int kPercent = 70;
-    return MulDiv(of, kPercent, 100) + MulDiv(with, 100 - kPercent, 100);
-  };
-  return RGB(mixed(GetRValue(text), GetRValue(behind)), mixed(GetGValue(text), GetGValue(behind)),
-             mixed(GetBValue(text), GetBValue(behind)));
-}
 
 class ListWindow final : public ViewOf<ListBox> {
  public:
@@ -56,7 +46,7 @@ class ListWindow final : public ViewOf<ListBox> {
   void ShowRows();
   void FitColumns();
   int WidthOfTexts() const;
-  void ShowMarks();
+  void ShowMarks(bool rowsChanged);
   void SetState(int row, UINT state, UINT mask);
   void GiveRow(LVITEMW& item) const;
   LRESULT DrawRow(NMLVCUSTOMDRAW& draw);
@@ -76,6 +66,7 @@ class ListWindow final : public ViewOf<ListBox> {
 
   // Rows of the window are those that are drawn.
   faces::DrawnRows drawn_;
+  std::vector<int> marked_;  // those that the platform was told to mark
   bool isDrawing_ = false;
   faces::TypeAhead ahead_;
   faces::RowPresses presses_;
@@ -107,7 +98,7 @@ void ListWindow::Show(const faces::Change& change) {
   const bool rowsChanged = (change.what & faces::Change::kRows) != 0;
   if (rowsChanged) drawn_.Refresh();
   if (rowsChanged) ShowRows();
-  if (rowsChanged || (change.what & faces::Change::kMarks) != 0) ShowMarks();
+  if (rowsChanged || (change.what & faces::Change::kMarks) != 0) ShowMarks(rowsChanged);
   const int current = control().ListIndex() < 0 ? -1 : drawn_.DrawnRow(control().ListIndex());
   if (current >= 0) SetState(current, LVIS_FOCUSED, LVIS_FOCUSED);
 }
@@ -131,7 +122,7 @@ void ListWindow::NameRows(std::map<String, String> names) {
     Send(LVM_DELETECOLUMN, kNames);
   }
   ShowRows();
-  ShowMarks();
+  ShowMarks(true);
 }
 
 // Names have what the rows leave, and at least half.
@@ -167,23 +158,37 @@ int ListWindow::WidthOfTexts() const {
 void ListWindow::Filter(StringView text) {
   if (!drawn_.SetFilter(text)) return;
   ShowRows();
-  ShowMarks();
+  ShowMarks(true);
 }
 
-void ListWindow::ShowMarks() {
+// Just what differs goes to the platform, which would walk over all rows to unmark them.
+void ListWindow::ShowMarks(bool rowsChanged) {
   const ListBox& list = control();
   if (list.HasCheckBoxes()) {
     InvalidateRect(window(), nullptr, FALSE);
     return;
   }
-  constexpr int kAllRows = -1;
-  SetState(kAllRows, 0, LVIS_SELECTED);
+  std::vector<int> marked;
   int left = list.SelCount();
   for (int row = 0; left > 0 && row < drawn_.Count(); ++row) {
     if (!list.Selected(drawn_.ControlRow(row))) continue;
     --left;
-    SetState(row, LVIS_SELECTED, LVIS_SELECTED);
+    marked.push_back(row);
   }
+  const std::vector<int> before = std::exchange(marked_, std::move(marked));
+  for (const int row : before) {
+    if (!std::binary_search(marked_.begin(), marked_.end(), row)) SetState(row, 0, LVIS_SELECTED);
+  }
+  for (const int row : marked_) {
+    if (rowsChanged || !std::binary_search(before.begin(), before.end(), row))
+      SetState(row, LVIS_SELECTED, LVIS_SELECTED);
+  }
+  // Others are marked by another way than ours, which is rare.
+  if (static_cast<std::size_t>(Send(LVM_GETSELECTEDCOUNT)) == marked_.size()) return;
+  constexpr int kAllRows = -1;
+  SetState(kAllRows, 0, LVIS_SELECTED);
+  for (const int row : marked_)
+    SetState(row, LVIS_SELECTED, LVIS_SELECTED);
 }
 
 void ListWindow::SetState(int row, UINT state, UINT mask) {
@@ -272,7 +277,8 @@ void ListWindow::GiveColours(NMLVCUSTOMDRAW& draw, bool isName) const {
     draw.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
     draw.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
   } else if (drawn_.HasNames()) {
-    draw.clrText = isName ? QuietColour() : GetSysColor(COLOR_WINDOWTEXT);
+    draw.clrText = isName ? Quiet(GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW))
+                          : GetSysColor(COLOR_WINDOWTEXT);
   }
 }
 

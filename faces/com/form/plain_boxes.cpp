@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "faces/com/com_text.h"
+#include "faces/com/form/readable.h"
 #include "faces/shared/back_colours.h"
 #include "faces/shared/shown_text.h"
 
@@ -18,10 +19,7 @@ COLORREF ColourOf(unsigned backColor, COLORREF text) {
   constexpr unsigned kSystemColour = 0x80000000;
   if ((backColor & kSystemColour) == 0) return GetSysColor(COLOR_WINDOW);
   const COLORREF meant = GetSysColor(static_cast<int>(backColor & ~kSystemColour));
-  const auto rgb = [](COLORREF colour) {
-    return faces::Rgb{GetRValue(colour), GetGValue(colour), GetBValue(colour)};
-  };
-  return faces::CanBeRead(rgb(text), rgb(meant)) ? meant : GetSysColor(COLOR_BTNFACE);
+  return CanBeRead(text, meant) ? meant : GetSysColor(COLOR_BTNFACE);
 }
 
 }  // namespace

@@ -5,19 +5,12 @@
 #include "faces/com/com_text.h"
 #include "faces/com/form/common_controls.h"
 #include "faces/com/form/form_fonts.h"
+#include "faces/com/form/readable.h"
 
 // What nobody works at: labels, frames and the rectangle.
 
 namespace zolt20::com {
 namespace {
-
-// A text that stays in the background and can be read all the same: two thirds of the way.
-COLORREF Quiet(COLORREF text, COLORREF background) {
-  const auto mix = [](int one, int other) { return (2 * one + other) / 3; };
-  return RGB(mix(GetRValue(text), GetRValue(background)),
-             mix(GetGValue(text), GetGValue(background)),
-             mix(GetBValue(text), GetBValue(background)));
-}
 
 class LabelWindow final : public ViewOf<Label> {
  public:

@@ -9,6 +9,7 @@
 
 #include "faces/com/com_text.h"
 #include "faces/com/form/plain_boxes.h"
+#include "faces/com/form/readable.h"
 #include "faces/shared/statement_colours.h"
 
 #ifdef __CRT_UUID_DECL
@@ -17,8 +18,6 @@ __CRT_UUID_DECL(ITextDocument, 0x8cc497c0, 0xa1df, 0x11ce, 0x80, 0x98, 0x00, 0xa
                 0x5d)
 #endif
 
-#include <cstdio>
-#include <cstdlib>
 namespace zolt20::com {
 namespace {
 
@@ -34,11 +33,13 @@ bool IsDark(COLORREF background) {
 
 CHARFORMAT2W FormatOf(faces::WordKind kind) {
   const faces::Look look = faces::LookOf(kind);
-  const std::uint32_t rgb = IsDark(GetSysColor(COLOR_WINDOW)) ? look.onDark : look.onLight;
+  const COLORREF behind = GetSysColor(COLOR_WINDOW);
+  const std::uint32_t rgb = IsDark(behind) ? look.onDark : look.onLight;
   CHARFORMAT2W format{};
   format.cbSize = sizeof format;
   format.dwMask = CFM_COLOR | CFM_BOLD | CFM_ITALIC;
-  format.crTextColor = RGB((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF);
+  format.crTextColor = Readable(RGB((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF),
+                                GetSysColor(COLOR_WINDOWTEXT), behind);
   if (look.weight >= FW_SEMIBOLD) format.dwEffects |= CFE_BOLD;
   if (look.italic) format.dwEffects |= CFE_ITALIC;
   return format;
@@ -66,11 +67,12 @@ class Unseen {
     if (document_) document_->Undo(tomSuspend, nullptr);
     SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
     SendMessageW(window_, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&selection_));
-    SendMessageW(window_, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scrolled_));
+    scrolled_ = ScrolledTo();
+    line_ = FirstLine();
   }
   ~Unseen() {
     SendMessageW(window_, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&selection_));
-    SendMessageW(window_, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scrolled_));
+    ScrollBack();
     SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(window_, nullptr, FALSE);
     if (document_) document_->Undo(tomResume, nullptr);
@@ -80,11 +82,36 @@ class Unseen {
   Unseen& operator=(const Unseen&) = delete;
 
  private:
+  POINT ScrolledTo() const {
+    POINT place{};
+    SendMessageW(window_, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&place));
+    return place;
+  }
+  LRESULT FirstLine() const { return SendMessageW(window_, EM_GETFIRSTVISIBLELINE, 0, 0); }
+  // Of a text that is higher than 65,535 pixels the platform tells the place scaled down to that,
+  // and takes it in pixels. There lines are what can be gone back by.
+  void ScrollBack() {
+    const POINT now = ScrolledTo();
+    const bool isSame = now.x == scrolled_.x && now.y == scrolled_.y && FirstLine() == line_;
+    if (isSame) return;
+    SCROLLINFO bar{};
+    bar.cbSize = sizeof bar;
+    bar.fMask = SIF_RANGE;
+    constexpr int kMost = 0xFFFF;
+    if (!GetScrollInfo(window_, SB_VERT, &bar) || bar.nMax < kMost) {
+      SendMessageW(window_, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scrolled_));
+      return;
+    }
+    SendMessageW(window_, EM_LINESCROLL, 0, line_ - FirstLine());
+    SendMessageW(window_, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, scrolled_.x), 0);
+  }
+
   HWND window_;
   Pointer<ITextDocument> document_;
   bool& flag_;
   CHARRANGE selection_{};
   POINT scrolled_{};
+  LRESULT line_ = 0;  // the first that is seen
 };
 
 }  // namespace

@@ -10,6 +10,7 @@ namespace {
 class TabStripWindow final : public ViewOf<TabStrip> {
  public:
   TabStripWindow(ViewOwner& owner, const TabStrip& strip) : ViewOf(owner, strip, {WC_TABCONTROLW}) {
+    LeavePadding();
     for (std::size_t page = 0; page < kPageCaptions.size(); ++page) {
       String caption(kPageCaptions[page]);
       TCITEMW item{};
@@ -22,6 +23,7 @@ class TabStripWindow final : public ViewOf<TabStrip> {
   void Show(const faces::Change& /*change*/) override {
     Send(TCM_SETCURSEL, static_cast<WPARAM>(control().Tab().value()));
   }
+  void LooksChanged() override { LeavePadding(); }
   bool OnMessage(UINT message, WPARAM wide, LPARAM /*longer*/) override {
     if (message != WM_ERASEBKGND) return false;
     RECT inside{};
@@ -40,6 +42,13 @@ class TabStripWindow final : public ViewOf<TabStrip> {
   }
 
  private:
+  // Beside the texts the platform leaves as much at any resolution.
+  void LeavePadding() const {
+    constexpr int kAcross = 6;
+    constexpr int kDown = 3;
+    Send(TCM_SETPADDING, 0, MAKELPARAM(MulDiv(kAcross, owner_.Dpi(), 96), kDown));
+  }
+
   // The platform begins a pane below the tabs, of which the form has no more than a strip. There
   // and beside the last tab is the form, with a line on which the tabs stand.
   void DrawBeside() {

@@ -1,0 +1,40 @@
+#include "faces/com/form/readable.h"
+
+#include "faces/shared/back_colours.h"
+
+namespace zolt20::com {
+namespace {
+
+faces::Rgb PartsOf(COLORREF colour) {
+  return {GetRValue(colour), GetGValue(colour), GetBValue(colour)};
+}
+
+COLORREF Mixed(COLORREF one, COLORREF other, int percentOfOne) {
+  const auto part = [percentOfOne](int of, int with) {
+    return (of * percentOfOne + with * (100 - percentOfOne)) / 100;
+  };
+  return RGB(part(GetRValue(one), GetRValue(other)), part(GetGValue(one), GetGValue(other)),
+             part(GetBValue(one), GetBValue(other)));
+}
+
+}  // namespace
+
+COLORREF Readable(COLORREF wanted, COLORREF plain, COLORREF behind) {
+  constexpr int kStep = 10;
+  for (int percent = 100; percent > 0; percent -= kStep) {
+    const COLORREF colour = Mixed(wanted, plain, percent);
+    if (CanBeRead(colour, behind)) return colour;
+  }
+  return plain;
+}
+
+COLORREF Quiet(COLORREF plain, COLORREF behind) {
+  constexpr int kPercent = 67;
+  return Readable(Mixed(plain, behind, kPercent), plain, behind);
+}
+
+bool CanBeRead(COLORREF text, COLORREF behind) {
+  return faces::CanBeRead(PartsOf(text), PartsOf(behind));
+}
+
+}  // namespace zolt20::com
