@@ -12,6 +12,8 @@ if [ ! -f "$WINEPREFIX/made" ]; then
   "$wine" wineboot --init >/dev/null 2>&1
   # No window manager is there to wait for.
   "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
+  # Nor does anybody sit at a debugger, which a program that ends badly would wait for.
+  "$wine" reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' /v Debugger /d none /f >/dev/null
   wineserver --wait || true
   touch "$WINEPREFIX/made"
 fi

@@ -5,6 +5,7 @@
 #include <commctrl.h>
 #include <richedit.h>
 
+#include <cstdlib>
 #include <map>
 #include <random>
 
@@ -109,6 +110,20 @@ TEST_F(LongStatementsTest, AKeyColoursItsOwnLineAndReadsNoMore) {
   EXPECT_EQ(named().Text(L"prpStroutput").substr(0, 24), L"select 12 from x\r\nabsele");
 }
 
+TEST_F(LongStatementsTest, ATextStaysWhereItIsWhenOneTypesFarBelowItsBeginning) {
+  constexpr LONG kFar = 7000;  // lines; more than 65,535 pixels
+  Write(Lines(kFar + 1000));
+  GoTo(kFar * kLine);
+  const LRESULT first = SendMessageW(box_, EM_GETFIRSTVISIBLELINE, 0, 0);
+  EXPECT_LE(first, kFar);
+  EXPECT_GT(first, kFar - 50);
+  const Messages messages(box_);
+  Type(L'a');
+  Type(L'b');
+  EXPECT_EQ(SendMessageW(box_, EM_GETFIRSTVISIBLELINE, 0, 0), first);
+  EXPECT_LE(messages.Of(EM_SETCHARFORMAT), 2 * 4) << "just the line is coloured";
+}
+
 TEST_F(LongStatementsTest, LinesAreColouredWhenTheyComeIntoSight) {
   Write(Lines(200));
   GoTo(0);
@@ -175,6 +190,32 @@ TEST_F(LongStatementsTest, TheControlHasWhatTheBoxShows) {
     }
     ASSERT_EQ(named().Text(L"prpStroutput"), Shown()) << step;
   }
+}
+
+TEST_F(LongStatementsTest, AMarkBesideManyOthersIsToldByItself) {
+  std::wstring tables;
+  std::wstring fields;
+  constexpr int kTables = 40;
+  for (int table = 10; table < 10 + kTables; ++table) {
+    const std::wstring name = L"TABLE_" + std::to_wstring(table);
+    tables += (table == 10 ? L"" : L",") + name + L"0";
+    fields += (table == 10 ? L"" : L",") + (L"char*Q*V*R*N*N" + name) + L".A*Q*V*R*N*A";
+  }
+  EXPECT_EQ(named().Put(L"PrpStrTables", tables.c_str()), S_OK);
+  EXPECT_EQ(named().Put(L"PrpStrFields", fields.c_str()), S_OK);
+  const HWND list = WindowOf(container_.Window(), L"lsttables");
+  SetFocus(list);
+  for (int row = 0; row < kTables - 1; ++row) {
+    SendMessageW(list, WM_KEYDOWN, VK_DOWN, 0);
+    SendMessageW(list, WM_KEYDOWN, VK_SPACE, 0);
+  }
+  SendMessageW(list, WM_KEYDOWN, VK_HOME, 0);
+  EXPECT_GE(SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0), kTables - 2);
+  const Messages messages(list);
+  const LRESULT before = SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0);
+  SendMessageW(list, WM_KEYDOWN, VK_SPACE, 0);
+  EXPECT_EQ(std::abs(SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0) - before), 1);
+  EXPECT_LE(messages.Of(LVM_SETITEMSTATE), 3);
 }
 
 TEST_F(LongStatementsTest, RowsThatAProgramAsksForComeInAFewMessages) {

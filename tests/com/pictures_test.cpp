@@ -1,6 +1,10 @@
 // How the pages look: no text is cut and nothing lies over anything else. The letters are those of
 // the family that ZOLT20_LETTERS names, as in_wine.sh has it. With ZOLT20_PICTURES set to a folder
 // the pages are drawn into it, which is where the pictures of docs/ come from.
+#include <ole2.h>
+// The system's other headers need it.
+#include <commctrl.h>
+
 #include <algorithm>
 
 #include "tests/com/com_test.h"
@@ -116,6 +120,7 @@ class PicturesTest : public testing::Test {
     byName_ = com::Query<IDispatch>(container_.Control());
   }
   Named named() const { return {*byName_.Get()}; }
+  HWND Around() const { return container_.Window(); }
   void Page(int page) { named().Put(L"prpTab", Number(page)); }
 
   void NameTables(const std::vector<std::wstring>& codes, const std::vector<std::wstring>& names) {
@@ -238,6 +243,22 @@ TEST_F(PicturesTest, EveryEmptyPageHasRoomForItsTexts) {
   for (int page = 0; page < 7; ++page) {
     Page(page);
     Picture(L"windows-empty" + std::to_wstring(page));
+  }
+}
+
+TEST_F(PicturesTest, TabsHaveRoomBesideTheirTexts) {
+  Begin();
+  const HWND tabs = WindowOf(Around(), L"tabVrn");
+  wchar_t text[64] = L"";
+  for (int tab = 0; tab < 7; ++tab) {
+    TCITEMW item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = text;
+    item.cchTextMax = 64;
+    SendMessageW(tabs, TCM_GETITEMW, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&item));
+    RECT place{};
+    SendMessageW(tabs, TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&place));
+    EXPECT_GE(place.right - place.left, Letters(tabs).SizeOf(text).cx + Pixels(8)) << tab;
   }
 }
 
