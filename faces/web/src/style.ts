@@ -7,33 +7,50 @@ import type {Logic} from './logic';
 import messages from './messages.css';
 import narrow from './narrow.css';
 import phone from './phone.css';
+import alone from './synt_text_box.css';
 import touch from './touch.css';
 import use from './use.css';
 
 // In this order: where two rules weigh the same, the later one holds.
 const text = [form, boxes, lists, messages, narrow, touch, phone, use, contrast].join('');
 
-const made = new WeakMap<Document, CSSStyleSheet[]>();
+const textOfBox = [form, boxes, contrast, alone].join('');
+
+type Made = WeakMap<Document, CSSStyleSheet[]>;
+const made: Made = new WeakMap();
+const madeOfBox: Made = new WeakMap();
 
 export function styleSheets(document: Document, logic: Logic): CSSStyleSheet[] {
-  let sheets = made.get(document);
+  return sheetsOf(document, made, text, () => logic.looks());
+}
+/** Those of the box of statements by itself. */
+export function boxStyleSheets(document: Document, looks: () => number[]): CSSStyleSheet[] {
+  return sheetsOf(document, madeOfBox, textOfBox, looks);
+}
+
+function sheetsOf(
+  document: Document,
+  kept: Made,
+  rulesOfAll: string,
+  looks: () => number[],
+): CSSStyleSheet[] {
+  let sheets = kept.get(document);
   if (sheets === undefined) {
     const Sheet = (document.defaultView as Window & typeof globalThis).CSSStyleSheet;
-    sheets = [text, coloursOf(logic)].map((rules) => {
+    sheets = [rulesOfAll, coloursOf(looks())].map((rules) => {
       const sheet = new Sheet();
       sheet.replaceSync(rules);
       return sheet;
     });
-    made.set(document, sheets);
+    kept.set(document, sheets);
   }
   return sheets;
 }
 
 // A heavier word has a stroke and a slanted one is skewed: neither moves the letters behind it,
 // which have to stay under those of the box.
-function coloursOf(logic: Logic): string {
+function coloursOf(looks: number[]): string {
   const kStrokePerWeight = 0.5 / 500;
-  const looks = logic.looks();
   const rules: string[] = [];
   for (let kind = 0; kind * 4 < looks.length; ++kind) {
     const [onLight, onDark, weight, isItalic] = looks.slice(kind * 4) as [

@@ -3,8 +3,8 @@
 // A box shows the text of its control, with one character for each line end, and hands over what a
 // person makes of it. Line ends of any kind survive outside the place that is edited.
 import {make, showText} from './dom';
-import type {Address, Logic} from './logic';
-import {Ask, Style, What} from './numbers';
+import type {Address, BoxTexts} from './crossing';
+import {What} from './numbers';
 
 /**
  * How a box shows a line end: of several lines as one, of one line as a code that is no character
@@ -35,7 +35,7 @@ export class TypedBox {
   }
 
   readonly input: Input;
-  readonly #logic: Logic;
+  readonly #texts: BoxTexts;
   readonly #box: Address;
   readonly #lineEnd: string;
   readonly #into: TypedInto;
@@ -46,8 +46,8 @@ export class TypedBox {
   #wasAtStart = false; // the run came back to where it began by typing as well
 
   /** With `byKeys` each key is handed over by itself, so that the control can refuse it. */
-  constructor(logic: Logic, box: Address, input: Input, into: TypedInto, byKeys = false) {
-    this.#logic = logic;
+  constructor(texts: BoxTexts, box: Address, input: Input, into: TypedInto, byKeys = false) {
+    this.#texts = texts;
     this.#box = box;
     this.#into = into;
     this.input = input;
@@ -98,7 +98,7 @@ export class TypedBox {
   // Texts leave the box as they are in the control.
   #giveTexts(): void {
     const {input} = this;
-    const logic = this.#logic;
+    const texts = this.#texts;
     const box = this.#box;
     for (const kind of ['copy', 'cut'] as const) {
       input.addEventListener(kind, (event) => {
@@ -106,7 +106,7 @@ export class TypedBox {
         if (first === behind) return;
         (event as ClipboardEvent).clipboardData?.setData(
           'text/plain',
-          logic.textBetween(box, first, behind),
+          texts.textBetween(box, first, behind),
         );
         event.preventDefault();
         if (kind === 'cut') this.#command('delete');
@@ -116,7 +116,7 @@ export class TypedBox {
       const [first, behind] = this.selection;
       (event as DragEvent).dataTransfer?.setData(
         'text/plain',
-        logic.textBetween(box, first, behind),
+        texts.textBetween(box, first, behind),
       );
     });
   }
@@ -246,7 +246,7 @@ export class TypedBox {
   /** Shows the control's text and, where it moved, its caret. Gives whether the text is another. */
   show(what: number): boolean {
     const text =
-      (what & What.Text) !== 0 ? this.#logic.shownText(this.#box, this.#lineEnd) : this.input.value;
+      (what & What.Text) !== 0 ? this.#texts.shownText(this.#box, this.#lineEnd) : this.input.value;
     const before = this.input.value;
     const isOther = text !== before;
     if (isOther) {
@@ -264,7 +264,7 @@ export class TypedBox {
   }
   /** Puts the caret behind so many characters of the control's text. */
   showCaret(caret: number): void {
-    const place = this.#logic.shownPlace(this.#box, caret);
+    const place = this.#texts.shownPlace(this.#box, caret);
     this.input.setSelectionRange(place, place);
     this.#bringIntoSight(place);
   }
@@ -292,28 +292,30 @@ function endOfChange(before: string, after: string): number {
 }
 
 /** A box of one line. */
-export function lineBox(logic: Logic, box: Address, into: TypedInto, byKeys: boolean): TypedBox {
-  return new TypedBox(logic, box, make('input', {type: 'text', part: 'input'}), into, byKeys);
+export function lineBox(texts: BoxTexts, box: Address, into: TypedInto, byKeys: boolean): TypedBox {
+  return new TypedBox(texts, box, make('input', {type: 'text', part: 'input'}), into, byKeys);
 }
 
 /** A box of several lines, coloured or not. */
 export class LinesBox {
   readonly node: HTMLElement;
   readonly typed: TypedBox;
-  readonly #logic: Logic;
+  readonly #texts: BoxTexts;
   readonly #area = make('textarea', {wrap: 'off', part: 'input', rows: 2});
   readonly #colours = make('div', {class: 'colours', 'aria-hidden': 'true'});
   readonly #sheet = make('div', {class: 'sheet'});
   #isColoured = false;
+  #margin: number | undefined; // how long lines may be, where they go on below
   #lines: string[] | undefined;
+  #placed: string[] | undefined; // the lines that the sheet has, all of them
   // The scrolling and the measures, kept here: to ask the browser for them lays the page out with
   // each key.
   #place: [number, number] = [0, 0];
   #view = {width: 0, height: 0, line: 0, padding: 0};
 
-  constructor(logic: Logic, box: Address, into: TypedInto) {
-    this.#logic = logic;
-    this.typed = new TypedBox(logic, box, this.#area, {
+  constructor(texts: BoxTexts, box: Address, into: TypedInto) {
+    this.#texts = texts;
+    this.typed = new TypedBox(texts, box, this.#area, {
       typed: (...typed) => {
         this.#lines = undefined;
         into.typed(...typed);
@@ -358,6 +360,14 @@ export class LinesBox {
     this.node.classList.toggle('coloured', isColoured);
     this.#draw();
   }
+  /** Lines go on below behind so many pixels, or at the edge with 0; undefined for nowhere. */
+  wrapAt(margin: number | undefined): void {
+    this.#margin = margin;
+    this.node.classList.toggle('wraps', margin !== undefined);
+    this.#area.wrap = margin === undefined ? 'off' : 'soft';
+    this.#measure();
+    this.#draw();
+  }
   restorePlace(): void {
     if (this.#place[0] === 0 && this.#place[1] === 0) return;
     [this.#area.scrollLeft, this.#area.scrollTop] = this.#place;
@@ -372,6 +382,12 @@ export class LinesBox {
       line: parseFloat(style.lineHeight),
       padding: parseFloat(style.paddingTop),
     };
+    if (!this.#margin) this.node.style.removeProperty('--wrap-end');
+    else {
+      const start = parseFloat(style.paddingLeft);
+      const end = Math.max(start, this.#view.width - start - this.#margin);
+      this.node.style.setProperty('--wrap-end', `${end}px`);
+    }
   }
   // Draws the coloured lines in sight under the box, whose own letters are not seen then.
   #draw(): void {
@@ -379,42 +395,72 @@ export class LinesBox {
     const {width, height: view, line: height, padding} = this.#view;
     if (view === 0) return; // what is seen again later is drawn then
     this.#lines ??= this.#area.value.split('\n');
-    const [scrollLeft, scrollTop] = this.#place;
-    const first = Math.max(0, Math.floor((scrollTop - padding) / height));
-    const behind = Math.min(this.#lines.length, first + Math.ceil(view / height) + 2);
-    const seen = this.#lines.slice(first, behind);
-    while (this.#sheet.childElementCount < seen.length)
-      this.#sheet.append(make('div', {class: 'line'}));
-    [...this.#sheet.children].forEach((node, at) => {
-      (node as HTMLElement).hidden = at >= seen.length;
-      if (at < seen.length) this.#drawLine(node, seen[at]!);
-    });
     this.#colours.style.width = `${width}px`;
     this.#colours.style.height = `${view}px`;
+    const [scrollLeft, scrollTop] = this.#place;
+    if (this.#margin !== undefined) {
+      this.#drawAll(this.#lines, scrollTop - padding, view);
+      this.#sheet.style.transform = `translateY(${padding - scrollTop}px)`;
+      return;
+    }
+    const first = Math.max(0, Math.floor((scrollTop - padding) / height));
+    const behind = Math.min(this.#lines.length, first + Math.ceil(view / height) + 2);
+    this.#drawThese(this.#lines.slice(first, behind), (node, line) => this.#drawLine(node, line));
     this.#sheet.style.transform = `translate(${-scrollLeft}px, ${padding + first * height - scrollTop}px)`;
   }
-  // In the pieces that the node has from before; those that are too many become empty.
+  #drawThese(lines: string[], draw: (node: HTMLElement, line: string) => void): void {
+    while (this.#sheet.childElementCount < lines.length)
+      this.#sheet.append(make('div', {class: 'line'}));
+    for (const [at, node] of ([...this.#sheet.children] as HTMLElement[]).entries()) {
+      node.hidden = at >= lines.length;
+      if (at < lines.length) draw(node, lines[at]!);
+    }
+  }
+  // How high a line is that goes on below is known once it stands there: all are there, and those in
+  // sight get their colours.
+  #drawAll(lines: string[], top: number, height: number): void {
+    if (lines !== this.#placed) {
+      this.#drawThese(lines, (node, line) => {
+        if (node.textContent === line) return;
+        this.#drawPieces(node, [[line, '']]);
+      });
+      this.#placed = lines;
+    }
+    const nodes = this.#sheet.children as HTMLCollectionOf<HTMLElement>;
+    let low = 0;
+    for (let high = lines.length; low < high; ) {
+      const middle = (low + high) >> 1;
+      const {offsetTop, offsetHeight} = nodes[middle]!;
+      if (offsetTop + offsetHeight <= top) low = middle + 1;
+      else high = middle;
+    }
+    for (let at = low; at < lines.length && nodes[at]!.offsetTop < top + height; ++at)
+      this.#drawLine(nodes[at]!, lines[at]!);
+  }
   #drawLine(node: Element, line: string): void {
-    let pieces = 0;
-    const draw = (text: string, kind: string) => {
-      const piece = node.children[pieces++] ?? node.appendChild(make('span'));
-      if (piece.className !== kind) piece.className = kind;
-      showText(piece, text);
-    };
+    const pieces: [string, string][] = [];
     let at = 0;
-    for (const {first, count, kind} of this.#logic.colouredWords(line.slice(0, kColouredLine))) {
-      if (first > at) draw(line.slice(at, first), '');
+    for (const {first, count, kind} of this.#texts.colouredWords(line.slice(0, kColouredLine))) {
+      if (first > at) pieces.push([line.slice(at, first), '']);
       // A slanted word is a block of its own, and a tab has to stay in the line.
       for (const text of line.slice(first, first + count).split(/(\t)/))
-        if (text !== '') draw(text, text === '\t' ? '' : `word kind${kind}`);
+        if (text !== '') pieces.push([text, text === '\t' ? '' : `word kind${kind}`]);
       at = first + count;
     }
-    if (at < line.length) draw(line.slice(at), '');
-    while (pieces < node.childElementCount) draw('', '');
+    if (at < line.length) pieces.push([line.slice(at), '']);
+    this.#drawPieces(node, pieces);
   }
-}
-
-/** Whether a box of the form has several lines. */
-export function hasSeveralLines(logic: Logic, box: Address): boolean {
-  return (logic.number(box, Ask.Style) & Style.MultiLine) !== 0;
+  // In the pieces that the node has from before; those that are too many become empty.
+  #drawPieces(node: Element, pieces: [string, string][]): void {
+    for (const [at, [text, kind]] of pieces.entries()) {
+      const piece = node.children[at] ?? node.appendChild(make('span'));
+      if (piece.className !== kind) piece.className = kind;
+      showText(piece, text);
+    }
+    for (let at = pieces.length; at < node.childElementCount; ++at) {
+      const piece = node.children[at]!;
+      if (piece.className !== '') piece.className = '';
+      showText(piece, '');
+    }
+  }
 }

@@ -9,7 +9,7 @@ import {Ask, AskText, Gesture, Kind, Style, What} from './numbers';
 import {Rows} from './rows';
 import {ScrollBarView} from './scroll_bar';
 import {TabStripView} from './tab_strip';
-import {LinesBox, hasSeveralLines, lineBox} from './text_boxes';
+import {LinesBox, lineBox} from './text_boxes';
 
 export interface View {
   /** What is laid out. */
@@ -31,7 +31,9 @@ export function viewOf(face: Face, control: Address): View {
     case Kind.SyntaxTextBox:
       return linesBox(face, control);
     case Kind.TextBox:
-      return hasSeveralLines(logic, control) ? linesBox(face, control) : oneLine(face, control);
+      return (logic.number(control, Ask.Style) & Style.MultiLine) !== 0
+        ? linesBox(face, control)
+        : oneLine(face, control);
     case Kind.ListBox:
       return new ListView(face, control);
     case Kind.ComboBox:

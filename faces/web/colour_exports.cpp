@@ -1,0 +1,36 @@
+// What pages ask of the colours of statements, in each module that has boxes of them.
+#include <cstdint>
+#include <utility>
+
+#include "faces/shared/statement_colours.h"
+#include "faces/web/exchange.h"
+
+using namespace zolt20;
+using web::numbers;
+using web::taken;
+
+extern "C" {
+
+/// Colour on light, on dark, weight and slope of each kind of word.
+ZOLT20_EXPORT(looks) void looks() {
+  numbers.clear();
+  for (int kind = 0; kind <= static_cast<int>(faces::WordKind::kNumber); ++kind) {
+    const faces::Look look = faces::LookOf(static_cast<faces::WordKind>(kind));
+    numbers.insert(numbers.end(),
+                   {static_cast<std::int32_t>(look.onLight), static_cast<std::int32_t>(look.onDark),
+                    look.weight, look.italic ? 1 : 0});
+  }
+}
+
+/// First, count and kind of each word that has a colour, of the line that came in.
+ZOLT20_EXPORT(coloured_words) void coloured_words() {
+  const String line = std::exchange(taken, {});
+  numbers.clear();
+  for (const faces::ColouredWord& word : faces::ColouredWordsOf(line)) {
+    numbers.insert(numbers.end(),
+                   {static_cast<std::int32_t>(word.first), static_cast<std::int32_t>(word.count),
+                    static_cast<std::int32_t>(word.kind)});
+  }
+}
+
+}  // extern "C"

@@ -1,0 +1,58 @@
+// The box of statements by itself.
+
+export interface ZOLT21SyntTextBoxEventMap extends HTMLElementEventMap {
+  /** The box took the focus. */
+  TabChain: Event;
+  /** A property became another one, by the page or by the person. */
+  propertychanged: CustomEvent<{readonly name: 'Text' | 'Highlight' | 'rightmargin'}>;
+}
+
+/**
+ * A box of several lines that can colour the statement language, as the five large boxes of the map control are. It needs no map
+ * control. A value of another type throws a TypeError and does nothing; null and undefined are not written.
+ */
+export declare class ZOLT21SyntTextBoxElement extends HTMLElement {
+  /** The whole text, read back exactly as it was written; lines that a person makes end in CR LF. */
+  get Text(): string;
+  set Text(value: string | null | undefined);
+  /** Whether words have colours, false at first; no effect on the text. */
+  get Highlight(): boolean;
+  set Highlight(value: boolean | null | undefined);
+  /** How long lines may be, in twips, before they go on below; 0, as at first, for the width of the box, and 32000 or more for no such place. A RangeError below 0. */
+  get rightmargin(): number;
+  set rightmargin(value: number | null | undefined);
+
+  /** The form that the element belongs to, which sends the text. */
+  get form(): HTMLFormElement | null;
+  /** Its labels. */
+  get labels(): NodeList;
+  /** The name under which the form sends it. */
+  get name(): string;
+  set name(value: string);
+  /** Whether the person can do nothing with it. */
+  get disabled(): boolean;
+  set disabled(value: boolean);
+  /** Whether elements of the class are controls of forms: true. */
+  static readonly formAssociated: boolean;
+  /** The attributes that the element reads. */
+  static readonly observedAttributes: string[];
+  /** The version of the script that has defined the element. */
+  static readonly version: string;
+
+  addEventListener<K extends keyof ZOLT21SyntTextBoxEventMap>(
+    type: K,
+    listener: (this: ZOLT21SyntTextBoxElement, event: ZOLT21SyntTextBoxEventMap[K]) => unknown,
+    options?: boolean | AddEventListenerOptions,
+  ): void;
+  addEventListener(
+    type: string,
+    listener: EventListenerOrEventListenerObject,
+    options?: boolean | AddEventListenerOptions,
+  ): void;
+}
+
+declare global {
+  interface HTMLElementTagNameMap {
+    'zolt21-synt-text-box': ZOLT21SyntTextBoxElement;
+  }
+}

@@ -1,0 +1,10 @@
+// Modules of WebAssembly for scripts that have them in them.
+
+/** The bytes, by a letter each and the letter of each byte. */
+export function bytesOf({text, letters}: {text: string; letters: string}): Uint8Array<ArrayBuffer> {
+  const byteOf = new Uint8Array(letters.length);
+  for (let byte = 0; byte < letters.length; ++byte) byteOf[letters.charCodeAt(byte)] = byte;
+  const bytes = new Uint8Array(text.length);
+  for (let at = 0; at < bytes.length; ++at) bytes[at] = byteOf[text.charCodeAt(at)]!;
+  return bytes;
+}
