@@ -1,5 +1,6 @@
-// What a page calls, but for what lists ask, which list_exports.cpp has, and what words
-// ask, which word_exports.cpp has.
+// What a page calls, but for what lists ask, which list_exports.cpp has, what words ask, which
+// word_exports.cpp has, the colours of statements, which colour_exports.cpp has, and the ways of
+// texts and numbers, which exchange.cpp has.
 //
 // A call that can fail gives a Status; error_number, error_kind and error_text tell of the
 // element's last run-time error.
@@ -14,7 +15,6 @@
 #include "faces/shared/layout.h"
 #include "faces/shared/neighbours.h"
 #include "faces/shared/shown_text.h"
-#include "faces/shared/statement_colours.h"
 #include "faces/web/element.h"
 #include "faces/web/exchange.h"
 
@@ -155,30 +155,6 @@ ZOLT20_IMPORT(property_changed) void page_property_changed(int id, int number);
 ZOLT20_IMPORT(message)
 void page_message(int id, const char16_t* text, int length, const char16_t* title, int titleLength);
 
-// Texts and numbers.
-
-ZOLT20_EXPORT(text_in) char16_t* text_in(int length) {
-  taken.resize(static_cast<std::size_t>(length));
-  return taken.data();
-}
-ZOLT20_EXPORT(text_out) const char16_t* text_out() {
-  return given.data();
-}
-ZOLT20_EXPORT(text_out_length) int text_out_length() {
-  return static_cast<int>(given.size());
-}
-ZOLT20_EXPORT(numbers_out) const std::int32_t* numbers_out() {
-  return numbers.data();
-}
-ZOLT20_EXPORT(numbers_out_length) int numbers_out_length() {
-  return static_cast<int>(numbers.size());
-}
-/// A long text that went through is not kept.
-ZOLT20_EXPORT(forget_texts) void forget_texts() {
-  String().swap(taken);
-  String().swap(given);
-}
-
 // The tables of the contract and of the form.
 
 ZOLT20_EXPORT(member_count) int member_count() {
@@ -215,17 +191,6 @@ ZOLT20_EXPORT(bag_type) int bag_type(int entry) {
 ZOLT20_EXPORT(page_caption) void page_caption(int page) {
   Give(kPageCaptions[static_cast<std::size_t>(page)]);
 }
-/// Colour on light, on dark, weight and slope of each kind of word.
-ZOLT20_EXPORT(looks) void looks() {
-  numbers.clear();
-  for (int kind = 0; kind <= static_cast<int>(faces::WordKind::kNumber); ++kind) {
-    const faces::Look look = faces::LookOf(static_cast<faces::WordKind>(kind));
-    numbers.insert(numbers.end(),
-                   {static_cast<std::int32_t>(look.onLight), static_cast<std::int32_t>(look.onDark),
-                    look.weight, look.italic ? 1 : 0});
-  }
-}
-
 /// The layout of the form, as JSON: each part an array of its kind, its name or its control's, its
 /// weight and its parts.
 ZOLT20_EXPORT(layout) void layout() {
@@ -390,17 +355,6 @@ ZOLT20_EXPORT(shown_place) int shown_place(const Control* box, int place) {
   control_text(box, AskText::kText);
   return static_cast<int>(
       faces::Shown(StringView(given).substr(0, static_cast<std::size_t>(place)), u'\n').size());
-}
-
-/// First, count and kind of each word that has a colour, of the line that came in.
-ZOLT20_EXPORT(coloured_words) void coloured_words() {
-  const String line = std::exchange(taken, {});
-  numbers.clear();
-  for (const faces::ColouredWord& word : faces::ColouredWordsOf(line)) {
-    numbers.insert(numbers.end(),
-                   {static_cast<std::int32_t>(word.first), static_cast<std::int32_t>(word.count),
-                    static_cast<std::int32_t>(word.kind)});
-  }
 }
 
 // What a person does.

@@ -77,6 +77,22 @@ describe('by its name', () => {
     assert.equal(site.node('module', `import '${name}';${tell}`), 'function function');
     assert.equal(site.node('commonjs', `require('${name}');${tell}`), 'function function');
   });
+  test('the statement language can, and leaves nothing', () => {
+    const names = 'check,encode,explain,load,outline,reopen';
+    const tell =
+      'console.log(Object.keys(all).sort().join(), globalThis.ZOLT20Error, all.check("endif").length)';
+    const name = 'zolt20-map-control/language';
+    const told = `${names} undefined 1`;
+    assert.equal(site.node('module', `import * as all from '${name}';${tell}`), told);
+    assert.equal(site.node('commonjs', `const all = require('${name}');${tell}`), told);
+  });
+  test('the box of statements can, and gives its class alone', () => {
+    const tell = 'console.log(Object.keys(all).join(), globalThis.ZOLT20Error)';
+    const name = 'zolt20-map-control/text-box';
+    const told = 'ZOLT21SyntTextBoxElement undefined';
+    assert.equal(site.node('module', `import * as all from '${name}';${tell}`), told);
+    assert.equal(site.node('commonjs', `const all = require('${name}');${tell}`), told);
+  });
   test('the logic and the manifest are found', () => {
     const files = "['wasm', 'custom-elements.json', 'package.json']";
     const find = "(file) => require.resolve('zolt20-map-control/' + file)";

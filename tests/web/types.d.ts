@@ -156,6 +156,10 @@ declare global {
   /** Carries a request of a host out, for the record too. */
   var carryOutForRecord: (request: Record<string, unknown>) => void;
   var kept: Element[] | undefined;
+  /** The box of statements by itself, its area, and what it told. */
+  var box: import('../../faces/web/package/zolt21-synt-text-box').ZOLT21SyntTextBoxElement;
+  var area: HTMLTextAreaElement;
+  var noticed: string[];
   var picks: string[];
   var presses: number;
   var read: string;

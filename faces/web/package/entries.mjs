@@ -2,10 +2,13 @@
 import {kFrameworks} from './frameworks.mjs';
 
 const kName = 'zolt20-map-control';
+const kLanguage = 'zolt20-language';
+const kBox = 'zolt21-synt-text-box';
 
-/// The files of the types, by their names. Each entry has them for import and for require().
-/** @type {(types: string) => Record<string, string>} */
-export function typesOfEntries(types) {
+/// The files of the types, by their names, made of those of the element, of the statement language
+/// and of the box by itself. Each entry has them for import and for require().
+/** @type {(types: string, language: string, box: string) => Record<string, string>} */
+export function typesOfEntries(types, language, box) {
   /** @type {Record<string, string>} */
   const files = {};
   for (const [script, declared] of [
@@ -14,6 +17,8 @@ export function typesOfEntries(types) {
   ]) {
     const all = `./${kName}.${script}`;
     files[`${kName}.${declared}`] = types;
+    files[`${kLanguage}.${declared}`] = language;
+    files[`${kBox}.${declared}`] = box;
     files[`${kName}.lean.${declared}`] = `export * from '${all}';\n`;
     files[`${kName}.classic.${declared}`] = typesOfGlobals(all);
     for (const [framework, typesFor] of Object.entries(kFrameworks))
@@ -76,14 +81,18 @@ export const packageOf = (version) => ({
         entry(kName, kName, framework),
       ]),
     ),
+    './language': entry(kLanguage, kLanguage),
+    './text-box': entry(kBox, kBox),
     './wasm': `./${kName}.wasm`,
     './custom-elements.json': './custom-elements.json',
     './package.json': './package.json',
   },
   customElements: 'custom-elements.json',
-  sideEffects: [`./${kName}*.js`, `./${kName}*.cjs`],
+  sideEffects: [kName, kBox].flatMap((script) => [`./${script}*.js`, `./${script}*.cjs`]),
   files: [
     `${kName}.*`,
+    `${kLanguage}.*`,
+    `${kBox}.*`,
     ...Object.keys(kFrameworks).map((framework) => `${framework}.d.*`),
     'custom-elements.json',
     'picture.png',

@@ -227,5 +227,7 @@ writeFileSync(join(out, 'README.md'), readmeOf(template, version, contract.membe
 copyFileSync(join(source, 'docs/pictures/web-page1-light.png'), join(out, 'picture.png'));
 writeFileSync(join(out, 'package.json'), `${JSON.stringify(packageOf(version), null, 2)}\n`);
 writeFileSync(join(out, 'zolt20-map-control.classic.cjs'), kRequiredClassic);
-for (const [name, text] of Object.entries(typesOfEntries(types)))
+const language = read('faces/web/package/zolt20-language.d.ts');
+const box = read('faces/web/package/zolt21-synt-text-box.d.ts');
+for (const [name, text] of Object.entries(typesOfEntries(types, language, box)))
   writeFileSync(join(out, name), text);

@@ -41,3 +41,23 @@ export interface Changes {
   gone: Address[];
   changed: Map<Address, number>;
 }
+
+/** What the boxes of statements and the others ask of where their texts are kept. */
+export interface BoxTexts {
+  /** The text with one character for each line end. */
+  shownText(box: Address, lineEnd: string): string;
+  /** The part of the text that these shown characters stand for. */
+  textBetween(box: Address, first: number, behind: number): string;
+  /** The place in what is shown that so many characters of the text take. */
+  shownPlace(box: Address, place: number): number;
+  /** The words of a line that have a colour. */
+  colouredWords(line: string): ColouredWord[];
+}
+
+/** The words of what coloured_words gives. */
+export function wordsIn(numbers: Int32Array): ColouredWord[] {
+  const words: ColouredWord[] = [];
+  for (let at = 0; at < numbers.length; at += 3)
+    words.push({first: numbers[at]!, count: numbers[at + 1]!, kind: numbers[at + 2]!});
+  return words;
+}

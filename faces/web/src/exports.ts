@@ -1,16 +1,9 @@
 // The functions of the module of WebAssembly.
+import type {ExchangeExports} from './exchange';
 import type {Ask, AskText, Gesture, ListKey, Status} from './numbers';
 
 /** The functions of exports.cpp, list_exports.cpp and word_exports.cpp. */
-export interface Exports {
-  memory: WebAssembly.Memory;
-  _initialize(): void;
-  text_in(length: number): number;
-  text_out(): number;
-  text_out_length(): number;
-  numbers_out(): number;
-  numbers_out_length(): number;
-  forget_texts(): void;
+export interface Exports extends ExchangeExports {
   member_count(): number;
   member_name(number: number): void;
   member_argument(number: number): void;

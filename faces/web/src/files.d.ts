@@ -3,7 +3,7 @@ declare module '*.css' {
   const text: string;
   export default text;
 }
-/** The bytes of the logic, a letter each, and the letter of each byte. */
+/** The bytes of a module, a letter each, and the letter of each byte. */
 declare module '*.wasm.json' {
   export const text: string;
   export const letters: string;

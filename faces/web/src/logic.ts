@@ -1,18 +1,20 @@
 // The control's logic: the module of WebAssembly, and what crosses between it and the page.
 //
-// Texts cross by their 16-bit units, so that every text comes back as it went. Controls and
-// elements are their addresses, numbers that mean something to the module alone.
+// Controls and elements are their addresses, numbers that mean something to the module alone.
 
+import {Exchange, kSystem} from './exchange';
 import type {Exports} from './exports';
-import type {
-  Address,
-  Changes,
-  ColouredWord,
-  DrawnRow,
-  MadeGesture,
-  Part,
-  Row,
-  Stretch,
+import {
+  type Address,
+  type BoxTexts,
+  type Changes,
+  type ColouredWord,
+  type DrawnRow,
+  type MadeGesture,
+  type Part,
+  type Row,
+  type Stretch,
+  wordsIn,
 } from './crossing';
 import {type Ask, AskText, type Gesture, type ListKey, type Status} from './numbers';
 
@@ -39,13 +41,9 @@ export interface Listener {
   message(text: string, title: string): void;
 }
 
-// Texts are read in pieces that an argument list holds.
-const kPiece = 8192;
-// A text longer than this is not kept in the module once it went through.
-const kLongText = 1 << 16;
-
-export class Logic {
+export class Logic implements BoxTexts {
   #exports!: Exports;
+  #exchange!: Exchange;
   readonly #listeners = new Map<number, WeakRef<Listener>>();
   readonly #leftBehind = new FinalizationRegistry<{id: number; handle: number}>(({id, handle}) => {
     this.#listeners.delete(id);
@@ -57,7 +55,7 @@ export class Logic {
 
   #begin({exports}: WebAssembly.Instance): this {
     this.#exports = exports as unknown as Exports;
-    this.#exports._initialize();
+    this.#exchange = new Exchange(this.#exports);
     return this;
   }
 
@@ -115,16 +113,7 @@ export class Logic {
         fold: (text: number, length: number) =>
           this.send(this.#textAt(text, length).toLowerCase().replaceAll('\u03c2', '\u03c3')),
       },
-      env: {emscripten_notify_memory_growth() {}},
-      wasi_snapshot_preview1: {
-        // The standard library's way of saying why it gives up.
-        proc_exit(status: number) {
-          throw new Error(`the control's logic ended with ${status}`);
-        },
-        fd_close: () => 0,
-        fd_seek: () => 0,
-        fd_write: () => 0,
-      },
+      ...kSystem,
     };
   }
 
@@ -145,36 +134,17 @@ export class Logic {
   // Texts and numbers.
 
   #textAt(address: number, length: number): string {
-    const units = new Uint16Array(this.#exports.memory.buffer, address, length);
-    if (length <= kPiece) return String.fromCharCode.apply(null, units as unknown as number[]);
-    const pieces: string[] = [];
-    for (let from = 0; from < length; from += kPiece)
-      pieces.push(
-        String.fromCharCode.apply(null, units.subarray(from, from + kPiece) as unknown as number[]),
-      );
-    return pieces.join('');
+    return this.#exchange.textAt(address, length);
   }
-
   /** Hands over the text that the next call takes. */
   send(text: string): void {
-    const address = this.#exports.text_in(text.length);
-    const units = new Uint16Array(this.#exports.memory.buffer, address, text.length);
-    for (let at = 0; at < text.length; ++at) units[at] = text.charCodeAt(at);
+    this.#exchange.send(text);
   }
-
   #text(): string {
-    const length = this.#exports.text_out_length();
-    const text = this.#textAt(this.#exports.text_out(), length);
-    if (length > kLongText) this.#exports.forget_texts();
-    return text;
+    return this.#exchange.text();
   }
-
   #numbers(): Int32Array {
-    return new Int32Array(
-      this.#exports.memory.buffer,
-      this.#exports.numbers_out(),
-      this.#exports.numbers_out_length(),
-    );
+    return this.#exchange.numbers();
   }
 
   // The tables.
@@ -428,11 +398,7 @@ export class Logic {
   colouredWords(line: string): ColouredWord[] {
     this.send(line);
     this.#exports.coloured_words();
-    const numbers = this.#numbers();
-    const words: ColouredWord[] = [];
-    for (let at = 0; at < numbers.length; at += 3)
-      words.push({first: numbers[at]!, count: numbers[at + 1]!, kind: numbers[at + 2]!});
-    return words;
+    return wordsIn(this.#numbers());
   }
 
   // What a person does.

@@ -1,0 +1,22 @@
+// Checks a stored rule in Node: its tree, what is wrong in it, and whether it can be opened again.
+import {check, outline, reopen} from 'zolt20-map-control/language';
+
+// The values of PrpStrTables and PrpStrFields.
+const catalogue = {
+  tables: 'CUSTOMER1',
+  fields: [
+    'char*Q*V*R*N*NCUSTOMER.C_LAST*Q*V*R*N*the last name',
+    'long*Q*V*R*N*NCUSTOMER.C_ID*Q*V*R*N*the number of the customer',
+  ].join(','),
+};
+const select = ['select CUSTOMER.C_LAST', 'from  CUSTOMER', 'endselect'].join('\r\n');
+const rule = `if :var.total > 100 then \r\n${select.replace('C_LAST', 'C_LSAT')}`;
+
+for (const {depth, kind, head} of outline(rule))
+  if (kind !== 'head' && kind !== 'end') console.log(`${'  '.repeat(depth)}${kind}: ${head}`);
+for (const {line, column, severity, sentence, code} of check(rule, catalogue))
+  console.log(`${line}:${column}: ${severity}: ${sentence} [${code}]`);
+
+const {parts, opening} = reopen(select, catalogue);
+console.log(parts);
+console.log(opening.isEqual, opening.finish);
