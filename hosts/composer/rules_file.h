@@ -2,7 +2,14 @@
 //
 // The file is JSON in UTF-8, two blanks for each level, ended by a line feed:
 //
-//   {"format": "zolt20 rules", "version": 1, "rules": [{"name": "", "text": "", "fields": ""}]}
+//   {"format": "zolt20 rules", "version": 2,
+//    "rules": [{"name": "", "text": "", "fields": "", "stored": "2026-01-31T23:59:59Z",
+//               "note": "", "versions": [{"stored": "", "text": "", "fields": ""}]}],
+//    "bin": [{"name": "", "text": "", "fields": "", "deleted": ""}]}
+//
+// "stored" and what follows it may be missing, and are missing in files of version 1. "versions"
+// are the texts before, oldest first; "bin" holds deleted rules with all that belongs to them.
+// Times are UTC.
 //
 // Texts come back exactly, to the last 16-bit character; one that is half of a pair stands in the
 // file as an escape. Keys of a later edition of the format, at the top or in a rule, are kept and
@@ -16,28 +23,18 @@
 #include <QByteArray>
 #include <QString>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "hosts/kit/rules_text.h"
 #include "surface/string.h"
 
 namespace zolt20::composer {
 
-struct Rule {
-  String name;    ///< not ""; no two rules of a file have the same
-  String text;    ///< the statement
-  String fields;  ///< the field records that came with it
-
-  bool operator==(const Rule&) const = default;
-};
-
-/// What goes wrong with a file of rules or with a name; the message, in UTF-8, is for the person
-/// and names the file.
-class RulesError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
+using rules::DeletedRule;
+using rules::Rule;
+using rules::RulesError;
+using rules::Version;
 
 /// Save would write over what somebody else has done to the file.
 class ChangedOnDisk : public RulesError {
@@ -59,6 +56,9 @@ class RulesFile {
   /// two rules have the same name. Where no lock can be made the file is opened all the same, and
   /// can't be saved.
   static RulesFile Open(const QString& path);
+  /// The rules of a file that other composers may have open. Throws RulesError when they can't be
+  /// read.
+  static std::vector<Rule> RulesAt(const QString& path);
 
   /// Reads the file again; what was done to the rules and not saved is gone. Throws RulesError as
   /// Open does, and then everything is as it was.
@@ -81,17 +81,39 @@ class RulesFile {
   /// Why it can't be saved, for the person; "" when it can.
   std::string WhyNotSaved() const;
 
-  /// Adds the rule, or replaces the one of the same name in its place, which keeps its unknown
-  /// keys. Throws RulesError for an empty name.
+  /// How many texts before are kept of each rule.
+  static constexpr std::size_t kVersions = rules::kVersions;
+
+  /// Adds the rule, or replaces the one of the same name in its place, which keeps its note and its
+  /// unknown keys; a text that becomes another one is the newest of its versions then. Throws
+  /// RulesError for an empty name.
   void Put(const Rule& rule);
   /// Throws RulesError when there is no such rule, and for a new name that is empty or another
   /// rule's.
   void Rename(StringView name, StringView newName);
   /// Puts a copy behind the rule, "NAME (2)" or with the next number that is free, and gives back
-  /// its name. Throws RulesError when there is no such rule.
+  /// its name. The copy has the note and no versions yet. Throws RulesError when there is no such
+  /// rule.
   String Duplicate(StringView name);
-  /// Throws RulesError when there is no such rule.
+  /// Moves the rule into the bin. Throws RulesError when there is no such rule.
   void Remove(StringView name);
+
+  // All of these throw RulesError when there is no such rule.
+
+  /// The texts that the rule had before, oldest first.
+  std::vector<Version> VersionsOf(StringView name) const;
+  /// When its text was put, as in Version.
+  String StoredAt(StringView name) const;
+  const String& NoteOf(StringView name) const;
+  void SetNote(StringView name, StringView note);
+
+  /// The deleted rules; the one that was deleted last comes last. Several can have one name.
+  std::vector<DeletedRule> Bin() const;
+  /// Takes a rule out of the bin and puts it behind the others, with a number behind its name when
+  /// that is taken. Gives its name. The index is one of the bin's.
+  String BringBack(std::size_t index);
+  /// Deletes a rule of the bin for good.
+  void Forget(std::size_t index);
 
   /// Writes the rules into a file of another name in the same folder, which then takes the place
   /// and the permissions of the old one; behind a symbolic link, of the file it leads to. Throws
@@ -106,6 +128,10 @@ class RulesFile {
   /// is still the one it was.
   void SaveAs(const QString& path);
 
+  /// Puts the rule at this place among the others, from 0. Throws RulesError when there is no such
+  /// rule, or no such place.
+  void Move(StringView name, std::size_t place);
+
  private:
   struct State;
 
@@ -113,6 +139,8 @@ class RulesFile {
 
   std::size_t NeededIndex(StringView name) const;
   void CheckFree(StringView name) const;
+  String FreeName(StringView name) const;
+  void CheckBin(std::size_t index) const;
 
   std::unique_ptr<State> state_;
 };

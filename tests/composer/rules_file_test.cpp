@@ -28,19 +28,8 @@
 #include <vector>
 
 #include "tests/composer/files.h"
+#include "tests/composer/traced_disk.h"
 #include "tests/support/control_test.h"
-
-namespace {
-// What flushing to the disk fails with, 0 for nothing.
-int flushFails = 0;
-}  // namespace
-
-// Stands before the system's own in this program.
-extern "C" int fsync(int file) {
-  if (flushFails == 0) return static_cast<int>(syscall(SYS_fsync, file));
-  errno = flushFails;
-  return -1;
-}
 
 namespace zolt20::tests {
 namespace {
@@ -189,7 +178,7 @@ TEST_F(RulesFileTest, ANewFileIsMadeByTheFirstSave) {
   EXPECT_EQ(Bytes(File()),
             "{\n"
             "  \"format\": \"zolt20 rules\",\n"
-            "  \"version\": 1,\n"
+            "  \"version\": 2,\n"
             "  \"rules\": []\n"
             "}\n");
 }
@@ -201,10 +190,10 @@ TEST_F(RulesFileTest, TheFileIsReadableJsonEndedByALineFeed) {
   file.Put({u"2", u"\x01\xD83D|\xDCD6|\xD83D\xDCD6", u""});
   file.Save();
   EXPECT_EQ(
-      Bytes(File()),
+      Timeless(File()),
       "{\n"
       "  \"format\": \"zolt20 rules\",\n"
-      "  \"version\": 1,\n"
+      "  \"version\": 2,\n"
       "  \"rules\": [\n"
       "    {\n"
       "      \"name\": \"Orders of K\u00E4ufer\",\n"
@@ -293,17 +282,24 @@ TEST_F(RulesFileTest, UnknownKeysAreKeptWithTheirRules) {
   file.Rename(u"A", u"a");
   file.Put({u"a", u"new", u""});
   file.Remove(u"B");
+  file.Forget(0);
   EXPECT_EQ(file.Duplicate(u"C"), u"C (2)");
   file.Put({u"D", u"", u""});
   file.Save();
-  EXPECT_EQ(Bytes(File()), R"json({
+  EXPECT_EQ(Timeless(File()), R"json({
   "format": "zolt20 rules",
-  "version": 1,
+  "version": 2,
   "rules": [
     {
       "name": "a",
       "text": "new",
       "fields": "",
+      "versions": [
+        {
+          "text": "",
+          "fields": ""
+        }
+      ],
       "tags": [
         "x"
       ],
@@ -411,11 +407,11 @@ constexpr Wrong kWrongs[] = {
      " has a \"version\" 0, which there is not"},
     {"NegativeVersion", R"("version": 1)", R"("version": -1)",
      " has a \"version\" -1, which there is not"},
-    {"LaterVersion", R"("version": 1)", R"("version": 2)",
-     " was written by a later version: its format is version 2, and this composer knows version 1"},
+    {"LaterVersion", R"("version": 1)", R"("version": 3)",
+     " was written by a later version: its format is version 3, and this program knows version 2"},
     {"MuchLaterVersion", R"("version": 1)", R"("version": 18446744073709551615)",
      " was written by a later version: its format is version 18446744073709551615, and this "
-     "composer knows version 1"},
+     "program knows version 2"},
     {"NoRules", R"("rules")", R"("rule")", " has no \"rules\""},
     {"RulesTwice", R"("version")", R"("rules": [], "version")",
      " has the key \"rules\" twice in one place"},
@@ -449,12 +445,15 @@ TEST_F(RulesFileTest, NamesWithPercentSignsStandInComplaintsAsTheyAre) {
   WriteBytes(path, R"({"format":"zolt20 rules","version":1,"rules":[{"name":"%3 %1"}]})");
   EXPECT_EQ(ComplaintOf([&] { RulesFile::Open(path); }),
             path.toStdString() + ": rule \"%3 %1\" has no \"text\"");
+  WriteBytes(path, R"({"format":"zolt20 rules","version":2,"rules":[],"bin":[{"name":"%3 %1"}]})");
+  EXPECT_EQ(ComplaintOf([&] { RulesFile::Open(path); }),
+            path.toStdString() + ": deleted rule \"%3 %1\" has no \"text\"");
 }
 
 TEST_F(RulesFileTest, ALaterVersionNeedNotHaveRulesAsTheyAreNow) {
   WriteBytes(File(), R"({"format":"zolt20 rules","version":3,"groups":[]})");
   EXPECT_EQ(OpenComplaint(), Of(" was written by a later version: its format is version 3, and "
-                                "this composer knows version 1"));
+                                "this program knows version 2"));
 }
 
 TEST_F(RulesFileTest, AnEmptyFileIsComplainedOf) {
@@ -574,6 +573,29 @@ TEST_F(RulesFileTest, RenameTakesNoNameThatIsEmptyTakenOrNotThere) {
   EXPECT_EQ(ComplaintOf([&] { file.Rename(u"A", u"A"); }), "");
   EXPECT_EQ(Names(file), (Texts{"A", "B"}));
   EXPECT_FALSE(file.IsChanged());
+}
+
+TEST_F(RulesFileTest, MovePutsARuleAtAPlaceAmongTheOthers) {
+  RulesFile file = RulesFile::Create(In("file"));
+  for (const char16_t* name : {u"A", u"B", u"C", u"D"})
+    file.Put({name, u"", u""});
+  file.Save();
+  const auto names = [&] {
+    String all;
+    for (const Rule& rule : file.rules())
+      all += rule.name;
+    return all;
+  };
+  file.Move(u"A", 0);
+  EXPECT_FALSE(file.IsChanged());
+  file.Move(u"A", 2);
+  EXPECT_EQ(names(), u"BCAD");
+  EXPECT_TRUE(file.IsChanged());
+  file.Move(u"D", 0);
+  EXPECT_EQ(names(), u"DBCA");
+  EXPECT_EQ(ComplaintOf([&] { file.Move(u"A", 4); }), "There is no such place.");
+  EXPECT_NE(ComplaintOf([&] { file.Move(u"X", 0); }), "");
+  EXPECT_EQ(names(), u"DBCA");
 }
 
 TEST_F(RulesFileTest, DuplicateTakesTheNextFreeNumberAndStandsBehindItsRule) {
@@ -764,7 +786,7 @@ TEST_F(RulesFileTest, AChangeOfTheSameLengthIsSeenToo) {
   Saved();
   RulesFile file = RulesFile::Open(File());
   std::string theirs = Bytes(File());
-  theirs.replace(theirs.find("fields\"\n"), 6, "FIELDS");
+  theirs.replace(theirs.find("fields\",\n"), 6, "FIELDS");
   WriteBytes(File(), theirs);
   EXPECT_THROW(file.Save(), ChangedOnDisk);
   EXPECT_EQ(Bytes(File()), theirs);
@@ -806,6 +828,7 @@ TEST_F(RulesFileTest, SaveAsGoesOnWithTheOtherFile) {
   EXPECT_EQ(Folder(), (Texts{"new.rules", "new.rules.lock", "orders.rules"}));
   EXPECT_EQ(OpenComplaint(), "");
   file.Remove(u"Orders");
+  file.Forget(0);
   file.Save();
   EXPECT_EQ(Bytes(File()), before);
   EXPECT_EQ(Bytes(In("new.rules")).find("Orders"), std::string::npos);
@@ -818,7 +841,7 @@ TEST_F(RulesFileTest, SaveAsReplacesAFileThatIsThereAndKeepsUnknownKeys) {
   file.SaveAs(In("new.rules"));
   EXPECT_EQ(Bytes(In("new.rules")), R"({
   "format": "zolt20 rules",
-  "version": 1,
+  "version": 2,
   "rules": [],
   "x": 1
 }

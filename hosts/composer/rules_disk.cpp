@@ -1,0 +1,149 @@
+#include "hosts/composer/rules_disk.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <cerrno>
+#include <system_error>
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+#include "hosts/composer/rules_file.h"
+
+namespace zolt20::composer {
+namespace {
+
+constexpr int kMostLinks = 40;
+
+}  // namespace
+
+void Complain(const QString& where, const QString& complaint) {
+  throw RulesError((where + u' ' + complaint).toStdString());
+}
+
+QString Shown(const QString& path) {
+  return QDir::toNativeSeparators(path);
+}
+
+QString TargetOf(const QString& path) {
+  QFileInfo file(path);
+  for (int links = 0; file.isSymbolicLink() && links < kMostLinks; ++links) {
+    file.setFile(file.symLinkTarget());
+  }
+  const QString folder = file.dir().canonicalPath();
+  return folder.isEmpty() ? file.absoluteFilePath() : QDir(folder).filePath(file.fileName());
+}
+
+// --- The lock
+
+namespace {
+
+[[noreturn]] void ComplainOfHolder(const QLockFile& lock, const QString& where) {
+  qint64 process = 0;
+  QString host;
+  QString program;
+  if (lock.getLockInfo(&process, &host, &program)) {
+    Complain(where, QCoreApplication::translate("composer",
+                                                "is open in another composer (process %1 on %2)")
+                        .arg(process)
+                        .arg(host));
+  }
+  Complain(where, QCoreApplication::translate(
+                      "composer",
+                      "is open in another composer, or one left its lock %1; when none "
+                      "has it open, remove the lock")
+                      .arg(Shown(lock.fileName())));
+}
+
+}  // namespace
+
+std::unique_ptr<QLockFile> Lock(const QString& target, const QString& where, QString& whyNot) {
+  auto lock = std::make_unique<QLockFile>(target + QStringLiteral(".lock"));
+  // A lock does not grow old, however long its composer has the file; it ends with the process.
+  lock->setStaleLockTime(0);
+  if (lock->tryLock(0)) return lock;
+  if (lock->error() == QLockFile::LockFailedError) ComplainOfHolder(*lock, where);
+  whyNot = QCoreApplication::translate("composer", "can't be saved: %1")
+               .arg(lock->error() == QLockFile::PermissionError
+                        ? QCoreApplication::translate("composer",
+                                                      "there are no rights to write in its folder")
+                        : QCoreApplication::translate("composer", "its lock %1 can't be made")
+                              .arg(Shown(lock->fileName())));
+  return nullptr;
+}
+
+std::unique_ptr<QLockFile> NeededLock(const QString& target, const QString& where) {
+  QString whyNot;
+  std::unique_ptr<QLockFile> lock = Lock(target, where, whyNot);
+  if (!lock) Complain(where, whyNot);
+  return lock;
+}
+
+// --- From disk
+
+QByteArray ReadBytes(const QString& target, const QString& where) {
+  const QFileInfo info(target);
+  if (info.isDir()) Complain(where, QCoreApplication::translate("composer", "is a folder"));
+  if (info.exists() && !info.isFile())
+    Complain(where, QCoreApplication::translate("composer", "is no ordinary file"));
+  QFile file(target);
+  const bool opened = file.open(QIODevice::ReadOnly);
+  QByteArray bytes = opened ? file.readAll() : QByteArray();
+  if (file.error() != QFileDevice::NoError) {
+    Complain(where,
+             QCoreApplication::translate("composer", "can't be read: %1").arg(file.errorString()));
+  }
+  return bytes;
+}
+
+// --- To disk
+
+namespace {
+
+// Whether the bytes are on the disk itself. Some systems tell only here that it is full, and then
+// the old file must not be replaced.
+bool ReachesDisk([[maybe_unused]] const QFileDevice& file) {
+#ifdef Q_OS_UNIX
+  // A kind of disk that can't do this says EINVAL.
+  return ::fsync(file.handle()) == 0 || errno == EINVAL;
+#else
+  return true;
+#endif
+}
+
+}  // namespace
+
+void WriteBytes(const QString& target, const QByteArray& bytes, const QString& where) {
+  const QString complaint = QCoreApplication::translate("composer", "can't be saved: %1");
+  QSaveFile file(target);
+  bool sound = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+  // When there is room for a part only, it is the next write that tells why.
+  for (qint64 done = 0; sound && done < bytes.size();) {
+    const qint64 written = file.write(bytes.constData() + done, bytes.size() - done);
+    sound = written > 0;
+    done += written;
+  }
+  if (!sound) Complain(where, complaint.arg(file.errorString()));
+  if (!ReachesDisk(file)) {
+    const std::error_code reason(errno, std::generic_category());
+    Complain(where, complaint.arg(QString::fromLocal8Bit(reason.message().c_str())));
+  }
+  if (!file.commit()) Complain(where, complaint.arg(file.errorString()));
+  SyncFolderOf(target);
+}
+
+void SyncFolderOf([[maybe_unused]] const QString& target) {
+#ifdef Q_OS_UNIX
+  const QByteArray folder = QFile::encodeName(QFileInfo(target).absolutePath());
+  const int handle = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0) return;
+  ::fsync(handle);
+  ::close(handle);
+#endif
+}
+
+}  // namespace zolt20::composer

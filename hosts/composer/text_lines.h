@@ -1,0 +1,47 @@
+// Where the lines of a text begin, so that a place in it becomes a line and a column and back at no
+// cost. A line ends with CR LF, CR or LF, as one of a box does.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+#include "surface/string.h"
+
+namespace zolt20::composer {
+
+class TextLines {
+ public:
+  explicit TextLines(StringView text = {}) : length_(text.size()) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      const bool isPair = text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
+      if (isPair) ++at;
+      if (text[at] == u'\n' || text[at] == u'\r') starts_.push_back(at + 1);
+    }
+  }
+
+  /// Counted from 0, columns in characters of 16 bits.
+  struct Place {
+    int line;
+    int column;
+  };
+  Place At(std::size_t place) const {
+    const auto behind = std::upper_bound(starts_.begin(), starts_.end(), place);
+    const auto line = static_cast<std::size_t>(behind - starts_.begin()) - 1;
+    return {static_cast<int>(line), static_cast<int>(place - starts_[line])};
+  }
+  /// At the end of the text, or at the start of the next line, where there is no such place.
+  std::size_t PlaceOf(Place at) const {
+    const auto line = static_cast<std::size_t>(at.line);
+    if (line >= starts_.size()) return length_;
+    const std::size_t end = line + 1 < starts_.size() ? starts_[line + 1] : length_;
+    return std::min(starts_[line] + static_cast<std::size_t>(at.column), end);
+  }
+  int Count() const { return static_cast<int>(starts_.size()); }
+
+ private:
+  std::size_t length_;
+  std::vector<std::size_t> starts_{0};
+};
+
+}  // namespace zolt20::composer
