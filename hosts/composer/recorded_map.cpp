@@ -1,11 +1,15 @@
 #include "hosts/composer/recorded_map.h"
 
+#include <QAbstractButton>
 #include <QByteArrayList>
+#include <QTabBar>
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "faces/qt/qt_text.h"
+#include "hosts/composer/journal_lines.h"
 #include "hosts/kit/request.h"
 #include "hosts/kit/text_coding.h"
 #include "surface/surface.h"
@@ -59,31 +63,47 @@ std::string Utf8(const QString& text) {
   return hosts::ToJsonText(View(text));
 }
 
-// Moving about composes nothing, nor do the buttons that only tell the host.
-bool IsChange(const ZOLT20Gesture& gesture) {
-  return gesture.verb != u"focus" && gesture.verb != u"tab" && gesture.control != u"cmdDone" &&
-         gesture.control != u"cmdCancel";
+// What WriteResult made of the Result, and what the control still takes for it. They stand behind
+// the place of the record, and so go with the state.
+struct Edited {
+  QString own;
+  QString text;
+};
+constexpr qsizetype kPlaceValues = 2;
+
+std::optional<Edited> EditedOf(const ZOLT20MapWidget& map) {
+  const QVariantList values = map.hostData().toList().mid(kPlaceValues);
+  if (values.size() < 2) return std::nullopt;
+  return Edited{values[0].toString(), values[1].toString()};
 }
 
-// The request that makes the gesture.
-hosts::Json RequestOf(const ZOLT20Gesture& gesture) {
-  const std::string word = Utf8(gesture.verb);
-  const bool hasOperand = gesture.number >= 0;
-  UserGesture made{Gesture::kFocus, nullptr, gesture.number, FromQt(gesture.text)};
-  // Words of two gestures are told apart by what they have beside their control.
-  for (const GestureDesign& design : kGestures) {
-    if (design.word == word && (design.operand.empty() || hasOperand || word != "click"))
-      made.gesture = design.gesture;
-  }
-  if (gesture.from >= 0) made.mark = TextMark{gesture.from, gesture.to};
-  return hosts::WriteGesture(made, Utf8(gesture.control));
+void KeepEdited(ZOLT20MapWidget& map, const std::optional<Edited>& edited) {
+  QVariantList values = map.hostData().toList().mid(0, kPlaceValues);
+  if (edited) values << edited->own << edited->text;
+  map.setHostData(values);
+}
+
+bool Adds(const ZOLT20Gesture& gesture) {
+  return gesture.verb == u"click" &&
+         (IsAddButton(View(gesture.control)) || gesture.control == u"cmdAdd" ||
+          gesture.control == u"cmdBuild");
+}
+
+// What the buttons add comes behind an edited text; none where they wrote something else anew.
+std::optional<QString> WithEdits(const Edited& edited, const QString& result) {
+  if (!result.startsWith(edited.own)) return std::nullopt;
+  const QString added = result.mid(edited.own.size());
+  const QString lineBreak = ToQt(kLineBreak);
+  const bool isOnNewLine =
+      added.isEmpty() || added.startsWith(lineBreak) || edited.text.endsWith(lineBreak);
+  return edited.text + (isOnNewLine ? QString() : lineBreak) + added;
 }
 
 }  // namespace
 
 RecordedMap::RecordedMap(const catalogue::Catalogue& catalogue, QWidget* parent)
-    : ZOLT20MapWidget(parent) {
-  const auto note = [this](const char* event) { return [this, event] { event_ = event; }; };
+    : ZOLT20MapWidget(parent), reader_(std::make_unique<PagesReader>()) {
+  const auto note = [this](const char* event) { return [this, event] { Note(event); }; };
   // Before the slots of anybody else.
   connect(this, &ZOLT20MapWidget::eventCancel, this, note("eventCancel"));
   connect(this, &ZOLT20MapWidget::eventDone, this, note("eventDone"));
@@ -91,8 +111,14 @@ RecordedMap::RecordedMap(const catalogue::Catalogue& catalogue, QWidget* parent)
   connect(this, &ZOLT20MapWidget::eventCondition, this, note("eventCondition"));
   connect(this, &ZOLT20MapWidget::eventFunction, this, note("eventFunction"));
   connect(this, &ZOLT20MapWidget::gestureMade, this, &RecordedMap::KeepGesture);
-  connect(this, &ZOLT20MapWidget::undone, this, [this] { typedIn_.clear(); });
-  connect(this, &ZOLT20MapWidget::redone, this, [this] { typedIn_.clear(); });
+  connect(this, &ZOLT20MapWidget::undone, this, [this] {
+    typedIn_.clear();
+    ToJournal({{"undo", true}}, true);
+  });
+  connect(this, &ZOLT20MapWidget::redone, this, [this] {
+    typedIn_.clear();
+    ToJournal({{"redo", true}}, true);
+  });
 
   Write("PrpStrTables", ToQt(TableList(catalogue)));
   Write("PrpStrFields", ToQt(FieldList(catalogue)));
@@ -122,12 +148,77 @@ QString RecordedMap::ReadResult() {
   return prpStroutput();
 }
 
-bool RecordedMap::IsChanged() const {
-  return Now().change != settledAt_;
+RecordedMap::Pending RecordedMap::PendingOnPages() const {
+  const PagesText pages = Pages();
+  const StringView result = form().TxtOutput.Text();
+  Pending pending;
+  pending.statement = !pages.statement.empty() && pages.statement != settled_.statement &&
+                      pages.statement != View(Now().added) &&
+                      !HoldsStatement(result.empty() ? View(stored_) : result, pages.statement);
+  pending.unapplied = !pages.unapplied.empty() && pages.unapplied != settled_.unapplied;
+  pending.loose = !pages.loose.empty() && pages.loose != settled_.loose;
+  pending.condition = !pages.condition.empty() && pages.condition != settled_.condition;
+  return pending;
 }
 
-void RecordedMap::Settle() {
-  settledAt_ = Now().change;
+bool RecordedMap::IsChanged() const {
+  const StringView result = form().TxtOutput.Text();
+  return (!result.empty() && result != View(stored_)) || PendingOnPages().Any();
+}
+
+void RecordedMap::Settle(const QString& stored) {
+  stored_ = stored;
+  settled_ = Pages();
+  ToJournal({{"settle", Utf8(stored)}}, false);
+}
+
+Addition RecordedMap::WhatAddDoes() const {
+  const Pending pending = PendingOnPages();
+  Addition addition = reader_->Add(save(), pending.statement, pending.condition, View(Now().added));
+  const std::optional<Edited> edited = EditedOf(*this);
+  if (edited && !addition.buttons.empty() && View(edited->text) != addition.result) {
+    if (const auto text = WithEdits(*edited, ToQt(addition.result)))
+      addition.result = FromQt(*text);
+  }
+  return addition;
+}
+
+void RecordedMap::AddPages() {
+  auto& strip = *findChild<QTabBar*>(QStringLiteral("tabVrn"));
+  const int page = strip.currentIndex();
+  for (const PageButton& button : WhatAddDoes().buttons) {
+    strip.setCurrentIndex(button.page);
+    findChild<QAbstractButton*>(QLatin1String(button.name))->click();
+  }
+  strip.setCurrentIndex(page);
+}
+
+// The focus before and behind it keeps it apart from what the person types in the Result.
+void RecordedMap::WriteResult(const QString& text, const QString& name) {
+  const Json focus = {{"user", "focus"}, {"control", "TxtOutput"}};
+  MakeGesture(focus);
+  const std::optional<Edited> before = EditedOf(*this);
+  const QString own = before ? before->own : ToQt(form().TxtOutput.Text());
+  stepName_ = name;
+  MakeGesture({{"user", "type"}, {"control", "TxtOutput"}, {"text", Utf8(text)}});
+  stepName_.clear();
+  KeepEdited(*this, Edited{own, text});
+  MakeGesture(focus);
+}
+
+// The control writes the whole Result anew from what it added itself, so what was edited in it
+// would be lost: it is put in again as a step of its own.
+void RecordedMap::FollowEdits(const ZOLT20Gesture& gesture) {
+  std::optional<Edited> edited = EditedOf(*this);
+  const QString result = ToQt(form().TxtOutput.Text());
+  if (!edited || result == edited->text) return;
+  const bool isTyped = gesture.verb == u"type" && gesture.control == u"TxtOutput";
+  if (isTyped || (Adds(gesture) && result.startsWith(edited->text)))
+    return KeepEdited(*this, Edited{edited->own, result});
+  KeepEdited(*this, std::nullopt);
+  if (!Adds(gesture) || isPlaying_) return;
+  if (const std::optional<QString> text = WithEdits(*edited, result))
+    WriteResult(*text, tr("Keep What Was Edited"));
 }
 
 QByteArray RecordedMap::Record() const {
@@ -140,15 +231,40 @@ QByteArray RecordedMap::Record() const {
   return record;
 }
 
+// Moving about composes nothing, nor do the buttons that only tell the host.
+bool RecordedMap::IsChange(const ZOLT20Gesture& gesture) {
+  return gesture.verb != u"focus" && gesture.verb != u"tab" && gesture.control != u"cmdDone" &&
+         gesture.control != u"cmdCancel";
+}
+
+// The request that makes the gesture.
+hosts::Json RecordedMap::RequestOf(const ZOLT20Gesture& gesture) {
+  const std::string word = Utf8(gesture.verb);
+  const bool hasOperand = gesture.number >= 0;
+  UserGesture made{Gesture::kFocus, nullptr, gesture.number, FromQt(gesture.text)};
+  // Words of two gestures are told apart by what they have beside their control.
+  for (const GestureDesign& design : kGestures) {
+    if (design.word == word && (design.operand.empty() || hasOperand || word != "click"))
+      made.gesture = design.gesture;
+  }
+  if (gesture.from >= 0) made.mark = TextMark{gesture.from, gesture.to};
+  return hosts::WriteGesture(made, Utf8(gesture.control));
+}
+
 // Within an event it is part of the answer, which stands before the gesture.
 void RecordedMap::Keep(const Json& request) {
   if (event_ != nullptr) {
     answers_.push_back(request);
     return;
   }
+  ToJournal(request, false);
+  AddLine(request);
+}
+
+void RecordedMap::AddLine(const Json& request) {
   const Place place = Now();
-  lines_.push_back({QByteArray::fromStdString(hosts::TakeStandIns(request.dump())), place.last});
-  MoveTo({static_cast<int>(lines_.size()) - 1, place.change});
+  lines_.push_back({JsonLine(request), place.last});
+  MoveTo({static_cast<int>(lines_.size()) - 1, place.added});
   typedIn_.clear();
 }
 
@@ -159,14 +275,25 @@ void RecordedMap::KeepGesture(const ZOLT20Gesture& gesture) {
   if (GoesOnTyping(gesture)) {
     // No step knows the line before, which has most of the same text.
     const Place place = Now();
-    MoveTo({At(place.last).before, place.change});
+    MoveTo({At(place.last).before, place.added});
     lines_.pop_back();
   }
-  if (!answers.empty()) Keep({{"answer", event}, {"with", answers}});
-  Keep(request);
-  if (!answers.empty()) Keep({{"answer", event}, {"with", Json::array()}});
+  if (!answers.empty()) AddLine({{"answer", event}, {"with", answers}});
+  AddLine(request);
+  if (!answers.empty()) AddLine({{"answer", event}, {"with", Json::array()}});
   if (gesture.verb == u"type") typedIn_ = gesture.control;
-  if (IsChange(gesture)) MoveTo({Now().last, ++changes_});
+  if (gesture.verb == u"click" && IsAddButton(View(gesture.control))) {
+    const PagesText pages = Pages();
+    if (HoldsStatement(form().TxtOutput.Text(), pages.statement))
+      MoveTo({Now().last, ToQt(pages.statement)});
+  }
+  Json step = request;
+  if (!answers.empty()) {
+    step["event"] = event;
+    step["with"] = answers;
+  }
+  KeepStep(gesture, std::move(step));
+  FollowEdits(gesture);
 }
 
 // Nothing runs when a syntax text box is typed into, so the last text of a run is all of it.
@@ -183,11 +310,11 @@ const RecordedMap::Line& RecordedMap::At(int line) const {
 RecordedMap::Place RecordedMap::Now() const {
   const QVariantList place = hostData().toList();
   if (place.isEmpty()) return {};
-  return {place[0].toInt(), place[1].toInt()};
+  return {place[0].toInt(), place[1].toString()};
 }
 
 void RecordedMap::MoveTo(Place place) {
-  setHostData(QVariantList{place.last, place.change});
+  setHostData(QVariantList{place.last, place.added} + hostData().toList().mid(kPlaceValues));
 }
 
 }  // namespace zolt20::composer

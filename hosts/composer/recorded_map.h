@@ -7,13 +7,17 @@
 
 #include <QByteArray>
 #include <QString>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <vector>
 
 #include "faces/qt/map_widget.h"
+#include "hosts/composer/pages_text.h"
 #include "hosts/kit/catalogue.h"
 
 namespace zolt20::composer {
+
+class Journal;
 
 class RecordedMap final : public ZOLT20MapWidget {
   Q_OBJECT
@@ -29,28 +33,89 @@ class RecordedMap final : public ZOLT20MapWidget {
   /// The Result, by prpStroutput. Recorded, since at a depth above 0 a read changes it.
   QString ReadResult();
 
-  /// Whether the person did anything since the last Settle, or since the control was made; moving
-  /// about is nothing, and so are Done and Cancel.
+  /// What stands on the pages and neither in the Result nor in the stored text.
+  struct Pending {
+    bool statement = false;  ///< Add To Result would write another statement
+    bool unapplied = false;  ///< a condition of the Where page that it passes over
+    bool loose = false;      ///< parts that it would refuse or pass over
+    bool condition = false;  ///< what is typed on the Condition page
+    bool Any() const { return statement || unapplied || loose || condition; }
+  };
+  Pending PendingOnPages() const;
+  /// Whether something would be lost now: the Result is another than the stored text, or something
+  /// is pending on the pages. Texts are compared, so what comes back to where it was is no change.
   bool IsChanged() const;
-  /// What was done is stored somewhere.
-  void Settle();
+  /// This is the stored text, and what stands on the pages now is no change. Nothing is stored of
+  /// a control that was just made.
+  void Settle(const QString& stored = {});
+  const QString& StoredText() const { return stored_; }
+  /// What the buttons of the pages would make of what is pending.
+  Addition WhatAddDoes() const;
+  /// Presses these buttons, as the person would.
+  void AddPages();
+
+  /// The Result becomes the text, which is one step of the person's: Undo takes it back, the record
+  /// and the journal have it. The step is called by the name.
+  void WriteResult(const QString& text, const QString& name);
+  /// The name of the step that WriteResult is making; "" outside of it.
+  const QString& StepName() const { return stepName_; }
 
   /// The session so far, one request a line.
   QByteArray Record() const;
 
+  // The journal. Called before anybody else hears of events, since what a journal that was left has
+  // of this composer is made again here: the writes within events come out of it.
+
+  /// The composer of a rule.
+  void KeepIn(Journal& journal);
+  /// One within an event of another, whose journal it keeps, and the title of its window.
+  void KeepWithin(const RecordedMap& asking, const QString& title);
+  /// A composer is about to open for the part of the rule's text between two places, and has closed
+  /// with nothing to put back.
+  void BeginEdit(qsizetype first, qsizetype last);
+  void EndEdit();
+  /// Makes steps again. False when they can't be those of this control.
+  bool Play(const std::vector<QByteArray>& steps);
+  /// A gesture as a request. Throws hosts::BadRequest.
+  void MakeGesture(const nlohmann::ordered_json& request);
+  /// The same for a stored statement that comes onto the pages: nothing of it is to be brought
+  /// back.
+  void MakeGestureOfOpening(const nlohmann::ordered_json& request);
+
+ signals:
+  /// The journal that was left ends within a composer for a part of the text, which is to open
+  /// again, with BeginEdit.
+  void EditAskedAgain(qsizetype first, qsizetype last);
+
+ protected:
+  /// While steps are made again, nobody has to answer.
+  void showMessage(const QString& text, const QString& title) override;
+
  private:
   using Json = nlohmann::ordered_json;
 
+  void AddLine(const Json& request);
+  void Note(const char* event);
+  void PlayStep(const Json& step, bool goesOn);
+  void PlayGesture(const Json& step, bool goesOn);
+  void WriteAgain(const Json& write);
+  void AskAgain(const Json& request);
+  static Json RequestOf(const ZOLT20Gesture& gesture);
+  static bool IsChange(const ZOLT20Gesture& gesture);
+  void ToJournal(const Json& step, bool isChange);
+  void KeepStep(const ZOLT20Gesture& gesture, Json step);
   void Keep(const Json& request);
   void KeepGesture(const ZOLT20Gesture& gesture);
+  void FollowEdits(const ZOLT20Gesture& gesture);
   bool GoesOnTyping(const ZOLT20Gesture& gesture) const;
 
   static constexpr int kNone = -1;
+  static constexpr std::size_t kCatalogueLines = 3;  // with which every record begins
 
-  // Where the record stands; goes with the state of the control.
+  // Goes with the state of the control.
   struct Place {
-    int last = kNone;  // line
-    int change = 0;    // the number of the last one
+    int last = kNone;  // the line where the record stands
+    QString added;     // the statement that Add To Result wrote last
   };
   Place Now() const;
   void MoveTo(Place place);
@@ -63,12 +128,26 @@ class RecordedMap final : public ZOLT20MapWidget {
   };
   const Line& At(int line) const;
 
+  PagesText Pages() const { return reader_->Read(save()); }
+
   std::vector<Line> lines_;
-  int changes_ = 0;              // all that there were, undone ones too
-  int settledAt_ = 0;            // a change
+  QString stored_;                       // the text of the last Settle
+  PagesText settled_;                    // and the pages then
+  std::unique_ptr<PagesReader> reader_;  // never null
+  QString stepName_;
   QString typedIn_;              // the box whose text the last line is
   const char* event_ = nullptr;  // the one that is being raised
   Json answers_ = Json::array();
+
+  Journal* journal_ = nullptr;
+  int depth_ = 0;              // how many composers stand around this one
+  QString keptIn_;             // the box that was typed in last
+  QString keptText_;           // and its text
+  bool isPlaying_ = false;     // what is done is in the journal already
+  bool isOpening_ = false;     // what is done is nobody's change
+  bool isAskedAgain_ = false;  // the same for the gesture that is about to ask
+  Json played_;                // the event that comes, and what is written in it
+  QString playedText_;         // of the box that is typed in
 };
 
 }  // namespace zolt20::composer
