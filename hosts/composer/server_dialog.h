@@ -1,0 +1,71 @@
+// The dialog in which a person opens a database on a server: where it is, who they are, and which
+// of its schemas they want. The password goes to the driver and is forgotten with the dialog.
+#pragma once
+
+#include <QDialog>
+#include <functional>
+
+#include "hosts/composer/catalogue_place.h"
+#include "hosts/composer/server_catalogue.h"
+
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QProgressBar;
+class QPushButton;
+class QSpinBox;
+
+namespace zolt20::composer {
+
+class ServerDialog final : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// Whether Qt has a driver of this name.
+  using HasDriver = std::function<bool(const QString& driver)>;
+
+  explicit ServerDialog(QWidget* parent = nullptr, HasDriver hasDriver = {});
+
+  /// What was read, once the dialog is accepted.
+  const OpenedCatalogue& Opened() const { return opened_; }
+  ServerAddress Address() const;
+
+  /// While the server is waited for this stops waiting, and the dialog stays.
+  void reject() override;
+
+ private:
+  QFormLayout* MakeForm();
+  QLayout* MakeSchemas();
+  QLayout* MakeButtons();
+  const ServerDriver& ChosenDriver() const;
+  void ShowDriver();
+  void ForgetSchemas();
+  void ShowState(const QString& told);
+  QStringList ChosenSchemas() const;
+
+  void Connect();
+  void ReadTables();
+  void TakeSchemas(const std::vector<Schema>& schemas);
+  void TakeCatalogue(const catalogue::DatabaseCatalogue& read);
+
+  HasDriver hasDriver_;
+  ServerReader reader_;
+  OpenedCatalogue opened_;
+
+  QFormLayout* form_;
+  QComboBox* driver_;
+  QLineEdit* host_;
+  QSpinBox* port_;
+  QLineEdit* database_;
+  QLineEdit* user_;
+  QLineEdit* password_;
+  QListWidget* schemas_;
+  QLabel* told_;
+  QProgressBar* waiting_;
+  QPushButton* connect_;
+  QPushButton* open_;
+};
+
+}  // namespace zolt20::composer
