@@ -25,9 +25,11 @@ need_packages() {
     echo "The lists of packages could not be brought up to date; going on with those that are there:" >&2
     reasons_in "$complaint"
   }
+  keep_out_cluster "${missing[@]}"
   if apt_get "$complaint" install -y -qq --no-install-recommends "${missing[@]}"; then
     mapfile -t missing < <(missing_of "${missing[@]}")
   fi
+  let_in_cluster
   if [ ${#missing[@]} -eq 0 ]; then
     rm "$complaint"
     return 0
@@ -43,6 +45,22 @@ need_packages() {
   reasons_in "$complaint"
   rm "$complaint"
   exit 1
+}
+
+# PostgreSQL makes a database of its own when it is installed, and starts it with the machine. Nobody asked for one here, so it is told not
+# to where it was never installed; afterwards its settings are those of its package.
+postgresql_settings=${ZOLT20_ROOT:-}/etc/postgresql-common
+keep_out_cluster() {
+  cluster_kept_out=no
+  [[ " $* " == *" $postgresql_package "* ]] && [ ! -e "$postgresql_settings" ] || return 0
+  cluster_kept_out=yes
+  "${as_root[@]}" mkdir -p "$postgresql_settings"
+  echo 'create_main_cluster = false' | "${as_root[@]}" tee "$postgresql_settings/createcluster.conf" >/dev/null
+}
+let_in_cluster() {
+  [ "$cluster_kept_out" = yes ] || return 0
+  local original=${ZOLT20_ROOT:-}/usr/share/postgresql-common/createcluster.conf
+  [ ! -e "$original" ] || "${as_root[@]}" cp "$original" "$postgresql_settings/"
 }
 
 # missing_of PACKAGE...: those that are not installed, a line each.
@@ -86,10 +104,17 @@ debian_sources() {
 }
 
 # What building and testing take.
-build_packages=(ccache g++ cmake ninja-build nlohmann-json3-dev libgtest-dev qt6-base-dev libsqlite3-dev)
-# What testing takes beside that: a display, Qt's way to screen readers, and the letters that pages are looked at in.
+build_packages=(ccache g++ cmake ninja-build nlohmann-json3-dev rapidjson-dev libgtest-dev qt6-base-dev qt6-l10n-tools
+  libsqlite3-dev)
+# What counting instructions takes beside that.
+counts_packages=(libbenchmark-dev valgrind python3)
+# What testing takes beside that: a display, Qt's way to screen readers and its own texts in other languages, the letters that pages are
+# looked at in, and servers of databases with the ways to them.
 font_packages=(fonts-dejavu-core fonts-liberation fonts-noto-core)
-test_packages=(xvfb xauth qt6-base-private-dev "${font_packages[@]}")
+postgresql_package=postgresql-15
+server_packages=("$postgresql_package" mariadb-server-core mariadb-client-core libqt6sql6-psql libqt6sql6-mysql libqt6sql6-odbc odbc-postgresql
+  odbc-mariadb libsqliteodbc)
+test_packages=(xvfb xauth qt6-base-private-dev qt6-translations-l10n "${font_packages[@]}" "${server_packages[@]}")
 
 # What building the Windows control takes: compilers, and what type libraries are made of.
 windows_build_packages=(ccache cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev)
@@ -115,15 +140,19 @@ web_test_packages=(chromium firefox-esr webkit2gtk-driver xvfb xdotool "${font_p
 # What listening to a screen reader takes beside both: the screen reader, its bus, a window manager, and keys.
 orca_packages=(orca at-spi2-core dbus openbox xdotool xvfb)
 
+# What ./site makes pages with.
+site_packages=(doxygen git python3)
+
 # What ./release takes beside all that builds: the plugin for Qt Designer, and what makes archives.
 release_packages=(qt6-tools-dev git dpkg-dev file zip "${npm_packages[@]}")
 
 # Object files come from the compiler cache where the same source was compiled before, in whatever folder. The cache lives in the
-# home folder (ccache -s tells of it); CCACHE_DISABLE=1 does without.
+# home folder (ccache -s tells of it); CCACHE_DISABLE=1 does without. What is compiled while a header changes under it is not kept: the
+# object would be found again under the header's older text.
 use_compiler_cache() {
   export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
   export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
-  export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+  export CCACHE_SLOPPINESS=pch_defines,time_macros
 }
 
 # configure_and_build PRESET [TARGET...]: all targets when none is named.

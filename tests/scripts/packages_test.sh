@@ -31,6 +31,7 @@ case $how in
 esac
 [ "$1" = install ] || exit 0
 shift
+cp "$WORK/root/etc/postgresql-common/createcluster.conf" "$WORK/seen" 2>/dev/null
 for package; do
   case $package in -*) ;; *) grep -qx "$package" "$WORK/offered" && : >"$WORK/installed/$package" ;; esac
 done
@@ -51,15 +52,16 @@ chmod +x "$work"/bin/*
 # begin NAME: nothing is installed; a, b and c are offered; all calls work.
 begin() {
   name=$1
-  rm -rf "$work/installed" "$work"/script.* "$work/calls" "$work/slept"
-  mkdir "$work/installed"
+  rm -rf "$work/installed" "$work"/script.* "$work/calls" "$work/slept" "$work/root" "$work/seen"
+  mkdir -p "$work/installed" "$work/root/usr/share/postgresql-common"
+  echo original >"$work/root/usr/share/postgresql-common/createcluster.conf"
   touch "$work/calls" "$work/slept"
   printf 'a\nb\nc\n' >"$work/offered"
   echo ok >"$work/script.update"
   echo ok >"$work/script.install"
 }
 run() {
-  output=$(WORK=$work PATH="$work/bin:$PATH" bash -c 'source "$1/scripts/packages.sh"; shift; need_packages "$@"; echo went on' _ "$sources" "$@" 2>&1)
+  output=$(WORK=$work ZOLT20_ROOT=$work/root PATH="$work/bin:$PATH" bash -c 'source "$1/scripts/packages.sh"; shift; need_packages "$@"; echo went on' _ "$sources" "$@" 2>&1)
   status=$?
 }
 expect() {
@@ -133,6 +135,26 @@ run a b
 expect 'what is missing is named' says 'b could not be installed: the lists'
 expect 'what is there is not' silent 'a could not be installed'
 expect 'the command ends' ends_with 1
+
+settings=$work/root/etc/postgresql-common
+begin 'PostgreSQL where it never was'
+echo postgresql-15 >>"$work/offered"
+run a postgresql-15
+expect 'it makes no database' grep -qx 'create_main_cluster = false' "$work/seen"
+expect 'its settings are its own afterwards' grep -qx original "$settings/createcluster.conf"
+expect 'the command goes on' says 'went on'
+
+begin 'PostgreSQL where it was'
+echo postgresql-15 >>"$work/offered"
+mkdir -p "$settings"
+echo mine >"$settings/createcluster.conf"
+run postgresql-15
+expect 'its settings stay' grep -qx mine "$work/seen"
+expect 'afterwards too' grep -qx mine "$settings/createcluster.conf"
+
+begin 'no PostgreSQL'
+run a
+expect 'there are no settings of it' test ! -e "$settings"
 
 begin 'neither root nor sudo'
 mkdir -p "$work/few"
