@@ -6,68 +6,126 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "faces/qt/qt_text.h"
 
 namespace zolt20::composer {
+namespace {
 
 using qt::ToQt;
+
+// An argument that a call may leave out stands in brackets.
+bool IsOptional(const String& argument) {
+  return argument.starts_with(u'[') && argument.ends_with(u']');
+}
+
+// Arguments as far as the list goes scroll.
+QWidget* Scrolled(QLayout* content) {
+  auto* inner = new QWidget;
+  inner->setLayout(content);
+  content->setContentsMargins(0, 0, 0, 0);
+  auto* scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setWidget(inner);
+  return scroll;
+}
+
+}  // namespace
 
 FunctionPicker::FunctionPicker(const std::vector<catalogue::Function>& functions, QWidget* parent)
     : QDialog(parent),
       functions_(functions),
       list_(new QListWidget),
+      about_(new QLabel),
       form_(new QFormLayout),
-      preview_(new QLabel) {
-  setWindowTitle(QStringLiteral("Function"));
+      call_(new QLineEdit) {
+  setWindowTitle(tr("Function"));
   auto* filter = new QLineEdit;
-  filter->setPlaceholderText(QStringLiteral("Filter"));
-  filter->setAccessibleName(QStringLiteral("Filter functions"));
-  filter->setClearButtonEnabled(true);
-  list_->setAccessibleName(QStringLiteral("Functions"));
-  for (const catalogue::Function& function : functions)
-    list_->addItem(ToQt(function.name));
-  connect(filter, &QLineEdit::textChanged, this, [this](const QString& text) {
-    for (int row = 0; row < list_->count(); ++row)
-      list_->item(row)->setHidden(!list_->item(row)->text().contains(text, Qt::CaseInsensitive));
-    PickShown();
-  });
-
-  preview_->setTextFormat(Qt::PlainText);
-  preview_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  MakeList(*filter);
+  about_->setTextFormat(Qt::PlainText);
+  about_->setWordWrap(true);
+  about_->setObjectName(QStringLiteral("about"));
+  call_->setAccessibleName(tr("Call"));
+  call_->setPlaceholderText(tr("name(argument, argument)"));
+  auto* callLabel = new QLabel(tr("&Call"));
+  callLabel->setBuddy(call_);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-  buttons->button(QDialogButtonBox::Ok)->setEnabled(false);
+  QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
+  ok->setEnabled(false);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  connect(list_, &QListWidget::currentRowChanged, this, [this, buttons] {
-    ShowArguments();
-    buttons->button(QDialogButtonBox::Ok)->setEnabled(!Call().isEmpty());
-  });
+  connect(call_, &QLineEdit::textChanged, this, [this, ok] { ok->setEnabled(!Call().isEmpty()); });
 
   auto* left = new QVBoxLayout;
   left->addWidget(filter);
   left->addWidget(list_);
   auto* right = new QVBoxLayout;
-  right->addLayout(form_);
-  right->addStretch(1);
-  right->addWidget(preview_);
+  right->addWidget(about_);
+  right->addWidget(Scrolled(form_), 1);
   auto* columns = new QHBoxLayout;
   columns->addLayout(left, 2);
   columns->addLayout(right, 3);
+  auto* line = new QHBoxLayout;
+  line->addWidget(callLabel);
+  line->addWidget(call_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(columns);
+  layout->addLayout(line);
   layout->addWidget(buttons);
-  resize(520, 320);
+  resize(560, 360);
   list_->setCurrentRow(functions.empty() ? -1 : 0);
+  ShowArguments();
+  if (functions.empty()) call_->setFocus();
+}
+
+void FunctionPicker::MakeList(QLineEdit& filter) {
+  filter.setPlaceholderText(tr("Filter"));
+  filter.setAccessibleName(tr("Filter functions"));
+  filter.setClearButtonEnabled(true);
+  filter.setEnabled(!functions_.empty());
+  list_->setAccessibleName(tr("Functions"));
+  for (const catalogue::Function& function : functions_)
+    list_->addItem(ToQt(function.name));
+  connect(list_, &QListWidget::currentRowChanged, this, [this] {
+    ShowArguments();
+    ShowCall();
+  });
+  connect(&filter, &QLineEdit::textChanged, this, [this](const QString& text) {
+    for (int row = 0; row < list_->count(); ++row) {
+      const catalogue::Function& function = functions_[static_cast<std::size_t>(row)];
+      const bool isShown = ToQt(function.name).contains(text, Qt::CaseInsensitive) ||
+                           ToQt(function.kind).startsWith(text, Qt::CaseInsensitive);
+      list_->item(row)->setHidden(!isShown);
+    }
+    PickShown();
+  });
 }
 
 QString FunctionPicker::Call() const {
+  return call_->text().trimmed();
+}
+
+// Optional arguments that are empty are left out as far as nothing stands behind them.
+QString FunctionPicker::CallOfPicked() const {
   if (list_->currentRow() < 0) return {};
-  QStringList arguments;
+  const auto& names = functions_[static_cast<std::size_t>(list_->currentRow())].arguments;
+  QStringList texts;
   for (const QLineEdit* argument : arguments_)
-    arguments.append(argument->text());
-  return list_->currentItem()->text() + QStringLiteral("(%1)").arg(arguments.join(u", "));
+    texts.append(argument->text());
+  while (!texts.isEmpty() && texts.back().isEmpty() &&
+         IsOptional(names[static_cast<std::size_t>(texts.size()) - 1])) {
+    texts.removeLast();
+  }
+  return list_->currentItem()->text() + QStringLiteral("(%1)").arg(texts.join(u", "));
+}
+
+void FunctionPicker::ShowCall() {
+  call_->setText(CallOfPicked());
+  call_->setCursorPosition(0);
 }
 
 // One that the filter hides is not picked any more, but the first that it shows.
@@ -84,16 +142,26 @@ void FunctionPicker::ShowArguments() {
     form_->removeRow(0);
   arguments_.clear();
   const int row = list_->currentRow();
-  if (row >= 0) {
-    for (const String& argument : functions_[static_cast<std::size_t>(row)].arguments) {
+  if (functions_.empty()) {
+    about_->setText(
+        tr("The catalogue has no functions to choose from. Type a call in the line below, or add "
+           "functions to the catalogue by File / Edit Functions."));
+  } else if (row < 0) {
+    about_->setText(tr("No function matches the filter. Any call can be typed below."));
+  } else {
+    const catalogue::Function& function = functions_[static_cast<std::size_t>(row)];
+    QStringList about{ToQt(function.kind), ToQt(function.text)};
+    about.removeAll(QString());
+    about_->setText(about.join(QStringLiteral(": ")));
+    for (const String& argument : function.arguments) {
       auto* line = new QLineEdit;
       line->setAccessibleName(ToQt(argument));
-      connect(line, &QLineEdit::textChanged, this, [this] { preview_->setText(Call()); });
+      connect(line, &QLineEdit::textChanged, this, &FunctionPicker::ShowCall);
       form_->addRow(ToQt(argument), line);
       arguments_.push_back(line);
     }
   }
-  preview_->setText(Call());
+  about_->setVisible(!about_->text().isEmpty());
 }
 
 }  // namespace zolt20::composer

@@ -1,4 +1,5 @@
-// A dialog in which a person picks a function of the catalogue and types its arguments.
+// A dialog in which a person picks a function of the catalogue and fills in its arguments, or types
+// a call of any other one.
 #pragma once
 
 #include <QDialog>
@@ -20,17 +21,21 @@ class FunctionPicker final : public QDialog {
   explicit FunctionPicker(const std::vector<catalogue::Function>& functions,
                           QWidget* parent = nullptr);
 
-  /// The call as it goes into a statement: "substr(NAME, 1, 3)". "" while no function is picked.
+  /// The call as it goes into a statement: "substr(NAME, 1, 3)". "" while there is none.
   QString Call() const;
 
  private:
+  void MakeList(QLineEdit& filter);
   void PickShown();
   void ShowArguments();
+  void ShowCall();
+  QString CallOfPicked() const;
 
   const std::vector<catalogue::Function>& functions_;
   QListWidget* list_;
+  QLabel* about_;
   QFormLayout* form_;
-  QLabel* preview_;
+  QLineEdit* call_;
   std::vector<QLineEdit*> arguments_;
 };
 
