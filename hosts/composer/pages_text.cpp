@@ -1,0 +1,193 @@
+#include "hosts/composer/pages_text.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "surface/error.h"
+
+namespace zolt20::composer {
+namespace {
+
+constexpr int kConditionPage = 6;
+constexpr PageButton kAddSelect{0, "cmdAddSelect"};
+/// By page.
+constexpr std::array<PageButton, 6> kAddButtons{{kAddSelect,
+                                                 {1, "cmdAddWhereQuery"},
+                                                 {2, "cmdAddSelectDoQuer"},
+                                                 {3, "cmdAddSEOStoquery"},
+                                                 {4, "cmdSelectmpty"},
+                                                 {5, "cmdAddtoSERROR"}}};
+
+// Answers nothing, and counts what it is told.
+class SilentHost final : public ControlHost {
+ public:
+  void eventCancel() override {}
+  void eventDone() override {}
+  void eventSubQuery() override {}
+  void eventCondition() override {}
+  void eventFunction() override {}
+  void PropertyChanged(std::string_view /*property*/) override {}
+  void ShowMessage(const Message& /*message*/) override { ++messages; }
+
+  int messages = 0;
+};
+
+void Append(String& texts, StringView text) {
+  if (Trim(text).empty()) return;
+  texts += text;
+  texts += kLineBreak;
+}
+
+// What is typed into the boxes of some pages.
+String TypedOn(const Surface& form, int firstPage, int lastPage) {
+  String typed;
+  for (const Control* control : form.Controls()) {
+    const int page = control->design().page;
+    if (page < firstPage || page > lastPage || control == &form.txtCondition) continue;
+    if (control->kind() == Kind::TextBox)
+      Append(typed, static_cast<const TextBox*>(control)->Text());
+    if (control->kind() == Kind::SyntaxTextBox)
+      Append(typed, static_cast<const SyntaxTextBox*>(control)->Text());
+  }
+  return typed;
+}
+
+// The condition that is being put together above the where text.
+String UnappliedOf(const Surface& form) {
+  if (!Trim(form.txtCondition.Text()).empty()) return form.txtCondition.Text();
+  const String chosen = Concat(form.cboWhereFields.Text(), u" ", form.cboOper.Text(), u" ",
+                               form.cboWhereFields1.Text());
+  return String(Trim(chosen));
+}
+
+}  // namespace
+
+bool IsAddButton(StringView name) {
+  return std::any_of(kAddButtons.begin(), kAddButtons.end(),
+                     [name](const PageButton& button) { return FromAscii(button.name) == name; });
+}
+
+bool HoldsStatement(StringView text, StringView statement) {
+  const auto begins = [&](std::size_t at) {
+    return at == 0 || text.substr(0, at).ends_with(kLineBreak);
+  };
+  const auto ends = [&](std::size_t at) {
+    return at == text.size() || text.substr(at).starts_with(kLineBreak);
+  };
+  if (statement.empty()) return false;
+  for (std::size_t at = text.find(statement); at != StringView::npos;
+       at = text.find(statement, at + 1)) {
+    if (begins(at) && ends(at + statement.size())) return true;
+  }
+  return false;
+}
+
+class PagesReader::Copy {
+ public:
+  void Become(const ControlSnapshot& state) { control_.Restore(state); }
+  const Surface& Form() const { return control_.Form(); }
+  StringView Result() const { return Form().TxtOutput.Text(); }
+
+  /// Whether the button did its work.
+  bool Press(const PageButton& button) {
+    const int before = host_.messages;
+    try {
+      const bool isPressed = control_.UserTab(Integer(button.page)) == Outcome::kDone &&
+                             control_.UserClick(*Form().Find(button.name)) == Outcome::kDone;
+      return isPressed && host_.messages == before;
+    } catch (const RuntimeError&) {
+      return false;
+    }
+  }
+
+  /// The blocks that the statement lacks all the same: Add To Result takes a text of one character,
+  /// and some others, for none.
+  String PassedOver(StringView statement) const {
+    const Surface& form = Form();
+    const std::array<std::pair<const SyntaxTextBox*, StringView>, 4> blocks{
+        {{&form.txtSelectDo, u"\r\nselectdo\r\n"},
+         {&form.txtSelectEOS, u"\r\nselecteos\r\n"},
+         {&form.txtselectempty, u"\r\nselectempty\r\n"},
+         {&form.txtSelectError, u"\r\nselecterror\r\n"}}};
+    String texts;
+    for (const auto& [box, keyword] : blocks) {
+      if (statement.find(keyword) == StringView::npos) Append(texts, box->Text());
+    }
+    return texts;
+  }
+
+  /// Behind the first of two the second one stands alone.
+  String Statement() {
+    if (!Press(kAddSelect)) return {};
+    const std::size_t first = Result().size() + kLineBreak.size();
+    if (!Press(kAddSelect) || Result().size() < first) return {};
+    return String(Result().substr(first));
+  }
+
+ private:
+  SilentHost host_;
+  ZOLT20MapControl control_{host_};
+};
+
+PagesReader::PagesReader() : copy_(std::make_unique<Copy>()) {}
+PagesReader::~PagesReader() = default;
+
+PagesText PagesReader::Read(const ControlSnapshot& state) {
+  PagesText text;
+  copy_->Become(state);
+  text.condition = TypedOn(copy_->Form(), kConditionPage, kConditionPage);
+  text.unapplied = UnappliedOf(copy_->Form());
+  text.statement = copy_->Statement();
+  if (!text.statement.empty()) {
+    text.loose = copy_->PassedOver(text.statement);
+    return text;
+  }
+  copy_->Become(state);
+  text.loose = TypedOn(copy_->Form(), 0, kConditionPage - 1);
+  for (int row = 0; row < copy_->Form().lstSelectedFields.ListCount(); ++row)
+    Append(text.loose, copy_->Form().lstSelectedFields.List(row));
+  return text;
+}
+
+// The button that was pressed on the copy; null when none did its work.
+const PageButton* PagesReader::AddStatement(const ControlSnapshot& state, StringView added) {
+  copy_->Become(state);
+  const int page = copy_->Form().tabVrn.Tab().value();
+  const String before(copy_->Result());
+  const std::size_t place = added.empty() ? String::npos : before.rfind(added);
+  if (page > 0 && place != String::npos) {
+    String wanted = before;
+    wanted.replace(place, added.size(), copy_->Statement());
+    // The button of the page itself first.
+    auto buttons = kAddButtons;
+    std::rotate(buttons.begin() + 1, buttons.begin() + page % kConditionPage, buttons.end());
+    for (const PageButton& button : buttons) {
+      copy_->Become(state);
+      if (button.page > 0 && copy_->Press(button) && copy_->Result() == wanted)
+        return &kAddButtons[static_cast<std::size_t>(button.page)];
+    }
+    copy_->Become(state);
+  }
+  return copy_->Press(kAddSelect) ? kAddButtons.data() : nullptr;
+}
+
+Addition PagesReader::Add(const ControlSnapshot& state, bool statement, bool condition,
+                          StringView added) {
+  Addition addition;
+  copy_->Become(state);
+  addition.result = copy_->Result();
+  if (statement) {
+    if (const PageButton* button = AddStatement(state, added)) addition.buttons.push_back(*button);
+  }
+  const PageButton add{kConditionPage, "cmdAdd"};
+  const PageButton build{kConditionPage, "cmdBuild"};
+  if (condition && copy_->Press(add) && copy_->Press(build)) {
+    addition.buttons.push_back(add);
+    addition.buttons.push_back(build);
+  }
+  if (!addition.buttons.empty()) addition.result = copy_->Result();
+  return addition;
+}
+
+}  // namespace zolt20::composer

@@ -1,0 +1,213 @@
+#include "hosts/composer/rule_pane.h"
+
+#include <QEvent>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QSyntaxHighlighter>
+#include <QTextBlock>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "faces/qt/highlighter.h"
+#include "faces/qt/later.h"
+#include "faces/qt/qt_text.h"
+#include "hosts/composer/text_difference.h"
+#include "hosts/composer/waves.h"
+
+namespace zolt20::composer {
+namespace {
+
+using qt::ToQt;
+using qt::View;
+
+constexpr int kMarkLength = 2;  // "+ "
+constexpr int kNoRow = -1;
+
+QString MarkOf(LineMark mark) {
+  if (mark == LineMark::kAdded) return QStringLiteral("+ ");
+  return mark == LineMark::kRemoved ? QStringLiteral("- ") : QStringLiteral("  ");
+}
+
+}  // namespace
+
+// Words as in the boxes of the control; marked lines stand on a tint of the base colour.
+class RulePane::Colours final : public QSyntaxHighlighter {
+ public:
+  Colours(QTextDocument* document, const QWidget& owner)
+      : QSyntaxHighlighter(document), owner_(owner) {}
+
+  bool isMarked = false;
+
+ protected:
+  void highlightBlock(const QString& line) override {
+    const int first = isMarked ? kMarkLength : 0;
+    const QString text = line.mid(first);
+    for (const faces::ColouredWord& word : faces::ColouredWordsOf(View(text))) {
+      setFormat(first + static_cast<int>(word.first), static_cast<int>(word.count),
+                qt::FormatOf(word.kind, owner_.palette()));
+    }
+    if (!isMarked || line.startsWith(u' ')) return;
+    const bool isDark = owner_.palette().color(QPalette::Base).lightness() < 128;
+    QColor tint = line.startsWith(u'+') ? QColor(0xD8, 0xF5, 0xDD) : QColor(0xFB, 0xDD, 0xDD);
+    if (isDark) tint = line.startsWith(u'+') ? QColor(0x12, 0x3A, 0x1C) : QColor(0x4A, 0x1A, 0x1A);
+    for (int at = 0; at < line.size(); ++at) {
+      QTextCharFormat tinted = format(at);
+      tinted.setBackground(tint);
+      setFormat(at, 1, tinted);
+    }
+  }
+
+ private:
+  const QWidget& owner_;
+};
+
+RulePane::RulePane(const QString& title, QWidget* parent)
+    : QWidget(parent), told_(new QLabel), view_(new QPlainTextEdit) {
+  view_->setReadOnly(true);
+  view_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  view_->setTabChangesFocus(true);
+  view_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  view_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  view_->setTabStopDistance(4 * view_->fontMetrics().horizontalAdvance(u' '));
+  view_->setAccessibleName(title);
+  view_->setObjectName(QStringLiteral("ruleText"));
+  view_->setMinimumSize(80, 40);
+  colours_ = new Colours(view_->document(), *view_);
+  told_->setObjectName(QStringLiteral("ruleTold"));
+  told_->setTextFormat(Qt::PlainText);
+  told_->setWordWrap(true);
+  told_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+  told_->hide();
+  connect(view_, &QPlainTextEdit::cursorPositionChanged, this, [this] {
+    if (view_->hasFocus()) emit CaretMoved();
+  });
+  auto* label = new QLabel(title);
+  label->setBuddy(view_);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(8, 4, 0, 8);
+  layout->addWidget(label);
+  layout->addWidget(told_);
+  layout->addWidget(view_, 1);
+}
+
+void RulePane::Show(const QString& text, const QString& coming) {
+  if (text_ == text && coming_ == coming) return;
+  text_ = text;
+  coming_ = coming;
+  const std::vector<MarkedLine> lines = LineDifference(View(text_), View(coming_));
+  QStringList shown;
+  const bool isMarked = HasMarks(lines);
+  marks_.clear();
+  for (const MarkedLine& line : lines)
+    marks_.push_back(line.mark);
+  for (const MarkedLine& line : lines)
+    shown.append(isMarked ? MarkOf(line.mark) + ToQt(line.text) : ToQt(line.text));
+  colours_->isMarked = isMarked;
+  view_->setPlainText(shown.join(u'\n'));
+  for (qsizetype row = 0; isMarked && row < shown.size(); ++row) {
+    if (shown[row].startsWith(u' ')) continue;
+    view_->setTextCursor(QTextCursor(view_->document()->findBlockByNumber(static_cast<int>(row))));
+    view_->ensureCursorVisible();
+    break;
+  }
+  rows_.clear();
+  placedText_.clear();
+  DrawWaves();
+}
+
+void RulePane::Tell(const QString& told) {
+  told_->setText(told);
+  told_->setVisible(!told.isEmpty());
+}
+
+void RulePane::Point(qsizetype line, qsizetype column, qsizetype length) {
+  const QTextBlock block = view_->document()->findBlockByNumber(static_cast<int>(line) - 1);
+  QTextCursor cursor(block);
+  cursor.setPosition(block.position() + static_cast<int>(column) - 1);
+  cursor.movePosition(QTextCursor::Right, QTextCursor::KeepAnchor, static_cast<int>(length));
+  view_->setTextCursor(cursor);
+  view_->ensureCursorVisible();
+}
+
+// The row of each line of a text, which mostly is one of the two that the pane shows.
+const std::vector<int>& RulePane::RowsOf(const QString& text) const {
+  if (text == placedText_) return rows_;
+  placedText_ = text;
+  rows_.clear();
+  // A line end that is not CR LF makes a row of the view by itself.
+  if (view_->document()->blockCount() != static_cast<int>(marks_.size())) return rows_;
+  const bool isStored = text == text_ && text != coming_;
+  const LineMark other = isStored ? LineMark::kAdded : LineMark::kRemoved;
+  std::vector<int> rows;
+  for (std::size_t row = 0; row < marks_.size(); ++row) {
+    if (marks_[row] != other) rows.push_back(static_cast<int>(row));
+  }
+  if (isStored || text == coming_) return rows_ = std::move(rows);
+  std::size_t next = 0;
+  for (const MarkedLine& line : LineDifference(View(text), View(coming_))) {
+    if (line.mark != LineMark::kAdded)
+      rows_.push_back(line.mark == LineMark::kSame ? rows[next] : kNoRow);
+    if (line.mark != LineMark::kRemoved) ++next;
+  }
+  return rows_;
+}
+
+void RulePane::Underline(const QString& text, const std::vector<language::Finding>& findings) {
+  wavedText_ = text;
+  waved_ = findings;
+  DrawWaves();
+}
+
+void RulePane::DrawWaves() {
+  Waves waves(*view_);
+  if (waved_.empty()) return waves.Draw();
+  const std::vector<int>& rows = RowsOf(wavedText_);
+  for (const language::Finding& finding : waved_) {
+    if (finding.line > rows.size() || rows[finding.line - 1] == kNoRow) continue;
+    const int column = static_cast<int>(finding.column) - 1;
+    waves.Add(finding, rows[finding.line - 1], column + (colours_->isMarked ? kMarkLength : 0));
+  }
+  waves.Draw();
+}
+
+void RulePane::PointAt(const QString& text, TextLines::Place from, TextLines::Place to) {
+  const std::vector<int>& rows = RowsOf(text);
+  const auto isShown = [&](const TextLines::Place& place) {
+    const auto line = static_cast<std::size_t>(place.line);
+    return line < rows.size() && rows[line] != kNoRow;
+  };
+  if (!isShown(from) || !isShown(to)) return;
+  const auto positionOf = [&](const TextLines::Place& place) {
+    const int row = rows[static_cast<std::size_t>(place.line)];
+    const QTextBlock block = view_->document()->findBlockByNumber(row);
+    return block.position() + place.column + (colours_->isMarked ? kMarkLength : 0);
+  };
+  QTextCursor cursor(view_->document());
+  cursor.setPosition(positionOf(to));
+  cursor.setPosition(positionOf(from), QTextCursor::KeepAnchor);
+  view_->setTextCursor(cursor);
+  view_->ensureCursorVisible();
+}
+
+std::optional<TextLines::Place> RulePane::CaretIn(const QString& text) const {
+  const std::vector<int>& rows = RowsOf(text);
+  const QTextCursor caret = view_->textCursor();
+  const auto row = std::find(rows.begin(), rows.end(), caret.blockNumber());
+  if (row == rows.end()) return std::nullopt;
+  const int column = caret.positionInBlock() - (colours_->isMarked ? kMarkLength : 0);
+  return TextLines::Place{static_cast<int>(row - rows.begin()), std::max(column, 0)};
+}
+
+void RulePane::DrawAnew() {
+  colours_->rehighlight();
+  DrawWaves();
+}
+
+// Its text has the palette a moment later.
+void RulePane::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) qt::DoLater(*this, [this] { DrawAnew(); });
+  QWidget::changeEvent(event);
+}
+
+}  // namespace zolt20::composer

@@ -1,0 +1,44 @@
+#include "hosts/composer/waves.h"
+
+#include <QPlainTextEdit>
+#include <QTextBlock>
+#include <algorithm>
+
+#include "hosts/composer/statement_kinds.h"
+
+namespace zolt20::composer {
+namespace {
+
+// Each is looked at for every line that is drawn, and nobody reads more; the list has them all.
+constexpr qsizetype kMostWaves = 300;
+
+}  // namespace
+
+void Waves::Add(const language::Finding& finding, int row, int column) {
+  if (selections_.size() == kMostWaves) return;
+  const QTextBlock block = box_.document()->findBlockByNumber(row);
+  if (!block.isValid()) return;
+  // What is missing at the end of a line is seen below its last character.
+  const int end = block.length() - 1;
+  int length = static_cast<int>(finding.length);
+  if (length == 0) {
+    length = 1;
+    column = std::min(column, end) - 1;
+  }
+  column = std::clamp(column, 0, end);
+  QTextEdit::ExtraSelection wave;
+  wave.cursor = QTextCursor(block);
+  wave.cursor.setPosition(block.position() + column);
+  wave.cursor.setPosition(block.position() + std::min(column + length, end),
+                          QTextCursor::KeepAnchor);
+  const bool isError = finding.severity == language::Severity::kError;
+  wave.format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
+  wave.format.setUnderlineColor(ColourOf(isError ? Mark::kError : Mark::kWarning, box_.palette()));
+  selections_.append(wave);
+}
+
+void Waves::Draw() {
+  box_.setExtraSelections(selections_);
+}
+
+}  // namespace zolt20::composer

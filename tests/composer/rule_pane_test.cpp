@@ -1,0 +1,208 @@
+// The text of a rule beside the control, its versions and note, and the deleted rules.
+#include <QComboBox>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QTextBlock>
+#include <QTextLayout>
+
+#include "tests/composer/composer_test.h"
+
+namespace zolt20::tests {
+namespace {
+
+constexpr int kCustomer = 2;
+constexpr int kDoPage = 2;
+
+constexpr const char* kCustomers = "select CUSTOMER.C_ID\r\nfrom  CUSTOMER\r\nendselect";
+constexpr const char* kTilde = "x = 1\r\ny = \"~\"";
+
+class RulePaneTest : public ComposerTest {
+ protected:
+  /// The text of the pane that is shown; of two the one in place of the control.
+  QPlainTextEdit& View(QWidget& within) {
+    QPlainTextEdit* shown = nullptr;
+    for (auto* view : within.findChildren<QPlainTextEdit*>(QStringLiteral("ruleText"))) {
+      if (view->isVisible() && (shown == nullptr || view->width() > shown->width())) shown = view;
+    }
+    if (shown == nullptr) throw std::runtime_error("no text is shown");
+    return *shown;
+  }
+  std::string Shown() {
+    QTest::qWait(120);
+    return Std(View(window()).toPlainText());
+  }
+  std::string ToldAbove() {
+    std::string told;
+    for (auto* label : window().findChildren<QLabel*>(QStringLiteral("ruleTold"))) {
+      if (label->isVisible()) told += Std(label->text());
+    }
+    return told;
+  }
+  void OpenTilde() { OpenRules({{u"Tilde", Wide(kTilde), u""}, {u"A", Wide(kCustomers), u""}}); }
+  Steps InVersions(const std::function<void()>& act) {
+    return [this, act] {
+      EXPECT_EQ(Told(), "Versions of A");
+      act();
+    };
+  }
+  QListWidget& List(const char* name) {
+    return *Dialog().findChild<QListWidget*>(QString::fromUtf8(name));
+  }
+  void ClickRow(QListWidget& list, int row) {
+    PressOn(*list.viewport(), list.visualItemRect(list.item(row)).center());
+  }
+};
+
+TEST_F(RulePaneTest, TheStoredTextCanBeReadWhileTheResultIsEmpty) {
+  OpenRules({{u"A", Wide(kCustomers), u""}});
+  EXPECT_EQ(Result(), "");
+  EXPECT_EQ(Shown(), "select CUSTOMER.C_ID\nfrom  CUSTOMER\nendselect");
+  EXPECT_TRUE(View(window()).isReadOnly());
+  EXPECT_EQ(View(window()).document()->firstBlock().layout()->formats().isEmpty(), false)
+      << "words have colours";
+  Menu("Rule", "New");
+  EXPECT_EQ(Shown(), "");
+}
+
+TEST_F(RulePaneTest, WhatWouldBeAddedIsMarkedBeforeItIsAdded) {
+  OpenRules({{u"A", Wide(kCustomers), u""}});
+  Tab(kDoPage);
+  Type("txtSelectDo", "total");
+  const char* const marked =
+      "  select CUSTOMER.C_ID\n  from  CUSTOMER\n+ selectdo\n+ \ttotal\n  endselect";
+  EXPECT_EQ(Shown(), marked);
+  EXPECT_EQ(Result(), "");
+  Tab(0);
+  Click("cmdAddSelect");
+  EXPECT_EQ(Shown(), marked) << "it is not stored yet";
+  Click("cmdDone");
+  EXPECT_EQ(Shown(), "select CUSTOMER.C_ID\nfrom  CUSTOMER\nselectdo\n\ttotal\nendselect");
+}
+
+TEST_F(RulePaneTest, WhatWouldGoIsMarkedToo) {
+  OpenRules({{u"A", u"x = 1\r\ny = 2", u""}});
+  Type("TxtOutput", "x = 1");
+  EXPECT_EQ(Shown(), "  x = 1\n- y = 2");
+}
+
+// --- A rule that can't be taken back
+
+TEST_F(RulePaneTest, ARuleThatCannotBeTakenBackIsReadInPlaceOfTheControl) {
+  OpenTilde();
+  EXPECT_EQ(Heading(), "Tilde");
+  EXPECT_FALSE(window().map().isVisible());
+  EXPECT_EQ(Shown(), "x = 1\ny = \"~\"");
+  EXPECT_EQ(Std(View(window()).textCursor().selectedText()), "~");
+  EXPECT_EQ(ToldAbove(),
+            "The control can't take this rule back: it holds ~ at line 2, column 6. The rule can "
+            "be read, copied, renamed, duplicated and deleted.");
+  ClickRule(1);
+  EXPECT_TRUE(window().map().isVisible());
+  EXPECT_EQ(Shown(), "select CUSTOMER.C_ID\nfrom  CUSTOMER\nendselect");
+}
+
+TEST_F(RulePaneTest, ARuleThatCannotBeTakenBackIsCopiedRenamedDuplicatedAndDeleted) {
+  OpenTilde();
+  Menu("Rule", "Copy Text");
+  EXPECT_EQ(Std(QApplication::clipboard()->text()), kTilde);
+  Menu("Rule", "Rename...", {Named("T")});
+  Menu("Rule", "Duplicate");
+  EXPECT_EQ(Listed(), (Texts{"T", "T (2)*", "A"}));
+  Menu("Rule", "Delete");
+  EXPECT_EQ(Stored(), (Texts{std::string("T: ") + kTilde, std::string("A: ") + kCustomers}));
+}
+
+// --- Versions
+
+TEST_F(RulePaneTest, AnEarlierVersionIsComparedAndBroughtBack) {
+  OpenRules({{u"A", Wide(kCustomers), u""}});
+  Tab(kDoPage);
+  Type("txtSelectDo", "total");
+  Tab(0);
+  Click("cmdAddSelect");
+  Click("cmdDone");
+  Menu("Rule", "Versions...", {InVersions([this] {
+         EXPECT_EQ(List("versions").count(), 2);
+         EXPECT_EQ(Std(View(Dialog()).toPlainText()),
+                   "  select CUSTOMER.C_ID\n  from  CUSTOMER\n+ selectdo\n+ \ttotal\n"
+                   "  endselect");
+         QTest::keyClick(&Dialog(), Qt::Key_Return);  // brings nothing back
+       })});
+  EXPECT_NE(Shown().find("total"), std::string::npos);
+  Menu("Rule", "Versions...", {InVersions([this] {
+         ClickRow(List("versions"), 1);
+         EXPECT_EQ(Std(View(Dialog()).toPlainText()),
+                   "select CUSTOMER.C_ID\nfrom  CUSTOMER\nendselect");
+         Choose("Bring Back");
+       })});
+  EXPECT_EQ(Shown(), "select CUSTOMER.C_ID\nfrom  CUSTOMER\nendselect");
+  EXPECT_EQ(Text("txtSelectDo"), "");
+  EXPECT_FALSE(window().map().IsChanged());
+  EXPECT_EQ(window().rules()->VersionsOf(u"A").size(), 2U) << "the other one is a version now";
+  EXPECT_EQ(Stored(), Texts{std::string("A: ") + kCustomers});
+}
+
+TEST_F(RulePaneTest, BringingBackAsksForWhatIsNotStored) {
+  OpenRules({{u"A", u"x = 1", u""}});
+  Type("TxtOutput", "x = 2");
+  Click("cmdDone");
+  Type("TxtOutput", "x = 3");
+  const auto bringBack = InVersions([this] {
+    ClickRow(List("versions"), 1);
+    Choose("Bring Back");
+  });
+  const char* const told = "Rule: What was composed for \"A\" is not stored.";
+  Menu("Rule", "Versions...", {bringBack, Answer(told, "Cancel")});
+  EXPECT_EQ(Result(), "x = 3");
+  Menu("Rule", "Versions...", {bringBack, Answer(told, "Discard")});
+  EXPECT_EQ(Result(), "x = 1");
+}
+
+TEST_F(RulePaneTest, ANoteIsKeptAndShown) {
+  OpenRules({{u"A", u"x = 1", u""}, {u"B", u"y = 1", u""}});
+  Menu("Rule", "Note...", {[this] {
+         auto& text = *Dialog().findChild<QPlainTextEdit*>();
+         PressOn(*text.viewport(), text.viewport()->rect().center());
+         QTest::keyClicks(&text, QStringLiteral("for the morning"));
+         Choose("OK");
+       }});
+  EXPECT_EQ(ToldAbove(), "for the morning");
+  ClickRule(1);
+  EXPECT_EQ(ToldAbove(), "");
+  OpenAgain();
+  EXPECT_EQ(ToldAbove(), "for the morning");
+}
+
+// --- Deleted rules
+
+TEST_F(RulePaneTest, ADeletedRuleIsBroughtBack) {
+  OpenRules({{u"A", u"x = 1", u""}, {u"B", u"y = 1", u""}});
+  Menu("Rule", "Delete");
+  Menu("Rule", "Deleted Rules...", {[this] {
+         EXPECT_EQ(Std(List("deleted").item(0)->text().section(u'\n', 0, 0)), "A");
+         EXPECT_EQ(Std(View(Dialog()).toPlainText()), "x = 1");
+         Choose("Bring Back");
+         EXPECT_EQ(List("deleted").count(), 0);
+         Choose("Close");
+       }});
+  EXPECT_EQ(Heading(), "A");
+  EXPECT_EQ(Stored(), (Texts{"B: y = 1", "A: x = 1"}));
+}
+
+TEST_F(RulePaneTest, EnterDeletesNothingForGood) {
+  OpenRules({{u"A", u"x = 1", u""}});
+  Menu("Rule", "Delete");
+  Menu("Rule", "Deleted Rules...", {[this] {
+         With([this] { Choose("Delete for Good"); },
+              {[this] { QTest::keyClick(&Dialog(), Qt::Key_Return); }});
+         EXPECT_EQ(List("deleted").count(), 1);
+         With([this] { Choose("Delete for Good"); },
+              {Answer("Deleted Rules: Delete \"A\" for good?", "Yes")});
+         EXPECT_EQ(List("deleted").count(), 0);
+         Choose("Close");
+       }});
+  EXPECT_TRUE(window().rules()->Bin().empty());
+}
+
+}  // namespace
+}  // namespace zolt20::tests
