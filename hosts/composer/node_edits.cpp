@@ -1,0 +1,363 @@
+#include "hosts/composer/node_edits.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QTreeView>
+#include <algorithm>
+#include <utility>
+
+#include "faces/qt/qt_text.h"
+#include "hosts/composer/cut_label.h"
+#include "hosts/composer/node_composer.h"
+#include "hosts/composer/node_text.h"
+#include "hosts/composer/opened_statement.h"
+#include "hosts/composer/statement_tree.h"
+
+namespace zolt20::composer {
+namespace {
+
+using language::Change;
+using language::Node;
+using language::NodeKind;
+using language::Place;
+using language::Refusal;
+using language::Where;
+using qt::ToQt;
+using qt::View;
+
+// The page that has the clause; -1 for no clause.
+int PageOf(NodeKind kind) {
+  switch (kind) {
+    case NodeKind::kSelectList:
+    case NodeKind::kFrom:
+    case NodeKind::kGroupBy:
+      return 0;
+    case NodeKind::kWhere:
+    case NodeKind::kOrderBy:
+    case NodeKind::kRowLimit:
+      return 1;
+    case NodeKind::kSelectDo:
+    case NodeKind::kSelectEos:
+    case NodeKind::kSelectEmpty:
+    case NodeKind::kSelectError:
+      return 2 + static_cast<int>(kind) - static_cast<int>(NodeKind::kSelectDo);
+    default:
+      return -1;
+  }
+}
+
+// Statements come to a place within the node.
+bool IsBlock(NodeKind kind) {
+  return (kind >= NodeKind::kSelectDo && kind <= NodeKind::kSelectError) ||
+         kind == NodeKind::kElse || kind == NodeKind::kCaseRow || kind == NodeKind::kDefault;
+}
+
+bool HasStatements(NodeKind kind) {
+  return IsBlock(kind) || kind >= NodeKind::kIf;
+}
+
+bool CanStandBeside(const Node& node) {
+  return node.kind != NodeKind::kBlank && node.kind != NodeKind::kHead &&
+         node.kind != NodeKind::kEnd && node.kind != NodeKind::kMore;
+}
+
+QString ReasonOf(Refusal refusal) {
+  switch (refusal) {
+    case Refusal::kPart:
+      return NodeEdits::tr("This line belongs to its statement.");
+    case Refusal::kItself:
+      return NodeEdits::tr("A statement does not go into itself.");
+    case Refusal::kNoPlace:
+      return NodeEdits::tr("No statements stand in this one.");
+    case Refusal::kNoText:
+      return NodeEdits::tr("There is no statement in the text.");
+    default:
+      return NodeEdits::tr("That would change other statements too.");
+  }
+}
+
+}  // namespace
+
+NodeEdits::NodeEdits(StatementTree& tree, const catalogue::Catalogue& catalogue,
+                     std::function<bool()> mayEdit)
+    : QObject(&tree),
+      tree_(tree),
+      catalogue_(catalogue),
+      mayEdit_(std::move(mayEdit)),
+      rows_(tree.View().viewport()),
+      dropMark_(new QFrame(rows_)) {
+  AddAction(tr("Move &Up"), Qt::ALT | Qt::Key_Up, &NodeEdits::MoveUp);
+  AddAction(tr("Move &Down"), Qt::ALT | Qt::Key_Down, &NodeEdits::MoveDown);
+  AddAction(tr("Cu&t"), QKeySequence::Cut, &NodeEdits::Cut);
+  AddAction(tr("&Copy"), QKeySequence::Copy, &NodeEdits::Copy);
+  AddAction(tr("&Paste"), QKeySequence::Paste, &NodeEdits::Paste);
+  AddAction(tr("De&lete"), QKeySequence::Delete, &NodeEdits::Delete);
+  connect(&tree, &StatementTree::EditRequested, this, &NodeEdits::EditNode);
+  dropMark_->setObjectName(QStringLiteral("nodeDropMark"));
+  dropMark_->setForegroundRole(QPalette::Text);
+  dropMark_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  dropMark_->hide();
+  rows_->installEventFilter(this);
+  tree.View().installEventFilter(this);
+}
+
+void NodeEdits::AddAction(const QString& text, const QKeySequence& keys, void (NodeEdits::*act)()) {
+  auto* action = new QAction(text, this);
+  action->setShortcut(keys);
+  connect(action, &QAction::triggered, this, [this, act] {
+    tree_.Refresh();
+    (this->*act)();
+  });
+  tree_.AddAction(*action);
+}
+
+void NodeEdits::Follow(RecordedMap& map) {
+  map_ = &map;
+  connect(&map, &RecordedMap::EditAskedAgain, this, &NodeEdits::EditAt);
+}
+
+bool NodeEdits::CanEdit() const {
+  return map_ != nullptr && mayEdit_();
+}
+
+// The text becomes another one, and what came is marked in the tree.
+bool NodeEdits::Make(const Change& change, const QString& name) {
+  if (change.refusal != Refusal::kNone) {
+    emit Told(ReasonOf(change.refusal));
+    return false;
+  }
+  const QString text = ToQt(change.text);
+  if (text == tree_.Text()) return false;
+  map_->WriteResult(text, name);
+  tree_.TextChanged();
+  tree_.Refresh();
+  const auto begins = [&](const Node& node) { return node.headFirst >= change.first; };
+  const auto& nodes = tree_.Nodes();
+  const auto found = std::find_if(nodes.begin(), nodes.end(), begins);
+  if (found != nodes.end()) tree_.MarkNode(static_cast<std::size_t>(found - nodes.begin()));
+  tree_.View().setFocus();
+  return true;
+}
+
+// Editing.
+
+void NodeEdits::EditAt(qsizetype first, qsizetype last) {
+  tree_.TextChanged();
+  tree_.Refresh();
+  const std::size_t node = language::FindNode(tree_.Nodes(), static_cast<std::size_t>(first),
+                                              static_cast<std::size_t>(last));
+  if (node != Node::kNone) EditNode(node);
+}
+
+// What does not come back onto the pages as it is, to the byte, is edited as text.
+void NodeEdits::EditNode(std::size_t node) {
+  if (!CanEdit()) return;
+  const std::size_t statement = language::StatementOf(tree_.Nodes(), node);
+  if (statement == Node::kNone) return;
+  const Node& edited = tree_.Nodes()[statement];
+  map_->BeginEdit(static_cast<qsizetype>(edited.first), static_cast<qsizetype>(edited.last));
+  if (!EditOnPages(statement, node)) EditAsText(statement);
+}
+
+QString NodeEdits::HeadOf(std::size_t node) const {
+  return ShortName(
+      ToQt(String(language::HeadOf(View(tree_.Text()), tree_.Nodes()[node]))).simplified());
+}
+
+// False when it can't be done. The dialog opens again until its text fits or is given up.
+bool NodeEdits::EditOnPages(std::size_t statement, std::size_t node) {
+  const QString text = ToQt(language::TakeNode(View(tree_.Text()), tree_.Nodes(), statement));
+  const reopen::Opening opening = OpeningOf(text, catalogue_);
+  if (!opening.IsEqual()) return false;
+  const int page = node == statement ? -1 : PageOf(tree_.Nodes()[node].kind);
+  NodeComposer composer(catalogue_, text, opening, page, HeadOf(statement), *map_);
+  bool isDone = false;
+  do {
+    isDone = composer.exec() == QDialog::Accepted;
+  } while (isDone && !IsPutBack(statement, composer.Text(), composer));
+  if (!isDone || !Make(change_, tr("Edit Statement"))) map_->EndEdit();
+  return true;
+}
+
+void NodeEdits::EditAsText(std::size_t statement) {
+  const QString text = ToQt(language::TakeNode(View(tree_.Text()), tree_.Nodes(), statement));
+  auto names = catalogue_.tables.empty() ? nullptr
+                                         : std::make_unique<language::Names>(TableList(catalogue_),
+                                                                             FieldList(catalogue_));
+  const QString path = PathOf(map_);
+  NodeText dialog(text, std::move(names), path + QStringLiteral(" > ") + HeadOf(statement), &tree_);
+  bool isDone = false;
+  do {
+    isDone = dialog.exec() == QDialog::Accepted;
+  } while (isDone && !IsPutBack(statement, dialog.Text(), dialog));
+  if (!isDone || !Make(change_, tr("Edit Statement"))) map_->EndEdit();
+}
+
+bool NodeEdits::IsPutBack(std::size_t statement, const QString& text, QWidget& dialog) {
+  change_ = language::ReplaceNode(View(tree_.Text()), tree_.Nodes(), statement, View(text));
+  if (change_.refusal == Refusal::kNone) return true;
+  QMessageBox::warning(&dialog, dialog.windowTitle(), ReasonOf(change_.refusal));
+  return false;
+}
+
+// Moving, copying, deleting.
+
+void NodeEdits::MoveTo(std::size_t node, Place place) {
+  if (!CanEdit()) return;
+  Make(language::MoveNode(View(tree_.Text()), tree_.Nodes(), node, place), tr("Move Statement"));
+}
+
+// Past the statement beside it; from the end of a block to beside the statement that has the block.
+void NodeEdits::MoveBy(bool up) {
+  const std::size_t node = tree_.CurrentNode();
+  if (node == Node::kNone) return;
+  const std::vector<Node>& nodes = tree_.Nodes();
+  Place place{Node::kNone, up ? Where::kBefore : Where::kBehind};
+  const std::uint32_t parent = nodes[node].parent;
+  if (up) {
+    std::size_t other = parent == Node::kNone ? 0 : parent + 1;
+    for (; other < node; other = nodes[other].behind)
+      if (CanStandBeside(nodes[other])) place.node = other;
+  } else {
+    const std::size_t other = nodes[node].behind;
+    if (other < nodes.size() && nodes[other].parent == parent && CanStandBeside(nodes[other]))
+      place.node = other;
+  }
+  if (place.node == Node::kNone && parent != Node::kNone)
+    place.node = language::StatementOf(nodes, parent);
+  if (place.node != Node::kNone) MoveTo(node, place);
+}
+
+void NodeEdits::Copy() {
+  const std::size_t node = tree_.CurrentNode();
+  if (node == Node::kNone) return;
+  QApplication::clipboard()->setText(
+      ToQt(language::TakeNode(View(tree_.Text()), tree_.Nodes(), node)));
+}
+
+void NodeEdits::Cut() {
+  const std::size_t node = tree_.CurrentNode();
+  if (node == Node::kNone || !CanEdit()) return;
+  const Change change = language::DeleteNode(View(tree_.Text()), tree_.Nodes(), node);
+  if (change.refusal == Refusal::kNone) Copy();
+  Make(change, tr("Cut Statement"));
+}
+
+void NodeEdits::Delete() {
+  const std::size_t node = tree_.CurrentNode();
+  if (node == Node::kNone || !CanEdit()) return;
+  Make(language::DeleteNode(View(tree_.Text()), tree_.Nodes(), node), tr("Delete Statement"));
+}
+
+// Behind the statement that is marked, or into the block.
+void NodeEdits::Paste() {
+  const std::size_t node = tree_.CurrentNode();
+  Place place;
+  if (node != Node::kNone) {
+    const bool isBlock = IsBlock(tree_.Nodes()[node].kind);
+    place.node = isBlock ? node : language::StatementOf(tree_.Nodes(), node);
+    place.where = isBlock ? Where::kInto : Where::kBehind;
+  }
+  Insert(QApplication::clipboard()->text(), place);
+}
+
+void NodeEdits::Insert(const QString& text, Place place) {
+  if (!CanEdit()) return;
+  Make(language::InsertNodes(View(tree_.Text()), tree_.Nodes(), place, View(text)),
+       tr("Paste Statement"));
+}
+
+std::size_t NodeEdits::NodeAt(const QModelIndex& index) const {
+  return static_cast<const StatementModel&>(*tree_.View().model()).NodeOf(index);
+}
+
+// By the mouse: a drag of our own, as the tree knows where a statement may stand.
+
+bool NodeEdits::Drag(QEvent& event) {
+  const QEvent::Type type = event.type();
+  if (type != QEvent::MouseButtonPress && type != QEvent::MouseMove &&
+      type != QEvent::MouseButtonRelease)
+    return false;
+  const auto& mouse = static_cast<const QMouseEvent&>(event);
+  if (type == QEvent::MouseButtonPress) {
+    EndDrag();
+    const QModelIndex index = tree_.View().indexAt(mouse.pos());
+    const bool begins = mouse.button() == Qt::LeftButton && index.isValid() && CanEdit() &&
+                        tree_.View().visualRect(index).contains(mouse.pos());
+    if (begins) dragged_ = NodeAt(index);
+    pressedAt_ = mouse.pos();
+  } else if (type == QEvent::MouseMove && dragged_ != Node::kNone) {
+    const int way = (mouse.pos() - pressedAt_).manhattanLength();
+    if (isDragging_ || way >= QApplication::startDragDistance()) DragOver(mouse.pos());
+    return true;  // the rows on the way are not marked
+  } else if (type == QEvent::MouseButtonRelease) {
+    if (isDragging_) Drop((mouse.modifiers() & Qt::ControlModifier) != 0);
+    EndDrag();
+  }
+  return false;
+}
+
+// Above or below a row, or into what has statements.
+Place NodeEdits::PlaceAt(const QPoint& at, QRect& shown) const {
+  constexpr int kLine = 2;
+  const QModelIndex index = tree_.View().indexAt({1, at.y()});
+  const QRect row = tree_.View().visualRect(index);
+  if (!index.isValid()) {
+    shown = QRect(0, std::max(0, at.y()), tree_.View().viewport()->width(), kLine);
+    return {};
+  }
+  const std::size_t node = NodeAt(index);
+  const int below = at.y() - row.top();
+  const bool isInto = HasStatements(tree_.Nodes()[node].kind) && 3 * below > row.height();
+  if (isInto) {
+    shown = row;
+    return {node, Where::kInto};
+  }
+  const bool isAbove = 2 * below < row.height();
+  shown = QRect(row.left(), isAbove ? row.top() : row.bottom(), row.width(), kLine);
+  return {node, isAbove ? Where::kBefore : Where::kBehind};
+}
+
+void NodeEdits::DragOver(const QPoint& at) {
+  isDragging_ = true;
+  QRect shown;
+  place_ = PlaceAt(at, shown);
+  const bool isInto = place_.node != Node::kNone && place_.where == Where::kInto;
+  dropMark_->setFrameShape(isInto ? QFrame::Box : QFrame::HLine);
+  dropMark_->setGeometry(shown);
+  dropMark_->show();
+}
+
+void NodeEdits::Drop(bool copies) {
+  const std::size_t node = std::exchange(dragged_, Node::kNone);
+  const Place place = place_;
+  EndDrag();
+  if (node >= tree_.Nodes().size()) return;
+  if (copies) {
+    Insert(ToQt(language::TakeNode(View(tree_.Text()), tree_.Nodes(), node)), place);
+  } else {
+    MoveTo(node, place);
+  }
+}
+
+void NodeEdits::EndDrag() {
+  dragged_ = Node::kNone;
+  isDragging_ = false;
+  dropMark_->hide();
+}
+
+bool NodeEdits::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == rows_) return Drag(*event);
+  const bool isEscape = event->type() == QEvent::KeyPress &&
+                        static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (!isEscape || !isDragging_) return false;
+  EndDrag();
+  return true;
+}
+
+}  // namespace zolt20::composer

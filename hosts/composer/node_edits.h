@@ -1,0 +1,86 @@
+// What a person does with the statements of the tree: they are edited in further composers, moved,
+// copied, cut, pasted and deleted, by keys, by the menu and by the mouse. Nothing else of the text
+// changes; what would change more is told and not done. Each change is one step of the control that
+// is composed with, so Undo takes it back.
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QPointer>
+#include <functional>
+
+#include "hosts/composer/recorded_map.h"
+#include "language/edits.h"
+
+class QAction;
+class QFrame;
+class QKeySequence;
+class QModelIndex;
+
+namespace zolt20::composer {
+
+class StatementTree;
+
+class NodeEdits final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Both outlive it. `mayEdit` tells whether the text of the tree can be changed at all.
+  NodeEdits(StatementTree& tree, const catalogue::Catalogue& catalogue,
+            std::function<bool()> mayEdit);
+
+  /// From now on the tree shows the text of this control.
+  void Follow(RecordedMap& map);
+
+ signals:
+  /// Why nothing was done.
+  void Told(const QString& reason);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void AddAction(const QString& text, const QKeySequence& keys, void (NodeEdits::*act)());
+  bool CanEdit() const;
+  bool Make(const language::Change& change, const QString& name);
+
+  void EditNode(std::size_t node);
+  void EditAt(qsizetype first, qsizetype last);
+  bool EditOnPages(std::size_t statement, std::size_t node);
+  void EditAsText(std::size_t statement);
+  bool IsPutBack(std::size_t statement, const QString& text, QWidget& dialog);
+  QString HeadOf(std::size_t node) const;
+
+  void MoveUp() { MoveBy(true); }
+  void MoveDown() { MoveBy(false); }
+  void MoveBy(bool up);
+  void MoveTo(std::size_t node, language::Place place);
+  void Cut();
+  void Copy();
+  void Paste();
+  void Delete();
+  void Insert(const QString& text, language::Place place);
+
+  std::size_t NodeAt(const QModelIndex& index) const;
+  bool Drag(QEvent& event);
+  void DragOver(const QPoint& at);
+  void Drop(bool copies);
+  void EndDrag();
+  language::Place PlaceAt(const QPoint& at, QRect& shown) const;
+
+  StatementTree& tree_;
+  const catalogue::Catalogue& catalogue_;
+  std::function<bool()> mayEdit_;
+  QPointer<RecordedMap> map_;
+  language::Change change_;  // what IsPutBack found
+
+  // The viewport of the rows. It hears of events while the tree, its parent, is half gone.
+  QWidget* rows_;
+  QFrame* dropMark_;
+  QPoint pressedAt_;
+  std::size_t dragged_ = language::Node::kNone;
+  bool isDragging_ = false;
+  language::Place place_;
+};
+
+}  // namespace zolt20::composer

@@ -1,0 +1,323 @@
+// Statements of a rule edited in place, moved, copied and deleted in the tree, by mouse and keys.
+#include "hosts/composer/node_edits.h"
+
+#include <QFrame>
+#include <QListView>
+#include <QStatusBar>
+#include <QTreeView>
+
+#include "hosts/automation/session.h"
+#include "hosts/composer/node_composer.h"
+#include "hosts/composer/node_text.h"
+#include "hosts/composer/recovery.h"
+#include "hosts/composer/statement_tree.h"
+#include "tests/composer/composer_test.h"
+
+namespace zolt20::tests {
+namespace {
+
+using composer::NodeComposer;
+using composer::NodeText;
+using composer::RecoveryOffer;
+using composer::StatementTree;
+
+constexpr int kSecondField = 2;
+
+// A select statement in a row of an On...Case in a For, and what is around them.
+std::string RuleWith(const std::string& select) {
+  return "for :var.i = 1 to 3\r\n"
+         "\ton case :var.i\r\n"
+         "\t\tcase 1 :\r\n"
+         "\t\t\t:var.a = 1\r\n"
+         "\t\t\t" +
+         select +
+         "\r\n"
+         "\t\t\tfrom  ORDERS__\r\n"
+         "\t\t\tendselect\r\n"
+         "\t\t\tbreak\r\n"
+         "\t\tcase 2 :\r\n"
+         "\t\t\t:var.b = 2\r\n"
+         "\t\t\tbreak\r\n"
+         "\t\tdefault: \r\n"
+         "\t\t\t:var.d = 4\r\n"
+         "endcase\r\n"
+         "endfor\r\n"
+         ":var.c = 3";
+}
+constexpr const char* kSelect = "select ORDERS__.O_ID";
+constexpr const char* kChanged = "select ORDERS__.O_D_ID,ORDERS__.O_ID";
+
+class NodeEditsTest : public ComposerTest {
+ protected:
+  void Open(const std::string& text) {
+    OpenRules({{u"A", Wide(text), u""}});
+    window().resize(1300, 760);
+    QTest::qWait(20);
+  }
+  StatementTree& Pane() { return *window().findChild<StatementTree*>(); }
+  QTreeView& Tree() { return Pane().View(); }
+  QModelIndex Row(const char* head) {
+    const auto* model = Tree().model();
+    const QModelIndexList found =
+        model->match(model->index(0, 0), Qt::DisplayRole, QString::fromUtf8(head), 1,
+                     Qt::MatchExactly | Qt::MatchRecursive);
+    if (found.isEmpty()) throw std::runtime_error(std::string("there is no row ") + head);
+    return found.front();
+  }
+  /// A place of the row in the window: so much of its height below its top.
+  QPoint On(const char* head, double part = 0.5) {
+    const QModelIndex row = Row(head);
+    Tree().scrollTo(row);
+    const QRect place = Tree().visualRect(row);
+    const int below = static_cast<int>(place.height() * part);
+    return Tree().viewport()->mapTo(&window(), QPoint(place.center().x(), place.top() + below));
+  }
+  void ClickOn(const char* head) {
+    QTest::mouseClick(window().windowHandle(), Qt::LeftButton, {}, On(head));
+    QTest::qWait(1);
+  }
+  void DoubleClickOn(const char* head, std::vector<Steps> dialogs) {
+    With([&] { QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, {}, On(head)); },
+         std::move(dialogs));
+    window().activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+  }
+  void Press(Qt::Key key, Qt::KeyboardModifiers with = {}) {
+    QTest::keyClick(window().windowHandle(), key, with);
+    QTest::qWait(1);
+  }
+  void DragTo(const char* head, const char* onto, double part, Qt::KeyboardModifiers with = {}) {
+    const QPoint from = On(head);
+    const QPoint to = On(onto, part);
+    QWindow* place = window().windowHandle();
+    QTest::mousePress(place, Qt::LeftButton, with, from);
+    QTest::mouseMove(place, from + QPoint(0, 40));
+    QTest::mouseMove(place, to);
+    EXPECT_TRUE(Pane().findChild<QFrame*>(QStringLiteral("nodeDropMark"))->isVisible());
+    QTest::mouseRelease(place, Qt::LeftButton, with, to);
+    QTest::qWait(1);
+  }
+  /// Adds a field to the statement on the pages of the dialog.
+  Steps AddField() {
+    return [this] {
+      Dialog<NodeComposer>();
+      Click("lstFields", kSecondField);
+      Click("cmdMoveOne");
+      Click("cmdDone");
+    };
+  }
+  std::string StoredText() {
+    window_.reset();
+    return Narrow(composer::RulesFile::Open(RulesPath()).rules()[0].text);
+  }
+  std::string Status() { return Std(window().statusBar()->currentMessage()); }
+};
+
+TEST_F(NodeEditsTest, TheInnermostStatementIsChangedStoredAndOpenedAndNothingElseDiffers) {
+  Open(RuleWith(kSelect));
+  DoubleClickOn(kSelect, {[this] {
+                  EXPECT_EQ(Std(Dialog<NodeComposer>().Path()), std::string("A > ") + kSelect);
+                  EXPECT_EQ(Text("TxtOutput"), "");
+                  AddField()();
+                }});
+  EXPECT_EQ(Result(), RuleWith(kChanged));
+  EXPECT_EQ(Std(Tree().currentIndex().data().toString()), kChanged);
+  Click("cmdDone");
+  OpenAgain();
+  EXPECT_EQ(Std(Pane().Text()), RuleWith(kChanged));
+  EXPECT_EQ(StoredText(), RuleWith(kChanged));
+}
+
+TEST_F(NodeEditsTest, OneUndoTakesAnEditBackAndTheRecordHasIt) {
+  Open(RuleWith(kSelect));
+  DoubleClickOn(kSelect, {AddField()});
+  ClickOn(":var.c = 3");
+  Press(Qt::Key_Delete);
+  const std::string both = Result();
+  EXPECT_NE(both, RuleWith(kChanged));
+  Press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Result(), RuleWith(kChanged));
+  Press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_NE(Result(), RuleWith(kChanged));
+  EXPECT_FALSE(window().map().IsChanged());
+  Press(Qt::Key_Y, Qt::ControlModifier);
+  Press(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(Result(), both);
+
+  automation::Session session;
+  for (const QByteArray& line : window().map().Record().split('\n'))
+    if (!line.isEmpty()) session.Reply(line.toStdString());
+  EXPECT_EQ(Narrow(session.Control().Form().TxtOutput.Text()), both);
+}
+
+TEST_F(NodeEditsTest, CancelAndADoneWithoutAChangeLeaveAllAsItIs) {
+  Open(RuleWith(kSelect));
+  const std::string before = Result();
+  ClickOn(kSelect);
+  With([this] { Press(Qt::Key_F2); }, {[this] { Click("cmdCancel"); }});
+  With([this] { Press(Qt::Key_Return); }, {[this] { Click("cmdDone"); }});
+  With([this] { Press(Qt::Key_Return); }, {[this] {
+         Click("lstFields", kSecondField);
+         Click("cmdMoveOne");
+         ClickWith("cmdCancel", {[this] { Choose("Discard"); }});
+       }});
+  EXPECT_EQ(Result(), before);
+  EXPECT_FALSE(window().map().IsChanged());
+  EXPECT_FALSE(window().map().canUndo());
+}
+
+TEST_F(NodeEditsTest, AClauseOpensItsPage) {
+  Open(
+      "select ORDERS__.O_ID\r\nfrom  ORDERS__\r\nwhere ORDERS__.O_ID = 1\r\nselectdo\r\n\t:a = "
+      "1\r\n"
+      "endselect\r\n:b = 1");
+  for (const auto& [head, page] : {std::pair{"where ORDERS__.O_ID = 1", 1},
+                                   std::pair{"selectdo", 2}, std::pair{"from ORDERS__", 0}}) {
+    DoubleClickOn(head, {[&, page = page] {
+                    EXPECT_EQ(Dialog<NodeComposer>().map().form().tabVrn.Tab().value(), page);
+                    Click("cmdDone");
+                  }});
+  }
+}
+
+TEST_F(NodeEditsTest, AControlFlowStatementOpensOnTheConditionPage) {
+  Open(":a = 1\r\nif :b = 1 then \r\n\t:c = 1\r\nendif");
+  DoubleClickOn("if :b = 1 then", {[this] {
+                  EXPECT_EQ(Text("txtStmt1"), ":c = 1");
+                  Type("txtStmt1", ":c = 2");
+                  Click("cmdDone");
+                }});
+  EXPECT_EQ(Result(), ":a = 1\r\nif :b = 1 then \r\n\t:c = 2\r\nendif");
+}
+
+TEST_F(NodeEditsTest, APlainStatementOpensAsTextThatIsChecked) {
+  Open(RuleWith(kSelect));
+  const auto type = [this](const char* text) {
+    auto& box = *Dialog<NodeText>().findChild<QPlainTextEdit*>(QStringLiteral("nodeText"));
+    box.setFocus();
+    QTest::keySequence(&box, QKeySequence(QKeySequence::SelectAll));
+    QTest::keyClicks(&box, QString::fromUtf8(text));
+  };
+  DoubleClickOn(":var.b = 2",
+                {[&] {
+                   type("endfor");
+                   QTest::keyClick(&Dialog(), Qt::Key_Return, Qt::ControlModifier);
+                 },
+                 Answer("Edit Statement: That would change other statements too."),
+                 [&] {
+                   type("x = round ( 5");
+                   const QListView& problems = *Dialog().findChild<QListView*>();
+                   EXPECT_TRUE(QTest::qWaitFor([&] { return problems.model()->rowCount() == 1; }));
+                   QTest::keyClick(&Dialog(), Qt::Key_Return, Qt::ControlModifier);
+                 }});
+  std::string expected = RuleWith(kSelect);
+  expected.replace(expected.find(":var.b = 2"), 10, "x = round ( 5");
+  EXPECT_EQ(Result(), expected);
+}
+
+TEST_F(NodeEditsTest, StatementsMoveByKeys) {
+  Open("a = 1\r\nfor i = 1 to 2\r\n\tb = 1\r\n\tc = 1\r\nendfor");
+  ClickOn("c = 1");
+  Press(Qt::Key_Up, Qt::AltModifier);
+  EXPECT_EQ(Result(), "a = 1\r\nfor i = 1 to 2\r\n\tc = 1\r\n\tb = 1\r\nendfor");
+  Press(Qt::Key_Up, Qt::AltModifier);
+  EXPECT_EQ(Result(), "a = 1\r\nc = 1\r\nfor i = 1 to 2\r\n\tb = 1\r\nendfor");
+  Press(Qt::Key_Down, Qt::AltModifier);
+  EXPECT_EQ(Result(), "a = 1\r\nfor i = 1 to 2\r\n\tb = 1\r\nendfor\r\nc = 1");
+  Press(Qt::Key_Down, Qt::AltModifier);
+  EXPECT_EQ(Result(), "a = 1\r\nfor i = 1 to 2\r\n\tb = 1\r\nendfor\r\nc = 1") << "the last one";
+  for (int undo = 0; undo < 3; ++undo)
+    Press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_FALSE(window().map().IsChanged());
+}
+
+TEST_F(NodeEditsTest, StatementsAreCopiedCutAndPastedAsTexts) {
+  Open("a = 1\r\nfor i = 1 to 2\r\n\tif b then \r\n\t\tc = 1\r\n\tendif\r\nendfor");
+  ClickOn("if b then");
+  Press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(Std(QApplication::clipboard()->text()), "if b then \r\n\tc = 1\r\nendif");
+  ClickOn("c = 1");
+  Press(Qt::Key_X, Qt::ControlModifier);
+  EXPECT_EQ(Std(QApplication::clipboard()->text()), "c = 1");
+  EXPECT_EQ(Result(), "a = 1\r\nfor i = 1 to 2\r\n\tif b then \r\n\tendif\r\nendfor");
+  ClickOn("if b then");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Result(), "a = 1\r\nfor i = 1 to 2\r\n\tif b then \r\n\tendif\r\n\tc = 1\r\nendfor");
+  QApplication::clipboard()->setText(QStringLiteral("endfor"));
+  const std::string before = Result();
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Result(), before);
+  EXPECT_EQ(Status(), "That would change other statements too.");
+}
+
+TEST_F(NodeEditsTest, StatementsAreDraggedBesideAndIntoOthers) {
+  Open("a = 1\r\nfor i = 1 to 2\r\n\tb = 1\r\nendfor\r\nc = 1");
+  DragTo("c = 1", "a = 1", 0.1);
+  EXPECT_EQ(Result(), "c = 1\r\na = 1\r\nfor i = 1 to 2\r\n\tb = 1\r\nendfor");
+  DragTo("a = 1", "for i = 1 to 2", 0.6);
+  EXPECT_EQ(Result(), "c = 1\r\nfor i = 1 to 2\r\n\tb = 1\r\n\ta = 1\r\nendfor");
+  DragTo("b = 1", "c = 1", 0.9, Qt::ControlModifier);
+  EXPECT_EQ(Result(), "c = 1\r\nb = 1\r\nfor i = 1 to 2\r\n\tb = 1\r\n\ta = 1\r\nendfor");
+}
+
+// The control itself would write anew what it had before the edit.
+TEST_F(NodeEditsTest, WhatIsAddedLaterComesBehindWhatWasEdited) {
+  Open("a = 1\r\nb = 1");
+  ClickOn("a = 1");
+  Press(Qt::Key_Delete);
+  ASSERT_EQ(Result(), "b = 1");
+  AddSelect(5, 1);
+  const std::string added = "b = 1\r\nselect ORDERS__.O_ID\r\nfrom  ORDERS__\r\nendselect";
+  EXPECT_EQ(Result(), added);
+  ClickOn("b = 1");
+  Press(Qt::Key_Delete);
+  EXPECT_EQ(Result(), added.substr(7));
+  Click("cmdAddSelect");
+  EXPECT_EQ(Result(), added.substr(7) + added.substr(5));
+  Click("cmdDone");
+  EXPECT_EQ(StoredText(), added.substr(7) + added.substr(5));
+}
+
+TEST_F(NodeEditsTest, AnEditComesBackAfterAKill) {
+  Open(RuleWith(kSelect));
+  DoubleClickOn(kSelect, {AddField()});
+  KillWindow();
+  OpenWindow();
+  With([&] { EXPECT_TRUE(window().OpenRules(RulesPath())); }, {[this] {
+         Dialog<RecoveryOffer>();
+         Choose("Go On");
+       }});
+  EXPECT_EQ(Result(), RuleWith(kChanged));
+  EXPECT_TRUE(window().map().canUndo());
+}
+
+TEST_F(NodeEditsTest, AnEditThatIsUnderWayComesBackAfterAKill) {
+  Open(RuleWith(kSelect));
+  DoubleClickOn(kSelect, {[this] {
+                  Click("lstFields", kSecondField);
+                  Click("cmdMoveOne");
+                  EXPECT_TRUE(window().journal().WaitUntilKept(std::chrono::seconds(10)));
+                  QFile::copy(In("orders.rules.journal"), In("kept"));
+                  Click("cmdDone");
+                }});
+  CloseWindow();
+  ASSERT_TRUE(QFile::rename(In("kept"), In("orders.rules.journal")));
+  OpenWindow();
+  With([&] { EXPECT_TRUE(window().OpenRules(RulesPath())); },
+       {[this] {
+          EXPECT_NE(Std(Dialog<RecoveryOffer>().findChild<QLabel*>()->text())
+                        .find("Open: A > Edit Statement"),
+                    std::string::npos);
+          Choose("Go On");
+        },
+        [this] {
+          Dialog<NodeComposer>();
+          EXPECT_EQ(window().map().form().lstSelectedFields.ListCount(), 0);
+          EXPECT_EQ(Dialog<NodeComposer>().map().form().lstSelectedFields.ListCount(), 2);
+          Click("cmdDone");
+        }});
+  EXPECT_EQ(Result(), RuleWith(kChanged));
+}
+
+}  // namespace
+}  // namespace zolt20::tests
