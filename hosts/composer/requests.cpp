@@ -1,10 +1,13 @@
 #include "hosts/composer/requests.h"
 
+#include <QCoreApplication>
 #include <QMessageBox>
-#include <QVBoxLayout>
+#include <QPushButton>
 
+#include "faces/qt/later.h"
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/function_picker.h"
+#include "hosts/composer/map_keys.h"
 #include "language/reopen.h"
 
 namespace zolt20::composer {
@@ -38,12 +41,15 @@ bool IsSendable(QWidget& parent, const QString& text) {
   const std::size_t at = reopen::FindUnsendable(View(text));
   if (at == StringView::npos) return true;
   QMessageBox::warning(
-      &parent, QStringLiteral("Text"),
-      QStringLiteral("The text can't be handed over: it holds \"%1\", which has a meaning of its "
-                     "own on the way.")
+      &parent, QCoreApplication::translate("composer", "Text"),
+      QCoreApplication::translate(
+          "composer",
+          "The text can't be handed over: it holds \"%1\", which has a meaning of its "
+          "own on the way.")
           .arg(
               text.mid(static_cast<qsizetype>(at), text[static_cast<qsizetype>(at)] == u'`' ? 3 : 1)
-                  .replace(QChar(1), QStringLiteral("the character of code 1"))));
+                  .replace(QChar(1),
+                           QCoreApplication::translate("composer", "the character of code 1"))));
   return false;
 }
 
@@ -64,6 +70,30 @@ void AnswerByFunction(RecordedMap& map, const catalogue::Catalogue& catalogue) {
   Answer(map, EncodeFor(map.prpStrSQLPart(), picker.Call()));
 }
 
+const char* NameOfPage(const QString& pageCode) {
+  if (pageCode == u"D") return "SelectDo";
+  if (pageCode == u"E") return "SelectEOS";
+  if (pageCode == u"O") return "SelectEmpty";
+  if (pageCode == u"F") return "SelectError";
+  return "Condition";
+}
+
+// A path that ends with the page needs no second word for it.
+QString Joined(const QString& path, const QString& page, const QString& what) {
+  const QString between = QStringLiteral(" > ");
+  if (path.isEmpty()) return page + between + what;
+  return path + (path.endsWith(between + page) ? QString() : between + page) + between + what;
+}
+
+QString WhatIsAsked(bool onCondition) {
+  return onCondition ? NestedComposer::tr("Condition") : NestedComposer::tr("Sub Query");
+}
+
+QString TitleOf(const QString& pageCode, bool onCondition) {
+  return NestedComposer::tr("%1 for %2")
+      .arg(WhatIsAsked(onCondition), QString::fromLatin1(NameOfPage(pageCode)));
+}
+
 }  // namespace
 
 void AnswerRequests(RecordedMap& map, const catalogue::Catalogue& catalogue) {
@@ -76,7 +106,7 @@ void AnswerRequests(RecordedMap& map, const catalogue::Catalogue& catalogue) {
   QObject::connect(&map, &ZOLT20MapWidget::Failed, &map,
                    [&map](const QString& kind, int number, const QString& text) {
                      QMessageBox::critical(
-                         &map, QStringLiteral("Error"),
+                         &map, QCoreApplication::translate("composer", "Error"),
                          QStringLiteral("%1 (%2): %3").arg(kind).arg(number).arg(text));
                    });
 }
@@ -85,44 +115,48 @@ void AnswerRequests(RecordedMap& map, const catalogue::Catalogue& catalogue) {
 // the first, so it is read one level deep.
 NestedComposer::NestedComposer(const catalogue::Catalogue& catalogue, const QString& pageCode,
                                bool onCondition, QWidget* parent)
-    : QDialog(parent), pageCode_(pageCode), map_(new RecordedMap(catalogue)) {
-  static const QStringList kPages{QStringLiteral("SelectDo"), QStringLiteral("SelectEOS"),
-                                  QStringLiteral("SelectEmpty"), QStringLiteral("SelectError"),
-                                  QStringLiteral("Condition")};
-  const QString what = onCondition ? QStringLiteral("Condition") : QStringLiteral("Sub Query");
-  setWindowTitle(
-      QStringLiteral("%1 for %2")
-          .arg(what, kPages.value(static_cast<int>(QStringLiteral("DEOFC").indexOf(pageCode)))));
-  map_->Write("prpParentorChild", QStringLiteral("Child"));
-  map_->Write("prpTab", onCondition ? kConditionPage : kSelectListPage);
-  map_->Write("prpintTabcount", 0);
-  map_->Settle();
-  AnswerRequests(*map_, catalogue);
-  connect(map_, &ZOLT20MapWidget::eventDone, this, &NestedComposer::TakeText);
-  connect(map_, &ZOLT20MapWidget::eventCancel, this, &NestedComposer::reject);
-
-  auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(map_);
-  resize(900, 650);
+    : FurtherComposer(catalogue, TitleOf(pageCode, onCondition), parent), pageCode_(pageCode) {
+  map().Write("prpParentorChild", QStringLiteral("Child"));
+  map().Write("prpTab", onCondition ? kConditionPage : kSelectListPage);
+  map().Write("prpintTabcount", 0);
+  map().Settle();
+  Begin(catalogue, Joined(PathOf(parent), QString::fromLatin1(NameOfPage(pageCode)),
+                          WhatIsAsked(onCondition)));
 }
 
 void NestedComposer::TakeText() {
-  if (map_->form().TxtOutput.Text().empty()) return reject();  // what is in the pages may be missed
-  if (!IsSendable(*this, ToQt(map_->form().TxtOutput.Text()))) return;
-  if (IsBlock(pageCode_)) map_->Write("prpintTabcount", 1);
-  encoded_ = EncodeFor(pageCode_, map_->ReadResult());
+  if (map().form().TxtOutput.Text().empty()) {
+    // What is in the pages may be missed.
+    return map().IsChanged() ? TellWhatIsMissing() : reject();
+  }
+  if (!IsSendable(*this, ToQt(map().form().TxtOutput.Text()))) return;
+  if (IsBlock(pageCode_)) map().Write("prpintTabcount", 1);
+  encoded_ = EncodeFor(pageCode_, map().ReadResult());
   accept();
 }
 
-void NestedComposer::reject() {
-  if (map_->IsChanged() &&
-      QMessageBox::question(this, windowTitle(), QStringLiteral("Leave without what was composed?"),
-                            QMessageBox::Discard | QMessageBox::Cancel,
-                            QMessageBox::Cancel) != QMessageBox::Discard) {
-    return;
-  }
-  QDialog::reject();
+void NestedComposer::TellWhatIsMissing() {
+  QMessageBox message(QMessageBox::Question, windowTitle(),
+                      tr("Nothing was added to the Result, so there is nothing to hand over."),
+                      QMessageBox::NoButton, this);
+  message.setInformativeText(
+      tr("What stands on the pages comes into the Result by the button that adds it."));
+  const QAbstractButton* add = message.addButton(tr("Add To Result"), QMessageBox::AcceptRole);
+  QPushButton* goOn = message.addButton(tr("Go On"), QMessageBox::RejectRole);
+  const QAbstractButton* leave = message.addButton(tr("Leave"), QMessageBox::DestructiveRole);
+  message.setDefaultButton(goOn);
+  message.setEscapeButton(goOn);
+  message.exec();
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+  if (message.clickedButton() == leave) QDialog::reject();
+  // Once the click on Done is over, since until then the control takes no other.
+  if (message.clickedButton() == add) qt::DoLater(*this, [this] { AddAndTakeText(); });
+}
+
+// By the control's own buttons, which may refuse.
+void NestedComposer::AddAndTakeText() {
+  PressAdd(map());
+  if (!map().form().TxtOutput.Text().empty()) PressButton(map(), "cmdDone");
 }
 
 }  // namespace zolt20::composer

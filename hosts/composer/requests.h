@@ -2,9 +2,7 @@
 // the functions of the catalogue.
 #pragma once
 
-#include <QDialog>
-
-#include "hosts/composer/recorded_map.h"
+#include "hosts/composer/further_composer.h"
 
 namespace zolt20::composer {
 
@@ -12,8 +10,8 @@ namespace zolt20::composer {
 /// what fails. The catalogue outlives the control.
 void AnswerRequests(RecordedMap& map, const catalogue::Catalogue& catalogue);
 
-/// A composer whose text goes into a statement of another one.
-class NestedComposer final : public QDialog {
+/// Composes a text for a page of another composer.
+class NestedComposer final : public FurtherComposer {
   Q_OBJECT
 
  public:
@@ -23,16 +21,15 @@ class NestedComposer final : public QDialog {
 
   /// What was composed, encoded for the property of the page; "" for nothing.
   QString Encoded() const { return encoded_; }
-  RecordedMap& map() { return *map_; }
 
-  /// Asks first when something was composed.
-  void reject() override;
+ protected:
+  void TakeText() override;
 
  private:
-  void TakeText();
+  void TellWhatIsMissing();
+  void AddAndTakeText();
 
   QString pageCode_;
-  RecordedMap* map_;
   QString encoded_;
 };
 

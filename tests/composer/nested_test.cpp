@@ -1,7 +1,9 @@
 // Composers within composers, and the function picker: what lands in the statement that asked.
 #include <QDialogButtonBox>
 #include <QImage>
+#include <QLabel>
 #include <QProcess>
+#include <QScreen>
 #include <ostream>
 
 #include "hosts/automation/session.h"
@@ -446,16 +448,58 @@ TEST_F(NestedTest, CancelHandsNothingOverAndAsksForWhatWasComposed) {
   EXPECT_EQ(Text("txtSelectDo"), "x = 1");
 }
 
-TEST_F(NestedTest, DoneWithAnEmptyResultDoesNotLoseWhatStandsInThePages) {
-  const std::string question = "Sub Query for SelectDo: Leave without what was composed?";
+TEST_F(NestedTest, DoneWithAnEmptyResultTellsWhatIsMissing) {
+  const std::string told =
+      "Sub Query for SelectDo: Nothing was added to the Result, so there is nothing to hand over.";
   Tab(kSelectDoPage);
   ClickWith("cmdSubQuery(0)", {[this] { Click("cmdDone"); }});
   ClickWith("cmdSubQuery(0)", {[&] {
               Click("lsttables", kOrders);
-              ClickWith("cmdDone", {Answer(question, "Cancel")});
-              ClickWith("cmdDone", {Answer(question, "Discard")});
+              Click("lstFields", 1);
+              Click("cmdMoveOne");
+              ClickWith("cmdDone", {Answer(told, "Go On")});
+              EXPECT_TRUE(Dialog().isVisible());
+              ClickWith("cmdDone", {Answer(told, "Leave")});
             }});
   EXPECT_EQ(Text("txtSelectDo"), "");
+}
+
+TEST_F(NestedTest, WhatIsMissingIsAddedAndHandedOverWhenAsked) {
+  const std::string told =
+      "Sub Query for SelectDo: Nothing was added to the Result, so there is nothing to hand over.";
+  Tab(kSelectDoPage);
+  ClickWith("cmdSubQuery(0)", {[&] {
+              Click("lsttables", kOrders);
+              Click("lstFields", kFirstField);
+              Click("cmdMoveOne");
+              ClickWith("cmdDone", {Answer(told, "Add To Result")});
+              QTest::qWait(10);
+            }});
+  EXPECT_EQ(Text("txtSelectDo"), "select ORDERS__.O_ID\r\nfrom  ORDERS__\r\nendselect");
+}
+
+TEST_F(NestedTest, ANestedWindowTellsWhereItIsAndStandsShifted) {
+  OpenRules({{u"Orders", u"select CUSTOMER.C_ID\r\nfrom  CUSTOMER\r\nendselect", u""}});
+  const auto path = [this] {
+    return Std(Dialog().findChild<QLabel*>(QStringLiteral("path"))->text());
+  };
+  Tab(kSelectDoPage);
+  ClickWith("cmdCondition(0)", {[&] {
+              EXPECT_EQ(path(), "Orders > SelectDo > Condition");
+              const QPoint first = Dialog().pos();
+              EXPECT_NE(first, window().pos());
+              EXPECT_TRUE(Dialog().screen()->availableGeometry().contains(Dialog().geometry()));
+              Click("optIfThen");
+              Focus("txtStmt1");
+              ClickWith("cmdSubQuery(4)", {[&, first] {
+                          EXPECT_EQ(path(), "Orders > SelectDo > Condition > Sub Query");
+                          EXPECT_EQ(Dialog().pos(), first + QPoint(32, 32));
+                          Press(Qt::Key_PageDown, Qt::ControlModifier);
+                          EXPECT_EQ(Dialog<NestedComposer>().map().form().tabVrn.Tab().value(), 1);
+                          ClickWith("cmdCancel", {});
+                        }});
+              Click("cmdCancel");
+            }});
 }
 
 TEST_F(NestedTest, ATextThatCannotBeHandedOverIsToldAndStaysInItsComposer) {

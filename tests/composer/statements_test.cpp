@@ -109,8 +109,11 @@ TEST_F(StatementsTest, ARuleWithControlFlowOpensWithItsWholeTextInTheResult) {
 
 TEST_F(StatementsTest, ATableThatTheCatalogueDoesNotHaveIsTold) {
   OpenRules({{u"Strange",
-              u"select STRANGER.A,ORDERS__.O_ID\r\nfrom  STRANGER,ORDERS__\r\nendselect", u""}});
-  EXPECT_EQ(Note(), "The catalogue has no table STRANGER");
+              u"select ORDERS__.O_ID,STRANGER.A\r\nfrom  STRANGER,ORDERS__\r\nendselect", u""}});
+  EXPECT_EQ(Note(),
+            "Line 2 will change: \"from  STRANGER,ORDERS__\" becomes \"from  ORDERS__\"\n"
+            "Line 1, column 22: The catalogue has no table STRANGER.\n"
+            "Line 2, column 7: The catalogue has no table STRANGER.");
 }
 
 TEST_F(StatementsTest, AnyTextComesIntoTheResultExactly) {
@@ -181,30 +184,78 @@ TEST_F(StatementsTest, AnAmpersandInAStatementIsShown) {
   ASSERT_EQ(Takeable(), (Texts{"1: select A&&B"})) << "the second is the one that is drawn";
 }
 
-TEST_F(StatementsTest, ARuleThatTheControlCannotTakeBackStaysAsItIs) {
-  const std::string text = "select ITEM____.I_ID\r\nfrom  ITEM____\r\nwhere a = \"~\"\r\nendselect";
-  OpenRules({{u"Tilde", Wide(text), u""}, {u"Item", Wide(kItemSelect), u""}});
+TEST_F(StatementsTest, AStatementOfARuleThatCannotBeTakenBackBeginsANewRule) {
+  const std::string text = std::string("x = ~\r\n") + kItemSelect;
+  OpenRules({{u"Tilde", Wide(text), u""}});
+  EXPECT_FALSE(window().map().isVisible());
+  TakeStatement(0);
+  EXPECT_TRUE(window().map().isVisible());
   EXPECT_EQ(Heading(), "New rule");
-  EXPECT_EQ(Listed(), (Texts{"Tilde", "Item"}));
-  EXPECT_EQ(Note(),
-            "\"Tilde\" holds a text that the control can't take back. It stays as it is; what is "
-            "composed here is a new rule.");
-  EXPECT_EQ(Result(), "");
-  AddSelect(5, 1);
+  EXPECT_EQ(Listed(), (Texts{"Tilde"}));
+  Click("cmdAddSelect");
   StoreAs("New");
-  EXPECT_EQ(Listed(), (Texts{"Tilde", "Item", "New*"}));
-  ClickRule(0);
-  EXPECT_EQ(Heading(), "New rule");
-  ClickRule(1);
-  EXPECT_EQ(Heading(), "Item");
-  EXPECT_EQ(Stored(), (Texts{"Tilde: " + text, std::string("Item: ") + kItemSelect,
-                             std::string("New: ") + kOrdersSelect}));
+  EXPECT_EQ(Stored(), (Texts{"Tilde: " + text, std::string("New: ") + kItemSelect}));
 }
 
 TEST_F(StatementsTest, WhatDoesNotComeBackTheSameIsTold) {
-  OpenRules({{u"Short", u"select ITEM____.I_ID\r\nfrom  ITEM____\r\nwhere a\r\nendselect", u""}});
-  EXPECT_EQ(Note(), "Line 3, column 7: a text of one character does not come back");
+  OpenRules({{u"Short",
+              u"select ITEM____.I_ID\r\nfrom  ITEM____\r\nwhere \r\norder by A\r\n"
+              u"as set with 5 rows \r\nselectdo\r\n\t \r\nendselect",
+              u""}});
+  EXPECT_EQ(Note(),
+            "Line 3, column 7: a clause without a text does not come back\n"
+            "Line 7, column 2: the text begins blank, and blank ends do not come back\n"
+            "Line 7, column 2: a text of one character does not come back\n"
+            "Line 3 will not come back: \"where \"\n"
+            "Line 6 will not come back: \"selectdo / \t \"");
   EXPECT_EQ(Heading(), "Short");
+}
+
+TEST_F(StatementsTest, ATextThatNoPropertySendsComesOntoThePages) {
+  const std::string text = "select ITEM____.I_ID\r\nfrom  ITEM____\r\nwhere a = \"~\"\r\nendselect";
+  OpenRules({{u"Tilde", Wide(text), u""}});
+  EXPECT_EQ(Heading(), "Tilde");
+  EXPECT_EQ(Note(), "");
+  EXPECT_EQ(Text("txtwhereCondition"), "a = \"~\"");
+  EXPECT_FALSE(window().map().IsChanged());
+  EXPECT_FALSE(window().map().canUndo()) << "opening is no step of the person's";
+  Click("cmdAddSelect");
+  Click("cmdDone");
+  EXPECT_EQ(Stored(), Texts{"Tilde: " + text});
+}
+
+TEST_F(StatementsTest, OneControlFlowStatementOpensOnTheConditionPage) {
+  const std::string text =
+      "for :var.i = 1 to 3\r\n\tif :var.i > 2 then \r\n\t\tx = \"~\"\r\n\tendif\r\nendfor";
+  OpenRules({{u"For", Wide(text), u""}});
+  EXPECT_EQ(Note(), "");
+  EXPECT_EQ(window().map().form().tabVrn.Tab(), 6);
+  EXPECT_EQ(Std(window().journal().path()), "") << "there is nothing to bring back";
+  EXPECT_EQ(Text("txtVariable"), ":var.i");
+  EXPECT_EQ(Text("txtForStmt"), "if :var.i > 2 then \r\n\tx = \"~\"\r\nendif");
+  EXPECT_FALSE(window().map().IsChanged());
+  Click("cmdAdd");
+  Click("cmdBuild");
+  EXPECT_EQ(Result(), text);
+  Click("cmdDone");
+  EXPECT_EQ(Stored(), Texts{"For: " + text});
+}
+
+TEST_F(StatementsTest, TheSampleRulesAreStoredAsTheyWere) {
+  const QString samples = Qs(Examples() + "/rules.json");
+  ASSERT_TRUE(QFile::copy(samples, RulesPath()));
+  const std::vector<composer::Rule> rules = composer::RulesFile::Open(samples).rules();
+  ASSERT_EQ(rules.size(), 3U);
+  OpenAgain();
+  for (int rule = 0; rule < 3; ++rule) {
+    ClickRule(rule);
+    EXPECT_EQ(Result().empty(), rule < 2) << "two are one statement";
+    if (rule < 2) Click("cmdAddSelect");
+    EXPECT_EQ(Result(), Narrow(rules[static_cast<std::size_t>(rule)].text));
+    Click("cmdDone");
+    EXPECT_FALSE(window().map().IsChanged());
+  }
+  EXPECT_EQ(Stored(), StoredIn(samples));
 }
 
 }  // namespace
