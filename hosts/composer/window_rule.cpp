@@ -1,0 +1,166 @@
+// What the composer's window shows of a rule beside the control: its text, its versions, its note,
+// and the rules that were deleted.
+#include <QAction>
+#include <QInputDialog>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "faces/qt/qt_text.h"
+#include "hosts/composer/find_in_rules.h"
+#include "hosts/composer/journal.h"
+#include "hosts/composer/main_window.h"
+#include "hosts/composer/node_edits.h"
+#include "hosts/composer/rule_pane.h"
+#include "hosts/composer/rules_list.h"
+#include "hosts/composer/statement_places.h"
+#include "hosts/composer/taking_back.h"
+#include "hosts/composer/versions_window.h"
+
+namespace zolt20::composer {
+
+using qt::FromQt;
+using qt::ToQt;
+using qt::View;
+
+QWidget* MainWindow::MakeRulePane() {
+  pane_ = new RulePane(tr("Rule"));
+  reading_ = new RulePane(tr("Rule"));
+  reading_->hide();
+  composing_->addWidget(reading_, 1);
+  auto* left = new QSplitter(Qt::Vertical);
+  left->addWidget(list_);
+  left->addWidget(pane_);
+  left->setChildrenCollapsible(false);
+  left->setSizes({440, 260});
+  return left;
+}
+
+QWidget* MainWindow::MakeTree() {
+  tree_ = new StatementTree;
+  tree_->ReadFrom([this] {
+    const Rule* rule = OpenedRule();
+    return StatementTree::Source{rule_,
+                                 IsReadOnly() && rule != nullptr ? ToQt(rule->text) : ShownText()};
+  });
+  nodeEdits_ = new NodeEdits(*tree_, catalogue_, [this] { return !IsReadOnly(); });
+  connect(nodeEdits_, &NodeEdits::Told, this,
+          [this](const QString& reason) { statusBar()->showMessage(reason, 10000); });
+  places_ = new StatementPlaces(*tree_, {pane_, reading_});
+  return tree_;
+}
+
+void MainWindow::ShowTreeOf(RecordedMap& map) {
+  auto* result = map.findChild<QPlainTextEdit*>(QStringLiteral("TxtOutput"));
+  if (result == nullptr) return;
+  places_->Follow(*result, [&map] { return !map.form().TxtOutput.Text().empty(); });
+}
+
+void MainWindow::UseNames() {
+  using language::Names;
+  tree_->UseNames(catalogue_.tables.empty()
+                      ? nullptr
+                      : std::make_unique<Names>(TableList(catalogue_), FieldList(catalogue_)));
+}
+
+// Of the rule that is composed the text is looked through as it is shown.
+void MainWindow::FindInAllRules() {
+  if (findInRules_ == nullptr) {
+    const auto texts = [this] {
+      std::vector<RuleText> rules;
+      if (!rules_ || rule_.isEmpty()) rules.push_back({QString(), ShownText()});
+      if (!rules_) return rules;
+      for (const Rule& rule : rules_->rules()) {
+        const QString name = ToQt(rule.name);
+        rules.push_back({name, name == rule_ && !IsReadOnly() ? ShownText() : ToQt(rule.text)});
+      }
+      return rules;
+    };
+    findInRules_ = new FindWindow(
+        texts, [this] { return tree_->Names(); }, this);
+    connect(findInRules_, &FindWindow::Chosen, this, &MainWindow::ShowPlace);
+  }
+  findInRules_->Begin();
+}
+
+void MainWindow::ShowPlace(const QString& rule, std::size_t first, std::size_t length) {
+  if (rule != rule_) OpenRule(rule);
+  if (rule != rule_) return;
+  tree_->Refresh();
+  const auto end = static_cast<std::size_t>(tree_->Text().size());
+  first = std::min(first, end);
+  // Where the Result is empty, the text beside it has the place.
+  if (map_->form().TxtOutput.Text().empty()) showList_.action()->setChecked(true);
+  places_->Show(first, std::min(first + length, end));
+  tree_->MarkAt(first);
+}
+
+const Rule* MainWindow::OpenedRule() const {
+  return rules_ && !rule_.isEmpty() ? rules_->Find(View(rule_)) : nullptr;
+}
+
+// The stored text, and what storing all that is composed would make of it.
+void MainWindow::ShowRuleText() {
+  const Rule* rule = OpenedRule();
+  const QString stored = rule == nullptr ? QString() : ToQt(rule->text);
+  const QString coming = ToQt(map_->WhatAddDoes().result);
+  const bool isReadOnly = IsReadOnly();
+  pane_->Tell(rule == nullptr ? QString() : ToQt(rules_->NoteOf(rule->name)));
+  pane_->Show(stored, coming.isEmpty() || isReadOnly ? stored : coming);
+  tree_->TextChanged();
+}
+
+bool MainWindow::IsReadOnly() const {
+  return reading_->isVisibleTo(reading_->parentWidget());
+}
+
+// A rule that the control can't take back is read in its place.
+void MainWindow::ShowForReading(const QString& text) {
+  const std::optional<Untakeable> place = FindUntakeable(text, catalogue_);
+  reading_->setVisible(place.has_value());
+  map_->setVisible(!place);
+  if (!place) return;
+  reading_->Tell(tr("The control can't take this rule back: it holds %1 at line %2, column %3. The "
+                    "rule can be read, copied, renamed, duplicated and deleted.")
+                     .arg(place->what)
+                     .arg(place->line)
+                     .arg(place->column));
+  reading_->Show(text, text);
+  reading_->Point(place->line, place->column, 1);
+}
+
+void MainWindow::ShowVersions() {
+  if (OpenedRule() == nullptr) return;
+  VersionsWindow versions(*rules_, View(rule_), this);
+  if (versions.exec() != QDialog::Accepted || !MayLeaveRule()) return;
+  const Rule rule{FromQt(rule_), versions.Chosen().text, versions.Chosen().fields};
+  rules_->Put(rule);
+  journal_->KeepStored(rule);
+  map_->Settle(ToQt(map_->form().TxtOutput.Text()));  // what was given up
+  Save();
+  OpenRule(rule_);
+}
+
+void MainWindow::EditNote() {
+  if (OpenedRule() == nullptr) return;
+  bool isGiven = false;
+  const QString note = QInputDialog::getMultiLineText(this, tr("Note"), tr("Note of the rule"),
+                                                      ToQt(rules_->NoteOf(View(rule_))), &isGiven);
+  if (!isGiven) return;
+  rules_->SetNote(View(rule_), View(note));
+  if (rules_->IsChanged()) Save();
+  ShowRuleText();
+}
+
+void MainWindow::ShowDeleted() {
+  if (!rules_) return;
+  DeletedWindow deleted(*rules_, this);
+  deleted.exec();
+  if (!deleted.IsChanged()) return;
+  Save();
+  ShowList();
+  if (!deleted.BroughtBack().isEmpty()) OpenRule(deleted.BroughtBack());
+}
+
+}  // namespace zolt20::composer
