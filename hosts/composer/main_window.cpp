@@ -1,15 +1,12 @@
 #include "hosts/composer/main_window.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QInputDialog>
-#include <QLabel>
-#include <QListWidget>
-#include <QMenuBar>
+#include <QMenu>
 #include <QMessageBox>
 #include <QSplitter>
 #include <QStatusBar>
@@ -17,8 +14,12 @@
 #include <QVBoxLayout>
 
 #include "faces/qt/qt_text.h"
-#include "hosts/kit/database.h"
-#include "surface/surface.h"
+#include "hosts/composer/cut_label.h"
+#include "hosts/composer/find_bar.h"
+#include "hosts/composer/note_strip.h"
+#include "hosts/composer/rules_list.h"
+#include "hosts/composer/settings.h"
+#include "hosts/composer/status_line.h"
 
 namespace zolt20::composer {
 namespace {
@@ -27,50 +28,37 @@ using qt::ToQt;
 using qt::View;
 
 QString RulesFilter() {
-  return QStringLiteral("Rules (*.json);;All files (*)");
+  return MainWindow::tr("Rules (*.json);;All files (*)");
 }
 
 }  // namespace
 
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
+  journal_ = new Journal([this] { return HeadOfJournal(rule_); }, this);
+  connect(journal_, &Journal::Troubled, this, &MainWindow::ShowJournalTrouble);
   MakePanes();
   MakeActions();
   MakeMap();
   ShowList();
   ShowTitle();
-  resize(1160, 740);
+  ResizeWithinScreen(*this, {1160, 740});
 }
 
 void MainWindow::MakePanes() {
-  list_ = new QListWidget;
-  list_->setAccessibleName(QStringLiteral("Rules"));
-  list_->setObjectName(QStringLiteral("rules"));
-  // Once the click is over, since the person may say no.
-  connect(list_, &QListWidget::itemSelectionChanged, this, &MainWindow::OpenChosenRule,
-          Qt::QueuedConnection);
-  auto* rulesLabel = new QLabel(QStringLiteral("Rules"));
-  rulesLabel->setBuddy(list_);
-  auto* rules = new QWidget;
-  auto* rulesLayout = new QVBoxLayout(rules);
-  rulesLayout->setContentsMargins(8, 8, 0, 8);
-  rulesLayout->addWidget(rulesLabel);
-  rulesLayout->addWidget(list_);
-  rulesLayout->addLayout(buttons_ = new QHBoxLayout);
+  list_ = new RulesList;
+  connect(list_, &RulesList::Chosen, this, &MainWindow::OpenChosenRule);
+  connect(list_, &RulesList::Moved, this, &MainWindow::MoveRule);
 
-  heading_ = new QLabel;
-  heading_->setTextFormat(Qt::PlainText);
+  heading_ = new CutLabel;
   heading_->setObjectName(QStringLiteral("heading"));
   QFont bold = heading_->font();
   bold.setBold(true);
   heading_->setFont(bold);
-  note_ = new QLabel;
-  note_->setObjectName(QStringLiteral("note"));
-  note_->setTextFormat(Qt::PlainText);
-  note_->setWordWrap(true);
+  note_ = new NoteStrip(QStringLiteral("note"));
   auto* take = new QToolButton;
-  take->setText(QStringLiteral("Take a Statement"));
+  take->setText(tr("Take a Statement"));
   take->setObjectName(QStringLiteral("take"));
-  take->setToolTip(QStringLiteral("Puts one select statement of the rule into the pages"));
+  take->setToolTip(tr("Puts one select statement of the rule into the pages"));
   take->setPopupMode(QToolButton::InstantPopup);
   take->setMenu(statements_ = new QMenu(take));
   auto* head = new QHBoxLayout;
@@ -83,103 +71,30 @@ void MainWindow::MakePanes() {
   composing_->setContentsMargins(0, 0, 0, 0);
   composing_->setSpacing(4);
   composing_->addLayout(head);
-  note_->setContentsMargins(8, 0, 8, 0);
   composing_->addWidget(note_);
+  composing_->addWidget(find_ = new FindBar);
 
-  auto* split = new QSplitter;
-  split->setChildrenCollapsible(false);
-  split->addWidget(rules);
-  split->addWidget(right);
-  split->setStretchFactor(1, 1);
-  split->setSizes({220, 940});
-  setCentralWidget(split);
-  statusBar();
-}
-
-void MainWindow::MakeActions() {
-  QMenu* menu = nullptr;
-  const auto add = [&](const char* text, const QKeySequence& keys, auto act) {
-    auto* action = new QAction(QString::fromLatin1(text), this);
-    action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, act);
-    menu->addAction(action);
-    return action;
-  };
-  menu = menuBar()->addMenu(QStringLiteral("&File"));
-  add("Open &Catalogue...", {}, [this] {
-    const QString path = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Open Catalogue"), {},
-        QStringLiteral("Catalogues and SQLite databases (*.json *.db *.sqlite *.sqlite3);;"
-                       "All files (*)"));
-    if (!path.isEmpty() && MayLeaveRule()) OpenCatalogue(path);
-  });
-  menu->addSeparator();
-  add("&New Rules File...", {}, &MainWindow::NewRules);
-  add("&Open Rules File...", QKeySequence::Open, &MainWindow::AskAndOpenRules);
-  add("&Save", QKeySequence::Save, [this] { Save(); });
-  add("Save &As...", QKeySequence::SaveAs, [this] { SaveAs(); });
-  menu->addSeparator();
-  add("&Export Text...", {}, &MainWindow::ExportText);
-  add("Save Session &Record...", {}, &MainWindow::SaveRecord);
-  menu->addSeparator();
-  add("&Quit", QKeySequence::Quit, &QWidget::close);
-
-  menu = menuBar()->addMenu(QStringLiteral("&Rule"));
-  QAction* const fresh = add("&New", QKeySequence::New, &MainWindow::NewRule);
-  ofRule_ = {add("&Rename...", Qt::Key_F2, &MainWindow::RenameRule),
-             add("&Duplicate", Qt::CTRL | Qt::Key_D, &MainWindow::DuplicateRule),
-             add("De&lete", {}, &MainWindow::DeleteRule)};
-  for (QAction* action : {fresh, ofRule_[1], ofRule_[2]}) {
-    auto* button = new QToolButton;
-    button->setDefaultAction(action);
-    buttons_->addWidget(button);
-  }
-  buttons_->addStretch(1);
-  menu->addSeparator();
-  add("&Copy Text", Qt::CTRL | Qt::SHIFT | Qt::Key_C, &MainWindow::CopyText);
+  split_ = new QSplitter;
+  split_->addWidget(MakeRulePane());
+  split_->addWidget(right);
+  split_->addWidget(MakeTree());
+  split_->setCollapsible(1, false);
+  split_->setCollapsible(2, false);
+  split_->setStretchFactor(1, 1);
+  split_->setSizes({220, 700, 240});
+  setCentralWidget(split_);
+  list_->setFocus();
+  statusBar()->addPermanentWidget(status_ = new StatusLine(*this));
 }
 
 void MainWindow::ShowTitle() {
-  const QString file =
-      rules_ ? QFileInfo(rules_->Path()).fileName() : QStringLiteral("no rules file");
-  setWindowTitle(
-      QStringLiteral("%1[*] - %2 - Composer")
-          .arg(file, catalogueName_.isEmpty() ? QStringLiteral("no catalogue") : catalogueName_));
-  setWindowModified(rules_ && rules_->IsChanged());
-  heading_->setText(rule_.isEmpty() ? QStringLiteral("New rule") : rule_);
+  const QString file = rules_ ? QFileInfo(rules_->Path()).fileName() : tr("no rules file");
+  setWindowTitle(tr("%1[*] - %2 - Composer")
+                     .arg(file, catalogueName_.isEmpty() ? tr("no catalogue") : catalogueName_));
+  ShowChanged();
+  heading_->setText(rule_.isEmpty() ? tr("New rule") : rule_);
   for (QAction* action : ofRule_)
     action->setEnabled(!rule_.isEmpty());
-}
-
-// The catalogue.
-
-bool MainWindow::OpenCatalogue(const QString& path) {
-  const std::filesystem::path file = path.toStdU16String();
-  QStringList leftOut;
-  try {
-    if (catalogue::IsDatabase(file)) {
-      catalogue::DatabaseCatalogue read = catalogue::ReadDatabase(file);
-      catalogue_ = std::move(read.catalogue);
-      for (const std::string& line : read.leftOut)
-        leftOut.append(QString::fromStdString(line));
-    } else {
-      catalogue_ = catalogue::ReadCatalogue(file);
-    }
-  } catch (const catalogue::CatalogueError& error) {
-    Complain(QStringLiteral("Open Catalogue"), path.toStdString() + ": " + error.what());
-    return false;
-  }
-  catalogueName_ = ToQt(catalogue_.name);
-  OpenRule(rule_);
-  if (!leftOut.isEmpty()) {
-    QMessageBox message(QMessageBox::Information, QStringLiteral("Open Catalogue"),
-                        QStringLiteral("Not all of %1 can be used.").arg(path), QMessageBox::Ok,
-                        this);
-    message.setInformativeText(QStringLiteral("Left out: %1").arg(leftOut.size()));
-    message.setDetailedText(leftOut.join(u'\n'));
-    message.exec();
-  }
-  return true;
 }
 
 // The rules file.
@@ -192,34 +107,36 @@ bool MainWindow::OpenRules(const QString& path) {
       rules_.emplace(RulesFile::Open(path));
     }
   } catch (const RulesError& error) {
-    Complain(QStringLiteral("Open Rules"), error.what());
+    Complain(tr("Open Rules"), error.what());
     return false;
   }
+  journal_->Forget();
   if (!rules_->CanSave()) statusBar()->showMessage(QString::fromStdString(rules_->WhyNotSaved()));
+  AddRecent(QStringLiteral("recent/rules"), path);
   rule_ = rules_->rules().empty() ? QString() : ToQt(rules_->rules().front().name);
   ShowList();
   OpenRule(rule_);
+  OfferJournals();
   return true;
 }
 
 void MainWindow::NewRules() {
-  const QString path =
-      QFileDialog::getSaveFileName(this, QStringLiteral("New Rules File"), {}, RulesFilter(),
-                                   nullptr, QFileDialog::DontConfirmOverwrite);
+  const QString path = QFileDialog::getSaveFileName(this, tr("New Rules File"), {}, RulesFilter(),
+                                                    nullptr, QFileDialog::DontConfirmOverwrite);
   if (path.isEmpty() || !MayLeaveRule() || !MayLeaveRules()) return;
   try {
     rules_.emplace(RulesFile::Create(path));
   } catch (const RulesError& error) {
-    return Complain(QStringLiteral("New Rules File"), error.what());
+    return Complain(tr("New Rules File"), error.what());
   }
+  journal_->Forget();
   rule_.clear();
   ShowList();
   OpenRule({});
 }
 
 void MainWindow::AskAndOpenRules() {
-  const QString path =
-      QFileDialog::getOpenFileName(this, QStringLiteral("Open Rules"), {}, RulesFilter());
+  const QString path = QFileDialog::getOpenFileName(this, tr("Open Rules"), {}, RulesFilter());
   if (!path.isEmpty() && MayLeaveRule() && MayLeaveRules()) OpenRules(path);
 }
 
@@ -229,10 +146,9 @@ bool MainWindow::Save() {
     try {
       rules_->Save();
     } catch (const ChangedOnDisk& error) {
-      QMessageBox message(QMessageBox::Warning, QStringLiteral("Save"),
-                          QString::fromUtf8(error.what()), QMessageBox::Save | QMessageBox::Cancel,
-                          this);
-      message.button(QMessageBox::Save)->setText(QStringLiteral("Save Over It"));
+      QMessageBox message(QMessageBox::Warning, tr("Save"), QString::fromUtf8(error.what()),
+                          QMessageBox::Save | QMessageBox::Cancel, this);
+      message.button(QMessageBox::Save)->setText(tr("Save Over It"));
       message.setDefaultButton(QMessageBox::Cancel);
       ShowTitle();
       if (message.exec() != QMessageBox::Save) return false;
@@ -240,17 +156,18 @@ bool MainWindow::Save() {
     }
   } catch (const RulesError& error) {
     ShowTitle();
-    Complain(QStringLiteral("Save"), error.what());
+    Complain(tr("Save"), error.what());
     return false;
   }
+  journal_->TakeSaved(!map_->IsChanged());
   ShowTitle();
-  statusBar()->showMessage(QStringLiteral("Saved ") + rules_->Path(), 5000);
+  statusBar()->showMessage(tr("Saved %1").arg(rules_->Path()), 5000);
   return true;
 }
 
 bool MainWindow::SaveAs() {
   const QString path = QFileDialog::getSaveFileName(
-      this, QStringLiteral("Save Rules As"), rules_ ? rules_->Path() : QString(), RulesFilter());
+      this, tr("Save Rules As"), rules_ ? rules_->Path() : QString(), RulesFilter());
   if (path.isEmpty()) return false;
   try {
     if (rules_) {
@@ -262,9 +179,10 @@ bool MainWindow::SaveAs() {
       if (isNew) rules_->Save();
     }
   } catch (const RulesError& error) {
-    Complain(QStringLiteral("Save Rules As"), error.what());
+    Complain(tr("Save Rules As"), error.what());
     return false;
   }
+  journal_->TakeSaved(!map_->IsChanged());
   ShowTitle();
   return true;
 }
@@ -277,8 +195,7 @@ bool MainWindow::NeedRules() {
 bool MainWindow::MayLeaveRules() {
   if (!rules_ || !rules_->IsChanged()) return true;
   const auto answer = QMessageBox::question(
-      this, QStringLiteral("Rules"),
-      QStringLiteral("%1 has changes that are not saved.").arg(rules_->Path()),
+      this, tr("Rules"), tr("%1 has changes that are not saved.").arg(rules_->Path()),
       QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
   if (answer == QMessageBox::Save) return Save();
   return answer == QMessageBox::Discard;
@@ -287,21 +204,16 @@ bool MainWindow::MayLeaveRules() {
 // Rules.
 
 void MainWindow::ShowList() {
-  list_->clear();
+  QStringList names;
   if (rules_) {
-    for (const Rule& rule : rules_->rules()) {
-      list_->addItem(ToQt(rule.name));
-      if (ToQt(rule.name) == rule_) list_->setCurrentRow(list_->count() - 1);
-    }
+    for (const Rule& rule : rules_->rules())
+      names.append(ToQt(rule.name));
   }
-  if (rule_.isEmpty()) list_->setCurrentRow(-1);
+  list_->Show(names, rule_);
 }
 
-// A press beside the rows chooses nothing: then the rule that is open stays the chosen one.
-void MainWindow::OpenChosenRule() {
-  const QList<QListWidgetItem*> chosen = list_->selectedItems();
-  if (chosen.isEmpty() && !rule_.isEmpty()) ShowList();
-  if (!chosen.isEmpty() && chosen.front()->text() != rule_) OpenRule(chosen.front()->text());
+void MainWindow::OpenChosenRule(const QString& name) {
+  if (name != rule_) OpenRule(name);
 }
 
 // A name that is no rule's begins a new rule.
@@ -311,8 +223,9 @@ void MainWindow::OpenRule(const QString& name) {
   rule_ = rule == nullptr ? QString() : name;
   MakeMap();
   ShowNote({});
-  if (rule != nullptr) FillPages(ToQt(rule->text));
-  map_->Settle();
+  ShowForReading(rule == nullptr ? QString() : ToQt(rule->text));
+  if (rule != nullptr && !IsReadOnly()) FillPages(ToQt(rule->text));
+  map_->Settle(rule == nullptr ? QString() : ToQt(rule->text));
   ShowStatements();
   ShowList();
   ShowTitle();
@@ -326,19 +239,19 @@ void MainWindow::NewRule() {
 
 bool MainWindow::AskName(const QString& title, QString& name) {
   bool isGiven = false;
-  const QString typed = QInputDialog::getText(this, title, QStringLiteral("Name of the rule"),
-                                              QLineEdit::Normal, name, &isGiven);
+  const QString typed =
+      QInputDialog::getText(this, title, tr("Name of the rule"), QLineEdit::Normal, name, &isGiven);
   name = typed.trimmed();
   return isGiven;
 }
 
 void MainWindow::RenameRule() {
   QString name = rule_;
-  if (rule_.isEmpty() || !AskName(QStringLiteral("Rename"), name) || name == rule_) return;
+  if (rule_.isEmpty() || !AskName(tr("Rename"), name) || name == rule_) return;
   try {
     rules_->Rename(View(rule_), View(name));
   } catch (const RulesError& error) {
-    return Complain(QStringLiteral("Rename"), error.what());
+    return Complain(tr("Rename"), error.what());
   }
   rule_ = name;
   ShowList();
@@ -352,59 +265,33 @@ void MainWindow::DuplicateRule() {
   OpenRule(rule_);
 }
 
+// Without a question, since the bin gives it back.
 void MainWindow::DeleteRule() {
-  if (rule_.isEmpty()) return;
-  if (QMessageBox::question(this, QStringLiteral("Delete"),
-                            QStringLiteral("Delete the rule \"%1\"?").arg(rule_)) !=
-      QMessageBox::Yes) {
-    return;
-  }
-  rules_->Remove(View(rule_));
+  if (rule_.isEmpty() || !MayLeaveRule()) return;
+  const QString name = rule_;
+  rules_->Remove(View(name));
   rule_.clear();
-  Save();
+  const bool isSaved = Save();
   OpenRule({});
+  if (isSaved)
+    statusBar()->showMessage(tr("\"%1\" is in Rule / Deleted Rules now").arg(name), 10000);
+}
+
+// The order alone changes, so nothing is asked; what can't be saved stays as it was.
+void MainWindow::MoveRule(const QString& name, int place) {
+  try {
+    rules_->Move(View(name), static_cast<std::size_t>(place));
+  } catch (const RulesError& error) {
+    Complain(tr("Move"), error.what());
+  }
+  ShowList();
+  Save();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(MayLeaveRule() && MayLeaveRules());
-}
-
-// Texts that leave.
-
-QString MainWindow::ShownText() const {
-  const QString result = ToQt(map_->form().TxtOutput.Text());
-  const Rule* rule = rules_ && !rule_.isEmpty() ? rules_->Find(View(rule_)) : nullptr;
-  return result.isEmpty() && rule != nullptr ? ToQt(rule->text) : result;
-}
-
-void MainWindow::CopyText() {
-  QApplication::clipboard()->setText(ShownText());
-}
-
-void MainWindow::ExportText() {
-  const QString text = ShownText();
-  const QByteArray utf8 = text.toUtf8();
-  if (QString::fromUtf8(utf8) != text) {
-    return Complain(QStringLiteral("Export"),
-                    "The text holds half of a character and can't be written as UTF-8.");
-  }
-  const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Export Text"));
-  if (!path.isEmpty()) WriteFile(path, utf8);
-}
-
-void MainWindow::SaveRecord() {
-  const QString path =
-      QFileDialog::getSaveFileName(this, QStringLiteral("Save Session Record"), {},
-                                   QStringLiteral("Sessions (*.jsonl);;All files (*)"));
-  if (!path.isEmpty()) WriteFile(path, map_->Record());
-}
-
-void MainWindow::WriteFile(const QString& path, const QByteArray& content) {
-  try {
-    WriteWholeFile(path, content);
-  } catch (const RulesError& error) {
-    Complain(QStringLiteral("Save"), error.what());
-  }
+  if (event->isAccepted()) journal_->Forget();
+  if (event->isAccepted()) KeepSettings();
 }
 
 void MainWindow::Complain(const QString& title, const std::string& text) {
