@@ -46,10 +46,11 @@ class ComposerTest : public PersonTest {
  protected:
   ComposerTest() {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    qputenv("XDG_DATA_HOME", QFile::encodeName(In("data")));
     Watch();
     OpenWindow();
   }
-  ~ComposerTest() override { window_.reset(); }
+  ~ComposerTest() override { CloseWindow(); }
   void TearDown() override {
     QTest::qWait(1);
     EXPECT_TRUE(coming_.empty()) << coming_.size() << " dialogs did not come";
@@ -57,11 +58,21 @@ class ComposerTest : public PersonTest {
 
   /// A new window on the example catalogue, as after a new start. Discards the one before.
   void OpenWindow() {
-    window_.reset();
+    CloseWindow();
     window_ = std::make_unique<composer::MainWindow>();
     EXPECT_TRUE(window().OpenCatalogue(Qs(Examples() + "/catalogue.json")));
     ShowWindow(window());
     Follow();
+  }
+  /// Whatever is composed is given up.
+  void CloseWindow() {
+    if (window_) window_->journal().Forget();
+    window_.reset();
+  }
+  /// The composer ends as by a kill; what it kept is on the disk.
+  void KillWindow() {
+    EXPECT_TRUE(window_->journal().WaitUntilKept(std::chrono::seconds(10)));
+    window_.reset();
   }
   /// A file of these rules on the disk, opened in the window.
   void OpenRules(const std::vector<composer::Rule>& rules = {}) {
@@ -132,6 +143,21 @@ class ComposerTest : public PersonTest {
     With([&] { PressOn(button, button.rect().center()); }, std::move(dialogs));
     EXPECT_FALSE(inPopup_) << "the menu did not open";
     inPopup_ = nullptr;
+  }
+  /// What the menu offers that a right click opens there; then the menu is closed.
+  Texts OfferedAt(QWidget& widget, const QPoint& at) {
+    Texts offered;
+    inPopup_ = [&](QMenu& menu) {
+      for (const QAction* action : menu.actions())
+        offered.push_back(Std(WithoutMnemonic(action->text())));
+      menu.close();
+    };
+    QTest::mouseClick(widget.window()->windowHandle(), Qt::RightButton, {},
+                      widget.mapTo(widget.window(), at));
+    EXPECT_FALSE(inPopup_) << "no menu opened";
+    inPopup_ = nullptr;
+    Follow();
+    return offered;
   }
   /// Presses a button of the control that opens dialogs.
   void ClickWith(const char* control, std::vector<Steps> dialogs) {
@@ -274,6 +300,7 @@ class ComposerTest : public PersonTest {
 
   QTemporaryDir folder_;
   std::unique_ptr<composer::MainWindow> window_;
+  bool handlesDialogs_ = true;  // false: the test does it
 
  private:
   // The control of the main window is another one after each rule that was opened.
@@ -299,14 +326,21 @@ class ComposerTest : public PersonTest {
     });
   }
   void Look() {
+    if (!handlesDialogs_) return;
     if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()); menu && inPopup_) {
       return std::exchange(inPopup_, nullptr)(*menu);
     }
     const QPointer<QWidget> modal = QApplication::activeModalWidget();
     if (!modal || !modal->isVisible()) return;
     if (std::find(handled_.begin(), handled_.end(), modal) != handled_.end()) return;
+    // One behind a dialog whose steps are not over waits until it is the top one again.
+    for (QObject* each = handled_.empty() ? nullptr : handled_.back().data(); each != nullptr;
+         each = each->parent()) {
+      if (each == modal.data()) return;
+    }
     const QPointer<ZOLT20MapWidget> before = widget_;
     handled_.push_back(modal);
+    modal->activateWindow();
     if (auto* map = modal->findChild<ZOLT20MapWidget*>()) widget_ = map;
     EXPECT_TRUE(QTest::qWaitForWindowActive(modal)) << Told();
     QTest::qWait(1);  // for the layout

@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QString>
 #include <csignal>
 #include <string>
@@ -15,6 +16,12 @@ inline std::string Bytes(const QString& path) {
   QFile file(path);
   EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
   return file.readAll().toStdString();
+}
+/// The bytes of a file of rules without the times at which its texts were stored.
+inline std::string Timeless(const QString& path) {
+  static const QRegularExpression time(
+      QStringLiteral(R"re(,\n +"stored": "\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ")re"));
+  return QString::fromLatin1(Bytes(path)).remove(time).toLatin1().toStdString();
 }
 inline void WriteBytes(const QString& path, const std::string& bytes) {
   QFile file(path);

@@ -1,16 +1,14 @@
-// The tests of the composer: GoogleTest in a program with a Qt application, without a display
-// unless one is asked for by QT_QPA_PLATFORM.
+// The tests of the composer, and the composers that one of them starts and kills.
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QStyleFactory>
+#include <string_view>
 
-#include "tests/support/init_tests.h"
+#include "tests/composer/application.h"
+#include "tests/composer/driven_composer.h"
 
 int main(int argc, char** argv) {
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  zolt20::tests::InitTests(&argc, argv);
-  const QApplication application(argc, argv);
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  const zolt20::tests::TestApplication application(&argc, argv);
+  if (argc == 4 && std::string_view(argv[1]) == "--driven")
+    return zolt20::tests::DriveComposer(argv[2], argv[3]);
   return RUN_ALL_TESTS();
 }
