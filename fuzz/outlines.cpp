@@ -1,8 +1,10 @@
 // Bytes as a text of the statement language: its tree loses nothing, and takes memory in proportion
-// to the text, however deep it nests.
+// to the text, however deep it nests. A check finds things in the text alone, in its order; each
+// node has a sentence.
 //
 // Each byte is a character; a few that no text has otherwise stand for words and line breaks, so
 // that statements come about soon.
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -10,6 +12,8 @@
 #include <string>
 
 #include "hosts/kit/text_coding.h"
+#include "language/check.h"
+#include "language/explain.h"
 #include "language/outline.h"
 #include "tests/support/outline_lines.h"
 
@@ -70,7 +74,10 @@ String TextOf(const std::uint8_t* data, std::size_t size) {
   std::abort();
 }
 
-void Check(StringView text) {
+// A text has few nodes for each of its lines, but heads may be long: not all are told in words.
+constexpr std::size_t kMostTold = 200;
+
+void CheckTree(StringView text) {
   const std::vector<language::Node> nodes = language::ReadOutline(text);
   if (const std::string wrong = tests::WrongInTree(text, nodes); !wrong.empty())
     Complain("This is no tree of the text: " + wrong, text);
@@ -86,12 +93,35 @@ void Check(StringView text) {
   }
 }
 
+void CheckFindings(StringView text) {
+  static const language::Names kNames(u"TABLE__A1", u"long*Q*V*R*N*NTABLE__A.F");
+  const std::vector<language::Node> nodes = language::ReadOutline(text);
+  std::size_t last = 0;
+  for (const language::Finding& finding : language::Check(text, nodes, &kNames)) {
+    const StringView found = text.substr(last).substr(finding.first - last);
+    last = finding.first;
+    if (found.size() < finding.length || finding.node >= nodes.size())
+      Complain("A finding outside the text", text);
+    if (found.substr(0, finding.length).find_first_of(u"\r\n") != StringView::npos)
+      Complain("A finding beyond its line", text);
+    if (finding.line == 0 || finding.column == 0 || finding.column > finding.first + 1)
+      Complain("A finding at no line or column", text);
+    if (finding.sentence.empty()) Complain("A finding without a sentence", text);
+  }
+  for (std::size_t i = 0; i < std::min(nodes.size(), kMostTold); ++i) {
+    const bool isBlank = nodes[i].kind == language::NodeKind::kBlank;
+    if (language::Explain(text, nodes, i).empty() != isBlank)
+      Complain("A node without a sentence", text);
+  }
+}
+
 }  // namespace
 }  // namespace zolt20::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const zolt20::String text = zolt20::fuzz::TextOf(data, size);
-  zolt20::fuzz::Check(text);
+  zolt20::fuzz::CheckTree(text);
+  zolt20::fuzz::CheckFindings(text);
   return 0;
 }
