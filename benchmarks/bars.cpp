@@ -5,79 +5,136 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <string_view>
 
 namespace zolt20::bench {
 namespace {
 
-// Three digits with the unit that suits them: "1.52 ms".
-std::string WithUnit(double value, const std::string& unit) {
-  std::array<char, 32> text{};
-  if (unit != "s") {
-    std::snprintf(text.data(), text.size(), "%.3g %s", value, unit.c_str());
-    return text.data();
-  }
-  struct Scale {
-    double least;
-    double factor;
-    const char* word;
-  };
-  constexpr std::array<Scale, 4> kScales{
-      {{1, 1, "s"}, {1e-3, 1e3, "ms"}, {1e-6, 1e6, "us"}, {0, 1e9, "ns"}}};
-  const auto* const scale =
-      std::find_if(kScales.begin(), kScales.end(),
-                   [=](const Scale& candidate) { return value >= candidate.least; });
-  std::snprintf(text.data(), text.size(), "%.3g %s", value * scale->factor, scale->word);
-  return text.data();
-}
+// What the runs of one benchmark gave.
+struct Runs {
+  Row last;
+  std::vector<double> figures;
+  std::vector<double> yardsticks;
+  std::vector<double> ratios;
+  std::string error;
 
+  bool IsShort() const { return !error.empty() || (last.kind == Bar::kRatio && !Holds(last)); }
+  void Print() const {
+    if (error.empty()) return bench::Print(last);
+    std::printf("%-66s %s\n", last.name.c_str(), error.c_str());
+  }
+};
+
+// Prints each row as it comes, and keeps it.
 class Table final : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context& /*context*/) override {
-    std::printf("%-66s %10s %10s %8s  %-18s\n", "work", "figure", "yardstick", "ratio", "bar");
+    PrintHead();
     return true;
   }
 
   void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      std::string name = run.benchmark_name();
-      name = name.substr(0, name.find("/iterations"));
-      if (const std::size_t manual = name.find("/manual_time"); manual != std::string::npos)
-        name.resize(manual);
-      if (run.error_occurred) {
-        std::printf("%-66s %s\n", name.c_str(), run.error_message.c_str());
+    for (const Run& run : runs)
+      Take(run);
+  }
+
+  // What fell short at its last run by its ratio, as an expression that names it.
+  std::string ShortOfRatio() const {
+    std::string names;
+    for (const Runs& row : rows_)
+      if (row.IsShort()) names += (names.empty() ? "^(" : "|") + Escaped(row.last.name);
+    return names.empty() ? names : names + ")(/|$)";
+  }
+
+  // Of several runs the medians, and the least and the greatest ratio.
+  void PrintMedians(int times) const {
+    std::printf("\nMedians of %d runs\n", times);
+    PrintHead("             ratios");
+    for (const Runs& row : rows_) {
+      if (row.ratios.empty()) {
+        row.Print();
         continue;
       }
+      const auto [least, greatest] = std::minmax_element(row.ratios.begin(), row.ratios.end());
+      std::array<char, 64> spread{};
+      std::snprintf(spread.data(), spread.size(), " %.3g to %.3g", *least, *greatest);
+      Row medians = row.last;
+      medians.figure = MedianOf(row.figures);
+      medians.yardstick = MedianOf(row.yardsticks);
+      medians.ratio = MedianOf(row.ratios);
+      Print(medians, spread.data());
+    }
+  }
+
+ private:
+  static std::string Escaped(const std::string& name) {
+    std::string escaped;
+    for (const char c : name) {
+      if (std::string_view(".^$|()[]{}*+?\\").find(c) != std::string_view::npos) escaped += '\\';
+      escaped += c;
+    }
+    return escaped;
+  }
+
+  void Take(const Run& run) {
+    std::string name = run.benchmark_name();
+    name = name.substr(0, name.find("/iterations"));
+    if (const std::size_t manual = name.find("/manual_time"); manual != std::string::npos)
+      name.resize(manual);
+    auto row = std::find_if(rows_.begin(), rows_.end(),
+                            [&name](const Runs& candidate) { return candidate.last.name == name; });
+    if (row == rows_.end()) {
+      row = rows_.emplace(row);
+      row->last.name = name;
+    }
+    row->error = run.error_occurred ? run.error_message : "";
+    if (!run.error_occurred) {
       const auto counter = [&run](const char* key) {
         const auto found = run.counters.find(key);
         return found == run.counters.end() ? 0.0 : found->second.value;
       };
-      const double figure = counter("figure");
-      const double ratio = counter("ratio");
-      const auto kind = static_cast<Bar>(static_cast<int>(counter("kind")));
-      const std::string& unit = run.report_label;
-      const double bar = counter("bar");
-      std::string held;
-      bool holds = true;
-      if (kind == Bar::kRatio) {
-        std::array<char, 32> text{};
-        std::snprintf(text.data(), text.size(), "%.4g times", bar);
-        held = text.data();
-        holds = ratio <= bar;
-      } else {
-        held = WithUnit(bar, unit);
-        holds = kind == Bar::kFigure ? figure <= bar : figure >= bar;
-      }
-      if (bar == 0) held.clear();
-      std::printf("%-66s %10s %10s %8.3g  %-18s%s\n", name.c_str(), WithUnit(figure, unit).c_str(),
-                  WithUnit(counter("yardstick"), unit).c_str(), ratio, held.c_str(),
-                  holds || bar == 0 ? "" : " MISSED");
-      std::fflush(stdout);
+      row->last = {name,
+                   counter("figure"),
+                   counter("yardstick"),
+                   static_cast<Bar>(static_cast<int>(counter("kind"))),
+                   counter("bar"),
+                   run.report_label};
+      row->figures.push_back(row->last.figure);
+      row->yardsticks.push_back(row->last.yardstick);
+      row->ratios.push_back(row->last.ratio);
     }
+    row->Print();
   }
+
+  std::vector<Runs> rows_;
 };
+
+// Runs all, and what fell short by its ratio up to two times more. Whether all hold then.
+bool RunToTheBars(Table& table) {
+  constexpr int kFurther = 2;
+  benchmark::RunSpecifiedBenchmarks(&table);
+  for (int further = 0; further < kFurther && !table.ShortOfRatio().empty(); ++further) {
+    std::printf("\nOnce more, what falls short\n");
+    benchmark::RunSpecifiedBenchmarks(&table, table.ShortOfRatio());
+  }
+  return table.ShortOfRatio().empty();
+}
+
+// Takes `--times=N` out of the arguments; 1 without it.
+int TakeTimes(int& argc, char** argv) {
+  constexpr std::string_view kTimes = "--times=";
+  int times = 1;
+  const auto end = std::remove_if(argv + 1, argv + argc, [&](std::string_view word) {
+    if (!word.starts_with(kTimes)) return false;
+    times = std::max(1, std::atoi(word.substr(kTimes.size()).data()));
+    return true;
+  });
+  argc = static_cast<int>(end - argv);
+  return times;
+}
 
 }  // namespace
 
@@ -91,12 +148,6 @@ void ForgetFreeMemory() {
   malloc_trim(0);
 }
 
-double MedianOf(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
 void Report(benchmark::State& state, double figure, double yardstick, Bar kind, double bar,
             const char* unit) {
   state.counters["figure"] = figure;
@@ -108,6 +159,7 @@ void Report(benchmark::State& state, double figure, double yardstick, Bar kind, 
 }
 
 int Run(int argc, char** argv) {
+  const int times = TakeTimes(argc, argv);
   const bool asked = std::any_of(argv + 1, argv + argc, [](const char* word) {
     return std::strncmp(word, "--benchmark_format", std::strlen("--benchmark_format")) == 0;
   });
@@ -115,10 +167,13 @@ int Run(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   if (asked) {
     benchmark::RunSpecifiedBenchmarks();
-  } else {
-    Table table;
-    benchmark::RunSpecifiedBenchmarks(&table);
+    return 0;
   }
+  Table table;
+  if (times == 1) return RunToTheBars(table) ? 0 : 1;
+  for (int run = 0; run < times; ++run)
+    benchmark::RunSpecifiedBenchmarks(&table);
+  table.PrintMedians(times);
   return 0;
 }
 

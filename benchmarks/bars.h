@@ -7,17 +7,12 @@
 
 #include <benchmark/benchmark.h>
 
-#include <string>
+#include <utility>
 #include <vector>
 
-namespace zolt20::bench {
+#include "benchmarks/rows.h"
 
-/// What a bar is held against.
-enum class Bar {
-  kRatio,       ///< the ratio is at most the bar
-  kFigure,      ///< the figure is at most the bar
-  kFigureAbove  ///< the figure is at least the bar
-};
+namespace zolt20::bench {
 
 /// Seconds of the processor that this thread has had.
 double SecondsNow();
@@ -34,8 +29,6 @@ double SecondsOf(const Work& work) {
 /// Gives free memory back to the system, so that what is allocated next comes fresh, for a figure
 /// and its yardstick alike.
 void ForgetFreeMemory();
-
-double MedianOf(std::vector<double> values);
 
 /// Puts the row's figure beside its yardstick, both in seconds, or in what `unit` names.
 void Report(benchmark::State& state, double figure, double yardstick, Bar kind, double bar,
@@ -57,6 +50,9 @@ void Compare(benchmark::State& state, Bar kind, double bar, const Work& work,
 }
 
 /// Runs the benchmarks of the program and prints the table, or what --benchmark_format asks for.
+/// What falls short of a bar on its ratio is run up to two times more. Gives the exit status: 1
+/// when it fell short three times in a row, or failed. `--times=N` runs all that often, and prints
+/// medians and the spread of the ratios.
 int Run(int argc, char** argv);
 
 }  // namespace zolt20::bench

@@ -7,6 +7,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <numeric>
+#include <optional>
 #include <random>
 #include <utility>
 #include <vector>
@@ -186,10 +187,51 @@ void ApplyConditions(benchmark::State& state, Bar kind, double bar) {
   Report(state, MedianOf(std::move(medians)), MedianOf(std::move(firsts)), kind, bar);
 }
 
-// What another query builder told of itself in a line of JSON.
+// An If within an If, a hundred deep, by gestures on the Condition page, and the text for them; its
+// seconds. The page itself nests a dozen, so each If is built with the text of the one before as
+// its statement, as by one composer within another. Nothing when the text isn't what it should be.
+std::optional<double> SecondsOfNesting() {
+  constexpr int kDepth = 100;
+  SilentHost host;
+  ZOLT20MapControl control(host);
+  const Surface& form = control.Form();
+  control.UserTab(6);
+  String text;
+  const double seconds = SecondsOf([&] {
+    for (int depth = 0; depth < kDepth; ++depth) {
+      control.UserClick(form.optIfThen);
+      control.UserType(form.txtCond, u"item");
+      control.UserType(form.txtStmt1, text);
+      control.UserClick(form.cmdAdd);
+      control.UserClick(form.cmdBuild);
+      text = form.TxtOutput.Text();
+      control.UserClick(form.cmdClear);
+      control.UserType(form.TxtOutput, {});
+    }
+  });
+  int closed = 0;
+  for (std::size_t at = text.find(u"endif"); at != String::npos; at = text.find(u"endif", at + 1))
+    ++closed;
+  if (closed != kDepth || host.messages > 0) return std::nullopt;
+  return seconds;
+}
+
+void NestWith(benchmark::State& state, double theirs) {
+  std::vector<double> each;
+  for (auto _ : state) {
+    const std::optional<double> seconds = SecondsOfNesting();
+    if (!seconds) return state.SkipWithError("the text is not that of the blocks");
+    each.push_back(*seconds);
+    state.SetIterationTime(*seconds);
+  }
+  Report(state, MedianOf(std::move(each)), theirs, Bar::kRatio, 1);
+}
+
+// What another package told of itself in a line of JSON.
 struct Other {
   std::string package;
-  double seconds;  // of all additions and the text for them
+  double seconds;  // of all additions, or of the nesting, and the text for them
+  bool nests;
 };
 
 std::vector<Other> Others() {
@@ -199,11 +241,13 @@ std::vector<Other> Others() {
   std::ifstream file(path);
   for (std::string line; std::getline(file, line);) {
     const auto told = nlohmann::json::parse(line);
+    const bool nests = told.contains("nested_ms");
     const double milliseconds =
-        told.at("add_total_ms").get<double>() + told.at("text_ms").get<double>();
+        nests ? told.at("nested_ms").get<double>()
+              : told.at("add_total_ms").get<double>() + told.at("text_ms").get<double>();
     others.push_back(
         {told.at("package").get<std::string>() + " " + told.at("version").get<std::string>(),
-         milliseconds * 1e-3});
+         milliseconds * 1e-3, nests});
   }
   return others;
 }
@@ -266,6 +310,12 @@ const int kRegistered = [] {
       "1,000 conditions by gestures, each | each of the first 100, ratio",
       [](benchmark::State& state) { ApplyConditions(state, Bar::kRatio, 5); }, 11);
   for (const Other& other : Others()) {
+    if (other.nests) {
+      add(
+          "100 nested ifs and their text | " + other.package,
+          [=](benchmark::State& state) { NestWith(state, other.seconds); }, 11);
+      continue;
+    }
     add(
         "1,000 conditions and their text | " + other.package,
         [=](benchmark::State& state) { CompareWith(state, other.seconds); }, 11);

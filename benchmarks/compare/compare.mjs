@@ -1,11 +1,12 @@
-// What composing a long condition costs in two query builders of the npm registry, without a
-// browser: the state behind their forms is driven by the calls that their forms make, and drawing
-// is left out. One line of JSON for each package.
+// What composing a long condition costs in two query builders of the npm registry, and nested blocks
+// in a third package, without a browser: the state behind their forms is driven by the calls that
+// their forms make, and drawing is left out. One line of JSON for each package.
 //
 // Both keep what a person chose apart from drawing it, are still published, and are the two most
 // downloaded of their kind:
 // @react-querybuilder/core is the logic of react-querybuilder, the first of them.
 // @react-awesome-query-builder/core is the logic of react-awesome-query-builder, the second.
+// blockly composes programs of blocks, and is the most used of its kind.
 //
 // One addition is four steps, as in both forms: "add rule", then its field, its operator, its
 // value. The value comes whole, as pasted, not key by key. Every condition is joined by "and".
@@ -31,6 +32,9 @@ import {
 const require = createRequire(import.meta.url);
 // Its modules for import name folders, which Node resolves for require only.
 const {CoreConfig, TreeActions, TreeStore, Utils} = require('@react-awesome-query-builder/core');
+
+const Blockly = require('blockly');
+const {javascriptGenerator} = require('blockly/javascript');
 
 const kTable = 'T1234567';
 const kFields = 50;
@@ -242,5 +246,36 @@ function measure(Builder) {
   };
 }
 
+// An if within an if, a hundred deep, and the text for them: each block is made, gets its condition
+// and goes into the one before, as a drop of it does.
+function nest(depth) {
+  const workspace = new Blockly.Workspace();
+  let outer = null;
+  for (let i = 0; i < depth; ++i) {
+    const block = workspace.newBlock('controls_if');
+    const condition = workspace.newBlock('variables_get');
+    block.getInput('IF0').connection.connect(condition.outputConnection);
+    outer?.getInput('DO0').connection.connect(block.previousConnection);
+    outer = block;
+  }
+  const text = javascriptGenerator.workspaceToCode(workspace);
+  workspace.dispose();
+  return text;
+}
+
+function measureNesting() {
+  const kDepth = 100;
+  const kRuns = 15;
+  const found = nest(kDepth).match(/if \(item\)/g)?.length;
+  if (found !== kDepth) throw new Error(`blockly: the text has ${found} ifs instead of ${kDepth}`);
+  const times = Array.from({length: kRuns}, () => microseconds(() => nest(kDepth)));
+  return {
+    package: 'blockly',
+    version: Blockly.VERSION,
+    nested_ms: rounded(median(times) / 1000, 3),
+  };
+}
+
+console.log(JSON.stringify(measureNesting()));
 for (const Builder of [QueryBuilder, AwesomeQueryBuilder])
   console.log(JSON.stringify(measure(Builder)));
