@@ -57,10 +57,16 @@ sources=zolt20-$version.tar.gz
 debian=libzolt20-dev_${version}_amd64.deb
 windows=ZOLT20MapControl-$version-windows
 npm=zolt20-map-control-$version.tgz
-diff <(printf '%s\n' SHA256SUMS "$debian" "$npm" "$sources" "$windows.zip" | LC_ALL=C sort) <(LC_ALL=C ls "$files") ||
+pages=zolt20-$version-docs
+diff <(printf '%s\n' SHA256SUMS "$debian" "$npm" "$pages.zip" "$sources" "$windows.zip" | LC_ALL=C sort) <(LC_ALL=C ls "$files") ||
   fail "other files than expected"
 (cd "$files" && quietly sha256sum --check --strict SHA256SUMS)
-[ "$(wc -l <"$files/SHA256SUMS")" -eq 4 ] || fail "SHA256SUMS does not tell of every archive"
+[ "$(wc -l <"$files/SHA256SUMS")" -eq 5 ] || fail "SHA256SUMS does not tell of every archive"
+
+echo "== The pages"
+unzip -q "$files/$pages.zip" -d "$work/pages"
+[ -f "$work/pages/$pages/index.html" ] || fail "the pages have no first one"
+quietly python3 "$first/scripts/site/links.py" "$work/pages/$pages"
 
 echo "== The source archive"
 mkdir "$work/sources"
