@@ -14,6 +14,8 @@ import sys
 FOLDERS = ['surface', 'shell', 'select', 'where', 'statement', 'condition', 'language', 'hosts', 'faces', 'examples', 'scripts']
 # Made from other files of the project.
 MADE = ['faces/web/src/numbers.ts']
+# Texts of Qt, whose files end like those of TypeScript.
+TEXTS = 'translations'
 FILE_LINES = 500
 FUNCTION_LINES = 60
 
@@ -96,7 +98,8 @@ def measured():
     for folder in FOLDERS:
         for path in sorted(pathlib.Path(folder).rglob('*')):
             name = path.as_posix()
-            if path.suffix in FUNCTIONS_OF and path.is_file() and 'node_modules' not in path.parts and name not in MADE:
+            is_source = path.suffix in FUNCTIONS_OF and path.is_file() and path.parent.name != TEXTS
+            if is_source and 'node_modules' not in path.parts and name not in MADE:
                 lines = path.read_text('utf-8').splitlines()
                 yield name, len(lines), list(FUNCTIONS_OF[path.suffix](lines))
 
