@@ -206,7 +206,44 @@ describe('custom-elements.json', () => {
     for (const {name} of declaration.cssProperties) assert.ok(script.includes(name), name);
   });
 
+  test('names what the box of statements has', () => {
+    const box = /** @type {ManifestClass} */ (
+      classes.find(({tagName}) => tagName === 'zolt21-synt-text-box')
+    );
+    const [, observed] = /** @type {RegExpMatchArray} */ (
+      /observedAttributes = \[(.*?)\]/.exec(
+        readFileSync(path.join(kRoot, 'faces/web/src/synt_text_box.ts'), 'utf8'),
+      )
+    );
+    const attributes = box.attributes.map(({name}) => `'${name}'`);
+    // Those of any element are not told, and those of any control of a form are not observed.
+    assert.deepEqual(
+      attributes.filter((name) => !["'name'", "'disabled'"].includes(name)),
+      observed.split(', ').filter((name) => name !== "'aria-label'"),
+    );
+    assert.deepEqual(
+      box.attributes.map(({fieldName, type}) => `${fieldName}: ${type.text}`),
+      [
+        'Text: string',
+        'Highlight: boolean',
+        'rightmargin: number',
+        'name: string',
+        'disabled: boolean',
+      ],
+    );
+    assert.deepEqual(
+      box.events.map(({name}) => name),
+      ['TabChain', 'propertychanged'],
+    );
+    for (const name of ['Text', 'Highlight', 'rightmargin', 'form', 'labels', 'name', 'disabled'])
+      assert.ok(
+        box.members.some((member) => member.name === name),
+        name,
+      );
+  });
+
   test('has words for everything that it names', () => {
+    assert.equal(classes.length, 3);
     for (const {members, events = [], cssProperties = [], cssParts = []} of classes) {
       const all = [...members, ...events, ...cssProperties, ...cssParts];
       assert.ok(all.length > 1);

@@ -22,7 +22,7 @@ export function typesOfEntries(types, language, box) {
     files[`${kName}.lean.${declared}`] = `export * from '${all}';\n`;
     files[`${kName}.classic.${declared}`] = typesOfGlobals(all);
     for (const [framework, typesFor] of Object.entries(kFrameworks))
-      files[`${framework}.${declared}`] = typesFor(all);
+      files[`${framework}.${declared}`] = typesFor([all, `./${kBox}.${script}`]);
   }
   return files;
 }

@@ -1,77 +1,100 @@
-// The types by which templates of frameworks know the element: an entry for each framework, so that
+// The types by which templates of frameworks know the elements: an entry for each framework, so that
 // nobody needs the types of another one. Each gives what the module itself gives, too.
 
-const kName = 'zolt20-map-control';
+/** @typedef {{tag: string, name: string}} Element */
+/** @type {readonly Element[]} */
+const kElements = [
+  {tag: 'zolt20-map-control', name: 'ZOLT20MapControl'},
+  {tag: 'zolt21-synt-text-box', name: 'ZOLT21SyntTextBox'},
+];
 
-/** @type {(imports: string, body: string) => (script: string) => string} */
-const typesOf = (imports, body) => (script) =>
-  `${imports.replaceAll('@SCRIPT@', script)}
-export * from '${script}';
+/** @type {(each: (element: Element) => string) => string} */
+const ofAll = (each) => kElements.map(each).join('\n');
+
+/** @type {(imports: string, names: string[], body: string) => (scripts: string[]) => string} */
+const typesOf = (imports, names, body) => (scripts) => {
+  const imported = kElements.map(
+    ({name}, at) =>
+      `import type { ${names.map((each) => `${name}${each}`).join(', ')} } from '${scripts[at]}';`,
+  );
+  return `${imports}
+${imported.join('\n')}
+
+export * from '${scripts[0]}';
 
 ${body}`;
+};
 
-/// The text of the types of each framework, by the script that they belong to.
-/** @type {Readonly<Record<string, (script: string) => string>>} */
+/// The text of the types of each framework, by the scripts that the elements belong to: of the map
+/// control and of the box of statements.
+/** @type {Readonly<Record<string, (scripts: string[]) => string>>} */
 export const kFrameworks = {
   react: typesOf(
-    `import type { DetailedHTMLProps, HTMLAttributes } from 'react';
-import type { ZOLT20MapControlElement, ZOLT20MapControlProps } from '@SCRIPT@';
-`,
+    "import type { DetailedHTMLProps, HTMLAttributes } from 'react';",
+    ['Element', 'Props'],
     `declare module 'react' {
   namespace JSX {
     interface IntrinsicElements {
-      '${kName}': DetailedHTMLProps<HTMLAttributes<ZOLT20MapControlElement>, ZOLT20MapControlElement> & ZOLT20MapControlProps;
+${ofAll(
+  ({tag, name}) =>
+    `      '${tag}': DetailedHTMLProps<HTMLAttributes<${name}Element>, ${name}Element> & ${name}Props;`,
+)}
     }
   }
 }
 `,
   ),
   preact: typesOf(
-    `import type { HTMLAttributes } from 'preact';
-import type { ZOLT20MapControlElement, ZOLT20MapControlProps } from '@SCRIPT@';
-`,
+    "import type { HTMLAttributes } from 'preact';",
+    ['Element', 'Props'],
     `declare module 'preact' {
   namespace JSX {
     interface IntrinsicElements {
-      '${kName}': Omit<HTMLAttributes<ZOLT20MapControlElement>, keyof ZOLT20MapControlProps> & ZOLT20MapControlProps;
+${ofAll(
+  ({tag, name}) =>
+    `      '${tag}': Omit<HTMLAttributes<${name}Element>, keyof ${name}Props> & ${name}Props;`,
+)}
     }
   }
 }
 `,
   ),
   vue: typesOf(
-    `import type { EmitFn, HTMLAttributes, PublicProps } from 'vue';
-import type { ZOLT20MapControlElement, ZOLT20MapControlEvents, ZOLT20MapControlProps } from '@SCRIPT@';
-`,
+    "import type { EmitFn, HTMLAttributes, PublicProps } from 'vue';",
+    ['Element', 'Events', 'Props'],
     `// Templates name an attribute in kebab case, and their checker looks for it in camel case.
 type CamelCase<Name extends string> = Name extends \`\${infer First}-\${infer Rest}\` ? \`\${First}\${Capitalize<CamelCase<Rest>>}\` : Name;
-type Props = {
-  [Name in keyof ZOLT20MapControlProps as Name | CamelCase<Name>]: ZOLT20MapControlProps[Name];
+type InBothCases<Props> = {
+  [Name in keyof Props as Name | (Name extends string ? CamelCase<Name> : never)]: Props[Name];
 };
 
 declare module 'vue' {
   interface GlobalComponents {
-    '${kName}': new () => ZOLT20MapControlElement & {
+${ofAll(
+  ({tag, name}) => `    '${tag}': new () => ${name}Element & {
       /** @deprecated Of templates alone: an element does not have it. */
-      $props: HTMLAttributes & PublicProps & Props;
+      $props: HTMLAttributes & PublicProps & InBothCases<${name}Props>;
       /** @deprecated Of templates alone: an element does not have it. */
-      $emit: EmitFn<{ [Name in keyof ZOLT20MapControlEvents]: (event: ZOLT20MapControlEvents[Name]) => void }>;
-    };
+      $emit: EmitFn<{ [Name in keyof ${name}Events]: (event: ${name}Events[Name]) => void }>;
+    };`,
+)}
   }
 }
 `,
   ),
   svelte: typesOf(
-    `import type { HTMLAttributes } from 'svelte/elements';
-import type { ZOLT20MapControlElement, ZOLT20MapControlEvents, ZOLT20MapControlProps } from '@SCRIPT@';
-`,
-    `type OldListeners = {
-  [Name in keyof ZOLT20MapControlEvents as \`on:\${Name}\`]?: ((event: ZOLT20MapControlEvents[Name]) => void) | null | undefined;
+    "import type { HTMLAttributes } from 'svelte/elements';",
+    ['Element', 'Events', 'Props'],
+    `type OldListeners<Events> = {
+  [Name in keyof Events as Name extends string ? \`on:\${Name}\` : never]?: ((event: Events[Name]) => void) | null | undefined;
 };
 
 declare module 'svelte/elements' {
   interface SvelteHTMLElements {
-    '${kName}': HTMLAttributes<ZOLT20MapControlElement> & ZOLT20MapControlProps & OldListeners;
+${ofAll(
+  ({tag, name}) =>
+    `    '${tag}': HTMLAttributes<${name}Element> & ${name}Props & OldListeners<${name}Events>;`,
+)}
   }
 }
 `,

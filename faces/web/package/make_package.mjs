@@ -98,8 +98,8 @@ const parameter = (text) => {
 };
 /** @type {(comment: string) => {description?: string}} */
 const described = (comment) => (comment === '' ? {} : {description: comment});
-/** @type {(className: string) => ManifestMember[]} */
-function membersOf(className) {
+/** @type {(className: string, types: string) => ManifestMember[]} */
+function membersOf(className, types) {
   /** @type {Map<string, ManifestMember>} */
   const members = new Map();
   for (const each of declarationsIn(types, `export declare class ${className} `)) {
@@ -137,23 +137,42 @@ function membersOf(className) {
   }
   return [...members.values()];
 }
-const elementMembers = membersOf('ZOLT20MapControlElement');
-/** @type {(name: string) => ManifestMember | undefined} */
-const memberNamed = (name) => elementMembers.find((member) => member.name === name);
+// The comment of several lines above a class.
+/** @type {(className: string, types: string) => string} */
+function descriptionOf(className, types) {
+  const end = types.indexOf(`export declare class ${className} `);
+  return types
+    .slice(types.lastIndexOf('/**\n', end), end)
+    .replace(/^\/\*\*|\*\/\n$/g, '')
+    .replace(/\n \*( |$)/gm, '\n')
+    .trim();
+}
+/** @type {(map: string, types: string) => object[]} */
+const eventsOf = (map, types) =>
+  declarationsIn(types, `export interface ${map} `).map(({name, type, comment}) => ({
+    name,
+    type: {text: type},
+    ...described(comment),
+  }));
+/** @type {(members: ManifestMember[], attribute: string, name: string) => object} */
+const attributeOf = (members, attribute, name) => {
+  const member = members.find((each) => each.name === name);
+  return {
+    name: attribute,
+    type: member?.type ?? {text: 'string'},
+    ...described(member?.description ?? ''),
+    fieldName: name,
+  };
+};
+const elementMembers = membersOf('ZOLT20MapControlElement', types);
 // Of each member that can be written an attribute, and those of a control of a form.
-/** @type {{name: string, type: {text: string}, description?: string, fieldName: string}[]} */
 const attributes = [
   ...fillablesOf(logic),
   ...['name', 'disabled', 'readOnly', 'required'].map((name) => ({
     attribute: name.toLowerCase(),
     name,
   })),
-].map(({attribute, name}) => ({
-  name: attribute,
-  type: memberNamed(name)?.type ?? {text: 'string'},
-  ...described(memberNamed(name)?.description ?? ''),
-  fieldName: name,
-}));
+].map(({attribute, name}) => attributeOf(elementMembers, attribute, name));
 const style = read('faces/web/src/form.css');
 const cssProperties = [
   ...style.matchAll(
@@ -167,6 +186,9 @@ const cssProperties = [
     ...(comment ? {description: comment} : {}),
   }));
 const kModule = 'zolt20-map-control.js';
+const kBoxModule = 'zolt21-synt-text-box.js';
+const box = read('faces/web/package/zolt21-synt-text-box.d.ts');
+const boxMembers = membersOf('ZOLT21SyntTextBoxElement', box);
 const manifest = {
   schemaVersion: '2.1.0',
   modules: [
@@ -179,18 +201,11 @@ const manifest = {
           name: 'ZOLT20MapControlElement',
           tagName: 'zolt20-map-control',
           customElement: true,
-          description: matched(
-            /\/\*\*\n \* ([\s\S]*?)\n \*\/\nexport declare class ZOLT20MapControlElement/,
-            types,
-          )[1]
-            .replace(/\n \*( |$)/gm, '\n')
-            .trim(),
+          description: descriptionOf('ZOLT20MapControlElement', types),
           superclass: {name: 'HTMLElement'},
           attributes,
           members: elementMembers,
-          events: declarationsIn(types, 'export interface ZOLT20MapControlEventMap').map(
-            ({name, type, comment}) => ({name, type: {text: type}, ...described(comment)}),
-          ),
+          events: eventsOf('ZOLT20MapControlEventMap', types),
           cssProperties,
           cssParts: partsOf(logic),
         },
@@ -199,7 +214,7 @@ const manifest = {
           name: 'ZOLT20Error',
           description: matched(/\/\*\* (.*) \*\/\nexport declare class ZOLT20Error/, types)[1],
           superclass: {name: 'Error'},
-          members: membersOf('ZOLT20Error'),
+          members: membersOf('ZOLT20Error', types),
         },
       ],
       exports: [
@@ -216,6 +231,37 @@ const manifest = {
         {kind: 'js', name: 'ZOLT20Error', declaration: {name: 'ZOLT20Error', module: kModule}},
       ],
     },
+    {
+      kind: 'javascript-module',
+      path: kBoxModule,
+      declarations: [
+        {
+          kind: 'class',
+          name: 'ZOLT21SyntTextBoxElement',
+          tagName: 'zolt21-synt-text-box',
+          customElement: true,
+          description: descriptionOf('ZOLT21SyntTextBoxElement', box),
+          superclass: {name: 'HTMLElement'},
+          attributes: ['Text', 'Highlight', 'rightmargin', 'name', 'disabled'].map((name) =>
+            attributeOf(boxMembers, name.toLowerCase(), name),
+          ),
+          members: boxMembers,
+          events: eventsOf('ZOLT21SyntTextBoxEventMap', box),
+        },
+      ],
+      exports: [
+        {
+          kind: 'custom-element-definition',
+          name: 'zolt21-synt-text-box',
+          declaration: {name: 'ZOLT21SyntTextBoxElement', module: kBoxModule},
+        },
+        {
+          kind: 'js',
+          name: 'ZOLT21SyntTextBoxElement',
+          declaration: {name: 'ZOLT21SyntTextBoxElement', module: kBoxModule},
+        },
+      ],
+    },
   ],
 };
 writeFileSync(join(out, 'custom-elements.json'), `${JSON.stringify(manifest, null, 2)}\n`);
@@ -228,6 +274,5 @@ copyFileSync(join(source, 'docs/pictures/web-page1-light.png'), join(out, 'pictu
 writeFileSync(join(out, 'package.json'), `${JSON.stringify(packageOf(version), null, 2)}\n`);
 writeFileSync(join(out, 'zolt20-map-control.classic.cjs'), kRequiredClassic);
 const language = read('faces/web/package/zolt20-language.d.ts');
-const box = read('faces/web/package/zolt21-synt-text-box.d.ts');
 for (const [name, text] of Object.entries(typesOfEntries(types, language, box)))
   writeFileSync(join(out, name), text);

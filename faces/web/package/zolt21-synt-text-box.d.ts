@@ -51,6 +51,38 @@ export declare class ZOLT21SyntTextBoxElement extends HTMLElement {
   ): void;
 }
 
+/** The attributes of the box in HTML, as a template writes them. */
+export interface ZOLT21SyntTextBoxAttributes {
+  /** Writes `Text`. */
+  text?: string | null | undefined;
+  /** Writes `Highlight`. */
+  highlight?: boolean | '' | null | undefined;
+  /** Writes `rightmargin`. */
+  rightmargin?: number | `${number}` | null | undefined;
+  /** The box's name in its form. */
+  name?: string | null | undefined;
+  /** The id of its form. */
+  form?: string | null | undefined;
+  disabled?: boolean | '' | null | undefined;
+}
+/** The properties of the box, as a template writes them. */
+export interface ZOLT21SyntTextBoxProperties {
+  /** Writes `Text`. */
+  Text?: string | null | undefined;
+  /** Writes `Highlight`. */
+  Highlight?: boolean | null | undefined;
+}
+/** The events of the box and what comes with each, without those of every element. */
+export type ZOLT21SyntTextBoxEvents = Omit<ZOLT21SyntTextBoxEventMap, keyof HTMLElementEventMap>;
+/** All that a template can give the box, with its events as `onTabChain` and `onpropertychanged`. */
+export type ZOLT21SyntTextBoxProps = ZOLT21SyntTextBoxAttributes &
+  ZOLT21SyntTextBoxProperties & {
+    [Name in keyof ZOLT21SyntTextBoxEvents as `on${Name}`]?:
+      | ((event: ZOLT21SyntTextBoxEvents[Name]) => void)
+      | null
+      | undefined;
+  };
+
 declare global {
   interface HTMLElementTagNameMap {
     'zolt21-synt-text-box': ZOLT21SyntTextBoxElement;

@@ -3,6 +3,7 @@
 import 'zolt20-map-control/preact';
 import {useRef} from 'preact/hooks';
 import type {ZOLT20MapControlElement} from 'zolt20-map-control';
+import type {ZOLT21SyntTextBoxElement} from 'zolt20-map-control/text-box';
 
 export function Rule() {
   const control = useRef<ZOLT20MapControlElement>(null);
@@ -34,6 +35,25 @@ export function Rule() {
   );
 }
 
+export function Statement() {
+  const box = useRef<ZOLT21SyntTextBoxElement>(null);
+  return (
+    <zolt21-synt-text-box
+      ref={box}
+      key="statement"
+      class="wide"
+      text="endselect"
+      highlight
+      rightmargin="32000"
+      name="statement"
+      form="rules"
+      disabled={false}
+      onpropertychanged={(event) => event.detail.name.length}
+      onTabChain={() => box.current?.Text.length}
+    />
+  );
+}
+
 // @ts-expect-error a text
 export const numbered = <zolt20-map-control tables={7} />;
 // @ts-expect-error a whole number
@@ -48,3 +68,7 @@ export const heard = <zolt20-map-control oneventDone="a" />;
 export const told = <zolt20-map-control oneventDone={(event: MouseEvent) => event.x} />;
 // @ts-expect-error no such attribute
 export const misspelt = <zolt20-map-control table="CUSTOMER2" />;
+// @ts-expect-error a text
+export const numberedBox = <zolt21-synt-text-box text={7} />;
+// @ts-expect-error no such attribute
+export const misspeltBox = <zolt21-synt-text-box margin={7} />;

@@ -3,6 +3,7 @@ import 'zolt20-map-control/vue';
 import type {GlobalComponents} from 'vue';
 
 type Rule = InstanceType<GlobalComponents['zolt20-map-control']>;
+type Box = InstanceType<GlobalComponents['zolt21-synt-text-box']>;
 
 export const given: Rule['$props'] = {
   class: 'wide',
@@ -20,9 +21,21 @@ rule.$emit('propertychanged', new CustomEvent('propertychanged', {detail: {name:
 rule.$emit('eventDone', new Event('eventDone'));
 export const text: string = rule.prpStroutput;
 
+export const givenBox: Box['$props'] = {
+  class: 'wide',
+  text: 'endselect',
+  highlight: true,
+  rightmargin: 32000,
+};
+declare const box: Box;
+box.$emit('TabChain', new Event('TabChain'));
+export const boxText: string = box.Text;
+
 // @ts-expect-error a text
 export const numbered: Rule['$props'] = {tables: 7};
 // @ts-expect-error no such attribute
 export const misspelt: Rule['$props'] = {table: 'CUSTOMER2'};
 // @ts-expect-error no such event
 rule.$emit('eventdone', new Event('eventdone'));
+// @ts-expect-error no such attribute
+export const misspeltBox: Box['$props'] = {margin: 7};
