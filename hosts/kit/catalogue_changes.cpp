@@ -72,9 +72,10 @@ std::size_t PlaceIn(const std::vector<StringView>& fields, StringView name) {
 
 class Comparison {
  public:
-  Comparison(const NameLists& before, const NameLists& now)
+  Comparison(const NameLists& before, const NameLists& now, const language::Renames& chosen)
       : before_(before),
         now_(now),
+        chosen_(chosen),
         all_(Concat(before.tables, u",", now.tables), Concat(before.fields, u",", now.fields)) {}
 
   std::vector<NameChange> Compare(const RulesContent& content) {
@@ -118,7 +119,12 @@ class Comparison {
     }
     Offer(change, std::move(candidates));
     changes.push_back(change);
-    return change.isLikely ? change.proposals[0] : String();
+    const auto chosen = chosen_.find(table);
+    const bool isLikely = chosen == chosen_.end() && change.isLikely;
+    const String successor = isLikely                  ? change.proposals[0]
+                             : chosen != chosen_.end() ? chosen->second
+                                                       : String();
+    return now_.names.Find(successor) == nullptr ? String() : successor;
   }
 
   Candidate TableCandidate(const String& table, const Names::Table& other) const {
@@ -185,6 +191,7 @@ class Comparison {
 
   TypedNames before_;
   TypedNames now_;
+  const language::Renames& chosen_;
   Names all_;                   // of both, for names with blanks
   std::vector<String> tables_;  // in the order of their first uses
   std::unordered_map<String, std::vector<String>> fields_;
@@ -255,8 +262,8 @@ Compared ComparedWith(StringView behind) {
 }  // namespace
 
 std::vector<NameChange> CompareNames(const RulesContent& content, const NameLists& before,
-                                     const NameLists& now) {
-  return Comparison(before, now).Compare(content);
+                                     const NameLists& now, const language::Renames& chosen) {
+  return Comparison(before, now, chosen).Compare(content);
 }
 
 NameLists NamesUsed(const RulesContent& content, const NameLists& catalogue) {

@@ -26,9 +26,11 @@ struct NameChange {
 };
 
 /// The changes that touch the rules, each table before its fields, in the order of their first
-/// uses. Both lists are as the control takes them. Quoted texts count for nothing.
+/// uses. Both lists are as the control takes them. Quoted texts count for nothing. The fields of a
+/// table that is gone are looked for in the one that is chosen for it, in none where that is "",
+/// and in the likely one where nothing is chosen.
 std::vector<NameChange> CompareNames(const RulesContent& content, const NameLists& before,
-                                     const NameLists& now);
+                                     const NameLists& now, const language::Renames& chosen = {});
 
 /// Of a catalogue what the rules need of it to be compared with another: all tables, and the fields
 /// of those that they use, without what else is told of these.
