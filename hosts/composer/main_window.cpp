@@ -16,6 +16,7 @@
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/cut_label.h"
 #include "hosts/composer/find_bar.h"
+#include "hosts/composer/names_strip.h"
 #include "hosts/composer/note_strip.h"
 #include "hosts/composer/rules_list.h"
 #include "hosts/composer/settings.h"
@@ -72,6 +73,8 @@ void MainWindow::MakePanes() {
   composing_->setSpacing(4);
   composing_->addLayout(head);
   composing_->addWidget(note_);
+  composing_->addWidget(names_ = new NamesStrip);
+  connect(names_, &NamesStrip::Asked, this, &MainWindow::ShowChangedNames);
   composing_->addWidget(find_ = new FindBar);
 
   split_ = new QSplitter;
@@ -115,6 +118,7 @@ bool MainWindow::OpenRules(const QString& path) {
   AddRecent(QStringLiteral("recent/rules"), path);
   rule_ = rules_->rules().empty() ? QString() : ToQt(rules_->rules().front().name);
   ShowList();
+  OfferNames();
   OpenRule(rule_);
   OfferJournals();
   return true;
@@ -132,6 +136,7 @@ void MainWindow::NewRules() {
   journal_->Forget();
   rule_.clear();
   ShowList();
+  OfferNames();
   OpenRule({});
 }
 
@@ -142,6 +147,7 @@ void MainWindow::AskAndOpenRules() {
 
 bool MainWindow::Save() {
   if (!NeedRules()) return false;
+  KeepNames();
   try {
     try {
       rules_->Save();
@@ -171,11 +177,13 @@ bool MainWindow::SaveAs() {
   if (path.isEmpty()) return false;
   try {
     if (rules_) {
+      KeepNames();
       rules_->SaveAs(path);
     } else {
       const bool isNew = !QFileInfo::exists(path);
       rules_.emplace(isNew ? RulesFile::Create(path) : RulesFile::Open(path));
       ShowList();
+      OfferNames();
       if (isNew) rules_->Save();
     }
   } catch (const RulesError& error) {

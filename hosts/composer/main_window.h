@@ -17,6 +17,10 @@ class QMenu;
 class QSplitter;
 class QVBoxLayout;
 
+namespace zolt20::rules {
+class NamesReview;
+}
+
 namespace zolt20::composer {
 
 struct Recovery;
@@ -24,6 +28,7 @@ class CutLabel;
 class EditMenu;
 class FindBar;
 class FindWindow;
+class NamesStrip;
 class NodeEdits;
 class NoteStrip;
 class RulePane;
@@ -78,6 +83,20 @@ class MainWindow final : public QMainWindow {
   bool NeedCatalogue(const QString& title);
   void SaveCatalogueAs();
   void EditFunctions();
+
+  // Names, when the catalogue is another one.
+  rules::NameLists NamesNow() const;
+  /// Those that the rules were composed with, empty when nobody knows.
+  rules::NameLists NamesBefore() const;
+  /// Compares the two, and tells in the strip what the person may want to decide.
+  void LookAtNames();
+  /// The same when the rules or the catalogue are just opened.
+  void OfferNames();
+  /// Before each Save.
+  void KeepNames();
+  void ShowChangedNames();
+  void ChangeNames(const rules::NamesReview& review);
+  void TakeBackNames();
 
   // The rules file.
   void NewRules();
@@ -189,6 +208,10 @@ class MainWindow final : public QMainWindow {
   RulesList* list_ = nullptr;
   CutLabel* heading_ = nullptr;
   NoteStrip* note_ = nullptr;
+  NamesStrip* names_ = nullptr;
+  QAction* takeBackNames_ = nullptr;
+  bool namesAreOpen_ = false;  // the names of before wait for the person to decide
+  bool keepsNames_ = true;
   QMenu* statements_ = nullptr;
   QVBoxLayout* composing_ = nullptr;
   RecordedMap* map_ = nullptr;

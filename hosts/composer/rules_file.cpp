@@ -5,11 +5,13 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <utility>
 
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/rules_disk.h"
+#include "hosts/kit/catalogue_changes.h"
 
 namespace zolt20::composer {
 
@@ -23,6 +25,19 @@ using rules::TimeNow;
 void WriteWholeFile(const QString& path, const QByteArray& content) {
   WriteBytes(TargetOf(path), content, Shown(path));
 }
+
+// What new names have changed: each rule as it was, and as it was then.
+struct RulesFile::NamesStep {
+  struct OfRule {
+    Rule before;
+    RuleExtras extrasBefore;
+    Rule after;
+    String noteAfter;
+  };
+  std::vector<OfRule> rules;
+  std::optional<rules::KeptNames> namesBefore;
+  bool isUnchangedBefore = false;  // taken back at once, nothing is left to be saved
+};
 
 struct RulesFile::State {
   explicit State(const QString& name) : path(name), shown(Shown(name)), target(TargetOf(name)) {}
@@ -41,6 +56,7 @@ struct RulesFile::State {
 
   RulesContent content;
   bool changed = false;
+  std::optional<NamesStep> namesStep;
 };
 
 void RulesFile::State::Read() {
@@ -74,6 +90,7 @@ void RulesFile::State::Write() {
   onDisk = std::move(bytes);
   whyNotSaved.clear();
   changed = false;
+  if (namesStep) namesStep->isUnchangedBefore = false;
 }
 
 RulesFile RulesFile::Create(const QString& path) {
@@ -271,6 +288,68 @@ void RulesFile::Forget(std::size_t index) {
   state_->changed = true;
 }
 
+// Names of the catalogue.
+
+const RulesContent& RulesFile::Content() const {
+  return state_->content;
+}
+
+void RulesFile::KeepNames(const rules::NameLists& catalogue) {
+  RulesContent& content = state_->content;
+  rules::NameLists names = rules::NamesUsed(content, catalogue);
+  if (!content.catalogue) content.catalogue.emplace();
+  content.catalogue->lists = std::move(names);
+}
+
+std::size_t RulesFile::ChangeNames(std::span<const rules::Change> changes,
+                                   const language::Names& names,
+                                   const rules::NameLists& catalogue) {
+  RulesContent& content = state_->content;
+  NamesStep step;
+  step.namesBefore = content.catalogue;
+  step.isUnchangedBefore = !state_->changed;
+  std::map<std::size_t, NamesStep::OfRule> before;
+  for (const rules::Change& change : changes) {
+    if (!change.isChosen || before.count(change.rule) != 0) continue;
+    before.insert({change.rule, {content.rules[change.rule], content.extras[change.rule], {}, {}}});
+  }
+  const std::vector<std::size_t> changed = rules::MakeChanges(content, changes, names, TimeNow());
+  for (const std::size_t index : changed) {
+    NamesStep::OfRule& rule = before.at(index);
+    rule.after = content.rules[index];
+    rule.noteAfter = content.extras[index].note;
+    step.rules.push_back(std::move(rule));
+  }
+  KeepNames(catalogue);
+  state_->changed = true;
+  state_->namesStep = std::move(step);
+  return changed.size();
+}
+
+bool RulesFile::CanTakeBackNames() const {
+  return state_->namesStep.has_value();
+}
+
+std::size_t RulesFile::TakeBackNames() {
+  if (!state_->namesStep) return 0;
+  NamesStep step = *std::exchange(state_->namesStep, std::nullopt);
+  RulesContent& content = state_->content;
+  std::size_t left = 0;
+  for (NamesStep::OfRule& rule : step.rules) {
+    const Rule* const now = Find(rule.after.name);
+    if (now == nullptr || *now != rule.after || NoteOf(rule.after.name) != rule.noteAfter) {
+      ++left;
+      continue;
+    }
+    const std::size_t index = NeededIndex(rule.after.name);
+    content.rules[index] = std::move(rule.before);
+    content.extras[index] = std::move(rule.extrasBefore);
+  }
+  content.catalogue = std::move(step.namesBefore);
+  state_->changed = !step.isUnchangedBefore;
+  return left;
+}
+
 void RulesFile::Save() {
   if (!state_->lock) state_->lock = NeededLock(state_->target, state_->shown);
   state_->CheckOnDisk();
@@ -292,6 +371,7 @@ void RulesFile::SaveAs(const QString& path) {
   }
   other.lock = NeededLock(other.target, other.shown);
   other.content = state_->content;
+  other.namesStep = state_->namesStep;
   other.Write();
   *state_ = std::move(other);
 }

@@ -5,11 +5,13 @@
 //   {"format": "zolt20 rules", "version": 2,
 //    "rules": [{"name": "", "text": "", "fields": "", "stored": "2026-01-31T23:59:59Z",
 //               "note": "", "versions": [{"stored": "", "text": "", "fields": ""}]}],
-//    "bin": [{"name": "", "text": "", "fields": "", "deleted": ""}]}
+//    "bin": [{"name": "", "text": "", "fields": "", "deleted": ""}],
+//    "catalogue": {"tables": "", "fields": ""}}
 //
 // "stored" and what follows it may be missing, and are missing in files of version 1. "versions"
-// are the texts before, oldest first; "bin" holds deleted rules with all that belongs to them.
-// Times are UTC.
+// are the texts before, oldest first; "bin" holds deleted rules with all that belongs to them;
+// "catalogue" has the names that the rules were composed with, as the control takes them. Times are
+// UTC.
 //
 // Texts come back exactly, to the last 16-bit character; one that is half of a pair stands in the
 // file as an escape. Keys of a later edition of the format, at the top or in a rule, are kept and
@@ -23,9 +25,11 @@
 #include <QByteArray>
 #include <QString>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "hosts/kit/rules_changes.h"
 #include "hosts/kit/rules_text.h"
 #include "surface/string.h"
 
@@ -115,6 +119,24 @@ class RulesFile {
   /// Deletes a rule of the bin for good.
   void Forget(std::size_t index);
 
+  // Names of the catalogue.
+
+  /// All that the file has.
+  const rules::RulesContent& Content() const;
+  /// What of this catalogue the rules need stands in the file from the next Save on. That alone is
+  /// no change.
+  void KeepNames(const rules::NameLists& catalogue);
+  /// Makes the changes that are chosen, in one step, and keeps the names of the catalogue that they
+  /// are made for. Gives how many rules are others now. `names` is as for rules::MakeChanges.
+  std::size_t ChangeNames(std::span<const rules::Change> changes, const language::Names& names,
+                          const rules::NameLists& catalogue);
+  /// Whether there is such a step.
+  bool CanTakeBackNames() const;
+  /// Takes that step back: its rules, their versions and notes are what they were, but for those
+  /// that are others since or gone. Gives how many these are. When nothing else was done, a Save
+  /// writes the bytes of before. A step that could not be saved is taken back before anything else.
+  std::size_t TakeBackNames();
+
   /// Writes the rules into a file of another name in the same folder, which then takes the place
   /// and the permissions of the old one; behind a symbolic link, of the file it leads to. Throws
   /// RulesError with the system's reason; the old file and the rules in memory are then as they
@@ -134,6 +156,7 @@ class RulesFile {
 
  private:
   struct State;
+  struct NamesStep;
 
   explicit RulesFile(std::unique_ptr<State> state);
 

@@ -44,4 +44,11 @@ class TextLines {
   std::vector<std::size_t> starts_{0};
 };
 
+/// The line in which a place of the text is, without its end.
+inline StringView LineAround(StringView text, std::size_t place) {
+  const std::size_t before = text.substr(0, place).find_last_of(u"\r\n");
+  const std::size_t first = before == StringView::npos ? 0 : before + 1;
+  return text.substr(first, text.find_first_of(u"\r\n", place) - first);
+}
+
 }  // namespace zolt20::composer

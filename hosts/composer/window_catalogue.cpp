@@ -34,6 +34,7 @@ void MainWindow::TakeCatalogue(OpenedCatalogue opened, const QString& from) {
   cataloguePlace_ = std::move(opened.place);
   catalogueName_ = ToQt(catalogue_.name);
   UseNames();
+  OfferNames();
   OpenRule(rule_);
   if (opened.leftOut.isEmpty()) return;
   QMessageBox message(QMessageBox::Information, tr("Open Catalogue"),

@@ -47,6 +47,9 @@ void MainWindow::MakeFileMenu() {
   AddTo(menu, tr("Open &Database..."), {}, &MainWindow::OpenDatabase);
   AddTo(menu, tr("Save Catalo&gue As..."), {}, &MainWindow::SaveCatalogueAs);
   AddTo(menu, tr("Edit &Functions..."), {}, &MainWindow::EditFunctions);
+  AddTo(menu, tr("C&hanged Names..."), {}, &MainWindow::ShowChangedNames);
+  takeBackNames_ = AddTo(menu, tr("&Take Back New Names"), {}, &MainWindow::TakeBackNames);
+  takeBackNames_->setEnabled(false);
   menu->addSeparator();
   AddTo(menu, tr("&New Rules File..."), {}, &MainWindow::NewRules);
   AddTo(menu, tr("&Open Rules File..."), QKeySequence::Open, &MainWindow::AskAndOpenRules);

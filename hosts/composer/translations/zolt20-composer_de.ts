@@ -608,6 +608,113 @@
     </message>
 </context>
 <context>
+    <name>zolt20::composer::ChangedNamesWindow</name>
+    <message>
+        <source>%1, was %2</source>
+        <translation>%1, vorher %2</translation>
+    </message>
+    <message>
+        <source>gone</source>
+        <translation>weggefallen</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>nicht im Katalog</translation>
+    </message>
+    <message>
+        <source>a text beside a number</source>
+        <translation>ein Text neben einer Zahl</translation>
+    </message>
+    <message>
+        <source>a number beside a text</source>
+        <translation>eine Zahl neben einem Text</translation>
+    </message>
+    <message>
+        <source>a pair, and no flag any more</source>
+        <translation>ein Paar, und kein Kennzeichen mehr</translation>
+    </message>
+    <message>
+        <source>no pair, and a flag now</source>
+        <translation>kein Paar, und jetzt ein Kennzeichen</translation>
+    </message>
+    <message>
+        <source>the sum of what is no number</source>
+        <translation>Summe von etwas, das keine Zahl ist</translation>
+    </message>
+    <message>
+        <source>note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>quoted text</source>
+        <translation>Text in Anführungszeichen</translation>
+    </message>
+    <message>
+        <source>plain statement</source>
+        <translation>einfache Anweisung</translation>
+    </message>
+    <message>
+        <source>Changed Names</source>
+        <translation>Geänderte Namen</translation>
+    </message>
+    <message>
+        <source>Names and their places</source>
+        <translation>Namen und ihre Stellen</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Stelle</translation>
+    </message>
+    <message>
+        <source>What it is</source>
+        <translation>Was es ist</translation>
+    </message>
+    <message>
+        <source>New name</source>
+        <translation>Neuer Name</translation>
+    </message>
+    <message>
+        <source>Leave All As It Is</source>
+        <translation>Alles so lassen</translation>
+    </message>
+    <message>
+        <source>%1, line %2, column %3</source>
+        <translation>%1, Zeile %2, Spalte %3</translation>
+    </message>
+    <message>
+        <source>New name of %1</source>
+        <translation>Neuer Name von %1</translation>
+    </message>
+    <message>
+        <source>leave it</source>
+        <translation>so lassen</translation>
+    </message>
+    <message>
+        <source>All names of the rules are in the catalogue.</source>
+        <translation>Alle Namen der Regeln stehen im Katalog.</translation>
+    </message>
+    <message>
+        <source>Names: %1, in rules: %2. Places that get a new name: %3.</source>
+        <translation>Namen: %1, in Regeln: %2. Stellen, die einen neuen Namen bekommen: %3.</translation>
+    </message>
+    <message>
+        <source>Two names would become %1, and could not be told apart again.</source>
+        <translation>Zwei Namen würden zu %1 und wären nicht mehr zu unterscheiden.</translation>
+    </message>
+    <message>
+        <source>Change All the Same</source>
+        <translation>Trotzdem ändern</translation>
+    </message>
+    <message>
+        <source>Go On</source>
+        <translation>Weiter bearbeiten</translation>
+    </message>
+    <message>
+        <source>%1 with a flag</source>
+        <translation>%1 mit Kennzeichen</translation>
+    </message>
+</context>
+<context>
     <name>zolt20::composer::DeletedWindow</name>
     <message>
         <source>Text</source>
@@ -1344,6 +1451,49 @@
     <message>
         <source>F&amp;ind in Rules...</source>
         <translation>&amp;In Regeln suchen...</translation>
+    </message>
+    <message>
+        <source>C&amp;hanged Names...</source>
+        <translation>Geänderte Na&amp;men...</translation>
+    </message>
+    <message>
+        <source>&amp;Take Back New Names</source>
+        <translation>Neue Namen zurückne&amp;hmen</translation>
+    </message>
+    <message>
+        <source>Changed Names</source>
+        <translation>Geänderte Namen</translation>
+    </message>
+    <message>
+        <source>There are no rules. Open some first.</source>
+        <translation>Es ist keine Regeldatei geöffnet.</translation>
+    </message>
+    <message>
+        <source>Rules with new names: %1. File / Take Back New Names undoes it.</source>
+        <translation>Regeln mit neuen Namen: %1. Datei / Neue Namen zurücknehmen macht es rückgängig.</translation>
+    </message>
+    <message>
+        <source>The new names are taken back</source>
+        <translation>Die neuen Namen sind zurückgenommen</translation>
+    </message>
+    <message>
+        <source>The new names are taken back, but for rules that are others since: %1</source>
+        <translation>Die neuen Namen sind zurückgenommen, außer in Regeln, die seither anders sind: %1</translation>
+    </message>
+</context>
+<context>
+    <name>zolt20::composer::NamesStrip</name>
+    <message>
+        <source>Changed Names...</source>
+        <translation>Geänderte Namen...</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>The rules were composed with another catalogue. Names that are gone or of another type: %1, in rules: %2.</source>
+        <translation>Die Regeln wurden mit einem anderen Katalog erstellt. Namen, die weggefallen oder von anderem Typ sind: %1, in Regeln: %2.</translation>
     </message>
 </context>
 <context>
