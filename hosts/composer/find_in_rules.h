@@ -33,6 +33,8 @@ struct FoundPlace {
   std::size_t length = 0;
   int line = 1;
   QString told;  ///< the line of the text, or what is wrong there
+
+  bool operator==(const FoundPlace&) const = default;
 };
 
 /// No more are looked for.

@@ -24,6 +24,7 @@ class NamesReview;
 namespace zolt20::composer {
 
 struct Recovery;
+struct RuleText;
 class CutLabel;
 class EditMenu;
 class FindBar;
@@ -36,6 +37,7 @@ class RulesList;
 class StatementPlaces;
 class StatementTree;
 class StatusLine;
+class UsesWindow;
 
 class MainWindow final : public QMainWindow {
   Q_OBJECT
@@ -162,7 +164,11 @@ class MainWindow final : public QMainWindow {
   QWidget* MakeTree();
   void ShowTreeOf(RecordedMap& map);
   void UseNames();
+  std::vector<RuleText> AllTexts() const;
+  template <typename Window>
+  void BeginIn(Window*& window);
   void FindInAllRules();
+  void ShowUses();
   void ShowPlace(const QString& rule, std::size_t first, std::size_t length);
   void ShowVersions();
   void EditNote();
@@ -235,6 +241,7 @@ class MainWindow final : public QMainWindow {
   StatementPlaces* places_ = nullptr;
   NodeEdits* nodeEdits_ = nullptr;
   FindWindow* findInRules_ = nullptr;
+  UsesWindow* uses_ = nullptr;
   bool isAsked_ = false;   // Done is pressed once more, and all is decided
   bool isStored_ = false;  // by the last Done
 };

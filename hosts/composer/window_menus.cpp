@@ -112,6 +112,7 @@ void MainWindow::MakeViewMenu() {
   };
   showList_ = FoldingPane(addPane(tr("List of &Rules"), Qt::Key_F9, *list_->parentWidget()), 860);
   showTree_ = FoldingPane(addPane(tr("&Statements"), Qt::SHIFT | Qt::Key_F9, *tree_), 1100);
+  AddTo(menu, tr("&Uses of Names..."), Qt::CTRL | Qt::SHIFT | Qt::Key_U, &MainWindow::ShowUses);
   QMenu* colours = menu->addMenu(tr("&Colours"));
   colours_ = new QActionGroup(this);
   for (const QString& text : {tr("As the &System"), tr("&Light"), tr("&Dark")}) {

@@ -16,6 +16,7 @@
 #include "hosts/composer/rules_list.h"
 #include "hosts/composer/statement_places.h"
 #include "hosts/composer/taking_back.h"
+#include "hosts/composer/uses_of_names.h"
 #include "hosts/composer/versions_window.h"
 
 namespace zolt20::composer {
@@ -65,23 +66,32 @@ void MainWindow::UseNames() {
 }
 
 // Of the rule that is composed the text is looked through as it is shown.
-void MainWindow::FindInAllRules() {
-  if (findInRules_ == nullptr) {
-    const auto texts = [this] {
-      std::vector<RuleText> rules;
-      if (!rules_ || rule_.isEmpty()) rules.push_back({QString(), ShownText()});
-      if (!rules_) return rules;
-      for (const Rule& rule : rules_->rules()) {
-        const QString name = ToQt(rule.name);
-        rules.push_back({name, name == rule_ && !IsReadOnly() ? ShownText() : ToQt(rule.text)});
-      }
-      return rules;
-    };
-    findInRules_ = new FindWindow(
-        texts, [this] { return tree_->Names(); }, this);
-    connect(findInRules_, &FindWindow::Chosen, this, &MainWindow::ShowPlace);
+std::vector<RuleText> MainWindow::AllTexts() const {
+  std::vector<RuleText> rules;
+  if (!rules_ || rule_.isEmpty()) rules.push_back({QString(), ShownText()});
+  if (!rules_) return rules;
+  for (const Rule& rule : rules_->rules()) {
+    const QString name = ToQt(rule.name);
+    rules.push_back({name, name == rule_ && !IsReadOnly() ? ShownText() : ToQt(rule.text)});
   }
-  findInRules_->Begin();
+  return rules;
+}
+
+template <typename Window>
+void MainWindow::BeginIn(Window*& window) {
+  if (window == nullptr) {
+    window = new Window([this] { return AllTexts(); }, [this] { return tree_->Names(); }, this);
+    connect(window, &Window::Chosen, this, &MainWindow::ShowPlace);
+  }
+  window->Begin();
+}
+
+void MainWindow::FindInAllRules() {
+  BeginIn(findInRules_);
+}
+
+void MainWindow::ShowUses() {
+  BeginIn(uses_);
 }
 
 void MainWindow::ShowPlace(const QString& rule, std::size_t first, std::size_t length) {

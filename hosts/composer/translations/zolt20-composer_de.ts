@@ -1461,6 +1461,10 @@
         <translation>Neue Namen zurückne&amp;hmen</translation>
     </message>
     <message>
+        <source>&amp;Uses of Names...</source>
+        <translation>Ver&amp;wendung von Namen...</translation>
+    </message>
+    <message>
         <source>Changed Names</source>
         <translation>Geänderte Namen</translation>
     </message>
@@ -1924,6 +1928,53 @@
     <message>
         <source>Line %1, column %2   Statements: %3   Depth: %4</source>
         <translation>Zeile %1, Spalte %2   Anweisungen: %3   Tiefe: %4</translation>
+    </message>
+</context>
+<context>
+    <name>zolt20::composer::UsesWindow</name>
+    <message>
+        <source>Uses of Names</source>
+        <translation>Verwendung von Namen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Which names</source>
+        <translation>Welche Namen</translation>
+    </message>
+    <message>
+        <source>All names</source>
+        <translation>Alle Namen</translation>
+    </message>
+    <message>
+        <source>Names that the catalogue has not</source>
+        <translation>Namen, die der Katalog nicht hat</translation>
+    </message>
+    <message>
+        <source>Names and their places</source>
+        <translation>Namen und ihre Stellen</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Names: %1, places: %2</source>
+        <translation>Namen: %1, Stellen: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>nicht im Katalog</translation>
+    </message>
+    <message>
+        <source>%1, line %2</source>
+        <translation>%1, Zeile %2</translation>
     </message>
 </context>
 <context>
