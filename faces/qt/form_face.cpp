@@ -130,7 +130,11 @@ void FormFace::ShowFocus(bool moved) {
 // Gestures.
 
 void FormFace::Make(UserGesture gesture) {
-  if (!isShowing_) End(person_.Make(std::move(gesture)));
+  if (isShowing_) return;
+  const bool isPress =
+      gesture.gesture == Gesture::kClick && gesture.control->kind() == Kind::Button;
+  if (isPress && mayPress_ && !person_.IsBusy() && !mayPress_(*gesture.control)) return;
+  End(person_.Make(std::move(gesture)));
 }
 
 // What a line's own undo brings back, such as half a line end, stood there before and stays so.

@@ -10,9 +10,11 @@
 #include <QPointer>
 #include <QVariant>
 #include <QWidget>
+#include <functional>
 #include <map>
 #include <memory>
 #include <unordered_map>
+#include <utility>
 
 #include "faces/shared/person.h"
 #include "shell/control.h"
@@ -55,6 +57,10 @@ class FormFace final : public QObject, private SurfaceObserver {
   /// A gesture of the person, or of a record that is played. Not taken while another call is in
   /// progress.
   void Make(UserGesture gesture);
+  /// Asked before a button of the form is pressed; false leaves it unpressed.
+  void AskBeforePresses(std::function<bool(const Control&)> mayPress) {
+    mayPress_ = std::move(mayPress);
+  }
   /// The person, for reading; what it does goes through the face.
   const faces::Person& person() const { return person_; }
   void SwitchHistory(bool on);
@@ -145,6 +151,7 @@ class FormFace final : public QObject, private SurfaceObserver {
   int rowGrowth_ = 0;   // by which a case row is taller than in the form, in pixels
   int nextGrowth_ = 0;  // and the button below them
   faces::Person person_;
+  std::function<bool(const Control&)> mayPress_;
   bool isShowing_ = false;  // what the widgets tell comes from us, and not from a person
 };
 

@@ -128,6 +128,8 @@ ZOLT20MapWidget::ZOLT20MapWidget(QWidget* parent)
   connect(&d_->face, &FormFace::Acted, this,
           [this](const zolt20::faces::MadeGesture& made) { emit gestureMade(GestureOf(made)); });
   connect(&d_->face, &FormFace::HistoryChanged, this, [this] { d_->HistoryMayHaveChanged(); });
+  d_->face.AskBeforePresses(
+      [this](const zolt20::Control& button) { return mayPress(Key(button.name())); });
   connect(&d_->face, &FormFace::Undone, this, &ZOLT20MapWidget::undone);
   connect(&d_->face, &FormFace::Redone, this, &ZOLT20MapWidget::redone);
 }
@@ -267,6 +269,10 @@ void ZOLT20MapWidget::restore(zolt20::ControlSnapshot snapshot) {
 
 const zolt20::Surface& ZOLT20MapWidget::form() const {
   return d_->control.Form();
+}
+
+bool ZOLT20MapWidget::mayPress(const QString& /*button*/) {
+  return true;
 }
 
 void ZOLT20MapWidget::makeGesture(const zolt20::UserGesture& gesture) {

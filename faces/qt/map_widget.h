@@ -164,6 +164,11 @@ class ZOLT20MapWidget : public QWidget {
   /// kind of message box overrides it.
   virtual void showMessage(const QString& text, const QString& title);
 
+  /// Asked before a button of the form is pressed, by the person or by makeGesture; the name is the
+  /// control's. With false nothing happens. May show a dialog. A class that overrides it can tell
+  /// what the press would do before it is done.
+  virtual bool mayPress(const QString& button);
+
   /// Makes a gesture on the form as the person does, with its events and its step of the history,
   /// for a host that plays what was kept. Not taken within a signal of the widget.
   void makeGesture(const zolt20::UserGesture& gesture);

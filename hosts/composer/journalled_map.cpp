@@ -99,6 +99,7 @@ void RecordedMap::KeepIn(Journal& journal) {
   if (steps.empty()) journal.Begin();
   Play(steps);
   journal_ = &journal;
+  PayOwed();
 }
 
 void RecordedMap::KeepWithin(const RecordedMap& asking, const QString& title) {
@@ -107,6 +108,7 @@ void RecordedMap::KeepWithin(const RecordedMap& asking, const QString& title) {
   const std::vector<QByteArray> steps = asking.journal_->TakeWaiting(depth_);
   Play(steps);
   journal_ = asking.journal_;
+  PayOwed();
   if (!steps.empty()) return;
   Json opening = Json::array();
   for (std::size_t line = kCatalogueLines; line < lines_.size(); ++line)
@@ -130,6 +132,8 @@ bool RecordedMap::Play(const std::vector<QByteArray>& steps) {
 }
 
 void RecordedMap::PlayStep(const Json& step, bool goesOn) {
+  // What was edited is mostly put in again by steps that follow.
+  if (step.value("user", "") != "focus") owed_.reset();
   if (step.contains("ask")) {
     // Once the window is there, whose answer this waits for.
     qt::DoLater(*this, [this, request = step["ask"]] { AskAgain(request); });

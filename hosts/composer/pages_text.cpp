@@ -172,6 +172,13 @@ const PageButton* PagesReader::AddStatement(const ControlSnapshot& state, String
   return copy_->Press(kAddSelect) ? kAddButtons.data() : nullptr;
 }
 
+std::optional<String> PagesReader::Press(const ControlSnapshot& state, const std::string& button) {
+  copy_->Become(state);
+  const PageButton pressed{copy_->Form().tabVrn.Tab().value(), button.c_str()};
+  if (!copy_->Press(pressed)) return std::nullopt;
+  return String(copy_->Result());
+}
+
 Addition PagesReader::Add(const ControlSnapshot& state, bool statement, bool condition,
                           StringView added) {
   Addition addition;

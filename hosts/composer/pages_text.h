@@ -3,6 +3,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "shell/control.h"
@@ -50,6 +52,8 @@ class PagesReader {
   /// statement takes the place of `added`, the one that was added last, as their buttons do it;
   /// where that would touch anything else, and on the Select List page, it goes behind the Result.
   Addition Add(const ControlSnapshot& state, bool statement, bool condition, StringView added);
+  /// The Result once a button of the page that is shown was pressed; none when the control refuses.
+  std::optional<String> Press(const ControlSnapshot& state, const std::string& button);
 
  private:
   class Copy;

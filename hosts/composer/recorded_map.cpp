@@ -2,14 +2,17 @@
 
 #include <QAbstractButton>
 #include <QByteArrayList>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScopedValueRollback>
 #include <QTabBar>
 #include <array>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/journal_lines.h"
+#include "hosts/composer/marked_lines.h"
 #include "hosts/kit/request.h"
 #include "hosts/kit/text_coding.h"
 #include "surface/surface.h"
@@ -63,40 +66,25 @@ std::string Utf8(const QString& text) {
   return hosts::ToJsonText(View(text));
 }
 
-// What WriteResult made of the Result, and what the control still takes for it. They stand behind
-// the place of the record, and so go with the state.
-struct Edited {
-  QString own;
-  QString text;
-};
-constexpr qsizetype kPlaceValues = 2;
-
-std::optional<Edited> EditedOf(const ZOLT20MapWidget& map) {
-  const QVariantList values = map.hostData().toList().mid(kPlaceValues);
-  if (values.size() < 2) return std::nullopt;
-  return Edited{values[0].toString(), values[1].toString()};
+// Whether the button writes the Result anew.
+bool Adds(const QString& button) {
+  return IsAddButton(View(button)) || button == u"cmdAdd" || button == u"cmdBuild";
 }
 
-void KeepEdited(ZOLT20MapWidget& map, const std::optional<Edited>& edited) {
-  QVariantList values = map.hostData().toList().mid(0, kPlaceValues);
-  if (edited) values << edited->own << edited->text;
-  map.setHostData(values);
-}
-
-bool Adds(const ZOLT20Gesture& gesture) {
-  return gesture.verb == u"click" &&
-         (IsAddButton(View(gesture.control)) || gesture.control == u"cmdAdd" ||
-          gesture.control == u"cmdBuild");
-}
-
-// What the buttons add comes behind an edited text; none where they wrote something else anew.
-std::optional<QString> WithEdits(const Edited& edited, const QString& result) {
-  if (!result.startsWith(edited.own)) return std::nullopt;
-  const QString added = result.mid(edited.own.size());
-  const QString lineBreak = ToQt(kLineBreak);
-  const bool isOnNewLine =
-      added.isEmpty() || added.startsWith(lineBreak) || edited.text.endsWith(lineBreak);
-  return edited.text + (isOnNewLine ? QString() : lineBreak) + added;
+bool AskToWriteAnew(RecordedMap& map, const QString& text) {
+  QMessageBox message(QMessageBox::Warning, RecordedMap::tr("Add To Result"),
+                      RecordedMap::tr("The statement would be written anew as it stands on the "
+                                      "pages. What was edited in it in the Result would be lost."),
+                      QMessageBox::NoButton, &map);
+  message.setTextFormat(Qt::PlainText);
+  message.setInformativeText(MarkedLines(map.form().TxtOutput.Text(), View(text)));
+  const QPushButton* write =
+      message.addButton(RecordedMap::tr("Write Anew"), QMessageBox::DestructiveRole);
+  QPushButton* stay = message.addButton(RecordedMap::tr("Go On"), QMessageBox::RejectRole);
+  message.setEscapeButton(stay);
+  message.setDefaultButton(stay);
+  message.exec();
+  return message.clickedButton() == write;
 }
 
 }  // namespace
@@ -135,6 +123,7 @@ void RecordedMap::Write(const char* property, const QString& value) {
   const auto write = WriterOf(kTextProperties, property);
   Keep({{"set", property}, {"value", Utf8(value)}});
   (this->*write)(value);
+  if (event_ == nullptr && property == std::string_view("prpStroutput")) TakeOwn();
 }
 
 void RecordedMap::Write(const char* property, int value) {
@@ -175,15 +164,12 @@ void RecordedMap::Settle(const QString& stored) {
 Addition RecordedMap::WhatAddDoes() const {
   const Pending pending = PendingOnPages();
   Addition addition = reader_->Add(save(), pending.statement, pending.condition, View(Now().added));
-  const std::optional<Edited> edited = EditedOf(*this);
-  if (edited && !addition.buttons.empty() && View(edited->text) != addition.result) {
-    if (const auto text = WithEdits(*edited, ToQt(addition.result)))
-      addition.result = FromQt(*text);
-  }
+  if (!addition.buttons.empty()) addition.result = MergedWith(addition.result).text;
   return addition;
 }
 
 void RecordedMap::AddPages() {
+  const QScopedValueRollback agreed(isAgreed_, true);
   auto& strip = *findChild<QTabBar*>(QStringLiteral("tabVrn"));
   const int page = strip.currentIndex();
   for (const PageButton& button : WhatAddDoes().buttons) {
@@ -197,28 +183,55 @@ void RecordedMap::AddPages() {
 void RecordedMap::WriteResult(const QString& text, const QString& name) {
   const Json focus = {{"user", "focus"}, {"control", "TxtOutput"}};
   MakeGesture(focus);
-  const std::optional<Edited> before = EditedOf(*this);
-  const QString own = before ? before->own : ToQt(form().TxtOutput.Text());
   stepName_ = name;
   MakeGesture({{"user", "type"}, {"control", "TxtOutput"}, {"text", Utf8(text)}});
   stepName_.clear();
-  KeepEdited(*this, Edited{own, text});
   MakeGesture(focus);
 }
 
+MergedResult RecordedMap::MergedWith(StringView written) const {
+  const Place place = Now();
+  return MergeResult({View(place.own), form().TxtOutput.Text(), written, View(place.added)});
+}
+
 // The control writes the whole Result anew from what it added itself, so what was edited in it
-// would be lost: it is put in again as a step of its own.
+// would be lost. What can't be kept beside what comes is told before.
+bool RecordedMap::mayPress(const QString& button) {
+  const QString before = ToQt(form().TxtOutput.Text());
+  if (Adds(button) && !isAgreed_ && !isPlaying_ && before != Now().own) {
+    const std::optional<String> written = reader_->Press(save(), button.toStdString());
+    const MergedResult merged = written ? MergedWith(*written) : MergedResult();
+    if (merged.loses && !AskToWriteAnew(*this, ToQt(merged.text))) return false;
+  }
+  pressed_ = Pressed{button, before, Now()};
+  return true;
+}
+
+// What was edited is put in again as a step of its own.
 void RecordedMap::FollowEdits(const ZOLT20Gesture& gesture) {
-  std::optional<Edited> edited = EditedOf(*this);
+  const std::optional<Pressed> pressed = std::exchange(pressed_, std::nullopt);
+  if (!pressed || gesture.verb != u"click" || gesture.control != pressed->button) return;
   const QString result = ToQt(form().TxtOutput.Text());
-  if (!edited || result == edited->text) return;
-  const bool isTyped = gesture.verb == u"type" && gesture.control == u"TxtOutput";
-  if (isTyped || (Adds(gesture) && result.startsWith(edited->text)))
-    return KeepEdited(*this, Edited{edited->own, result});
-  KeepEdited(*this, std::nullopt);
-  if (!Adds(gesture) || isPlaying_) return;
-  if (const std::optional<QString> text = WithEdits(*edited, result))
-    WriteResult(*text, tr("Keep What Was Edited"));
+  if (result == pressed->result) return;
+  TakeOwn();
+  const Place& place = pressed->place;
+  if (!Adds(gesture.control) || place.own == pressed->result) return;
+  const QString text = ToQt(
+      MergeResult({View(place.own), View(pressed->result), View(result), View(place.added)}).text);
+  owed_ = text == result ? std::nullopt : std::optional(text);
+  if (!isPlaying_) PayOwed();
+}
+
+void RecordedMap::PayOwed() {
+  if (const auto owed = std::exchange(owed_, std::nullopt))
+    WriteResult(*owed, tr("Keep What Was Edited"));
+}
+
+// The Result is as the control, or the host, wrote it.
+void RecordedMap::TakeOwn() {
+  Place place = Now();
+  place.own = ToQt(form().TxtOutput.Text());
+  MoveTo(place);
 }
 
 QByteArray RecordedMap::Record() const {
@@ -262,9 +275,10 @@ void RecordedMap::Keep(const Json& request) {
 }
 
 void RecordedMap::AddLine(const Json& request) {
-  const Place place = Now();
+  Place place = Now();
   lines_.push_back({JsonLine(request), place.last});
-  MoveTo({static_cast<int>(lines_.size()) - 1, place.added});
+  place.last = static_cast<int>(lines_.size()) - 1;
+  MoveTo(place);
   typedIn_.clear();
 }
 
@@ -274,8 +288,9 @@ void RecordedMap::KeepGesture(const ZOLT20Gesture& gesture) {
   const Json request = RequestOf(gesture);
   if (GoesOnTyping(gesture)) {
     // No step knows the line before, which has most of the same text.
-    const Place place = Now();
-    MoveTo({At(place.last).before, place.added});
+    Place place = Now();
+    place.last = At(place.last).before;
+    MoveTo(place);
     lines_.pop_back();
   }
   if (!answers.empty()) AddLine({{"answer", event}, {"with", answers}});
@@ -284,8 +299,11 @@ void RecordedMap::KeepGesture(const ZOLT20Gesture& gesture) {
   if (gesture.verb == u"type") typedIn_ = gesture.control;
   if (gesture.verb == u"click" && IsAddButton(View(gesture.control))) {
     const PagesText pages = Pages();
-    if (HoldsStatement(form().TxtOutput.Text(), pages.statement))
-      MoveTo({Now().last, ToQt(pages.statement)});
+    if (HoldsStatement(form().TxtOutput.Text(), pages.statement)) {
+      Place place = Now();
+      place.added = ToQt(pages.statement);
+      MoveTo(place);
+    }
   }
   Json step = request;
   if (!answers.empty()) {
@@ -310,11 +328,11 @@ const RecordedMap::Line& RecordedMap::At(int line) const {
 RecordedMap::Place RecordedMap::Now() const {
   const QVariantList place = hostData().toList();
   if (place.isEmpty()) return {};
-  return {place[0].toInt(), place[1].toString()};
+  return {place[0].toInt(), place[1].toString(), place[2].toString()};
 }
 
-void RecordedMap::MoveTo(Place place) {
-  setHostData(QVariantList{place.last, place.added} + hostData().toList().mid(kPlaceValues));
+void RecordedMap::MoveTo(const Place& place) {
+  setHostData(QVariantList{place.last, place.added, place.own});
 }
 
 }  // namespace zolt20::composer

@@ -9,9 +9,11 @@
 #include <QString>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <vector>
 
 #include "faces/qt/map_widget.h"
+#include "hosts/composer/kept_edits.h"
 #include "hosts/composer/pages_text.h"
 #include "hosts/kit/catalogue.h"
 
@@ -90,6 +92,8 @@ class RecordedMap final : public ZOLT20MapWidget {
  protected:
   /// While steps are made again, nobody has to answer.
   void showMessage(const QString& text, const QString& title) override;
+  /// Asks before a button writes a statement anew that was edited in the Result.
+  bool mayPress(const QString& button) override;
 
  private:
   using Json = nlohmann::ordered_json;
@@ -106,7 +110,10 @@ class RecordedMap final : public ZOLT20MapWidget {
   void KeepStep(const ZOLT20Gesture& gesture, Json step);
   void Keep(const Json& request);
   void KeepGesture(const ZOLT20Gesture& gesture);
+  MergedResult MergedWith(StringView written) const;
   void FollowEdits(const ZOLT20Gesture& gesture);
+  void PayOwed();
+  void TakeOwn();
   bool GoesOnTyping(const ZOLT20Gesture& gesture) const;
 
   static constexpr int kNone = -1;
@@ -116,9 +123,16 @@ class RecordedMap final : public ZOLT20MapWidget {
   struct Place {
     int last = kNone;  // the line where the record stands
     QString added;     // the statement that Add To Result wrote last
+    QString own;       // the Result as the control wrote it last
+  };
+  // A button of the form that is being pressed: what was before.
+  struct Pressed {
+    QString button;
+    QString result;
+    Place place;
   };
   Place Now() const;
-  void MoveTo(Place place);
+  void MoveTo(const Place& place);
 
   // A line and the one before it in its record. One that was undone stays, since Redo may bring it
   // back after other lines were kept.
@@ -135,6 +149,9 @@ class RecordedMap final : public ZOLT20MapWidget {
   PagesText settled_;                    // and the pages then
   std::unique_ptr<PagesReader> reader_;  // never null
   QString stepName_;
+  std::optional<Pressed> pressed_;
+  std::optional<QString> owed_;  // the Result with what was edited, while steps are made again
+  bool isAgreed_ = false;        // the person knows what the buttons will write
   QString typedIn_;              // the box whose text the last line is
   const char* event_ = nullptr;  // the one that is being raised
   Json answers_ = Json::array();

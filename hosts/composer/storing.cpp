@@ -11,9 +11,9 @@
 #include "hosts/composer/cut_label.h"
 #include "hosts/composer/journal.h"
 #include "hosts/composer/main_window.h"
+#include "hosts/composer/marked_lines.h"
 #include "hosts/composer/rules_list.h"
 #include "hosts/composer/taking_back.h"
-#include "hosts/composer/text_difference.h"
 #include "hosts/composer/translations.h"
 #include "language/check.h"
 #include "surface/error.h"
@@ -24,9 +24,6 @@ namespace {
 using qt::FromQt;
 using qt::ToQt;
 using qt::View;
-
-// Questions show no more lines of a text; the pane has them all.
-constexpr int kMostLines = 12;
 
 std::vector<language::Finding> MissingIn(const QString& text,
                                          const catalogue::Catalogue& catalogue) {
@@ -44,21 +41,6 @@ QString Told(const language::Finding& finding) {
       .arg(finding.line)
       .arg(finding.column)
       .arg(ToQt(finding.sentence));
-}
-
-// The lines that come and go, at the start of a question.
-QString MarkedLines(StringView before, StringView after) {
-  QStringList lines;
-  for (const MarkedLine& line : LineDifference(before, after)) {
-    if (line.mark == LineMark::kSame) continue;
-    if (lines.size() == kMostLines) {
-      lines.append(QStringLiteral("..."));
-      break;
-    }
-    lines.append((line.mark == LineMark::kAdded ? u'+' : u'-') + QStringLiteral(" ") +
-                 ToQt(line.text));
-  }
-  return lines.join(u'\n');
 }
 
 }  // namespace
@@ -142,7 +124,7 @@ bool MainWindow::MayLoseNames(const QString& text) {
   QMessageBox message(QMessageBox::Warning, tr("Store"),
                       tr("The text has lost what the catalogue does not have."),
                       QMessageBox::NoButton, this);
-  message.setInformativeText(lost.mid(0, kMostLines).join(u'\n'));
+  message.setInformativeText(lost.mid(0, kMostMarkedLines).join(u'\n'));
   const QPushButton* store = message.addButton(tr("Store Without It"), QMessageBox::AcceptRole);
   message.setDefaultButton(message.addButton(tr("Go On"), QMessageBox::RejectRole));
   message.exec();

@@ -278,6 +278,117 @@ TEST_F(NodeEditsTest, WhatIsAddedLaterComesBehindWhatWasEdited) {
   EXPECT_EQ(StoredText(), added.substr(7) + added.substr(5));
 }
 
+constexpr const char* kAdded = "select ORDERS__.O_ID\r\nfrom  ORDERS__\r\nendselect";
+constexpr const char* kWithBlock =
+    "select ORDERS__.O_ID\r\nfrom  ORDERS__\r\nselectdo\r\n\tx = 1\r\nendselect";
+constexpr const char* kAsked =
+    "Add To Result: The statement would be written anew as it stands on the pages. What was edited "
+    "in it in the Result would be lost.";
+
+TEST_F(NodeEditsTest, AStatementThatIsWrittenAnewLeavesTheEditsAroundItAlone) {
+  Open("a = 1\r\nb = 1");
+  AddSelect(5, 1);
+  ClickOn("a = 1");
+  Press(Qt::Key_Delete);
+  TypeKeys("TxtOutput", "\nc = 1");
+  Tab(2);
+  TypeKeys("txtSelectDo", "x = 1");
+  Click("cmdAddSelectDoQuer");
+  EXPECT_EQ(Result(), std::string("b = 1\r\n") + kWithBlock + "\r\nc = 1");
+  window().map().undo();
+  window().map().undo();
+  EXPECT_EQ(Result(), std::string("b = 1\r\n") + kAdded + "\r\nc = 1");
+}
+
+TEST_F(NodeEditsTest, AddAsksBeforeItWritesAnEditedStatementAnew) {
+  Open("a = 1\r\nb = 1");
+  AddSelect(5, 1);
+  DoubleClickOn(kSelect, {AddField()});
+  const std::string edited =
+      std::string("a = 1\r\nb = 1\r\n") + kChanged + "\r\nfrom  ORDERS__\r\nendselect";
+  ASSERT_EQ(Result(), edited);
+  Tab(2);
+  TypeKeys("txtSelectDo", "x = 1");
+  const QByteArray record = window().map().Record();
+  ClickWith("cmdAddSelectDoQuer", {[this] {
+              EXPECT_EQ(Told(), kAsked);
+              EXPECT_EQ(
+                  Std(Dialog<QMessageBox>().informativeText()),
+                  std::string("- ") + kChanged + "\n+ " + kSelect + "\n+ selectdo\n+ \tx = 1");
+              Choose("Go On");
+            }});
+  EXPECT_EQ(Result(), edited);
+  EXPECT_EQ(Std(window().map().Record().mid(record.size()))
+                .find("click\",\"control\":\"cmdAddSelectDoQuer"),
+            std::string::npos)
+      << "nothing was pressed";
+  ClickWith("cmdAddSelectDoQuer", {Answer(kAsked, "Write Anew")});
+  EXPECT_EQ(Result(), std::string("a = 1\r\nb = 1\r\n") + kWithBlock);
+  Tab(0);
+  Click("cmdAddSelect");
+  EXPECT_EQ(Result(), std::string("a = 1\r\nb = 1\r\n") + kWithBlock + "\r\n" + kWithBlock)
+      << "behind, nothing is asked";
+}
+
+TEST_F(NodeEditsTest, ARuleThatWasEditedIsNotReplacedUnasked) {
+  Open("a = 1\r\nb = 1");
+  ClickOn("a = 1");
+  Press(Qt::Key_Delete);
+  Click("lsttables", 5);
+  Click("lstFields", 1);
+  Click("cmdMoveOne");
+  Tab(2);
+  TypeKeys("txtSelectDo", "x = 1");
+  ClickWith("cmdAddSelectDoQuer", {Answer(kAsked, "Go On")});
+  EXPECT_EQ(Result(), "b = 1");
+}
+
+TEST_F(NodeEditsTest, WhatIsTypedInTheResultStaysWhenAStatementIsAdded) {
+  TypeKeys("TxtOutput", "x = 1");
+  AddSelect(5, 1);
+  EXPECT_EQ(Result(), std::string("x = 1\r\n") + kAdded);
+  EXPECT_EQ(Std(window().map().StepName()), "");
+  TypeKeys("TxtOutput", "\ny = 1");
+  Tab(6);
+  Click("optIfThen");
+  TypeKeys("txtCond", "a");
+  Click("cmdAdd");
+  Click("cmdBuild");
+  EXPECT_EQ(Result(), std::string("x = 1\r\n") + kAdded + "\r\ny = 1\r\nif a then \r\nendif");
+}
+
+TEST_F(NodeEditsTest, WhatIsAddedAfterARecoveryLeavesTheEditsAlone) {
+  Open("a = 1\r\nb = 1");
+  AddSelect(5, 1);
+  ClickOn("a = 1");
+  Press(Qt::Key_Delete);
+  TypeKeys("TxtOutput", "\nc = 1");
+  KillWindow();
+  OpenWindow();
+  const auto recover = [this] {
+    With([&] { EXPECT_TRUE(window().OpenRules(RulesPath())); }, {[this] {
+           Dialog<RecoveryOffer>();
+           Choose("Go On");
+         }});
+  };
+  recover();
+  const std::string edited = std::string("b = 1\r\n") + kAdded + "\r\nc = 1";
+  ASSERT_EQ(Result(), edited);
+  Click("cmdAddSelect");
+  EXPECT_EQ(Result(), edited + "\r\n" + kAdded);
+  // The composer ends before what was edited is put in again.
+  KillWindow();
+  QFile journal(In("orders.rules.journal"));
+  ASSERT_TRUE(journal.open(QIODevice::ReadWrite));
+  const QByteArray steps = journal.readAll();
+  const qsizetype press = steps.lastIndexOf("cmdAddSelect");
+  ASSERT_TRUE(journal.resize(steps.indexOf('\n', press) + 1));
+  journal.close();
+  OpenWindow();
+  recover();
+  EXPECT_EQ(Result(), edited + "\r\n" + kAdded);
+}
+
 TEST_F(NodeEditsTest, AnEditComesBackAfterAKill) {
   Open(RuleWith(kSelect));
   DoubleClickOn(kSelect, {AddField()});

@@ -1680,6 +1680,22 @@
         <source>Keep What Was Edited</source>
         <translation>Bearbeitetes behalten</translation>
     </message>
+    <message>
+        <source>Add To Result</source>
+        <translation>Ins Result übernehmen</translation>
+    </message>
+    <message>
+        <source>The statement would be written anew as it stands on the pages. What was edited in it in the Result would be lost.</source>
+        <translation>Die Anweisung würde neu geschrieben, wie sie auf den Seiten steht. Was an ihr im Result bearbeitet wurde, ginge verloren.</translation>
+    </message>
+    <message>
+        <source>Write Anew</source>
+        <translation>Neu schreiben</translation>
+    </message>
+    <message>
+        <source>Go On</source>
+        <translation>Weiter bearbeiten</translation>
+    </message>
 </context>
 <context>
     <name>zolt20::composer::RecoveryOffer</name>
