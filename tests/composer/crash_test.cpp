@@ -73,18 +73,28 @@ class CrashTest : public ComposerTest {
     bool isOffered = false;
     QTimer presser;
     QObject::connect(&presser, &QTimer::timeout, [&isOffered] {
-      auto* offer = qobject_cast<RecoveryOffer*>(QApplication::activeModalWidget());
-      if (offer == nullptr || isOffered) return;
-      isOffered = true;
-      for (QPushButton* button : offer->findChildren<QPushButton*>()) {
-        if (WithoutMnemonic(button->text()) == u"Go On") button->click();
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr || !dialog->isVisible()) return;
+      for (QPushButton* button : dialog->findChildren<QPushButton*>()) {
+        if (isOffered || WithoutMnemonic(button->text()) != u"Go On") continue;
+        isOffered = true;
+        return button->click();
       }
+      ADD_FAILURE() << "an unexpected dialog: " << TextsOf(*dialog);
+      dialog->reject();
     });
     presser.start(0);
     EXPECT_TRUE(started.OpenRules(In("crash/orders.rules")));
     const auto steps = static_cast<std::size_t>(started.map().Record().count("\"user\""));
     started.journal().Forget();
     return isOffered ? steps : 0;
+  }
+
+  static std::string TextsOf(const QDialog& dialog) {
+    std::string texts = Std(dialog.windowTitle());
+    for (const QLabel* label : dialog.findChildren<QLabel*>())
+      texts += "; " + Std(label->text());
+    return texts;
   }
 
   std::string newText_;

@@ -21,7 +21,14 @@ namespace {
 std::mutex mutex;
 std::string traced;  // the folder; "" for none
 std::vector<DiskStep> noted;
+std::vector<int> held;  // a handle of each file, so that no other one gets its inode
 
+void Hold(const char* path) {
+  const auto handle = static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, O_PATH | O_CLOEXEC));
+  if (handle < 0) return;
+  const std::lock_guard lock(mutex);
+  held.push_back(handle);
+}
 void Note(DiskStep step) {
   const std::lock_guard lock(mutex);
   noted.push_back(std::move(step));
@@ -111,8 +118,10 @@ int fdatasync(int handle) {
 static int Open(int folder, const char* path, int flags, mode_t mode) {
   const bool isNew = (flags & O_CREAT) != 0 && IsOn() && InodeOf(path) == 0;
   const int handle = static_cast<int>(syscall(SYS_openat, folder, path, flags, mode));
-  if (handle >= 0 && isNew && !NameOf(path).empty())
+  if (handle >= 0 && isNew && !NameOf(path).empty()) {
     Note({DiskStep::What::kName, InodeOf(handle), NameOf(path), {}, 0, {}});
+    Hold(path);
+  }
   return handle;
 }
 static mode_t ModeOf(va_list& arguments, int flags) {
@@ -154,8 +163,10 @@ int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
 int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
   const ino_t file = IsOn() ? InodeOf(from) : 0;
   const int result = static_cast<int>(syscall(SYS_linkat, fromFolder, from, toFolder, to, flags));
-  if (result == 0 && file != 0 && !NameOf(to).empty())
+  if (result == 0 && file != 0 && !NameOf(to).empty()) {
     Note({DiskStep::What::kName, file, NameOf(to), {}, 0, {}});
+    Hold(to);
+  }
   return result;
 }
 int unlink(const char* path) noexcept {
@@ -174,6 +185,9 @@ TracedDisk::TracedDisk(std::string folder) {
 TracedDisk::~TracedDisk() {
   const std::lock_guard lock(mutex);
   traced.clear();
+  for (const int handle : held)
+    close(handle);
+  held.clear();
 }
 std::vector<DiskStep> TracedDisk::Steps() {
   const std::lock_guard lock(mutex);
