@@ -1,8 +1,11 @@
 #include "tests/support/init_tests.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <utility>
 
@@ -24,6 +27,29 @@ class HowToRunAlone final : public ::testing::EmptyTestEventListener {
   std::string program_;
 };
 
+// Ends the program in a case that hangs, such as in a dialog that nobody answers, and tells which.
+class Watchdog final : public ::testing::EmptyTestEventListener {
+ public:
+  Watchdog() { static_cast<void>(std::signal(SIGALRM, Bark)); }
+
+  void OnTestStart(const ::testing::TestInfo& test) override {
+    name_ = std::string("\nEnded after ") + std::to_string(kSeconds) + " s in " +
+            test.test_suite_name() + "." + test.name() + "\n";
+    alarm(kSeconds);
+  }
+  void OnTestEnd(const ::testing::TestInfo& /*test*/) override { alarm(0); }
+
+ private:
+  // Ten times what the longest case takes under the sanitizers.
+  static constexpr unsigned kSeconds = 600;
+
+  static void Bark(int /*signal*/) {
+    static_cast<void>(!write(STDERR_FILENO, name_.data(), name_.size()));
+    std::_Exit(1);
+  }
+  static inline std::string name_;
+};
+
 }  // namespace
 
 void InitTests(int* argc, char** argv) {
@@ -31,6 +57,7 @@ void InitTests(int* argc, char** argv) {
   const std::string program = argv[0];
   ::testing::InitGoogleTest(argc, argv);
   ::testing::UnitTest::GetInstance()->listeners().Append(new HowToRunAlone(program));
+  ::testing::UnitTest::GetInstance()->listeners().Append(new Watchdog);
 }
 
 }  // namespace zolt20::tests
