@@ -13,7 +13,7 @@ import sys
 
 PAGES = ['README.md', 'docs/hosts.md', 'docs/qt.md', 'docs/windows.md', 'docs/web.md', 'docs/composer.md', 'docs/automation.md',
          'docs/faces.md', 'docs/oddities.md', 'docs/speed.md', 'docs/testing.md', 'docs/mutation.md', 'docs/windows-by-hand.md',
-         'docs/code-map.md', 'examples/README.md', 'fuzz/README.md', 'CONTRIBUTING.md', 'CHANGELOG.md']
+         'docs/glossary.md', 'docs/code-map.md', 'examples/README.md', 'fuzz/README.md', 'CONTRIBUTING.md', 'CHANGELOG.md']
 LISTS = 'lists'
 TYPES = {'String': 'text', 'Integer': 'number of 16 bits', 'Boolean': 'true or false'}
 PAGE_NAMES = ['Select List', 'Where', 'SelectDo', 'SelectEOS', 'SelectEmpty', 'SelectError', 'Condition']
