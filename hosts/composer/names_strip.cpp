@@ -32,10 +32,10 @@ NamesStrip::NamesStrip(QWidget* parent) : QWidget(parent), label_(new QLabel) {
 }
 
 void NamesStrip::Tell(std::size_t names, std::size_t rules) {
-  label_->setText(tr("The rules were composed with another catalogue. Names that are gone or of "
-                     "another type: %1, in rules: %2.")
-                      .arg(names)
-                      .arg(rules));
+  label_->setText(
+      tr("The catalogue is another one. Names gone or of another type: %1, in rules: %2.")
+          .arg(names)
+          .arg(rules));
   setVisible(names > 0 && !isPutOff_);
 }
 

@@ -179,8 +179,7 @@ TEST_F(ChangedNamesTest, AnotherCatalogueIsToldInOneLineThatAsksNothing) {
   EXPECT_EQ(StripText(), "");
   OpenOther();
   EXPECT_EQ(StripText(),
-            "The rules were composed with another catalogue. Names that are gone or of another "
-            "type: 4, in rules: 3.");
+            "The catalogue is another one. Names gone or of another type: 4, in rules: 3.");
   EXPECT_EQ(Heading(), "Customers");
   PressStrip("changedNamesLater");
   EXPECT_EQ(StripText(), "");
@@ -317,9 +316,11 @@ TEST_F(ChangedNamesTest, TheFileKnowsWhatItWasComposedWith) {
   widget_ = &window().map();
   // What is done meanwhile settles nothing but what it concerns.
   Menu("Rule", "Delete");
-  EXPECT_EQ(StripText(),
-            "The rules were composed with another catalogue. Names that are gone or of another "
-            "type: 3, in rules: 2.");
+  const std::string told =
+      "The catalogue is another one. Names gone or of another type: 3, in rules: 2.";
+  EXPECT_EQ(StripText(), told);
+  EXPECT_TRUE(window().OpenRules(RulesPath()));
+  EXPECT_EQ(StripText(), told);
 }
 
 TEST_F(ChangedNamesTest, RulesOfNoKnownCatalogueAreNotSpokenOf) {

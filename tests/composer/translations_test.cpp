@@ -231,6 +231,23 @@ TEST_F(DoubleLengthTest, WindowsOfACatalogueHaveRoom) {
   Trigger("&File", "Open &Database...", {LookAndLeave()});
 }
 
+TEST_F(DoubleLengthTest, WhatTellsOfNamesHasRoom) {
+  OpenRules({{u"Missing", u"if NONE____.A = \"NONE____.A\" then \r\nendif", u""},
+             {u"Customers", Wide(kCustomers), u""}});
+  catalogue::Catalogue other;
+  other.tables.push_back({u"OTHER___", u"Other", 0, {{u"A", u"long", false, u""}}});
+  WriteBytes(In("other.json"), catalogue::WriteCatalogue(other));
+  // The file knows the names of the example, from which the table of the customers is gone.
+  Trigger("&File", "&Save", {});
+  EXPECT_TRUE(window().OpenCatalogue(In("other.json")));
+  auto& told = *window().findChild<QLabel*>(QStringLiteral("changedNamesTold"));
+  EXPECT_TRUE(told.isVisible());
+  LookAt(window());
+  Trigger("&File", "C&hanged Names...", {LookAndLeave()});
+  Trigger("&View", "&Uses of Names...", {});
+  LookAt(*window().findChild<QDialog*>(QStringLiteral("usesOfNames")));
+}
+
 TEST_F(DoubleLengthTest, TheServerDialogHasRoomWhereADriverIsMissing) {
   composer::ServerDialog dialog(&window(), [](const QString&) { return false; });
   dialog.show();

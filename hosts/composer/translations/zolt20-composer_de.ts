@@ -1496,8 +1496,8 @@
         <translation>Später</translation>
     </message>
     <message>
-        <source>The rules were composed with another catalogue. Names that are gone or of another type: %1, in rules: %2.</source>
-        <translation>Die Regeln wurden mit einem anderen Katalog erstellt. Namen, die weggefallen oder von anderem Typ sind: %1, in Regeln: %2.</translation>
+        <source>The catalogue is another one. Names gone or of another type: %1, in rules: %2.</source>
+        <translation>Der Katalog ist ein anderer. Namen weggefallen oder von anderem Typ: %1, in Regeln: %2.</translation>
     </message>
 </context>
 <context>
