@@ -41,7 +41,7 @@ class DynamicArray {
   T& operator()(int index) { return entries_.Write()[Checked(index)]; }
   const T& operator()(int index) const { return (*entries_)[Checked(index)]; }
 
-  /// -1 for an array that is assigned and empty. Raises `subscript` when unassigned.
+  /// The last index, -1 for an assigned array that is empty. Raises `subscript` when unassigned.
   int UpperBound() const { return static_cast<int>(Entries().size()) - 1; }
 
   /// All entries. Raises `subscript` when unassigned.

@@ -2,9 +2,9 @@
 // focus.
 //
 // A control is a plain object that holds its state, tells the observers of its surface what
-// changed, and fires its events at the right moment. It belongs to one surface and lives no longer
-// than that. Its code side, told here and in the headers of the kinds, is what handlers use; what a
-// person does comes in by the gestures of the surface.
+// changed, and fires its events at the right moment. Its surface owns it and determines its
+// lifetime. The functions here and in the headers of the kinds are for handlers; what a person does
+// comes in through the gestures of the surface.
 #pragma once
 
 #include <string_view>
@@ -38,17 +38,17 @@ struct SyntaxTextState {
 
 struct RowsState {
   Shared<RowTexts> rows;
-  // One for each row, 1 or 0; bytes, since rows come in between.
+  // For each row 1 if marked, else 0. Bytes, since rows are inserted and erased in the middle.
   Shared<std::vector<unsigned char>> marks;
   int listIndex = -1;
   int markCount = 0;
-  String text;  ///< a combo's alone
+  String text;  ///< of a combo box only
   unsigned backColor = 0;
 };
 
 struct CaptionState {
   String caption;
-  bool value = false;  ///< an option button's alone
+  bool value = false;  ///< of an option button only
 };
 
 struct ScrollState {
@@ -123,7 +123,7 @@ class Control {
   virtual ~Control() = default;
 
   virtual KindState SaveKind() const { return {}; }
-  /// Takes a state that SaveKind of the same kind of control gave. Tells nobody.
+  /// Restores a state that SaveKind of the same kind of control returned. Sends no notice.
   virtual void RestoreKind(KindState&& /*state*/) noexcept {}
 
   void Changed(Property property) const;

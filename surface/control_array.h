@@ -10,13 +10,13 @@
 
 namespace zolt20 {
 
-/// What a surface does with an array without knowing its kind.
+/// What a surface does with an array without knowing the kind of its elements.
 class AnyControlArray {
  public:
   /// Gives the element the size, place and style of element 0, Visible False, an empty text and the
   /// last place in the tab order. Raises `loaded` for an element that is there already.
   virtual void Load(Integer index) = 0;
-  /// Raises `element` for one that is not loaded, `unload` for one that exists by design.
+  /// Raises `element` for an element that is not loaded, `unload` for one that exists by design.
   virtual void Unload(Integer index) = 0;
 
  protected:
@@ -30,7 +30,7 @@ class ControlArray final : public AnyControlArray {
   ControlArray(const ControlArray&) = delete;
   ControlArray& operator=(const ControlArray&) = delete;
 
-  /// Raises `element` for one that is not loaded.
+  /// Raises `element` for an index that is not loaded.
   Kind& operator()(Integer index) { return Loaded(index); }
   const Kind& operator()(Integer index) const { return Loaded(index); }
 
@@ -46,7 +46,7 @@ class ControlArray final : public AnyControlArray {
   struct Element {
     Element(Surface& surface, const Design& like, int index);
 
-    std::string text;  // what the design's text is a view of, unless the element exists by design
+    std::string text;  // owns what design.text views; unused if the element exists by design
     Design design;
     Kind control;
   };

@@ -1,8 +1,8 @@
 // What the form consists of, as data: one row a control, made from surface/form.def.
 //
-// The surface builds its controls from these rows, the automation host dumps them by it, and tests
-// walk it. A face that lays the form out reads page, frame, caption and style here and everything
-// that changes from the control itself.
+// The surface builds its controls from these rows, the automation host dumps controls by them, and
+// tests iterate over them. A face that lays the form out reads page, frame, caption and style here,
+// and everything that changes from the control itself.
 #pragma once
 
 #include <array>

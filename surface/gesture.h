@@ -21,9 +21,9 @@ enum class Gesture {
 /// A row of the list of gestures.
 struct GestureDesign {
   Gesture gesture;
-  std::string_view name;     ///< its enumerator without the k
-  std::string_view word;     ///< what it is called in JSON lines
-  std::string_view operand;  ///< what it has beside its control, "" for nothing
+  std::string_view name;     ///< the enumerator without the k
+  std::string_view word;     ///< the name of the gesture in JSON lines
+  std::string_view operand;  ///< the argument beside the control, "" for none
 };
 
 /// All gestures, in the order of their numbers.
@@ -48,15 +48,15 @@ struct TextMark {
 /// One gesture on a control.
 struct UserGesture {
   Gesture gesture = Gesture::kFocus;
-  const Control* control = nullptr;   ///< of kTab the strip
+  const Control* control = nullptr;   ///< for kTab the tab strip
   int number = kNone;                 ///< a row, a key's code, a page or a scroll value
-  String text = {};                   ///< of kType
-  std::optional<TextMark> mark = {};  ///< of kKey
+  String text = {};                   ///< for kType
+  std::optional<TextMark> mark = {};  ///< for kKey
 
   static constexpr int kNone = -1;
 };
 
-/// What became of a gesture. Only kDone means that anything happened.
+/// The result of a gesture. Only kDone means that anything happened.
 enum class Outcome {
   kDone,
   kNotShown,

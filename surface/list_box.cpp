@@ -10,7 +10,7 @@
 namespace zolt20 {
 namespace {
 
-// The number of runs of neighbouring rows.
+// The number of runs of consecutive rows.
 int RunsIn(std::span<const int> rows) {
   int runs = 0;
   for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -62,7 +62,7 @@ void RowsControl::AddTextsToBoth(RowsControl& a, RowsControl& b, std::span<const
   assert(!a.Sorted() && !b.Sorted());
   a.WriteRows(texts.size());
   b.WriteRows(texts.size());
-  a.AddTexts(texts);  // from here on there is room for all
+  a.AddTexts(texts);  // room is reserved: cannot fail from here on
   b.AddTexts(texts);
 }
 
@@ -83,8 +83,8 @@ void RowsControl::RemoveItems(std::span<const int> rows) {
   if (rows.empty()) return;
   RaiseUnlessRow(rows.back(), ErrorKind::kArgument);
 
-  // Rows of one table mostly stand together, which makes a few runs. Rows scattered widely go in
-  // one pass over the list.
+  // Rows of one table mostly stand together, so there are few runs to erase one by one. Many
+  // scattered rows are erased in one pass over the list.
   constexpr int kFewRuns = 16;
   if (RunsIn(rows) > kFewRuns) {
     EraseScattered(rows);
@@ -131,16 +131,16 @@ int RowsControl::RowBehind(StringView text) const {
   return FirstRow([text](StringView row) { return text < row; });
 }
 
-// Rows that come in their order find their place at the end at once, and a question about the same
-// text or its neighbours is answered near the answer of the last one.
+// A binary search. Rows added in ascending order find their place at the end at once; otherwise the
+// search begins near the last answer, since many queries are for the same text or a neighbour.
 template <typename Test>
 int RowsControl::FirstRow(const Test& holds) const {
   const RowTexts& rows = *state_.rows;
   const auto isBehind = [&](int row) { return holds(rows[static_cast<std::size_t>(row)]); };
   const int count = ListCount();
   if (count == 0 || !isBehind(count - 1)) return count;
-  int below = -1;         // holds of none up to here
-  int above = count - 1;  // and of all from here on
+  int below = -1;         // `holds` is false up to this row
+  int above = count - 1;  // and true from this row on
   int row = std::min(lastFound_, above);
   constexpr int kNear = 16;
   for (int step = 1; step <= kNear && below < row && row < above; step *= 4) {
@@ -304,7 +304,7 @@ void ComboBox::ListIndex(int row) {
 
 void ComboBox::Text(StringView text) {
   assert(IsEditable());
-  state_.text.reserve(text.size());  // so that nothing fails between the two
+  state_.text.reserve(text.size());  // so that no allocation fails between the two writes
   MoveListIndex(-1);
   SetText(text);
 }
@@ -326,7 +326,7 @@ void ComboBox::SetText(StringView text) {
 }
 
 void ComboBox::Pick(int row) {
-  state_.text.reserve(List(row).size());  // so that nothing fails between the two
+  state_.text.reserve(List(row).size());  // so that no allocation fails between the two writes
   MoveListIndex(row);
   SetText(List(row));
   surface().OnClick(*this);

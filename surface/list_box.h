@@ -27,8 +27,8 @@ class RowsControl : public Control {
   /// The same for each text in turn.
   void AddTexts(std::span<const RowText> texts);
   void AddItems(std::span<const StringView> texts);
-  /// AddTexts to two lists that are not sorted, and RemoveItems from two. When memory runs out
-  /// neither list has changed.
+  /// AddTexts to two unsorted lists, and RemoveItems from two lists. All or nothing: when memory
+  /// runs out, neither list has changed.
   static void AddTextsToBoth(RowsControl& a, RowsControl& b, std::span<const RowText> texts);
   static void RemoveItemsFromBoth(RowsControl& a, RowsControl& b, std::span<const int> rows);
   /// Raises `argument` for a row that is not there.
@@ -47,8 +47,8 @@ class RowsControl : public Control {
     }
     return found;
   }
-  /// The same by the first 8 characters of a row, or all of a shorter one: `holds(start)` is asked
-  /// once for neighbours that begin alike.
+  /// The same by a row's prefix: its first 8 characters, or all of a shorter row. `holds(prefix)`
+  /// is called once for each run of neighbouring rows with the same prefix.
   template <typename Test>
   std::vector<int> RowsWhereStart(const Test& holds) {
     return runs_.RowsWhere(*state_.rows, holds);
@@ -58,10 +58,10 @@ class RowsControl : public Control {
   void RemoveWhere(const Test& holds) {
     RemoveItems(RowsWhere(holds));
   }
-  /// The last row with just this text, -1 for none.
+  /// The last row with exactly this text, -1 for none.
   int LastRowOf(StringView text) const;
   /// Of a sorted list: the rows, in ascending order, whose first `length` characters, or all of a
-  /// shorter row, are `start`, which is no longer than that. `length` is not negative.
+  /// shorter row, equal `start`. `start` has at most `length` characters; `length` is not negative.
   std::vector<int> RowsStarting(StringView start, int length) const;
 
  protected:
@@ -75,21 +75,21 @@ class RowsControl : public Control {
 
  private:
   StartRuns runs_;
-  mutable int lastFound_ = 0;  // by FirstRow; the list may be others since
+  mutable int lastFound_ = 0;  // FirstRow's last answer; rows may have changed since
 
   KindState SaveKind() const override { return state_; }
   void RestoreKind(KindState&& state) noexcept override;
-  // A combo's entry went that was selected.
+  // Called when the row of ListIndex was removed.
   virtual void SelectedRowWent() {}
-  // Of a sorted list: the first row that is greater, and the first row that `holds(text)` is true
-  // of, as of all behind it.
+  // Of a sorted list: the first row greater than `text`, and the first row for which `holds(text)`
+  // is true; `holds` must be true for all rows behind that one, too (binary search).
   int RowBehind(StringView text) const;
   template <typename Test>
   int FirstRow(const Test& holds) const;
   void EraseRun(int first, int count);
   void EraseScattered(std::span<const int> rows);
-  // The rows, to be written, and room for more of them and of their marks, which are to be written,
-  // too: between two notices nothing may fail.
+  // The rows for writing. Makes rows and marks unshared and reserves room for `more` of each, since
+  // no allocation may fail between RowsAboutToChange and RowsChanged.
   RowTexts& WriteRows(std::size_t more = 0);
 };
 
@@ -113,7 +113,7 @@ class ListBox final : public RowsControl {
   bool Selected(int row) const;
   /// Single selection: True is as ListIndex(row), False on the marked row as ListIndex(-1), False
   /// elsewhere only runs Click. kMultiSelect: sets mark and ListIndex and runs Click. kCheckBoxes:
-  /// a mark that differs is set with ListIndex and runs ItemCheck; one that does not differ is
+  /// a mark that differs is set with ListIndex and runs ItemCheck; setting the same mark does
   /// nothing at all. Raises `index` for a row that is not there.
   void Selected(int row, bool marked);
 
@@ -125,7 +125,7 @@ class ListBox final : public RowsControl {
 
   void Mark(int row, bool marked);
   void MarkOnly(int row);
-  // A person's click on a row that is there.
+  // A person's click on an existing row.
   void ClickRow(int row);
 };
 
@@ -137,9 +137,9 @@ class ComboBox final : public RowsControl {
 
   bool IsEditable() const { return (design().style & kEditable) != 0; }
 
-  /// One that differs selects the entry, sets Text to it ("" for -1), and runs Click inside the
-  /// call. One that does not differ fires nothing, but -1 empties what was typed. Raises `value`
-  /// below -1 or past the last row.
+  /// A different index selects its entry, sets Text to it ("" for -1), and runs Click inside the
+  /// call. The same index fires nothing, but -1 clears a typed text. Raises `value` below -1 or
+  /// past the last row.
   void ListIndex(int row);
 
   const String& Text() const { return state_.text; }
@@ -154,7 +154,7 @@ class ComboBox final : public RowsControl {
 
   void SelectedRowWent() override;
   void SetText(StringView text);
-  // A person's pick of an entry that is there.
+  // A person's pick of an existing entry.
   void Pick(int row);
 };
 

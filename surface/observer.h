@@ -2,7 +2,7 @@
 //
 // A notice says which control and which of its properties or rows changed; the new values are read
 // from the surface, which already has them. So a face needs no copy of anything and updates just
-// what it shows. Notices come at once, inside the write, before the handler that the write fires.
+// what it shows. Notices are synchronous: inside the write, before the handler that the write runs.
 // An observer reads only: it makes no gesture, writes no property of the control, and throws
 // nothing.
 #pragma once
@@ -26,8 +26,8 @@ enum class Property {
   kPlace,  ///< Left, Top, Width or Height
 };
 
-/// Rows `first` to `first` + `count` - 1 that come or go. With kReplaced any of the rows may be
-/// others, in any number.
+/// Rows `first` to `first` + `count` - 1 are inserted or removed. With kReplaced any row may be
+/// different afterwards, and so may the number of rows.
 struct RowChange {
   enum class What { kInserted, kRemoved, kReplaced };
 
@@ -42,16 +42,16 @@ class SurfaceObserver {
 
   virtual void PropertyChanged(const Control& control, Property property) noexcept = 0;
 
-  /// The rows are still as they were. Each of these is followed by RowsChanged for the same change,
-  /// with no notice between.
+  /// Comes before the change: the rows are still as they were. RowsChanged for the same change
+  /// follows, with no other notice between.
   virtual void RowsAboutToChange(const Control& list, const RowChange& change) noexcept = 0;
   virtual void RowsChanged(const Control& list, const RowChange& change) noexcept = 0;
-  /// Marks of rows `first` to `first` + `count` - 1.
+  /// The marks of rows `first` to `first` + `count` - 1 changed.
   virtual void MarksChanged(const Control& list, int first, int count) noexcept = 0;
 
   /// `control` has the focus now; nullptr when none has.
   virtual void FocusChanged(const Control* control) noexcept = 0;
-  /// Places `first` to `last` of the tab order, from 0, are taken by others, or are new, or are
+  /// Places `first` to `last` of the tab order, from 0, now hold other controls, are new, or are
   /// gone.
   virtual void TabOrderChanged(int first, int last) noexcept = 0;
 

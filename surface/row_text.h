@@ -1,8 +1,9 @@
-// The text of a row of a list: never changed, and shared by its copies.
+// The text of a row of a list: immutable, and shared by its copies through a reference count.
 //
 // A field's name stands in up to six lists, and in every snapshot of them; it is kept once. One
 // allocation holds all of a text, and a row in a list is no more than a pointer to it, so that rows
-// are cheap to move when others come in between. One thread uses a text and its copies.
+// are cheap to move when others are inserted. Not thread-safe: one thread uses all copies of a
+// text.
 #pragma once
 
 #include <cstddef>
@@ -28,7 +29,7 @@ class RowText {
     if (block_ != nullptr) Free(block_);
   }
 
-  /// Valid as long as one of the copies is there.
+  /// Valid while at least one copy exists.
   StringView View() const { return ViewOf(block_); }
 
  private:
@@ -46,12 +47,12 @@ class RowText {
     if (--block->uses == 0) ::operator delete(block);
   }
 
-  Block* block_;  // the characters stand behind it; nullptr when they were moved away
+  Block* block_;  // the characters follow it in memory; nullptr once moved from
 };
 
-/// The texts of the rows of a list: as a vector of RowText, but a row that comes or goes moves
-/// those behind it as the plain pointers that they are. Rows count from 0; what is asked for must
-/// be there.
+/// The texts of the rows of a list: like a vector of RowText, but inserting or erasing a row moves
+/// the rows behind it as plain pointers. Rows count from 0; no index is checked, so each row that
+/// is named must exist.
 class RowTexts {
  public:
   RowTexts() = default;
@@ -66,7 +67,7 @@ class RowTexts {
   std::size_t size() const { return blocks_.size(); }
   std::size_t capacity() const { return blocks_.capacity(); }
   void reserve(std::size_t rows) { blocks_.reserve(rows); }
-  /// Valid as long as one of the copies of the text is there.
+  /// Valid while at least one copy of the text exists.
   StringView operator[](std::size_t row) const { return RowText::ViewOf(blocks_[row]); }
 
   void Insert(std::size_t row, RowText text);

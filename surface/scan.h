@@ -1,8 +1,8 @@
-// Looking through long texts four characters at a time, for places where something is to be done
-// that are rare.
+// Scans long texts for rare characters, four characters at a time (SIMD within a register, without
+// special instructions).
 //
-// A word holds four characters in its lanes of 16 bits, in the order of the machine. A question to
-// a word is whether any lane answers it; which one is asked again of the characters.
+// A 64-bit word holds four characters in lanes of 16 bits, in the machine's byte order. A test of a
+// word only tells whether any lane passes; then the characters are tested one by one.
 #pragma once
 
 #include <algorithm>
@@ -24,8 +24,8 @@ constexpr std::uint64_t AnyIs(std::uint64_t word, char16_t character) {
   return AnyBelow(word ^ (character * kEveryLane), 1);
 }
 
-/// The first character that `isOne(character)` is true of, or `end`. `anyIsOne(word)` is not 0 for
-/// a word that holds one.
+/// The first character for which `isOne(character)` is true, or `end`. `anyIsOne(word)` must not be
+/// 0 for a word that holds such a character.
 template <typename AnyIsOne, typename IsOne>
 const char16_t* FindFirst(const char16_t* at, const char16_t* end, const AnyIsOne& anyIsOne,
                           const IsOne& isOne) {

@@ -1,7 +1,7 @@
-// A value that its copies share until one of them is written.
+// Copy on write: a value that its copies share until one of them is written.
 //
-// A snapshot of a form with long lists and texts thus costs a count for each, and only what changes
-// afterwards is there twice. One thread uses a value and its copies.
+// A snapshot of a form thus costs a reference count for each long list or text, and only what
+// changes afterwards is copied. Not thread-safe: one thread uses a value and its copies.
 #pragma once
 
 #include <memory>
@@ -18,13 +18,13 @@ class Shared {
   const T& operator*() const { return *value_; }
   const T* operator->() const { return value_.get(); }
 
-  /// The value, to be written. It is copied first when others share it.
+  /// The value for writing. Copied first when others share it.
   T& Write() {
     if (value_.use_count() > 1) value_ = std::make_shared<T>(std::as_const(*value_));
     return *value_;
   }
 
-  /// Whether the two are one value, not only equal ones.
+  /// Whether both share one value: identity, not equality.
   bool IsSameAs(const Shared& other) const { return value_ == other.value_; }
 
  private:

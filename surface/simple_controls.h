@@ -33,8 +33,8 @@ class OptionButton final : public CaptionedControl {
   OptionButton(Surface& surface, const Design& design) : CaptionedControl(surface, design) {}
 
   bool Value() const { return state_.value; }
-  /// True over False makes the other options of the frame False, which fires nothing, and then runs
-  /// Click inside the call. Anything else fires nothing.
+  /// Setting a False option to True makes the other options of the frame False, which fires
+  /// nothing, and then runs Click inside the call. Anything else fires nothing.
   void Value(bool value);
 
  private:
@@ -64,7 +64,7 @@ class ScrollBar final : public Control {
   ScrollBar(Surface& surface, const Design& design) : Control(surface, design) {}
 
   int Value() const { return state_.value; }
-  /// One that differs runs Change inside the call. Raises `value` outside 0 to Max.
+  /// A different value runs Change inside the call. Raises `value` outside 0 to Max.
   void Value(int value);
 
   int Max() const { return state_.max; }
@@ -89,8 +89,8 @@ class TabStrip final : public Control {
 
   /// The number of the active page, 0 to 6.
   Integer Tab() const { return state_.tab; }
-  /// One that differs makes the page active, takes the focus from what is no longer shown, and runs
-  /// Click with the page left inside the call. Raises `value` outside 0 to 6.
+  /// A different page becomes active, a control that is no longer shown loses the focus, and Click
+  /// runs inside the call with the number of the page left. Raises `value` outside 0 to 6.
   void Tab(Integer page);
 
  private:

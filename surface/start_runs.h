@@ -1,8 +1,8 @@
-// The rows of a list by how they begin, as runs of neighbours that begin alike.
+// An index of a list's rows by prefix: runs of neighbouring rows whose first characters are equal.
 //
 // Rows of one table come into a list together, so a list of thousands of rows has few runs, and a
-// question about the beginnings of all rows costs one test a run. The runs are found when they are
-// first asked for; rows that come to the end later are taken up by the next question.
+// query by prefix costs one test per run. The runs are a cache: the first query builds it, and each
+// query adds the rows that were appended since.
 #pragma once
 
 #include <array>
@@ -15,11 +15,11 @@ namespace zolt20 {
 
 class StartRuns {
  public:
-  /// The characters of a beginning; a shorter row is its own.
+  /// The length of a prefix in characters; a shorter row is its own prefix.
   static constexpr std::size_t kLength = 8;
 
-  /// Of all the rows of the list: those, in ascending order, whose beginning `holds(start)` is true
-  /// of.
+  /// The rows, in ascending order, for whose prefix `holds(prefix)` is true. `rows` is always all
+  /// rows of the one list that this object indexes.
   template <typename Test>
   std::vector<int> RowsWhere(const RowTexts& rows, const Test& holds) {
     Cover(rows);
@@ -35,11 +35,11 @@ class StartRuns {
     return found;
   }
 
-  /// Rows went. None of these allocates.
+  /// Rows were erased. None of these three allocates.
   void Erased(int first, int count) noexcept;
-  /// A row came before others.
+  /// A row was inserted here.
   void Inserted(int row) noexcept;
-  /// The rows are others.
+  /// Invalidates the cache: any row may be different.
   void Forget() noexcept;
 
  private:
@@ -55,7 +55,7 @@ class StartRuns {
   void Cover(const RowTexts& rows);
 
   std::vector<Run> runs_;
-  int covered_ = 0;  // the rows of the runs, from the first one on
+  int covered_ = 0;  // how many rows, from row 0 on, the runs hold
 };
 
 }  // namespace zolt20

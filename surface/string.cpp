@@ -16,7 +16,7 @@ bool IsSign(char16_t character) {
   return character == u'+' || character == u'-';
 }
 
-// A numeric text taken apart; each piece a view of it.
+// The parts of a numeric text, as views of that text.
 struct NumberPieces {
   bool negative = false;
   StringView whole;
@@ -57,7 +57,7 @@ bool TakeApart(StringView text, NumberPieces& pieces) {
   return rest.empty();
 }
 
-// The exponent as a number; beyond any length of a text it no longer matters how large it is.
+// The exponent as a number, clamped: beyond the length of any text its size no longer matters.
 std::int64_t ExponentOf(const NumberPieces& pieces) {
   constexpr std::int64_t kBeyondAnyText = std::int64_t{1} << 56;
   std::int64_t exponent = 0;

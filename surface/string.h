@@ -42,11 +42,11 @@ StringView Mid(StringView text, std::int64_t position);
 /// The same, at most `count` characters. Raises `argument` for a negative count.
 StringView Mid(StringView text, std::int64_t position, std::int64_t count);
 
-/// Whether the two are equal. Of two views of one text the characters are not looked at.
+/// Whether the two are equal. Views of the same memory are equal without comparing characters.
 bool Equal(StringView a, StringView b);
 
 /// The place, from 0, of `part` in `text` at or behind `from`; npos when it is nowhere. `part` is
-/// not "". Fast in long texts where its first character is rare.
+/// not "". Fast in long texts in which the first character of `part` is rare.
 std::size_t Find(StringView text, StringView part, std::size_t from = 0);
 
 /// Whether `part` stands anywhere in `text`; "" stands in every text.
@@ -63,8 +63,8 @@ std::vector<StringView> Split(StringView text, StringView separator);
 char16_t LowerCase(char16_t character);
 String LowerCase(StringView text);
 bool EqualIgnoringCase(StringView a, StringView b);
-/// The place, from 0, of `part`, which is in lower case, in `text` in lower case; npos when it is
-/// nowhere.
+/// The place, from 0, of `part` in `text`, whatever the case of `text`; npos when it is nowhere.
+/// `part` must be in lower case.
 std::size_t FindIgnoringCase(StringView text, StringView part);
 
 /// Blanks at both ends aside: an optional sign, digits with at most one decimal point and at least
@@ -78,7 +78,7 @@ Integer ToInteger(StringView numericText);
 /// The number in decimal digits.
 String ToText(Integer number);
 
-/// A text of characters below 128.
+/// An ASCII text (characters below 128) in 16-bit characters.
 String FromAscii(std::string_view text);
 
 }  // namespace zolt20

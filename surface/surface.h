@@ -2,13 +2,13 @@
 // as a value.
 //
 // A form that gives the controls their behaviour derives from Surface and overrides the event
-// functions; within it, its handlers name the controls as they are. Faces and hosts read a `const
-// Surface&`, hear of changes as observers, and pass on what a person does through the User
-// functions, which are the only way in for a person.
+// functions; its handlers use the controls by their names. Faces and hosts read a `const Surface&`,
+// hear of changes as observers, and pass on what a person does through the User functions, which
+// are the only way in for a person.
 //
-// What always holds: the tab order has no gaps; the control with the focus is shown and enabled; a
-// single-selection list has at most one mark, a frame at most one option that is True. One thread
-// uses a surface.
+// Invariants: the tab order has no gaps; the control with the focus is shown and enabled; a
+// single-selection list has at most one mark, a frame at most one option that is True. Not
+// thread-safe: one thread uses a surface.
 #pragma once
 
 #include <array>
@@ -44,8 +44,8 @@ class SurfaceState {
 
   std::vector<Loaded> loaded_;          // in the order of the surface's controls
   std::vector<ControlState> controls_;  // in the same order, those of the form's list first
-  std::vector<std::size_t> tabOrder_;   // places in controls_
-  std::size_t focus_ = 0;               // a place in controls_, or their number for none
+  std::vector<std::size_t> tabOrder_;   // indexes into controls_
+  std::size_t focus_ = 0;               // an index into controls_, or its size for none
 };
 
 class Surface {
@@ -79,21 +79,21 @@ class Surface {
     return visible_ == FormVisible::kYes;
   }
 
-  /// Gives notice of every change from now on. The observer outlives the surface or leaves it
-  /// before.
+  /// Notifies the observer of every change from now on. The observer must outlive the surface or be
+  /// removed before.
   void AddObserver(SurfaceObserver& observer);
   void RemoveObserver(SurfaceObserver& observer);
 
-  // What a person does. Each moves the focus to the control first, which runs GotFocus if the focus
-  // was elsewhere, and ends there when that leaves the control hidden or disabled; then it acts,
-  // and the handlers it fires run inside the call. It raises what they raise. A control is one of
-  // this surface.
+  // Gestures of a person. Each User function first moves the focus to the control, which runs
+  // GotFocus if the focus was elsewhere, and ends there if GotFocus left the control hidden or
+  // disabled. Then it acts. The handlers it fires run inside the call, and their errors are raised
+  // from it. The control must belong to this surface.
 
-  /// Whether the kind of control has the gesture. A row gesture also needs a row that is there.
+  /// Whether this kind of control has the gesture. A gesture on a row also needs an existing row.
   static bool Offers(const Control& control, Gesture gesture);
 
-  /// Any gesture, as the function of its kind has it. A row, a code or a page that is not there is
-  /// what that function makes of kNone. Raises `overflow` for a code or a page outside of 16 bits.
+  /// Any gesture: calls the function below for its kind. A missing row, code or page is passed on
+  /// as kNone. Raises `overflow` for a code or a page outside 16 bits.
   Outcome User(const UserGesture& gesture);
 
   Outcome UserFocus(const Control& control);
@@ -101,18 +101,18 @@ class Surface {
   Outcome UserClick(const Control& control);
   /// A row of a list box.
   Outcome UserClick(const Control& list, int row);
-  /// A row of a list box; in a single selection a click goes before.
+  /// A row of a list box; in a single selection a click comes before the double click.
   Outcome UserDoubleClick(const Control& list, int row);
   /// An entry of a combo box.
   Outcome UserPick(const Control& combo, int row);
   /// Replaces the whole text of a text box, a syntax text box or an editable combo.
   Outcome UserType(const Control& box, StringView text);
-  /// A key in a text box, by its character code. KeyPress runs while the text stands as it was, and
-  /// may replace the code. Then a code of 32 or above takes the place of the marked characters, and
-  /// 8 takes them out; with none marked they go in at the caret, and take out the character before
-  /// it. Any other code does nothing. Then SelStart is behind the character that came, where the
-  /// characters went, or at the start of the mark; Change runs if the text differs. Without a mark
-  /// the caret is at SelStart.
+  /// A key in a text box, by its character code. KeyPress runs first, before the text changes, and
+  /// may replace the code. Then a code of 32 or above replaces the marked characters, and 8
+  /// (backspace) deletes them. With none marked, the character is inserted at the caret, or 8
+  /// deletes the one before it. Any other code leaves the text. SelStart ends behind an inserted
+  /// character, else at the deletion or the start of the mark; Change runs if the text differs.
+  /// Without `mark` the caret is at SelStart.
   Outcome UserKey(const Control& box, Integer code, std::optional<TextMark> mark = {});
   /// A page of the tab strip. Raises `value` outside 0 to 6, when the strip has the focus already.
   Outcome UserTab(Integer page);
@@ -121,8 +121,8 @@ class Surface {
 
   /// The whole state as it is now.
   SurfaceState Save() const;
-  /// Puts a state of a surface of the same form back, without an event; the observers are told
-  /// StateReplaced. Not within a gesture or an event.
+  /// Restores a state of a surface of the same form. Fires no event; the observers get
+  /// StateReplaced. Must not be called within a gesture or an event.
   void Restore(SurfaceState state);
 
  protected:

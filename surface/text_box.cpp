@@ -12,7 +12,7 @@ namespace {
 constexpr unsigned kWhite = 0xFFFFFF;
 constexpr unsigned kSystemColor14 = 0x8000000E;
 
-// Whether the text is another one then.
+// Returns whether the text changed.
 bool ReplaceEnd(Shared<String>& text, std::size_t kept, StringView end) {
   assert(kept <= text->size());
   if (Equal(StringView(*text).substr(kept), end)) return false;
@@ -52,7 +52,7 @@ void TextBox::Enter(String text, int caret) {
   Written(differs, caret);
 }
 
-// The text is written by now: puts the caret, and tells what is different.
+// After the text was written: sets the caret, sends the notices, and runs Change if it `differs`.
 void TextBox::Written(bool differs, int caret) {
   const bool moved = caret != state_.selStart;
   state_.selStart = caret;

@@ -11,13 +11,13 @@ class TextBox final : public Control {
   TextBox(Surface& surface, const Design& design);
 
   const String& Text() const { return *state_.text; }
-  /// A text that does not differ changes nothing. One that differs puts the caret at 0 and runs
-  /// Change inside the call.
+  /// The same text changes nothing. A different text sets the caret to 0 and runs Change inside the
+  /// call.
   void Text(StringView text);
   void Text(const char16_t* text) { Text(StringView(text)); }
   void Text(String&& text);
-  /// The same as Text of the first `kept` characters with `end` behind them, in a time that grows
-  /// with what comes and goes and not with what is kept. `kept` is at most the length of the text.
+  /// The same as Text(first `kept` characters, then `end`), but the time depends on how much is
+  /// removed and added, not on what is kept. `kept` is at most the length of the text.
   void ReplaceFrom(std::size_t kept, StringView end);
 
   /// The caret: the number of characters before it.
@@ -33,8 +33,8 @@ class TextBox final : public Control {
 
   KindState SaveKind() const override { return state_; }
   void RestoreKind(KindState&& state) noexcept override;
-  // A person's way of writing: the caret goes where it is told, and Change runs when the text
-  // differs.
+  // Replaces the text as typing does: `caret` is the new SelStart even if the text is the same, and
+  // Change runs if the text differs.
   void Enter(String text, int caret);
   void Written(bool differs, int caret);
 
@@ -51,10 +51,10 @@ class SyntaxTextBox final : public Control {
   void Text(StringView text);
   void Text(const char16_t* text) { Text(StringView(text)); }
   void Text(String&& text);
-  /// The same as Text of the first `kept` characters with `end` behind them, in a time that grows
-  /// with what comes and goes and not with what is kept. `kept` is at most the length of the text.
+  /// The same as Text(first `kept` characters, then `end`), but the time depends on how much is
+  /// removed and added, not on what is kept. `kept` is at most the length of the text.
   void ReplaceFrom(std::size_t kept, StringView end);
-  /// A number that is another after each change of the text, and after each Restore.
+  /// A version number of the text: different after each change of it and after each Restore.
   std::size_t Revision() const { return revision_; }
 
   bool Highlight() const { return state_.highlight; }
