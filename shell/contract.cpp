@@ -9,13 +9,13 @@ namespace {
 
 using Control = ZOLT20MapControl;
 
-// The types of the list, and the alternative of a Variant that a value of such a type is.
+// The types that contract.def names: as ValueType, and as alternatives of Variant.
 using Boolean = bool;
 constexpr auto kString = ValueType::kString;
 constexpr auto kInteger = ValueType::kInteger;
 constexpr auto kBoolean = ValueType::kBoolean;
 
-// Each lambda stands for one overload of a member, by the member's name.
+// Each lambda calls one overload of the member of that name.
 #define ZOLT20_WRITE(Type, name) \
   [](Control& control, Variant value) { control.name(std::get<Type>(std::move(value))); }
 #define ZOLT20_READ(name) [](Control& control) -> Variant { return control.name(); }

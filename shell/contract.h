@@ -1,8 +1,8 @@
 // The public contract as one list: members, events, keys of the property bag.
 //
-// Whoever offers the control to another world, a text protocol, a meta-object, a type library, a
-// manifest, makes it from these rows or is tested against them. The order is that of the interface,
-// and the numbers never change.
+// Every binding of the control, such as a text protocol, a meta-object, a type library or a
+// manifest, is generated from these rows or tested against them. The order is that of the
+// interface, and the numbers never change.
 #pragma once
 
 #include <span>

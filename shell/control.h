@@ -8,8 +8,8 @@
 //
 // All members are called on one thread. A member that is overloaded is a property: the overload
 // with an argument writes it (Let), the one without reads it (Get). Properties check nothing. A
-// run-time error of the form leaves the member or gesture as RuntimeError, half done; the control
-// stays usable.
+// run-time error of the form propagates from the member or gesture as RuntimeError; what was done
+// before it stays done, and the control stays usable.
 #pragma once
 
 #include <initializer_list>
@@ -124,25 +124,25 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   void PrpStrTables(String tables);
   /// Field records separated by ",". Fills no list. Reports.
   void PrpStrFields(String fields);
-  /// Brings a stored select list back: marks the tables named in any entry but the last, and adds
-  /// each entry to the selected fields, one with a ":" as a function expression up to there.
-  /// Reports before that; then runs lsttables_Click and ItemCheck, and raises what they raise.
+  /// Restores a stored select list: marks the tables named in any entry but the last, and adds each
+  /// entry to the selected fields; an entry with a ":" is a function expression that ends before
+  /// it. Reports before that; then runs lsttables_Click and ItemCheck, and raises what they raise.
   void prpSelectPart(String selectList);
-  /// Activates the page, 0 to 6; runs tabVrn_Click when it changes. Raises `value` beyond them,
+  /// Activates the page, 0 to 6; runs tabVrn_Click if it differs. Raises `value` outside 0 to 6,
   /// `argument` when the form is not visible and the page, 2 to 5, wants the focus. Reports, unless
   /// it raises.
   void prpTab(Integer page);
   /// Stores the value and nothing else. Reports.
   void prpParentorChild(String value);
-  /// Inserts encoded text at the end of the active box, or of the Result and its statements when
-  /// there is none; runs the Change of the box. Raises `element` when the active box is a case row
-  /// that is gone.
+  /// Appends encoded text to the active box, or to the Result and its statements when no box is
+  /// active; runs the Change of the box. Raises `element` when the active box is a case row that is
+  /// no longer loaded.
   void prpStroutput(String encoded);
-  /// The Result. At a depth above 0 each read indents it by one tab more from its second line on:
-  /// read it once.
+  /// The Result. Not idempotent: at a depth above 0 each read indents it by one more tab from its
+  /// second line on, so read it once.
   String prpStroutput();
-  /// Marks the tables of the list, which are named exactly; runs lsttables_Click and raises what it
-  /// raises. Reports.
+  /// Marks each table whose name equals an entry of the list; runs lsttables_Click and raises what
+  /// it raises. Reports.
   void prpSelectFromPart(String tables);
   /// Replaces the where text by the decoded value, one tab of indentation less. Runs
   /// txtwhereCondition's Change. Reports.
@@ -150,8 +150,8 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   /// Marks rows of the group-by list. Raises `index` for an empty entry, half done. Reports, unless
   /// it raises.
   void prpSelectGroupbyPart(String fields);
-  /// Marks rows of the order lists, those of entries with "desc" in the descending one; runs
-  /// ItemCheck. Reports.
+  /// Marks rows of the order lists: an entry with "desc" in the descending list, any other in the
+  /// ascending one; runs ItemCheck. Reports.
   void prpSelectOrderbyPart(String fields);
   /// Fills the row limit; an empty value leaves it as it is. Reports.
   void prpSelectAsSetPart(String rows);
@@ -169,9 +169,9 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
   /// clears the box alone. Runs lsttables_Click and the ItemCheck of the order lists, and raises
   /// what they raise.
   Variant ClearAll(Integer i_intTabNo);
-  /// The field records of the first statement of the Result, separated by ","; what was read before
-  /// when it is no select statement. Raises `subscript` for records without their separators, or
-  /// when PrpStrFields was never written.
+  /// The field records of the first statement of the Result, separated by ","; the answer of the
+  /// read before when it is no select statement. Raises `subscript` for records without their
+  /// separators, or when PrpStrFields was never written.
   String prpstrSelectedFields();
   /// The nesting depth of the text in this control.
   Integer prpintTabcount() const { return mintTabCount; }
@@ -184,7 +184,7 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
 
   /// The defaults of a new control.
   void UserControl_InitProperties();
-  /// Reads the fourteen values. What the bag raises passes on; what was read before stays.
+  /// Reads the fourteen values. An error of the bag propagates; the values read before it stay.
   void UserControl_ReadProperties(PropertyBag& bag);
   /// Writes the fourteen values, in the order of the contract's list.
   void UserControl_WriteProperties(PropertyBag& bag) const;
@@ -206,14 +206,14 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
 
   /// The whole state as it is now.
   ControlSnapshot Save() const;
-  /// Puts a state back without an event; observers are told StateReplaced. Not within a member, a
-  /// gesture or an event.
+  /// Restores a state. Fires no event; observers get StateReplaced. Must not be called within a
+  /// member, a gesture or an event.
   void Restore(ControlSnapshot snapshot);
 
  private:
-  // Which handler an event of a control runs.
+  // The dispatch of events: which handler an event of a control runs.
   void OnClick(Control& source) override;
-  /// Of the buttons that add to the result, and of the controls that write conditions.
+  /// OnClick of the buttons that add to the Result and of the controls that write conditions.
   void OnStatementClick(Control& source);
   void OnDoubleClick(Control& list) override;
   void OnChange(Control& source) override;
@@ -369,12 +369,12 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
 
   ControlHost& host_;
 
-  // What TxtOutput is known to begin with, so that a statement can be added to it without writing
-  // those before it again. No part of a snapshot: a text box that is put back is another revision.
+  // A cache: the statements that TxtOutput is known to begin with, so that one can be appended
+  // without writing those before it again. Not part of a snapshot: Restore changes the revision.
   struct WrittenStatements {
-    std::size_t revision = 0;  // of TxtOutput; of any other nothing is known
+    std::size_t revision = 0;  // of TxtOutput; any other makes the cache invalid
     int count = 0;             // entries of marrResultStatements
-    std::size_t length = 0;    // their characters
+    std::size_t length = 0;    // their number of characters
   } written_;
 };
 

@@ -1,10 +1,10 @@
 // The field records of the catalogue, split and indexed once.
 //
 // A record is `type*Q*V*R*N*Fname*Q*V*R*N*rest`: a type word, a flag character F directly followed
-// by the qualified name, and further text of the host's. The logic walks all records in many
-// places; here each such walk is a question that costs what its answer costs. A record without a
-// separator has no name, and a walk fails at it with `subscript`: it is called broken, and the
-// records from the first broken one on are out of reach.
+// by the qualified name, and further text of the host's. Where the logic would walk all records,
+// it queries the index here, mostly in a time that grows with the answer alone. A record without a
+// separator has no name, and a walk raises `subscript` at it: it is called broken, and the records
+// from the first broken one on are out of reach.
 #pragma once
 
 #include <cstdint>
@@ -35,7 +35,7 @@ class FieldRecords {
   /// The places of records in the list, in ascending order.
   using Places = std::vector<std::uint32_t>;
 
-  /// Records that were never assigned: every question below raises `subscript`.
+  /// Records that were never assigned: every query below except List raises `subscript`.
   FieldRecords() = default;
   explicit FieldRecords(SharedString list);
 
@@ -51,8 +51,8 @@ class FieldRecords {
   /// would.
   void RaiseIfBrokenBeforeNameIn(StringView text) const;
 
-  /// Whether the first record of just that name has the flag "Y"; not so for a name that no record
-  /// has. Raises `subscript` when a walk up to that record would.
+  /// Whether the first record of exactly that name has the flag "Y"; false for a name that no
+  /// record has. Raises `subscript` when a walk up to that record would.
   bool IsFlagged(StringView name) const;
 
   /// The records in reach of which the first 8 characters of the name (all of a shorter one) are
@@ -60,10 +60,10 @@ class FieldRecords {
   Places OfTable(StringView table) const;
   /// The records in reach whose name stands anywhere in `text`.
   Places WithNameIn(StringView text) const;
-  /// The records in reach whose name holds `part`, of 8 characters or less, anywhere. Asked for the
-  /// first time, it walks all records. Valid up to the next FindNamesHolding.
+  /// The records in reach whose name holds `part`, of 8 characters or less, anywhere. Cached: the
+  /// first query for a part walks all records. Valid until the next FindNamesHolding.
   const Places& WithNameHolding(StringView part) const;
-  /// Finds what WithNameHolding answers, for all these parts in one walk.
+  /// Fills the cache of WithNameHolding for all these parts in one walk.
   void FindNamesHolding(std::span<const StringView> parts) const;
   /// Whether `text`, of 8 characters, stands anywhere in the list.
   bool Mentions(StringView text) const;

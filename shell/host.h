@@ -1,11 +1,11 @@
-// The host of a control, as the control sees it: a page of virtual functions that the embedding
-// program implements.
+// The host of a control, as the control sees it: an interface of virtual functions that the
+// embedding program implements.
 //
 // All calls come on the thread that uses the control, from inside the member or gesture in
 // progress, and the control waits for them. Inside an event the host may call every public member
-// of the control; that is how the text of a request normally arrives. It must not destroy the
-// control, make a gesture or put a state back there. An exception of the host's passes through the
-// handler to whoever called the control, and what was done before it stays done.
+// of the control (re-entrancy); that is how the text of a request normally arrives. It must not
+// destroy the control, make a gesture or restore a state there. An exception that the host throws
+// propagates through the handler to the caller, and what was done before it stays done.
 #pragma once
 
 #include <string_view>
@@ -17,7 +17,7 @@ namespace zolt20 {
 enum class MessageIcon { kCritical };
 enum class MessageButtons { kOk };
 
-/// A message box. The texts are literals and live for ever.
+/// A message box. The texts are string literals, so their lifetime never ends.
 struct Message {
   StringView text;
   StringView title;
@@ -42,10 +42,10 @@ class ControlHost {
   virtual void eventCondition() = 0;
   virtual void eventFunction() = 0;
 
-  /// The property of that name was written, after its effects.
+  /// The property of that name was written, and its effects are done.
   virtual void PropertyChanged(std::string_view property) = 0;
 
-  /// Shows the message and returns when it was answered.
+  /// Shows the message as a modal box: returns when the person has answered it.
   virtual void ShowMessage(const Message& message) = 0;
 };
 

@@ -109,8 +109,8 @@ void ZOLT20MapControl::tabVrn_Click(Integer /*PreviousTab*/) {
   }
 }
 
-// One place after the other, in this order; a control that comes twice ends at the later place.
-// Gives the place behind the last.
+// Gives the controls consecutive places in the tab order; a control that comes twice ends at the
+// later place. Returns the place behind the last.
 Integer ZOLT20MapControl::WriteTabOrder(std::initializer_list<Control*> controls,
                                         Integer firstPlace) {
   Integer place = firstPlace;
@@ -170,7 +170,7 @@ void ZOLT20MapControl::ForgetOpenKinds() {
   mintTabCount = 0;
 }
 
-// Of the case rows the first alone, which is there at all times.
+// Of the case rows it empties row 0 alone, the one that is never unloaded.
 void ZOLT20MapControl::EmptyConditionPage() {
   for (OptionButton* option : {&optCase, &optIfThen, &optFor, &optRepeat, &optwhile})
     option->Value(false);
@@ -242,7 +242,7 @@ Variant ZOLT20MapControl::ClearAll(Integer i_intTabNo) {
   return {};
 }
 
-// Takes the marks from an order list, as far up as the other list has rows.
+// Unmarks the first rows of an order list, as many as `countedBy` has rows.
 void ZOLT20MapControl::ClearMarks(ListBox& list, const ListBox& countedBy) {
   if (list.SelCount() < 1) return;
   for (int i = countedBy.ListCount() - 1; i >= 0; --i) {

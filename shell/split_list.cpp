@@ -2,7 +2,7 @@
 
 namespace zolt20 {
 
-// Long lists mostly go on as they begin. A vector that grew by doubling would be copied often.
+// Estimates the size of a long list from its first entries, since growing by doubling copies often.
 void SplitList::MakeRoom(std::vector<std::size_t>& starts, std::size_t seen, std::size_t size) {
   constexpr std::size_t kEnoughToTell = 1024;
   if (starts.size() != kEnoughToTell) return;

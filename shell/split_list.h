@@ -1,7 +1,7 @@
 // A list that the host hands over as one string, split at its commas.
 //
-// The entries are views of the string, which is kept once however many copies of the list there
-// are; a copy costs a count. A list that was never assigned is not the same as an empty one.
+// The entries are views of the string. All copies of a list share the string by a reference count.
+// A list that was never assigned is not the same as an empty one.
 #pragma once
 
 #include <cstdint>
@@ -14,14 +14,14 @@
 
 namespace zolt20 {
 
-/// A text that is never changed, only replaced, so that its copies can share it.
+/// An immutable text that its copies share by a reference count.
 class SharedString {
  public:
   SharedString() : SharedString(String()) {}
   explicit SharedString(String text) : text_(std::make_shared<const String>(std::move(text))) {}
 
   const String& Text() const { return *text_; }
-  /// Whether the two are one text, not only equal ones.
+  /// Whether both share one text: identity, not equality.
   bool IsSameAs(const SharedString& other) const { return text_ == other.text_; }
 
  private:
@@ -34,7 +34,7 @@ class SplitList {
   SplitList() = default;
   /// The entries of `text` between the commas; none at all when it is empty.
   explicit SplitList(SharedString text) : SplitList(std::move(text), [](StringView /*entry*/) {}) {}
-  /// Hands each entry to `each(entry)` as it is found, which is when it lies in the cache.
+  /// Calls `each(entry)` for each entry as it is found, while it is in the processor's cache.
   template <typename Each>
   SplitList(SharedString text, const Each& each);
 
@@ -51,7 +51,7 @@ class SplitList {
   static void MakeRoom(std::vector<std::size_t>& starts, std::size_t seen, std::size_t size);
 
   SharedString text_;
-  // Where each entry starts, and one place more, as if a comma stood behind the text.
+  // Where each entry starts, and a sentinel, as if a comma stood behind the text.
   std::shared_ptr<const std::vector<std::size_t>> starts_;
 };
 

@@ -8,7 +8,7 @@ void TableChains::Add(const TableKey& table) {
   if (3 * tables_ >= 2 * slots_.size()) Grow();
   const auto place = static_cast<std::uint32_t>(next_.size());
   next_.push_back(kNone);
-  // Records of one table mostly stand together.
+  // Records of one table mostly stand together, so the slot of the last record is tried first.
   if (slots_[lastSlot_].first == kNone || !(slots_[lastSlot_].table == table))
     lastSlot_ = SlotOf(table);
   Slot& slot = slots_[lastSlot_];

@@ -1,7 +1,7 @@
 // The records of a list by their tables: for each table the places of its records, as a chain.
 //
-// A hash table of 32 bytes a table, so that a record costs one look into memory where the tables no
-// longer fit into the nearest cache, and 4 bytes a record.
+// A hash table with open addressing: a slot of 32 bytes per table, so that adding a record costs
+// one cache miss where the tables no longer fit into the nearest cache; and 4 bytes per record.
 #pragma once
 
 #include <array>
@@ -18,7 +18,7 @@ class TableChains {
  public:
   static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
 
-  /// The next record, from place 0 on, is one of this table.
+  /// Appends a record of this table. Records have the places 0, 1, 2 in the order of the calls.
   void Add(const TableKey& table);
 
   /// The place of the first record of a table, kNone where there is none.
@@ -35,13 +35,13 @@ class TableChains {
     std::uint32_t last = kNone;
   };
 
-  // Where the table stands, or would.
+  // The slot of the table, or the free slot where linear probing would put it.
   std::size_t SlotOf(const TableKey& table) const;
   void Grow();
 
-  std::vector<Slot> slots_;  // a power of two, less than two thirds of them taken
+  std::vector<Slot> slots_;  // a power of two; grows once two thirds are taken
   std::size_t tables_ = 0;
-  std::size_t lastSlot_ = 0;  // of the record before
+  std::size_t lastSlot_ = 0;  // of the record added last
   std::vector<std::uint32_t> next_;
   std::array<bool, kTableLength + 1> hasKeyOfLength_{};
 };

@@ -17,7 +17,7 @@ inline constexpr std::size_t kTableLength = 8;
 
 struct TableKey {
   explicit TableKey(StringView name) : length(std::min(name.size(), kTableLength)) {
-    // Most names are longer, and a known length costs one move.
+    // Most names have 8 characters or more, and copying a constant size is one move.
     if (length == kTableLength) {
       std::memcpy(halves.data(), name.data(), sizeof(halves));
     } else if (length > 0) {
@@ -29,7 +29,7 @@ struct TableKey {
     return a.halves[0] == b.halves[0] && a.halves[1] == b.halves[1] && a.length == b.length;
   }
 
-  std::array<std::uint64_t, 2> halves{};  // the characters, and zeros behind those of a short name
+  std::array<std::uint64_t, 2> halves{};  // the characters; a short name is padded with zeros
   std::size_t length;
 };
 
@@ -38,18 +38,18 @@ struct TableKeyHash {
     constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;
     std::uint64_t hash = (key.halves[0] ^ key.length) * kOdd;
     hash = ((hash ^ (hash >> 32)) + key.halves[1]) * kOdd;
-    // A product takes nothing down to lower bits: the last characters would be in the upper ones
-    // alone.
+    // Multiplication carries upwards only: without the shift the last characters would change the
+    // upper bits alone.
     hash = (hash ^ (hash >> 32)) * kOdd;
     return static_cast<std::size_t>(hash ^ (hash >> 29));
   }
 };
 
-/// A set of tables that may take another for one of them, rarely, and never one of them for
-/// another. It fits into the processor's cache where the tables themselves do not.
+/// A Bloom filter with one hash: rarely a false positive, never a false negative. It fits into the
+/// processor's cache where the tables themselves do not.
 class TableFilter {
  public:
-  /// For about so many tables.
+  /// Sized for about so many tables.
   explicit TableFilter(std::size_t tables) {
     constexpr std::size_t kBitsOfTable = 16;
     std::size_t bits = 64;
