@@ -81,7 +81,7 @@ void ZOLT20MapControl::UnmarkTable(StringView table, StringView entry) {
   for (RowsControl* list :
        std::array<RowsControl*, 4>{&lstFields, &lstGroupby, &cboWhereFields, &cboWhereFields1})
     list->RemoveItems(list->RowsWhereStart(isOfTable));
-  // An expression goes with its field: sum ( CUSTOMER.CUST_NO ) with CUSTOMER.
+  // Unmarking CUSTOMER also removes expressions on its fields, such as sum ( CUSTOMER.CUST_NO ).
   lstSelectedFields.RemoveWhere([table](StringView row) { return Holds(row, table); });
 }
 

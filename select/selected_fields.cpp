@@ -108,7 +108,7 @@ void ZOLT20MapControl::AddFunction(StringView X) {
   if (!Holds(X, u")")) {
     return ShowMessage(u"Selection Not Allowed --Select A Different Field To Proceed Further");
   }
-  // Plain rows go on the way up from the last row, and the way ends at a row that equals X.
+  // Removes plain rows from the last row upwards, but none above a row that equals X.
   const int same = lstSelectedFields.LastRowOf(X);
   std::vector<int> plainRows =
       lstSelectedFields.RowsWhere([](StringView row) { return !Holds(row, u")"); });
@@ -154,7 +154,7 @@ void ZOLT20MapControl::cmdMoveAll_Click() {
     for (int i = lsttables.ListCount() - 1; i >= 0; --i) {
       if (lsttables.Selected(i)) lstSelectedFields.AddItem(Concat(lsttables.List(i), u".*"));
     }
-    // Tables from last to first, and the fields of each from last to first.
+    // The order lists get the tables from last to first, and the fields of each from last to first.
     std::unordered_map<StringView, std::vector<RowText>> fieldsOfTable;
     for (int j = lstFields.ListCount() - 1; j >= 0; --j) {
       const StringView field = lstFields.List(j);
