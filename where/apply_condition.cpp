@@ -1,5 +1,5 @@
-// The joining half of the Where page: a condition goes to the where text, or is dropped, or the
-// text is wiped.
+// The joining half of the Where page, its And, Or and Cancel or Clear buttons: a condition is
+// appended to the where text, or discarded, or the where text is emptied.
 #include <algorithm>
 #include <array>
 

@@ -1,5 +1,5 @@
-// The choosing half of the Where page: which operand and operator were picked decides how the right
-// side is given, by a value or by a text that the user completes.
+// The choosing half of the Where page: the operand and operator picked decide how the right side is
+// entered, as a value or in a template text that the user completes.
 #include <algorithm>
 #include <array>
 
@@ -14,14 +14,14 @@ constexpr unsigned kWhite = 0xFFFFFF;
 constexpr std::array<StringView, 4> kRelations{u">", u"<", u">=", u"<="};
 constexpr std::array<StringView, 4> kFlaggedRelations{u"#>", u"#<", u"#>=", u"#<="};
 
-// What an operator puts behind the operand, and where the caret goes behind the operand's length.
+// The text that an operator puts behind the operand, and the caret counted from the operand's end.
 struct Template {
   StringView op;
   StringView text;
   int caret;
 };
 
-// The carets are a set of their own, uneven as they look.
+// The carets follow no rule that the texts show.
 constexpr std::array<Template, 7> kTemplates{{
     {u"IN", u" IN (        )", 6},
     {u"EXISTS", u"EXISTS  (  \r\n)", 9},
@@ -58,7 +58,7 @@ void ZOLT20MapControl::cboWhereFields_Click() {
   if (!isFlagged && !namesIndex) ShowValueView();
 }
 
-// The operator comes next, so the focus goes there, and without one two blanks stand in its place.
+// The focus goes to the operator, which is picked next; until then two blanks stand in its place.
 void ZOLT20MapControl::OpenTemplateOfOperand(StringView pair) {
   cboWhereFields1.Enabled(false);
   cboWhereFields1.BackColor(kInactive);
@@ -88,7 +88,7 @@ void ZOLT20MapControl::ShowValueView() {
 
 void ZOLT20MapControl::cboOper_Click() {
   if (cboWhereFields.ListIndex() == -1) {
-    // The pick is undone: an operand comes first.
+    // Undoes the pick, since an operand must be picked first.
     cboOper.ListIndex(-1);  // runs cboOper_Click
     return;
   }
