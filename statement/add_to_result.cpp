@@ -8,7 +8,7 @@
 namespace zolt20 {
 namespace {
 
-// Whether an item of a select list is the whole of a table.
+// Whether an item of a select list stands for all fields of a table.
 bool StandsForTable(StringView item) {
   return Holds(item, u"*") && !Holds(item, u")");
 }
@@ -107,7 +107,7 @@ void ZOLT20MapControl::StoreStatement(String statement) {
   RewriteResult();
 }
 
-// The Result becomes the statements one behind the other. Those that it begins with stay.
+// Makes the Result the concatenation of all statements. Those in the cache are not written again.
 void ZOLT20MapControl::RewriteResult() {
   const std::vector<String>& statements = marrResultStatements.Entries();
   ForgetChangedResult();
@@ -123,12 +123,12 @@ void ZOLT20MapControl::RewriteResult() {
   written_ = {TxtOutput.Revision(), static_cast<int>(statements.size()), TxtOutput.Text().size()};
 }
 
-// Somebody else may have written the Result.
+// Invalidates the cache if anything else has written the Result.
 void ZOLT20MapControl::ForgetChangedResult() {
   if (written_.revision != TxtOutput.Revision()) written_ = {TxtOutput.Revision(), 0, 0};
 }
 
-// The entries from `count` on are about to change.
+// To be called before entries from `count` on change: drops them from the cache.
 void ZOLT20MapControl::KeepWrittenStatements(int count) {
   ForgetChangedResult();
   while (written_.count > count) {
@@ -137,7 +137,7 @@ void ZOLT20MapControl::KeepWrittenStatements(int count) {
   }
 }
 
-// The Result without the blanks at its ends, with `end` behind it.
+// Takes the blanks from both ends of the Result and appends `end`.
 void ZOLT20MapControl::EndTrimmedResult(StringView end) {
   const StringView result = Trim(TxtOutput.Text());
   if (result.data() != TxtOutput.Text().data()) {
@@ -185,14 +185,14 @@ void ZOLT20MapControl::ReadSelectedFields() {
   mstrSelectedFields = Trim(Mid(records, 2));
 }
 
-// Each of the records that the item stands for, behind a comma.
+// Appends each record that the item stands for, with a comma before it.
 void ZOLT20MapControl::AppendRecordsOf(StringView item, String& records) const {
   if (marrFields.Count() == 0) return;
   const bool isFunction = Holds(item, u")");
   const bool isWholeTable = StandsForTable(item);
 
-  // The walk over the records binds the item at the first of them, and fails at the first broken
-  // one.
+  // As in a walk over the records: the first record raises if it is broken, then the item is bound,
+  // then any broken record raises.
   String binding;
   if (!isWholeTable) {
     marrFields.At(0);

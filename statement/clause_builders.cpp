@@ -1,7 +1,7 @@
 // The text of each clause of a select statement, rebuilt from the form.
 //
-// Every clause but the first begins with its own line break, so the statement is the clauses one
-// behind the other.
+// Every clause but the first begins with its own line break, so the statement is the concatenation
+// of its clauses.
 #include "shell/control.h"
 
 namespace zolt20 {
@@ -11,7 +11,7 @@ constexpr StringView kBlankEnds{u"\r\n\t \0", 5};
 
 // The text without CR, LF, tabs, blanks and NULs at both ends, or "" for many short texts.
 StringView TrimBlankEnds(StringView text) {
-  const Integer length = static_cast<std::int64_t>(text.size());  // overflows beyond 16 bits
+  const Integer length = static_cast<std::int64_t>(text.size());  // `overflow` past 16 bits
   if (text.empty()) return {};
   const std::size_t firstFilled = text.find_first_not_of(kBlankEnds);
   const Integer start = firstFilled == StringView::npos
@@ -25,14 +25,14 @@ StringView TrimBlankEnds(StringView text) {
   return rest.substr(0, rest.find_last_not_of(kBlankEnds) + 1);
 }
 
-// "" for a box without text, or the keyword on a line and the text one tab in.
+// "" for a box without text, else the keyword on a line of its own and the text indented by a tab.
 String BlockOf(const SyntaxTextBox& box, StringView keyword) {
   if (TrimBlankEnds(box.Text()).empty()) return {};
   const String indented = Replace(box.Text(), kLineBreak, u"\r\n\t");
   return Concat(kLineBreak, keyword, u"\r\n\t", TrimBlankEnds(indented));
 }
 
-// A list that was joined with a comma before each entry, behind a keyword; "" for an empty list.
+// The keyword and the list, without the comma that the list begins with; "" for an empty list.
 String ClauseOf(StringView keyword, StringView commaList) {
   return commaList.empty() ? String() : Concat(keyword, commaList.substr(1));
 }
@@ -100,7 +100,7 @@ Variant ZOLT20MapControl::BuildGroupBy() {
 bool ZOLT20MapControl::AddGroupByField(StringView F) const {
   for (int i = lstSelectedFields.ListCount() - 1; i >= 0; --i) {
     const StringView entry = lstSelectedFields.List(i);
-    // The whole of any table covers the fields of every table, which nothing shows.
+    // All fields of one table (TABLE.*) cover the fields of every table; the form does not tell.
     if ((Holds(entry, F) || Holds(entry, u"*")) && !Holds(entry, u")")) return true;
     if (entry == F) return true;
   }

@@ -1,5 +1,5 @@
-// The stored parts of a statement that come back from the host. Each property splits, compares and
-// walks in a way of its own, and none of them clears anything first.
+// Restoring the stored parts of a statement that the host hands back. Each property splits,
+// compares and iterates in its own way, and none of them clears anything first.
 #include <span>
 #include <unordered_set>
 #include <utility>
@@ -10,8 +10,8 @@
 namespace zolt20 {
 namespace {
 
-// Of the tables in the list, at least those whose name stands anywhere in one of the texts; all
-// table names are of 8 characters. What else is there is no name of a table.
+// The tables of the list whose name, always 8 characters, stands anywhere in one of the texts. Also
+// holds pieces of text that are false positives of the filter; these name no table of the list.
 std::unordered_set<StringView> TablesNamedIn(std::span<const StringView> texts,
                                              const ListBox& tables) {
   TableFilter known(static_cast<std::size_t>(tables.ListCount()));

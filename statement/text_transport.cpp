@@ -1,7 +1,7 @@
-// Text that crosses the boundary: its encoding, the box that takes it, the way back.
+// Texts between host and control: their encoding, the box that takes a text, reading the Result.
 //
 // Encoded text is one line: "~" is a line break, the character of code 1 a tab, "`^`" a double
-// quote. The marker "*zlt*" at its head keeps it from being indented.
+// quote. The marker "*zlt*" at its start keeps it from being indented.
 #include <algorithm>
 #include <cstdint>
 #include <utility>
@@ -16,15 +16,15 @@ constexpr StringView kMarker = u"*zlt*";
 
 enum class Indentation { kKept, kOneTabLess };
 
-// What the host's text is within the control.
+// A text of the host, decoded.
 struct Decoded {
   String text;
   bool isMarked = false;    // holds the marker
-  bool hasTwoTabs = false;  // one behind the other
+  bool hasTwoTabs = false;  // in a row
 };
 
-// A character that is more than itself: it is replaced, or begins the marker, or counts for the
-// indentation. Others below it are rare enough to be looked at.
+// A special character is replaced, begins the marker, or counts for the indentation. All characters
+// below kFirstPlain are tested, since the others among them are rare.
 constexpr char16_t kFirstPlain = u'\r' + 1;
 
 bool IsSpecial(char16_t character) {
@@ -36,7 +36,7 @@ std::uint64_t AnyIsSpecial(std::uint64_t word) {
          scan::AnyIs(word, u'*');
 }
 
-// All in one pass. With kOneTabLess one level of indentation is taken off every line but the first.
+// Decodes in one pass. With kOneTabLess every line but the first loses one level of indentation.
 Decoded Decode(StringView encoded, Indentation indentation) {
   constexpr StringView kQuote = u"`^`";
   Decoded decoded;
@@ -45,7 +45,7 @@ Decoded Decode(StringView encoded, Indentation indentation) {
                static_cast<std::size_t>(std::count(encoded.begin(), encoded.end(), u'~')));
   const char16_t* at = encoded.data();
   const char16_t* const end = at + encoded.size();
-  std::size_t unindented = 0;  // the length at which the last tab was taken off
+  std::size_t unindented = 0;  // the length of the text when a tab was last removed
   for (;;) {
     const char16_t* const special = scan::FindFirst(at, end, AnyIsSpecial, IsSpecial);
     text.append(at, special);
@@ -81,7 +81,7 @@ StringView Unmarked(StringView text) {
   return Mid(text, 6);
 }
 
-// Writes a text behind what a box holds, or instead of it.
+// Appends a text to that of a box, or replaces it if the box counts as empty.
 template <typename Box>
 void Insert(Box& box, bool countsAsEmpty, Decoded&& decoded) {
   if (countsAsEmpty && decoded.isMarked) {
