@@ -1,7 +1,7 @@
 // The rows of an On...Case: a value and its statements each, moved by a scroll bar.
 //
-// A row's texts live in its two boxes and nowhere else. The bar moves the rows from where they
-// stand; it never places them.
+// A row's texts are stored in its two boxes and nowhere else. The scroll bar moves rows relative to
+// where they are; it never sets absolute places.
 #include "shell/control.h"
 
 namespace zolt20 {
@@ -10,7 +10,7 @@ namespace {
 constexpr int kRowHeightTwips = 680;
 constexpr int kRowGapTwips = 10;
 
-// Makes element r of an array a row below the row before it.
+// Loads element r of an array and places it below element r - 1.
 void LoadBelow(ControlArray<TextBox>& boxes, Integer r) {
   boxes.Load(r);
   TextBox& box = boxes(r);
@@ -62,7 +62,7 @@ void ZOLT20MapControl::MoveRow(Integer i, int byTwips) {
     box->Top(box->Top() + byTwips);
 }
 
-// Behind tabVrn, optCase, txtcaseexp and TxtDef.
+// Writes the tab order of the rows, behind tabVrn, optCase, txtcaseexp and TxtDef.
 void ZOLT20MapControl::WriteRowPlaces() {
   Integer place = 4;
   for (Integer i = 0; i <= TxtExpr.UpperBound(); ++i)

@@ -1,7 +1,7 @@
 // The start of a pass: choosing one of the five kinds, and the stack of kinds that are open.
 //
 // A kind goes on the stack when its option is clicked, not when it is added. The stack holds kind
-// words alone; what closes a construct is kept apart, by kind.
+// words alone; what is needed to close a construct is stored elsewhere, by kind.
 #include <algorithm>
 
 #include "shell/control.h"
@@ -63,7 +63,7 @@ void ZOLT20MapControl::optCase_Click() {
   WriteRowPlaces();
 }
 
-// A kind that was chosen before and is filled in only in part loses its place on the stack.
+// Pops the kind chosen before if boxes still hold text, which counts as filled in but not added.
 void ZOLT20MapControl::ChooseKind(StringView kind) {
   // ODD: text in any of these counts, also that of another kind; text in txtForStmt and in the case
   // rows counts as nothing typed.
