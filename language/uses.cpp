@@ -236,6 +236,12 @@ std::vector<Use> UsesAndVariablesIn(StringView text, const std::vector<Node>& no
   return Finder(text, nodes, names, true).Find();
 }
 
+bool IsMissing(const Use& use, const Names& names) {
+  if (use.kind == UseKind::kFunction || use.place == UsePlace::kString) return false;
+  const Names::Table* const table = names.Find(use.table);
+  return table == nullptr || (!use.name.empty() && !Names::Has(*table, use.name));
+}
+
 String RenamedUse(const Use& use, const Renames& renames) {
   if (use.kind == UseKind::kFunction) return {};
   if (const auto field = renames.find(Joined(use.table, use.name)); field != renames.end())

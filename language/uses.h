@@ -56,6 +56,10 @@ std::vector<Use> UsesIn(StringView text, const std::vector<Node>& nodes,
 std::vector<Use> UsesAndVariablesIn(StringView text, const std::vector<Node>& nodes,
                                     const Names* names = nullptr);
 
+/// Whether it is meant as a name and the catalogue has it not. Functions are nobody's names, and
+/// quoted texts need not mean any.
+bool IsMissing(const Use& use, const Names& names);
+
 /// Names in place of others: "CUSTOMER" for a table, "CUSTOMER.C_ID" for a field. The change of a
 /// field goes before that of its table. A table that changes takes its fields along.
 using Renames = std::map<String, String, std::less<>>;

@@ -1,5 +1,5 @@
-// Checks a stored rule in Node: its tree, what is wrong in it, and whether it can be opened again.
-import {check, outline, reopen} from 'zolt20-map-control/language';
+// Checks a stored rule in Node: its tree, its mistakes, its names, and whether it can be opened again.
+import {check, outline, reopen, uses} from 'zolt20-map-control/language';
 
 // The values of PrpStrTables and PrpStrFields.
 const catalogue = {
@@ -16,6 +16,8 @@ for (const {depth, kind, head} of outline(rule))
   if (kind !== 'head' && kind !== 'end') console.log(`${'  '.repeat(depth)}${kind}: ${head}`);
 for (const {line, column, severity, sentence, code} of check(rule, catalogue))
   console.log(`${line}:${column}: ${severity}: ${sentence} [${code}]`);
+for (const {line, column, kind, name, missing} of uses(rule, catalogue))
+  console.log(`${line}:${column}: ${kind} ${name}${missing ? ', which is missing' : ''}`);
 
 const {parts, opening} = reopen(select, catalogue);
 console.log(parts);

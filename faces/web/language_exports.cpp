@@ -14,6 +14,7 @@
 #include "language/explain.h"
 #include "language/opening.h"
 #include "language/outline.h"
+#include "language/uses.h"
 
 using namespace zolt20;
 using web::given;
@@ -131,6 +132,20 @@ ZOLT20_EXPORT(check) void check(int withCatalogue) {
     Tell(std::string_view(CodeOf(finding.mistake)));
     Tell(std::string_view(NameOf(finding.severity)));
     Tell(StringView(finding.sentence));
+  }
+}
+
+/// Of each use its place, its node, its kind, what the text is there, and whether the catalogue has
+/// it not.
+ZOLT20_EXPORT(uses) void uses(int withCatalogue) {
+  const String text = std::exchange(taken, {});
+  const language::Names* const known = withCatalogue != 0 && names ? &*names : nullptr;
+  Begin();
+  for (const language::Use& use : language::UsesIn(text, known)) {
+    Tell({use.line, use.column, use.first, use.length, use.node});
+    Tell(std::string_view(NameOf(use.kind)));
+    Tell(std::string_view(NameOf(use.place)));
+    Tell(known != nullptr && IsMissing(use, *known) ? 1 : 0);
   }
 }
 

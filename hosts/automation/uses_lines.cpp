@@ -16,12 +16,6 @@ using language::Use;
 using language::UseKind;
 using language::UsePlace;
 
-bool IsMissing(const Use& use, const Names& names) {
-  if (use.kind == UseKind::kFunction || use.place == UsePlace::kString) return false;
-  const Names::Table* const table = names.Find(use.table);
-  return table == nullptr || (!use.name.empty() && !Names::Has(*table, use.name));
-}
-
 // The name of a table is that of its fields, too.
 bool IsCalled(const Use& use, StringView name) {
   if (use.kind == UseKind::kFunction) return use.name == name;
@@ -68,7 +62,7 @@ UseLines UsesOf(const rules::RulesContent& content, const Names* names, StringVi
   for (const rules::Rule& rule : content.rules) {
     const std::vector<Node> nodes = language::ReadOutline(rule.text);
     for (const Use& use : language::UsesIn(rule.text, nodes, names)) {
-      if (names != nullptr && !IsMissing(use, *names)) continue;
+      if (names != nullptr && !language::IsMissing(use, *names)) continue;
       if (!name.empty() && !IsCalled(use, name)) continue;
       const char* const node = NameOf(rules::KindOf(nodes, use.node));
       uses.lines += asJson ? JsonOf(hosts::ToJsonText(rule.name), use, node)

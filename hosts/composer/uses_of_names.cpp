@@ -25,7 +25,6 @@ namespace {
 using language::Names;
 using language::Use;
 using language::UseKind;
-using language::UsePlace;
 using qt::ToQt;
 using qt::View;
 
@@ -34,13 +33,6 @@ enum Data { kRule = Qt::UserRole, kFirst, kLength };
 enum Which { kAll, kMissing };
 
 constexpr qsizetype kMostShown = 200;  // characters of a line
-
-bool IsMissing(const Use& use, const Names* names) {
-  if (names == nullptr || use.kind == UseKind::kFunction || use.place == UsePlace::kString)
-    return false;
-  const Names::Table* const table = names->Find(use.table);
-  return table == nullptr || (!use.name.empty() && !Names::Has(*table, use.name));
-}
 
 QString ShownLine(StringView text, std::size_t place) {
   return ToQt(LineAround(text, place)).simplified().left(kMostShown);
@@ -60,7 +52,7 @@ std::vector<UsedName> UsesInRules(const std::vector<RuleText>& rules, const Name
         used.name = ToQt(name);
         used.kind = use.kind;
       }
-      used.isMissing = used.isMissing || IsMissing(use, names);
+      used.isMissing = used.isMissing || (names != nullptr && language::IsMissing(use, *names));
       used.places.push_back({rule.rule, use.first, use.length, static_cast<int>(use.line),
                              ShownLine(text, use.first)});
     }

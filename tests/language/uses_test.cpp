@@ -40,6 +40,18 @@ Texts Lines(std::string_view text, const Names* names = nullptr) {
   return lines;
 }
 
+TEST(UsesTest, WhatTheCatalogueHasNotIsMissingWhereItIsMeant) {
+  const String text =
+      u"select CUSTOMER.C_ID,CUSTOMER.C_NO,NOWHERE_.A\r\nfrom  ORDERS__,NOWHERE_\r\nselectdo\r\n"
+      u"\tx = round(CUSTOMER.B) + \"NOWHERE_.A\"\r\nendselect";
+  Texts missing;
+  for (const Use& use : language::UsesIn(text, &Catalogue())) {
+    if (IsMissing(use, Catalogue()))
+      missing.push_back(Narrow(String(text.substr(use.first, use.length))));
+  }
+  EXPECT_EQ(missing, (Texts{"CUSTOMER.C_NO", "NOWHERE_.A", "NOWHERE_", "CUSTOMER.B"}));
+}
+
 TEST(UsesTest, TheClausesOfASelectStatement) {
   EXPECT_EQ(
       Lines("select CUSTOMER.C_LAST,sum ( ORDERS__.* ),MAX(ORDERS__.O_ID) :var.A_______.B\r\n"

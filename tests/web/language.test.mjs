@@ -2,7 +2,8 @@
 // zolt20-host gives, in Node and in a page, where an element takes the parts and steps.
 import assert from 'node:assert/strict';
 import {spawnSync} from 'node:child_process';
-import {readFileSync, writeFileSync} from 'node:fs';
+import {mkdtempSync, readFileSync, rmSync, writeFileSync} from 'node:fs';
+import {tmpdir} from 'node:os';
 import path from 'node:path';
 import {after, before, describe, test} from 'node:test';
 import {pathToFileURL} from 'node:url';
@@ -19,7 +20,7 @@ import {
   randomText,
 } from './statement_texts.mjs';
 
-const {check, encode, explain, outline, reopen} =
+const {check, encode, explain, outline, reopen, uses} =
   /** @type {typeof import('../../faces/web/package/zolt20-language')} */ (
     await import(String(pathToFileURL(path.join(kPackage, 'zolt20-language.js'))))
   );
@@ -103,6 +104,54 @@ describe('beside zolt20-host', () => {
 });
 
 describe('the functions', () => {
+  test('tell the uses of names as zolt20-host does of a file of rules', () => {
+    const folder = mkdtempSync(path.join(tmpdir(), 'zolt20-uses-'));
+    try {
+      const file = path.join(folder, 'rules.json');
+      const texts = [...exampleTexts(), 'x = round(CUSTOMER.C_NONE) + "NOWHERE_.A"'];
+      const rules = texts.map((text, at) => ({name: String(at), text, fields: ''}));
+      writeFileSync(file, JSON.stringify({format: 'zolt20 rules', version: 1, rules}));
+      for (const names of [undefined, catalogue]) {
+        const told = rules.flatMap(({name: rule, text}) =>
+          uses(text, names)
+            .filter((use) => names === undefined || use.missing)
+            .map(({line, column, first, length, kind, name, place}) => ({
+              ...{rule, line, column, first, length, kind, name, place},
+            })),
+        );
+        const words = names === undefined ? [] : ['--catalogue', kCatalogueFile];
+        const printed = host('', '--uses', '--json', ...words, file)
+          .split('\n')
+          .filter((line) => line !== '')
+          .map((line) => {
+            const {node, ...use} = JSON.parse(line);
+            assert.equal(typeof node, 'string');
+            return use;
+          });
+        assert.deepEqual(told, printed);
+        assert.ok(told.length > (names === undefined ? 20 : 0));
+      }
+    } finally {
+      rmSync(folder, {recursive: true});
+    }
+  });
+
+  test('name the node of a use, and what is missing only with a catalogue', () => {
+    const text = 'select CUSTOMER.C_ID\r\nfrom  CUSTOMER\r\nwhere NOWHERE_.A = "NOWHERE_.A"';
+    const [field, table, other, quoted] = uses(text, catalogue);
+    assert.deepEqual(field, {
+      ...{line: 1, column: 8, first: 7, length: 13, kind: 'field', name: 'CUSTOMER.C_ID'},
+      ...{place: 'clause', node: field.node, missing: false},
+    });
+    assert.equal(outline(text)[field.node].kind, 'select list');
+    assert.deepEqual([table.kind, table.missing], ['table', false]);
+    assert.deepEqual([other.name, other.missing], ['NOWHERE_.A', true]);
+    assert.deepEqual([quoted.place, quoted.missing], ['string', false]);
+    assert.ok(!('missing' in uses(text)[0]));
+    assert.ok(!('missing' in uses(text, null)[0]));
+    assert.deepEqual(uses(''), []);
+  });
+
   test('tell of each node what is around it and in it', () => {
     const nodes = outline('if a then\r\n\tx\r\nendif\r\ny');
     assert.deepEqual(
@@ -167,7 +216,7 @@ describe('the functions', () => {
 
   test('refuse what is no string and no catalogue', () => {
     for (const wrong of [undefined, null, 1, {}]) {
-      for (const ask of [outline, check, explain, reopen, encode]) {
+      for (const ask of [outline, check, uses, explain, reopen, encode]) {
         // @ts-expect-error they take strings
         assert.throws(() => ask(wrong), TypeError);
       }
@@ -175,6 +224,8 @@ describe('the functions', () => {
     for (const wrong of [1, {}, {tables: ''}, {tables: '', fields: 1}]) {
       // @ts-expect-error a catalogue has two strings
       assert.throws(() => check('', wrong), TypeError);
+      // @ts-expect-error the same
+      assert.throws(() => uses('', wrong), TypeError);
       // @ts-expect-error the same
       assert.throws(() => reopen('', wrong), TypeError);
     }

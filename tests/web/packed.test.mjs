@@ -78,7 +78,7 @@ describe('by its name', () => {
     assert.equal(site.node('commonjs', `require('${name}');${tell}`), 'function function');
   });
   test('the statement language can, and leaves nothing', () => {
-    const names = 'check,encode,explain,load,outline,reopen';
+    const names = 'check,encode,explain,load,outline,reopen,uses';
     const tell =
       'console.log(Object.keys(all).sort().join(), globalThis.ZOLT20Error, all.check("endif").length)';
     const name = 'zolt20-map-control/language';

@@ -90,6 +90,27 @@ export interface Finding {
   readonly node: number;
 }
 
+/** A place of a name of the catalogue, or of a function. */
+export interface Use {
+  /** From 1; a line ends with CR LF, CR or LF. */
+  readonly line: number;
+  /** From 1. */
+  readonly column: number;
+  /** Its place in the text, from 0. */
+  readonly first: number;
+  /** Of the whole name, without the star of `ORDERS__.*`. */
+  readonly length: number;
+  readonly kind: 'table' | 'field' | 'index' | 'function';
+  /** As it stands there: `CUSTOMER`, `CUSTOMER.C_ID`, `CUSTOMER._index1`, `round`. */
+  readonly name: string;
+  /** What the text is there. In a plain statement or a text in quotes it need not mean the catalogue. */
+  readonly place: 'clause' | 'head' | 'statement' | 'string';
+  /** The index of the node of the tree that it stands in. */
+  readonly node: number;
+  /** Only with a catalogue: whether it has the name not. Functions and texts in quotes are never missing. */
+  readonly missing?: boolean;
+}
+
 /** What a node does. */
 export interface Explanation {
   readonly sentence: string;
@@ -174,6 +195,9 @@ export declare function outline(text: string): OutlineNode[];
 
 /** What is wrong in the text, in its order. Names are looked at with a catalogue. Of each code the first 1,000 are told. */
 export declare function check(text: string, catalogue?: Catalogue | null): Finding[];
+
+/** Where tables, fields, indexes and functions stand, in the order of the text. With a catalogue its tables are known by their names; without one a table's name has 8 characters. */
+export declare function uses(text: string, catalogue?: Catalogue | null): Use[];
 
 /** What the text does, a sentence for each statement and each block. */
 export declare function explain(text: string): Explanation[];

@@ -12,6 +12,7 @@ interface LanguageExports extends ExchangeExports {
   use_catalogue(tables: number): void;
   outline(): void;
   check(withCatalogue: number): void;
+  uses(withCatalogue: number): void;
   explain(): void;
   reopen(): void;
   open(): void;
@@ -115,6 +116,27 @@ class Language {
     return findings;
   }
 
+  uses(text: string, catalogue: Types.Catalogue | undefined): Types.Use[] {
+    if (catalogue !== undefined) this.#use(catalogue);
+    const told = this.#ask(text, (exports) => exports.uses(Number(catalogue !== undefined)));
+    const uses: Types.Use[] = [];
+    while (!told.isOver) {
+      const [line, column, first, length] = [
+        told.number(),
+        told.number(),
+        told.number(),
+        told.number(),
+      ];
+      const node = told.number();
+      const [kind, place] = [told.text<Types.Use['kind']>(), told.text<Types.Use['place']>()];
+      const missing = told.number() !== 0;
+      const name = text.slice(first, first + length);
+      const use = {line, column, first, length, kind, name, place, node};
+      uses.push(catalogue === undefined ? use : {...use, missing});
+    }
+    return uses;
+  }
+
   explain(text: string): Types.Explanation[] {
     const told = this.#ask(text, (exports) => exports.explain());
     const explanations: Types.Explanation[] = [];
@@ -200,6 +222,12 @@ export const check: typeof Types.check = (text, catalogue) => {
   if (catalogue === undefined || catalogue === null) return ready().check(text, undefined);
   needCatalogue(catalogue, 'check');
   return ready().check(text, catalogue);
+};
+export const uses: typeof Types.uses = (text, catalogue) => {
+  needText(text, 'uses');
+  if (catalogue === undefined || catalogue === null) return ready().uses(text, undefined);
+  needCatalogue(catalogue, 'uses');
+  return ready().uses(text, catalogue);
 };
 export const explain: typeof Types.explain = (text) => {
   needText(text, 'explain');
