@@ -6,7 +6,7 @@
 namespace zolt20::faces {
 namespace {
 
-// How bright a colour is to the eye, from 0 to 1.
+// The relative luminance of a colour, how bright it is to the eye, from 0 to 1.
 double LuminanceOf(const Rgb& colour) {
   const auto part = [](int value) {
     const double share = value / 255.0;

@@ -1,4 +1,4 @@
-// What the BackColor of a control asks of a platform. Knows none.
+// Background colours: what the BackColor of a control means, independent of the platform.
 #pragma once
 
 #include <optional>
@@ -20,10 +20,10 @@ enum class SystemColour : unsigned {
   kHighlightedText = 0x8000000E,
 };
 
-/// The BackColor of a control that has one: of a combo, and of the box of a condition.
+/// The BackColor of a control that has one: a combo box, or the box of a condition.
 std::optional<unsigned> BackColorOf(const Control& control);
 
-/// The system colour that a BackColor is; none for a plain number.
+/// The system colour that a BackColor stands for; none for a plain number.
 std::optional<SystemColour> SystemColourOf(unsigned backColor);
 
 /// Whether a text of that colour can be read on a background: a contrast of at least 4.5 to 1.

@@ -44,7 +44,7 @@ bool CaseFold::Begins(StringView text, StringView part) const {
   return part.size() <= text.size() && BeginsAt(text.data(), part);
 }
 
-// Asked of the platform once, and not before texts are compared.
+// Cached: asks the platform's rules once, at the first comparison.
 bool CaseFold::KeepsToAscii() const {
   if (!keepsToAscii_.has_value()) {
     String ascii;

@@ -1,8 +1,8 @@
-// Texts compared in any letter case, as the platform has it. Knows no platform.
+// Case-insensitive comparison by the platform's rules of case folding, which the platform hands in.
 //
-// A platform's own rules cost a call and a copy for each text, and most rows are plain ASCII. Such
-// a text is compared where it stands, as long as the platform's rules for ASCII are the common
-// ones.
+// A platform's own rules cost a call and a copy for each text, and most rows are plain ASCII. ASCII
+// texts take a fast path: they are compared in place, provided the platform folds ASCII the common
+// way.
 #pragma once
 
 #include <functional>
@@ -14,14 +14,14 @@ namespace zolt20::faces {
 
 class CaseFold {
  public:
-  /// Gives a text in one letter case.
+  /// Returns a text folded to one letter case.
   using Rules = std::function<String(StringView)>;
 
-  /// By default letters of Latin-1 are alike.
+  /// The default rules ignore the case of Latin-1 letters.
   explicit CaseFold(Rules rules = {});
 
   String operator()(StringView text) const { return rules_(text); }
-  /// Whether a text in one letter case holds or begins with `part`, which is in one letter case.
+  /// Whether the folded text holds or begins with `part`, which must be folded already.
   bool Holds(StringView text, StringView part) const;
   bool Begins(StringView text, StringView part) const;
 

@@ -25,7 +25,7 @@ CaseSpan CaseSpanOf(const Surface& form, const Control& control) {
   } else {
     span.top.rows = (control.Top() - first.top) / pitch;
     span.height.rows = 1;
-    // The lower edge of a row that was scrolled away would look out at the head.
+    // Else the lower edge of a row scrolled out at the top would still be visible.
     if (control.Top() < 0) span.top.twips -= first.top;
   }
   return span;

@@ -1,24 +1,24 @@
-// Where the rows of an On...Case, their scroll bar and button stand when letters need more room
-// than the form has for them. The form's own places are those of small letters; a face measures its
-// letters, and this tells how far each thing moves. No state of the form changes with it.
+// Scaling the rows of an On...Case, their scroll bar and button to a larger font. The form's own
+// places suit small letters; a face measures its letters, and this computes how far each control
+// moves and grows. The state of the form does not change.
 #pragma once
 
 #include "surface/surface.h"
 
 namespace zolt20::faces {
 
-/// How wide the frame of the rows is at least: what lies in it, with a margin behind it like that
-/// before it.
+/// The least width of the frame of the rows: what lies in it, with the same margin on the right as
+/// on the left.
 inline constexpr int kCaseFrameTwips = 6720 + 825 + 120;
 
-/// A height that grows with the letters: that of the form, and on top of it so many times the twips
-/// by which a row, and by which the button, is taller than in the form.
+/// A length that grows with the font: the form's own `twips`, plus `rows` times the growth of a row
+/// and `buttons` times the growth of the button over their heights in the form.
 struct Stretch {
   int twips = 0;
   int rows = 0;
   int buttons = 0;
 
-  /// For growths from 0, in the measure of `down`, which turns twips into it.
+  /// The length in the unit that `down` converts twips to; the two growths are in it, from 0.
   template <typename Measure>
   auto In(const Measure& down, decltype(down(0)) row, decltype(down(0)) button) const {
     return down(twips) + rows * row + buttons * button;
@@ -28,13 +28,13 @@ struct Stretch {
 };
 
 struct CaseSpan {
-  Stretch top;  // 0 for the frame, whose top the face knows
+  Stretch top;  // 0 for the frame, which the face places itself
   Stretch height;
 };
 
-/// Of the frame of the rows, fracase, or of a control in it. Where a row grows, the rows below move
-/// along, and as many of them as the form has room for stay within the frame; of the others nothing
-/// is in it. The button grows upwards, and the scroll bar ends above it.
+/// The top and height of the frame of the rows, fracase, or of a control in it. Where rows grow,
+/// the rows below move down, and the frame still shows as many whole rows as in the form and
+/// nothing of the others. The button grows upwards, and the scroll bar ends above it.
 CaseSpan CaseSpanOf(const Surface& form, const Control& control);
 
 }  // namespace zolt20::faces

@@ -9,7 +9,7 @@ bool IsSecondHalf(char16_t unit) {
   return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-// So many characters of the text, without the half of one.
+// `count` characters of the text around an ellipsis, without splitting a surrogate pair.
 String Kept(StringView text, std::size_t count) {
   std::size_t head = (count + 1) / 2;
   std::size_t tail = text.size() - count / 2;

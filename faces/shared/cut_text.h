@@ -1,4 +1,4 @@
-// Texts that are too long for their place. Knows no platform.
+// Eliding texts that are too long for their place. Knows no platform.
 #pragma once
 
 #include <functional>
@@ -7,8 +7,8 @@
 
 namespace zolt20::faces {
 
-/// The text, or as much of its beginning and its end as has room with "..." as one character in the
-/// middle, at least one character. `width` tells how wide a text is, in the measure of `room`.
+/// The text if it fits, else elided in the middle: as much of its beginning and end as has room
+/// around one ellipsis character, at least one character. `width` measures in the unit of `room`.
 String CutInTheMiddle(const String& text, int room, const std::function<int(StringView)>& width);
 
 }  // namespace zolt20::faces

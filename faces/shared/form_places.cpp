@@ -7,7 +7,7 @@ namespace zolt20::faces {
 namespace {
 
 constexpr int kMargin = 120;
-// The least heights of lines, and how much higher than its line a thing is.
+// The least heights of lines, and the padding that each kind of control adds to a line's height.
 constexpr int kLine = 240;
 constexpr int kSmallLine = 210;
 constexpr int kTabEdges = 135;
@@ -15,14 +15,14 @@ constexpr int kFieldEdges = 90;
 constexpr int kButtonEdges = 150;
 constexpr int kCaptionEdge = 30;
 constexpr int kLinesOfCase = 2;
-// The widths beside a text.
+// The padding that each kind of control adds to the width of its text.
 constexpr int kLabelEnd = 30;
 constexpr int kTabSides = 240;
 constexpr int kButtonSides = 300;
 constexpr int kOptionSides = 390;
 // The least widths.
 constexpr int kButtonWidth = 1'350;
-constexpr int kSignWidth = 600;  // of a button with a sign for a caption
+constexpr int kSignWidth = 600;  // of a button with a symbol for a caption
 constexpr int kFieldWidth = 900;
 constexpr int kListWidth = 1'500;
 constexpr int kLinesWidth = 2'000;
@@ -54,7 +54,7 @@ bool IsMultiLine(const Design& control) {
   return (control.style & kMultiLine) != 0;
 }
 
-// Whether a control is as high as its line, however much room there is.
+// Whether a control has a fixed height of one line, however much room there is.
 bool HasOneLine(const Design& control) {
   switch (control.kind) {
     case Kind::TextBox:
@@ -70,8 +70,8 @@ bool HasOneLine(const Design& control) {
   }
 }
 
-// Shares a length among parts: what has no weight gets its least, the others what is left by their
-// weights, none less than its least.
+// Shares a length among parts: a part of weight 0 gets its least length; the others share the rest
+// by their weights, none getting less than its least length.
 std::vector<int> Shared(const std::vector<Part>& parts, const std::vector<int>& least, int length) {
   std::vector<int> shares = least;
   std::vector<bool> isSettled;
@@ -167,7 +167,7 @@ FormPlaces::Extent FormPlaces::OfControl(const Design& control) const {
   }
 }
 
-// What a frame needs around what is in it.
+// The border and caption that a frame adds to the size of its contents.
 FormPlaces::Extent FormPlaces::AroundOf(const Part& part) const {
   if (part.kind != PartKind::kFrame || (part.control->style & kNoBorder) != 0) return {};
   const bool hasCaption = part.control->kind == Kind::Frame;
@@ -303,7 +303,7 @@ void FormPlaces::PutAlong(const Part& part, Box box, bool isAcross) {
   }
 }
 
-// What is one line high stands at the foot of a row, a label in the middle of the last line.
+// Aligns controls of one line at the bottom of their row, a label in the middle of the last line.
 FormPlaces::Box FormPlaces::Aligned(const Part& part, Box box) const {
   const bool isOneLine = part.kind == PartKind::kTools ||
                          (part.kind == PartKind::kControl && HasOneLine(*part.control));
@@ -314,7 +314,7 @@ FormPlaces::Box FormPlaces::Aligned(const Part& part, Box box) const {
   return {{box.left, box.Bottom() - height - below, box.width, height}};
 }
 
-// The label stands beside the first line of its box.
+// Places a label beside the first line of its box.
 void FormPlaces::PutPair(const Part& pair, Box box, int labelWidth) {
   const Part& label = pair.parts.front();
   Put(label, {{box.left, box.top + (field_ - line_) / 2, labelWidth, line_}});
@@ -333,7 +333,7 @@ int FormPlaces::CaseLength(const Stretch& length) const {
 
 Geometry FormPlaces::Of(const Control& control) const {
   if (control.frame() == &form_.fracase) {
-    // In a wider frame the boxes and what stands beside them are wider.
+    // Scales all widths and left edges with the width of the frame.
     const auto across = [this](int twips) { return twips * caseWidth_ / kCaseFrameTwips; };
     const CaseSpan span = CaseSpanOf(form_, control);
     return {across(control.Left()), CaseLength(span.top), across(control.Width()),

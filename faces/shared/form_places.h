@@ -1,5 +1,5 @@
-// Where everything on the form stands at a size of it, in twips: the solver of the layout, for
-// faces whose platform has none. A plain computation that knows no window.
+// The layout engine for faces whose platform has none: computes from the layout (layout.h) where
+// everything on a form of a given size stands, in twips. A pure computation that knows no window.
 #pragma once
 
 #include <functional>
@@ -11,8 +11,8 @@
 
 namespace zolt20::faces {
 
-/// What a form's letters need, in twips. Where a height or the widths are not known it is what
-/// small letters need.
+/// Font metrics of a form, in twips. A height of 0, or no `width`, means those of a small font: the
+/// least that the layout allows.
 struct Letters {
   int line = 0;       ///< the height of a line
   int smallLine = 0;  ///< of the notes
@@ -26,22 +26,22 @@ class FormPlaces {
   static constexpr int kWidth = 12'600;
   static constexpr int kHeight = 8'700;
 
-  /// Of a form of that size, or of the least where that is larger. What is left over is shared as
-  /// the layout has it; nothing is smaller than its letters need.
+  /// Lays out a form of that size, clamped to the least size at which every text fits. Room that is
+  /// left over is shared by the weights of the layout.
   FormPlaces(const Surface& form, int width, int height, const Letters& letters);
 
-  /// Within the control's frame, or the form. Of an element that was loaded since, its own place.
+  /// A control's place within its frame, or the form. For an element loaded since, its own place.
   Geometry Of(const Control& control) const;
-  /// Of the line that filters a list or a combo. Empty where there is none.
+  /// The place of the line that filters a list or a combo. Empty where there is none.
   Geometry FilterOf(const Control& control) const;
-  /// Of the line that tells of marks in a list which its filter hides. Empty where there is none.
+  /// The place of the line that tells of marks hidden by a filter. Empty where there is none.
   Geometry MarksOf(const Control& control) const;
-  /// Of the button that takes back what the person did, and of that which does it again.
+  /// The places of the Undo and Redo buttons.
   Geometry Undo() const;
   Geometry Redo() const;
-  /// What the pages have in common.
+  /// The place that all pages share.
   Geometry Pages() const { return pages_; }
-  /// The size of the whole, from the least on.
+  /// The size of the whole form, at least the least size.
   int Width() const { return width_; }
   int Height() const { return height_; }
 
@@ -79,7 +79,7 @@ class FormPlaces {
   int width_ = 0;
   int height_ = 0;
   int caseWidth_ = kCaseFrameTwips;
-  // Heights.
+  // Heights, in twips.
   int line_;
   int smallLine_;
   int field_;  // a box of one line

@@ -7,7 +7,7 @@
 namespace zolt20::faces {
 namespace {
 
-// The letter of a caption that works with Alt; no two on a page are the same.
+// The mnemonic of a caption, its letter for Alt; unique on each page.
 char16_t LetterOf(ControlName name) {
   switch (name) {
     case ControlName::cmdClear:
@@ -55,7 +55,7 @@ char16_t LetterOf(ControlName name) {
   }
 }
 
-// Without blanks at the ends, and one for each run of them.
+// The text without blanks at the ends, and with each run of blanks made one.
 String Simplified(StringView text) {
   String simple;
   for (const char16_t character : Trim(text)) {
@@ -74,7 +74,7 @@ String AccessibleName(const Control& control, const Words& words) {
     return isRow ? Filled(text, {{u"row", ToText(control.Index() + 1)}}) : String(text);
   }
   String caption = Simplified(static_cast<const CaptionedControl&>(control).Caption());
-  // The same captions stand on several pages, and on a page in several frames.
+  // A caption may occur on several pages, and in several frames of a page: add the frame or page.
   if (control.kind() == Kind::Label && control.frame() != nullptr) {
     const String frame = Simplified(control.frame()->Caption());
     return frame.empty() ? caption : Concat(caption, u", ", frame);

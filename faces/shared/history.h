@@ -1,5 +1,5 @@
-// What Undo and Redo put back: states of the control, from before each step of a person. Knows no
-// platform.
+// Undo and redo: two stacks of snapshots of the control, each from before a step of the person.
+// Knows no platform.
 #pragma once
 
 #include <any>
@@ -14,8 +14,8 @@
 
 namespace zolt20::faces {
 
-/// How a gesture stands to the steps of the history: one of its own, one that may go on with texts
-/// or with keys typed before, or none.
+/// How a gesture becomes a step of the history: as a step of its own, possibly merged with texts or
+/// keys typed before into one run of typing, or not at all.
 enum class Run { kStep, kTyping, kKeys, kFocus };
 
 class History {
@@ -29,7 +29,7 @@ class History {
   };
 
   bool IsOn() const { return isOn_; }
-  /// Switched off it forgets, and keeps nothing.
+  /// Switching off clears the history; while it is off, nothing is recorded.
   void Switch(bool on) {
     isOn_ = on;
     if (!on) Forget();
@@ -49,10 +49,10 @@ class History {
     before_ = Step{control.Save(), hostData};
     textBefore_ = TextOf(source);
   }
-  /// Whether it goes on with the step before.
+  /// Whether the gesture is merged with the step before.
   bool GoesOn() const { return goesOn_; }
-  /// The gesture is over and changed something, or nothing but the focus. Gives whether the steps
-  /// are others now.
+  /// The gesture is over; `anythingChanged` unless it changed the focus alone or nothing. Returns
+  /// whether the steps changed.
   bool End(bool anythingChanged) {
     std::optional<Step> before = std::exchange(before_, std::nullopt);
     if (!goesOn_) typing_ = nullptr;
@@ -60,7 +60,7 @@ class History {
       Add(std::move(*before));
       return true;
     }
-    // A run of typing that has come back to where it began is no step.
+    // A run of typing that has come back to the text where it began is dropped as a step.
     if (!goesOn_ || undo_.empty() || !textBefore_ ||
         StringView(*textBefore_) != StringView(TypedText(*source_)))
       return false;
@@ -75,7 +75,7 @@ class History {
     typing_ = nullptr;
   }
 
-  /// The state to put back, in exchange for the state as it is now. There is one.
+  /// Returns the state to restore and stores `now` on the other stack. Not on an empty stack.
   Step Undo(Step now) { return Exchange(std::move(now), undo_, redo_); }
   Step Redo(Step now) { return Exchange(std::move(now), redo_, undo_); }
 
@@ -109,7 +109,7 @@ class History {
   const Control* source_ = nullptr;
   bool goesOn_ = false;
   std::optional<Step> before_;
-  std::optional<String> textBefore_;  // from where the run of typing began
+  std::optional<String> textBefore_;  // when the run of typing began
 };
 
 }  // namespace zolt20::faces

@@ -45,7 +45,7 @@ Part Stack(int weight, Parts parts) {
 Part Frame(ControlName frame, int weight, Parts parts, Gap gap = Gap::kUsual) {
   return {PartKind::kFrame, "frame", weight, gap, &DesignOf(frame), std::move(parts)};
 }
-// A label, and below it what it names; where that is long, with a filter between them.
+// A label, and below it the control that it names; above a long list, with a filter between them.
 Part Named(ControlName label, ControlName box, int weight) {
   return Column("named", weight, {Of(label), Of(box, 1)}, Gap::kTight);
 }
@@ -70,7 +70,7 @@ Part Pair(ControlName label, ControlName box, int weight = 0) {
 Part Fields(int weight, Parts pairs) {
   return {PartKind::kFields, "fields", weight, Gap::kUsual, nullptr, std::move(pairs)};
 }
-// What a page has at its foot: how it is used, and the button to the Result.
+// The foot of a page: the notes on how it is used, and the button to the Result.
 Part Foot(std::initializer_list<ControlName> notes, ControlName button) {
   Part text{PartKind::kNotes, "notes", 1, Gap::kNone, nullptr, All(notes)};
   return Row("foot", 0, {std::move(text), Of(button)});
@@ -99,8 +99,8 @@ Part Where() {
   Part operands = Row("operands", 0,
                       {SearchedCombo(Label6, cboWhereFields, 3), NamedCombo(Label7, cboOper, 2),
                        SearchedCombo(Label8, cboWhereFields1, 3)});
-  // The two views of the condition take turns. At first both are visible: the where text lies on
-  // top.
+  // The two views of the condition alternate in one place. At first both are visible, with the
+  // where text on top.
   Part views = Stack(1, {Frame(FraCondition, 0, {Of(txtCondition, 1)}),
                          Frame(FrawhereCondition, 0, {Of(txtwhereCondition, 1)})});
   Part condition = Column("condition", 3,
@@ -130,7 +130,7 @@ Part OnCase() {
   Part head = Row("case-head", 0,
                   {Fields(2, {Pair(lblexprcase, txtcaseexp), Space()}),
                    Fields(3, {Pair(lblDefault, TxtDef, 1)})});
-  // Above the boxes of the rows, which have places of their own: 120 and 2640 of 7665 twips.
+  // Headings above the boxes of the rows, which have fixed places: 120 and 2640 of 7665 twips.
   Part words = Row("case-words", 0, {Space(120), Of(lblexpr, 2520), Of(lblstmt, 5025)}, Gap::kNone);
   Part rows{PartKind::kOwn,
             "cases",

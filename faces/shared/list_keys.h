@@ -1,7 +1,7 @@
-// Which row of a list a key goes to, and what it does there. Knows no platform.
+// Keyboard navigation in a list: the row a key goes to, and what it does there. Knows no platform.
 //
 // As in a list of Windows: in a single selection a key that moves marks the row that it comes to,
-// at an end of the list the same row again. In other lists it moves alone, and Space marks.
+// at an end of the list the same row again. In other lists keys only move, and Space marks.
 #pragma once
 
 #include <optional>
@@ -12,23 +12,23 @@ namespace zolt20::faces {
 
 enum class ListKey { kUp, kDown, kPageUp, kPageDown, kHome, kEnd, kSpace, kEnter };
 
-/// A list when a key comes.
+/// The state of a list when a key is pressed.
 struct ListPlace {
-  int current = -1;  ///< the row that the keys stand on, -1 for none
+  int current = -1;  ///< the current row, which has the focus rectangle, -1 for none
   int count = 0;     ///< of rows
-  int page = 1;      ///< the rows that are seen at once
+  int page = 1;      ///< how many rows are visible at once
   bool isSingle = false;
 };
 
 struct ListStep {
-  int row = -1;                         ///< the row of the step, -1 for no step at all
-  bool moves = false;                   ///< the keys stand on the row from now on, and it is seen
-  std::optional<Gesture> gesture = {};  ///< what the person makes of the row
+  int row = -1;        ///< the row of the step, -1 for no step at all
+  bool moves = false;  ///< the row becomes the current one and is scrolled into view
+  std::optional<Gesture> gesture = {};  ///< the gesture that the key makes on the row
 };
 
 ListStep StepOf(ListKey key, const ListPlace& place);
 
-/// The step to a row that was found otherwise, such as by its letters.
+/// The step to a row that was found in another way, such as by type-ahead.
 ListStep StepTo(int row, bool isSingle);
 
 /// Tells the second press of a double click from a click. Platforms count presses by place and
@@ -36,7 +36,7 @@ ListStep StepTo(int row, bool isSingle);
 /// presses.
 class RowPresses {
  public:
-  /// What a press on a row is. isCountedTwo: the platform has it for the second of a double click.
+  /// The gesture of a press on a row. isCountedTwo: the platform counts it as a double click.
   Gesture GestureOf(int row, bool isCountedTwo);
 
  private:

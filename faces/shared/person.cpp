@@ -9,7 +9,7 @@
 namespace zolt20::faces {
 namespace {
 
-// How a gesture stands to the steps of the history.
+// How a gesture becomes a step of the history.
 Run RunOf(Gesture gesture) {
   switch (gesture) {
     case Gesture::kType:
@@ -38,7 +38,7 @@ Person::~Person() {
 End Person::Make(UserGesture gesture) {
   const Control& source = *gesture.control;
   const Run run = RunOf(gesture.gesture);
-  // The platform may show what the person did and the control does not take.
+  // The platform's widget may already show what the person did, though the control may refuse it.
   if (run == Run::kFocus) {
     changes_.focusMoved = true;
   } else {
@@ -58,8 +58,8 @@ End Person::Make(UserGesture gesture) {
   const End kept = Guard([&] { changes_.historyChanged |= history_.End(anythingChanged_); });
   TellMark();
   const bool isTyped = made_.gesture.gesture == Gesture::kType && outcome == Outcome::kDone;
-  // The control's caret is at the end now. Where the person types it stays, unless the text became
-  // another.
+  // The control's caret is at the end now. The widget's caret stays where the person types, unless
+  // a handler changed the text.
   if (isTyped && changes_.changed.count(&source) != 0 && TypedText(source) == made_.gesture.text)
     ShownAsItIs(source);
   return end == End::kDone ? kept : end;
@@ -93,7 +93,7 @@ End Person::Key(const TextBox& box, char16_t code, TextMark mark) {
   const auto where = isAtCaret ? std::nullopt : std::optional(mark);
   const End end = Make({Gesture::kKey, &box, static_cast<std::int16_t>(code), {}, where});
   if (end == End::kNotTaken || changes_.changed.count(&box) == 0) return end;
-  // A key that was dropped leaves the mark, and one that came moves the caret wherever it is.
+  // A key that the control dropped leaves the selection; one that took effect moves the caret.
   if (box.Text() == before && box.SelStart() == mark.from) {
     ShownAsItIs(box);
   } else {
@@ -102,8 +102,8 @@ End Person::Key(const TextBox& box, char16_t code, TextMark mark) {
   return end;
 }
 
-// Screen readers tell a mark that the space bar made or took. One that another key took, and the
-// one that the space bar makes again after that, they do not.
+// Screen readers announce a mark that Space sets or clears. A mark that another key cleared, and
+// one that Space then sets on the same row again, they do not announce, so it is told here.
 void Person::TellMark() {
   const UserGesture& gesture = made_.gesture;
   const bool isTwice = gesture.gesture == Gesture::kDoubleClickRow;
@@ -121,7 +121,7 @@ void Person::TellMark() {
   }
 }
 
-// What is shown of the box is its text already, and the caret stays.
+// Clears the dirty bits of text and caret: the widget shows the text already, and its caret stays.
 void Person::ShownAsItIs(const Control& box) {
   changes_.changed[&box].what &=
       ~(Change::BitOf(Property::kText) | Change::BitOf(Property::kSelStart));
@@ -229,7 +229,7 @@ void Person::ElementLoaded(const Control& element) noexcept {
 
 void Person::ElementUnloading(const Control& element) noexcept {
   anythingChanged_ = true;
-  changes_.focusMoved = true;  // the platform's may have been there
+  changes_.focusMoved = true;  // the platform's focus may have been there
   changes_.changed.erase(&element);
   changes_.gone.push_back(&element);
 }

@@ -1,12 +1,12 @@
 // The person at a control: what happens between a gesture of theirs and what they see of it.
 //
-// A face translates: an event of its platform into one call of the person, and what changed into
-// calls of its platform. What needs a decision is decided here, with no platform: whether a gesture
-// is taken now, what is one step of the history, what a gesture that fails is told as, which
-// controls have to be shown again, and whether what is shown of a box is right as it is.
+// A face only translates: an event of its platform into one call of Person, and the noted changes
+// into calls of its platform. Decisions are made here, without a platform: whether a gesture is
+// taken now, what is one step of the history, how a failed gesture is reported, which controls are
+// dirty and have to be shown again, and whether what a box shows is right already.
 //
-// A gesture is taken only while no other call is in progress. Then handlers and events run inside
-// the call.
+// A gesture is taken only while no other call is in progress, which prevents re-entrancy. Handlers
+// and events run inside the call.
 #pragma once
 
 #include <any>
@@ -24,37 +24,37 @@
 
 namespace zolt20::faces {
 
-/// How a call of the person's ended.
+/// The result of a gesture, an Undo or Redo, or a call in Try.
 enum class End {
   kDone = 0,          ///< also for a gesture that the form refused
   kRuntimeError = 1,  ///< with a Failure
   kFailed = 2,        ///< with a Failure: the host's code threw, or memory ran out
-  kNotTaken = 3,      ///< within another call, or nothing to take back
+  kNotTaken = 3,      ///< came within another call, or there is nothing to undo or redo
 };
 
 /// Why a gesture failed.
 struct Failure {
-  std::string_view kind;  ///< of a run-time error its kind in one word, "host" of anything else
+  std::string_view kind;  ///< the kind of a run-time error in one word, "host" for anything else
   int number = 0;         ///< of a run-time error
   std::string text;
 };
 
-/// What changed of a control since it was shown last.
+/// The dirty bits of a control: what changed since it was shown last.
 struct Change {
   // A bit for each Property, by its number, then these.
   static constexpr int kRows = 1 << 16;
   static constexpr int kMarks = 1 << 17;
   static constexpr int BitOf(Property property) { return 1 << static_cast<int>(property); }
-  /// All but where the caret is: that of a person stays unless it has to move.
+  /// All but SelStart, the caret: the person's caret stays unless it has to move.
   static constexpr int kEverything = ((1 << 18) - 1) & ~(1 << 3);
-  /// What a platform's own control may show otherwise after a gesture that the control did not
-  /// take.
+  /// What a platform's own widget may show wrongly after a gesture that the control did not take:
+  /// all but the caret, the place and the rows.
   static constexpr int kByPlatform = kEverything & ~((1 << 11) | kRows);
   static constexpr int kAllRows = std::numeric_limits<int>::max();
 
   int what = 0;
-  // With kRows the rows that came, from the first and before the other; all when they are not the
-  // only ones that are others.
+  // With kRows: the rows from firstRow on and before behindRows were inserted; 0 and kAllRows when
+  // any row may have changed.
   int firstRow = 0;
   int behindRows = kAllRows;
 
@@ -63,18 +63,18 @@ struct Change {
 static_assert(Change::BitOf(Property::kSelStart) == 1 << 3);
 static_assert(Change::BitOf(Property::kPlace) == 1 << 11);
 
-/// What changed since it was shown last.
+/// All changes since the form was shown last.
 struct Changes {
-  std::vector<const Control*> gone;  ///< destroyed; a new control may have the address of one
+  std::vector<const Control*> gone;  ///< destroyed; a new control may reuse an address
   std::map<const Control*, Change> changed;
   bool focusMoved = false;
   bool historyChanged = false;
 };
 
-/// A gesture that was made, for a record.
+/// A gesture that was made, for hosts that record sessions.
 struct MadeGesture {
   UserGesture gesture;
-  bool goesOn = false;  ///< with the step of typing before
+  bool goesOn = false;  ///< merged with the step of typing before
 };
 
 class Person final : private SurfaceObserver {
@@ -85,32 +85,32 @@ class Person final : private SurfaceObserver {
 
   const Surface& Form() const { return control_.Form(); }
 
-  /// What a face says in: English until a host gives other words.
+  /// The words in which a face speaks: English until a host sets others.
   Words& words() { return words_; }
 
   // Gestures.
 
   End Make(UserGesture gesture);
-  /// The person made `shown` of what was shown of the box, in which `lineEnd` stands for a line
-  /// end; the caret is there.
+  /// The person edited the box, which now shows `shown`; `lineEnd` in it stands for a line end,
+  /// `caret` is a place in it.
   End Type(const Control& box, StringView shown, std::size_t caret, char16_t lineEnd);
-  /// The same in a box of one line that shows its text as it is, line ends included. What is typed
-  /// gets CR LF for each line end of any kind. `marked` was marked before.
+  /// The same for a box of one line that shows its text unchanged, line ends included. Line ends of
+  /// any kind in the typed text become CR LF. `marked` is the selection before the edit.
   End TypeInLine(const Control& box, StringView shown, std::size_t caret, TextMark marked);
-  /// A key in a box whose keys are heard, where these characters of its text are marked.
+  /// A key in a box that takes keys one by one; `mark` is the selection in its text.
   End Key(const TextBox& box, char16_t code, TextMark mark);
 
-  /// Why the last call failed. There is one after kRuntimeError and kFailed.
+  /// Why the last call failed. Valid after kRuntimeError and kFailed.
   const Failure& failure() const { return failure_; }
-  /// The gesture that was made last; without a control when there was no memory to make it.
+  /// The gesture made last; its control is nullptr when memory ran out before it was made.
   const MadeGesture& made() const { return made_; }
-  /// How many gestures were made so far, for whoever hears that something was done, and not what.
+  /// How many gestures were made so far: a counter to compare, to learn that another one was made.
   int madeCount() const { return madeCount_; }
 
-  // Calls of the host's. While one is in progress, no gesture is taken.
+  // Calls of the host. While one is in progress, no gesture is taken.
 
-  /// One is in progress, as long as this lives. Outside of everything else, one that writes forgets
-  /// the history at its end.
+  /// A guard (RAII): a call of the host is in progress during its lifetime. An outermost call that
+  /// writes clears the history at its end.
   class HostCall {
    public:
     HostCall(Person& person, bool writes)
@@ -128,13 +128,13 @@ class Person final : private SurfaceObserver {
     Person& person_;
     bool forgets_;
   };
-  /// Runs the call; what it raises passes on.
+  /// Runs the call; its exceptions propagate.
   template <typename Act>
   decltype(auto) Call(const Act& act, bool writes = true) {
     const HostCall inProgress(*this, writes);
     return act();
   }
-  /// The same, with what it raises as a Failure.
+  /// The same, but exceptions become a Failure.
   template <typename Act>
   End Try(const Act& act, bool writes = true) {
     const HostCall inProgress(*this, writes);
@@ -142,31 +142,31 @@ class Person final : private SurfaceObserver {
   }
   bool IsBusy() const { return calls_ > 0; }
 
-  /// What the host does between these two is one step of the history, such as an answer that comes
-  /// later. Within another call it is part of that. Gives whether a step began.
+  /// All that the host does between these two calls is one step of the history, such as an answer
+  /// that comes later; within another call it is part of that call. Returns whether a step began.
   bool BeginStep();
   void EndStep();
 
   // The history.
 
   bool HistoryIsOn() const { return history_.IsOn(); }
-  /// Switched off it forgets, and keeps nothing.
+  /// Switching off clears the history; while it is off, nothing is recorded.
   void SwitchHistory(bool on);
   void ForgetHistory();
   bool CanUndo() const { return history_.CanUndo(); }
   bool CanRedo() const { return history_.CanRedo(); }
   End Undo();
   End Redo();
-  /// A value of the host's that goes with the state: Undo and Redo put it back as well.
+  /// A value of the host's that is saved with each state: Undo and Redo restore it as well.
   std::any& hostData() { return hostData_; }
   const std::any& hostData() const { return hostData_; }
 
-  /// What changed, by this the last time.
+  /// Returns the changes noted since the last call, and clears them.
   Changes TakeChanges() { return std::exchange(changes_, {}); }
-  /// What the last gesture made of other controls than the one with the focus, in a few words for
-  /// those who do not see it; "" for nothing, or when the words were taken already.
+  /// Words for screen readers: what the last gesture changed in controls other than the one with
+  /// the focus; "" for nothing, or when the words were taken already.
   String TakeWords() { return told_.TakeWords(); }
-  /// All of a control has to be shown again.
+  /// Makes a control dirty: it has to be shown again, all of it or the bits `what`.
   void Note(const Control& control, int what = Change::kEverything);
   void NoteAll();
 
@@ -191,12 +191,12 @@ class Person final : private SurfaceObserver {
   ZOLT20MapControl& control_;
   History history_;
   std::any hostData_;
-  int calls_ = 0;                 // of gestures and members, one within the other
-  bool anythingChanged_ = false;  // but the focus and the tab order, since the gesture began
+  int calls_ = 0;                 // the depth of nested gestures and members
+  bool anythingChanged_ = false;  // since the gesture began, but for focus and tab order
   Changes changes_;
   Words words_;
   ToldChanges told_;
-  std::pair<const Control*, int> taken_{};  // the row of which a mark was taken last
+  std::pair<const Control*, int> taken_{};  // the row that a double click unmarked last
   MadeGesture made_;
   int madeCount_ = 0;
   Failure failure_;

@@ -54,7 +54,7 @@ String AfterEdit(StringView text, std::size_t position, std::size_t removed, Str
       between += character;
     }
   }
-  // Two line ends that come together stay two: "\r" and "\n" would be one from now on.
+  // A removal that joins "\r" and "\n" would merge two line ends into one CR LF: keep them two.
   if (between.empty() && first > 0 && behind < text.size() && text[first - 1] == u'\r' &&
       text[behind] == u'\n') {
     between = u"\n";
@@ -74,8 +74,8 @@ Edit EditBetween(StringView before, StringView after, std::size_t caret) {
                     after.begin(), after.begin() + static_cast<std::ptrdiff_t>(newEnd))
           .first -
       before.begin());
-  // What differs may end behind the caret all the same: a deletion leaves the caret before what
-  // stays.
+  // The common end may reach further: a deletion leaves the caret before the text that stays. Trim
+  // what is equal at both ends of the difference.
   while (oldEnd > first && newEnd > first && before[oldEnd - 1] == after[newEnd - 1]) {
     --oldEnd;
     --newEnd;

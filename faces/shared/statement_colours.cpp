@@ -32,7 +32,7 @@ bool IsWordCharacter(char16_t character) {
          (character >= u'A' && character <= u'Z') || character == u'_' || character > 0x7F;
 }
 
-// The place behind the run of characters that `belongs` is true of.
+// The place behind the run of characters for which `belongs` is true.
 template <typename Test>
 std::size_t RunEnd(StringView line, std::size_t from, const Test& belongs) {
   while (from < line.size() && belongs(line[from]))

@@ -1,7 +1,7 @@
-// What the words of a statement are, for faces that colour them. Knows no platform.
+// Syntax highlighting: the kinds of the words of a statement, and their looks. Knows no platform.
 //
-// A line stands for itself: no word goes on beyond a line end, so a face colours just the lines
-// that change.
+// Lines are independent: no word goes on beyond a line end, so a face colours only the lines that
+// change.
 #pragma once
 
 #include <cstddef>
@@ -21,7 +21,7 @@ enum class WordKind {
   kNumber,
 };
 
-/// A word of that kind, by its first character, from 0, and its length.
+/// A word (token) of a kind: its first character, counted from 0 in the line, and its length.
 struct ColouredWord {
   std::size_t first;
   std::size_t count;
@@ -30,8 +30,8 @@ struct ColouredWord {
   friend bool operator==(const ColouredWord&, const ColouredWord&) = default;
 };
 
-/// How a word of a kind looks. The colours are 0xRRGGBB and can be read on white and on nearly
-/// black; weight and slope tell the kinds apart without them.
+/// How a word of a kind looks. The colours are 0xRRGGBB and have enough contrast on white and on
+/// nearly black; weight and slope tell the kinds apart without colours.
 struct Look {
   std::uint32_t onLight;
   std::uint32_t onDark;

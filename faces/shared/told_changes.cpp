@@ -33,7 +33,7 @@ int WordsIn(StringView text) {
   return static_cast<int>(std::count(text.begin(), text.end(), u' ')) + 1;
 }
 
-// A short text as it is, of a long one how long it is.
+// A short text itself, or for a long text a word or its number of lines.
 String TextInWords(StringView text, bool isOfLines, const Words& words) {
   constexpr std::size_t kShort = 24;
   if (text.empty()) return String(words[Word::empty]);
@@ -52,7 +52,7 @@ String ListInWords(const ListBox& list, unsigned what, const Words& words) {
                  words[Word::rows]);
 }
 
-// What became of a control, behind its name; "" for what nobody would miss.
+// The words behind a control's name that tell its change; "" for a change not worth telling.
 String BecameOf(const Control& control, unsigned what, const Words& words) {
   const auto has = [what](Property property) { return (what & BitOf(property)) != 0; };
   const bool isOfLines = (control.design().style & kMultiLine) != 0;

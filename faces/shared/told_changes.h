@@ -1,5 +1,5 @@
-// What a person does not see of their gesture, in words: which other controls became others by it.
-// A face has them read out. Knows no platform.
+// Announcements for screen readers: which other controls changed by a gesture, in words that a face
+// has read out. Knows no platform.
 #pragma once
 
 #include <map>
@@ -10,23 +10,23 @@
 
 namespace zolt20::faces {
 
-/// Hears what changes on a form. The control and the words outlive it.
+/// Observes the changes on a form. The control and the words must outlive it.
 class ToldChanges final : private SurfaceObserver {
  public:
   explicit ToldChanges(ZOLT20MapControl& control, const Words& words = Words::English());
   ~ToldChanges() override;
 
-  /// What changed until now is not to be told.
+  /// Drops all changes noted so far, so they are not told.
   void Forget() {
     changed_.clear();
     said_.clear();
   }
-  /// The next words begin with these.
+  /// The next TakeWords begins with these words.
   void Say(String words) { said_ = std::move(words); }
-  /// What changed since Forget() or the last words, in the order of the form: "Fields 42 rows,
-  /// Result 3 lines". Only what is shown and is not the control with the focus, which a screen
-  /// reader reads by itself. Few words: behind them stands "and more". "" when there is nothing to
-  /// tell.
+  /// The changes since Forget() or the last TakeWords, in the order of the form: "Fields 42 rows,
+  /// Result 3 lines". Leaves out controls that are not shown, and the control with the focus, which
+  /// a screen reader reads by itself. Short: after a few changes comes "and more". "" when there is
+  /// nothing to tell.
   String TakeWords();
 
  private:

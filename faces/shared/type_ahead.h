@@ -1,4 +1,4 @@
-// Letters typed in a list look for the row that begins with them. Knows no platform.
+// Type-ahead: letters typed in a list find the row that begins with them. Knows no platform.
 #pragma once
 
 #include <optional>
@@ -10,13 +10,13 @@ namespace zolt20::faces {
 
 class TypeAhead {
  public:
-  /// Letters that follow each other within this time belong together, in milliseconds.
+  /// Letters typed within this time of each other, in milliseconds, form one text.
   static constexpr unsigned kSoon = 1'000;
 
-  /// The row, as it is drawn, that the letters typed so far go to, from the row `current`, -1 for
-  /// none, at a time in milliseconds that may begin anew; none when no row begins with them. The
-  /// same letter again goes to the next row of that letter, other letters stay as long as they fit.
-  /// Which letters are the same is for the rows to say.
+  /// The drawn row that the letters typed so far lead to, searched from the drawn row `current`, -1
+  /// for none; nullopt when no row begins with them. `time` is in milliseconds and may wrap around.
+  /// The same letter repeated goes to the next row of that letter; other letters stay on the row as
+  /// long as it fits. Letters are compared by the case folding of `rows`.
   std::optional<int> Find(const DrawnRows& rows, int current, char16_t letter, unsigned time);
 
  private:

@@ -1,5 +1,5 @@
-// The words that faces add to the control's own, such as the names that screen readers say: by the
-// list of words.def, in English or as a host gives them. Knows no platform.
+// The texts that faces add to the control's own, such as accessible names: the list of words.def,
+// in English or localized by a host. Knows no platform.
 #pragma once
 
 #include <initializer_list>
@@ -20,26 +20,26 @@ enum class Word {
   kCount,
 };
 
-/// What a word is called where a host gives others.
+/// The key under which a host sets another text for a word.
 std::string_view KeyOf(Word word);
-/// The name of a control that has one of its own.
+/// The word that is a control's accessible name, if words.def has one for it.
 std::optional<Word> NameWordOf(ControlName control);
 
 class Words {
  public:
-  /// Those that no host has changed.
+  /// The default words, which no host has changed.
   static const Words& English();
 
   StringView operator[](Word word) const;
   void Set(Word word, String text) { given_[word] = std::move(text); }
-  /// All are English again.
+  /// Resets all words to English.
   void Clear() { given_.clear(); }
 
  private:
   std::map<Word, String> given_;
 };
 
-/// The words with each value instead of its key in braces.
+/// The words with each placeholder, a key in braces, replaced by its value.
 String Filled(StringView words, std::initializer_list<std::pair<StringView, StringView>> values);
 
 }  // namespace zolt20::faces
