@@ -12,7 +12,7 @@ class Notification final : public QAccessibleWidget {
  public:
   explicit Notification(QWidget* widget) : QAccessibleWidget(widget, QAccessible::Notification) {}
 
-  // Although no place on the screen is its own.
+  // Reports the announcer as visible, although it has no place on the screen.
   QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
     state.invisible = false;
@@ -21,10 +21,10 @@ class Notification final : public QAccessibleWidget {
   }
 };
 
-// The role of a widget that Qt gives another one.
+// A property: the accessible role of a widget to which Qt would give another role.
 constexpr const char* kRole = "zolt20AccessibleRole";
 
-// Qt asks with the name of each class of the object, the most derived one first.
+// An accessible factory. Qt calls it for each class name of the object, the most derived one first.
 QAccessibleInterface* InterfaceOf(const QString& /*name*/, QObject* object) {
   if (auto* announcer = qobject_cast<Announcer*>(object)) return new Notification(announcer);
   const QVariant role = object->property(kRole);
@@ -57,7 +57,7 @@ Announcer::Announcer(QWidget& owner) : QWidget(&owner) {
 
 void Announcer::Tell(const QString& words) {
   if (!QAccessible::isActive()) return;
-  // Behind a message the window is told first.
+  // After a message box closes, screen readers read the window first: the words come after that.
   constexpr int kUntilActive = 150;
   const auto tell = [this, words] {
     setAccessibleName(words);

@@ -1,18 +1,18 @@
-// Has words read out that stand nowhere on the form, such as what a button did to a list beside it.
+// A live region: has screen readers read out words that stand nowhere on the form, such as what a
+// button did to a list beside it.
 //
-// A notification without a place: screen readers read it when it is told to be shown. Nobody sees
-// it.
+// An invisible notification, which screen readers read when they are told that it is shown.
 #pragma once
 
 #include <QWidget>
 
 namespace zolt20::qt {
 
-/// A widget that holds others and means nothing itself is passed over.
+/// Makes screen readers pass over a widget that only holds others.
 void PassOver(QWidget& holder);
 
-/// A frame around others is a group of them. Qt calls it what screen readers take for a window, and
-/// of what is in a window that is not active they tell nothing.
+/// Gives a frame the role of a group. By Qt's default role screen readers take it for a window, and
+/// they do not read what is in a window that is not active.
 void TellAsGroup(QWidget& frame);
 
 class Announcer final : public QWidget {
@@ -21,7 +21,7 @@ class Announcer final : public QWidget {
  public:
   explicit Announcer(QWidget& owner);
 
-  /// Nothing happens where nobody listens.
+  /// Has the words read out. Does nothing while no screen reader is active.
   void Tell(const QString& words);
 };
 

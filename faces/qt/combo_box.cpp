@@ -27,15 +27,15 @@ ComboWidget::ComboWidget(const ComboBox& combo, QWidget* parent)
   }
   if (!combo.IsEditable()) return;
   setCompleter(nullptr);
-  // Else a text that is typed like an entry picks it when the focus goes away.
+  // Else QComboBox picks an entry when the focus leaves and the typed text equals it.
   QObject::disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
   lineEdit()->setMaxLength(std::numeric_limits<int>::max());
   lineEdit()->setFocusPolicy(Qt::ClickFocus);
   connect(lineEdit(), &QLineEdit::textEdited, this, &ComboWidget::Typed);
 }
 
-// As long as the text is right, an entry that is chosen no more is forgotten later. Where it is
-// not, the caret stays where it is, as seen from the end.
+// While the text is right, currentIndex is not reset here but later, by ForgetEntry. When the text
+// is replaced, the caret keeps its distance from the end.
 void ComboWidget::Show() {
   const auto behind = isEditable() ? currentText().size() - lineEdit()->cursorPosition() : 0;
   const bool isRight = combo_.IsEditable() && View(currentText()) == StringView(combo_.Text());
@@ -67,12 +67,12 @@ void ComboWidget::keyPressEvent(QKeyEvent* event) {
   QComboBox::keyPressEvent(event);
 }
 
-// What it shows is what the form scrolls: nothing is chosen by it.
+// The wheel chooses no entry; the event goes on to the form, which scrolls.
 void ComboWidget::wheelEvent(QWheelEvent* event) {
   event->ignore();
 }
 
-// Before the list or the arrows go on from an entry that is chosen no more.
+// Before the list opens or an arrow key moves: resets a currentIndex that the control has no more.
 void ComboWidget::ForgetEntry() {
   if (combo_.ListIndex() >= 0 || currentIndex() < 0) return;
   const QString text = currentText();

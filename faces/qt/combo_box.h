@@ -1,8 +1,8 @@
 // A combo box as people see it.
 //
-// Qt's own takes the text away when no entry is chosen any more, and with it the caret and what
-// could be taken back. Here what is typed stays as it is, and the wheel chooses nothing. A list
-// that is searched opens below its box or above it, and never over it.
+// QComboBox clears the text when no entry is chosen any more, and with it the caret and its undo
+// stack. Here the typed text stays, and the wheel chooses nothing. A list with a search line opens
+// below its box or above it, and never over it.
 #pragma once
 
 #include <QComboBox>
@@ -26,7 +26,7 @@ class ComboWidget final : public QComboBox {
   bool HasSearch() const { return entries_ != nullptr; }
 
  signals:
-  /// The person made this of the text.
+  /// The person edited the text, which is now `text`.
   void Typed(const QString& text);
 
  protected:
@@ -37,7 +37,7 @@ class ComboWidget final : public QComboBox {
   void ForgetEntry();
 
   const ComboBox& combo_;
-  EntriesView* entries_ = nullptr;  // where the open list is searched
+  EntriesView* entries_ = nullptr;  // the open list with a search line, or nullptr
 };
 
 }  // namespace zolt20::qt

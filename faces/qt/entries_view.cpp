@@ -17,7 +17,7 @@ namespace zolt20::qt {
 
 EntriesView::EntriesView(const ComboBox& combo) : combo_(combo), drawn_(combo, &Folded) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setTextElideMode(Qt::ElideMiddle);  // long names are told apart by their ends
+  setTextElideMode(Qt::ElideMiddle);  // since long names differ at their ends
 }
 
 void EntriesView::MakeLine(const QComboBox& box) {
@@ -62,7 +62,7 @@ void EntriesView::Search(const QString& text) {
   line_->setAccessibleDescription(Count() == 0 ? QStringLiteral("No entries") : QString());
 }
 
-// Rows came or went.
+// Called by Qt when rows were inserted or removed.
 void EntriesView::doItemsLayout() {
   drawn_.Refresh();
   EvenRows::doItemsLayout();
@@ -72,7 +72,7 @@ QModelIndex EntriesView::IndexAt(int place) const {
   return model()->index(drawn_.ControlRow(place), 0);
 }
 
-// What the keys stand on stays: it may be picked yet.
+// The current entry stays, since Qt may pick it after the list is hidden.
 void EntriesView::hideEvent(QHideEvent* event) {
   EvenRows::hideEvent(event);
   if (line_ == nullptr) return;
@@ -102,7 +102,7 @@ void EntriesView::paintEvent(QPaintEvent* event) {
   }
 }
 
-// What is told to those who are read to.
+// Events for screen readers.
 void EntriesView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
   if (hasFocus()) Tell(QAccessible::Focus, current);
@@ -110,7 +110,7 @@ void EntriesView::currentChanged(const QModelIndex& current, const QModelIndex& 
 
 // Keys.
 
-// In an empty line there is nowhere to go for the caret.
+// Which keys move in the list and not in the search line. Home and End do while the line is empty.
 bool EntriesView::IsForList(const QKeyEvent& key) const {
   switch (key.key()) {
     case Qt::Key_Up:

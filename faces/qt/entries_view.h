@@ -1,8 +1,8 @@
-// The open list of a combo that is searched: a line at its top, and below it those entries that
+// The open list of a combo with a search: a search line at its top, and below it the entries that
 // hold its text.
 //
-// The model keeps all entries, so that the combo knows nothing of the search: only what is drawn
-// and where the keys go is less. The line has the keyboard as long as the list is open.
+// The model keeps all entries, so that the combo knows nothing of the search: only drawing and key
+// navigation leave entries out. The search line has the keyboard focus while the list is open.
 #pragma once
 
 #include "faces/qt/even_rows.h"
@@ -15,10 +15,10 @@ namespace zolt20::qt {
 
 class EntriesView final : public EvenRows {
  public:
-  /// The control outlives it.
+  /// The control must outlive the view.
   explicit EntriesView(const ComboBox& combo);
 
-  /// The list of the box is open, as high as Qt wants it to be: now with a line that is empty.
+  /// Adds an empty search line to the list of `box`, which Qt has just opened at its own height.
   void ShowLine(const QComboBox& box);
 
   void doItemsLayout() override;
@@ -41,7 +41,7 @@ class EntriesView final : public EvenRows {
 
   const ComboBox& combo_;
   faces::DrawnRows drawn_;
-  QLineEdit* line_ = nullptr;  // from when the list opens first
+  QLineEdit* line_ = nullptr;  // made when the list first opens
 };
 
 }  // namespace zolt20::qt

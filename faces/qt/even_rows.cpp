@@ -5,10 +5,10 @@
 
 namespace zolt20::qt {
 
-// Where the rows stand.
+// The places of the rows.
 
 int EvenRows::RowHeight() const {
-  constexpr int kRoom = 5;  // also for what hangs below the line, such as underscores
+  constexpr int kRoom = 5;  // also for parts below the base line, such as underscores
   return fontMetrics().height() + kRoom;
 }
 
@@ -16,7 +16,7 @@ int EvenRows::RowsInSight() const {
   return std::max(viewport()->height() / RowHeight(), 1);
 }
 
-// Past the layout of QListView, which walks all rows.
+// Bypasses the layout of QListView, whose time grows with the number of all rows.
 void EvenRows::doItemsLayout() {
   QAbstractItemView::doItemsLayout();  // NOLINT(bugprone-parent-virtual-call)
 }
@@ -67,8 +67,8 @@ QRegion EvenRows::visualRegionForSelection(const QItemSelection& /*selection*/) 
   return viewport()->rect();
 }
 
-// What is told to those who are read to. QListView would tell it by where its own layout has the
-// rows.
+// Events for screen readers. QListView would send them by the places of rows in its own layout,
+// which is bypassed here.
 
 void EvenRows::Tell(QAccessible::Event what, const QModelIndex& index) {
   if (!QAccessible::isActive() || !index.isValid()) return;

@@ -1,5 +1,5 @@
-// Rows of one height: a QListView for Qt and for screen readers, but it knows where each row stands
-// without laying out the others.
+// A virtual list with rows of one height: a QListView for Qt and for screen readers, which computes
+// the place of a row without laying out the others.
 #pragma once
 
 #include <QAccessible>
@@ -17,13 +17,13 @@ class EvenRows : public QListView {
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
  protected:
-  /// How many rows are drawn, what is drawn at a place from 0, and back; -1 for what is not drawn.
+  /// How many rows are drawn, the index drawn at a place from 0, and back; -1 if it is not drawn.
   virtual int Count() const { return model()->rowCount(); }
   virtual QModelIndex IndexAt(int place) const { return model()->index(place, 0); }
   virtual int PlaceOf(const QModelIndex& index) const { return index.row(); }
 
   int RowHeight() const;
-  /// How many rows are wholly in sight, at least 1.
+  /// How many rows are wholly visible, at least 1.
   int RowsInSight() const;
   void Tell(QAccessible::Event what, const QModelIndex& index);
 

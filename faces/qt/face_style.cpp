@@ -103,7 +103,7 @@ void FaceStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     DrawOutline(*option, *painter, option->rect, kBoxRadius);
 }
 
-// The letters of the caption are the frame's own, those of what lies in it the form's.
+// Draws the caption of a frame in its own font family; the contents keep the font of the form.
 void FaceStyle::DrawFrame(const QStyleOptionGroupBox& option, const QStringList& families,
                           QPainter& painter, const QWidget& widget) const {
   QFont letters = widget.font();

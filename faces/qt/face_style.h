@@ -1,6 +1,6 @@
-// The style of the application, with outlines that can be seen in a dark palette: there the common
-// styles draw boxes, check boxes and options with outlines darker than their ground. A flat group
-// box is nothing but what lies in it, and small print is darker than a placeholder.
+// A proxy style over that of the application, with outlines that can be seen in a dark palette: the
+// common styles draw boxes, check boxes and options with outlines darker than their background. A
+// flat group box is drawn as its contents alone, and small print darker than a placeholder.
 #pragma once
 
 #include <QProxyStyle>
@@ -8,15 +8,15 @@
 
 namespace zolt20::qt {
 
-/// The property of a frame that names the families of its caption's letters, where these are not
-/// the frame's.
+/// The property of a frame that names the font families of its caption, where these differ from
+/// the frame's font.
 inline constexpr char kCaptionFamilies[] = "captionFamilies";
 
 class FaceStyle final : public QProxyStyle {
   Q_OBJECT
 
  public:
-  /// Over a style of the same name as the application's.
+  /// A proxy of a new style with the name of the application's style.
   FaceStyle();
 
   void drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& palette,

@@ -24,7 +24,7 @@
 namespace zolt20::qt {
 namespace {
 
-// The line that a widget is or, in a combo box, holds; nullptr when there is none.
+// The QLineEdit that a widget is or, as a combo box, contains; nullptr when there is none.
 const QLineEdit* LineOf(const QWidget& widget) {
   if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) return combo->lineEdit();
   return qobject_cast<const QLineEdit*>(&widget);
@@ -49,7 +49,7 @@ FormFace::FormFace(QWidget& owner, ZOLT20MapControl& control)
 
 FormFace::~FormFace() {
   control_.RemoveObserver(*this);
-  // While the models of the widgets have their lists. What they tell on their way is nobody's act.
+  // While the lists of the models exist. Signals of widgets being destroyed are not gestures.
   isShowing_ = true;
   qDeleteAll(owner_.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
 }
@@ -95,7 +95,7 @@ void FormFace::ElementUnloading(const Control& element) noexcept {
   widget->disconnect(this);
   if (HasFocus()) owner_.setFocus();
   widget->hide();
-  widget->setObjectName(QString());  // an element of that name may come before this is deleted
+  widget->setObjectName(QString());  // an element of that name may be loaded before deletion
   widget->deleteLater();
 }
 
@@ -137,7 +137,7 @@ void FormFace::Make(UserGesture gesture) {
   End(person_.Make(std::move(gesture)));
 }
 
-// What a line's own undo brings back, such as half a line end, stood there before and stays so.
+// A text that a QLineEdit's own undo restores, such as half a line end, is taken unchanged.
 void FormFace::TypedIn(const Control& box, const QLineEdit& line, TextMark marked) {
   if (isShowing_) return;
   const QString text = line.text();
@@ -146,7 +146,7 @@ void FormFace::TypedIn(const Control& box, const QLineEdit& line, TextMark marke
   End(person_.TypeInLine(box, View(text), caret, marked));
 }
 
-// A gesture that was not taken is shown to be none when the call in progress is over.
+// The widget of a gesture that was not taken is reset when the call in progress shows its changes.
 void FormFace::End(faces::End end) {
   if (end == faces::End::kNotTaken) return;
   const faces::MadeGesture made = person_.made();
@@ -157,7 +157,7 @@ void FormFace::End(faces::End end) {
   if (end != faces::End::kDone) emit Failed(failure);
 }
 
-// Of the tab strip Qt tells that it has the focus, and not which page.
+// Has screen readers read the page: Qt reports only that the tab strip has the focus.
 void FormFace::TellPage() {
   DoLater(*this, [this] {
     auto* strip = static_cast<QTabBar*>(WidgetOf(Form().tabVrn));
@@ -168,7 +168,7 @@ void FormFace::TellPage() {
   });
 }
 
-// What a box takes back by itself changes its text, and screen readers read no such change.
+// Announces the undo of a text box itself, since screen readers do not read that change of text.
 void FormFace::TellOwnUndo(const QWidget& widget, const QKeyEvent& event) {
   const bool isUndo = event.matches(QKeySequence::Undo);
   if (!isUndo && !event.matches(QKeySequence::Redo)) return;
@@ -182,7 +182,7 @@ void FormFace::TellOwnUndo(const QWidget& widget, const QKeyEvent& event) {
 
 void FormFace::Announce() {
   String words = person_.TakeWords();
-  // Of a check box in a list Qt tells only that it is another.
+  // Qt reports only that a check box in a list has changed, not how.
   const UserGesture& made = person_.made().gesture;
   if (made.gesture == Gesture::kClickRow) {
     const auto& list = static_cast<const ListBox&>(*made.control);
@@ -279,10 +279,10 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
       if (control->kind() == Kind::TabStrip) TellPage();
       if (Form().Focused() == control) {
-        // There already.
+        // Nothing to do: the form has the focus there already.
       } else if (static_cast<const QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason) {
-        // The window comes back, from behind a message for instance, and the form moved the focus
-        // meanwhile.
+        // The window becomes active again, after a message box for instance, and the form moved the
+        // focus meanwhile.
         ShowFocus();
       } else {
         Make({Gesture::kFocus, control});
@@ -292,7 +292,7 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
         WidgetOf(*control->frame())->raise();
       break;
     case QEvent::ShortcutOverride:
-      // A box's own Undo comes first, as long as it has anything to take back.
+      // A text box's own undo comes first while its undo stack is not empty; then the form's.
       if (auto* lines = qobject_cast<LinesBox*>(&widget)) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         if ((key.matches(QKeySequence::Undo) && !lines->HasOwnUndo()) ||
@@ -310,7 +310,7 @@ bool FormFace::eventFilter(QObject* watched, QEvent* event) {
       }
       break;
     case QEvent::Wheel:
-      // It turns no pages.
+      // The wheel turns no pages.
       if (control->kind() != Kind::TabStrip) break;
       event->ignore();
       return true;

@@ -1,9 +1,9 @@
 // The form as Qt widgets: one widget for each control of the surface, under the control's name.
 //
-// What the control tells about its form is noted and shown when the call in progress is over, or
-// before the host hears of an event in it; only rows come and go at once, as item models have to.
-// What a person does becomes a gesture. No gesture is taken while another call is in progress, so a
-// host may show dialogs from within an event.
+// Notices of the control are noted as dirty bits and shown when the call in progress is over, or
+// before the host hears of an event in it; only rows are inserted and removed at once, as item
+// models require. What a person does becomes a gesture. No gesture is taken while another call is
+// in progress (re-entrancy), so a host may show dialogs from within an event.
 #pragma once
 
 #include <QHash>
@@ -35,36 +35,36 @@ class FormFace final : public QObject, private SurfaceObserver {
   Q_OBJECT
 
  public:
-  /// Builds the widgets within `owner`, which has nothing in it yet. The control outlives the face.
+  /// Builds the widgets within `owner`, which must be empty. The control must outlive the face.
   FormFace(QWidget& owner, ZOLT20MapControl& control);
   ~FormFace() override;
 
   const Surface& Form() const { return control_.Form(); }
-  /// The widget of a control, nullptr for an element that is gone.
+  /// The widget of a control, nullptr for an element that was unloaded.
   QWidget* WidgetOf(const Control& control) const;
 
-  /// A call of the host's. Shows what it changed; what it raises passes on. Called outside of a
-  /// gesture, one that writes forgets the history.
+  /// Runs a call of the host and shows what it changed; exceptions propagate. A call that writes,
+  /// made outside of a gesture, clears the history.
   template <typename Act>
   auto Call(const Act& act, bool writes = true);
 
-  /// What tables are called beside their codes, by code.
+  /// Sets display names of tables, keyed by code.
   void NameTables(const QHash<QString, QString>& names);
 
-  /// Shows all that changed. The host is about to hear of something.
+  /// Shows all that is dirty. Called before the host hears of an event.
   void ShowChanges();
 
-  /// A gesture of the person, or of a record that is played. Not taken while another call is in
-  /// progress.
+  /// Makes a gesture of the person, or of a recorded session that is replayed. Not taken while
+  /// another call is in progress.
   void Make(UserGesture gesture);
-  /// Asked before a button of the form is pressed; false leaves it unpressed.
+  /// Sets a callback that is asked before a button of the form is pressed; false cancels that.
   void AskBeforePresses(std::function<bool(const Control&)> mayPress) {
     mayPress_ = std::move(mayPress);
   }
-  /// The person, for reading; what it does goes through the face.
+  /// The person, for reading only; gestures go through the face.
   const faces::Person& person() const { return person_; }
   void SwitchHistory(bool on);
-  /// A value of the host's that goes with the state: Undo and Redo put it back as well.
+  /// A value of the host's that is saved with each state: Undo and Redo restore it as well.
   QVariant hostData() const;
   void SetHostData(const QVariant& value);
   void Undo();
@@ -75,15 +75,15 @@ class FormFace final : public QObject, private SurfaceObserver {
 
   /// Moves the focus along the tab order of the surface. False at its end.
   bool MoveFocus(bool forward);
-  /// The first or the last control of the tab order gets the focus.
+  /// Gives the focus to the first or the last control of the tab order.
   bool EnterByTab(bool forward);
-  /// The filter of the list with the focus, or else of the first list of the page, gets the focus.
+  /// Gives the focus to the filter of the list that has it, or else of the page's first list.
   void FocusFilter();
-  /// A filter above a list. Called while the widgets are being laid out.
+  /// Registers the filter above a list. Called while the widgets are being laid out.
   void AddFilter(const RowsView& list, QWidget& filter);
 
  signals:
-  /// A gesture is over, with all that it changed; comes before what follows from it.
+  /// A gesture is over and its changes are shown. Emitted before Failed.
   void Acted(const zolt20::faces::MadeGesture& made);
   void Failed(const zolt20::faces::Failure& failure);
   void HistoryChanged();
@@ -97,7 +97,7 @@ class FormFace final : public QObject, private SurfaceObserver {
   friend class FormLayout;
 
   // Notices.
-  // What needs no more than to be shown again, the person notes.
+  // Changes that only need to be shown again are noted by person_.
   void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
   void RowsAboutToChange(const Control& list, const RowChange& change) noexcept override;
   void RowsChanged(const Control& list, const RowChange& change) noexcept override;
@@ -135,7 +135,7 @@ class FormFace final : public QObject, private SurfaceObserver {
   bool HandleKey(const Control& control, QWidget& widget, const QKeyEvent& event);
   bool MoveOption(const Control& option, bool forward);
 
-  /// Has it read out what the gesture changed that a person who does not see would not notice.
+  /// Has screen readers read out what the gesture changed elsewhere on the form.
   void Announce();
   void TellPage();
   void TellOwnUndo(const QWidget& widget, const QKeyEvent& event);
@@ -148,11 +148,11 @@ class FormFace final : public QObject, private SurfaceObserver {
   QHash<QObject*, const Control*> controls_;
   QHash<const Control*, RowsModel*> models_;
   QHash<const Control*, QWidget*> filters_;
-  int rowGrowth_ = 0;   // by which a case row is taller than in the form, in pixels
-  int nextGrowth_ = 0;  // and the button below them
+  int rowGrowth_ = 0;   // how much taller a case row is than in the form, in pixels
+  int nextGrowth_ = 0;  // and how much the button below them
   faces::Person person_;
   std::function<bool(const Control&)> mayPress_;
-  bool isShowing_ = false;  // what the widgets tell comes from us, and not from a person
+  bool isShowing_ = false;  // signals of widgets come from the face, not from a person
 };
 
 template <typename Act>

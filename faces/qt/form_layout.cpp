@@ -56,7 +56,7 @@ Layout* Tight(Layout* layout, Gap gap) {
   return layout;
 }
 
-// A part of the form with smaller letters than the form has, whatever size it gets.
+// A part of the form with a font smaller than the form's, and kept so when the form's font changes.
 class SmallPrint final : public QWidget {
  public:
   explicit SmallPrint(QWidget& owner) : QWidget(&owner), owner_(owner) {
@@ -71,7 +71,7 @@ class SmallPrint final : public QWidget {
   }
 
  private:
-  // The size alone, so that all else comes from the form.
+  // Sets the font size alone, so that all else is inherited from the form.
   void Fit() {
     QFont font;
     if (const qreal points = owner_.font().pointSizeF(); points > 0) {
@@ -85,8 +85,8 @@ class SmallPrint final : public QWidget {
   QWidget& owner_;
 };
 
-// The form in a place that is too small for it. What gets the focus comes into sight, and so does
-// the caret.
+// A scroll area for a form in a window too small for it. Scrolls so that the widget with the focus
+// and the caret are visible.
 class ScrolledForm final : public QScrollArea {
  public:
   explicit ScrolledForm(QWidget& owner) : QScrollArea(&owner) {
@@ -98,7 +98,7 @@ class ScrolledForm final : public QScrollArea {
             [this](QWidget* /*before*/, QWidget* now) { Follow(now); });
   }
 
-  // The focus leaves what is in it when that goes.
+  // Disconnects first, since destroying the widgets in it moves the focus.
   ~ScrolledForm() override { disconnect(qApp, nullptr, this, nullptr); }
   ScrolledForm(const ScrolledForm&) = delete;
   ScrolledForm& operator=(const ScrolledForm&) = delete;
@@ -109,10 +109,10 @@ class ScrolledForm final : public QScrollArea {
   }
 
  protected:
-  // What gets the focus is shown already, and not by the base.
+  // Bypasses QScrollArea, which would scroll to the widget too; Follow does so already.
   // NOLINTNEXTLINE(bugprone-parent-virtual-call)
   bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
-  // Another page or letters of another size may have moved it away.
+  // A resize, by another page or font size, may have moved the widget with the focus out of view.
   bool eventFilter(QObject* watched, QEvent* event) override {
     const bool isDone = QScrollArea::eventFilter(watched, event);
     if (watched == widget() && event->type() == QEvent::Resize) RevealFocus();
@@ -145,13 +145,13 @@ class ScrolledForm final : public QScrollArea {
       RevealCaret(*line, line->inputMethodQuery(Qt::ImCursorRectangle).toRect());
     }
   }
-  // A box may not have scrolled to its caret yet.
+  // The caret is clamped to the box, which may not have scrolled to its caret yet.
   void RevealCaret(const QWidget& box, const QRect& caret) {
     const QPoint seen(std::clamp(caret.x(), 0, box.width()),
                       std::clamp(caret.y(), 0, box.height()));
     Reveal(box, {seen, caret.size()});
   }
-  // Of what is larger than the place its beginning.
+  // Scrolls so that the place is visible, or the beginning of one that is too large.
   void Reveal(const QWidget& of, const QRect& place) {
     const QPoint first = widget()->mapFromGlobal(of.mapToGlobal(place.topLeft()));
     const QPoint last = first + QPoint(place.width() - 1, place.height() - 1);
@@ -170,7 +170,7 @@ QWidget* FormLayout::Of(const Design& design) const {
 }
 
 void FormLayout::Build() {
-  // Not by clicks: one beside the controls, or on a disabled one, leaves the focus where it is.
+  // Not by clicks: a click beside the controls, or on a disabled control, moves no focus.
   owner_.setFocusPolicy(Qt::TabFocus);
   SetLetters();
   auto* scrolled = new ScrolledForm(owner_);
@@ -250,7 +250,7 @@ void FormLayout::AddPairs(QGridLayout& into, const Part& fields) {
   }
 }
 
-// What surrounds.
+// Containers.
 
 QWidget* FormLayout::WidgetOf(const Part& part) {
   switch (part.kind) {
@@ -329,7 +329,7 @@ QWidget* FormLayout::Framed(const Part& part) {
   return frame;
 }
 
-// The labels of a page that tell how it is used, small and out of the way.
+// The notes of a page: labels in small letters that tell how it is used.
 QWidget* FormLayout::Notes(const Part& part) {
   auto* notes = new SmallPrint(owner_);
   auto* column = Tight(new QVBoxLayout(notes), part.gap);
@@ -341,7 +341,7 @@ QWidget* FormLayout::Notes(const Part& part) {
   return notes;
 }
 
-// The case rows have their places from the form.
+// The frame of the case rows, without a layout: the rows have their places from the form.
 QWidget* FormLayout::CaseRows(const Part& part) {
   QWidget* const frame = Of(*part.control);
   for (const Part& inner : part.parts)
@@ -393,7 +393,7 @@ QWidget* FormLayout::Filter(const Design& list) {
   return filter;
 }
 
-// In what is left beside the name of the list.
+// A label for marks that the filter hides, in the room beside the name of the list.
 QWidget* FormLayout::HiddenMarks(const Design& list) {
   auto* view = static_cast<RowsView*>(Of(list));
   auto* label = new QLabel(&owner_);

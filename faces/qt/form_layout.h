@@ -1,5 +1,5 @@
-// Builds the widgets' layouts from the description of the form. Made once; what comes and goes
-// later are the case rows alone, which have places of their own.
+// Builds the widgets' layouts from the description of the form. Done once: the only controls that
+// are loaded and unloaded later are case rows, which are outside of layouts.
 #pragma once
 
 #include <QWidget>
@@ -31,7 +31,7 @@ class FormLayout {
   void AddAll(QBoxLayout& into, const faces::Part& part, bool isAcross);
   void AddPairs(QGridLayout& into, const faces::Part& fields);
 
-  // What surrounds, as a widget.
+  // Containers, each as a widget.
   QWidget* WidgetOf(const faces::Part& part);
   QWidget* Whole(const faces::Part& part);
   QWidget* Pages(const faces::Part& part);

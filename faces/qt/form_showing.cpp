@@ -22,8 +22,8 @@ namespace {
 
 constexpr int kTwipsPerInch = 1440;
 
-// The colour behind the text of a control, as long as the text can be read on it. Qt knows no
-// colour of inactive title bars: it is that of the window around the box.
+// The palette for the background colour of a control, provided the text can be read on it. Qt has
+// no colour for inactive title bars; the window's colour around the box stands in for it.
 QPalette PaletteOf(const Control& control) {
   QPalette palette;
   const auto asked = faces::SystemColourOf(faces::BackColorOf(control).value_or(0));
@@ -52,7 +52,7 @@ void ShowTextBox(const TextBox& box, QWidget& widget, const faces::Change& chang
 
 void ShowOption(const OptionButton& option, QRadioButton& radio) {
   radio.setText(ToQt(faces::CaptionWithMnemonic(option)));
-  radio.setAutoExclusive(false);  // so that the one that is on can go off
+  radio.setAutoExclusive(false);  // so that a checked button can be unchecked
   radio.setChecked(option.Value());
   radio.setAutoExclusive(true);
 }
@@ -80,7 +80,7 @@ void FormFace::ShowChanges() {
 }
 
 void FormFace::ShowControls(const std::map<const Control*, faces::Change>& changed) {
-  // All of them have widgets before any is shown: where one is hidden, Qt moves the focus on.
+  // Makes all missing widgets before any is updated: hiding one lets Qt move the focus to another.
   for (const auto& [control, change] : changed) {
     if (WidgetOf(*control) == nullptr) MakeWidget(*control)->setParent(WidgetOf(*control->frame()));
   }
@@ -143,13 +143,13 @@ void FormFace::ShowKind(const Control& control, QWidget& widget, const faces::Ch
       break;
     }
   }
-  // Even the same name would be told as a new one.
+  // Qt would report even an unchanged name as a change to screen readers.
   const QString name = ToQt(faces::AccessibleName(control));
   if (widget.accessibleName() != name) widget.setAccessibleName(name);
 }
 
-// Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes and
-// what stands beside them are wider.
+// Sets the height of the frame of the case rows, or the whole place of a control in it, whose width
+// scales with that of the frame.
 void FormFace::ShowPlace(const Control& control, QWidget& widget) {
   if (control.Height() == 0) return;
   const auto down = [this](int twips) { return Pixels(twips); };
@@ -174,8 +174,8 @@ void FormFace::PlaceCaseRows() {
   }
 }
 
-// What has its place from the form is no smaller than its letters need: case rows of two lines, the
-// button below them, and the frame around them.
+// Grows the controls that have their places from the form to what their font needs: case rows of
+// two lines, the button below them, and the frame around them.
 void FormFace::FitToLetters() {
   constexpr int kLines = 2;
   constexpr int kDefaultHeight = 48;

@@ -24,7 +24,7 @@ QString Name(const Control& control) {
   return QString::fromLatin1(control.name().data(), static_cast<qsizetype>(control.name().size()));
 }
 
-// A button as wide as its caption asks for, with room beside it.
+// A button whose width hint is that of its caption plus padding.
 class CaptionButton final : public QPushButton {
  public:
   using QPushButton::QPushButton;
@@ -40,8 +40,8 @@ class CaptionButton final : public QPushButton {
   QSize minimumSizeHint() const override { return sizeHint(); }
 };
 
-// Leaves it to the control whether it is on. One of its group all the same, as screen readers tell
-// it.
+// An option button that a click does not check: the control decides. It stays exclusive in its
+// group, since screen readers tell that.
 class OptionWidget final : public QRadioButton {
  public:
   using QRadioButton::QRadioButton;
@@ -116,7 +116,7 @@ QWidget* FormFace::MakeTabStrip(const TabStrip& strip) {
   bar->setFocusPolicy(Qt::ClickFocus);
   for (const StringView caption : kPageCaptions)
     bar->addTab(ToQt(caption));
-  // Its arrows are no controls of the form.
+  // The scroll arrows of the tab bar are no controls of the form.
   for (QToolButton* arrow : bar->findChildren<QToolButton*>())
     arrow->setFocusPolicy(Qt::NoFocus);
   connect(bar, &QTabBar::currentChanged, this, [this, &strip](int page) {

@@ -1,4 +1,4 @@
-// Colours the statement language in a document, told apart by weight as well as colour.
+// Syntax highlighting of the statement language in a document, by font weight as well as colour.
 #pragma once
 
 #include <QPalette>
@@ -17,7 +17,7 @@ class Highlighter final : public QSyntaxHighlighter {
  public:
   Highlighter(QTextDocument* document, const QPalette& palette);
 
-  /// Colours all anew.
+  /// Highlights the whole document again in the colours for `palette`.
   void SetPalette(const QPalette& palette);
 
  protected:

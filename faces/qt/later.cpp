@@ -6,7 +6,7 @@ namespace zolt20::qt {
 
 void DoLater(QObject& context, [[maybe_unused]] std::function<void()> work,
              [[maybe_unused]] int milliseconds) {
-#ifdef __clang_analyzer__  // it takes what Qt keeps of the call for a leak
+#ifdef __clang_analyzer__  // it reports the functor that Qt stores as a leak
   static_cast<void>(context);
 #else
   QTimer::singleShot(milliseconds, &context, std::move(work));

@@ -1,4 +1,4 @@
-// Work that waits for the next turn of the event loop.
+// Deferred work: a function that runs in a later turn of the event loop.
 #pragma once
 
 #include <QObject>
@@ -6,7 +6,7 @@
 
 namespace zolt20::qt {
 
-/// Does the work once the event loop has run for that long, unless the context is gone by then.
+/// Runs the work from the event loop after that time, unless the context was destroyed by then.
 void DoLater(QObject& context, std::function<void()> work, int milliseconds = 0);
 
 }  // namespace zolt20::qt

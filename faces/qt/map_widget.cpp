@@ -104,7 +104,7 @@ class ZOLT20MapWidget::Private final : public zolt20::ControlHost {
   bool couldRedo = false;
 
  private:
-  // Whether that is news.
+  // Enables or disables a button by its name. Returns whether the state changed.
   bool ShowButton(const char* name, bool& known, bool now) {
     if (known == now) return false;
     known = now;
@@ -136,7 +136,7 @@ ZOLT20MapWidget::ZOLT20MapWidget(QWidget* parent)
 
 ZOLT20MapWidget::~ZOLT20MapWidget() = default;
 
-// Each member as the contract has it. A read that writes nothing shows nothing.
+// Each member of the contract. A read that writes nothing has nothing to show.
 #define ZOLT20_CALL(call) d_->face.Call([&] { return d_->control.call; })
 
 QString ZOLT20MapWidget::prpStroutput() const {
@@ -287,7 +287,7 @@ QSize ZOLT20MapWidget::sizeHint() const {
 }
 
 QSize ZOLT20MapWidget::minimumSizeHint() const {
-  return {320, 240};  // in a smaller place than it needs the form scrolls
+  return {320, 240};  // in a smaller window than it needs the form scrolls
 }
 
 void ZOLT20MapWidget::showMessage(const QString& text, const QString& title) {
@@ -303,7 +303,7 @@ bool ZOLT20MapWidget::focusNextPrevChild(bool next) {
   } while (other != this &&
            (isAncestorOf(other) || !other->isEnabled() || !other->isVisibleTo(window()) ||
             (other->focusPolicy() & Qt::TabFocus) == 0));
-  // With nothing else in the window the order begins anew.
+  // With nothing else to focus in the window the tab order wraps around.
   if (other == this) return d_->face.EnterByTab(next);
   other->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
   return true;

@@ -6,8 +6,8 @@
 // a setter before it returns, and may show a modal dialog to find the answer.
 //
 // Setters and methods throw zolt20::RuntimeError (surface/error.h) where the contract raises a
-// run-time error; call them from code that catches it, and not by a queued connection. What fails
-// while the person uses the widget comes as the signal Failed, and nothing is thrown.
+// run-time error; call them from code that catches it, and not by a queued connection. A failure
+// while the person uses the widget is reported by the signal Failed, and nothing is thrown.
 #pragma once
 
 #include <QHash>
@@ -25,10 +25,10 @@ struct UserGesture;
 /// JSON lines that zolt20-host plays.
 struct ZOLT20Gesture {
   QString verb;         ///< "click", "dblclick", "pick", "type", "key", "focus", "tab" or "scroll"
-  QString control;      ///< its name, "" for "tab"
+  QString control;      ///< the control's name, "" for "tab"
   int number = -1;      ///< a row, the code of a key, a page or a scroll value; -1 for none
   QString text;         ///< of "type"
-  bool goesOn = false;  ///< typing that belongs to the step of the history before
+  bool goesOn = false;  ///< typing merged with the step of the history before
   int from = -1;        ///< of "key": the marked characters, from this place on and before the next
   int to = -1;
 };
@@ -48,7 +48,7 @@ class ZOLT20MapWidget : public QWidget {
   explicit ZOLT20MapWidget(QWidget* parent = nullptr);
   ~ZOLT20MapWidget() override;
 
-  /// The Result. At a depth above 0 each read indents it by one tab more: read it once.
+  /// The Result. Not idempotent: at a depth above 0 each read indents it by one more tab.
   QString prpStroutput() const;
   /// The code of the page that last raised a request: "D", "E", "O", "F" or "C"; "0" at first.
   QString prpStrSQLPart() const;
@@ -66,28 +66,28 @@ class ZOLT20MapWidget : public QWidget {
   // The property bag: fourteen values. A new widget starts with the defaults.
 
   void UserControl_InitProperties();
-  /// A key that is missing has its default.
+  /// A key that is missing in the bag takes its default.
   void UserControl_ReadProperties(const QVariantMap& bag);
   QVariantMap UserControl_WriteProperties() const;
 
-  // Undo of what the person does, over states of the whole control. A setter or method that is
-  // called from outside of a signal of the widget forgets them all.
+  // Undo and redo of the person's gestures, by snapshots of the whole control. A setter or method
+  // that is called from outside of a signal of the widget clears the history.
 
   bool isUndoEnabled() const;
   bool canUndo() const;
   bool canRedo() const;
 
-  /// A value of the host's that goes with the state of the control: each step of the history has
-  /// the one from before it, and undo and redo put it back. Invalid at first.
+  /// A value of the host's that is saved with the state of the control: each step of the history
+  /// holds the value from before it, and undo and redo restore it. Invalid at first.
   QVariant hostData() const;
   void setHostData(const QVariant& value);
 
-  /// What the tables are called beside their codes, by code. Shown in the list of tables, where the
-  /// filter finds it too; the control knows nothing of it.
+  /// Sets display names of tables, keyed by code. The list of tables shows them beside the codes,
+  /// and its filter finds them too; the control knows nothing of them.
   void setTableNames(const QHash<QString, QString>& names);
 
-  /// The whole state as a value, and back, which forgets the history. Not within a signal of the
-  /// widget.
+  /// The whole state as a snapshot, and back; restore clears the history. Neither may be called
+  /// within a signal of the widget.
   zolt20::ControlSnapshot save() const;
   void restore(zolt20::ControlSnapshot snapshot);
 
@@ -118,9 +118,9 @@ class ZOLT20MapWidget : public QWidget {
   void setPrpintTabcount(int depth);
   void setSyntax_Highlight(bool highlight);
 
-  /// Switched off, what was kept is forgotten.
+  /// Switching undo off clears the history.
   void setUndoEnabled(bool enabled);
-  /// Nothing happens where canUndo() or canRedo() is false, and within a signal of the widget.
+  /// Do nothing where canUndo() or canRedo() is false, and within a signal of the widget.
   void undo();
   void redo();
 
@@ -131,7 +131,7 @@ class ZOLT20MapWidget : public QWidget {
   void eventCondition();
   void eventFunction();
 
-  // A property was written, after its effects.
+  // A property was written, and its effects are done.
   void PrpStrTablesChanged();
   void PrpStrFieldsChanged();
   void prpSelectPartChanged();
@@ -151,7 +151,7 @@ class ZOLT20MapWidget : public QWidget {
   /// number, its text. A failure of the host's own slots has the kind "host" and the number 0.
   void Failed(const QString& kind, int number, const QString& text);
 
-  /// The person did this, and all that comes of it has happened, answers to events included.
+  /// The person made this gesture, and all its effects are done, answers to events included.
   void gestureMade(const ZOLT20Gesture& gesture);
 
   void canUndoChanged(bool can);
@@ -160,17 +160,17 @@ class ZOLT20MapWidget : public QWidget {
   void redone();
 
  protected:
-  /// Shows a message of the control and returns when it was answered. A host that wants its own
-  /// kind of message box overrides it.
+  /// Shows a message of the control as a modal box and returns when it was answered. A host that
+  /// wants its own kind of message box overrides it.
   virtual void showMessage(const QString& text, const QString& title);
 
-  /// Asked before a button of the form is pressed, by the person or by makeGesture; the name is the
-  /// control's. With false nothing happens. May show a dialog. A class that overrides it can tell
-  /// what the press would do before it is done.
+  /// Called before a button of the form is pressed, by the person or by makeGesture, with the name
+  /// of the control. Returning false cancels the press. May show a dialog, such as one that tells
+  /// what the press would do.
   virtual bool mayPress(const QString& button);
 
   /// Makes a gesture on the form as the person does, with its events and its step of the history,
-  /// for a host that plays what was kept. Not taken within a signal of the widget.
+  /// for a host that replays a recorded session. Not taken within a signal of the widget.
   void makeGesture(const zolt20::UserGesture& gesture);
   /// Within an event, what the person did that raised it.
   ZOLT20Gesture gestureInProgress() const;

@@ -1,4 +1,4 @@
-// Texts between Qt and the control: both are UTF-16, and every unit passes as it is.
+// Converts texts between Qt and the control: both are UTF-16, and every unit passes unchanged.
 #pragma once
 
 #include <QString>
@@ -16,7 +16,7 @@ inline StringView View(const QString& text) {
 inline String FromQt(const QString& text) {
   return String(View(text));
 }
-/// A text in one letter case.
+/// A case-folded text, by Qt's rules.
 inline String Folded(StringView text) {
   return FromQt(ToQt(text).toCaseFolded());
 }

@@ -41,8 +41,8 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
   }
 }
 
-// What is read behind the text of a row. Screen readers of Linux tell the mark of a row of Qt when
-// it changes, and not when the keys come to it.
+// The words that screen readers read behind the text of a row. On Linux they tell the mark of a row
+// in a Qt list when it changes, but not when the keys move to the row; so it is part of the words.
 QString RowsModel::Spoken(int row) const {
   QStringList words;
   if (const QString name = ToQt(drawn_.NameOf(row)); !name.isEmpty()) words << name;

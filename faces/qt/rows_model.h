@@ -1,5 +1,5 @@
-// The rows of a list or combo box as an item model: no copy of them, only which are drawn while a
-// filter is on.
+// The rows of a list or combo box as an item model. It holds no copy of the rows, only which rows
+// are drawn while a filter is on.
 #pragma once
 
 #include <QAbstractListModel>
@@ -16,7 +16,7 @@ class RowsModel final : public QAbstractListModel {
   Q_OBJECT
 
  public:
-  /// The control outlives the model.
+  /// The control must outlive the model.
   explicit RowsModel(const RowsControl& rows, QObject* parent = nullptr);
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -25,17 +25,17 @@ class RowsModel final : public QAbstractListModel {
 
   const RowsControl& rows() const { return rows_; }
   const faces::DrawnRows& drawn() const { return drawn_; }
-  /// The row of the control that a row of the model shows, and back; -1 for one that is not drawn.
+  /// Maps a row of the model to the control's row, and back; -1 for a row that is not drawn.
   int ControlRow(int modelRow) const { return drawn_.ControlRow(modelRow); }
   int ModelRow(int controlRow) const { return drawn_.DrawnRow(controlRow); }
 
-  /// Only rows that hold the text in any letter case are drawn from now on; all with "".
+  /// From now on draws only rows that hold the text, ignoring case; all with "".
   void SetFilter(const QString& text);
   const QString& Filter() const { return filter_; }
-  /// What to say of marks that are not drawn, such as "3 marked, 1 shown"; "" while all are.
+  /// Tells of marks that the filter hides, such as "3 marked, 1 shown"; "" while all are drawn.
   QString HiddenMarks() const;
 
-  /// What rows are called beside their texts, by text. The filter finds it as well.
+  /// Sets display names of rows, keyed by text. The filter finds them as well.
   void NameRows(const QHash<QString, QString>& names);
   static constexpr int kNameRole = Qt::UserRole;
 
@@ -43,7 +43,7 @@ class RowsModel final : public QAbstractListModel {
   void RowsAboutToChange(const RowChange& change);
   void RowsChanged(const RowChange& change);
   void MarksChanged(int first, int count);
-  /// Anything may be different, when a state was put back.
+  /// Resets the model after a state was restored: anything may be different.
   void Replace();
 
  private:
@@ -54,7 +54,7 @@ class RowsModel final : public QAbstractListModel {
   const ListBox* list_;  // nullptr for a combo box
   QString filter_;
   faces::DrawnRows drawn_;
-  int count_;  // what rowCount told, while rows come and go
+  int count_;  // what rowCount returns, while rows are inserted and removed
 };
 
 }  // namespace zolt20::qt

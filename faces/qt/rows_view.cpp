@@ -50,8 +50,8 @@ RowsView::RowsView(const ListBox& list, QWidget* parent)
   setSelectionMode(list.HasCheckBoxes() ? QAbstractItemView::NoSelection
                    : list.IsSingle()    ? QAbstractItemView::SingleSelection
                                         : QAbstractItemView::MultiSelection);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // a row tells its whole text as a tool tip
-  setTextElideMode(Qt::ElideMiddle);                     // long names are told apart by their ends
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // a row shows its whole text as a tool tip
+  setTextElideMode(Qt::ElideMiddle);                     // since long names differ at their ends
   setFocusPolicy(Qt::ClickFocus);
 }
 
@@ -114,7 +114,7 @@ void RowsView::paintEvent(QPaintEvent* event) {
   }
 }
 
-// What a row is called beside its text, at the right end of what the text leaves.
+// Draws the display name of a row, right-aligned in the room that the text leaves.
 void RowsView::DrawName(QPainter& painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
   const QString name = index.data(RowsModel::kNameRole).toString();
@@ -132,7 +132,7 @@ void RowsView::DrawName(QPainter& painter, const QStyleOptionViewItem& option,
                    option.fontMetrics.elidedText(name, Qt::ElideMiddle, place.width()));
 }
 
-// What is told to those who are read to.
+// Events for screen readers.
 
 void RowsView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
@@ -143,7 +143,7 @@ void RowsView::focusInEvent(QFocusEvent* event) {
   isEntering_ = true;  // the first row becomes the current one
   QListView::focusInEvent(event);
   isEntering_ = false;
-  // Behind what Qt tells of the list itself.
+  // Later, so that it comes after what Qt reports of the list itself.
   DoLater(*this, [this] {
     if (hasFocus()) Tell(QAccessible::Focus, currentIndex());
   });
@@ -190,7 +190,7 @@ void RowsView::PressRow(const QMouseEvent& event, bool isCountedTwo) {
   if (!index.isValid()) return;
   selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
   const int row = model_->ControlRow(index.row());
-  // The second press of a double click is no click of its own.
+  // The second press of a double click is no second click.
   if (presses_.GestureOf(row, isCountedTwo) == Gesture::kDoubleClickRow) {
     emit RowDoubleClicked(row);
   } else {
@@ -220,7 +220,7 @@ void RowsView::Take(const faces::ListStep& step) {
   if (step.gesture == Gesture::kDoubleClickRow) emit RowDoubleClicked(model_->ControlRow(step.row));
 }
 
-// As in any other face. Qt's own search stays on a row when its letter comes again soon.
+// Type-ahead as in every other face. Qt's own stays on a row when the same letter is typed again.
 void RowsView::keyboardSearch(const QString& typed) {
   const auto now = static_cast<unsigned>(QDateTime::currentMSecsSinceEpoch());
   for (const QChar letter : typed) {
@@ -230,7 +230,7 @@ void RowsView::keyboardSearch(const QString& typed) {
   }
 }
 
-// Past that of QListView, which walks all rows. The keys that move are taken before.
+// Bypasses QListView, whose time grows with all rows. keyPressEvent handles the keys that move.
 QModelIndex RowsView::moveCursor(CursorAction /*action*/, Qt::KeyboardModifiers /*modifiers*/) {
   return currentIndex().isValid() ? currentIndex() : model_->index(0);
 }
@@ -241,7 +241,7 @@ QItemSelectionModel::SelectionFlags RowsView::selectionCommand(const QModelIndex
 }
 
 void RowsView::setSelection(const QRect& /*rect*/, QItemSelectionModel::SelectionFlags /*flags*/) {
-  // The marks are the control's.
+  // Does nothing: only the control changes marks.
 }
 
 }  // namespace zolt20::qt

@@ -1,7 +1,7 @@
 // A list box as people see it: rows of one height, the marks as Qt's selection or as check boxes.
 //
-// What a person does comes out as signals that name rows of the control. The view changes no mark
-// by itself: ShowMarks reads them from the control.
+// Gestures of the person are emitted as signals with rows of the control. The view changes no mark
+// by itself: ShowMarks reads the marks from the control.
 #pragma once
 
 #include "faces/qt/even_rows.h"
@@ -19,9 +19,9 @@ class RowsView final : public EvenRows {
 
   RowsModel& rows() { return *model_; }
 
-  /// Anything may be different, when a state was put back. Keeps the place that is in sight.
+  /// Resets the rows after a state was restored: anything may be different. Keeps the scroll place.
   void ReplaceRows();
-  /// What rows are called beside their texts, by text.
+  /// Sets display names of rows, keyed by text.
   void NameRows(const QHash<QString, QString>& names);
   /// Reads all marks and ListIndex again.
   void ShowMarks();

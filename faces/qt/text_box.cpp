@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int kTwipsPerInch = 1440;
-// So wide a line is none that a person writes, and lines then go on for ever.
+// Wider than any line that a person writes: from this margin on lines do not wrap.
 constexpr int kNoMargin = 32'000;
 constexpr int kUsualLines = 8;
 constexpr int kUsualLetters = 60;

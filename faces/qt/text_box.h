@@ -26,23 +26,23 @@ class ZOLT21SyntTextBox : public QWidget {
   QString text() const;
   /// Whether the words of statements have colours. Has no effect on the text.
   bool highlight() const { return highlight_; }
-  /// How long lines may be, in twips, before they go on below, or at the edge of the box when that
-  /// comes sooner; 0 for the edge alone. From 32,000 on lines never do.
+  /// The width, in twips, at which lines wrap; they wrap at the edge of the box when that comes
+  /// first, and only there with 0. From 32,000 on lines do not wrap.
   int rightMargin() const { return rightMargin_; }
 
   QSize sizeHint() const override;
 
  public slots:
-  /// One that does not differ changes nothing. What a person could take back is forgotten.
+  /// The same text changes nothing. A different text clears the undo stack of the box.
   void setText(const QString& text);
   void setHighlight(bool highlight);
-  /// Nothing below 0 is taken.
+  /// A margin below 0 is ignored.
   void setRightMargin(int twips);
 
  signals:
   /// The box took the focus.
   void tabChain();
-  /// The text became another one, by the host or by the person.
+  /// The text changed, by the host or by the person.
   void textChanged();
   void highlightChanged(bool highlight);
   void rightMarginChanged(int twips);

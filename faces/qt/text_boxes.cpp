@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kTabWidthInBlanks = 4;
 
-// A document has one character for each line end.
+// A QTextDocument has this one character for each line end.
 constexpr char16_t kLineEnd = QChar::ParagraphSeparator;
 
 String TextBetween(const QTextDocument& document, int position, int count) {
@@ -54,7 +54,7 @@ void LinesBox::Show(const String& text) {
   cursor.insertText(ToQt(StringView(after).substr(edit.position, edit.added)));
   document()->clearUndoRedoStacks();
   text_ = text;
-  // What is new is in sight.
+  // Scrolls so that the new text is visible.
   if (edit.position > 0) {
     setTextCursor(cursor);
     ensureCursorVisible();
@@ -87,7 +87,7 @@ void LinesBox::WrapAt(int pixels) {
   FitMargin();
 }
 
-// The platform's box wraps at its edge alone, so what lies behind the margin is none of it.
+// QPlainTextEdit wraps only at the edge of its viewport, so the viewport ends at the wrap margin.
 void LinesBox::FitMargin() {
   const int scrollBar = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;
   const int room = width() - 2 * frameWidth() - scrollBar;
@@ -104,8 +104,8 @@ int LinesBox::HeightOf(int lines) const {
   return lines * fontMetrics().lineSpacing() + 2 * margin;
 }
 
-// What changes reaches the control as the text around it and what stands there now, so that line
-// ends of other kinds elsewhere stay.
+// Applies the change of the document to text_ at its place alone, so that line ends of other kinds
+// elsewhere in the text stay.
 void LinesBox::TakeEdit(int position, int removed, int added) {
   if (isShowing_ || (removed == 0 && added == 0)) return;
   const int length = document()->characterCount() - 1;
@@ -113,7 +113,7 @@ void LinesBox::TakeEdit(int position, int removed, int added) {
   const auto place = static_cast<std::size_t>(position);
   const std::size_t first = faces::PlaceInText(text_, 0, place);
   const std::size_t behind = faces::PlaceInText(text_, first, static_cast<std::size_t>(removed));
-  // A document names more than was edited: what is the same behind the caret was not.
+  // Qt reports more than was edited: trims the common end, but not before the caret.
   const String before = faces::Shown(StringView(text_).substr(first, behind - first), kLineEnd);
   String now = TextBetween(*document(), position, added);
   std::size_t oldEnd = before.size();
@@ -156,7 +156,7 @@ void LinesBox::changeEvent(QEvent* event) {
   QPlainTextEdit::changeEvent(event);
 }
 
-// A paste is one even when it makes no difference: the control's caret goes to the end.
+// A paste is a gesture even when it leaves the text as it is: the control's caret goes to the end.
 void LinesBox::insertFromMimeData(const QMimeData* source) {
   const String before = text_;
   QPlainTextEdit::insertFromMimeData(source);
@@ -174,7 +174,7 @@ QMimeData* LinesBox::createMimeDataFromSelection() const {
   return copied;
 }
 
-// A line tells of its text first, and then where caret and mark are.
+// QLineEdit signals its new text first, and only then the new caret and selection.
 LineMark::LineMark(QLineEdit& line) : QObject(&line) {
   const auto take = [this, &line] { mark_ = MarkOf(line); };
   connect(&line, &QLineEdit::selectionChanged, this, take);
@@ -183,13 +183,13 @@ LineMark::LineMark(QLineEdit& line) : QObject(&line) {
 
 LineBox::LineBox(bool byKeys, QWidget* parent) : QLineEdit(parent), byKeys_(byKeys) {
   setFocusPolicy(Qt::ClickFocus);
-  setMaxLength(std::numeric_limits<int>::max());  // a text that is cut off would be handed back so
+  setMaxLength(std::numeric_limits<int>::max());  // else a truncated text would be written back
   connect(this, &QLineEdit::textEdited, this, &LineBox::Typed);
 }
 
 void LineBox::Show(const String& text) {
   if (View(this->text()) == StringView(text)) return;
-  // The caret stays where it is, as seen from the end.
+  // The caret keeps its distance from the end.
   const auto behind = this->text().size() - cursorPosition();
   setText(ToQt(text));
   setCursorPosition(static_cast<int>(std::max<qsizetype>(0, this->text().size() - behind)));
@@ -208,7 +208,7 @@ void LineBox::keyPressEvent(QKeyEvent* event) {
   if (isPlain && event->key() == Qt::Key_Backspace) return HandOver(kBackspaceCode);
   if (isPlain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
     return HandOver(kEnterCode);
-  // With AltGr, where it is a modifier, a character comes as well.
+  // AltGr, where Qt reports it as a modifier, also types characters.
   const bool isCommand = (event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) != 0;
   const bool isCharacter = !isCommand && !text.isEmpty() && text[0].isPrint();
   if (!isCharacter) return QLineEdit::keyPressEvent(event);
@@ -216,8 +216,8 @@ void LineBox::keyPressEvent(QKeyEvent* event) {
     HandOver(character.unicode());
 }
 
-// Each character that is composed is a key. Until then it does not stand in the line, which would
-// lose its mark to it.
+// Input methods (IME): each committed character is a key. The text being composed is not shown,
+// since that would replace the selection.
 void LineBox::inputMethodEvent(QInputMethodEvent* event) {
   if (!byKeys_) return QLineEdit::inputMethodEvent(event);
   for (const QChar character : event->commitString())

@@ -1,7 +1,7 @@
 // Text boxes as people see them.
 //
-// A box shows the text of its control and hands over what a person makes of it. Line ends of any
-// kind survive outside the place that is edited; what is typed gets CR LF.
+// A box shows the text of its control and passes on what a person edits. Line ends of any kind
+// survive outside the place that is edited; typed line ends become CR LF.
 #pragma once
 
 #include <QLineEdit>
@@ -20,11 +20,11 @@ class LinesBox final : public QPlainTextEdit {
  public:
   explicit LinesBox(QWidget* parent = nullptr);
 
-  /// Shows the text, redrawing no more than what differs. The box's own undo forgets.
+  /// Shows the text, redrawing only what differs. A different text clears the box's own undo stack.
   void Show(const String& text);
-  /// The text as it is in the control when the person's edits are in.
+  /// The text that the control has, or will have once it takes the person's last edit.
   const String& Text() const { return text_; }
-  /// Puts the caret behind so many characters of the control's text.
+  /// Sets the caret behind the first `caret` characters of the control's text.
   void ShowCaret(int caret);
   /// Whether Undo and Redo concern what was typed here since the control last changed the text.
   bool HasOwnUndo() const { return document()->isUndoAvailable(); }
@@ -33,10 +33,10 @@ class LinesBox final : public QPlainTextEdit {
   void Highlight(bool highlight);
 
   static constexpr int kNowhere = -1;
-  /// Lines go on below at so many pixels, at the edge with 0, or nowhere, as at first.
+  /// Wraps lines at so many pixels, at the edge with 0, or not at all with kNowhere, the default.
   void WrapAt(int pixels);
 
-  /// How high the box is around so many lines, without a scroll bar.
+  /// The height of the box for so many lines, without a scroll bar.
   int HeightOf(int lines) const;
 
  signals:
@@ -61,7 +61,7 @@ class LinesBox final : public QPlainTextEdit {
   Highlighter* highlighter_ = nullptr;
 };
 
-/// What is marked in a line, and while the line tells of an edit what was marked before it.
+/// The selection of a QLineEdit; while it signals an edit, the selection from before the edit.
 class LineMark final : public QObject {
   Q_OBJECT
 
@@ -78,14 +78,14 @@ class LineBox final : public QLineEdit {
   Q_OBJECT
 
  public:
-  /// With `byKeys` each key is handed over by itself, so that the control can refuse it.
+  /// With `byKeys` each key is passed on by itself, so that the control can refuse it.
   explicit LineBox(bool byKeys, QWidget* parent = nullptr);
 
   void Show(const String& text);
   void ShowCaret(int caret);
 
  signals:
-  /// The person made this of the text.
+  /// The person edited the text, which is now `text`.
   void Typed(const QString& text);
   /// The person pressed a key where these characters of the text are selected. The code is a
   /// character, 8 for Backspace or 13 for Enter.
