@@ -1,4 +1,4 @@
-// What pages ask of the colours of statements, in each module that has boxes of them.
+// Exports for syntax colouring, in each module that has boxes of statements.
 #include <cstdint>
 #include <utility>
 
@@ -11,7 +11,7 @@ using web::taken;
 
 extern "C" {
 
-/// Colour on light, on dark, weight and slope of each kind of word.
+/// Four numbers for each kind of word: colour on light, colour on dark, weight, 1 for italic.
 ZOLT20_EXPORT(looks) void looks() {
   numbers.clear();
   for (int kind = 0; kind <= static_cast<int>(faces::WordKind::kNumber); ++kind) {
@@ -22,7 +22,7 @@ ZOLT20_EXPORT(looks) void looks() {
   }
 }
 
-/// First, count and kind of each word that has a colour, of the line that came in.
+/// First character, count and kind of each coloured word of the line that came in.
 ZOLT20_EXPORT(coloured_words) void coloured_words() {
   const String line = std::exchange(taken, {});
   numbers.clear();

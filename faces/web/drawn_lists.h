@@ -1,5 +1,5 @@
-// Which rows the lists and combos of one element draw. A list is counted anew when it is asked for
-// after its rows changed, whoever asks.
+// The cache of which rows the lists and combo boxes of one element draw. A change of rows marks a
+// list's entry stale; the next Of() of that list refreshes it.
 #pragma once
 
 #include <map>
@@ -11,13 +11,13 @@ namespace zolt20::web {
 
 class DrawnLists final : private SurfaceObserver {
  public:
-  /// The control outlives it.
+  /// `control` has to outlive this object.
   DrawnLists(ZOLT20MapControl& control, faces::DrawnRows::Fold fold);
   ~DrawnLists() override;
   DrawnLists(const DrawnLists&) = delete;
   DrawnLists& operator=(const DrawnLists&) = delete;
 
-  /// Of a list of the control.
+  /// The drawn rows of a list of the control, up to date. Valid as long as this object.
   faces::DrawnRows& Of(const RowsControl& list);
 
  private:
@@ -38,7 +38,7 @@ class DrawnLists final : private SurfaceObserver {
 
   ZOLT20MapControl& control_;
   faces::DrawnRows::Fold fold_;
-  std::map<const Control*, Drawn> drawn_;  // of the lists that were asked for
+  std::map<const Control*, Drawn> drawn_;  // by list, for the lists that Of() was called for
 };
 
 }  // namespace zolt20::web

@@ -11,7 +11,7 @@ const Member& MemberOf(int number) {
   return Members()[static_cast<std::size_t>(number - 1)];
 }
 
-// None stands for a number outside of 16 bits.
+// An empty value stands for a number that does not fit 16 bits.
 Variant Checked(Variant value) {
   if (std::holds_alternative<std::monostate>(value)) Raise(ErrorKind::kOverflow);
   return value;

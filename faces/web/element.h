@@ -1,9 +1,9 @@
-// The control behind one element of a page: what it does, and what the page has to draw anew.
+// The control behind one element of a page, and the changes that the page has yet to draw.
 //
-// The page owns the element and calls it by the functions of exports.cpp; it hears of events, of
-// written properties and of messages at once, inside the call in progress. What changed on the form
-// is noted and fetched by the page when it likes: after its call, or when it hears of something in
-// it. A gesture is taken only while no other call is in progress.
+// The page owns the element and calls it by the functions of exports.cpp. Events, written
+// properties and messages reach the page at once, inside the call in progress. Changes of the form
+// are collected; the page fetches them after its call or inside an event. Re-entrancy: a gesture
+// during another call is not taken.
 #pragma once
 
 #include <array>
@@ -21,12 +21,12 @@ namespace zolt20::web {
 /// How a call ended.
 using Status = faces::End;
 
-/// What the page is told, by the number that it gave the element.
+/// The page's callbacks. `id` is the number that the page gave the element.
 struct Page {
   void (*event)(int id, int number);
   void (*propertyChanged)(int id, int number);
   void (*message)(int id, StringView text, StringView title);
-  /// Gives a text in one letter case, as the page has it.
+  /// Gives a text folded to one letter case, by the page's knowledge of letters.
   String (*folded)(StringView text);
 };
 
@@ -36,24 +36,24 @@ class Element final : private ControlHost, private PropertyBag {
 
   const Surface& Form() const { return control_.Form(); }
 
-  // The contract, by the numbers of its members. No value where there has to be one stands for a
-  // number outside of 16 bits, which raises `overflow`.
+  // The contract, by the numbers of its members. An empty value where one is required stands for a
+  // number that does not fit 16 bits, and raises `overflow`.
 
   Status Let(int member, Variant value);
   Status Get(int member, Variant& value);
   Status Call(int member, Variant argument);
 
-  /// The defaults of a new control.
+  /// Gives all properties the defaults of a new control.
   Status InitProperties();
-  /// What the bag has for an entry, until the bag is read. The rest has its default.
+  /// Puts a value into the property bag for the next ReadProperties. Other entries have defaults.
   void PutInBag(std::size_t entry, Variant value);
   Status ReadProperties();
-  /// The values in the order of writing.
+  /// The values for a property bag, in the order in which the control writes them.
   std::vector<Variant> WriteProperties();
-  /// Makes the control a new one again. Not taken within another call.
+  /// Resets the control to the state of a new one. Not taken within another call.
   Status Renew();
 
-  /// What the person does, and what it comes to.
+  /// Takes gestures, undo and redo, and has the changes and the last failure.
   faces::Person& person() { return person_; }
 
   /// Which rows of a list of the form are drawn.

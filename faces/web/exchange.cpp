@@ -1,4 +1,4 @@
-// The ways of texts and numbers, which each module has.
+// Exports that pass texts and numbers between page and module. Every module has them.
 #include "faces/web/exchange.h"
 
 using namespace zolt20;
@@ -24,7 +24,7 @@ ZOLT20_EXPORT(numbers_out) const std::int32_t* numbers_out() {
 ZOLT20_EXPORT(numbers_out_length) int numbers_out_length() {
   return static_cast<int>(numbers.size());
 }
-/// A long text that went through is not kept.
+/// Frees the room of both texts, so that a long text does not hold on to memory.
 ZOLT20_EXPORT(forget_texts) void forget_texts() {
   String().swap(taken);
   String().swap(given);

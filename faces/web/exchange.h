@@ -1,7 +1,7 @@
-// How a page and the module speak: by functions of numbers. Controls and elements are their
-// addresses. A text comes in by text_in, which gives room for the text that the next call takes,
-// and goes out by text_out; lists of numbers go out by numbers_out. What went out stands there
-// until the next call.
+// The calling convention between a page and the module: functions of numbers. A control or an
+// element is passed by its address. A text comes in by text_in, which makes room for the text that
+// the next call takes, and goes out by text_out; a list of numbers goes out by numbers_out. Both
+// stay valid until the next call.
 #pragma once
 
 #include <cstdint>

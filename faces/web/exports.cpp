@@ -1,6 +1,6 @@
-// What a page calls, but for what lists ask, which list_exports.cpp has, what words ask, which
-// word_exports.cpp has, the colours of statements, which colour_exports.cpp has, and the ways of
-// texts and numbers, which exchange.cpp has.
+// The functions that a page calls. Four groups of them stand in files of their own: lists in
+// list_exports.cpp, words in word_exports.cpp, syntax colours in colour_exports.cpp, texts and
+// numbers in exchange.cpp.
 //
 // A call that can fail gives a Status; error_number, error_kind and error_text tell of the
 // element's last run-time error.
@@ -26,7 +26,7 @@ using web::numbers;
 using web::Status;
 using web::taken;
 
-/// Hands over the text in one letter case by text_in.
+/// The page folds the text to one letter case and hands it over by text_in.
 extern "C" ZOLT20_IMPORT(fold) void page_fold(const char16_t* text, int length);
 
 namespace {
@@ -43,7 +43,7 @@ const Member& MemberOf(int number) {
   return Members()[static_cast<std::size_t>(number - 1)];
 }
 
-// A value of the page: a text that came in, or a number; none for one outside of 16 bits.
+// A value of the page: the text that came in or a number; empty when that does not fit 16 bits.
 Variant ValueOf(ValueType type, int number) {
   switch (type) {
     case ValueType::kString:
@@ -59,7 +59,7 @@ Variant ValueOf(ValueType type, int number) {
   return {};
 }
 
-// Gives a text, or a number as the one of the list.
+// Gives a text, or a number or flag as a list of one number.
 void Give(const Variant& value) {
   numbers.clear();
   if (const auto* text = std::get_if<String>(&value)) return Give(StringView(*text));
@@ -67,7 +67,7 @@ void Give(const Variant& value) {
   if (const auto* flag = std::get_if<bool>(&value)) numbers.push_back(*flag ? 1 : 0);
 }
 
-// The page is asked only where it knows more: of all texts in a long list that takes a while.
+// ASCII is folded here. Only other texts go to the page: a call for each row of a list is slow.
 String Folded(StringView text) {
   const bool isPlain = std::all_of(text.begin(), text.end(), [](char16_t unit) {
     constexpr char16_t kBehindAscii = 0x80;
@@ -88,7 +88,7 @@ std::string PartText(const faces::Part& part) {
          std::to_string(part.weight) + ",[" + parts + "]]";
 }
 
-// What the page asks of a control; the numbers are those of its own list.
+// What the page asks of a control; src/numbers.ts has the same numbers.
 enum class Ask {
   kEnabled,
   kVisible,
@@ -271,7 +271,7 @@ const Control* next_option(Element* element, const Control* option, int forward)
   return faces::NextOption(element->Form(), *option, forward != 0);
 }
 
-// Of colours as 0xRRGGBB.
+// Whether a text of one colour can be read on another; both are 0xRRGGBB.
 ZOLT20_EXPORT(can_be_read) int can_be_read(int text, int background) {
   constexpr int kPart = 0xFF;
   const auto rgb = [](int of) { return faces::Rgb{of >> 16 & kPart, of >> 8 & kPart, of & kPart}; };
@@ -315,8 +315,8 @@ ZOLT20_EXPORT(control_number) int control_number(const Control* control, Ask ask
   }
 }
 
-/// Of a control in the frame of the case rows, or that frame: its top and its height, each as
-/// twips, growths of a row and growths of the button.
+/// Top and height of a control in the frame of the case rows, or of that frame: each as twips,
+/// growths of a row and growths of the button.
 ZOLT20_EXPORT(case_span) void case_span(Element* element, const Control* control) {
   const faces::CaseSpan span = faces::CaseSpanOf(element->Form(), *control);
   numbers.clear();
@@ -342,7 +342,7 @@ ZOLT20_EXPORT(shown_text) void shown_text(const Control* box, int lineEnd) {
   control_text(box, AskText::kText);
   given = faces::Shown(given, static_cast<char16_t>(lineEnd));
 }
-/// The part of a box's text that these shown characters stand for.
+/// The part of a box's text for the shown characters from `first` on and before `behind`.
 ZOLT20_EXPORT(text_between) void text_between(const Control* box, int first, int behind) {
   control_text(box, AskText::kText);
   const std::size_t start = faces::PlaceInText(given, 0, static_cast<std::size_t>(first));
@@ -350,7 +350,7 @@ ZOLT20_EXPORT(text_between) void text_between(const Control* box, int first, int
       faces::PlaceInText(given, start, static_cast<std::size_t>(behind - first));
   given = given.substr(start, end - start);
 }
-/// The place in what is shown of a box that so many characters of its text take.
+/// Maps a place in a box's text to the place in its shown text.
 ZOLT20_EXPORT(shown_place) int shown_place(const Control* box, int place) {
   control_text(box, AskText::kText);
   return static_cast<int>(
@@ -378,8 +378,8 @@ Status type_key(Element* element, const TextBox* box, int first, int behind, int
                                {static_cast<int>(from), static_cast<int>(to)});
 }
 
-/// The gesture that was made last: its number, the control, its number in it, the marked characters
-/// of a key or -1; with its text. Nothing when there is none, or its control is gone.
+/// The last gesture as five numbers and a text: its kind, the control, the number in the control,
+/// the marked characters of a key or -1 twice. No numbers without a gesture or its control.
 ZOLT20_EXPORT(made) void made(Element* element) {
   const UserGesture& gesture = element->person().made().gesture;
   const auto controls = element->Form().Controls();
@@ -390,8 +390,8 @@ ZOLT20_EXPORT(made) void made(Element* element) {
              mark.from, mark.to};
   Give(StringView(gesture.text));
 }
-/// The word of a gesture in JSON lines, and behind a blank the key of what it has beside its
-/// control.
+/// The word of a gesture in JSON lines, a blank, and the key of its operand, which is "" for a
+/// gesture that has nothing beside its control.
 ZOLT20_EXPORT(gesture_words) void gesture_words(Gesture gesture) {
   const GestureDesign& design = DesignOf(gesture);
   Give(std::string_view(std::string(design.word) + " " + std::string(design.operand)));
@@ -418,8 +418,8 @@ ZOLT20_EXPORT(switch_history) void switch_history(Element* element, int on) {
   element->person().SwitchHistory(on != 0);
 }
 
-/// What changed since the last call: whether the focus moved, the number of controls that are gone,
-/// these, then each control that changed with its bits.
+/// The changes since the last call: whether the focus moved, the number of controls that are gone,
+/// those controls, then each control that changed with its bits.
 ZOLT20_EXPORT(changes) void changes(Element* element) {
   const faces::Changes taken_changes = element->person().TakeChanges();
   numbers.clear();

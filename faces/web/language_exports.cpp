@@ -1,6 +1,6 @@
-// What a script asks of texts in the statement language, by a module of its own, which has no
-// element. What is told goes out as one list of numbers and one text: of each text its length
-// stands in the list, at its turn.
+// Exports of the module for texts in the statement language, which has no element. An answer goes
+// out as one list of numbers and one text. The text has all texts of the answer one behind the
+// other; the list has the length of each where it belongs.
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -23,7 +23,7 @@ using web::taken;
 
 namespace {
 
-// As the script gave it last.
+// The catalogue that the script gave last, and its names.
 reopen::Catalogue catalogue;
 std::optional<language::Names> names;
 
@@ -64,7 +64,7 @@ void Tell(const std::vector<String>& lines) {
     Tell(StringView(line));
 }
 
-// A property with its value, or a gesture: its word, its control, and what it has beside it.
+// Each step: a property with its value, or a gesture with word, operand, control, number and text.
 void Tell(const std::vector<reopen::Step>& steps) {
   Tell(steps.size());
   for (const reopen::Step& step : steps) {
@@ -99,7 +99,7 @@ ZOLT20_EXPORT(names_of_nodes) void names_of_nodes() {
     Tell(std::string_view(NameOf(static_cast<Problem>(problem))));
 }
 
-/// The catalogue that came in: so many characters of its tables, then its fields.
+/// Takes the catalogue that came in: `tables` characters of tables, then the fields.
 ZOLT20_EXPORT(use_catalogue) void use_catalogue(int tables) {
   const auto count = static_cast<std::size_t>(tables);
   catalogue = {taken.substr(0, count), taken.substr(count)};
@@ -107,9 +107,9 @@ ZOLT20_EXPORT(use_catalogue) void use_catalogue(int tables) {
   taken.clear();
 }
 
-// The next ones read the text that came in.
+// The functions below read the text that came in.
 
-/// Nine numbers a node.
+/// Nine numbers for each node: places, depth, links to other nodes, kind and problem.
 ZOLT20_EXPORT(outline) void outline() {
   const String text = std::exchange(taken, {});
   const std::vector<language::Node> nodes = language::ReadOutline(text);
@@ -122,7 +122,7 @@ ZOLT20_EXPORT(outline) void outline() {
   }
 }
 
-/// Of each finding its place, its node, its code, its severity and its sentence.
+/// For each finding five numbers of its place and node, then its code, severity and sentence.
 ZOLT20_EXPORT(check) void check(int withCatalogue) {
   const String text = std::exchange(taken, {});
   const auto findings = language::Check(text, withCatalogue != 0 && names ? &*names : nullptr);
@@ -135,8 +135,8 @@ ZOLT20_EXPORT(check) void check(int withCatalogue) {
   }
 }
 
-/// Of each use its place, its node, its kind, what the text is there, and whether the catalogue has
-/// it not.
+/// For each use five numbers of its place and node, its kind, what the text is there, and 1 when
+/// the name is missing in the catalogue.
 ZOLT20_EXPORT(uses) void uses(int withCatalogue) {
   const String text = std::exchange(taken, {});
   const language::Names* const known = withCatalogue != 0 && names ? &*names : nullptr;
@@ -149,7 +149,7 @@ ZOLT20_EXPORT(uses) void uses(int withCatalogue) {
   }
 }
 
-/// Of each node that is told its index, how many of those told it stands in, and its sentence.
+/// For each explained node its index, how many explained nodes it stands in, and its sentence.
 ZOLT20_EXPORT(explain) void explain() {
   const String text = std::exchange(taken, {});
   const std::vector<language::Node> nodes = language::ReadOutline(text);
@@ -165,7 +165,7 @@ ZOLT20_EXPORT(explain) void explain() {
   }
 }
 
-/// Each property with its part, "" for none, then the problems and the rest.
+/// The name of each property with its part, "" for none, then the problems and the rest.
 ZOLT20_EXPORT(reopen) void reopen_statement() {
   const reopen::Reopened reopened = reopen::Reopen(std::exchange(taken, {}));
   Begin();
@@ -178,7 +178,7 @@ ZOLT20_EXPORT(reopen) void reopen_statement() {
   Tell(StringView(reopened.rest));
 }
 
-/// Tried on a control with the catalogue.
+/// The steps that open the text, tried on a control with the catalogue that came in before.
 ZOLT20_EXPORT(open) void open_statement() {
   const reopen::Opening opening = reopen::Open(std::exchange(taken, {}), catalogue);
   Begin();
@@ -195,7 +195,7 @@ ZOLT20_EXPORT(open) void open_statement() {
   Tell(opening.problems);
 }
 
-/// The text as properties take it. Gives whether it can be sent at all.
+/// The text encoded as properties take it. Returns 0, without a text, if it can't be sent.
 ZOLT20_EXPORT(encode) int encode() {
   const String text = std::exchange(taken, {});
   Begin();

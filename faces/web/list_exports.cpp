@@ -1,5 +1,5 @@
-// What the lists of a page ask: which rows are drawn, their texts, where keys go, what typed
-// letters find. Rows are counted as they are drawn, where nothing else is said.
+// Exports for the lists of a page, which are virtual lists: drawn rows and their texts, keys,
+// type-ahead. A row number counts drawn rows, unless a comment says "of the control".
 #include <cstdint>
 #include <map>
 #include <utility>
@@ -17,7 +17,7 @@ using web::taken;
 
 namespace {
 
-// What was typed in a list last.
+// The type-ahead, and the list that its letters were typed in.
 faces::TypeAhead typed;
 const RowsControl* typedIn = nullptr;
 
@@ -38,36 +38,36 @@ extern "C" {
 
 // Which rows are drawn.
 
-/// Only rows that hold the text that came in are drawn from now on.
+/// Filters a list: from now on it draws only rows that hold the text that came in.
 ZOLT20_EXPORT(set_filter) void set_filter(Element* element, const RowsControl* list) {
   element->Drawn(*list).SetFilter(std::exchange(taken, {}));
 }
-/// Of the text that came in so much is the text of rows, what follows their name.
+/// Of the text that came in, the first `length` characters are a row's text, the rest its name.
 ZOLT20_EXPORT(add_name) void add_name(int length) {
   const String both = std::exchange(taken, {});
   const auto behind = static_cast<std::size_t>(length);
   names.insert_or_assign(both.substr(0, behind), both.substr(behind));
 }
-/// The rows have the names that came in since the last call.
+/// Gives the list's rows the names that add_name took since the last call.
 ZOLT20_EXPORT(name_rows) void name_rows(Element* element, const RowsControl* list) {
   element->Drawn(*list).NameRows(std::exchange(names, {}));
 }
 ZOLT20_EXPORT(drawn_count) int drawn_count(Element* element, const RowsControl* list) {
   return element->Drawn(*list).Count();
 }
-/// The row of the control that is drawn there, and back; -1 for none.
+/// Maps a drawn row to the row of the control, and back; -1 for none.
 ZOLT20_EXPORT(control_row) int control_row(Element* element, const RowsControl* list, int drawn) {
   return element->Drawn(*list).ControlRow(drawn);
 }
 ZOLT20_EXPORT(drawn_row) int drawn_row(Element* element, const RowsControl* list, int row) {
   return element->Drawn(*list).DrawnRow(row);
 }
-/// What to say of marks that a filter hides.
+/// The sentence about marked rows that the filter hides, "" when it hides none.
 ZOLT20_EXPORT(hidden_marks) void hidden_marks(Element* element, const RowsControl* list) {
   given = element->Drawn(*list).HiddenMarks(element->person().words());
 }
-/// The texts of these rows, each with its name behind it; for each row that of the control, the two
-/// lengths and its mark.
+/// The texts of these rows, each with its name behind it. Four numbers a row: the row of the
+/// control, both lengths, and 1 when it is marked.
 ZOLT20_EXPORT(drawn_rows)
 void drawn_rows(Element* element, const RowsControl* list, int first, int count) {
   const faces::DrawnRows& drawn = element->Drawn(*list);
@@ -82,8 +82,8 @@ void drawn_rows(Element* element, const RowsControl* list, int first, int count)
     numbers.insert(numbers.end(), {row, Length(text), Length(name), IsMarked(*list, row) ? 1 : 0});
   }
 }
-/// The texts of these rows of the control, one behind the other; their lengths, each followed by
-/// its mark.
+/// The texts of these rows of the control, one behind the other. Two numbers a row: its length, and
+/// 1 when it is marked.
 ZOLT20_EXPORT(rows) void rows(const RowsControl* list, int first, int count) {
   given.clear();
   numbers.clear();
@@ -96,15 +96,15 @@ ZOLT20_EXPORT(rows) void rows(const RowsControl* list, int first, int count) {
 
 // Keys.
 
-// The row that the key of a list goes to, -1 for no step; whether the keys stand there from now on;
-// the gesture that is made of it, -1 for none.
+// Three numbers: the row that a key leads to, -1 for none; whether it becomes the current row; the
+// gesture that the person makes of it, -1 for none.
 ZOLT20_EXPORT(list_key)
 void list_key(faces::ListKey key, int current, int count, int page, int isSingle) {
   const faces::ListStep step = faces::StepOf(key, {current, count, page, isSingle != 0});
   numbers = {step.row, step.moves ? 1 : 0, step.gesture ? static_cast<int>(*step.gesture) : -1};
 }
-// The row that letters typed in a list go to, -1 for none. What was typed in another list before is
-// forgotten.
+// Type-ahead: the row that the typed letters lead to, -1 for none; `time` in milliseconds. Letters
+// typed in another list before are forgotten.
 ZOLT20_EXPORT(type_ahead)
 int type_ahead(Element* element, const RowsControl* list, int current, char16_t letter,
                unsigned time) {

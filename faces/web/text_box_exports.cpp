@@ -1,5 +1,5 @@
-// What a page asks of the box of statements as an element of its own: its text with the line ends
-// that it came with, edits of what is shown of it, and the words that have colours.
+// Exports for the box of statements as an element of its own: its text, which keeps the line ends
+// that it came with, and edits of the shown text, in which each line end is one character.
 #include <algorithm>
 #include <cstddef>
 #include <utility>
@@ -26,11 +26,11 @@ ZOLT20_EXPORT(destroy) void destroy(String* box) {
 ZOLT20_EXPORT(box_text) void box_text(const String* box) {
   given = *box;
 }
-/// The box has the text that came in.
+/// Gives the box the text that came in.
 ZOLT20_EXPORT(set_box_text) void set_box_text(String* box) {
   *box = std::exchange(taken, {});
 }
-/// A person made what came in of what is shown of the box, with the caret there.
+/// A person edited the shown text into the one that came in, and the caret stands at `caret`.
 ZOLT20_EXPORT(type) void type(String* box, int caret, int lineEnd) {
   const String shown = std::exchange(taken, {});
   const auto end = static_cast<char16_t>(lineEnd);
@@ -44,13 +44,13 @@ ZOLT20_EXPORT(type) void type(String* box, int caret, int lineEnd) {
 ZOLT20_EXPORT(shown_text) void shown_text(const String* box, int lineEnd) {
   given = faces::Shown(*box, static_cast<char16_t>(lineEnd));
 }
-/// The part of a box's text that these shown characters stand for.
+/// The part of a box's text for the shown characters from `first` on and before `behind`.
 ZOLT20_EXPORT(text_between) void text_between(const String* box, int first, int behind) {
   const std::size_t start = faces::PlaceInText(*box, 0, static_cast<std::size_t>(first));
   const std::size_t end = faces::PlaceInText(*box, start, static_cast<std::size_t>(behind - first));
   given = box->substr(start, end - start);
 }
-/// The place in what is shown of a box that so many characters of its text take.
+/// Maps a place in a box's text to the place in its shown text.
 ZOLT20_EXPORT(shown_place) int shown_place(const String* box, int place) {
   const StringView before = StringView(*box).substr(0, static_cast<std::size_t>(place));
   return static_cast<int>(faces::Shown(before, u'\n').size());

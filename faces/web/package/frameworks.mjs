@@ -1,5 +1,5 @@
-// The types by which templates of frameworks know the elements: an entry for each framework, so that
-// nobody needs the types of another one. Each gives what the module itself gives, too.
+// The types of the elements in templates of frameworks: an entry for each framework, so that no
+// project needs the types of another one. Each entry also exports what the module exports.
 
 /** @typedef {{tag: string, name: string}} Element */
 /** @type {readonly Element[]} */

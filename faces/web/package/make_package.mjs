@@ -1,5 +1,5 @@
-// Makes what tells others of the element: types, manifest, package.json. Members and events come
-// from the list of the contract in the module itself, the rest from the types and the style sheet.
+// Makes the package's types, its manifest of custom elements and package.json. Members and events
+// come from the contract's list in the module itself, the rest from types and style sheet.
 //   node make_package.mjs SOURCE WASM VERSION OUT       SOURCE is the root of the repository
 import {copyFileSync, readFileSync, writeFileSync} from 'node:fs';
 import {join} from 'node:path';
@@ -56,7 +56,7 @@ const types = typesOf(contract, source);
  * @property {{type: {text: string}}} [return]
  */
 
-// The manifest says what the types say.
+// Reads the declarations of the types, whose comments become the descriptions of the manifest.
 /** @type {(text: string, start: string) => Declaration[]} */
 function declarationsIn(text, start) {
   const body = text.slice(text.indexOf(start)).split('\n}\n')[0].split('\n').slice(1);
@@ -103,7 +103,7 @@ function membersOf(className, types) {
   /** @type {Map<string, ManifestMember>} */
   const members = new Map();
   for (const each of declarationsIn(types, `export declare class ${className} `)) {
-    if (each.name.endsWith('EventListener')) continue; // of every element, and only typed here
+    if (each.name.endsWith('EventListener')) continue; // every element has it; here only types differ
     if (each.access === undefined) {
       members.set(each.name, {
         kind: 'method',
@@ -165,7 +165,7 @@ const attributeOf = (members, attribute, name) => {
   };
 };
 const elementMembers = membersOf('ZOLT20MapControlElement', types);
-// Of each member that can be written an attribute, and those of a control of a form.
+// An attribute for each writable member, and the attributes of a control of a form.
 const attributes = [
   ...fillablesOf(logic),
   ...['name', 'disabled', 'readOnly', 'required'].map((name) => ({

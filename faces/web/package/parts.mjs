@@ -1,5 +1,5 @@
-// What the manifest says of the parts of the element: kinds of nodes, their states, which are parts
-// too, and the controls by their names.
+// The parts of the element for the manifest, as ::part() takes them: kinds of nodes, their states
+// (which are parts as well), and controls by their names.
 import {AskText} from '../src/numbers';
 
 /// Each kind of node: what it is, and the states that it can have.

@@ -1,5 +1,5 @@
-// What the package tells of itself: the members and events of the manifest, in the template of
-// everything else.
+// Makes the package's README.md: fills members and events of the manifest into the template
+// README.md.in.
 import {attributeOf} from './attribute_names.mjs';
 
 /** @import {Member} from './types.mjs' */

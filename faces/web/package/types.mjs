@@ -1,5 +1,5 @@
-// The types of the element: its members and events with what the comments of the headers say of
-// them, in the template of everything else.
+// Makes the types of the element: fills members and events, with the comments that the C++ headers
+// have for them, into the template zolt20-map-control.d.ts.in.
 import {readFileSync} from 'node:fs';
 import {join} from 'node:path';
 
@@ -47,7 +47,7 @@ function typesOfMember({name, type, canSet, canGet, isMethod, argument}, control
   const lines = [];
   if (canGet) lines.push(`${doc(`\\w+ ${name}\\(\\)`)}  get ${name}(): ${typed};`);
   if (canSet) {
-    // What can only be written reads as nothing.
+    // A write-only property reads as undefined.
     const getter = canGet ? '' : `  get ${name}(): undefined;\n`;
     const written = doc(`void ${name}\\(\\w+ \\w+\\);`);
     lines.push(`${written}${getter}  set ${name}(value: ${typed} | null | undefined);`);
@@ -55,8 +55,8 @@ function typesOfMember({name, type, canSet, canGet, isMethod, argument}, control
   return lines.join('\n');
 }
 
-// What a template can write: a number as an attribute's text, too, and a flag as an attribute
-// without one.
+// The types of attributes in templates: a number can be a text as well, and a flag an attribute
+// without a text.
 /** @type {Readonly<Record<string, string>>} */
 const kAttributeTypes = {
   String: 'string',

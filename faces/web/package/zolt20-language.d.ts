@@ -4,7 +4,7 @@
 // Texts are as `prpStroutput` gives them, with CR LF, tabs and quotes as they are. Places, columns and lengths are offsets into the
 // JavaScript string, in units of UTF-16. Whatever is no string throws a TypeError.
 
-/** What a node of the tree is. */
+/** The kinds of nodes of the tree. */
 export type NodeKind =
   | 'blank'
   | 'statement'
@@ -31,32 +31,32 @@ export type NodeKind =
   | 'case row'
   | 'default';
 
-/** What is wrong with a node. */
+/** The problems that a node can have. */
 export type NodeProblem = 'not closed' | 'nothing to close' | 'out of place' | 'incomplete';
 
 /** One node of the tree. The leaves, one behind the other, are the text. */
 export interface OutlineNode {
   readonly kind: NodeKind;
-  /** Its first character, from 0. */
+  /** The offset of the node's first character, from 0. */
   readonly first: number;
-  /** Behind its last character. */
+  /** The offset behind the node's last character. */
   readonly last: number;
-  /** How many nodes it stands within. */
+  /** How many nodes are around this one. */
   readonly depth: number;
-  /** The words of its first line, without blanks around them. */
+  /** The head: the words of the node's first line, without blanks around them. */
   readonly head: string;
-  /** Where these begin; its problem is shown there. */
+  /** The offset where the head begins; the node's problem is shown there. */
   readonly headFirst: number;
-  /** Behind them. */
+  /** The offset behind the head. */
   readonly headLast: number;
-  /** The index of the node around it, -1 for none. */
+  /** The index of the node around this one, -1 for none. */
   readonly parent: number;
-  /** The index behind the last of the nodes within it. */
+  /** The index behind the last node within this one. */
   readonly behind: number;
   readonly problem?: NodeProblem;
 }
 
-/** A short word for what is wrong, which never changes. */
+/** The code of a finding: a short word that never changes. */
 export type FindingCode =
   | 'not-closed'
   | 'nothing-to-close'
@@ -73,20 +73,20 @@ export type FindingCode =
   | 'not-sendable'
   | 'too-long';
 
-/** One thing that is wrong. */
+/** One finding of a check: a problem with its place. */
 export interface Finding {
-  /** From 1; a line ends with CR LF, CR or LF. */
+  /** The line of the finding, from 1; a line ends with CR LF, CR or LF. */
   readonly line: number;
   /** From 1. */
   readonly column: number;
-  /** Its place in the text, from 0. */
+  /** The offset of the finding in the text, from 0. */
   readonly first: number;
-  /** Never beyond its line; 0 only at the end of a line. */
+  /** The count of characters, which never goes beyond the line; 0 only at the end of a line. */
   readonly length: number;
   readonly code: FindingCode;
   readonly severity: 'error' | 'warning';
   readonly sentence: string;
-  /** The index of the node of the tree that it stands in. */
+  /** The index of the node of the tree that the finding is in. */
   readonly node: number;
 }
 
@@ -96,9 +96,9 @@ export interface Use {
   readonly line: number;
   /** From 1. */
   readonly column: number;
-  /** Its place in the text, from 0. */
+  /** The offset of the name in the text, from 0. */
   readonly first: number;
-  /** Of the whole name, without the star of `ORDERS__.*`. */
+  /** The length of the whole name, without the star of `ORDERS__.*`. */
   readonly length: number;
   readonly kind: 'table' | 'field' | 'index' | 'function';
   /** As it stands there: `CUSTOMER`, `CUSTOMER.C_ID`, `CUSTOMER._index1`, `round`. */
@@ -107,14 +107,14 @@ export interface Use {
   readonly place: 'clause' | 'head' | 'statement' | 'string';
   /** The index of the node of the tree that it stands in. */
   readonly node: number;
-  /** Only with a catalogue: whether it has the name not. Functions and texts in quotes are never missing. */
+  /** Only with a catalogue: whether the name is missing in it. Functions and texts in quotes are never missing. */
   readonly missing?: boolean;
 }
 
-/** What a node does. */
+/** The explanation of a node: what it does, as a sentence. */
 export interface Explanation {
   readonly sentence: string;
-  /** How many of the sentences before it tell what is around it. */
+  /** How many of the sentences before this one explain nodes around this one. */
   readonly depth: number;
   /** The index of the node of the tree. */
   readonly node: number;
@@ -139,9 +139,9 @@ export type PartName =
   | 'prpSelectEmptyPart'
   | 'prpSelectErrorPart';
 
-/** Why something does not come back as it stands in the text. */
+/** Why a part of the text can't be reopened as it stands. */
 export interface ReopenProblem {
-  /** From 1; lines end with CR LF. */
+  /** The line of the problem, from 1; lines end with CR LF. */
   readonly line: number;
   /** From 1. */
   readonly column: number;
@@ -168,22 +168,22 @@ export type Step =
       readonly text?: string;
     };
 
-/** Lines of the stored text and what comes in their place; either can be none. */
+/** Lines of the stored text and the lines that replace them; either can be empty. */
 export interface Difference {
-  /** Of the stored text, from 1: the first of `stored`, or the one behind it. */
+  /** The line in the stored text, from 1: the first of `stored`, or the line behind the difference. */
   readonly line: number;
   readonly stored: readonly string[];
   readonly comes: readonly string[];
 }
 
 export interface Opening {
-  /** Whether the same text comes again, but for line breaks at its start. */
+  /** Whether the steps make the stored text again, except for line breaks at its start. */
   readonly isEqual: boolean;
-  /** Fill the pages of a control that has its catalogue and nothing else yet. Empty for a text that the form can't show. */
+  /** The steps that fill the pages of a control which has its catalogue and nothing else yet. Empty for a text that the form can't show. */
   readonly steps: readonly Step[];
-  /** What the person does then for the text to come into the Result. */
+  /** The steps that then bring the text into the Result, as gestures of the person. */
   readonly finish: readonly Step[];
-  /** The Result that comes of it. */
+  /** The Result after all steps. */
   readonly result: string;
   readonly differences: readonly Difference[];
   /** Why the text, or a clause of it, can't be shown on the pages, where that is known. */
@@ -193,25 +193,25 @@ export interface Opening {
 /** The tree: its nodes in the order of the text, each before those within it. Never fails; takes time in proportion to the text. */
 export declare function outline(text: string): OutlineNode[];
 
-/** What is wrong in the text, in its order. Names are looked at with a catalogue. Of each code the first 1,000 are told. */
+/** The findings in the text, in its order. Names are checked if there is a catalogue. Of each code, the first 1,000 findings are given. */
 export declare function check(text: string, catalogue?: Catalogue | null): Finding[];
 
 /** Where tables, fields, indexes and functions stand, in the order of the text. With a catalogue its tables are known by their names; without one a table's name has 8 characters. */
 export declare function uses(text: string, catalogue?: Catalogue | null): Use[];
 
-/** What the text does, a sentence for each statement and each block. */
+/** Explains the text, by a sentence for each statement and each block. */
 export declare function explain(text: string): Explanation[];
 
-/** A select statement, as the control wrote it at depth 0, in the values of the part properties. */
+/** Splits a select statement, as the control wrote it at depth 0, into the values of the part properties. */
 export declare function reopen(text: string): Reopened;
-/** The same, and the steps that bring a select statement or a control-flow statement back onto the form, tried on a control with the catalogue. */
+/** The steps that bring a select statement or a control-flow statement back onto the form, tried on a control with the catalogue. */
 export declare function reopen(
   text: string,
   catalogue: Catalogue,
 ): Reopened & {readonly opening: Opening};
 
-/** The text as `prpStroutput` and the other properties take it, in one line; undefined for one that none of them can take. */
+/** Encodes a text in one line, as `prpStroutput` and the other properties take it; undefined for a text that none of them can take. */
 export declare function encode(text: string): string | undefined;
 
-/** Compiles what the functions need, aside. Nobody has to call it: the first call of a function compiles it otherwise, and waits for it. */
+/** Compiles the module of the functions in the background. The call is optional: without it, the first call of a function compiles the module and waits for it. */
 export declare function load(): Promise<void>;

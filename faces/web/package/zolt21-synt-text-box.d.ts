@@ -1,9 +1,9 @@
-// The box of statements by itself.
+// The types of the box of statements as an element of its own.
 
 export interface ZOLT21SyntTextBoxEventMap extends HTMLElementEventMap {
   /** The box took the focus. */
   TabChain: Event;
-  /** A property became another one, by the page or by the person. */
+  /** The value of a property changed, by the page or by the person. */
   propertychanged: CustomEvent<{readonly name: 'Text' | 'Highlight' | 'rightmargin'}>;
 }
 
@@ -18,21 +18,21 @@ export declare class ZOLT21SyntTextBoxElement extends HTMLElement {
   /** Whether words have colours, false at first; no effect on the text. */
   get Highlight(): boolean;
   set Highlight(value: boolean | null | undefined);
-  /** How long lines may be, in twips, before they go on below; 0, as at first, for the width of the box, and 32000 or more for no such place. A RangeError below 0. */
+  /** The margin at which lines wrap, in twips; 0, the default, for the width of the box, and 32000 or more for no wrap. Throws a RangeError below 0. */
   get rightmargin(): number;
   set rightmargin(value: number | null | undefined);
 
   /** The form that the element belongs to, which sends the text. */
   get form(): HTMLFormElement | null;
-  /** Its labels. */
+  /** The labels of the element. */
   get labels(): NodeList;
-  /** The name under which the form sends it. */
+  /** The name under which the form sends the text. */
   get name(): string;
   set name(value: string);
-  /** Whether the person can do nothing with it. */
+  /** Whether the box is disabled, so that the person can do nothing with it. */
   get disabled(): boolean;
   set disabled(value: boolean);
-  /** Whether elements of the class are controls of forms: true. */
+  /** Whether elements of the class are controls of forms (form-associated): true. */
   static readonly formAssociated: boolean;
   /** The attributes that the element reads. */
   static readonly observedAttributes: string[];
@@ -72,7 +72,7 @@ export interface ZOLT21SyntTextBoxProperties {
   /** Writes `Highlight`. */
   Highlight?: boolean | null | undefined;
 }
-/** The events of the box and what comes with each, without those of every element. */
+/** The events of the box with their types, without the events that every element has. */
 export type ZOLT21SyntTextBoxEvents = Omit<ZOLT21SyntTextBoxEventMap, keyof HTMLElementEventMap>;
 /** All that a template can give the box, with its events as `onTabChain` and `onpropertychanged`. */
 export type ZOLT21SyntTextBoxProps = ZOLT21SyntTextBoxAttributes &

@@ -1,5 +1,5 @@
-// The attributes of the element: one for each member of the contract that can be written, so that
-// plain HTML fills the control. Their names are made from the members' by one rule.
+// The attributes of the element: one for each writable member of the contract, so that plain HTML
+// fills the control. One rule makes an attribute's name from the member's.
 import {attributeOf} from '../package/attribute_names.mjs';
 import type {Logic} from './logic';
 import {ValueType} from './numbers';
@@ -14,8 +14,8 @@ export interface Fillable {
   type: ValueType;
 }
 
-// The order in which a host calls, since later members read what earlier ones left. Members that
-// do not stand here come last.
+// The calling order, in which a host writes members: later members read what earlier ones wrote.
+// Members that are not in this list come last.
 const kCallingOrder = [
   'prpParentorChild',
   'PrpStrTables',
@@ -36,7 +36,7 @@ const kCallingOrder = [
   'Syntax_Highlight',
 ];
 
-/** All that attributes can write, in the calling order. */
+/** All members that attributes write, in the calling order. */
 export function fillablesOf(logic: Logic): Fillable[] {
   const kLet = 4;
   const found: Fillable[] = [];
@@ -54,8 +54,8 @@ export function fillablesOf(logic: Logic): Fillable[] {
 }
 
 /**
- * What an attribute's text writes, undefined for nothing. `asProperty` when it has the property's
- * own name: a server wrote the value of a property, and so "false" for false.
+ * The value that an attribute's text writes, undefined for none. `asProperty` if the attribute has
+ * the property's own name: a server wrote the property's value then, and "false" means false.
  */
 export function valueFrom(
   text: string | null,

@@ -1,10 +1,10 @@
-// What the BackColor of a control is in a browser.
+// Maps the BackColor of a control to a colour of CSS.
 import {make} from './dom';
 import type {Logic} from './logic';
 
 /**
- * The system colours that the form has, by the numbers of a BackColor. CSS has no colour of inactive
- * title bars; in their place stands that of a box that takes nothing.
+ * The system colours that the form uses, by the numbers of a BackColor. CSS has no colour for
+ * inactive title bars; the colour of an inactive box stands in for it.
  */
 const kSystemColours = new Map([
   [0x80000003, 'var(--_field-inactive)'],
@@ -12,11 +12,11 @@ const kSystemColours = new Map([
 ]);
 const kWithout = 'var(--_field)';
 
-/** The colour behind the text of a box, as long as the text can be read on it. */
+/** The background colour of a box; a fallback replaces it if the text can't be read on it. */
 export class BackColour {
   readonly #logic: Logic;
   readonly #node: HTMLElement;
-  // Asked for a colour in one scheme, whichever the page has.
+  // A hidden node that resolves a colour in a given colour scheme, whichever the page has.
   readonly #probe = make('span', {hidden: true, 'aria-hidden': 'true'});
   #meant: string | undefined;
 
@@ -33,7 +33,7 @@ export class BackColour {
     this.#node.classList.toggle('meant', meant !== undefined);
     this.showAgain();
   }
-  /** The element came into a page, and has the colours of that. */
+  /** Checks the colours again: the element came into a page, whose colours it takes. */
   showAgain(): void {
     if (this.#meant === undefined) return;
     for (const scheme of ['light', 'dark']) {
@@ -44,7 +44,7 @@ export class BackColour {
       this.#node.style.setProperty(`--meant-${scheme}`, canBeRead ? this.#meant : kWithout);
     }
   }
-  // A colour as 0xRRGGBB; undefined for one that the browser tells in another way.
+  // A colour as 0xRRGGBB; undefined if the browser does not resolve it to rgb().
   #numberOf(colour: string, scheme: string): number | undefined {
     this.#probe.style.colorScheme = scheme;
     this.#probe.style.color = colour;

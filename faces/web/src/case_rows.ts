@@ -1,12 +1,12 @@
-// Where the boxes of the case rows stand, which have their places from the form and not from the
-// style sheet.
+// Places the boxes of the case rows, which stand where the form has them and not where a style
+// sheet puts them.
 import type {Address, Logic, Stretch} from './logic';
 import {Ask} from './numbers';
 import type {View} from './views';
 
-// What lies in the frame of the case rows, with a margin behind like that before it.
+// The width of the controls in the frame of the case rows, with equal margins on both sides.
 const kCaseFrameTwips = 6720 + 825 + 120;
-// So that the least of the buttons there can be pointed at.
+// The scale of the case rows: large enough that the smallest button there can be clicked.
 const kTwipsPerPixel = 14.4;
 const down = (twips: number) => `${twips / kTwipsPerPixel}px`;
 
@@ -21,8 +21,8 @@ export function sizeCaseRows(
   frame.style.setProperty('--next', down(heightOf('cmdNext')));
 }
 
-// Of the frame of the case rows its height, of what lies in it all. In a wider frame the boxes
-// and what stands beside them are wider; the style sheet has how they grow with the letters.
+// Sets the height of the frame of the case rows, and place and size of a control in it. A wider
+// frame makes the boxes wider; the style sheet knows how rows grow with the letters.
 export function placeInCaseRows(logic: Logic, handle: number, control: Address, view: View): void {
   const height = logic.number(control, Ask.Height);
   if (height === 0) return;
@@ -39,7 +39,7 @@ export function placeInCaseRows(logic: Logic, handle: number, control: Address, 
   style.width = `${(100 * width) / kCaseFrameTwips}%`;
 }
 
-// The place of a box of the case rows among them; what is no such box stands behind all.
+// The position of a box in the order of the case rows; Infinity for any other node.
 export function placeOfRow(node: Element): number {
   const row = /^(TxtExpr|txtStmt)\((\d+)\)$/.exec((node as HTMLElement).dataset['control'] ?? '');
   return row === null ? Infinity : 2 * Number(row[2]) + (row[1] === 'txtStmt' ? 1 : 0);

@@ -1,4 +1,4 @@
-// The script for pages without modules: what the module exports is global.
+// The classic script, for pages without modules: the exports of the module become globals.
 import {classesOfPage} from './define';
 import {embeddedLogic} from './embedded';
 

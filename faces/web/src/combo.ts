@@ -1,5 +1,5 @@
-// How a combo box is shown: a box or a text, and a list of entries that opens below it. Where the
-// list gets long, it begins with a line that has the focus while it is open, and that searches it.
+// The view of a combo box: a box or a text, and a popup list of entries. A long list begins with a
+// search line, which has the focus while the list is open.
 import {BackColour} from './back_colours';
 import {icon, make, setAttributes, showText} from './dom';
 import type {Face} from './face';
@@ -80,7 +80,7 @@ export class ComboView implements View {
   }
 
   #listen(): void {
-    // A press leaves the focus where it is, but for one that begins in the search line.
+    // A press does not move the focus, except into the search line.
     const presser = this.#opener ?? this.focus;
     this.#popup.addEventListener('mousedown', (event) => {
       if (event.target !== this.#search) event.preventDefault();
@@ -170,7 +170,7 @@ export class ComboView implements View {
     if (this.#opener !== undefined) this.#opener.disabled = !enabled;
     if (!enabled) this.#show(false);
   }
-  /** What the button beside the box is called, the list, and the line that searches it. */
+  /** Gives the button beside the box, the list and the search line their accessible names. */
   name(name: string): void {
     const {texts} = this.#face;
     this.#name = name;
@@ -194,7 +194,7 @@ export class ComboView implements View {
     this.#rows.view = this.#place();
     this.#rows.rowsChanged();
     this.#rows.moveToRow(this.#face.logic.number(this.#control, Ask.ListIndex));
-    // Under a finger it would bring up keys that cover the entries; who wants to search taps it.
+    // On a touch screen its focus would open a keyboard that covers the entries; a tap focuses it.
     if (!matchMedia('(pointer: coarse)').matches) this.#search?.focus({preventScroll: true});
     this.#stayWhile(this.node.getBoundingClientRect());
   }
@@ -208,7 +208,7 @@ export class ComboView implements View {
     }
     (this.#search ?? this.focus).removeAttribute('aria-activedescendant');
   }
-  // The list closes when its box moves, whatever it is that scrolls or changes around it.
+  // Closes the list when its box moves, whatever scrolls or changes around it.
   #stayWhile(place: DOMRect): void {
     requestAnimationFrame(() => {
       if (!this.#isOpen) return;
@@ -219,7 +219,7 @@ export class ComboView implements View {
       else this.#stayWhile(place);
     });
   }
-  // Below the box, or above it where there is more room. Gives the height of the rows.
+  // Places the list below the box, or above it if there is more room. Gives the rows' height.
   #place(): number {
     const kMostRows = 14;
     const kEdge = 8;
@@ -228,7 +228,7 @@ export class ComboView implements View {
     const above = around.top - kEdge;
     const beside = this.#list.offsetTop + 2;
     const wanted = this.#rows.heightOf(Math.min(Math.max(this.#rows.count, 1), kMostRows)) + beside;
-    // In a page that is enlarged by its style.
+    // The page's style may zoom it; the places here are in zoomed pixels.
     const zoom = (this.#popup as HTMLElement & {currentCSSZoom?: number}).currentCSSZoom ?? 1;
     const isBelow = below >= wanted * zoom || below >= above;
     const height = Math.min(wanted * zoom, isBelow ? below : above) / zoom;
@@ -264,7 +264,7 @@ export class ComboView implements View {
     event.preventDefault();
     this.#show(true);
   }
-  // A letter goes on to the search line, which has the focus from here on, or to the entries.
+  // A letter opens the list and goes to its search line, which gets the focus, or to type-ahead.
   #keyOnPick(event: KeyboardEvent): void {
     const isLetter = event.key.length === 1 && event.key !== ' ';
     if (isLetter && this.#search !== undefined) this.#show(true);
@@ -288,7 +288,7 @@ export class ComboView implements View {
       event.preventDefault();
     }
   }
-  // In an empty search line there is nowhere to go for the caret.
+  // Whether a key is for the list, not the search line: Home and End are if the line is empty.
   #isForList(key: string): boolean {
     if (this.#search === undefined) return true;
     const isEnd = key === 'Home' || key === 'End';

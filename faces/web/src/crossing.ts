@@ -1,7 +1,7 @@
-// What crosses between the logic and the page, beside texts and numbers.
+// The types that pass between the logic and the page, beside texts and numbers.
 import type {PartKind} from './numbers';
 
-/** A height that grows with the letters, so many times as a case row and as the button there do. */
+/** A length: twips, plus so many times what a case row and the button grow with the letters. */
 export interface Stretch {
   twips: number;
   rows: number;
@@ -20,7 +20,7 @@ export interface Row {
   marked: boolean;
 }
 
-/** A row as it is drawn: that of the control, its text with its name, and whether it is marked. */
+/** A row as it is drawn: `row` is its number in the control, `name` is drawn beside its text. */
 export interface DrawnRow extends Row {
   row: number;
   name: string;
@@ -42,19 +42,19 @@ export interface Changes {
   changed: Map<Address, number>;
 }
 
-/** What the boxes of statements and the others ask of where their texts are kept. */
+/** Where the text boxes find their texts, which the module keeps. */
 export interface BoxTexts {
   /** The text with one character for each line end. */
   shownText(box: Address, lineEnd: string): string;
-  /** The part of the text that these shown characters stand for. */
+  /** The part of the text for the shown characters from `first` on and before `behind`. */
   textBetween(box: Address, first: number, behind: number): string;
-  /** The place in what is shown that so many characters of the text take. */
+  /** Maps a place in the text to the place in the shown text. */
   shownPlace(box: Address, place: number): number;
   /** The words of a line that have a colour. */
   colouredWords(line: string): ColouredWord[];
 }
 
-/** The words of what coloured_words gives. */
+/** The coloured words in the numbers that coloured_words gives. */
 export function wordsIn(numbers: Int32Array): ColouredWord[] {
   const words: ColouredWord[] = [];
   for (let at = 0; at < numbers.length; at += 3)

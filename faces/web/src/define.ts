@@ -1,11 +1,11 @@
-// The element for pages: defined when its logic is there, under its one name. A page has it once,
-// however many copies of the scripts it loads: the later copies give the classes of the first.
+// Defines the custom element once its logic is loaded. A page defines it once, however many copies
+// of the scripts it loads: the later copies give the classes of the first.
 import {useLogic, ZOLT20MapControlElement} from './element';
 import {type Logic, ZOLT20Error} from './logic';
 
 export const kTag = 'zolt20-map-control';
 
-/** What the scripts give. */
+/** The classes that each script exports. */
 interface Classes {
   ZOLT20MapControlElement: typeof ZOLT20MapControlElement;
   ZOLT20Error: typeof ZOLT20Error;
@@ -17,8 +17,8 @@ const page = globalThis as {[kPlace]?: Classes};
 const own: Classes = {ZOLT20MapControlElement, ZOLT20Error};
 
 /**
- * The classes of the page. When no other copy has brought them, the element is defined with the
- * logic that this one makes: at once, or once it is there.
+ * The classes of the page. If no other copy of the scripts has defined the element, it is defined
+ * with the logic that `make` gives: at once, or when that promise is fulfilled.
  */
 export function classesOfPage(make: () => Logic | Promise<Logic>): Classes {
   if (globalThis.customElements === undefined) return own; // no page, such as on a server
@@ -54,7 +54,7 @@ function define(logic: Logic): void {
   customElements.define(kTag, ZOLT20MapControlElement);
 }
 
-// A copy that is loaded later may have more luck.
+// Makes room for another try by a copy that is loaded later.
 function giveUp(error: unknown): void {
   delete page[kPlace];
   reportError(error);

@@ -22,8 +22,8 @@ export function setAttributes(node: Element, attributes: Attributes): void {
 }
 
 /**
- * Shows a text in a node that has nothing else. No node goes away: wherever in the page one does,
- * browsers end the run of typing that Undo takes back at once.
+ * Shows a text in a node that has no other content. It removes no node: wherever in the page a node
+ * is removed, browsers end the run of typing that Undo takes back as one step.
  */
 export function showText(node: Element, text: string): void {
   const shown = node.firstChild;
@@ -31,7 +31,7 @@ export function showText(node: Element, text: string): void {
   else if (shown.data !== text) shown.data = text;
 }
 
-/** An icon of lines, as large as a letter. */
+/** A line icon, as large as a letter. */
 export function icon(path: string): SVGElement {
   const kSvg = 'http://www.w3.org/2000/svg';
   const svg = document.createElementNS(kSvg, 'svg');

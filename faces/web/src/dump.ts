@@ -3,7 +3,7 @@
 import type {Address, Logic} from './logic';
 import {Ask, AskText, Kind} from './numbers';
 
-/** A control: its name's properties, by kind. */
+/** A control: the values of its properties, which depend on its kind. */
 export type DumpedControl = Record<string, unknown>;
 export interface Dump {
   controls: Record<string, DumpedControl>;

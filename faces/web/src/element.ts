@@ -14,10 +14,10 @@ import {checked, isNothing} from './values';
 type Value = string | number | boolean;
 
 let logic: Logic;
-let fillables: Fillable[] = []; // what attributes write
-// What a script of JSON inside of the element can have beside that.
+let fillables: Fillable[] = []; // the members that attributes write
+// Properties outside the contract that a JSON script inside the element can have.
 const kOwnProperties = ['tableNames', 'texts', 'undoEnabled'];
-// What the members of the contract do to an element.
+// How the members of the contract write, read and call an element.
 let letMember: (element: ZOLT20MapControlElement, member: number, value: string | number) => void;
 let getMember: (element: ZOLT20MapControlElement, member: number, type: ValueType) => Value;
 let callMember: (element: ZOLT20MapControlElement, member: number, argument: number) => void;
@@ -27,20 +27,20 @@ export class ZOLT20MapControlElement extends FormElement {
   readonly #face: Face;
   readonly #filling: Filling;
   readonly #form: FormPart;
-  #events = 0; // of the control that are being told
+  #events = 0; // how many events of the control are being dispatched, one within another
   #bag: object | undefined;
   #wasConnected = false;
   #tableNames: ReadonlyMap<string, string> = new Map();
 
-  // What the logic and the face tell. It lives as long as the element, and the control as long as
-  // it.
+  // Hears the logic and the face. Its lifetime is that of the element, and the control's lifetime
+  // is that of the listener.
   readonly #listener: Listener & FaceOwner = {
     event: (number) => {
       this.#face.show();
       this.#form.keep();
       ++this.#events;
       this.#tell(new Event(logic.eventName(number), {bubbles: true, composed: true}));
-      this.#filling.settle(); // an answer by an attribute belongs to the event as well
+      this.#filling.settle(); // attributes that the event's listeners wrote belong to the event
       --this.#events;
     },
     propertyChanged: (number) => {
@@ -49,7 +49,7 @@ export class ZOLT20MapControlElement extends FormElement {
     },
     message: (text, title) => {
       this.#face.show();
-      // It does not bubble: pages listen at their window for messages of another kind.
+      // The event does not bubble: pages listen at their window for other `message` events.
       const detail = {text, title, icon: 'critical', buttons: 'ok'};
       if (this.#tell(new CustomEvent('message', {detail, cancelable: true})))
         this.#face.messages.show(text, title);
@@ -116,7 +116,8 @@ export class ZOLT20MapControlElement extends FormElement {
       reset: () => this.#reset(),
     });
   }
-  // Back to what the page has for the control. Within an event of the control, when that is over.
+  // Resets the control to what its page has for it. Re-entrancy: within an event of the control,
+  // the reset is put off until that event is over.
   #reset(): void {
     this.#filling.settle();
     if (logic.renew(this.#handle) === Status.NotTaken) {
@@ -128,7 +129,7 @@ export class ZOLT20MapControlElement extends FormElement {
     this.#face.show();
     this.#form.look('host');
   }
-  // Typed into the Result, so that it comes back as it was to the letter.
+  // Types the restored text into the Result, so that it comes back letter for letter.
   #takeState({result, tab}: FormState): void {
     const {undoEnabled} = this;
     this.#filling.settle();
@@ -141,8 +142,8 @@ export class ZOLT20MapControlElement extends FormElement {
     this.#form.look('host');
   }
 
-  // Where it scrolls, some browsers give the element itself the focus, as a dialog opens or before the
-  // first control. It may stay there on its way out by Shift+Tab.
+  // Some browsers focus the element itself where it scrolls: as a dialog opens, or before the first
+  // control. The focus is passed on to a control, except on its way out by Shift+Tab.
   #passFocusOn(root: ShadowRoot): void {
     let left: EventTarget | null = null;
     root.addEventListener('focusout', ({target}) => {
@@ -153,7 +154,7 @@ export class ZOLT20MapControlElement extends FormElement {
     });
   }
 
-  // What was written before the element became one, in the order of writing.
+  // Properties that were written before the element was upgraded, in the order of writing.
   #takeEarlyProperties(): [string, unknown][] {
     const early: [string, unknown][] = [];
     for (const name of Object.keys(this)) {
@@ -164,8 +165,8 @@ export class ZOLT20MapControlElement extends FormElement {
     return early;
   }
 
-  // A style sheet belongs to a document. One without a window, such as that of a template, has none
-  // yet.
+  // A style sheet belongs to a document with a window. The document of a template has no window, so
+  // the element gets its sheets later.
   #dress(root: ShadowRoot): void {
     if (this.ownerDocument.defaultView !== null && root.adoptedStyleSheets.length === 0)
       root.adoptedStyleSheets = styleSheets(this.ownerDocument, logic);
@@ -177,13 +178,13 @@ export class ZOLT20MapControlElement extends FormElement {
     this.#filling.connected();
     this.#face.restorePlaces();
     this.#face.messages.showWaiting();
-    // In a dialog that opens, browsers look for it within.
+    // When a dialog opens, browsers look for autofocus inside the shadow tree.
     this.#face.edges[0].autofocus = this.autofocus;
     if (!this.#wasConnected) this.#focusByItself();
     this.#wasConnected = true;
   }
-  // The browser looks for `autofocus` when a page or a dialog opens. Where the element is defined only
-  // then, and nothing else has the focus, it takes it now.
+  // The browser looks for `autofocus` when a page or a dialog opens. An element that is defined
+  // after that takes the focus now, unless something else has it.
   #focusByItself(): void {
     const {activeElement, body} = this.ownerDocument;
     const isFree = activeElement === null || activeElement === body;
@@ -201,7 +202,7 @@ export class ZOLT20MapControlElement extends FormElement {
   // Attributes.
 
   static override get observedAttributes(): string[] {
-    // Frameworks on a server write properties as attributes of the properties' names.
+    // Frameworks on a server write a property as an attribute of the property's own name.
     const filling = fillables.flatMap(({attribute, name}) => [attribute, name.toLowerCase()]);
     return [...filling, ...FormElement.observedAttributes];
   }
@@ -210,7 +211,7 @@ export class ZOLT20MapControlElement extends FormElement {
     if (text !== before) this.#filling.attributeChanged(name, text);
   }
 
-  /** How many controls there are in this page, and the bytes of memory of all of them. */
+  /** How many controls are alive in this page, and the bytes of memory of all of them. */
   static statistics(): {elements: number; memoryBytes: number} {
     return logic.statistics();
   }
@@ -237,7 +238,7 @@ export class ZOLT20MapControlElement extends FormElement {
     this.#end(logic.let(this.#handle, member, value), () => undefined);
     this.#filling.wrote(member, value);
   }
-  // The handle, for what asks of the control or acts on it: attributes that wait come first.
+  // The handle for every read of the control and every call: waiting attributes are written first.
   get #filledHandle(): number {
     this.#filling.settle();
     return this.#handle;
@@ -284,7 +285,7 @@ export class ZOLT20MapControlElement extends FormElement {
     return bag;
   }
 
-  // Undo of what the person does.
+  // Undo of the person's gestures.
 
   get undoEnabled(): boolean {
     return logic.history(this.#handle).isOn;
@@ -398,7 +399,7 @@ function defineMember(number: number): void {
     };
   if ((traits & kLet) !== 0) {
     property.set = function (this: ZOLT20MapControlElement, value: unknown) {
-      if (isNothing(value)) return; // a framework's way to say that a property is not written
+      if (isNothing(value)) return; // frameworks write undefined or null for "no value"
       letMember(this, number, checked(value, type, name));
     };
   }

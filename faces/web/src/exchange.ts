@@ -1,6 +1,6 @@
-// The ways of texts and numbers across the border of a module of WebAssembly.
+// Passes texts and numbers into and out of a WebAssembly module.
 //
-// Texts cross by their 16-bit units, so that every text comes back as it went.
+// Texts are passed as 16-bit units, so that every text comes back unchanged, even broken UTF-16.
 
 /** The functions of exchange.cpp. */
 export interface ExchangeExports {
@@ -14,15 +14,15 @@ export interface ExchangeExports {
   forget_texts(): void;
 }
 
-// Texts are read in pieces that an argument list holds.
+// Characters that are read at once: as many as an argument list holds.
 const kPiece = 8192;
-// A text longer than this is not kept in the module once it went through.
+// The module frees its room for a text longer than this, in characters, once it was read.
 const kLongText = 1 << 16;
 
 export class Exchange {
   readonly #exports: ExchangeExports;
 
-  /** Of a module that has not begun. */
+  /** Takes the exports of a new module, and initialises it. */
   constructor(exports: ExchangeExports) {
     this.#exports = exports;
     exports._initialize();
@@ -62,11 +62,11 @@ export class Exchange {
   }
 }
 
-/** What the standard library of C++ takes from around it. */
+/** The imports that the C++ standard library needs. */
 export const kSystem: WebAssembly.Imports = {
   env: {emscripten_notify_memory_growth() {}},
   wasi_snapshot_preview1: {
-    // Its way of saying why it gives up.
+    // The library calls it when the module aborts.
     proc_exit(status: number) {
       throw new Error(`the control's logic ended with ${status}`);
     },

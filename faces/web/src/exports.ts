@@ -1,4 +1,4 @@
-// The functions of the module of WebAssembly.
+// The functions that the WebAssembly module exports.
 import type {ExchangeExports} from './exchange';
 import type {Ask, AskText, Gesture, ListKey, Status} from './numbers';
 

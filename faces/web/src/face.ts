@@ -1,7 +1,7 @@
 // The form as HTML: a view for each control of the surface, under the control's name.
 //
-// What the control tells about its form is fetched and shown when the call in progress is over, or
-// before the host hears of an event in it. What a person does becomes a gesture.
+// Changes of the form are fetched and shown when the call in progress is over, or before the host
+// hears of an event in that call. What a person does becomes a gesture.
 import {placeInCaseRows, placeOfRow, sizeCaseRows} from './case_rows';
 import {ComboView} from './combo';
 import {make} from './dom';
@@ -17,7 +17,7 @@ import {OwnTexts} from './texts';
 import {Told} from './told';
 import {ListView, type View, viewOf} from './views';
 
-/** What the element does when the face has something to tell. */
+/** The callbacks by which the face tells the element of errors, gestures and undo. */
 export interface FaceOwner {
   failed(error: Error): unknown;
   historyChanged(): unknown;
@@ -30,8 +30,8 @@ export class Face implements TypedInto {
   readonly logic: Logic;
   readonly handle: number;
   /**
-   * Before the first control and behind the last: where the Tab key comes in and goes out. The focus
-   * never stays there, and screen readers pass over them.
+   * Focus sentinels before the first control and behind the last: the Tab key enters and leaves by
+   * them. The focus never stays on them, and screen readers skip them.
    */
   readonly edges: readonly [HTMLElement, HTMLElement] = [
     make('span', {class: 'edge', tabindex: 0, 'aria-hidden': 'true'}),
@@ -48,14 +48,14 @@ export class Face implements TypedInto {
   readonly #root: ShadowRoot;
   readonly #views = new Map<Address, View>();
   readonly #addresses = new Map<string, Address>();
-  readonly #controls = new WeakMap<Element, Address>(); // by the node that has the focus
-  #isShowing = false; // what the nodes tell comes from us, and not from a person
+  readonly #controls = new WeakMap<Element, Address>(); // by the node that takes the focus
+  #isShowing = false; // events of nodes come from the face's own changes, not from a person
   #page = -1;
-  #isLate = false; // something is to be shown when that is over
+  #isLate = false; // re-entrancy: show() was called while #isShowing, and is due afterwards
   #turns = 0;
-  #typingIn: Address = 0; // the box that what was done last was typed into
-  #focusing: FocusOptions = {}; // of a focus that the host asks for
-  #isMeant = false; // a focus that comes now is where the person wants it
+  #typingIn: Address = 0; // the box of the last gesture if that was typing, else 0
+  #focusing: FocusOptions = {}; // the options of a focus() call by the host
+  #isMeant = false; // a focus event comes from a press or the Tab key, and stays where it is
   #left: HTMLElement | undefined; // the node that had the focus last
 
   constructor(logic: Logic, handle: number, root: ShadowRoot, owner: FaceOwner) {
@@ -75,7 +75,7 @@ export class Face implements TypedInto {
       if (entry!.contentRect.width > 0) this.messages.showWaiting();
       else this.leavesSight();
     }).observe(this.node);
-    // The keys are the form's own, and a screen reader passes them on.
+    // role="application": the form handles its own keys, so screen readers pass keys on to it.
     root.append(
       make(
         'div',
@@ -93,7 +93,7 @@ export class Face implements TypedInto {
   #listen(): void {
     this.node.addEventListener('focusin', (event) => this.#focusIn(event));
     this.node.addEventListener('focusout', ({target}) => (this.#left = target as HTMLElement));
-    // By touch the focus comes with the mouse that is made of it.
+    // With touch the focus comes with the mouse event that the browser makes of the touch.
     for (const kind of ['pointerdown', 'mousedown']) {
       this.node.addEventListener(
         kind,
@@ -105,13 +105,13 @@ export class Face implements TypedInto {
       );
     }
     this.node.addEventListener('keydown', (event) => this.#key(event));
-    // What a box takes back by itself changes its text, and screen readers read no such change.
+    // Screen readers do not read the change that the browser's own undo makes in a box.
     this.node.addEventListener('input', (event) => {
       const {inputType} = event as InputEvent;
       if (inputType === 'historyUndo') this.#told.say(this.texts.of('undone'));
       if (inputType === 'historyRedo') this.#told.say(this.texts.of('redone'));
     });
-    // A press beside the controls leaves the focus where it is.
+    // A press between the controls does not move the focus.
     this.node.addEventListener('mousedown', (event) => {
       const target = (event.target as Element).closest(
         'button, input, textarea, label, .popup, [tabindex]',
@@ -159,7 +159,7 @@ export class Face implements TypedInto {
 
   // Showing.
 
-  /** Shows all that changed. */
+  /** Shows all changes since the last call. */
   show(): void {
     this.#isLate = this.#isShowing;
     if (this.#isShowing) return;
@@ -172,7 +172,7 @@ export class Face implements TypedInto {
     });
     this.#showHistory();
   }
-  // What the nodes tell meanwhile is nobody's act.
+  // Runs `act` so that events which its changes to nodes cause are not taken for gestures.
   #quietly(act: () => void): void {
     const wasShowing = this.#isShowing;
     this.#isShowing = true;
@@ -181,8 +181,8 @@ export class Face implements TypedInto {
     } finally {
       this.#isShowing = wasShowing;
     }
-    // A listener of the page's, such as one of the focus that we moved, made the control do
-    // something.
+    // Re-entrancy: a listener of the page, such as one for the focus that was moved here, made the
+    // control change.
     const kMostTurns = 8;
     if (wasShowing || !this.#isLate || this.#turns > kMostTurns) return;
     ++this.#turns;
@@ -204,7 +204,7 @@ export class Face implements TypedInto {
     let view = this.#views.get(control);
     if (view === undefined) {
       view = this.#makeView(control);
-      // In the order of the rows, as they are read.
+      // The nodes stand in the order of the rows, in which screen readers read them.
       const frame = this.nodeOf('fracase');
       const place = placeOfRow(view.node);
       frame.insertBefore(
@@ -226,7 +226,7 @@ export class Face implements TypedInto {
   #showName(control: Address, view: View): void {
     const name = this.logic.spokenName(this.handle, control);
     const kind = this.logic.number(control, Ask.Kind);
-    if (kind === Kind.Label) return; // its text is its name
+    if (kind === Kind.Label) return; // a label's accessible name is its text
     const named = kind === Kind.TabStrip ? view.node : view.focus;
     if (named.getAttribute('aria-label') === name) return;
     named.setAttribute('aria-label', name);
@@ -239,7 +239,7 @@ export class Face implements TypedInto {
     for (const page of this.#root.querySelectorAll<HTMLElement>('[role="tabpanel"]'))
       page.hidden = Number(page.dataset['page']) !== active;
     const lists = [...this.#views.values()].filter((view) => view instanceof ListView);
-    // All at once, before any of them is drawn.
+    // Read all heights before any list is drawn: one layout instead of one for each list.
     const heights = lists.map((list) => list.node.clientHeight);
     for (const [at, list] of lists.entries()) list.rows.lookAgain(heights[at]!);
   }
@@ -258,7 +258,7 @@ export class Face implements TypedInto {
     }
     if (isNew) this.#owner.historyChanged();
   }
-  /** The element is in a page again, where the browser forgot what was scrolled and typed. */
+  /** Restores scrolling after the element moved in its page; the browser's undo is lost. */
   restorePlaces(): void {
     this.#typingIn = 0;
     for (const view of this.#views.values()) view.restorePlace?.();
@@ -276,14 +276,14 @@ export class Face implements TypedInto {
     for (const tool of this.#root.querySelectorAll<HTMLElement>('.tool'))
       this.gate.mark(tool, Kind.Button);
   }
-  // Whether a gesture is not taken; what the node shows of it is shown anew.
+  // Whether a gesture is refused; its node, which may show the gesture already, is drawn again.
   #stops(gesture: Gesture, control: Address): boolean {
     if (this.#isShowing) return true;
     if (this.gate.lets(gesture)) return false;
     this.showAnew(control);
     return true;
   }
-  /** Shows all of a control, whatever its node shows. */
+  /** Draws all of a control again, whatever its node shows. */
   showAnew(control: Address): void {
     this.#quietly(() => this.#show(control, What.Everything));
   }
@@ -304,7 +304,7 @@ export class Face implements TypedInto {
     if (!this.#views.has(box) || this.#stops(Gesture.Key, box)) return;
     const before = this.logic.text(box, AskText.Text);
     this.#end(this.logic.typeKey(this.handle, box, first, behind, code));
-    // A key that was dropped leaves the box's own undo.
+    // A key that the control refused changes nothing, and the browser's undo stays usable.
     if (this.#views.has(box) && this.logic.text(box, AskText.Text) !== before) this.#typingIn = 0;
   }
   #end(status: Status): void {
@@ -343,10 +343,10 @@ export class Face implements TypedInto {
     return 0;
   }
 
-  /** The focus of the page is on the control that has it in the form, or on none. */
+  /** Moves the page's focus to the control that has the focus of the form, or away from all. */
   #showFocus(moved: boolean): void {
     const now = this.#root.activeElement;
-    // A filter keeps the focus: it is no control of the form.
+    // A filter is no control of the form, and keeps the focus.
     if (
       !moved &&
       now !== null &&
@@ -361,7 +361,7 @@ export class Face implements TypedInto {
     this.#quietly(() => wanted.focus(this.#focusing));
     this.#bringToFront(wanted);
   }
-  /** The control that has the focus in the form gets that of the page, or else the first one. */
+  /** Moves the page's focus to the control that has the focus of the form, or to the first one. */
   takeFocus(options: FocusOptions = {}): void {
     if (this.gate.use === Use.None) return;
     this.#focusing = options;
@@ -384,14 +384,14 @@ export class Face implements TypedInto {
     );
     const edge = this.edges.indexOf(target);
     if (edge >= 0) {
-      // From inside it is on its way out.
+      // Focus that comes from inside is on its way out of the element.
       if (isFromOutside) this.#enter(edge === 0);
       return;
     }
     this.#bringToFront(target);
     if (this.#isShowing) return;
     if (target === this.node) {
-      // A press on a disabled button. The focus stays where it was.
+      // A press on a disabled button: the focus goes back to where it was.
       const before = event.relatedTarget;
       if (before instanceof HTMLElement && this.node.contains(before))
         this.#quietly(() => before.focus());
@@ -400,8 +400,8 @@ export class Face implements TypedInto {
       return;
     }
     if (isFromOutside && target === this.#left && !this.#isMeant) {
-      // The focus comes back by itself, from behind a dialog for instance, and the form moved it
-      // meanwhile.
+      // The browser gives the focus back, for instance as a dialog closes, to a node that had it
+      // before; the form may have moved its focus since.
       this.#showFocus(false);
       return;
     }
@@ -410,15 +410,15 @@ export class Face implements TypedInto {
     if (control !== this.logic.focused(this.handle)) this.gesture(Gesture.Focus, control);
     const view = this.#views.get(control);
     if (!(view instanceof ListView)) return;
-    // By the keys the first row is come to with its list.
+    // When the Tab key enters a list without a current row, its first row becomes the current one.
     if (!this.#isMeant && view.rows.current < 0) view.rows.moveTo(0);
-    // A list without rows is one that screen readers pass over in silence.
+    // Screen readers say nothing of a list without rows, so the live region tells its name.
     if (view.rows.count === 0) {
       const list = this.logic.spokenName(this.handle, control);
       this.#told.say(this.texts.of('listOf', {list}));
     }
   }
-  // The two views of the where condition lie over each other, and at first both are visible.
+  // The two frames of the where condition are stacked, and both are visible at first.
   #bringToFront(target: Element): void {
     const inFront = target.closest('.stack > .frame');
     if (inFront === null) return;
@@ -428,7 +428,7 @@ export class Face implements TypedInto {
 
   #key(event: KeyboardEvent): void {
     if (event.defaultPrevented || event.isComposing) return;
-    // WebKit names no key with Shift, and Option+Tab of macOS goes to more controls than Tab.
+    // WebKit gives Shift+Tab no key name, hence `code`. Option+Tab of macOS counts as Tab.
     if ([event.key, event.code].includes('Tab') && !event.ctrlKey && !event.metaKey) {
       this.#tab(event);
       return;
@@ -441,14 +441,14 @@ export class Face implements TypedInto {
     if (key === 'f' && !event.shiftKey) this.#focusFilter(event);
     else if (isUndo || isRedo) this.#takeBack(event, isUndo);
   }
-  // Along the tab order of the form, and out of the element at its ends.
+  // Moves the focus along the tab order of the form, and out of the element at its ends.
   #tab(event: KeyboardEvent): void {
     const isForward = !event.shiftKey;
     const now = event.target as HTMLElement;
     const filtered = this.filters.listFilteredBy(now);
     const list = filtered === undefined ? 0 : this.#addresses.get(filtered)!;
     const from = list !== 0 ? list : this.logic.focused(this.handle);
-    // From a filter forward to its list.
+    // Tab goes from a filter to its list.
     const next =
       list !== 0 && isForward ? list : this.logic.nextInTabOrder(this.handle, from, isForward);
     if (next !== 0) {
@@ -458,10 +458,10 @@ export class Face implements TypedInto {
       if (focus instanceof HTMLInputElement && focus.type === 'text') focus.select();
       return;
     }
-    // From the edge the browser goes on to what comes behind the element, or before it.
+    // From the edge, the browser's own Tab goes on to what is behind the element, or before it.
     const edge = this.edges[isForward ? 1 : 0];
     edge.focus();
-    // A page that keeps the Tab key for itself.
+    // If the page took the Tab key for itself, the focus goes back to the form.
     setTimeout(() => {
       if (!event.defaultPrevented || this.#root.activeElement !== edge) return;
       this.#showFocus(true);
@@ -472,10 +472,10 @@ export class Face implements TypedInto {
     const list = focused === 0 ? undefined : this.#views.get(focused)!.focus.id;
     if (this.filters.focus(list)) event.preventDefault();
   }
-  // A box's own undo comes first, as long as it has anything to take back.
+  // Undo and redo by keys. The browser's undo in a box comes first, as long as it has a step.
   #takeBack(event: KeyboardEvent, isUndo: boolean): void {
     const target = event.target as HTMLElement;
-    if (target.matches('.filter, .search')) return; // it has its own
+    if (target.matches('.filter, .search')) return; // the browser's own undo
     const box = TypedBox.of(target);
     if (box !== undefined && (isUndo ? box.hasOwnUndo : box.hasOwnRedo)) return;
     if (!this.logic.history(this.handle).isOn) return;
@@ -485,7 +485,7 @@ export class Face implements TypedInto {
     else this.redo();
   }
 
-  /** The element leaves its page, or is hidden in it. */
+  /** Closes popups and messages: the element leaves its page, or is hidden in it. */
   leavesSight(): void {
     this.#closePopups();
     this.#quietly(() => this.messages.suspend());

@@ -1,20 +1,20 @@
-// What an element is filled with beside the calls of scripts: by its attributes, by a script of
-// JSON inside it, and by properties that were written before it was defined.
+// Fills an element from its attributes, from a JSON script inside it, and from properties that were
+// written before it was defined.
 //
-// It is written in the calling order, in whatever order it came: when the element is parsed or
-// comes into a page, and later at the end of the script that changed it, or as soon as anything
-// else is asked of the element.
+// The values are written in the calling order, in whatever order they came: when the element is
+// parsed or comes into a page; later at the end of the script that changed them, or as soon as
+// a script uses any other member of the element.
 import {type Fillable, valueFrom} from './attributes';
 import {lineAndColumn, placeOfFault} from './json_place';
 import {ZOLT20Error} from './logic';
 import {checked, isNothing} from './values';
 
-/** What is filled. */
+/** The element that is filled. */
 export interface Filled {
   readonly node: HTMLElement;
   /** In the calling order. */
   readonly fillables: readonly Fillable[];
-  /** Properties of the element's own that JSON may have. */
+  /** Properties outside the contract that JSON may have. */
   readonly ownProperties: readonly string[];
   write(member: number, value: string | number): void;
   put(property: string, value: unknown): void;
@@ -23,24 +23,24 @@ export interface Filled {
 
 type Value = string | number;
 
-// What stays when a form is reset, whoever wrote it: what there is to choose from, and how it is
-// shown. Of the first two each write adds.
+// The properties that a reset of the form keeps, whoever wrote them: the catalogue, and how the
+// control shows. Each write of the two lists of the catalogue adds to them.
 const kAdding = ['PrpStrTables', 'PrpStrFields'];
 const kStaying = [...kAdding, 'prpParentorChild', 'prpintTabcount', 'Syntax_Highlight'];
 
 export class Filling {
   readonly #filled: Filled;
   readonly #waiting = new Map<Fillable, Value>();
-  // What attributes and JSON say now, and what stays at a reset.
+  // The values that attributes and JSON have now, and those that a reset keeps.
   readonly #attributes = new Map<Fillable, Value>();
   readonly #json = new Map<Fillable, Value>();
   readonly #staying = new Map<number, Value[]>();
   #early: [string, unknown][];
-  readonly #read = new WeakMap<Element, string>(); // the scripts of JSON, with what they said
+  readonly #read = new WeakMap<Element, string>(); // JSON scripts that were read, with their texts
   readonly #observer: MutationObserver;
   #isScheduled = false;
   #isFirst = true;
-  #given = new Map<number, Value>(); // what the page had when the element came
+  #given = new Map<number, Value>(); // texts written by the first settle, until the person begins
 
   constructor(filled: Filled, early: [string, unknown][]) {
     this.#filled = filled;
@@ -78,7 +78,7 @@ export class Filling {
   /** The element is in a page now. */
   connected(): void {
     if (this.#isFirst && this.#isOpen()) {
-      // The parser goes on behind the element when it is done with it.
+      // A node behind the element shows that the parser is done with it.
       this.#watch(this.#filled.node.parentNode!, {childList: true});
       document.addEventListener('DOMContentLoaded', () => this.#settleUnlessOpen(), {once: true});
     }
@@ -104,7 +104,7 @@ export class Filling {
     return true;
   }
 
-  /** Writes all that waits, in the calling order. */
+  /** Writes all waiting values, in the calling order. */
   settle(): void {
     const isFirst = this.#isFirst;
     const own: [string, unknown][] = [];
@@ -128,7 +128,7 @@ export class Filling {
       try {
         this.#filled.put(name, value);
       } catch (error) {
-        reportError(error); // the others are written all the same
+        reportError(error); // the other values are still written
       }
     }
   }
@@ -140,14 +140,14 @@ export class Filling {
     }
   }
 
-  /** A member was written. */
+  /** Notes a write of a member, for refill after a reset. */
   wrote(member: number, value: Value): void {
     const name = this.#filled.fillables.find((each) => each.member === member)!.name;
     if (!kStaying.includes(name)) return;
     const before = kAdding.includes(name) ? (this.#staying.get(member) ?? []) : [];
     this.#staying.set(member, [...before, value]);
   }
-  /** Fills the control, which is a new one again, with what stays and what the page has for it. */
+  /** Fills the control after a reset: with what the reset keeps, and from attributes and JSON. */
   refill(): void {
     const staying = new Map(this.#staying);
     this.#staying.clear();
@@ -161,25 +161,25 @@ export class Filling {
   }
 
   /**
-   * Whether a property is written with the text that its attribute gave already, as a framework
-   * does that takes over what a server wrote. It would stand there twice.
+   * Whether a property is written with the value that its attribute wrote before, as frameworks do
+   * when they hydrate the page of a server. A second write of a list would add its rows twice.
    */
   isRepeated(member: number, value: Value): boolean {
     const isSame = this.#given.get(member) === value;
     this.#given.delete(member);
     return isSame;
   }
-  /** The person has begun. What is written from now on is meant. */
+  /** The person has begun: from now on a repeated value is written as well. */
   begun(): void {
     this.#given.clear();
   }
 
-  // An attribute counts, where there is one beside the same entry.
+  // Reads a JSON script. An attribute wins over an entry for the same property.
   #readJson(script: HTMLScriptElement, own: [string, unknown][]): void {
     const text = script.text;
     if (text.trim() === '' || this.#read.get(script) === text) return;
     const values = this.#parsed(text);
-    if (values === undefined && this.#isOpen()) return; // its end is still to come
+    if (values === undefined && this.#isOpen()) return; // the parser has not come to its end
     this.#read.set(script, text);
     if (values instanceof ZOLT20Error) this.#filled.fail(values);
     else this.#takeEntries(values ?? {}, own);
@@ -194,7 +194,7 @@ export class Filling {
       }
     }
   }
-  // The object of the text, or what is wrong with it; nothing for one that may go on.
+  // The object of the text, or its error; undefined if the text ends too early and may go on.
   #parsed(text: string): object | ZOLT20Error | undefined {
     try {
       const values: unknown = JSON.parse(text);

@@ -1,10 +1,10 @@
-// The lines above lists that filter them, and what is told of marks that they hide.
+// The filter lines above lists, and the notes on marked rows that a filter hides.
 import {make, showText} from './dom';
 import type {Logic} from './logic';
 import type {OwnTexts} from './texts';
 import type {ListView} from './views';
 
-/** What filters know of their form. */
+/** What the filters need from their form. */
 export interface Filtered {
   readonly logic: Logic;
   readonly handle: number;
@@ -22,7 +22,7 @@ export class Filters {
     this.#form = form;
   }
 
-  /** The line that filters a list. */
+  /** Makes the filter line of a list. */
   make(list: string): HTMLElement {
     const {logic, handle, texts} = this.#form;
     const filter = make('input', {
@@ -46,7 +46,7 @@ export class Filters {
     this.#filters.set(list, filter);
     return filter;
   }
-  /** What tells of marks in a list that its filter hides. */
+  /** Makes the note on marked rows that the filter of a list hides. */
   makeMarks(list: string): HTMLElement {
     const marks = make('div', {id: `${list}.marks`, class: 'marks', part: 'marks', role: 'status'});
     this.#marks.set(list, marks);
@@ -60,18 +60,18 @@ export class Filters {
     showText(marks, logic.hiddenMarks(handle, this.#form.addressOf(list)));
     marks.title = marks.textContent ?? '';
   }
-  /** Shows what belongs to a list, if it is one. */
+  /** Updates filter and note of a list; does nothing for other controls. */
   show(list: string, isEnabled: boolean): void {
     const filter = this.#filters.get(list);
     if (filter !== undefined) filter.disabled = !isEnabled;
     this.showMarks(list);
   }
 
-  /** The list that a node filters, if it is a filter. */
+  /** The list that a node filters; undefined if the node is no filter. */
   listFilteredBy(node: Element): string | undefined {
     return [...this.#filters].find(([, filter]) => filter === node)?.[0];
   }
-  /** Gives the focus to the filter of that list if it can be seen, or else to the first that can. */
+  /** Focuses the filter of that list if it is visible, or else the first visible one. */
   focus(list: string | undefined): boolean {
     const own = list === undefined ? undefined : this.#filters.get(list);
     const canBeSeen = (filter: HTMLInputElement) => filter.checkVisibility() && !filter.disabled;

@@ -1,39 +1,38 @@
-// The element as a control of a form: its value is the Result, as its box shows it. What the
-// members here do, they do for every control of a form.
+// The element as a form-associated custom element: its value is the Result, as its box shows it.
+// The members here have the meaning that they have for every control of an HTML form.
 import {Use} from './gate';
 import {isNothing} from './values';
 
-// What is defined once the logic is there. The class stands without it, so that a program without a
-// page can import it.
+// Without a page there is no HTMLElement; a program on a server can still import the class.
 const Base = globalThis.HTMLElement ?? (class {} as typeof HTMLElement);
 
-/** What comes back when a page is gone to again, by the browser's buttons. */
+/** The state that a browser restores when it goes back or forward to the page. */
 export interface FormState {
   result: string;
   tab: number;
 }
 
-/** What is behind the control of a form. */
+/** What a form element needs from the element that it belongs to. */
 export interface FormOwner {
   /** The text of the Result, without what a read of prpStroutput does to it. */
   readonly result: string;
   readonly tab: number;
-  /** The box that is pointed at when something is wrong with it. */
+  /** The box at which the browser shows a validation message. */
   readonly box: HTMLElement;
-  /** What is said of a Result that is required and empty. */
+  /** The validation message for a Result that is required and empty. */
   readonly missing: string;
   takeUse(use: Use): void;
   takeState(state: FormState): void;
   reset(): void;
 }
 
-/** What the element tells its form. */
+/** How the element tells its form of changes. */
 export interface FormPart {
-  /** The form gets the Result as it is now. */
+  /** Gives the form the Result as it is now. */
   keep(): void;
-  /** The same, behind what the host did or a gesture; typing goes on. */
+  /** Like keep, after a call of the host or a gesture, which fires events; typing goes on. */
   look(by: 'host' | 'person' | 'typing'): void;
-  /** Words that are said of the value are others. */
+  /** Sets the validation message again: its text changed. */
   validate(): void;
 }
 
@@ -53,9 +52,9 @@ export class FormElement extends Base {
   readonly #internals: ElementInternals = this.attachInternals();
   #owner: FormOwner | undefined;
   #kept: FormState | undefined;
-  #told = ''; // the Result that the page knows of
+  #told = ''; // the Result at the last look, by which `input` fires only for another one
   #isDisabled = false;
-  #isTyped = false; // into the Result, and no `change` has told of it
+  #isTyped = false; // the Result changed, and no `change` event has told of it
   #custom = '';
 
   static {
@@ -73,17 +72,17 @@ export class FormElement extends Base {
 
   #listen(): void {
     const root = this.shadowRoot!;
-    // Those of the boxes within are not the element's.
+    // Events of the boxes inside do not leave the element, which fires its own.
     for (const kind of ['input', 'change'])
       root.addEventListener(kind, (event) => event.stopPropagation());
     root.addEventListener('focusin', () => this.#takeName());
     this.addEventListener('focusout', () => this.#tellChange());
-    // A label presses the element itself; the mouse presses what is in it.
+    // A click on a label has the element itself as its target; the mouse clicks on a node inside.
     this.addEventListener('click', (event) => {
       if (event.composedPath()[0] === this && this.labels.length > 0) this.focus();
     });
   }
-  // Labels name the element for screen readers.
+  // Makes the accessible name of the element from its labels.
   #takeName(): void {
     const words = [...this.labels].map((label) => label.textContent!.trim()).join(' ');
     this.#internals.role = words === '' ? null : 'group';
@@ -152,7 +151,7 @@ export class FormElement extends Base {
   }
   formStateRestoreCallback(state: unknown, why: string): void {
     if (typeof state !== 'string' || this.#owner === undefined) return;
-    // What is filled in by itself is a value.
+    // Autofill gives the value, not the state.
     const {tab} = this.#owner;
     this.#owner.takeState(
       why === 'autocomplete' ? {result: state, tab} : (JSON.parse(state) as FormState),

@@ -1,10 +1,10 @@
-// What a person may do with the element at the moment: everything, look at it alone, or nothing.
+// What a person may do with the element at the moment: everything, only read, or nothing.
 import {setAttributes} from './dom';
 import {Gesture, Kind} from './numbers';
 
 export const enum Use {
   Full,
-  /** Look, copy, turn pages, move in lists and scroll. */
+  /** Read-only: look, copy, turn pages, move in lists and scroll. */
   Reading,
   None,
 }
@@ -13,7 +13,7 @@ export class Gate {
   use = Use.Full;
   #isHosts = false;
 
-  /** What the host does meanwhile is done in any case. */
+  /** Runs a call of the host, whose gestures are taken whatever the person may do. */
   byHost(act: () => void): void {
     this.#isHosts = true;
     try {
@@ -34,7 +34,7 @@ export class Gate {
     return this.use === Use.Reading && isLook;
   }
 
-  /** Shows on what has the focus of a control whether it can be changed. */
+  /** Shows on the node that takes a control's focus whether the control is read-only. */
   mark(node: HTMLElement, kind: Kind): void {
     const isReading = this.use === Use.Reading;
     const isForLooking = kind === Kind.TabStrip || kind === Kind.ScrollBar;

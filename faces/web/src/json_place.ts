@@ -1,11 +1,11 @@
-// Where a text stops being JSON: browsers tell it in words of their own, or not at all.
+// Finds where a text stops being JSON. Browsers word that in different ways, or do not tell.
 
 const kToken =
   /[ \t\r\n]*(?:([{}[\]:,])|("(?:[^"\\\u0000-\u001f]|\\(?:["\\/bfnrt]|u[\da-fA-F]{4}))*")|(-?(?:0|[1-9]\d*)(?:\.\d+)?(?:[eE][+-]?\d+)?|true|false|null))/y;
 const kBlanks = /[ \t\r\n]*/y;
 
-// What may come next, by what came before: a value, the first entry of an object or a list, a key,
-// a colon, or what follows a value.
+// The state of the parser, what may come next: a value, the first entry of an object or a list, a
+// key, a colon, or what follows a value.
 type Next = 'value' | 'entry' | 'element' | 'key' | 'colon' | 'behind';
 
 /** The offset of the first character that is wrong, or the length of a text that ends too early. */
@@ -27,7 +27,7 @@ export function placeOfFault(text: string): number {
   return kBlanks.lastIndex;
 }
 
-// What may come behind a token; undefined for one that may not stand there.
+// The next state after a token; undefined if the token is not allowed there.
 function follow(next: Next, token: string, open: string[]): Next | undefined {
   const inner = open.at(-1);
   const close = inner === '{' ? '}' : ']';
@@ -49,7 +49,7 @@ function follow(next: Next, token: string, open: string[]): Next | undefined {
   return /[}\]:,]/.test(token) ? undefined : 'behind';
 }
 
-/** That place as people count, from 1. */
+/** An offset as a line and a column, both from 1. */
 export function lineAndColumn(text: string, place: number): {line: number; column: number} {
   const lines = text.slice(0, place).split(/\r\n|\r|\n/);
   return {line: lines.length, column: lines.at(-1)!.length + 1};

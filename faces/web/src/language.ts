@@ -1,5 +1,5 @@
-// The statement language as text, for scripts with a page and without one. The functions are those
-// of language/ in C++, in a module of WebAssembly of its own, which the first call compiles.
+// The statement language as text, for scripts with a page and without one. The functions wrap those
+// of language/ in C++, in a WebAssembly module of its own, which the first call compiles.
 import * as written from 'zolt20-language.wasm.json';
 
 import type * as Types from '../package/zolt20-language';
@@ -19,7 +19,7 @@ interface LanguageExports extends ExchangeExports {
   encode(): number;
 }
 
-// Reads what was told: numbers, and texts by their lengths.
+// Decodes an answer of the module: a list of numbers, and a text cut by lengths in that list.
 class Told {
   readonly #numbers: Int32Array;
   readonly #text: string;
@@ -42,7 +42,7 @@ class Told {
     this.#place += this.number();
     return this.#text.slice(first, this.#place) as Text;
   }
-  /** As many as the next number says. */
+  /** Reads as many items as the next number tells. */
   several<Each>(read: () => Each): Each[] {
     return Array.from({length: this.number()}, read);
   }
@@ -53,7 +53,7 @@ class Language {
   readonly #exchange: Exchange;
   readonly #kinds: Types.NodeKind[];
   readonly #problems: (Types.NodeProblem | '')[];
-  #catalogue: Types.Catalogue | undefined; // the one that the module has
+  #catalogue: Types.Catalogue | undefined; // the catalogue that the module has, as a cache
 
   constructor({exports}: WebAssembly.Instance) {
     this.#exports = exports as unknown as LanguageExports;
@@ -69,7 +69,7 @@ class Language {
     ask(this.#exports);
     return new Told(this.#exchange);
   }
-  // To read a large one takes longer than to check a text, and it seldom changes.
+  // Sends the catalogue only if it changed: to read a large one takes longer than to check a text.
   #use({tables, fields}: Types.Catalogue): void {
     if (this.#catalogue?.tables === tables && this.#catalogue.fields === fields) return;
     this.#exchange.send(tables + fields);
@@ -191,7 +191,7 @@ function stepIn(told: Told): Types.Step {
 
 let language: Language | undefined;
 
-/** The module, at once; where the browser compiles so much aside alone, once `load` is over. */
+/** The module, compiled at once; a browser that refuses that for large modules needs `load`. */
 function ready(): Language {
   language ??= new Language(
     new WebAssembly.Instance(new WebAssembly.Module(bytesOf(written)), kSystem),

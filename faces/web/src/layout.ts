@@ -1,5 +1,5 @@
-// Nodes for the parts of the layout. How they stand, and what becomes of them where it is narrow, the
-// style sheet has.
+// Makes the nodes for the parts of the layout. The style sheets place them, also in a narrow
+// element.
 import {icon, make, setAttributes} from './dom';
 import type {Face} from './face';
 import type {Part} from './logic';

@@ -1,4 +1,4 @@
-// The module whose logic is a file beside it. The element is defined once that was loaded.
+// The module that loads its logic from a .wasm file. The element is defined once that is loaded.
 import {classesOfPage} from './define';
 import {Logic} from './logic';
 

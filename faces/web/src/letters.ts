@@ -1,6 +1,6 @@
-// Modules of WebAssembly for scripts that have them in them.
+// Decodes the WebAssembly modules that scripts embed as text.
 
-/** The bytes, by a letter each and the letter of each byte. */
+/** The bytes of `text`, which has a letter for each; `letters` has the letter of byte N at N. */
 export function bytesOf({text, letters}: {text: string; letters: string}): Uint8Array<ArrayBuffer> {
   const byteOf = new Uint8Array(letters.length);
   for (let byte = 0; byte < letters.length; ++byte) byteOf[letters.charCodeAt(byte)] = byte;

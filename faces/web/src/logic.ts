@@ -1,6 +1,6 @@
-// The control's logic: the module of WebAssembly, and what crosses between it and the page.
+// The control's logic: the WebAssembly module, and a method for each function that it exports.
 //
-// Controls and elements are their addresses, numbers that mean something to the module alone.
+// Controls and elements are passed by their addresses: numbers that only the module understands.
 
 import {Exchange, kSystem} from './exchange';
 import type {Exports} from './exports';
@@ -34,7 +34,7 @@ export class ZOLT20Error extends Error {
   }
 }
 
-/** What an element is told, from inside a call that it made. */
+/** What an element hears from its control, inside the call that the element makes. */
 export interface Listener {
   event(number: number): void;
   propertyChanged(number: number): void;
@@ -64,7 +64,7 @@ export class Logic implements BoxTexts {
     const logic = new Logic();
     return logic.#begin(new WebAssembly.Instance(module, logic.#imports()));
   }
-  /** The logic of a module's bytes: at once, or later where a page may not wait for so much. */
+  /** The logic of a module's bytes: at once, or a promise where browsers refuse to wait for it. */
   static from(bytes: BufferSource): Logic | Promise<Logic> {
     try {
       return Logic.of(new WebAssembly.Module(bytes));
@@ -82,7 +82,7 @@ export class Logic implements BoxTexts {
     const response = await fetch(url);
     if (!response.ok)
       throw new Error(`${url} can't be loaded: ${response.status} ${response.statusText}`);
-    // A server that does not know the type of the file is no reason to fail.
+    // Without the media type of WebAssembly the module is compiled from its bytes as a fallback.
     const isTyped = response.headers.get('Content-Type')?.startsWith('application/wasm') ?? false;
     if (!isTyped) return Logic.#later(await response.arrayBuffer());
     const logic = new Logic();
@@ -97,7 +97,7 @@ export class Logic implements BoxTexts {
       try {
         what(listener);
       } catch (error) {
-        reportError(error); // nothing is thrown through the logic
+        reportError(error); // an exception of a listener must not pass through the logic
       }
     };
     return {
@@ -109,7 +109,7 @@ export class Logic implements BoxTexts {
           tell(id, (listener) =>
             listener.message(this.#textAt(text, length), this.#textAt(title, titleLength)),
           ),
-        // Of two small letters of Greek, one stands at ends of words alone.
+        // Final sigma is folded to sigma, so that a search finds both.
         fold: (text: number, length: number) =>
           this.send(this.#textAt(text, length).toLowerCase().replaceAll('\u03c2', '\u03c3')),
       },
@@ -117,7 +117,7 @@ export class Logic implements BoxTexts {
     };
   }
 
-  /** A control of its own for the listener, which goes when nothing refers to the listener. */
+  /** A new control for the listener, destroyed when the listener has been garbage collected. */
   make(listener: Listener): number {
     const id = ++this.#lastId;
     this.#listeners.set(id, new WeakRef(listener));
@@ -126,7 +126,7 @@ export class Logic implements BoxTexts {
     return handle;
   }
 
-  /** How many controls there are, and the bytes of memory of all. */
+  /** How many controls are alive, and the bytes of memory of the module. */
   statistics(): {elements: number; memoryBytes: number} {
     return {elements: this.#listeners.size, memoryBytes: this.#exports.memory.buffer.byteLength};
   }
@@ -193,7 +193,7 @@ export class Logic implements BoxTexts {
     return JSON.parse(this.#text()) as Part;
   }
 
-  /** The words of the element's own by their keys; of no element in English. */
+  /** The words of the element by their keys; without an element, 0, those in English. */
   ownWords(handle: number): Record<string, string> {
     const words: Record<string, string> = {};
     for (let word = 0; word < this.#exports.word_count(); ++word) {
@@ -204,7 +204,7 @@ export class Logic implements BoxTexts {
     }
     return words;
   }
-  /** These instead of the English ones; `texts` has as many as there are keys. */
+  /** Replaces English words; `texts` has an entry for each key, undefined for the English word. */
   giveWords(handle: number, texts: (string | undefined)[]): void {
     this.#exports.clear_words(handle);
     for (const [word, text] of texts.entries()) {
@@ -223,7 +223,7 @@ export class Logic implements BoxTexts {
   get(handle: number, member: number): Status {
     return this.#exports.get(handle, member);
   }
-  /** The text, or the number, that the call before gave. */
+  /** The text that the call before gave, or its number below. */
   givenText(): string {
     return this.#text();
   }
@@ -248,12 +248,12 @@ export class Logic implements BoxTexts {
     this.#exports.bag_write(handle, entry);
   }
 
-  /** Makes the control a new one again; not within another call. */
+  /** Resets the control to the state of a new one; not taken within another call. */
   renew(handle: number): Status {
     return this.#exports.renew(handle);
   }
 
-  /** The error of the last call of the element that ended with one. */
+  /** The error of the element's last call that failed. */
   error(handle: number): ZOLT20Error {
     this.#exports.error_kind(handle);
     const kind = this.#text();
@@ -276,7 +276,7 @@ export class Logic implements BoxTexts {
   nextOption(handle: number, option: Address, forward: boolean): Address {
     return this.#exports.next_option(handle, option, Number(forward));
   }
-  /** The row that a key goes to, -1 for none, whether it moves there, and what it makes of it. */
+  /** The row that a key leads to, -1 for none, whether it becomes current, and its gesture. */
   listKey(
     key: ListKey,
     place: {current: number; count: number; page: number; isSingle: boolean},
@@ -296,7 +296,7 @@ export class Logic implements BoxTexts {
   is(control: Address, ask: Ask): boolean {
     return this.#exports.control_number(control, ask) !== 0;
   }
-  /** Of a control in the frame of the case rows, or that frame. */
+  /** Top and height of a control in the frame of the case rows, or of that frame. */
   caseSpan(handle: number, control: Address): {top: Stretch; height: Stretch} {
     this.#exports.case_span(handle, control);
     const numbers = [...this.#numbers()];
@@ -311,7 +311,7 @@ export class Logic implements BoxTexts {
     this.#exports.control_text(control, ask);
     return this.#text();
   }
-  /** The name of a control for screen readers. */
+  /** The accessible name of a control. */
   spokenName(handle: number, control: Address): string {
     this.#exports.spoken_name(handle, control);
     return this.#text();
@@ -327,7 +327,7 @@ export class Logic implements BoxTexts {
   shownPlace(box: Address, place: number): number {
     return this.#exports.shown_place(box, place);
   }
-  /** Rows of the control. */
+  /** Rows by their numbers in the control, whatever a filter hides. */
   rows(list: Address, first: number, count: number): Row[] {
     this.#exports.rows(list, first, count);
     const texts = this.#text();
@@ -341,14 +341,14 @@ export class Logic implements BoxTexts {
     return rows;
   }
 
-  // Lists, whose rows are counted as they are drawn.
+  // Lists. A row number counts the drawn rows, which a filter makes fewer.
 
-  /** Only rows that hold the text in any letter case are drawn from now on; all with "". */
+  /** Draws only rows that hold the text, in any letter case, from now on; "" draws all. */
   setFilter(handle: number, list: Address, filter: string): void {
     this.send(filter);
     this.#exports.set_filter(handle, list);
   }
-  /** What rows are called beside their texts, by text. The filter finds it as well. */
+  /** Names that are drawn beside rows, by the texts of the rows. The filter finds them as well. */
   nameRows(handle: number, list: Address, names: ReadonlyMap<string, string>): void {
     for (const [text, name] of names) {
       this.send(text + name);
@@ -359,7 +359,7 @@ export class Logic implements BoxTexts {
   drawnCount(handle: number, list: Address): number {
     return this.#exports.drawn_count(handle, list);
   }
-  /** The row of the control that is drawn there, and back; -1 for none. */
+  /** Maps a drawn row to the row of the control, and back; -1 for none. */
   controlRow(handle: number, list: Address, drawn: number): number {
     return this.#exports.control_row(handle, list, drawn);
   }
@@ -384,12 +384,12 @@ export class Logic implements BoxTexts {
     }
     return rows;
   }
-  /** What to say of marks that a filter hides, "" for nothing. */
+  /** The sentence about marked rows that the filter hides, "" when it hides none. */
   hiddenMarks(handle: number, list: Address): string {
     this.#exports.hidden_marks(handle, list);
     return this.#text();
   }
-  /** The row that a letter typed in a list goes to, -1 for none. */
+  /** Type-ahead: the row that a letter typed in a list leads to, -1 for none. */
   typeAhead(handle: number, list: Address, current: number, event: KeyboardEvent): number {
     const letter = event.key.charCodeAt(0);
     return this.#exports.type_ahead(handle, list, current, letter, Math.round(event.timeStamp));
@@ -413,7 +413,7 @@ export class Logic implements BoxTexts {
   typeKey(handle: number, box: Address, first: number, behind: number, code: number): Status {
     return this.#exports.type_key(handle, box, first, behind, code);
   }
-  /** The gesture that was made last, if its control is still there. */
+  /** The last gesture, as a request of JSON lines; undefined when its control is gone. */
   madeGesture(handle: number): MadeGesture | undefined {
     this.#exports.made(handle);
     const [gesture, control, number, from, to] = this.#numbers();
@@ -447,7 +447,7 @@ export class Logic implements BoxTexts {
     this.#exports.switch_history(handle, Number(on));
   }
 
-  /** What the last gesture changed, in words for those who do not see it; "" for nothing. */
+  /** Takes the sentence for screen readers on what the last gesture changed; "" for nothing. */
   words(handle: number): string {
     this.#exports.words(handle);
     return this.#text();

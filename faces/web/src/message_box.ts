@@ -1,5 +1,5 @@
 // A message of the control, as a modal dialog. The control does not wait for the answer, which can
-// only be OK; a message that comes meanwhile is shown behind it.
+// only be OK. Messages that come while one is open wait in a queue.
 import {make} from './dom';
 import type {OwnTexts} from './texts';
 
@@ -9,8 +9,8 @@ interface Message {
 }
 
 /**
- * Given the way to close the dialog that the person answered, and whether the focus was in the
- * element before it.
+ * Called when the person answers: `close` closes the dialog, `hadFocus` tells whether the focus was
+ * in the element before the dialog opened.
  */
 export type Answered = (close: () => void, hadFocus: boolean) => void;
 
@@ -32,7 +32,7 @@ export class MessageBox {
         part: 'message',
         'aria-labelledby': 'message.title',
       },
-      // A modal dialog stands outside of the form, whose keys a screen reader passes on.
+      // The dialog is outside the form. It has the role by which screen readers pass keys on, too.
       make(
         'div',
         {role: 'application', class: 'whole'},
@@ -70,8 +70,8 @@ export class MessageBox {
     this.showWaiting();
   }
   /**
-   * Shows what waits, as soon as the element can be seen: a modal dialog that is not drawn would
-   * lock its page.
+   * Shows the first waiting message as soon as the element is visible: a modal dialog that is not
+   * drawn would lock the page.
    */
   showWaiting(): void {
     const message = this.#waiting[0];
@@ -87,7 +87,7 @@ export class MessageBox {
     this.#text.textContent = message.text;
     this.node.showModal();
   }
-  /** The element is no longer seen: what is open is shown again when it comes back. */
+  /** Closes an open dialog while the element is hidden; it opens again when the element is back. */
   suspend(): void {
     if (this.node.open) this.node.close();
   }

@@ -1,5 +1,5 @@
-// The script that needs nothing beside it, as a module and for require(). The element is defined
-// when the script is over.
+// The script that embeds its logic, as a module and for require(). The element is defined when the
+// script has run.
 import {classesOfPage} from './define';
 import {embeddedLogic} from './embedded';
 

@@ -1,5 +1,5 @@
-// The module of WebAssembly of the box of statements by itself, and what crosses between it and the
-// page.
+// The WebAssembly module of the box of statements as an element of its own, with a method for each
+// function that it exports.
 import * as written from 'zolt21-synt-text-box.wasm.json';
 
 import {type Address, type BoxTexts, type ColouredWord, wordsIn} from './crossing';
@@ -33,7 +33,7 @@ export class Boxes implements BoxTexts {
     this.#exchange = new Exchange(this.#exports);
   }
 
-  /** A box of the owner's, which goes when nothing refers to the owner. */
+  /** A new box for the owner, destroyed when the owner has been garbage collected. */
   make(owner: object): Address {
     const box = this.#exports.make();
     this.#leftBehind.register(owner, box);

@@ -1,20 +1,20 @@
-// The rows of a list as people see them: rows of one height, of which only those in sight are
-// nodes.
+// The rows of a list as a virtual list: all rows have one height, and only those in sight and
+// around are nodes.
 //
-// The rows themselves are the control's, and which are drawn while a filter is on the logic knows;
-// here is only on which one the keys stand.
+// The control has the rows, and the logic knows which of them a filter leaves to be drawn. The only
+// state here is scrolling and the current row, on which the keys stand.
 import {make, setAttributes} from './dom';
 import type {Address, DrawnRow, Logic} from './logic';
 import {Ask, Gesture, ListKey, Style} from './numbers';
 
-// The tallest a browser draws without losing its way. Beyond it a list is scrolled in proportion.
+// The greatest height in pixels that browsers draw right. Taller lists are scrolled in proportion.
 const kTallest = 8_000_000;
-// The height of a row, by its letters, and the least that can be pointed at by a mouse; for fingers
-// the style sheet has another one.
+// The height of a row in font sizes, and in pixels the least that a mouse can hit; the style sheet
+// has another one for touch.
 const kRowInLetters = 1.85;
 const kLeastHeight = 24;
-// So many rows before and behind those in sight are nodes too: the keys come to one that is there
-// already, and those who are told of rows are not told of the list in between.
+// So many rows before and behind those in sight are nodes too (overscan). The keys then come to a
+// row that is a node already, and screen readers tell the row and not the list around it.
 const kAround = 4;
 const kListKeys: Record<string, ListKey> = {
   ArrowUp: ListKey.Up,
@@ -40,8 +40,8 @@ export interface RowsOptions {
   isPopup?: boolean;
 }
 
-// A text of a row. Long names are told apart by their ends: where there is no room they are cut in
-// the middle. Other letters than those of names may belong together and are cut at their end.
+// The text of a row. Long names differ at their ends, so the ellipsis is in the middle. A text with
+// other characters than ASCII is cut at its end: some of its characters may belong together.
 function spanOf(kind: string, text: string): HTMLElement {
   const kLong = 20;
   const kTail = 9;
@@ -65,14 +65,14 @@ export class Rows {
   readonly #space = make('div', {role: 'presentation', class: 'space'});
   readonly #nodes = new Map<number, HTMLElement>();
   #filter = '';
-  #current = -1; // as drawn
-  #isWanted = false; // in sight, as soon as anything of the list is
+  #current = -1; // the current row, counted as drawn; -1 for none
+  #isWanted = false; // scroll to the current row as soon as the list is visible
   #rowHeight = 0;
-  // The height in sight and the scrolling, kept here: to ask a browser for them lays the page out,
-  // and it forgets the scrolling of what is hidden or moved.
+  // A cache of the visible height and the scrolling, in pixels: to ask the browser forces a layout,
+  // and the browser forgets the scrolling of nodes that are hidden or moved.
   #view = 0;
   #place = 0;
-  #told = ''; // the height of all rows, as the style sheet knows it
+  #told = ''; // the height of all rows that the style sheet was given last
 
   constructor(options: RowsOptions) {
     this.#logic = options.logic;
@@ -107,7 +107,7 @@ export class Rows {
     return row < 0 ? -1 : this.#logic.drawnRow(this.#handle, this.#list, row);
   }
 
-  /** Only rows that hold the text in any letter case are drawn from now on; all with "". */
+  /** Draws only rows that hold the text, in any letter case, from now on; "" draws all. */
   setFilter(filter: string): void {
     if (filter === this.#filter) return;
     this.#filter = filter;
@@ -116,13 +116,13 @@ export class Rows {
     this.#scrollTo(0);
     this.rowsChanged();
   }
-  /** What rows are called beside their texts, by text. The filter finds it as well. */
+  /** Names that are drawn beside rows, by the texts of the rows. The filter finds them as well. */
   nameRows(names: ReadonlyMap<string, string>): void {
     this.#logic.nameRows(this.#handle, this.#list, names);
     this.rowsChanged();
   }
 
-  /** Rows came, went or became others. */
+  /** Draws again after rows were added, removed or replaced. */
   rowsChanged(): void {
     const count = this.count;
     if (this.#current >= count) this.#current = count - 1;
@@ -132,7 +132,7 @@ export class Rows {
     return this.#logic.drawnRows(this.#handle, this.#list, first, behind - first);
   }
 
-  /** The keys stand on ListIndex from now on, where there is one. */
+  /** Makes the row of ListIndex the current row, if it is drawn. */
   showListIndex(): void {
     const row = this.#drawnRow(this.#logic.number(this.#list, Ask.ListIndex));
     if (row >= 0 && row !== this.#current) {
@@ -142,7 +142,7 @@ export class Rows {
     }
   }
 
-  /** The keys stand on this drawn row from now on, and it is in sight. */
+  /** Makes a drawn row the current row, clamped to the rows, and scrolls so that it is visible. */
   moveTo(drawn: number): void {
     this.#current = Math.max(-1, Math.min(drawn, this.count - 1));
     if (this.#current >= 0) this.#bringIntoSight(this.#current);
@@ -171,11 +171,11 @@ export class Rows {
   heightOf(count: number): number {
     return count * this.#height;
   }
-  /** A list that is about to be seen has this height. */
+  /** Sets the visible height, in pixels, of a list that is about to open. */
   set view(height: number) {
     this.#view = height;
   }
-  // By how much the rows stand higher than the scrolling tells, in a list too tall for a browser.
+  // In a list too tall for a browser: by how many pixels rows are drawn above their true places.
   #lift(): number {
     const all = this.heightOf(this.count);
     if (all <= kTallest) return 0;
@@ -207,7 +207,7 @@ export class Rows {
     this.#space.style.height = height;
     if (height === this.#told) return;
     this.#told = height;
-    // On a phone the list is as high, from the next frame on: it may have come to its size just now.
+    // On a phone the list gets this height. It is set in the next frame: this may be a resize.
     requestAnimationFrame(() => this.#box.style.setProperty('--rows-height', height));
   }
   /** The scrolling as it was before the element moved in its page. */
@@ -215,7 +215,7 @@ export class Rows {
     if (this.#place !== 0) this.#scrollTo(this.#place);
   }
 
-  /** The list may have come into sight, gone out of it, or have another height: this one. */
+  /** Takes the list's visible height in pixels, 0 while it is hidden, and draws. */
   lookAgain(height: number): void {
     this.#view = height;
     this.#rowHeight = 0;
@@ -224,10 +224,10 @@ export class Rows {
     this.draw();
   }
 
-  /** Draws the rows that are in sight. */
+  /** Draws the rows in sight. */
   draw(): void {
     const view = this.#view;
-    if (view === 0) return; // what is seen again later is drawn then
+    if (view === 0) return; // hidden: drawn when it is shown again
     const count = this.count;
     const height = this.#height;
     this.#stretch();
@@ -239,7 +239,7 @@ export class Rows {
     const behind = Math.min(top + Math.ceil(view / height) + 1 + kAround, count);
 
     const rows = new Map(this.#read(first, behind).map((row, at) => [first + at, row] as const));
-    // The row with the keys is always there, for those who are told of it.
+    // The current row is always a node, since aria-activedescendant names it.
     if (this.#current >= 0 && this.#current < count && !rows.has(this.#current))
       rows.set(this.#current, this.#read(this.#current, this.#current + 1)[0]!);
     for (const [drawn, node] of this.#nodes) {
@@ -258,7 +258,7 @@ export class Rows {
     if (node === undefined) {
       node = make('div', {role: 'option', class: 'row'});
       this.#nodes.set(drawn, node);
-      // In the order of the rows, as they are read out.
+      // The nodes stand in the order of the rows, in which screen readers read them.
       let next: HTMLElement | null = null;
       for (const [other, candidate] of this.#nodes) {
         if (other > drawn && (next === null || other < Number(next.dataset['drawn'])))
@@ -271,7 +271,7 @@ export class Rows {
       node.dataset['shown'] = shown;
       node.replaceChildren(spanOf('text', row.text));
       if (name !== '') node.append(spanOf('name', name));
-      // The parts of a text that is cut are no words of their own.
+      // A cut text consists of two spans; the accessible name joins them to one text.
       const isCut = node.querySelector('.ending') !== null;
       setAttributes(node, {'aria-label': isCut ? `${row.text} ${name}`.trim() : false});
       node.title = name === '' ? row.text : `${row.text}: ${name}`;
@@ -286,8 +286,8 @@ export class Rows {
       'data-drawn': drawn,
       'aria-posinset': drawn + 1,
       'aria-setsize': count,
-      // Of a row with a check box too: that it is checked, screen readers tell as the keys come to it,
-      // and not when the space bar does it.
+      // Rows with check boxes have it as well: screen readers tell aria-checked when the keys come
+      // to the row, but not when the space bar changes it.
       'aria-selected': String(isMarked),
       class: ['row', drawn === this.#current && 'current', isMarked && markClass]
         .filter(Boolean)
@@ -310,8 +310,8 @@ export class Rows {
   }
 
   /**
-   * Moves for an arrow, a page key or a letter. Gives what the key makes of the row of the keys, if
-   * anything; undefined for a key that is none of a list's.
+   * Moves for an arrow, a page key or a letter (type-ahead). Gives the gesture that the key makes
+   * of the current row, if any; undefined for a key that a list does not take.
    */
   takeKey(event: KeyboardEvent, isSingle = false): {gesture: Gesture | undefined} | undefined {
     if (event.ctrlKey || event.metaKey || event.altKey) return undefined;

@@ -79,7 +79,7 @@ export class ScrollBarView implements View {
       this.#goTo(this.#value + (isAbove ? -this.#step : this.#step));
     }
   }
-  // A drag is one gesture, when the thumb is let go.
+  // A drag is one gesture, made when the thumb is released.
   #drag(down: PointerEvent): void {
     if (down.button !== 0) return;
     const thumb = this.#thumb;

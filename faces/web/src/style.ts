@@ -11,7 +11,7 @@ import alone from './synt_text_box.css';
 import touch from './touch.css';
 import use from './use.css';
 
-// In this order: where two rules weigh the same, the later one holds.
+// The order counts: of two rules with the same specificity the later one wins.
 const text = [form, boxes, lists, messages, narrow, touch, phone, use, contrast].join('');
 
 const textOfBox = [form, boxes, contrast, alone].join('');
@@ -23,7 +23,7 @@ const madeOfBox: Made = new WeakMap();
 export function styleSheets(document: Document, logic: Logic): CSSStyleSheet[] {
   return sheetsOf(document, made, text, () => logic.looks());
 }
-/** Those of the box of statements by itself. */
+/** The style sheets of the box of statements as an element of its own. */
 export function boxStyleSheets(document: Document, looks: () => number[]): CSSStyleSheet[] {
   return sheetsOf(document, madeOfBox, textOfBox, looks);
 }
@@ -47,8 +47,8 @@ function sheetsOf(
   return sheets;
 }
 
-// A heavier word has a stroke and a slanted one is skewed: neither moves the letters behind it,
-// which have to stay under those of the box.
+// Bold is drawn as a stroke and italic as a skew: neither moves the letters behind the word, which
+// have to stay exactly under those of the text area.
 function coloursOf(looks: number[]): string {
   const kStrokePerWeight = 0.5 / 500;
   const rules: string[] = [];

@@ -1,5 +1,5 @@
-// <zolt21-synt-text-box>: a box of statements for any page, as the five large boxes of the map
-// control are. It needs no map control, and none of its logic.
+// <zolt21-synt-text-box>: a box of statements for any page, like the five large boxes of the map
+// control. It needs neither the map control nor its logic.
 import type * as Types from '../package/zolt21-synt-text-box';
 import type {Address} from './crossing';
 import {What} from './numbers';
@@ -10,11 +10,11 @@ import {isNothing} from './values';
 
 const kTag = 'zolt21-synt-text-box';
 const kTwipsPerPixel = 15;
-// So wide a line is none that a person writes, and lines then go on for ever.
+// In twips: from this margin on lines do not wrap, since nobody types a line as wide.
 const kNoMargin = 32_000;
 const kMembers = ['Text', 'Highlight', 'rightmargin'] as const;
 
-// The class stands without a page, so that a program on a server can import it.
+// Without a page there is no HTMLElement; a program on a server can still import the class.
 const Base = globalThis.HTMLElement ?? (class {} as typeof HTMLElement);
 
 let boxes: Boxes;
@@ -54,7 +54,7 @@ class Element extends Base {
     for (const [name, value] of early) (this as Record<string, unknown>)[name] = value;
   }
 
-  // What was written before the element became one.
+  // Properties that were written before the element was upgraded; they would hide its accessors.
   #takeEarlyProperties(): [string, unknown][] {
     return kMembers
       .filter((name) => Object.hasOwn(this, name))
@@ -70,17 +70,17 @@ class Element extends Base {
       this.#name();
       this.dispatchEvent(new Event('TabChain', {bubbles: true, composed: true}));
     });
-    // It is told of the element, whose form looks at that.
+    // A change event does not leave the shadow tree, so the element fires its own for its form.
     input.addEventListener('change', () =>
       this.dispatchEvent(new Event('change', {bubbles: true})),
     );
   }
-  // A style sheet belongs to a document, and one of a template has none yet.
+  // A style sheet belongs to a document with a window; the document of a template has no window.
   #dress(root: ShadowRoot): void {
     if (this.ownerDocument.defaultView !== null && root.adoptedStyleSheets.length === 0)
       root.adoptedStyleSheets = boxStyleSheets(this.ownerDocument, () => boxes.looks());
   }
-  // For screen readers.
+  // The accessible name: aria-label, or else the texts of the labels.
   #name(): void {
     const labels = [...this.#internals.labels].map((label) => label.textContent?.trim() ?? '');
     const name = this.getAttribute('aria-label') ?? labels.join(' ');
@@ -108,7 +108,7 @@ class Element extends Base {
     try {
       this.rightmargin = text.trim() === '' ? NaN : Number(text);
     } catch (error) {
-      console.error(error); // nothing can be thrown at who writes an attribute
+      console.error(error); // whoever writes an attribute can't catch an exception
     }
   }
   formDisabledCallback(isDisabled: boolean): void {
@@ -188,7 +188,7 @@ class Element extends Base {
   }
 }
 
-/** The class of the page: that of the script that came first. */
+/** The class that the first copy of the script in this page has defined. */
 function classOfPage(): typeof Element {
   if (globalThis.customElements === undefined) return Element; // such as on a server
   const before = customElements.get(kTag) as typeof Element | undefined;

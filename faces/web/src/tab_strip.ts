@@ -1,4 +1,4 @@
-// The strip of the pages: tabs in one row, which is scrolled sideways where it is too long.
+// The tab strip: one row of tabs, which scrolls sideways where it is too long.
 import {make, setAttributes} from './dom';
 import type {Face} from './face';
 import type {Address} from './logic';
@@ -64,7 +64,7 @@ export class TabStripView implements View {
 
   // Scrolling.
 
-  // The active tab, and some of the tabs beside it.
+  // Scrolls so that the active tab is visible, and some of the tabs beside it.
   #bringIntoSight(): void {
     const strip = this.node.getBoundingClientRect();
     const tab = this.focus.getBoundingClientRect();
@@ -74,7 +74,7 @@ export class TabStripView implements View {
       this.node.scrollLeft += tab.right + beside - strip.right;
     this.#showMore();
   }
-  // Where there are more tabs the strip fades out. From right to left the scrolling counts down.
+  // Fades out an end of the strip that hides tabs. Right to left, scrollLeft runs from 0 down.
   #showMore(): void {
     const {scrollLeft, scrollWidth, clientWidth} = this.node;
     const most = scrollWidth - clientWidth;
@@ -83,7 +83,7 @@ export class TabStripView implements View {
     this.node.classList.toggle('more-left', left > 1);
     this.node.classList.toggle('more-right', left < most - 1);
   }
-  // A wheel that turns one way only scrolls the strip too, and the page again at its ends.
+  // A vertical wheel scrolls the strip sideways, and the page when the strip is at its end.
   #wheel(event: WheelEvent): void {
     if (event.deltaX !== 0 || event.ctrlKey || event.shiftKey) return;
     const before = this.node.scrollLeft;

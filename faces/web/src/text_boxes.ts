@@ -1,26 +1,26 @@
-// Text boxes as people see them.
+// The views of text boxes.
 //
-// A box shows the text of its control, with one character for each line end, and hands over what a
-// person makes of it. Line ends of any kind survive outside the place that is edited.
+// A box shows the text of its control, with one character for each line end, and hands over the
+// text after an edit. Line ends of any kind survive outside the place that is edited.
 import {make, showText} from './dom';
 import type {Address, BoxTexts} from './crossing';
 import {What} from './numbers';
 
 /**
- * How a box shows a line end: of several lines as one, of one line as a code that is no character
- * of any text.
+ * The character that stands for a line end: '\n' in a box of several lines; in a box of one line
+ * a noncharacter of Unicode, which no text has.
  */
 const kLineEnd = '\n';
 const kLineEndInALine = '\ufdd0';
-/** A line longer than this is coloured up to here only. */
+/** Of a longer line, so many characters get syntax colours. */
 const kColouredLine = 20_000;
 
-/** What a box hands over. */
+/** Takes the edits of a box. */
 export interface TypedInto {
   typed(box: Address, shown: string, caret: number, lineEnd: string): void;
   /** A key where the shown characters from `first` on and before `behind` are marked. */
   keyed(box: Address, first: number, behind: number, code: number): void;
-  /** Whether what was done last was typed into this box. */
+  /** Whether the last thing that the person did was typing into this box. */
   isTypingIn(box: Address): boolean;
 }
 
@@ -39,11 +39,11 @@ export class TypedBox {
   readonly #box: Address;
   readonly #lineEnd: string;
   readonly #into: TypedInto;
-  #before = ''; // what the person is about to change
-  #runStart = ''; // from where the run of typing began
-  #takenBack = 0; // by the box's own undo, to be had again
-  #isTakingBack = false; // it was the last that happened here
-  #wasAtStart = false; // the run came back to where it began by typing as well
+  #before = ''; // the shown text before the edit in progress
+  #runStart = ''; // the shown text at the beginning of the run of typing
+  #takenBack = 0; // how many steps the browser's redo has for this box
+  #isTakingBack = false; // the last edit here was an undo by the browser
+  #wasAtStart = false; // typing, and not undo, brought the text back to #runStart in the run
 
   /** With `byKeys` each key is handed over by itself, so that the control can refuse it. */
   constructor(texts: BoxTexts, box: Address, input: Input, into: TypedInto, byKeys = false) {
@@ -56,7 +56,7 @@ export class TypedBox {
     input.spellcheck = false;
     input.setAttribute('autocomplete', 'off');
     input.setAttribute('autocapitalize', 'off');
-    // What is shown goes from left to right, as the language is read.
+    // Statements are written from left to right, in every page.
     input.dir = 'ltr';
 
     this.#takeEdits(byKeys);
@@ -86,16 +86,16 @@ export class TypedBox {
       else if (inputType === 'historyRedo') --this.#takenBack;
       else this.#takenBack = 0;
       this.#isTakingBack = inputType === 'historyUndo';
-      // Some browsers tell of it once more when it is over, and by then it came as keys.
+      // Some browsers fire `input` once more after a composition, which was taken as keys already.
       const isComposed = byKeys && inputType === 'insertCompositionText';
       if (!isComposing && !isComposed) hand();
     });
     if (byKeys) this.#takeKeys();
-    // It may come from within, when the form moves the focus away.
+    // Re-entrancy: the composition may end inside a call, when the form moves the focus away.
     else input.addEventListener('compositionend', () => queueMicrotask(hand));
   }
 
-  // Texts leave the box as they are in the control.
+  // Copy, cut and drag give the text of the control, with its own line ends.
   #giveTexts(): void {
     const {input} = this;
     const texts = this.#texts;
@@ -130,9 +130,9 @@ export class TypedBox {
     });
   }
 
-  // An edit by a command of the page's, as a step of its own in the box's undo. To mark anew what is
-  // marked ends a run of typing, and a double click is forgotten: of a word that it marked the
-  // command would take a blank beside it along.
+  // An edit by execCommand, as an undo step of its own in the browser. To set the selection again
+  // ends a run of typing. It also makes the browser forget a double click: a word selected by one
+  // would be replaced together with a blank beside it (smart delete).
   #command(name: string, text?: string): void {
     const {input} = this;
     const [first, behind] = this.selection;
@@ -142,7 +142,7 @@ export class TypedBox {
     document.execCommand(name, false, text);
     const place = input.selectionEnd ?? 0;
     input.setSelectionRange(place, place);
-    // It scrolls nothing, where a key of the person's does.
+    // execCommand does not scroll to the caret, as a key would.
     this.#bringIntoSight(place);
     const {fontStyle, fontWeight, fontSize, fontFamily, paddingLeft, paddingRight} =
       getComputedStyle(input);
@@ -165,7 +165,7 @@ export class TypedBox {
     };
     input.addEventListener('beforeinput', (event) => {
       const {data, inputType, isComposing} = event as InputEvent;
-      // A text at once, such as one that is dictated, is no key.
+      // Several characters at once, such as dictated ones, are no key.
       const isCharacter = inputType === 'insertText' && [...(data ?? '')].length === 1;
       if (isComposing || (!isCharacter && inputType !== 'deleteContentBackward')) return;
       event.preventDefault();
@@ -178,8 +178,8 @@ export class TypedBox {
       event.preventDefault();
       key(kEnter);
     });
-    // What an input method or a dead key composes stands in the box until it is done. Then the box
-    // is as it was before, and each character comes as a key.
+    // An input method or a dead key composes its text in the box. At the end the box gets its text
+    // of before back, and each composed character is taken as a key.
     let before: {value: string; selection: [number, number]} | undefined;
     input.addEventListener('compositionstart', () => {
       before = {value: input.value, selection: this.selection};
@@ -196,7 +196,7 @@ export class TypedBox {
     });
   }
 
-  /** Puts a text where the caret is, or instead of what is marked. */
+  /** Inserts a text at the caret, or replaces the selection by it. */
   insert(text: string): void {
     this.#command('insertText', text);
   }
@@ -205,7 +205,7 @@ export class TypedBox {
     return [this.input.selectionStart ?? 0, this.input.selectionEnd ?? 0];
   }
 
-  /** Whether the box's own undo and redo concern the run of typing that goes on here. */
+  /** Whether the browser's undo and redo apply to the run of typing in this box. */
   get hasOwnUndo(): boolean {
     const isBack = this.input.value === this.#runStart && this.#isTakingBack;
     return this.#into.isTypingIn(this.#box) && !isBack;
@@ -215,8 +215,8 @@ export class TypedBox {
   }
 
   /**
-   * Takes a step back where only the browser knows whether one is left of the run: the box shows
-   * what it showed at the beginning, but did so in between too. Gives whether there was one.
+   * Undoes by the browser where only the browser knows whether the run has a step left: the box
+   * shows the text of the run's beginning, but did so in between too. Gives whether it had one.
    */
   tryOwnUndo(): boolean {
     if (!this.#into.isTypingIn(this.#box) || !this.#wasAtStart) return false;
@@ -232,7 +232,7 @@ export class TypedBox {
     };
     window.addEventListener('input', watch, true);
     document.execCommand('undo');
-    // Another box's step is none of this one's, and nobody hears of it.
+    // The browser undid a step of another box: redo it, unheard.
     if (!isHere && isElsewhere) document.execCommand('redo');
     window.removeEventListener('input', watch, true);
     return isHere;
@@ -243,7 +243,7 @@ export class TypedBox {
     this.input.part.toggle('disabled', !enabled);
   }
 
-  /** Shows the control's text and, where it moved, its caret. Gives whether the text is another. */
+  /** Shows the control's text and, if it moved, its caret. Gives whether the text changed. */
   show(what: number): boolean {
     const text =
       (what & What.Text) !== 0 ? this.#texts.shownText(this.#box, this.#lineEnd) : this.input.value;
@@ -255,14 +255,14 @@ export class TypedBox {
       this.#runStart = text;
       this.#wasAtStart = false;
       this.#takenBack = 0;
-      // What is new is in sight.
+      // Scrolls so that the end of the change is visible.
       const end = endOfChange(before, text);
       this.input.setSelectionRange(end, end);
       if (!wasEmpty) this.#bringIntoSight(end);
     }
     return isOther;
   }
-  /** Puts the caret behind so many characters of the control's text. */
+  /** Puts the caret behind `caret` characters of the control's text, and scrolls to it. */
   showCaret(caret: number): void {
     const place = this.#texts.shownPlace(this.#box, caret);
     this.input.setSelectionRange(place, place);
@@ -280,7 +280,7 @@ export class TypedBox {
   }
 }
 
-// The place in `after` behind what differs from `before`.
+// The offset in `after` behind the last difference from `before`.
 function endOfChange(before: string, after: string): number {
   let start = 0;
   const least = Math.min(before.length, after.length);
@@ -296,7 +296,7 @@ export function lineBox(texts: BoxTexts, box: Address, into: TypedInto, byKeys: 
   return new TypedBox(texts, box, make('input', {type: 'text', part: 'input'}), into, byKeys);
 }
 
-/** A box of several lines, coloured or not. */
+/** A box of several lines, with syntax colours or without. */
 export class LinesBox {
   readonly node: HTMLElement;
   readonly typed: TypedBox;
@@ -305,11 +305,11 @@ export class LinesBox {
   readonly #colours = make('div', {class: 'colours', 'aria-hidden': 'true'});
   readonly #sheet = make('div', {class: 'sheet'});
   #isColoured = false;
-  #margin: number | undefined; // how long lines may be, where they go on below
+  #margin: number | undefined; // where lines wrap, in pixels, 0 at the edge; undefined for nowhere
   #lines: string[] | undefined;
-  #placed: string[] | undefined; // the lines that the sheet has, all of them
-  // The scrolling and the measures, kept here: to ask the browser for them lays the page out with
-  // each key.
+  #placed: string[] | undefined; // the lines that the sheet has, if it has all of them
+  // A cache of scrolling and measures, in pixels: to ask the browser for them would force a layout
+  // with each key.
   #place: [number, number] = [0, 0];
   #view = {width: 0, height: 0, line: 0, padding: 0};
 
@@ -342,7 +342,7 @@ export class LinesBox {
       this.#draw();
     }).observe(this.#area);
     this.#area.addEventListener('keydown', (event) => {
-      // The Tab key goes to the next control.
+      // The Tab key moves the focus, so Ctrl+I and Ctrl+Tab insert a tab character.
       const isTab =
         event.ctrlKey &&
         !event.altKey &&
@@ -360,7 +360,7 @@ export class LinesBox {
     this.node.classList.toggle('coloured', isColoured);
     this.#draw();
   }
-  /** Lines go on below behind so many pixels, or at the edge with 0; undefined for nowhere. */
+  /** Wraps lines at a margin in pixels, or at the edge with 0; undefined for no wrap. */
   wrapAt(margin: number | undefined): void {
     this.#margin = margin;
     this.node.classList.toggle('wraps', margin !== undefined);
@@ -389,11 +389,11 @@ export class LinesBox {
       this.node.style.setProperty('--wrap-end', `${end}px`);
     }
   }
-  // Draws the coloured lines in sight under the box, whose own letters are not seen then.
+  // Draws the coloured lines in sight under the text area, whose own letters are transparent then.
   #draw(): void {
     if (!this.#isColoured) return;
     const {width, height: view, line: height, padding} = this.#view;
-    if (view === 0) return; // what is seen again later is drawn then
+    if (view === 0) return; // hidden: drawn when it is shown again
     this.#lines ??= this.#area.value.split('\n');
     this.#colours.style.width = `${width}px`;
     this.#colours.style.height = `${view}px`;
@@ -416,8 +416,8 @@ export class LinesBox {
       if (at < lines.length) draw(node, lines[at]!);
     }
   }
-  // How high a line is that goes on below is known once it stands there: all are there, and those in
-  // sight get their colours.
+  // Only the browser knows the height of a wrapped line. So the sheet has all lines, and colours
+  // those in sight.
   #drawAll(lines: string[], top: number, height: number): void {
     if (lines !== this.#placed) {
       this.#drawThese(lines, (node, line) => {
@@ -442,7 +442,7 @@ export class LinesBox {
     let at = 0;
     for (const {first, count, kind} of this.#texts.colouredWords(line.slice(0, kColouredLine))) {
       if (first > at) pieces.push([line.slice(at, first), '']);
-      // A slanted word is a block of its own, and a tab has to stay in the line.
+      // An italic word is an inline block, in which a tab would not reach its tab stop.
       for (const text of line.slice(first, first + count).split(/(\t)/))
         if (text !== '') pieces.push([text, text === '\t' ? '' : `word kind${kind}`]);
       at = first + count;
@@ -450,7 +450,7 @@ export class LinesBox {
     if (at < line.length) pieces.push([line.slice(at), '']);
     this.#drawPieces(node, pieces);
   }
-  // In the pieces that the node has from before; those that are too many become empty.
+  // Reuses the pieces that the node has; pieces that are too many become empty.
   #drawPieces(node: Element, pieces: [string, string][]): void {
     for (const [at, [text, kind]] of pieces.entries()) {
       const piece = node.children[at] ?? node.appendChild(make('span'));

@@ -20,17 +20,17 @@ export class OwnTexts {
   get all(): Texts {
     return this.#texts;
   }
-  /** A text with these values instead of their keys in braces. */
+  /** The text of a key, its placeholders in braces replaced by values. */
   of(key: string, values: Record<string, string> = {}): string {
     return this.#texts[key]!.replace(/\{(\w+)\}/g, (whole, name: string) => values[name] ?? whole);
   }
-  /** Shows texts: now, and again when the page gives others. */
+  /** Calls `show` now, and again whenever the page gives other texts. */
   keep(show: () => void): void {
     this.#shown.push(show);
     show();
   }
 
-  /** These instead of the English ones, which all others are again. */
+  /** Takes the page's texts instead of the English ones. Keys without a text are English again. */
   give(given: unknown): void {
     if (!isNothing(given) && (typeof given !== 'object' || Array.isArray(given)))
       throw new TypeError('texts takes an object');

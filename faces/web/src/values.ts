@@ -21,7 +21,7 @@ export function checked(value: unknown, type: ValueType, name: string): string |
   }
 }
 
-/** Whether a page that writes this wants to leave a property as it is. */
+/** Whether a page that writes this value wants to leave the property as it is. */
 export function isNothing(value: unknown): value is undefined | null {
   return value === undefined || value === null;
 }

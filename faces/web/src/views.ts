@@ -1,5 +1,5 @@
-// How each kind of control is shown: a view has the nodes of one control and knows how to draw it.
-// What a person does comes out as gestures of the face; no view keeps what the control has.
+// The views, one for each kind of control: a view has the nodes of one control and draws them. It
+// turns what a person does into gestures of the face. No view has a copy of the control's state.
 import {BackColour} from './back_colours';
 import {ComboView} from './combo';
 import {make, setAttributes, showText} from './dom';
@@ -12,14 +12,14 @@ import {TabStripView} from './tab_strip';
 import {LinesBox, lineBox} from './text_boxes';
 
 export interface View {
-  /** What is laid out. */
+  /** The node that is laid out. */
   readonly node: HTMLElement;
-  /** What has the focus, and the name of the control as its id. */
+  /** The node that takes the focus; its id is the name of the control. */
   readonly focus: HTMLElement;
   /** Draws what changed, by bits of What. */
   show(what: number): void;
   enable?(enabled: boolean): void;
-  /** The element moved in its page, and the browser forgot what was scrolled. */
+  /** Restores scrolling, which the browser forgot as the element moved in its page. */
   restorePlace?(): void;
 }
 
@@ -174,7 +174,7 @@ function oneLine(face: Face, control: Address): View {
 class ListView implements View {
   readonly node: HTMLElement;
   readonly rows: Rows;
-  /** The row of the last press, when a second one would make it a double click; -1 for none. */
+  /** The row of a press that a second press would make a double click; -1 for none. */
   #pressed = -1;
 
   constructor(face: Face, control: Address) {
@@ -194,8 +194,8 @@ class ListView implements View {
       const row = this.rows.rowUnder(event);
       if (row < 0 || !logic.is(control, Ask.Enabled)) return;
       this.rows.moveToRow(row);
-      // The second press of a double click is no click of its own. One that finds another row is, since
-      // the list has been scrolled under the mouse.
+      // The second press of a double click makes no click of its own. If it finds another row,
+      // since the list was scrolled under the mouse, it is a click.
       const isSecond = event.detail > 1 && row === this.#pressed;
       this.#pressed = isSecond ? -1 : row;
       face.gesture(isSecond ? Gesture.DoubleClickRow : Gesture.ClickRow, control, row);
