@@ -1,4 +1,4 @@
-// A reference to a COM object that is given back by itself.
+// A smart pointer to a COM object: an owned reference that is released automatically.
 #pragma once
 
 #include <unknwn.h>
@@ -11,7 +11,7 @@ template <typename Interface>
 class Pointer {
  public:
   Pointer() = default;
-  /// Adds a reference of its own.
+  /// Adds a reference (AddRef).
   explicit Pointer(Interface* object) : object_(object) {
     if (object_ != nullptr) object_->AddRef();
   }
@@ -29,21 +29,21 @@ class Pointer {
   Interface* operator->() const { return object_; }
   explicit operator bool() const { return object_ != nullptr; }
 
-  /// For a call that gives a reference away. Whatever was here is gone before.
+  /// For an out parameter that receives a reference. Releases the reference held before.
   Interface** Put() {
     *this = Pointer();
     return &object_;
   }
-  /// Gives the reference away.
+  /// Transfers ownership of the reference to the caller.
   Interface* Detach() { return std::exchange(object_, nullptr); }
 
-  /// Another interface of the object; none when it has none.
+  /// QueryInterface: null when the object is null or lacks the interface.
   template <typename Other>
   Pointer<Other> As() const {
     return AnyAs<Other>(object_);
   }
 
-  /// That interface of any object, which may be none.
+  /// QueryInterface for any object, which may be null.
   template <typename Other>
   static Pointer<Other> AnyAs(IUnknown* object) {
     Pointer<Other> other;
@@ -58,7 +58,7 @@ class Pointer {
   Interface* object_ = nullptr;
 };
 
-/// That interface of an object, which may be none; none when it has none.
+/// QueryInterface that also takes null: null when the object is null or lacks the interface.
 template <typename Interface>
 Pointer<Interface> Query(IUnknown* object) {
   return Pointer<IUnknown>::AnyAs<Interface>(object);

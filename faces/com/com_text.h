@@ -1,5 +1,5 @@
-// Texts on their way between the control and Windows. Both count characters of 16 bits, so every
-// text comes and goes exactly, NULs and lone surrogates included.
+// Converts texts between the control and Windows. Both have characters of 16 bits, so every text
+// passes unchanged, NULs and lone surrogates included.
 #pragma once
 
 #include <ole2.h>
@@ -12,17 +12,17 @@ namespace zolt20::com {
 
 static_assert(sizeof(wchar_t) == sizeof(char16_t));
 
-/// No text at all is the empty one, as everywhere in Automation.
+/// A null BSTR is the empty text, as everywhere in Automation.
 inline StringView View(BSTR text) {
   return {reinterpret_cast<const char16_t*>(text), SysStringLen(text)};
 }
 
-/// Of a text that ends at its first NUL.
+/// A view of a NUL-terminated text.
 inline StringView View(const wchar_t* text) {
   return reinterpret_cast<const char16_t*>(text);
 }
 
-/// Valid as long as the text; ends at its first NUL for whoever asks no length.
+/// Valid as long as the text. NUL-terminated, so a text with NULs in it seems to end at the first.
 inline const wchar_t* Wide(const String& text) {
   return reinterpret_cast<const wchar_t*>(text.c_str());
 }
@@ -30,7 +30,7 @@ inline const wchar_t* Wide(const char16_t* text) {
   return reinterpret_cast<const wchar_t*>(text);
 }
 
-/// The caller frees it. Throws std::bad_alloc.
+/// A new BSTR that the caller owns and frees. Throws std::bad_alloc.
 inline BSTR ToBstr(StringView text) {
   BSTR copy = SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()),
                                 static_cast<UINT>(text.size()));

@@ -1,4 +1,4 @@
-// A VARIANT that is cleared by itself.
+// A VARIANT that is cleared by its destructor.
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,5 @@
-// What the container tells of its surroundings: whether the user is at work, its colours, from
-// which side it is read.
+// The ambient properties of the container: user or design mode, its colours, and whether it is
+// mirrored (right to left).
 #include <ole2.h>
 #include <olectl.h>
 
@@ -10,7 +10,7 @@
 namespace zolt20::com {
 namespace {
 
-// Empty where the container does not tell.
+// Reads an ambient property. `value` stays empty where the container has none.
 void ReadAmbient(IOleClientSite* site, DISPID property, VARTYPE type, Value& value) {
   const auto container = Query<IDispatch>(site);
   if (!container) return;
@@ -38,8 +38,8 @@ bool MapControl::IsAmbient(DISPID property, bool otherwise) const {
   return value->vt == VT_BOOL ? value->boolVal != VARIANT_FALSE : otherwise;
 }
 
-// In a form that is being designed, and where the container says so, the control is there to be
-// looked at.
+// In design mode, and where the container says that its user interface is dead (UIDEAD), the
+// control is disabled.
 void MapControl::ReadAmbients() {
   const bool isAtWork =
       IsAmbient(DISPID_AMBIENT_USERMODE, true) && !IsAmbient(DISPID_AMBIENT_UIDEAD, false);
@@ -53,8 +53,8 @@ void MapControl::ReadAmbients() {
   if (window_) window_->Enable(isAtWork);
 }
 
-// From which side a window is read it knows from its beginning on: there is a new one, in the place
-// of the one before.
+// Mirroring is fixed when a window is created, so a change of it makes a new window in the place of
+// the one before.
 void MapControl::TurnForm() {
   const HWND before = window_->Window();
   if (before == nullptr) return;

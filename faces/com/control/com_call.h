@@ -1,5 +1,5 @@
-// What every entry into the control from COM has around it: no exception crosses the border, and
-// what was raised becomes an error code with its text.
+// The guard around every COM entry point of the control: no exception crosses the COM boundary;
+// it becomes an HRESULT with error information.
 #pragma once
 
 #include <windows.h>
@@ -15,12 +15,12 @@ constexpr HRESULT CodeOf(int number) {
   return static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number));
 }
 
-/// Leaves the error's text for the caller, who finds it by GetErrorInfo.
+/// Sets the error's text as error information, which the caller reads by GetErrorInfo.
 HRESULT Report(const RuntimeError& error) noexcept;
 
-/// Runs the body, which gives a HRESULT. A run-time error becomes its code, with rich error
-/// information; memory that runs out E_OUTOFMEMORY; anything else, such as what a host threw from
-/// an event, E_FAIL.
+/// Runs the body, which returns an HRESULT. A RuntimeError becomes its code, with error
+/// information; std::bad_alloc becomes E_OUTOFMEMORY; any other exception, such as one that a host
+/// threw from an event, E_FAIL.
 template <typename Body>
 HRESULT Guarded(const Body& body) noexcept {
   try {

@@ -49,7 +49,7 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
   if (sink == nullptr || cookie == nullptr) return E_POINTER;
   *cookie = 0;
   return Enter([&]() -> HRESULT {
-    // A listener to events may know no more of them than that it can be called by numbers.
+    // A sink of events may implement IDispatch alone, and not the interface of the events.
     Pointer<IUnknown> asSink;
     if (FAILED(sink->QueryInterface(sinkId_, reinterpret_cast<void**>(asSink.Put()))) &&
         (sinkId_ == IID_IPropertyNotifySink ||
@@ -68,7 +68,7 @@ STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
         std::find_if(connections_.begin(), connections_.end(),
                      [cookie](const Connection& each) { return each.cookie == cookie; });
     if (found == connections_.end()) return CONNECT_E_NOCONNECTION;
-    // The listener may go with its reference, and come back here from there.
+    // Re-entrancy: releasing the sink may destroy it, and its destructor may call this object.
     const Pointer<IUnknown> sink = std::move(found->sink);
     connections_.erase(found);
     return S_OK;

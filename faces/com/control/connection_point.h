@@ -1,4 +1,4 @@
-// A connection point: whoever listens to one outgoing interface of the control.
+// A connection point: the sinks connected to one outgoing interface of the control.
 #pragma once
 
 #include <ocidl.h>
@@ -10,16 +10,16 @@
 
 namespace zolt20::com {
 
-/// Lives within the object that it is a part of, and counts its references with it. Calls from
-/// another thread than the one that made it are refused.
+/// A member of its container object: shares the container's reference count and lifetime. Calls
+/// from another thread than the one that made it are refused.
 class ConnectionPoint final : public IConnectionPoint {
  public:
-  /// Listeners answer for `sinkId`.
+  /// Sinks must implement `sinkId`.
   ConnectionPoint(IConnectionPointContainer& container, REFIID sinkId)
       : container_(container), sinkId_(sinkId) {}
 
   const IID& SinkId() const { return sinkId_; }
-  /// The listeners as they are now: one may come or go while the others are told.
+  /// A copy of the list of sinks, since one may connect or disconnect while the others are called.
   template <typename Sink>
   std::vector<Pointer<Sink>> Sinks() const {
     std::vector<Pointer<Sink>> sinks;
@@ -41,7 +41,7 @@ class ConnectionPoint final : public IConnectionPoint {
  private:
   struct Connection {
     DWORD cookie;
-    Pointer<IUnknown> sink;  // its pointer is one of the sink's interface
+    Pointer<IUnknown> sink;  // points to the interface of SinkId()
   };
 
   template <typename Body>

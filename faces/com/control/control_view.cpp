@@ -1,4 +1,4 @@
-// The interface beside the contract: names of tables, and what the person can take back.
+// The second interface, beside the contract: display names of tables, undo and redo.
 #include <vector>
 
 #include "faces/com/com_text.h"
@@ -9,8 +9,8 @@
 namespace zolt20::com {
 namespace {
 
-// The texts of an array of one dimension, whose elements are texts or VARIANTs, as the language of
-// the caller has them. An empty VARIANT is an array of none.
+// The texts of a one-dimensional SAFEARRAY of BSTRs or of VARIANTs, whichever the caller's language
+// makes. An empty VARIANT stands for an empty array.
 HRESULT TakeTexts(VARIANT& given, std::vector<String>& texts) {
   Value plain;
   if (const HRESULT copied = VariantCopyInd(&plain, &given); FAILED(copied)) return copied;
@@ -36,7 +36,7 @@ HRESULT TakeTexts(VARIANT& given, std::vector<String>& texts) {
 
 }  // namespace
 
-// By name.
+// IDispatch.
 
 HRESULT MapControl::ViewInterface::LoadOwnDescription() {
   return description_ ? S_OK : LoadDescription(IID_IZOLT20MapControlView, description_);
@@ -75,7 +75,7 @@ STDMETHODIMP MapControl::ViewInterface::Invoke(DISPID number, REFIID id, LCID /*
   if (arguments == nullptr) return E_INVALIDARG;
   const HRESULT loaded = control_.Enter([&] { return LoadOwnDescription(); });
   if (FAILED(loaded)) return loaded;
-  // No call is in progress by now, so that the member may make a step of the history.
+  // Outside of Enter, so that no call is in progress and the member can be a step of the history.
   const Keep keep(control_);
   return DispInvoke(static_cast<IZOLT20MapControlView*>(this), description_.Get(), number, flags,
                     arguments, result, exception, wrongArgument);
@@ -124,7 +124,7 @@ STDMETHODIMP MapControl::ViewInterface::get_CanRedo(VARIANT_BOOL* value) {
   return Tell(value, &faces::Person::CanRedo);
 }
 
-// Within an event, and with no step to take, nothing happens.
+// Undo or redo. Within an event, or without a step, does nothing and returns S_FALSE.
 HRESULT MapControl::ViewInterface::TakeBack(faces::End (faces::Person::*step)()) {
   if (GetCurrentThreadId() != control_.thread_) return RPC_E_WRONG_THREAD;
   const Keep keep(control_);

@@ -1,4 +1,4 @@
-// The control as data: pictures of it, and itself in a storage, for documents and the clipboard.
+// IDataObject, for documents and the clipboard: pictures of the control, and itself in a storage.
 #include <ole2.h>
 
 #include <array>
@@ -29,7 +29,7 @@ CLIPFORMAT ObjectDescriptor() {
   return format;
 }
 
-// What is offered, the best first.
+// The formats offered, the best first.
 std::vector<FORMATETC> Formats() {
   const auto row = [](CLIPFORMAT format, DWORD medium) {
     return FORMATETC{format, nullptr, DVASPECT_CONTENT, -1, medium};
@@ -106,7 +106,7 @@ STDMETHODIMP MapControl::GetDataHere(FORMATETC* format, STGMEDIUM* medium) {
   if (format == nullptr || medium == nullptr) return E_POINTER;
   return Enter([&] {
     if (const HRESULT result = Fits(*format); FAILED(result)) return result;
-    // Pictures have no room of somebody else's that they could be put into.
+    // Only an object can be written into the caller's medium; pictures are always new media.
     if (!IsObject(*format)) return DATA_E_FORMATETC;
     if (medium->tymed != TYMED_ISTORAGE) return DV_E_TYMED;
     return medium->pstg == nullptr ? E_INVALIDARG : CopyTo(*medium->pstg);
@@ -118,7 +118,7 @@ STDMETHODIMP MapControl::QueryGetData(FORMATETC* format) {
   return Enter([&] { return Fits(*format); });
 }
 
-// No target device makes a picture another one.
+// Pictures are the same for all target devices.
 STDMETHODIMP MapControl::GetCanonicalFormatEtc(FORMATETC* format, FORMATETC* canonical) {
   if (format == nullptr || canonical == nullptr) return E_POINTER;
   return Tell([&]() -> HRESULT {
@@ -147,7 +147,7 @@ STDMETHODIMP MapControl::DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* si
   if (format == nullptr || sink == nullptr || connection == nullptr) return E_POINTER;
   *connection = 0;
   return Enter([&] {
-    // A format of no kind stands for all of them.
+    // A clipboard format of 0 stands for all formats.
     if (format->cfFormat != 0) {
       if (const HRESULT result = Fits(*format); FAILED(result)) return result;
     }

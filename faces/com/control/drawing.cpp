@@ -1,4 +1,4 @@
-// What the control looks like to a container that draws it.
+// IViewObjectEx: drawing the control while it is inactive, for containers.
 #include <ole2.h>
 #include <olectl.h>
 
@@ -107,7 +107,7 @@ STDMETHODIMP MapControl::GetNaturalExtent(DWORD /*aspect*/, LONG /*index*/,
   return E_NOTIMPL;
 }
 
-// The container may draw it anew.
+// Notifies the container's advise sinks that the picture has changed.
 void MapControl::PictureChanged() {
   DataChanged(0);
   if (!viewSink_ || (viewAspects_ & DVASPECT_CONTENT) == 0) return;

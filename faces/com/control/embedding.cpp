@@ -97,7 +97,7 @@ STDMETHODIMP MapControl::SetExtent(DWORD aspect, SIZEL* size) {
   });
 }
 
-// The window gets the size that the control was given, unless its site gives it another place.
+// Asks the site to give the window the size set by SetExtent; without an answer sets it itself.
 void MapControl::AskForPlace() {
   const Pointer<IOleInPlaceSite> site = placeSite_;
   if (!window_ || !site) return;
@@ -154,7 +154,7 @@ STDMETHODIMP MapControl::SetColorScheme(LOGPALETTE* /*palette*/) {
 
 HRESULT MapControl::Activate(bool withUser) {
   if (!site_) return E_UNEXPECTED;
-  if (window_ && window_->Window() == nullptr) Deactivate();  // its parent took it along
+  if (window_ && window_->Window() == nullptr) Deactivate();  // destroyed with its parent
   if (!window_) {
     if (const HRESULT result = MakeWindow(); FAILED(result)) return result;
     ReadAmbients();
@@ -178,7 +178,7 @@ HRESULT MapControl::Activate(bool withUser) {
   return S_OK;
 }
 
-// The window in the place that the site names. Half made, the site is told that it is gone.
+// Makes the window in the place that the site names. On failure tells the site of its deactivation.
 HRESULT MapControl::MakeWindow() {
   const auto site = site_.As<IOleInPlaceSite>();
   if (!site) return E_NOINTERFACE;
@@ -287,7 +287,7 @@ STDMETHODIMP MapControl::EnableModeless(BOOL /*enable*/) {
 
 namespace {
 
-// The letters that work with Alt, on whatever page.
+// The accelerator table of the mnemonics (letters for Alt) of all pages.
 HACCEL MakeAccelerators(const Surface& form) {
   std::set<WORD> letters;
   for (const Control* control : form.Controls()) {
@@ -307,7 +307,7 @@ STDMETHODIMP MapControl::TranslateAccelerator(MSG* message) {
   if (message == nullptr) return E_POINTER;
   return EnterForPerson([&]() -> HRESULT {
     if (window_ && window_->TranslateKey(*message)) return S_OK;
-    // What the control has no use for its container may have one for.
+    // A key that the control does not handle is offered to the container.
     const auto site = ControlSite();
     if (message->message < WM_KEYFIRST || message->message > WM_KEYLAST || !site) return S_FALSE;
     DWORD modifiers = 0;

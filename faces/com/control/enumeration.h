@@ -1,4 +1,4 @@
-// An enumerator over values that were copied when it was made.
+// A COM enumerator over a snapshot: values that were copied when it was made.
 #pragma once
 
 #include <ocidl.h>
@@ -14,8 +14,8 @@
 
 namespace zolt20::com {
 
-/// `Interface` is an enumerator of COM over `Item`. `Traits::Keep(item)` gives a copy what it has
-/// of its own, such as a reference or a text, and `Traits::Drop(item)` takes it back.
+/// `Interface` is a COM enumerator over `Item`. `Traits::Keep(item)` makes a copy own its
+/// resources, such as a reference or a text, and `Traits::Drop(item)` releases them.
 template <typename Interface, typename Item, typename Traits>
 class Enumeration final : public Interface {
  public:

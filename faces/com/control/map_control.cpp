@@ -23,13 +23,13 @@ struct PointTraits {
   static void Drop(IConnectionPoint* point) { point->Release(); }
 };
 
-// The failures of Automation itself, which a caller by name gets as they are.
+// Failures of IDispatch itself, which Invoke returns unchanged.
 bool IsOfDispatch(HRESULT result) {
   return HRESULT_FACILITY(result) == FACILITY_DISPATCH || result == RPC_E_WRONG_THREAD ||
          result == E_INVALIDARG;
 }
 
-// The error that the call left for its caller, in the form that a caller by name takes it.
+// Moves the error information of the failed call into the EXCEPINFO that Invoke returns.
 void Describe(HRESULT failure, EXCEPINFO& exception) {
   exception = {};
   exception.scode = failure;
@@ -41,7 +41,7 @@ void Describe(HRESULT failure, EXCEPINFO& exception) {
 
 }  // namespace
 
-// Identity and life.
+// Identity and lifetime.
 
 HRESULT MapControl::Create(IUnknown* outer, REFIID id, void** object) {
   auto* const control = new MapControl(outer);
@@ -56,7 +56,7 @@ MapControl::MapControl(IUnknown* outer)
       extent_(DesignExtent()),
       events_(*this, DIID___ZOLT20MapControl),
       notices_(*this, IID_IPropertyNotifySink) {
-  // A host that never says whether the control is new or stored has a new one.
+  // The default, for a host that calls neither InitNew nor Load.
   control_.UserControl_InitProperties();
 }
 
@@ -67,7 +67,7 @@ MapControl::~MapControl() {
 STDMETHODIMP_(ULONG) MapControl::Own::Release() {
   const long left = --references_;
   if (left != 0) return static_cast<ULONG>(left);
-  // What goes with the object may take and give back a reference on its way.
+  // Members that are destroyed may AddRef and Release this object: must not delete it twice.
   references_ = 1;
   delete &control_;
   return 0;
@@ -114,7 +114,7 @@ void MapControl::CallEnded() noexcept {
   if (window_) {
     window_->ShowChanges();
   } else {
-    person_.TakeChanges();  // a window shows all of it when there is one again
+    person_.TakeChanges();  // dropped: the next window shows everything when made
   }
   if (std::exchange(isPictureOld_, false)) {
     Guarded([this] {
@@ -228,7 +228,7 @@ HRESULT MapControl::Run(const Member& member, LCID locale, WORD flags, const DIS
 
   const UINT wanted = isGet || member.type == ValueType::kNone ? 0 : 1;
   if (arguments.cArgs != wanted || arguments.cNamedArgs > wanted) return DISP_E_BADPARAMCOUNT;
-  // A value that is written goes by a name of its own; a method's argument may.
+  // The value of a property put is named DISPID_PROPERTYPUT; a method's argument may be named 0.
   if (arguments.cNamedArgs == 1 &&
       arguments.rgdispidNamedArgs[0] != (isLet ? DISPID_PROPERTYPUT : 0)) {
     return DISP_E_PARAMNOTFOUND;
@@ -314,8 +314,8 @@ STDMETHODIMP MapControl::FindConnectionPoint(REFIID id, IConnectionPoint** point
   });
 }
 
-// What a listener throws passes through the control to whoever called it; what it returns is its
-// own.
+// Fires an event. An exception of a sink propagates through the control to the caller; the HRESULT
+// that a sink returns is ignored.
 void MapControl::Fire(DISPID number) {
   if (window_) window_->ShowChanges();
   if (frozen_ > 0) return;
@@ -347,7 +347,7 @@ void MapControl::GestureFailed(const wchar_t* description) {
 }
 
 void MapControl::ShowBox(const wchar_t* text, const wchar_t* title) {
-  // The one that is told to wait is told when that is over, wherever the control is by then.
+  // Keeps the frame, so that the modeless state is restored on it even if the control has moved.
   const Pointer<IOleInPlaceFrame> frame = frame_;
   const HWND owner = window_ ? GetAncestor(window_->Window(), GA_ROOT) : nullptr;
   if (frame) frame->EnableModeless(FALSE);

@@ -1,12 +1,12 @@
 // ZOLT20MapControl as a COM control.
 //
-// One object with the interfaces that containers ask a control for: its own by name and by table,
-// embedding in place, drawing where it is not active, its property bag and the same values as a
-// stream, in a storage and in memory, itself as data, its events. It holds the control, and the
-// form window while it is active in place; neither has a state beside the control's.
+// One object with the interfaces that containers ask a control for: its own dual interface,
+// in-place activation, drawing while inactive, persistence of the same values in a property bag, a
+// stream, a storage and memory, data transfer, and its events. It owns the control, and the form
+// window while it is active in place; neither has a state beside the control's.
 //
-// One thread uses it, the one that made it; calls from others are refused. It may be a part of
-// another object. It stays alive through each call and gesture, whoever gives it up meanwhile.
+// Single-threaded: calls from threads other than the one that made it are refused. Supports
+// aggregation. It keeps itself alive through each call and gesture, whoever releases it meanwhile.
 #pragma once
 
 #include <objsafe.h>
@@ -30,16 +30,16 @@
 
 namespace zolt20::com {
 
-/// How the control behaves in containers: it is at home inside others, active whenever it is seen,
-/// knows its site before its values, and draws itself anew at another size.
+/// The OLEMISC status for containers: embeds inside out, activates when visible, needs its site
+/// before its values, recomposes on resize, and cannot be a link source inside a document.
 inline constexpr DWORD kMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
                                      OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
                                      OLEMISC_SETCLIENTSITEFIRST;
 
-/// What a person reads of the class.
+/// The name of the class that a person sees.
 inline constexpr wchar_t kUserType[] = L"ZOLT20MapControl";
 
-// How the types of the contract's list are called in the interface.
+// The Automation types of the types in the contract's list.
 #define ZOLT20_COM_String BSTR
 #define ZOLT20_COM_Integer short
 #define ZOLT20_COM_Boolean VARIANT_BOOL
@@ -64,7 +64,7 @@ class MapControl final : public _ZOLT20MapControl,
                          private ControlHost,
                          private FormWindow::Owner {
  public:
-  /// A new control, which may be a part of `outer`. Throws std::bad_alloc.
+  /// A new control; with `outer` not null it is aggregated. Throws std::bad_alloc.
   static HRESULT Create(IUnknown* outer, REFIID id, void** object);
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override {
@@ -73,7 +73,7 @@ class MapControl final : public _ZOLT20MapControl,
   STDMETHODIMP_(ULONG) AddRef() override { return outer_->AddRef(); }
   STDMETHODIMP_(ULONG) Release() override { return outer_->Release(); }
 
-  // The contract, by table.
+  // The contract, by vtable.
 #define ZOLT20_LET(number, type, name)                               \
   STDMETHODIMP put_##name(ZOLT20_COM_##type value) override {        \
     return Let(number, [&] { return Variant(Taken##type(value)); }); \
@@ -108,7 +108,7 @@ class MapControl final : public _ZOLT20MapControl,
   STDMETHODIMP GetClassInfo(ITypeInfo** description) override;
   STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override;
 
-  // IObjectSafety: whatever it is given, the control runs nothing and reads no file.
+  // IObjectSafety: whatever data it is given, the control runs no code and reads no file.
   STDMETHODIMP GetInterfaceSafetyOptions(REFIID id, DWORD* supported, DWORD* enabled) override;
   STDMETHODIMP SetInterfaceSafetyOptions(REFIID id, DWORD mask, DWORD enabled) override;
 
@@ -221,7 +221,7 @@ class MapControl final : public _ZOLT20MapControl,
                                 DVEXTENTINFO* info, SIZEL* size) override;
 
  private:
-  // The object's own identity, which does not ask the outer one.
+  // The non-delegating IUnknown of aggregation: the object's own, not the outer object's.
   class Own final : public IUnknown {
    public:
     explicit Own(MapControl& control) : control_(control) {}
@@ -236,7 +236,7 @@ class MapControl final : public _ZOLT20MapControl,
     std::atomic<long> references_ = 1;
   };
 
-  // The interface beside the contract: by a table of its own, with the identity of the control.
+  // The second interface: a vtable of its own, with the COM identity of the control.
   class ViewInterface final : public IZOLT20MapControlView {
    public:
     explicit ViewInterface(MapControl& control) : control_(control) {}
@@ -270,7 +270,7 @@ class MapControl final : public _ZOLT20MapControl,
     Pointer<ITypeInfo> description_;
   };
 
-  /// The object stays, and the one that it is a part of.
+  /// A guard: keeps the object, and the outer object that aggregates it, alive for its lifetime.
   class Keep {
    public:
     explicit Keep(MapControl& control) : control_(control) {
@@ -287,7 +287,7 @@ class MapControl final : public _ZOLT20MapControl,
    private:
     MapControl& control_;
   };
-  /// A call from outside is in progress: no gesture is taken, and what changed is shown at its end.
+  /// A guard against re-entrancy: during a call no gesture is taken; its end shows the changes.
   class Call {
    public:
     Call(MapControl& control, bool writes)
@@ -309,7 +309,7 @@ class MapControl final : public _ZOLT20MapControl,
   HRESULT FindInterface(REFIID id, void** object);
   void CallEnded() noexcept;
 
-  /// What every entry has around it. One that writes forgets what Undo would take back.
+  /// Wraps every COM entry point. A call that writes clears the undo history.
   template <typename Body>
   HRESULT Enter(const Body& body, bool writes = false) noexcept {
     if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
@@ -318,7 +318,7 @@ class MapControl final : public _ZOLT20MapControl,
     return Guarded(body);
   }
 
-  /// The same for what a container passes on of a person's acts, of which gestures come.
+  /// The same for input of the person that a container passes on, which makes gestures.
   template <typename Body>
   HRESULT EnterForPerson(const Body& body) noexcept {
     if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
@@ -328,7 +328,7 @@ class MapControl final : public _ZOLT20MapControl,
     return result;
   }
 
-  /// Of a call that changes nothing and runs nothing of a host's.
+  /// Wraps an entry point that changes nothing and calls no host.
   template <typename Body>
   HRESULT Tell(const Body& body) const noexcept {
     return GetCurrentThreadId() == thread_ ? body() : RPC_E_WRONG_THREAD;
@@ -337,7 +337,7 @@ class MapControl final : public _ZOLT20MapControl,
   // Members, by their number in the contract.
   template <typename Body>
   HRESULT EnterMember(const Body& body, bool writes) noexcept {
-    SetErrorInfo(0, nullptr);  // a text that is there is of an earlier call
+    SetErrorInfo(0, nullptr);  // clears the error of an earlier call
     isPictureOld_ = true;
     return Enter(body, writes);
   }
@@ -391,7 +391,7 @@ class MapControl final : public _ZOLT20MapControl,
     return std::get<bool>(value) ? VARIANT_TRUE : VARIANT_FALSE;
   }
 
-  /// What a caller gave, as a value of that type.
+  /// Converts a caller's argument to that type.
   static HRESULT TakeArgument(ValueType type, LCID locale, VARIANT& given, Variant& taken);
   HRESULT Run(const Member& member, LCID locale, WORD flags, const DISPPARAMS& arguments,
               VARIANT* result, UINT* wrongArgument);
@@ -440,7 +440,7 @@ class MapControl final : public _ZOLT20MapControl,
   ServerLock lock_;
   Own own_{*this};
   ViewInterface view_{*this};
-  IUnknown* outer_;  // the object that this is a part of, which has the references, or own_
+  IUnknown* outer_;  // the outer object in aggregation, which counts the references, or own_
 
   ZOLT20MapControl control_;
   faces::Person person_{control_};
@@ -452,17 +452,17 @@ class MapControl final : public _ZOLT20MapControl,
   Pointer<IOleInPlaceSite> placeSite_;  // while active in place
   Pointer<IOleInPlaceFrame> frame_;
   Pointer<IOleInPlaceUIWindow> document_;
-  RECT clip_{};                // the part of its parent in which it is seen
-  bool isPlaced_ = false;      // its site gave it a place since it was asked
-  FormLook look_;              // as the container has it
-  bool hasUser_ = false;       // the user works in it
+  RECT clip_{};                // its clipping rectangle, in its parent
+  bool isPlaced_ = false;      // the site set a place since it was asked
+  FormLook look_;              // from the container
+  bool hasUser_ = false;       // it is UI active
   SIZEL extent_;               // in hundredths of a millimetre
-  int frozen_ = 0;             // FreezeEvents that were not taken back
-  bool isPictureOld_ = false;  // the container was not told that it looks otherwise
+  int frozen_ = 0;             // how often FreezeEvents is in force
+  bool isPictureOld_ = false;  // dirty: the container was not told of a change
   HACCEL accelerators_ = nullptr;
   bool isDirty_ = false;
 
-  StoragePlace place_;  // where a document keeps it
+  StoragePlace place_;  // the storage of its document
 
   Pointer<IOleAdviseHolder> advised_;
   Pointer<IDataAdviseHolder> dataAdvised_;

@@ -2,10 +2,10 @@
 
 namespace {
 
-// Languages mark their exceptions by the bit for codes that are not the system's; one does not.
+// Languages set the customer bit (not of the system) in their exception codes; Delphi does not.
 bool IsOfAnotherLanguage(DWORD code) {
   constexpr DWORD kNotOfTheSystem = 0x20000000;
-  constexpr DWORD kOfThisCompiler = 0x20474343;  // and two more behind it, for its unwinding
+  constexpr DWORD kOfThisCompiler = 0x20474343;  // and the next two, for its unwinding
   constexpr DWORD kOfDelphi = 0x0EEDFADE;
   if (code == kOfDelphi) return true;
   return (code & kNotOfTheSystem) != 0 && (code & 0x20FFFFFF) != kOfThisCompiler;
@@ -15,7 +15,7 @@ bool IsOfAnotherLanguage(DWORD code) {
 
 #if defined(__x86_64__)
 
-// A frame with a handler of the platform's own kind, which this compiler cannot write in C++.
+// A frame with a structured exception handler (SEH), which this compiler cannot write in C++.
 asm(R"(
   .text
   .globl zolt20_call_outside
@@ -43,12 +43,12 @@ zolt20_outside_landing:
 
 extern "C" void zolt20_outside_landing();
 
-// Asked when an exception comes through the frame, and not when a handler further out was found.
+// The SEH handler. Called when an exception passes the frame, but not in the unwinding phase.
 extern "C" EXCEPTION_DISPOSITION zolt20_outside_handler(EXCEPTION_RECORD* record, void* frame,
                                                         CONTEXT* /*context*/,
                                                         DISPATCHER_CONTEXT* dispatcher) {
   if (!IsOfAnotherLanguage(record->ExceptionCode)) return ExceptionContinueSearch;
-  // Goes on behind the call, with the code as its result.
+  // Unwinds the stack and continues after the call, with the code as its result.
   RtlUnwindEx(frame, reinterpret_cast<void*>(&zolt20_outside_landing), record,
               reinterpret_cast<void*>(static_cast<ULONG_PTR>(record->ExceptionCode)),
               dispatcher->ContextRecord, dispatcher->HistoryTable);
@@ -59,15 +59,15 @@ extern "C" EXCEPTION_DISPOSITION zolt20_outside_handler(EXCEPTION_RECORD* record
 
 namespace {
 
-// On 32 bits the handlers of a thread are a list through its stack, from the innermost outwards;
-// the platform reads the first two members of each.
+// On 32 bits the SEH handlers of a thread are a linked list through its stack, from the innermost
+// outwards; the platform reads the first two members of each.
 struct Frame {
   using Handler = EXCEPTION_DISPOSITION(CDECL*)(EXCEPTION_RECORD*, void*, CONTEXT*, void*);
 
   explicit Frame(Handler asked) : handler(asked) {
     __writefsdword(0, reinterpret_cast<DWORD>(this));
   }
-  // Exceptions of this compiler come by here too, and know nothing of the list.
+  // Also run when exceptions of this compiler unwind the frame; these know nothing of the list.
   ~Frame() { __writefsdword(0, outer); }
   Frame(const Frame&) = delete;
   Frame& operator=(const Frame&) = delete;
@@ -78,8 +78,8 @@ struct Frame {
   void* landing[5];  // as many as __builtin_setjmp writes
 };
 
-// Asked when an exception comes through the frame, and again, to clean up, when a handler further
-// out was found.
+// The SEH handler. Called when an exception passes the frame, and again in the unwinding phase when
+// a handler further out was found.
 EXCEPTION_DISPOSITION CDECL HandleOutside(EXCEPTION_RECORD* record, void* place,
                                           CONTEXT* /*context*/, void* /*dispatcher*/) {
   if (IS_UNWINDING(record->ExceptionFlags) || !IsOfAnotherLanguage(record->ExceptionCode))

@@ -1,19 +1,19 @@
 // Calls into programs made by other compilers, whose exceptions the run-time library of this one
-// passes by: no handler would see them, and nothing on the way would be cleaned up.
+// ignores: no catch would see them, and no destructor would run while the stack is unwound.
 #pragma once
 
 #include <windows.h>
 
 namespace zolt20::com {
 
-/// What a program outside threw that is not one of this compiler's exceptions.
+/// Stands for a foreign exception: one that another compiler's code threw.
 struct OutsideException {};
 
-/// Runs `act(context)`. Gives the code of an exception of another compiler or language that left
-/// it, 0 without one. Those of this compiler, and faults such as a wrong address, pass through.
+/// Runs `act(context)`. Returns the code of a foreign exception (of another compiler or language)
+/// that left it, 0 without one. This compiler's own, and faults such as a wrong address, propagate.
 extern "C" DWORD zolt20_call_outside(void (*act)(void*), void* context);
 
-/// Runs the function. Throws OutsideException for what another compiler's code threw.
+/// Runs the function. Throws OutsideException in place of a foreign exception.
 template <typename Act>
 void CallOutside(const Act& act) {
   const auto run = [](void* context) { (*static_cast<const Act*>(context))(); };

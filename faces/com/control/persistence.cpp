@@ -1,5 +1,5 @@
-// What the control remembers, in the bag of its container or as a stream of the same keys and
-// values.
+// Persistence of the control's properties in the property bag of its container, or in a stream of
+// the same keys and values.
 #include <ole2.h>
 #include <olectl.h>
 

@@ -1,5 +1,5 @@
-// Containers that have many controls: one call instead of many, and no window before the mouse
-// comes.
+// For containers with many controls: quick activation by one call instead of many, and no window
+// while a control is inactive, which it is until the mouse enters.
 #include <ole2.h>
 
 #include "faces/com/control/com_call.h"
@@ -33,7 +33,7 @@ STDMETHODIMP MapControl::GetContentExtent(SIZEL* size) {
   return GetExtent(DVASPECT_CONTENT, size);
 }
 
-// A picture does nothing under the mouse; the windows that it shows do.
+// Activates the control when the mouse enters, since an inactive control is only a picture.
 STDMETHODIMP MapControl::GetActivationPolicy(DWORD* policy) {
   if (policy == nullptr) return E_POINTER;
   return Enter([&] {
@@ -52,7 +52,7 @@ STDMETHODIMP MapControl::OnInactiveSetCursor(const RECT* bounds, LONG /*x*/, LON
                                              DWORD /*message*/, BOOL always) {
   if (bounds == nullptr) return E_POINTER;
   return Enter([&] {
-    if (!always) return S_FALSE;  // the container's own will do
+    if (!always) return S_FALSE;  // the container sets its own cursor
     SetCursor(LoadCursorW(nullptr, IDC_ARROW));
     return S_OK;
   });

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kHimetricPerInch = 2540;
 
-// The screen, whose measures pictures have.
+// A device context of the screen, the reference device of all pictures.
 class Screen {
  public:
   Screen() : canvas_(GetDC(nullptr)) {}
@@ -26,7 +26,7 @@ class Screen {
 
   HDC Canvas() const { return canvas_; }
   int Measure(int index) const { return GetDeviceCaps(canvas_, index); }
-  /// As many pixels as the screen shows of it, and at least one.
+  /// The extent in pixels of the screen, each at least 1.
   SIZE Pixels(SIZEL extent) const {
     const auto pixels = [](LONG length, int perInch) {
       return std::max(1, MulDiv(length, perInch, kHimetricPerInch));
@@ -38,7 +38,7 @@ class Screen {
   HDC canvas_;
 };
 
-// Memory that can be locked, of so many bytes, all of them zero.
+// A movable global memory block of so many bytes, zeroed and locked.
 class Block {
  public:
   explicit Block(std::size_t size) : memory_(GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size)) {
@@ -69,7 +69,7 @@ HENHMETAFILE DrawnMetafile(const Surface& form, const FormLook& look, SIZEL exte
   const RECT frame{0, 0, extent.cx, extent.cy};
   const HDC canvas = CreateEnhMetaFileW(screen.Canvas(), nullptr, &frame, nullptr);
   if (canvas == nullptr) throw std::bad_alloc();
-  // The frame is measured by what the screen says that it is wide; the form by its resolution.
+  // The metafile's frame is scaled by the screen's size in millimetres, the form by its resolution.
   const SIZE pixels = screen.Pixels(extent);
   const auto onDevice = [&](LONG length, int resolution, int millimetres) {
     return std::max(1, MulDiv(length, screen.Measure(resolution),
@@ -94,7 +94,7 @@ STGMEDIUM EnhancedMetafileOf(const Surface& form, const FormLook& look, SIZEL ex
   return medium;
 }
 
-// By way of an enhanced one: while an old one is drawn no letter can be measured.
+// Converted from an enhanced metafile, since text can't be measured on a canvas of the old format.
 STGMEDIUM MetafileOf(const Surface& form, const FormLook& look, SIZEL extent) {
   const Screen screen;
   Block block(sizeof(METAFILEPICT));

@@ -1,6 +1,6 @@
 #include "faces/com/control/map_control.h"
 
-// A page or a document of anybody's may write to the control and call it.
+// IObjectSafety: the control is safe for initializing and scripting by untrusted documents.
 
 namespace zolt20::com {
 namespace {
@@ -23,7 +23,7 @@ STDMETHODIMP MapControl::GetInterfaceSafetyOptions(REFIID id, DWORD* supported, 
   });
 }
 
-// It is as safe as it can be at any time, so there is nothing to switch.
+// The control is always in its safe mode, so there is nothing to switch.
 STDMETHODIMP MapControl::SetInterfaceSafetyOptions(REFIID id, DWORD mask, DWORD /*enabled*/) {
   return Enter([&] {
     Pointer<IUnknown> asked;

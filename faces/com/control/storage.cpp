@@ -1,5 +1,5 @@
-// What the control remembers, in a storage of a document and in a block of memory: the same bytes
-// as in a stream.
+// Persistence in the storage of a document and in a block of memory, with the same bytes as in a
+// stream.
 #include <ole2.h>
 
 #include <algorithm>
@@ -16,8 +16,8 @@ namespace {
 constexpr const wchar_t* kStream = L"Contents";
 constexpr DWORD kAlone = STGM_SHARE_EXCLUSIVE;
 
-// A stream that needs as much room as the values have gets it before anything is written, so that
-// a medium that is full keeps what it has.
+// Allocates the size that the values need before it writes any of them, so that a full medium keeps
+// its old contents.
 void StoreAt(IStorage& storage, const StreamBag& values) {
   Pointer<IStream> stream;
   HRESULT result = storage.OpenStream(kStream, nullptr, STGM_READWRITE | kAlone, 0, stream.Put());

@@ -29,7 +29,7 @@ HRESULT StoragePlace::Complete(IStorage* storage, bool& isStored) {
   isStored = false;
   if (state_ == State::kNone || state_ == State::kNormal) return E_UNEXPECTED;
   if (state_ == State::kHandsOff && storage == nullptr) return E_INVALIDARG;
-  // A copy that becomes the control's own storage is a document that was saved under another name.
+  // A copy that becomes the control's own storage: the document was saved under another name.
   isStored = save_ == Save::kOwn || (save_ == Save::kCopy && storage != nullptr);
   if (storage != nullptr) storage_ = Pointer(storage);
   save_ = Save::kNone;

@@ -1,5 +1,5 @@
-// Where a control stands with the storage that its container gave it: which calls are in order, and
-// whose storage it holds. It knows nothing of what is stored.
+// The state machine of IPersistStorage: which calls are allowed in which order, and which storage
+// the control holds. It knows nothing of the stored contents.
 #pragma once
 
 #include <objidl.h>
@@ -10,26 +10,26 @@ namespace zolt20::com {
 
 class StoragePlace {
  public:
-  /// The control is about to be new, or loaded, in a storage. CO_E_ALREADYINITIALIZED when it is in
-  /// one already, E_UNEXPECTED when that was taken from its hands.
+  /// Before InitNew or Load: whether the call is allowed. CO_E_ALREADYINITIALIZED when the control
+  /// has a storage already, E_UNEXPECTED after HandsOff.
   HRESULT MayBegin() const;
-  /// It is: from now on it holds the storage.
+  /// After InitNew or Load: from now on holds the storage.
   void Begin(IStorage* storage);
 
-  /// Whether it may be saved now; after that it may not write until Completed. E_UNEXPECTED between
-  /// a save and its end, and when the storage was taken from its hands.
+  /// Before Save: whether it is allowed. E_UNEXPECTED between a Save and its Complete, when the
+  /// control may not write (no scribble), and after HandsOff.
   HRESULT MaySave() const;
-  /// It was saved, into its own storage or as a copy.
+  /// After Save, into the control's own storage or as a copy.
   void Saved(bool isOwn);
 
-  /// A save is over, or hands may be laid on a storage again: on `storage`, or where that is null
-  /// on the one before. `isStored` becomes true when what the control has is what its storage
-  /// holds.
+  /// SaveCompleted: ends a save or the state after HandsOff. Holds `storage` from now on, or where
+  /// that is null the one before. `isStored` becomes true when the control is not dirty any more:
+  /// its storage holds what it has.
   HRESULT Complete(IStorage* storage, bool& isStored);
-  /// Gives the storage up, until Complete brings one.
+  /// HandsOffStorage: releases the storage, until Complete brings one.
   HRESULT HandsOff();
 
-  /// The one that it holds; null when it holds none.
+  /// The storage that the control holds; null when it holds none.
   IStorage* Storage() const { return storage_.Get(); }
 
  private:
@@ -37,7 +37,7 @@ class StoragePlace {
 
   State state_ = State::kNone;
   enum class Save { kNone, kOwn, kCopy };
-  Save save_ = Save::kNone;  // that was not completed
+  Save save_ = Save::kNone;  // the save that was not completed yet
   Pointer<IStorage> storage_;
 };
 

@@ -1,4 +1,4 @@
-// Where the values of a control are stored: the bag of a container, or bytes that a stream holds.
+// Serialization of the values of a control: to the property bag of a container, or to a stream.
 #pragma once
 
 #include <ocidl.h>
@@ -13,7 +13,7 @@
 
 namespace zolt20::com {
 
-// What a bag or a stream says when it fails.
+// An exception: the failure of a bag or a stream.
 struct Failed {
   HRESULT code;
 };
@@ -32,8 +32,8 @@ HRESULT WithFailures(const Body& body) {
   }
 }
 
-// The bag of a container. What is not in it has its default; what is there as another type is
-// converted.
+// An adapter over the property bag of a container. A missing value takes its default; a value of
+// another type is converted.
 class ContainerBag final : public PropertyBag {
  public:
   ContainerBag(IPropertyBag& bag, IErrorLog* log) : bag_(bag), log_(log) {}
@@ -67,7 +67,7 @@ class ContainerBag final : public PropertyBag {
  private:
   bool Read(std::string_view key, VARTYPE type, VARIANT& value) {
     VariantInit(&value);
-    V_VT(&value) = type;  // the type that is wanted
+    V_VT(&value) = type;  // the type asked for
     if (type == VT_BSTR) V_BSTR(&value) = nullptr;
     const HRESULT result = bag_.Read(Wide(Widened(key)), &value, log_);
     if (FAILED(result) || V_VT(&value) == VT_EMPTY) {
@@ -85,7 +85,7 @@ class ContainerBag final : public PropertyBag {
   IErrorLog* log_;
 };
 
-// A bag in memory, which a stream holds: for each value its key, its type and itself.
+// A bag in memory that is written to and read from a stream: each value as key, type and value.
 class StreamBag final : public PropertyBag {
  public:
   String ReadString(std::string_view key, StringView defaultValue) override {
@@ -176,7 +176,8 @@ class StreamBag final : public PropertyBag {
     NextBytes(stream, &number, sizeof number);
     return number;
   }
-  // In pieces: a length that is wrong asks for no more memory than the stream has bytes.
+  // Read in pieces, so that a corrupt length does not allocate more memory than the stream has
+  // bytes.
   static String NextText(IStream& stream) {
     constexpr std::size_t kPiece = 1 << 20;
     String text;

@@ -1,4 +1,4 @@
-// What a container can have the control do.
+// The verbs that a container can have the control do, such as to show itself or to be activated.
 #include <ole2.h>
 #include <olectl.h>
 
@@ -15,7 +15,7 @@
 namespace zolt20::com {
 namespace {
 
-// A text that whoever gets it frees.
+// A copy that the receiver owns and frees by CoTaskMemFree.
 wchar_t* CopyOf(const wchar_t* text) {
   const std::size_t size = (std::wcslen(text) + 1) * sizeof(wchar_t);
   auto* const copy = static_cast<wchar_t*>(CoTaskMemAlloc(size));
@@ -31,7 +31,7 @@ struct VerbTraits {
   static void Drop(OLEVERB& verb) { CoTaskMemFree(verb.lpszVerbName); }
 };
 
-// The press that a container passes on with a verb goes to the window that came into its place.
+// Forwards the mouse press that a container passes on with a verb to the new window at that place.
 void PassPress(HWND root, const MSG& press) {
   POINT point = press.pt;
   HWND window = root;
@@ -83,12 +83,12 @@ STDMETHODIMP MapControl::DoVerb(LONG verb, MSG* message, IOleClientSite* site, L
   });
 }
 
-// Its own list, so that a container has it where nothing is registered.
+// Enumerates the verbs from a list in the code, so that they need no registration.
 STDMETHODIMP MapControl::EnumVerbs(IEnumOLEVERB** verbs) {
   if (verbs == nullptr) return E_POINTER;
   *verbs = nullptr;
   return Enter([&] {
-    auto* const edit = const_cast<wchar_t*>(L"&Edit");  // each taker gets a copy
+    auto* const edit = const_cast<wchar_t*>(L"&Edit");  // each receiver gets a copy
     std::vector<OLEVERB> all{{OLEIVERB_PRIMARY, edit, MF_ENABLED, OLEVERBATTRIB_ONCONTAINERMENU}};
     for (const LONG verb :
          {OLEIVERB_SHOW, OLEIVERB_HIDE, OLEIVERB_UIACTIVATE, OLEIVERB_INPLACEACTIVATE})

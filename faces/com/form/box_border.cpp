@@ -15,7 +15,7 @@ void DrawBoxBorder(HWND box) {
   const int across = GetSystemMetrics(SM_CXEDGE);
   const int down = GetSystemMetrics(SM_CYEDGE);
   ExcludeClipRect(canvas, across, down, whole.right - across, whole.bottom - down);
-  // Where the look of the platform leaves room it is that of the inside.
+  // Fills with the colour of the inside what the theme's border leaves uncovered.
   FillRect(canvas, &whole, GetSysColorBrush(COLOR_WINDOW));
   DrawThemeBackground(theme, canvas, EP_EDITTEXT, IsWindowEnabled(box) ? ETS_NORMAL : ETS_DISABLED,
                       &whole, nullptr);

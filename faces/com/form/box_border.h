@@ -1,12 +1,12 @@
-// The border of a box as the platform's own boxes have it, for one that draws an older one.
+// The themed border of the platform's edit boxes, for a box that draws the older, unthemed one.
 #pragma once
 
 #include <windows.h>
 
 namespace zolt20::com {
 
-/// Draws it over the border that the window drew, where the platform has such a look. Called after
-/// WM_NCPAINT.
+/// Draws the border over the one that the window drew, where the platform has a theme. Called
+/// after WM_NCPAINT.
 void DrawBoxBorder(HWND box);
 
 }  // namespace zolt20::com

@@ -26,7 +26,7 @@ class AnyButton : public ViewOf<ControlKind> {
     return look.Brush(canvas);
   }
   void OnCommand(int code) override {
-    // An option that gets the focus tells a click, too.
+    // An option button also sends BN_CLICKED when it gets the focus: that is no gesture.
     if (code == BN_CLICKED && !this->owner_.IsFocusing()) this->Make(Gesture::kClick);
   }
 };

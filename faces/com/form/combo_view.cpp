@@ -17,7 +17,7 @@ ComboWindow::ComboWindow(ViewOwner& owner, const ComboBox& combo)
   if (combo.IsEditable() && GetComboBoxInfo(window(), &info)) edit_ = info.hwndItem;
 }
 
-// The height is that with the list open.
+// The height of a combo window includes its open list.
 void ComboWindow::Place(const RECT& place) {
   constexpr int kHeightTwips = 4'000;
   const int height = MulDiv(kHeightTwips, owner_.Dpi(), kTwipsPerInch);
@@ -40,8 +40,8 @@ void ComboWindow::Show(const faces::Change& change) {
 
 void ComboWindow::ShowChosen(const String& text) {
   const ComboBox& combo = control();
-  // An entry that is chosen no more is forgotten later, as long as the text is right: the platform
-  // would take the text away, and with it the caret and what can be taken back.
+  // While the text is right, the platform's selection is not reset here but later, by ForgetEntry:
+  // resetting it clears the text, and with it the caret and the undo buffer.
   const bool isRight = combo.IsEditable() && WindowText(window()) == text;
   if (Send(CB_GETCURSEL) != combo.ListIndex() && !(isRight && combo.ListIndex() < 0))
     Send(CB_SETCURSEL, static_cast<WPARAM>(combo.ListIndex()));
@@ -58,8 +58,8 @@ void ComboWindow::ShowRows() {
   InvalidateRect(window(), nullptr, TRUE);
 }
 
-// Into the list within it at once: rows may be very many, and each message to the combo passes
-// through the form.
+// Sends the rows directly to the list window of the combo, for speed: each message to the combo
+// itself passes through the form, and there may be very many rows.
 void ComboWindow::Fill() {
   COMBOBOXINFO info{};
   info.cbSize = sizeof info;
@@ -78,15 +78,15 @@ void ComboWindow::Fill() {
 bool ComboWindow::OnMessage(UINT message, WPARAM /*wide*/, LPARAM /*longer*/) {
   if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_MOUSEWHEEL)
     wasPicked_ = false;
-  // It scrolls a list that is open. Nothing is chosen by it.
+  // The wheel scrolls an open list, and chooses nothing in a closed one.
   if (message == WM_MOUSEWHEEL) return !IsDropped();
   if (message != WM_PASTE || edit_ == nullptr) return false;
   PasteText(edit_);
   return true;
 }
 
-// Platforms tell a choice in different orders, once or twice; it is one pick, when the list is
-// closed.
+// Platforms send the notices of a choice in different orders, once or twice: makes them one pick,
+// when the list is closed.
 void ComboWindow::OnCommand(int code) {
   const bool isOpen = IsDropped();
   switch (code) {
@@ -120,7 +120,7 @@ void ComboWindow::OnCommand(int code) {
   }
 }
 
-// Behind a text that is no entry the platform would go on from the one that was picked before.
+// While the text is no entry, the platform would move on from the entry picked before.
 bool ComboWindow::OnKey(WPARAM key) {
   if (key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT) ForgetEntry();
   const bool isAtNone = control().ListIndex() < 0 && control().ListCount() > 0;
@@ -134,7 +134,7 @@ void ComboWindow::PickEntry() {
   if (row >= 0) Make(Gesture::kPick, row);
 }
 
-// Before the list or the arrows go on from an entry that is chosen no more.
+// Before the list opens or an arrow key moves: resets a selection that the control has no more.
 void ComboWindow::ForgetEntry() {
   const ComboBox& combo = control();
   if (combo.ListIndex() >= 0 || Send(CB_GETCURSEL) < 0) return;

@@ -1,4 +1,4 @@
-// The window of a combo: the platform's own, with its list and what its many notices mean.
+// The window of a combo: the platform's own with its list, whose many notices become gestures.
 #pragma once
 
 #include <windows.h>
@@ -23,14 +23,14 @@ class ComboWindow : public ViewOf<ComboBox> {
   bool HasOwn(bool undo) const override;
 
  protected:
-  /// The rows of the control are others.
+  /// Called when the rows of the control changed.
   virtual void ShowRows();
-  /// Shows the text, and which row is chosen.
+  /// Shows the text and the chosen row.
   virtual void ShowChosen(const String& text);
   /// Inserts all rows.
   void Fill();
   bool IsDropped() const { return Send(CB_GETDROPPEDSTATE) != 0; }
-  /// The line within an editable one, or null.
+  /// The edit window within an editable combo, or null.
   HWND Edit() const { return edit_; }
 
  private:
@@ -39,7 +39,7 @@ class ComboWindow : public ViewOf<ComboBox> {
 
   HWND edit_ = nullptr;
   bool isPicking_ = false;  // the list was open, and an entry was chosen
-  bool wasPicked_ = false;  // what the last key or press chose is done
+  bool wasPicked_ = false;  // the choice of the last key or press was made
 };
 
 }  // namespace zolt20::com

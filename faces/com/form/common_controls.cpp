@@ -8,7 +8,7 @@
 namespace zolt20::com {
 namespace {
 
-// From the manifest in the server's file; kept for as long as the server is loaded.
+// An activation context from the manifest in the server's file; lives as long as the server.
 class ActivationContext {
  public:
   ActivationContext() {

@@ -1,5 +1,5 @@
-// What the windows need of the platform: its controls of version 6, the classes of our own, how
-// high letters are.
+// What the windows need of the platform: common controls of version 6, our own window classes,
+// font metrics.
 #pragma once
 
 #include <windows.h>
@@ -10,8 +10,8 @@
 
 namespace zolt20::com {
 
-/// As long as one of these is there, windows are made of the controls of version 6, whatever the
-/// program around has.
+/// A guard: during its lifetime windows are made with common controls of version 6, whatever
+/// version the program around uses.
 class CommonControls {
  public:
   CommonControls();
@@ -23,24 +23,24 @@ class CommonControls {
   ULONG_PTR cookie_ = 0;
 };
 
-/// Registers the classes of the form's own windows; a second time nothing happens.
+/// Registers the classes of the form's own windows. Idempotent.
 void RegisterClasses(WNDPROC procedure);
-/// The server is about to be unloaded.
+/// Called before the server is unloaded.
 void UnregisterClasses();
 
-/// How high a line of those letters is, in pixels of the canvas; 0 where the canvas cannot tell.
+/// The line height of a font, in pixels of the canvas; 0 where the canvas cannot tell.
 int LineHeightOf(HDC canvas, HFONT font);
 
-/// How wide a text is in those letters, in pixels of the screen.
+/// The width of a text in a font, in pixels of the screen.
 int TextWidthOf(HFONT font, StringView text);
 
-/// Gives a window of a control, or beside one, its name, and takes it back.
+/// Sets, and removes, the name of a window that belongs to a control.
 void GiveName(HWND window, std::string_view name);
 void ForgetName(HWND window);
 
 inline constexpr wchar_t kRootClass[] = L"ZOLT20MapControl";
 inline constexpr wchar_t kPanelClass[] = L"ZOLT20MapControl.Panel";
-/// Of each window of a control: its name, as an atom, for programs that look for it.
+/// The window property with a control's name, as an atom, by which programs find the window.
 inline constexpr wchar_t kNameProperty[] = L"ZOLT20.Name";
 
 }  // namespace zolt20::com

@@ -84,7 +84,7 @@ void DropDown::Open(HWND combo, HWND focus) {
   SetFocus(line_);
 }
 
-// As high as the entries need, up to where the form ends, on the side with more room.
+// Places the list on the side with more room, as high as the entries need, clamped to the form.
 void DropDown::Place(HWND combo) {
   RECT inside{};
   GetClientRect(owner_.Root(), &inside);
@@ -150,8 +150,8 @@ void DropDown::ShowRows() {
   InvalidateRect(entries_, nullptr, FALSE);
 }
 
-// The row that is chosen has the focus among the entries. The platform walks over all entries to
-// find one that is chosen, and over none for the other.
+// The chosen row is always the focused one, too. The platform scans all entries to find a selected
+// one, but finds the focused one at once.
 int DropDown::Current() const {
   const LRESULT row =
       SendMessageW(entries_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
@@ -186,8 +186,8 @@ LRESULT DropDown::OnNotify(NMHDR& notice) {
   }
 }
 
-// Entries are told apart by their ends, so what is too long is cut in the middle, where it is
-// drawn.
+// Supplies a row of the virtual list. Entries differ at their ends, so a text that is too long is
+// elided in the middle when it is drawn.
 void DropDown::GiveRow(LVITEMW& item) const {
   const int row = drawn_.ControlRow(item.iItem);
   if (row < 0 || (item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return;
@@ -204,7 +204,7 @@ void DropDown::GiveRow(LVITEMW& item) const {
   item.pszText[count] = L'\0';
 }
 
-// The entry that Enter picks looks the same while the line has the focus.
+// Custom draw: the entry that Enter picks looks selected also while the search line has the focus.
 LRESULT DropDown::DrawRow(NMLVCUSTOMDRAW& draw) {
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   isDrawing_ = draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT;
@@ -236,7 +236,7 @@ LRESULT CALLBACK DropDown::OuterMessage(HWND window, UINT message, WPARAM wide, 
       case WM_NOTIFY:
         return list->OnNotify(*reinterpret_cast<NMHDR*>(longer));
       case WM_MOUSEWHEEL:
-        return 0;  // the form stays where it is
+        return 0;  // so that the form does not scroll
       default:
         break;
     }
@@ -290,7 +290,7 @@ bool DropDown::OnPart(HWND window, UINT message, WPARAM wide, LPARAM longer) {
       return true;
     }
   }
-  // What these keys mean is no text.
+  // These keys are commands and type no text.
   if (message == WM_CHAR && (wide == L'\t' || wide == L'\r' || wide == VK_ESCAPE)) return true;
   if (window == entries_) return OnEntriesMessage(message, wide, longer);
   if (message == WM_MOUSEWHEEL) {
@@ -300,7 +300,7 @@ bool DropDown::OnPart(HWND window, UINT message, WPARAM wide, LPARAM longer) {
   return message == WM_KEYDOWN && OnLineKey(wide);
 }
 
-// From the line the arrows go to the entries, so that whoever is read to hears them.
+// Arrow keys in the search line move the focus to the entries, so that screen readers read them.
 bool DropDown::OnLineKey(WPARAM key) {
   switch (key) {
     case VK_UP:
@@ -323,7 +323,7 @@ bool DropDown::OnLineKey(WPARAM key) {
   }
 }
 
-// From the entries what is typed goes to the line.
+// Characters typed in the entries go to the search line.
 bool DropDown::OnEntriesMessage(UINT message, WPARAM wide, LPARAM longer) {
   switch (message) {
     case WM_KEYDOWN:
@@ -333,7 +333,7 @@ bool DropDown::OnEntriesMessage(UINT message, WPARAM wide, LPARAM longer) {
       SendMessageW(line_, WM_CHAR, wide, longer);
       return true;
     case WM_MOUSEMOVE:
-      // Not where the entries moved below the mouse.
+      // Ignored if the mouse did not move: the entries moved below it.
       if (longer == std::exchange(mouse_, longer)) return true;
       if (const int row = RowAt(longer); row >= 0 && row != Current()) GoTo(row);
       return true;

@@ -1,9 +1,9 @@
-// The open list of a combo that may have very many entries: a line in which a person searches, and
-// below it the entries that hold its text.
+// The open list of a combo that may have very many entries: a search line, and below it a virtual
+// list of the entries that hold its text.
 //
 // It lies within the form, over everything else, and has the focus while it is open; it closes when
-// the focus goes elsewhere. It makes no gesture: what was picked it tells whoever opened it, as the
-// last thing that it does.
+// the focus goes elsewhere. It makes no gesture: it passes the picked row to the callback `picked`,
+// as the last thing that it does.
 #pragma once
 
 #include <windows.h>
@@ -19,17 +19,17 @@ namespace zolt20::com {
 
 class DropDown {
  public:
-  /// The combo outlives it. There are no windows before it is opened. `picked` hears which row of
-  /// the combo a person picked, when the list is closed.
+  /// The combo must outlive it. Its windows are made when it first opens. `picked` is called with
+  /// the row of the combo that a person picked, after the list is closed.
   DropDown(ViewOwner& owner, const ComboBox& combo, std::function<void(int)> picked);
 
   /// Opens the list below the window of the combo, or above it, with an empty search. The focus
   /// goes back to `focus`. Throws std::runtime_error when the platform refuses.
   void Open(HWND combo, HWND focus);
   bool IsOpen() const { return outer_ != nullptr && IsWindowVisible(outer_) != FALSE; }
-  /// Nothing is picked.
+  /// Closes the list without a pick.
   void Close();
-  /// The combo has other entries, or another one is chosen.
+  /// Called when the combo's rows, or its chosen row, changed.
   void RowsChanged();
 
   /// Whether a window is part of such a list.
@@ -63,9 +63,9 @@ class DropDown {
   HWND outer_ = nullptr;
   HWND line_ = nullptr;
   HWND entries_ = nullptr;
-  HWND focus_ = nullptr;    // where it goes back to
-  LPARAM mouse_ = 0;        // where the mouse was last
-  bool isPressed_ = false;  // the button of the mouse, since it is over the entries
+  HWND focus_ = nullptr;    // the window that gets the focus back
+  LPARAM mouse_ = 0;        // the last place of the mouse
+  bool isPressed_ = false;  // the mouse button went down over the entries
   bool isDrawing_ = false;
 };
 

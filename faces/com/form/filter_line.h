@@ -1,5 +1,5 @@
-// The line above a list with which a person filters it, and what is told beside the name of the
-// list of marks that the filter hides. No control of the form.
+// The filter line above a list, and the label beside the list's name that tells of marks that the
+// filter hides. Neither is a control of the form.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@ namespace zolt20::com {
 
 class FilterLine {
  public:
-  /// Windows within `parent`. Throws std::runtime_error when the platform refuses.
+  /// Makes the windows within `parent`. Throws std::runtime_error when the platform refuses.
   explicit FilterLine(HWND parent);
 
   HWND Line() const { return line_; }
@@ -19,7 +19,7 @@ class FilterLine {
   void SetFont(HFONT font) const;
   void Enable(bool enabled) const;
   void ShowMarks(const String& text) const;
-  /// Gets the focus, with its text marked.
+  /// Takes the focus and selects its text.
   void TakeFocus() const;
 
  private:

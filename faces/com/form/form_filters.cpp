@@ -1,4 +1,4 @@
-// What is no control of the form and has the focus for itself: the filters above the lists.
+// The filters above the lists, which take the focus though they are no controls of the form.
 #include "faces/com/form/form_window.h"
 
 #include <commctrl.h>
@@ -35,7 +35,7 @@ void FormWindow::TakeNames(HWND window) {
   spoken_.Take(window);
 }
 
-// The filter finds them too.
+// Sets display names of tables; the filter finds these, too.
 void FormWindow::NameTables(std::map<String, String> names) {
   if (root_ == nullptr) return;
   const Busy busy(*this);
@@ -46,7 +46,7 @@ void FormWindow::NameTables(std::map<String, String> names) {
   filters_.at(&tables).ShowMarks(view.HiddenMarks());
 }
 
-// That of the list with the focus, or else the first that can be seen.
+// Moves the focus to the filter of the list that has it, or else to the first visible filter.
 void FormWindow::FocusFilter() {
   const FilterLine* wanted = nullptr;
   for (const Control* control : Form().Controls()) {
@@ -80,7 +80,7 @@ LRESULT CALLBACK FormWindow::FilterMessage(HWND window, UINT message, WPARAM wid
       if (form->OnFilterKey(window, wide)) return 0;
       break;
     case WM_CHAR:
-      // What the keys above mean is no text, and there is one line.
+      // These keys are commands and type no text.
       if (wide == L'\t' || wide == L'\r' || wide == VK_ESCAPE) return 0;
       break;
     default:

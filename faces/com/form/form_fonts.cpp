@@ -10,7 +10,7 @@ namespace {
 constexpr int kSmallFontTwips = 150;
 
 int DpiOf(HWND window) {
-  // Not there before Windows 10.
+  // GetDpiForWindow does not exist before Windows 10.
   using GetDpi = UINT(WINAPI*)(HWND);
   static const auto getDpi = reinterpret_cast<GetDpi>(
       reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));

@@ -1,4 +1,4 @@
-// The letters of the form at the resolution of its window.
+// The fonts of the form at the resolution (DPI) of its window.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@
 namespace zolt20::com {
 
 inline constexpr int kTwipsPerInch = 1440;
-/// The height of the letters: 8 1/4 points.
+/// The font height in twips: 8 1/4 points.
 inline constexpr int kFontTwips = 165;
 
 struct DeleteObjectFor {
@@ -24,7 +24,7 @@ class FormFonts {
   explicit FormFonts(HWND window);
 
   int Dpi() const { return dpi_; }
-  /// What they need, in twips. Good as long as these are there.
+  /// The metrics of the fonts, in twips. Valid as long as this object.
   const faces::Letters& Needs() const { return needs_; }
   int Twips(int pixels) const;
   HFONT Usual() const { return verdana_.get(); }

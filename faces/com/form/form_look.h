@@ -1,5 +1,5 @@
-// How the container wants the form to look, where its design says nothing of that: the colours of
-// the form behind its controls, and from which side it is read.
+// The look that the container's ambient properties give the form: the colours of the form behind
+// its controls, and whether it is mirrored (right to left).
 #pragma once
 
 #include <windows.h>
@@ -11,15 +11,15 @@ namespace zolt20::com {
 class FormLook {
  public:
   FormLook() = default;
-  /// Colours are taken when both are given and the one can be read on the other; otherwise the form
-  /// has those of the system.
+  /// Uses the colours when both are given and have enough contrast; otherwise the system's colours
+  /// are the fallback.
   FormLook(std::optional<COLORREF> face, std::optional<COLORREF> text, bool isMirrored);
 
   COLORREF Face() const { return face_.value_or(GetSysColor(COLOR_BTNFACE)); }
   COLORREF Text() const { return text_.value_or(GetSysColor(COLOR_BTNTEXT)); }
-  /// A brush of the face, good until the canvas gets another one.
+  /// A brush of the face colour, valid until Brush is called for the canvas again.
   HBRUSH Brush(HDC canvas) const;
-  /// The form begins on the right.
+  /// Whether the form is laid out from right to left.
   bool IsMirrored() const { return isMirrored_; }
   bool operator==(const FormLook& other) const = default;
 

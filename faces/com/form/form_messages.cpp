@@ -1,4 +1,4 @@
-// What comes from the windows: messages, the focus, keys.
+// Handling of window messages, focus and keys.
 #include "faces/com/form/form_window.h"
 
 #include <commctrl.h>
@@ -15,7 +15,7 @@ namespace {
 constexpr UINT kResolutionChanged = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
 constexpr UINT kThemeChanged = 0x031A;       // WM_THEMECHANGED
 
-// The keys by which texts and marks are changed and gone through.
+// Whether a key edits a text or marks, or moves the caret or the current row.
 bool IsEditingKey(const MSG& message) {
   if (message.message != WM_KEYDOWN || GetKeyState(VK_MENU) < 0) return false;
   switch (message.wParam) {
@@ -69,7 +69,7 @@ LRESULT CALLBACK FormWindow::RootMessage(HWND window, UINT message, WPARAM wide,
 }
 
 LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer) {
-  // Once it is given up there may be no control any more.
+  // Once the form is retired, the control may be destroyed.
   if (isRetired_ && message != kGoAway && message != WM_DESTROY && message != WM_NCDESTROY)
     return DefWindowProcW(window, message, wide, longer);
   switch (message) {
@@ -115,7 +115,7 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
       if (window == root_) OnOwn(message);
       return 0;
     case WM_CLOSE:
-      return 0;  // a box of several lines asks for it at Esc, in the belief that this is a dialog
+      return 0;  // a multi-line edit posts it at Esc, as if this were a dialog
     case WM_DESTROY:
       if (window == root_) TakeLeave();
       break;
@@ -129,13 +129,13 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
   return DefWindowProcW(window, message, wide, longer);
 }
 
-// Beside the controls.
+// A mouse press beside the controls.
 void FormWindow::OnPress() {
   if (DropDown::IsPart(GetFocus())) ShowFocus();
   TakeFocus();
 }
 
-// Bars within the form, and the form's own.
+// Messages of scroll bars: those within the form, and the form's own.
 bool FormWindow::OnScrollBar(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_MOUSEWHEEL) return scroll_.OnWheel(root_, GET_WHEEL_DELTA_WPARAM(wide));
   if (longer == 0)
@@ -154,7 +154,7 @@ void FormWindow::GoAway() {
   }
 }
 
-// What concerns the whole form.
+// Messages that concern the whole form.
 void FormWindow::OnOwn(UINT message) {
   switch (message) {
     case WM_SETFOCUS:
@@ -199,7 +199,7 @@ void FormWindow::DrawPanel(HWND window) {
 
 HBRUSH FormWindow::OnColour(HDC canvas, HWND window) const {
   ControlView* view = ViewOf(window);
-  if (view == nullptr) view = ViewOf(GetParent(window));  // the line of a combo
+  if (view == nullptr) view = ViewOf(GetParent(window));  // the edit of a combo
   if (view != nullptr) return view->Brush(canvas);
   if (!IsOfMarks(window)) return nullptr;
   SetBkMode(canvas, TRANSPARENT);
@@ -216,8 +216,8 @@ LRESULT CALLBACK FormWindow::ViewMessage(HWND window, UINT message, WPARAM wide,
   try {
     switch (message) {
       case WM_GETDLGCODE: {
-        // Every key is the form's but Esc, which closes the dialog around. The window does not
-        // learn that there is one.
+        // Claims every key except Esc, which closes the dialog around. The window's procedure does
+        // not get the key, so that it does not find out about a dialog.
         const auto* key = reinterpret_cast<const MSG*>(longer);
         const LRESULT wanted = DefSubclassProc(window, message, wide, 0);
         const bool isEscape = key != nullptr && key->wParam == VK_ESCAPE;
@@ -234,7 +234,7 @@ LRESULT CALLBACK FormWindow::ViewMessage(HWND window, UINT message, WPARAM wide,
       default: {
         if (form->OnView(*view, message, wide, longer)) return 0;
         const LRESULT result = DefSubclassProc(window, message, wide, longer);
-        // The view may be gone with the message.
+        // The message may have destroyed the view.
         if (ControlView* const left = form->ViewOf(window)) {
           left->MessageDone(message);
           if (message == WM_KEYDOWN || message == WM_CHAR) form->RevealCaret(window);
@@ -296,7 +296,7 @@ bool FormWindow::OnKey(ControlView& view, WPARAM key) {
     message.message = WM_KEYDOWN;
     message.wParam = VK_TAB;
     if (owner_.LeavesAtTheEnd(message)) return true;
-    // In a container that knows nothing of this it goes on as in any dialog.
+    // Fallback for a container that does not move the focus: moves it on as in any dialog.
     const HWND parent = GetParent(root_);
     const HWND next = GetNextDlgTabItem(GetAncestor(root_, GA_ROOT), root_, !forward);
     if (parent != nullptr && next != nullptr && next != root_ && !IsChild(root_, next))
@@ -322,14 +322,14 @@ void FormWindow::TakeBack(bool undo) {
   if (!isRetired_ && root_ != nullptr && HasFocus()) ShowFocus();
 }
 
-// Focus rectangles and underlined letters are the whole dialog's. It learns by the keys that it
-// gets, and not from those that a control has for itself.
+// UI state: whether focus rectangles and underlined mnemonics show is a state of the whole dialog.
+// The dialog changes it on keys that it gets, but not on keys that a control handles itself.
 void FormWindow::ShowCues(WORD cues) const {
   if (const HWND around = root_ == nullptr ? nullptr : GetParent(root_))
     SendMessageW(around, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, cues), 0);
 }
 
-// A window that is made later than the dialog's has what the others have.
+// Gives a window that is made later the UI state that the others have from the dialog.
 void FormWindow::TakeCues(HWND window) const {
   const auto hidden = LOWORD(SendMessageW(GetParent(root_), WM_QUERYUISTATE, 0, 0));
   if (hidden != 0) SendMessageW(window, WM_UPDATEUISTATE, MAKEWPARAM(UIS_SET, hidden), 0);
@@ -358,7 +358,7 @@ bool FormWindow::TranslateKey(const MSG& message) {
       GetKeyState(VK_CONTROL) >= 0) {
     return MoveFocus(GetKeyState(VK_SHIFT) >= 0);
   }
-  // Some containers take for themselves what a control leaves to them.
+  // Some containers keep keys that a control leaves to them, so these are dispatched here.
   const bool isOurs =
       IsEditingKey(message) || (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE &&
                                 DropDown::IsPart(message.hwnd));

@@ -12,7 +12,7 @@ namespace {
 constexpr int kRowTwips = 210;
 constexpr int kTextMarginTwips = 45;
 
-// Draws with twips of the form.
+// Draws in twips of the form.
 class Picture {
  public:
   Picture(HDC canvas, const RECT& place, const Surface& form, const FormLook& look)
@@ -56,7 +56,7 @@ class Picture {
   int Across(int twips) const { return MulDiv(twips, place_.right - place_.left, width_); }
   int Down(int twips) const { return MulDiv(twips, place_.bottom - place_.top, height_); }
 
-  // A metafile may not know how high letters are.
+  // The line height in twips. A metafile's canvas may not know it, and gives 0.
   int LineTwips() const {
     const int line =
         std::max(LineHeightOf(canvas_, verdana_.get()), LineHeightOf(canvas_, arial_.get()));
@@ -75,7 +75,7 @@ class Picture {
             place_.top + Down(place.top + place.height)};
   }
 
-  // What lies in a frame is seen in it alone, such as the rows of the cases that do not fit.
+  // Clips a control to its frame, such as case rows that do not fit into theirs.
   void DrawWithin(const Control& control) {
     const int saved = SaveDC(canvas_);
     if (const Control* frame = control.frame()) {
@@ -86,7 +86,7 @@ class Picture {
     RestoreDC(canvas_, saved);
   }
 
-  // A button has its own face, on which only the system's text is sure to be read.
+  // A button has its own background, on which only the system's text colour is sure to be readable.
   COLORREF TextColourOf(const Control& control) const {
     if (!control.Enabled()) return GetSysColor(COLOR_GRAYTEXT);
     return control.kind() == Kind::Button ? GetSysColor(COLOR_BTNTEXT) : look_.Text();
@@ -218,7 +218,7 @@ class Picture {
   }
 
   void DrawLines(RECT rect, StringView text) {
-    // No more than can be seen: the text may be long.
+    // Draws only so many characters, since the text may be long and the rest is not visible.
     constexpr std::size_t kMost = 20'000;
     rect.left += Across(kTextMarginTwips);
     SetTextColor(canvas_, GetSysColor(COLOR_WINDOWTEXT));
@@ -249,7 +249,7 @@ class Picture {
 void DrawForm(HDC canvas, const RECT& place, const Surface& form, const FormLook& look) {
   const int saved = SaveDC(canvas);
   RECT pixels = place;
-  // In pixels, which run down, whatever the canvas's own measure; a metafile has none.
+  // Maps to pixels, y downwards, whatever the canvas's mapping mode; a metafile has no pixels.
   if (GetObjectType(canvas) == OBJ_DC || GetObjectType(canvas) == OBJ_MEMDC) {
     LPtoDP(canvas, reinterpret_cast<POINT*>(&pixels), 2);
     SetMapMode(canvas, MM_TEXT);

@@ -9,8 +9,8 @@
 
 namespace zolt20::com {
 
-/// Draws the page that is active and what is around it into the place, given in the canvas's own
-/// measure.
+/// Draws the active page and what is around it into `place`, which is in the canvas's logical
+/// units.
 void DrawForm(HDC canvas, const RECT& place, const Surface& form, const FormLook& look);
 
 }  // namespace zolt20::com

@@ -20,7 +20,7 @@ int LastPlaceOf(const SCROLLINFO& bar) {
   return std::max(0, bar.nMax + 1 - static_cast<int>(bar.nPage));
 }
 
-// Where a bar stands to have the places from `first` to `last` in sight.
+// The position of a scroll bar at which the places from `first` to `last` are visible.
 int Showing(int at, int inSight, int first, int last) {
   if (last + kEdge > at + inSight) at = last + kEdge - inSight;
   return first - kEdge < at ? first - kEdge : at;

@@ -1,4 +1,4 @@
-// The scroll bars of the form, in a place that is smaller than the form needs.
+// The scroll bars of the form, in a window that is smaller than the form needs.
 #pragma once
 
 #include <windows.h>
@@ -7,27 +7,27 @@ namespace zolt20::com {
 
 class FormScroll {
  public:
-  /// The room for the form in a window of the whole size, beside the bars that it needs there: what
-  /// needs more than that has a bar.
+  /// The room for the form in a window of the size `whole`, without the scroll bars that it needs
+  /// there: a bar for each direction in which the form is larger.
   static SIZE RoomFor(SIZE form, SIZE whole);
 
-  /// Fits the bars of the window to a form of that size, in pixels. The window may get a message of
-  /// its new size meanwhile.
+  /// Fits the scroll bars of the window to a form of that size, in pixels. Re-entrancy: the window
+  /// may get WM_SIZE within this call.
   void Fit(HWND window, SIZE form);
-  /// Which place of the form stands in the corner of the window.
+  /// The scroll position: the place of the form in the upper left corner of the window.
   POINT Corner() const { return corner_; }
 
-  // Each gives whether the form moved, by which its windows moved along.
+  // Each returns whether the form scrolled, and its child windows with it.
   bool OnScroll(HWND window, int bar, int code);
   bool OnWheel(HWND window, int turn);
-  /// Brings a place of the window into sight; of what is larger than the window its beginning.
+  /// Scrolls a place of the window into view, or its beginning if it is larger than the window.
   bool Reveal(HWND window, const RECT& place);
 
  private:
   bool GoTo(HWND window, POINT corner);
 
   POINT corner_{};
-  int wheel_ = 0;  // turns that were not enough for a line yet
+  int wheel_ = 0;  // accumulated turns of less than a line
 };
 
 }  // namespace zolt20::com

@@ -29,7 +29,7 @@ bool HoldsNames(const Control& control) {
   }
 }
 
-// Names and statements are, whatever the form around them has.
+// Names and statements are always left to right, even in a mirrored form.
 void ReadFromTheLeft(HWND window) {
   constexpr LONG_PTR kOtherwise =
       WS_EX_LAYOUTRTL | WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_LEFTSCROLLBAR;
@@ -80,7 +80,7 @@ void FormWindow::Retire() {
     DestroyWindow(root_);
     return;
   }
-  // Its parent may go before the messages in progress are through.
+  // The parent may be destroyed before the messages in progress are done: leaves it.
   ShowWindow(root_, SW_HIDE);
   SetParent(root_, HWND_MESSAGE);
   PostMessageW(root_, kGoAway, 0, 0);
@@ -113,7 +113,7 @@ void FormWindow::Create(HWND parent, const RECT& place) {
 }
 
 void FormWindow::MakeFonts() {
-  // The windows have the old ones until they get these.
+  // Keeps the old fonts alive until all windows have got the new ones.
   const FormFonts before = std::exchange(fonts_, FormFonts(root_));
   for (const auto& [control, view] : views_)
     SendMessageW(view->window(), WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(*control)), TRUE);
@@ -123,7 +123,7 @@ void FormWindow::MakeFonts() {
     filter.SetFont(fonts_.Usual());
 }
 
-// A button beside those of the form. It leaves the focus where it is.
+// A button that is no control of the form. A click on it does not move the focus.
 HWND FormWindow::MakeTool(const wchar_t* caption) {
   const HWND tool = CreateWindowExW(
       0, WC_BUTTONW, caption, WS_CHILD | WS_CLIPSIBLINGS | WS_VISIBLE | WS_DISABLED | BS_PUSHBUTTON,
@@ -181,9 +181,9 @@ ControlView* FormWindow::ViewOf(HWND window) const {
   return found == viewOfWindow_.end() ? nullptr : found->second;
 }
 
-// Before the windows go.
+// Called before the windows are destroyed.
 void FormWindow::TakeLeave() {
-  isShowing_ = true;  // what the windows tell on their way is nobody's act
+  isShowing_ = true;  // notices of windows being destroyed are no gestures
   for (const auto& [window, view] : viewOfWindow_)
     RemoveWindowSubclass(window, &ViewMessage, kSubclass);
   for (const auto& [control, view] : views_) {
@@ -196,13 +196,13 @@ void FormWindow::TakeLeave() {
   }
 }
 
-// The windows are gone.
+// Called after the windows were destroyed.
 void FormWindow::Forget() {
   root_ = nullptr;
   if (isRetired_) {
     self_ = nullptr;
   } else {
-    control_.RemoveObserver(*this);  // its container took it away
+    control_.RemoveObserver(*this);  // the parent window was destroyed
   }
   views_.clear();
   viewOfWindow_.clear();
@@ -238,7 +238,7 @@ void FormWindow::ShowNow() noexcept {
   try {
     ShowEverything();
   } catch (...) {
-    // No memory or no room: all of it the next time.
+    // Memory or window handles ran out: everything is dirty and shown the next time.
     try {
       person_.NoteAll();
     } catch (...) {
@@ -348,7 +348,7 @@ void FormWindow::Reveal(HWND window) {
   scroll_.Reveal(root_, place);
 }
 
-// In a box that is larger than the place of the form.
+// Scrolls the form to the caret, for a box that is larger than the window.
 void FormWindow::RevealCaret(HWND window) {
   POINT caret{};
   if (GetFocus() != window || !GetCaretPos(&caret)) return;
@@ -385,7 +385,7 @@ void FormWindow::ResolutionChanged() {
   MakeFonts();
   for (const auto& [control, view] : views_)
     view->LooksChanged();
-  person_.NoteAll();  // the rows have another width
+  person_.NoteAll();  // since rows have a new width
   ShowChanges();
 }
 
@@ -480,7 +480,7 @@ void FormWindow::Try(const std::function<faces::End()>& gesture) noexcept {
       owner_.GestureFailed(text.c_str());
     }
   } catch (...) {
-    // No memory to tell it.
+    // Memory ran out while telling of the failure.
   }
   owner_.GestureEnds();
 }

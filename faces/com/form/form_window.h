@@ -1,11 +1,11 @@
 // The form as windows: one of the platform's own controls for each control of the surface, under
 // its name.
 //
-// What the control tells about its form is noted and shown when the call in progress is over, or
+// Notices of the control are noted as dirty bits and shown when the call in progress is over, or
 // before the host hears of an event in it. What a person does becomes a gesture. No gesture is
-// taken while another call is in progress, so a host may show dialogs from within an event. The
-// window may be given up at any time, from within its own messages too: it does nothing any more
-// then, and goes when they are through.
+// taken while another call is in progress (re-entrancy), so a host may show dialogs from within an
+// event. The window may be retired at any time, from within its own messages too: then it ignores
+// everything, and is destroyed when its messages in progress are done.
 #pragma once
 
 #include <windows.h>
@@ -33,19 +33,19 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
                          private SurfaceObserver,
                          private ViewOwner {
  public:
-  /// Whom the window belongs to.
+  /// The owner of the window.
   class Owner {
    public:
-    /// A gesture is about to be made. Between the two the owner and the control stay.
+    /// Before and after a gesture. Between the two the owner keeps itself and the control alive.
     virtual void GestureBegins() = 0;
     virtual void GestureEnds() noexcept = 0;
-    /// A gesture failed, half done.
+    /// A gesture failed; what was done before the failure stays done.
     virtual void GestureFailed(const wchar_t* description) = 0;
-    /// The focus came into the window from elsewhere, or left it.
+    /// The focus entered the window from elsewhere, or left it.
     virtual void FocusCame() = 0;
     virtual void FocusWent() = 0;
-    /// The Tab key went beyond the last control, or with Shift the first. Whether the focus went
-    /// elsewhere.
+    /// The Tab key went beyond the last control, or with Shift the first. Returns whether the owner
+    /// moved the focus elsewhere.
     virtual bool LeavesAtTheEnd(const MSG& message) = 0;
 
    protected:
@@ -57,40 +57,40 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   };
   using Handle = std::unique_ptr<FormWindow, GiveUp>;
 
-  /// A window within `parent`, in pixels of it, not yet visible. The control, its person and the
-  /// owner outlive the handle. Throws std::bad_alloc, and std::runtime_error when the platform
-  /// refuses.
+  /// Makes a window within `parent`, in pixels of it, not yet visible. The control, its person and
+  /// the owner must outlive the handle. Throws std::bad_alloc, and std::runtime_error when the
+  /// platform refuses.
   static Handle Make(HWND parent, const RECT& place, ZOLT20MapControl& control,
                      faces::Person& person, Owner& owner, const FormLook& look = {});
 
-  /// None when the parent took it along.
+  /// Null once the window was destroyed along with its parent.
   HWND Window() const { return root_; }
-  /// In pixels of the parent; nothing is drawn outside `clip`.
+  /// Moves the window, in pixels of the parent; nothing is drawn outside `clip`.
   void Place(const RECT& place, const RECT& clip);
   RECT PlaceNow() const;
   void Show(bool visible);
   void Enable(bool enabled);
-  /// Other colours; from which side a form is read stays as it was made.
+  /// Changes the colours; mirroring stays as the window was made.
   void UseLook(const FormLook& look);
-  /// The control with the focus gets the keyboard, or the first one that can have it.
+  /// Gives the keyboard focus to the control with the focus, or the first one that can have it.
   void TakeFocus();
 
-  /// Shows all that changed. The host is about to hear of something, or its call is over. What the
-  /// platform has no room for is shown the next time.
+  /// Shows all that is dirty. Called before the host hears of an event, and when its call is over.
+  /// What fails because resources ran out stays dirty and is shown the next time.
   void ShowChanges() noexcept;
 
-  /// What tables are called beside their codes, by code.
+  /// Sets display names of tables, keyed by code.
   void NameTables(std::map<String, String> names);
 
-  /// Whether a key was the form's: Tab moves the focus along the tab order of the surface.
+  /// Handles a key, such as Tab along the tab order of the surface. Returns whether it was handled.
   bool TranslateKey(const MSG& message);
-  /// Clicks what has the letter, as long as it can be clicked.
+  /// Clicks the shown and enabled control with that mnemonic. Returns whether there was one.
   bool ClickMnemonic(wchar_t letter);
 
  private:
   static constexpr UINT kGoAway = WM_APP + 1;
 
-  /// A message in progress: the window stays until the last of them is through.
+  /// A guard for a message in progress: the window is not destroyed before the last one is done.
   class Busy {
    public:
     explicit Busy(FormWindow& window);
@@ -106,7 +106,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   ~FormWindow() override;
   void Retire();
 
-  // Notices. What needs no more than to be shown again, the person notes.
+  // Notices. Changes that only need to be shown again are noted by person_.
   void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
   void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
   void RowsChanged(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
@@ -117,7 +117,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void ElementUnloading(const Control& element) noexcept override;
   void StateReplaced() noexcept override {}
 
-  // What views ask.
+  // ViewOwner, for the views.
   HWND MakeWindow(const Control& control, const WindowKind& kind) override;
   const Surface& Form() const override { return control_.Form(); }
   int Dpi() const override { return fonts_.Dpi(); }
@@ -158,7 +158,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void FocusOn(const Control& control);
   bool HasFocus() const;
 
-  // What comes from the windows.
+  // Window messages.
   static LRESULT CALLBACK RootMessage(HWND window, UINT message, WPARAM wide, LPARAM longer);
   static LRESULT CALLBACK ViewMessage(HWND window, UINT message, WPARAM wide, LPARAM longer,
                                       UINT_PTR id, DWORD_PTR data);
@@ -188,16 +188,16 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   bool OnFilterKey(HWND line, WPARAM key);
   void Filter(const Control& list);
   void FocusFilter();
-  /// Whether a window tells of marks that a filter hides.
+  /// Whether a window is the label that tells of marks hidden by a filter.
   bool IsOfMarks(HWND window) const;
-  /// The list that a line filters; none when the window is no such line.
+  /// The list that a filter line filters; null when the window is no filter line.
   const Control* ListOf(HWND line) const;
 
   ZOLT20MapControl& control_;
   faces::Person& person_;
   Owner& owner_;
   ServerLock lock_;
-  std::shared_ptr<FormWindow> self_;  // until it is given up and the platform's window is gone
+  std::shared_ptr<FormWindow> self_;  // keeps it alive until it is retired and its HWND destroyed
   SpokenNames spoken_;
   HWND root_ = nullptr;
   std::vector<HWND> pages_;
@@ -207,12 +207,12 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   std::unordered_map<HWND, ControlView*> viewOfWindow_;
   std::unordered_map<const Control*, FilterLine> filters_;
   bool isRetired_ = false;
-  bool goesLater_ = false;  // it is to go, and messages are in progress
-  int busy_ = 0;            // messages in progress, one within the other
+  bool goesLater_ = false;  // to be destroyed when messages in progress are done
+  int busy_ = 0;            // depth of nested messages in progress
   FormFonts fonts_;
   FormLook look_;
   FormScroll scroll_;
-  bool isFitting_ = false;  // the bars come and go
+  bool isFitting_ = false;  // scroll bars are being shown or hidden
 };
 
 }  // namespace zolt20::com

@@ -18,12 +18,12 @@
 #include "faces/shared/list_keys.h"
 #include "faces/shared/type_ahead.h"
 
-// Lists: rows, with marks or check boxes, which the platform asks for when it draws them.
+// Lists as virtual list views: the platform asks for rows, with marks or check boxes, to draw them.
 
 namespace zolt20::com {
 namespace {
 
-// The columns: the rows, and behind them their names where they have any.
+// The columns: the texts of rows, and behind them their display names if there are any.
 constexpr int kTexts = 0;
 constexpr int kNames = 1;
 
@@ -64,9 +64,9 @@ class ListWindow final : public ViewOf<ListBox> {
   String CutText(const String& text, int column) const;
   int RoomAround() const;
 
-  // Rows of the window are those that are drawn.
+  // The window's row numbers are those of drawn rows.
   faces::DrawnRows drawn_;
-  std::vector<int> marked_;  // those that the platform was told to mark
+  std::vector<int> marked_;  // a cache of the rows that the platform has selected
   bool isDrawing_ = false;
   faces::TypeAhead ahead_;
   faces::RowPresses presses_;
@@ -116,7 +116,7 @@ void ListWindow::NameRows(std::map<String, String> names) {
   if (drawn_.HasNames() && !hadNames) {
     LVCOLUMNW column{};
     column.mask = LVCF_WIDTH | LVCF_TEXT;
-    column.pszText = const_cast<wchar_t*>(L"Name");  // for aids for reading the screen
+    column.pszText = const_cast<wchar_t*>(L"Name");  // for screen readers
     Send(LVM_INSERTCOLUMNW, kNames, &column);
   } else if (!drawn_.HasNames() && hadNames) {
     Send(LVM_DELETECOLUMN, kNames);
@@ -125,7 +125,7 @@ void ListWindow::NameRows(std::map<String, String> names) {
   ShowMarks(true);
 }
 
-// Names have what the rows leave, and at least half.
+// The names get the width that the texts leave, but at least half.
 void ListWindow::FitColumns() {
   RECT inside{};
   GetClientRect(window(), &inside);
@@ -139,7 +139,7 @@ void ListWindow::FitColumns() {
   if (drawn_.HasNames()) fit(kNames, inside.right - texts);
 }
 
-// By some of the longest, with the room around: there may be very many.
+// The width of the texts with padding, measured for some of the longest: there may be very many.
 int ListWindow::WidthOfTexts() const {
   constexpr int kMeasured = 50;
   const ListBox& list = control();
@@ -161,7 +161,7 @@ void ListWindow::Filter(StringView text) {
   ShowMarks(true);
 }
 
-// Just what differs goes to the platform, which would walk over all rows to unmark them.
+// Sends only the differences to the platform, which would scan all rows to unselect them.
 void ListWindow::ShowMarks(bool rowsChanged) {
   const ListBox& list = control();
   if (list.HasCheckBoxes()) {
@@ -183,7 +183,7 @@ void ListWindow::ShowMarks(bool rowsChanged) {
     if (rowsChanged || !std::binary_search(before.begin(), before.end(), row))
       SetState(row, LVIS_SELECTED, LVIS_SELECTED);
   }
-  // Others are marked by another way than ours, which is rare.
+  // If the count differs, rows were selected without us, which is rare: sets all of them anew.
   if (static_cast<std::size_t>(Send(LVM_GETSELECTEDCOUNT)) == marked_.size()) return;
   constexpr int kAllRows = -1;
   SetState(kAllRows, 0, LVIS_SELECTED);
@@ -203,7 +203,7 @@ void ListWindow::Place(const RECT& place) {
   FitColumns();
 }
 
-// What the platform asks and tells.
+// Requests and notices of the platform's list view.
 
 LRESULT ListWindow::OnNotify(NMHDR& notice) {
   switch (notice.code) {
@@ -236,8 +236,8 @@ void ListWindow::GiveRow(LVITEMW& item) const {
   }
 }
 
-// Names are told apart by their ends, so what is too long is cut in the middle, where it is drawn.
-// Whoever asks for a row otherwise, such as an aid for reading the screen, has it whole.
+// Names differ at their ends, so a text that is too long is elided in the middle when it is drawn.
+// Requests for other purposes, such as from a screen reader, get the whole text.
 String ListWindow::ShownText(int row, int column) const {
   String text = WithoutNuls(column == kNames ? drawn_.NameOf(row) : control().List(row));
   return isDrawing_ ? CutText(text, column) : text;
@@ -267,8 +267,8 @@ LRESULT ListWindow::DrawRow(NMLVCUSTOMDRAW& draw) {
   return CDRF_NOTIFYPOSTPAINT | (drawn_.HasNames() ? CDRF_NOTIFYSUBITEMDRAW : 0);
 }
 
-// A mark looks the same whether the list has the focus or not: it is what the form is about. A name
-// is quieter than the row that it belongs to.
+// Custom draw: a mark looks the same whether the list has the focus or not, since the form is about
+// marks. A name is drawn in a weaker colour than the text of its row.
 void ListWindow::GiveColours(NMLVCUSTOMDRAW& draw, bool isName) const {
   const ListBox& list = control();
   const int row = drawn_.ControlRow(static_cast<int>(draw.nmcd.dwItemSpec));
@@ -282,8 +282,8 @@ void ListWindow::GiveColours(NMLVCUSTOMDRAW& draw, bool isName) const {
   }
 }
 
-// A mark that came by another way than the mouse and the keys, such as from an aid for reading the
-// screen.
+// Takes a mark that was set by other means than mouse and keys, such as by a screen reader, as a
+// gesture.
 void ListWindow::TakeMark(const NMLISTVIEW& change) {
   const ListBox& list = control();
   const bool isMarked = (change.uNewState & LVIS_SELECTED) != 0;
@@ -296,7 +296,7 @@ void ListWindow::TakeMark(const NMLISTVIEW& change) {
 
 // What the person does.
 
-// The mouse is there.
+// The mouse is over that point: shows the tip of its row.
 void ListWindow::PointTo(POINT point) {
   LVHITTESTINFO hit{};
   hit.pt = point;
@@ -307,7 +307,7 @@ void ListWindow::PointTo(POINT point) {
   tip_.Over(row, place, [&] { return TipOf(drawn_.ControlRow(row)); });
 }
 
-// The whole row, with its name, when any of it is cut.
+// The text of the tip: the whole row with its name when any of it is elided, else "".
 String ListWindow::TipOf(int row) const {
   if (row < 0) return {};
   const String text = ShownText(row, kTexts);
@@ -339,7 +339,7 @@ void ListWindow::Press(POINT point, bool isCountedTwo) {
   hit.pt = point;
   const int row = drawn_.ControlRow(static_cast<int>(Send(LVM_SUBITEMHITTEST, 0, &hit)));
   const Gesture gesture = presses_.GestureOf(row, isCountedTwo);
-  // With the focus the form may be given up, and this view be gone.
+  // Setting the focus may retire the form and destroy this view.
   ViewOwner& owner = owner_;
   const ListBox& list = control();
   if (GetFocus() != window()) SetFocus(window());

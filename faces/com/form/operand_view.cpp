@@ -13,14 +13,14 @@
 #include "faces/shared/list_keys.h"
 #include "faces/shared/type_ahead.h"
 
-// Combos of operands, whose rows may be very many. A person opens a list of our own, which asks for
-// the rows in sight. The window of the platform holds the row that is chosen, and the others from
-// when a program asks for them.
+// Combos of operands, whose rows may be very many. A person opens a virtual list of our own, which
+// asks only for visible rows. The platform's combo holds the chosen row alone, and is filled with
+// the others lazily, when a program asks for them.
 
 namespace zolt20::com {
 namespace {
 
-// Whether the platform answers the message by its rows, or shows them.
+// Whether the platform needs its rows to handle the message.
 bool AsksForRows(UINT message) {
   switch (message) {
     case CB_GETCOUNT:
@@ -65,7 +65,7 @@ class OperandWindow final : public ComboWindow {
   void Take(const faces::ListStep& step);
 
   bool isFilled_ = false;  // the window has all rows
-  bool isOurs_ = false;    // what it is asked comes from here
+  bool isOurs_ = false;    // the message in progress was sent by us
   int chosen_ = -1;        // the row whose text the window shows
   faces::DrawnRows drawn_;
   faces::TypeAhead ahead_;
@@ -103,7 +103,7 @@ void OperandWindow::ShowChosen(const String& text) {
     }
     isOurs_ = false;
   } else if (isOther && chosen_ >= 0) {
-    // As the platform shows an entry that is chosen.
+    // As the platform does when an entry is chosen: shows its text, selected if it has the focus.
     SetWindowTextW(window(), Wide(text));
     if (GetFocus() == Edit()) SendMessageW(Edit(), EM_SETSEL, 0, -1);
   } else if (WindowText(window()) != text) {
@@ -135,7 +135,7 @@ bool OperandWindow::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
   return ComboWindow::OnMessage(message, wide, longer);
 }
 
-// Whether a person opens the list with it.
+// Whether a message is a person's key or press that opens the list.
 bool OperandWindow::Opens(UINT message, WPARAM wide, LPARAM longer) const {
   switch (message) {
     case WM_KEYDOWN:
@@ -146,7 +146,7 @@ bool OperandWindow::Opens(UINT message, WPARAM wide, LPARAM longer) const {
     case WM_LBUTTONDBLCLK: {
       COMBOBOXINFO info{};
       info.cbSize = sizeof info;
-      // A place within the line lies before the arrow.
+      // In an editable combo only a press on the arrow opens the list, not one in the edit.
       return !IsDropped() &&
              (!control().IsEditable() || (GetComboBoxInfo(window(), &info) != FALSE &&
                                           GET_X_LPARAM(longer) >= info.rcButton.left));
@@ -161,7 +161,7 @@ void OperandWindow::OpenToSearch() {
     dropDown_.Close();
     return;
   }
-  // With the focus the form may be given up, and this view be gone.
+  // Setting the focus may retire the form and destroy this view.
   const ViewOwner& owner = owner_;
   const HWND own = window();
   if (GetFocus() != FocusWindow()) SetFocus(FocusWindow());
@@ -176,7 +176,7 @@ bool OperandWindow::OnKey(WPARAM key) {
   struct KeyOfList {
     WPARAM key;
     ListKey meaning;
-    bool isOfLine;  // where there is a line, it moves the caret
+    bool isOfLine;  // in an editable combo the key moves the caret instead
   };
   static constexpr std::array<KeyOfList, 8> kKeys{{{VK_UP, ListKey::kUp, false},
                                                    {VK_DOWN, ListKey::kDown, false},

@@ -13,8 +13,8 @@
 namespace zolt20::com {
 namespace {
 
-// What a BackColor is on this platform: a plain number is 0xBBGGRR, a system colour is told by its
-// top bit. One on which no text could be read is that of the form.
+// The platform's colour for a BackColor: a plain number is 0xBBGGRR, a system colour has the top
+// bit set. The fallback for a colour on which the text could not be read is the form's.
 COLORREF ColourOf(unsigned backColor, COLORREF text) {
   constexpr unsigned kSystemColour = 0x80000000;
   if ((backColor & kSystemColour) == 0) return GetSysColor(COLOR_WINDOW);

@@ -1,4 +1,4 @@
-// What the platform's own boxes of plain text have in common.
+// Functions shared by the views of the platform's plain text boxes and lists.
 #pragma once
 
 #include <windows.h>
@@ -9,21 +9,21 @@ namespace zolt20::com {
 
 String WindowText(HWND window);
 
-/// What the platform's own boxes show of a text: a NUL would end it there.
+/// The text with U+2400 for each NUL, since a NUL would end it in the platform's own boxes.
 String WithoutNuls(StringView text);
 
-/// A text in one letter case, as this platform has it.
+/// A case-folded text, by the platform's rules.
 String InLowerCase(StringView text);
 
-/// Takes the whole text of the clipboard, where the platform's box would end with its first line,
-/// and its line ends as CR LF.
+/// Pastes the whole text of the clipboard, of which the platform's box would take only the first
+/// line, with CR LF for each line end.
 void PasteText(HWND box);
 
-/// Gives a list view the system's colours of boxes, which it has from when its library was loaded.
+/// Sets the system's current box colours in a list view, which keeps those from when it was loaded.
 void UseBoxColours(HWND list);
 
-/// The brush by which the canvas of a box gets the BackColor of its control; none when the control
-/// has no such colour.
+/// The brush for the BackColor of a box's control, whose colours are also set in the canvas; null
+/// when the control has no BackColor.
 HBRUSH BoxBrush(HDC canvas, const Control& control);
 
 }  // namespace zolt20::com

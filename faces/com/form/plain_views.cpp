@@ -7,7 +7,7 @@
 #include "faces/com/form/form_fonts.h"
 #include "faces/com/form/readable.h"
 
-// What nobody works at: labels, frames and the rectangle.
+// Views of controls without interaction: labels, frames and the rectangle.
 
 namespace zolt20::com {
 namespace {
@@ -56,7 +56,7 @@ class RectangleWindow final : public ViewOf<Rectangle> {
   RectangleWindow(ViewOwner& owner, const Rectangle& rectangle)
       : ViewOf(owner, rectangle, {kPanelClass}) {}
 
-  // A decoration lies behind what it surrounds.
+  // At the bottom of the z order, behind the controls that it surrounds.
   void Place(const RECT& place) override { PutAt(place, HWND_BOTTOM); }
   void Draw(HDC canvas) override {
     RECT border{};

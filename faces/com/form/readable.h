@@ -1,18 +1,18 @@
-// Colours of texts that can be read on what is behind them, whichever colours the system has.
+// Text colours with enough contrast to their background, whichever colours the system has.
 #pragma once
 
 #include <windows.h>
 
 namespace zolt20::com {
 
-/// The colour that is wanted, as far as it can be read there; otherwise so much nearer to that of
-/// plain texts.
+/// The wanted colour if it can be read on `behind`; otherwise mixed with `plain`, the colour of
+/// plain texts, until it can.
 COLORREF Readable(COLORREF wanted, COLORREF plain, COLORREF behind);
 
-/// For a text that stays in the background: some way from plain texts to what is behind them.
+/// A weaker but readable colour for less important texts: a mix of plain text's and its background.
 COLORREF Quiet(COLORREF plain, COLORREF behind);
 
-/// Whether a contrast of 4.5 to 1 is there.
+/// Whether the contrast ratio is at least 4.5 to 1.
 bool CanBeRead(COLORREF text, COLORREF behind);
 
 }  // namespace zolt20::com

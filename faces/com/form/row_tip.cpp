@@ -21,7 +21,7 @@ TTTOOLINFOW ToolOf(HWND list) {
 
 }  // namespace
 
-// The window may have gone with that of the program.
+// The tip's window may have been destroyed along with the program's window, its owner.
 RowTip::~RowTip() {
   if (tip_ != nullptr && IsWindow(tip_)) DestroyWindow(tip_);
 }
@@ -36,7 +36,7 @@ void RowTip::Show(const RECT& place, String text) {
     tip_ = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TRANSPARENT, TOOLTIPS_CLASSW, L"",
                            WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, list_, nullptr,
                            ServerInstance(), nullptr);
-    if (tip_ == nullptr) return;  // no room for tips
+    if (tip_ == nullptr) return;  // out of resources: no tips
     SendMessageW(tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     return;
   }

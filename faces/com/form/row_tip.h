@@ -1,4 +1,4 @@
-// The tip that shows the whole text of a row that is cut, while the mouse is over it.
+// The tool tip that shows the whole text of an elided row while the mouse is over it.
 #pragma once
 
 #include <windows.h>
@@ -14,24 +14,24 @@ class RowTip {
   RowTip(const RowTip&) = delete;
   RowTip& operator=(const RowTip&) = delete;
 
-  /// The mouse is over that row of the list, -1 for none, which lies there. `text` is what its tip
-  /// says; none when it is empty. Asked only when the row is another one.
+  /// The mouse is over `row` of the list, -1 for none, which lies at `place`. `text()` returns the
+  /// text of its tip, "" for no tip; it is called only when the row differs from the last one.
   template <typename Text>
   void Over(int row, const RECT& place, const Text& text) {
     if (row == row_) return;
     row_ = row;
     Show(place, row < 0 ? String() : text());
   }
-  /// The rows are others, or have other places.
+  /// To be called when rows changed or moved.
   void Forget() { row_ = -1; }
-  /// What the mouse does in the list.
+  /// Passes a mouse message of the list on to the tool tip.
   void Relay(UINT message, WPARAM wide, LPARAM longer) const;
 
  private:
   void Show(const RECT& place, String text);
 
   HWND list_;
-  HWND tip_ = nullptr;  // from the first row on that has one
+  HWND tip_ = nullptr;  // made for the first row that has a tip
   int row_ = -1;
 };
 

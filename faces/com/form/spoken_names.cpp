@@ -5,7 +5,7 @@
 namespace zolt20::com {
 namespace {
 
-// PROPID_ACC_NAME, which no library has.
+// PROPID_ACC_NAME, which no import library defines.
 constexpr MSAAPROPID kName{
     0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0x5e, 0x49, 0x26, 0x72, 0x91}};
 

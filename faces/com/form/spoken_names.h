@@ -1,4 +1,4 @@
-// The names by which screen readers call the windows of controls: many have
+// The accessible names of the windows of controls, for screen readers: many controls have
 // no caption, and some a caption like ">" or one that stands on several pages.
 #pragma once
 
@@ -15,12 +15,12 @@ namespace zolt20::com {
 
 class SpokenNames {
  public:
-  /// Where the platform has no service for it, nothing is named.
+  /// Without the platform's accessibility service, no window gets a name.
   SpokenNames();
 
-  /// The name that it has already is told to nobody again.
+  /// Sets the accessible name of a window. An unchanged name is not set again.
   void Give(HWND window, const String& name);
-  /// Before the window goes.
+  /// Removes the name. To be called before the window is destroyed.
   void Take(HWND window);
 
  private:

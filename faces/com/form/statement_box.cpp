@@ -21,7 +21,7 @@ __CRT_UUID_DECL(ITextDocument, 0x8cc497c0, 0xa1df, 0x11ce, 0x80, 0x98, 0x00, 0xa
 namespace zolt20::com {
 namespace {
 
-constexpr char16_t kLineEnd = u'\r';  // as a rich edit has it
+constexpr char16_t kLineEnd = u'\r';  // the line end within a rich edit
 
 String ShownIn(StringView text) {
   return WithoutNuls(faces::Shown(text, kLineEnd));
@@ -57,8 +57,8 @@ void Paint(HWND window, WPARAM what, CHARFORMAT2W format) {
   SendMessageW(window, EM_SETCHARFORMAT, what, reinterpret_cast<LPARAM>(&format));
 }
 
-// As long as it lives, changes of the looks are not drawn and are no step for Undo. Then the
-// selection and the place that is seen are as before.
+// A guard: during its lifetime changes of format are not drawn and not recorded for undo. Its
+// destructor restores the selection and the scroll position.
 class Unseen {
  public:
   Unseen(HWND window, const Pointer<ITextDocument>& document, bool& flag)
@@ -88,8 +88,8 @@ class Unseen {
     return place;
   }
   LRESULT FirstLine() const { return SendMessageW(window_, EM_GETFIRSTVISIBLELINE, 0, 0); }
-  // Of a text that is higher than 65,535 pixels the platform tells the place scaled down to that,
-  // and takes it in pixels. There lines are what can be gone back by.
+  // For a text higher than 65,535 pixels the platform returns the scroll position scaled down to
+  // that, but takes it in pixels. Such a text is scrolled back by lines.
   void ScrollBack() {
     const POINT now = ScrolledTo();
     const bool isSame = now.x == scrolled_.x && now.y == scrolled_.y && FirstLine() == line_;
@@ -111,13 +111,13 @@ class Unseen {
   bool& flag_;
   CHARRANGE selection_{};
   POINT scrolled_{};
-  LRESULT line_ = 0;  // the first that is seen
+  LRESULT line_ = 0;  // the first visible line
 };
 
 }  // namespace
 
 const wchar_t* StatementBox::ClassName() {
-  // It stays loaded: windows of its class may outlive any of ours.
+  // Never unloaded: windows of its class may outlive all of ours.
   static const HMODULE library = LoadLibraryW(L"msftedit.dll");
   static_cast<void>(library);
   return MSFTEDIT_CLASS;
@@ -130,11 +130,11 @@ void StatementBox::Attach(HWND window) {
   SendMessageW(window_, EM_SETEVENTMASK, 0, ENM_CHANGE | ENM_SCROLL);
   SendMessageW(window_, EM_SETTARGETDEVICE, 0, 1);  // lines are not wrapped
   SendMessageW(window_, EM_AUTOURLDETECT, FALSE, 0);
-  RevokeDragDrop(window_);  // it would take texts with their looks, and pictures
+  RevokeDragDrop(window_);  // it would accept formatted texts and pictures
   Pointer<IRichEditOle> objects;
   SendMessageW(window_, EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(objects.Put()));
   document_ = objects.As<ITextDocument>();
-  // What was made of it so far is no step that a person could take back.
+  // The settings made so far are not to be undone by the person.
   SendMessageW(window_, EM_EMPTYUNDOBUFFER, 0, 0);
 }
 
@@ -184,7 +184,7 @@ void StatementBox::Show(const String& text) {
   SendMessageW(window_, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
   SendMessageW(window_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(Wide(added)));
   SendMessageW(window_, EM_EMPTYUNDOBUFFER, 0, 0);
-  // What is new is in sight.
+  // Scrolls so that the new text is visible.
   if (edit.position > 0) SendMessageW(window_, EM_SCROLLCARET, 0, 0);
   shown_ = std::move(shown);
   ColourEdit(edit);
@@ -202,7 +202,7 @@ void StatementBox::Highlight(bool highlight) {
     Recolour();
     return;
   }
-  // Lines out of sight have colours too.
+  // Clears the colours of the whole text: lines that are not visible may have colours, too.
   const Unseen unseen(window_, document_, isColouring_);
   Paint(window_, SCF_ALL, PlainFormat());
 }
@@ -246,7 +246,7 @@ StatementBox::Span StatementBox::InSight() const {
   const auto last = SendMessageW(window_, EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&corner));
   const auto line = SendMessageW(window_, EM_GETFIRSTVISIBLELINE, 0, 0);
   const auto first = SendMessageW(window_, EM_LINEINDEX, static_cast<WPARAM>(line), 0);
-  // The platform may count other characters than we wrote.
+  // Clamped, since the platform may count characters otherwise than shown_.
   const std::size_t end = shown_.size();
   return LinesOf({std::min(static_cast<std::size_t>(std::max<LRESULT>(first, 0)), end),
                   std::min(static_cast<std::size_t>(std::max<LRESULT>(last, 0)), end)});
@@ -263,7 +263,7 @@ void StatementBox::Paste() {
   SendMessageW(window_, EM_PASTESPECIAL, CF_UNICODETEXT, 0);
 }
 
-// What lies beside lines that have their colours is added to them.
+// Colours the visible lines that have no colours yet; coloured_ is the cached range that has them.
 void StatementBox::ColourSight() {
   if (!highlight_) return;
   const Span sight = InSight();
@@ -283,7 +283,7 @@ void StatementBox::ColourSight() {
   }
 }
 
-// Behind a long text that was pasted, lines may have none.
+// An edit beyond the visible lines, such as a long paste, invalidates the range coloured_.
 void StatementBox::ColourEdit(const faces::Edit& edit) {
   if (!highlight_) return;
   const Span lines = LinesOf({edit.position, edit.position + edit.added});

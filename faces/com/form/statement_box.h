@@ -1,7 +1,7 @@
-// A box of statements: the platform's rich edit, with the words of statements in their colours.
+// A box of statements: the platform's rich edit with syntax highlighting of statements.
 //
-// A line stands for itself, so lines are coloured when they come into sight, and those that an edit
-// changed when it was made. What was coloured stays so out of sight.
+// Lines are independent of each other, so they are coloured lazily, when they become visible, and
+// those that an edit changed right after it. Coloured lines keep their colours when not visible.
 #pragma once
 
 #include <tom.h>
@@ -20,46 +20,46 @@ class StatementBox {
   static constexpr DWORD kStyle = ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN |
                                   ES_NOHIDESEL | WS_VSCROLL | WS_HSCROLL;
 
-  /// The platform's class of windows; the library that it comes from is loaded with the first call.
+  /// The platform's window class; its library is loaded by the first call.
   static const wchar_t* ClassName();
 
-  /// Takes a new window of that class. Its parent gets EN_CHANGE.
+  /// Attaches to a new window of that class. Its parent gets EN_CHANGE.
   void Attach(HWND window);
 
-  /// Shows the text, redrawing no more than what differs. The box's own undo forgets.
+  /// Shows the text, redrawing only what differs. A change clears the box's own undo buffer.
   void Show(const String& text);
   void Highlight(bool highlight);
-  /// The letters, or the colours of the platform, are others.
+  /// Called when the font or the platform's colours changed: colours all again.
   void Recolour();
-  /// After EN_CHANGE: the text as it is in the control when the person's edits are in; none when it
-  /// is the same.
+  /// After EN_CHANGE: the control's text with the person's edit applied; nullopt when it is the
+  /// same.
   std::optional<String> TakeEdit();
-  /// Before and after a message by which what stands before the caret then comes in the place of
-  /// what is marked now, as with any key of a text. Just that is read of the box.
+  /// Before and after a message, such as a key, that replaces the selection by what then stands
+  /// before the caret. TakeEdit then reads only those characters from the box.
   void KeyComes();
   void KeyWent() { marked_.reset(); }
-  /// After a message that may have brought other lines into sight.
+  /// After a message that may have scrolled: colours lines that became visible.
   void Scrolled() { ColourSight(); }
-  /// The text from the clipboard, without what it looked like elsewhere.
+  /// Pastes the clipboard as plain text, without formats.
   void Paste();
 
  private:
-  /// Characters of the shown text, from the first and before the other.
+  /// A range of the shown text: from `first` on and before `behind`.
   struct Span {
     std::size_t first = 0;
     std::size_t behind = 0;
   };
 
   std::size_t Length() const;
-  /// What is marked; the caret is behind it.
+  /// The selection; the caret is at its end.
   Span Marked() const;
   String ReadShown() const;
   String Read(Span characters) const;
-  /// What the person made of the shown text, and what stands there now.
+  /// The person's edit of the shown text, and the characters it added.
   std::pair<faces::Edit, String> TakeShown() const;
-  /// The lines that are seen.
+  /// The visible lines.
   Span InSight() const;
-  /// The lines that the characters stand in.
+  /// The range extended to whole lines.
   Span LinesOf(Span characters) const;
   void ColourSight();
   void ColourEdit(const faces::Edit& edit);
@@ -67,10 +67,10 @@ class StatementBox {
 
   HWND window_ = nullptr;
   String text_;    // the control's
-  String shown_;   // the same with one character for each line end
-  Span coloured_;  // lines that have their colours; whichever others do is not known
+  String shown_;   // text_ as shown, with one character for each line end
+  Span coloured_;  // lines known to have their colours; others may have them, too
   Pointer<ITextDocument> document_;
-  std::optional<Span> marked_;  // while a key is on its way
+  std::optional<Span> marked_;  // the selection before the key in progress
   bool highlight_ = false;
   bool isColouring_ = false;
 };

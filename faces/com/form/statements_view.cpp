@@ -32,7 +32,7 @@ class StatementsWindow final : public ViewOf<SyntaxTextBox> {
     if (character == 1) Send(EM_SETSEL, 0, -1);  // Ctrl+A
     return character == 1 || (character == L'\t' && GetKeyState(VK_CONTROL) >= 0);
   }
-  // Whatever the message was, it may have scrolled.
+  // After messages that may have scrolled.
   void MessageDone(UINT message) override {
     if (message == WM_NCPAINT) DrawBoxBorder(window());
     if (message == WM_CHAR || message == WM_KEYDOWN) statements_.KeyWent();
@@ -58,7 +58,7 @@ bool StatementsWindow::OnMessage(UINT message, WPARAM wide, LPARAM longer) {
   if (isOfText) statements_.KeyComes();
   LPARAM place = 0;
   if (!AsksForMenu(window(), message, wide, longer, place)) return false;
-  ShowTextMenu(window(), place);  // the view may be gone
+  ShowTextMenu(window(), place);  // may destroy this view
   return true;
 }
 
@@ -71,7 +71,7 @@ bool StatementsWindow::OnKey(WPARAM key) {
     statements_.Paste();
     return true;
   }
-  // A box of statements has no alignments, bullets or styles of letters.
+  // Swallows the rich edit's shortcuts for alignment, bullets and font styles.
   const bool isOfText = key == L'A' || key == L'C' || key == L'X' || key == L'Y' || key == L'Z';
   const bool isCharacter = (key >= L'0' && key <= L'Z') || key >= VK_OEM_1;
   return isCommand && isCharacter && !isOfText;

@@ -42,15 +42,15 @@ class TabStripWindow final : public ViewOf<TabStrip> {
   }
 
  private:
-  // Beside the texts the platform leaves as much at any resolution.
+  // Scales the padding beside the captions, which the platform leaves the same at any resolution.
   void LeavePadding() const {
     constexpr int kAcross = 6;
     constexpr int kDown = 3;
     Send(TCM_SETPADDING, 0, MAKELPARAM(MulDiv(kAcross, owner_.Dpi(), 96), kDown));
   }
 
-  // The platform begins a pane below the tabs, of which the form has no more than a strip. There
-  // and beside the last tab is the form, with a line on which the tabs stand.
+  // Draws over the pane that the platform begins below the tabs, and beside the last tab: there
+  // the form's background shows, with a line on which the tabs stand.
   void DrawBeside() {
     RECT inside{};
     RECT last{};
@@ -58,7 +58,7 @@ class TabStripWindow final : public ViewOf<TabStrip> {
     GetClientRect(window(), &inside);
     Send(TCM_GETITEMRECT, kPageCaptions.size() - 1, &last);
     Send(TCM_GETITEMRECT, static_cast<WPARAM>(Send(TCM_GETCURSEL)), &active);
-    // The active tab is larger than it says.
+    // The active tab is drawn larger than TCM_GETITEMRECT tells.
     constexpr LONG kMore = 2;
     const HDC canvas = GetDC(window());
     if (const HWND arrows = GetWindow(window(), GW_CHILD)) {

@@ -8,7 +8,7 @@
 namespace zolt20::com {
 namespace {
 
-constexpr LPARAM kAtCaret = -1;  // as the platform tells of a key
+constexpr LPARAM kAtCaret = -1;  // WM_CONTEXTMENU from the keyboard
 
 enum Command : UINT { kUndo = 1, kCut, kCopy, kPaste, kDelete, kSelectAll };
 
@@ -34,7 +34,7 @@ class Menu {
   Menu(const Menu&) = delete;
   Menu& operator=(const Menu&) = delete;
 
-  /// What a person chose there, 0 for nothing.
+  /// Shows the menu. Returns the command that the person chose, 0 for none.
   UINT Choose(HWND box, POINT corner) const {
     return static_cast<UINT>(TrackPopupMenu(
         handle_, TPM_LEFTALIGN | TPM_TOPALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD | TPM_NONOTIFY,
@@ -49,7 +49,7 @@ class Menu {
   HMENU handle_;
 };
 
-// At the caret, or at the edge that is next to it where it is out of sight.
+// The corner of the menu: the mouse's place, or for a key the caret, clamped to the box.
 POINT CornerOf(HWND box, LPARAM place) {
   if (place != kAtCaret) return {GET_X_LPARAM(place), GET_Y_LPARAM(place)};
   POINT corner{};
@@ -89,7 +89,7 @@ void Do(HWND box, UINT command) {
 
 }  // namespace
 
-// Versions of the platform's rich edit differ in which of these they make a WM_CONTEXTMENU of.
+// Versions of the rich edit differ in which of these messages they turn into WM_CONTEXTMENU.
 bool AsksForMenu(HWND box, UINT message, WPARAM wide, LPARAM longer, LPARAM& place) {
   switch (message) {
     case WM_CONTEXTMENU:
@@ -114,7 +114,7 @@ bool AsksForMenu(HWND box, UINT message, WPARAM wide, LPARAM longer, LPARAM& pla
 
 void ShowTextMenu(HWND box, LPARAM place) {
   if (GetFocus() != box) SetFocus(box);
-  // Whoever hears of the focus may take it away, or the box.
+  // Handlers of the focus may move it on, or destroy the box.
   if (GetFocus() != box) return;
   const Menu menu(box);
   const UINT command = menu.Choose(box, CornerOf(box, place));

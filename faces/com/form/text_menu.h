@@ -1,17 +1,17 @@
-// The context menu of a box of texts, with what the platform's own boxes have in theirs. Those of
-// rich edits have none.
+// The context menu of a text box, with the commands of the platform's own edit boxes. The
+// platform's rich edit has no context menu.
 #pragma once
 
 #include <windows.h>
 
 namespace zolt20::com {
 
-/// Whether a message of the box asks for its menu: the second button of the mouse, the keyboard's
-/// key for it, Shift+F10, or the platform. `place` becomes that of a WM_CONTEXTMENU.
+/// Whether a message asks for the context menu of the box: the right mouse button, the menu key,
+/// Shift+F10, or WM_CONTEXTMENU. `place` becomes the lParam of a WM_CONTEXTMENU.
 bool AsksForMenu(HWND box, UINT message, WPARAM wide, LPARAM longer, LPARAM& place);
 
-/// Shows the menu and does what is chosen in it, by the messages of the platform's boxes. The box
-/// gets the focus before, and may be gone when this returns.
+/// Shows the menu and runs the chosen command by the messages of the platform's edit boxes. The
+/// box gets the focus first, and may be destroyed when this returns.
 void ShowTextMenu(HWND box, LPARAM place);
 
 }  // namespace zolt20::com

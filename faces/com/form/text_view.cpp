@@ -54,7 +54,7 @@ class TextWindow final : public ViewOf<TextBox> {
   void TakeEdit();
 };
 
-// Redraws no more than what differs, and stays where the person is.
+// Replaces only the part of the text that differs, so that the scroll position stays.
 void TextWindow::ShowText(StringView text) {
   String shown = WithoutNuls(text);
   if (shown == shown_) return;
@@ -70,7 +70,7 @@ void TextWindow::ShowText(StringView text) {
   shown_ = std::move(shown);
 }
 
-// What a person made of the text.
+// Takes the person's edit from the window as a gesture.
 void TextWindow::TakeEdit() {
   String now = WindowText(window());
   if (now == shown_) return;

@@ -1,8 +1,8 @@
-// How a kind of control is shown and worked at: a view has the window of one control, knows how to
-// show what changed there, and what its messages mean.
+// Views: a view has the window of one control, shows the control's changes in it, and interprets
+// its messages. There is a class of views for each kind of control.
 //
-// What a person does comes out as gestures, which the owner makes. A gesture may give up the form,
-// and with it the view: making one is the last thing that a view does about a message.
+// Input of a person becomes gestures, which the owner makes. A gesture may retire the form and
+// destroy the view, so making one is the last thing that a view does about a message.
 #pragma once
 
 #include <windows.h>
@@ -17,36 +17,36 @@
 
 namespace zolt20::com {
 
-/// What the window of a view is made of.
+/// The window class and styles of a view's window.
 struct WindowKind {
   const wchar_t* name;
   DWORD style = 0;
   DWORD extended = 0;
 };
 
-/// What a view may ask of the form that it is part of.
+/// The form, as its views see it.
 class ViewOwner {
  public:
-  /// The window of a control. Throws std::runtime_error when the platform refuses.
+  /// Makes the window of a control. Throws std::runtime_error when the platform refuses.
   virtual HWND MakeWindow(const Control& control, const WindowKind& kind) = 0;
   virtual const Surface& Form() const = 0;
   virtual int Dpi() const = 0;
   virtual HFONT FontOf(const Control& control) const = 0;
   virtual const FormLook& Look() const = 0;
 
-  /// The window that the whole form lies in.
+  /// The root window of the form.
   virtual HWND Root() const = 0;
-  /// Gives a window that is no control's its names, for programs and for who is read to, and takes
-  /// them away again.
+  /// Sets the name (for programs) and the accessible name (for screen readers) of a window that is
+  /// no control's, and removes both.
   virtual void GiveNames(HWND window, const std::string& name, const String& spoken) = 0;
   virtual void TakeNames(HWND window) = 0;
-  /// The focus went from such a window to another one, which may be anybody's.
+  /// The focus moved from such a window to another one, also of another program.
   virtual void FocusWent(HWND window, HWND other) = 0;
 
   virtual void Make(UserGesture gesture) noexcept = 0;
   virtual void Key(const TextBox& box, char16_t code, TextMark mark) noexcept = 0;
 
-  /// As long as one of these is there, what the windows tell comes from us, and not from a person.
+  /// A guard: during its lifetime notices of the windows come from us, not from a person.
   class Showing {
    public:
     explicit Showing(ViewOwner& owner)
@@ -59,7 +59,7 @@ class ViewOwner {
     bool& flag_;
     bool before_;
   };
-  /// Whether nothing may be made any more; there may be no control.
+  /// Whether the form is retired: no gesture may be made, and the control may be destroyed.
   virtual bool IsGivenUp() const = 0;
   bool IsShowing() const { return isShowing_; }
   /// Whether a window is getting the focus.
@@ -83,50 +83,50 @@ class ControlView {
   /// The window that has the focus when the control has it.
   virtual HWND FocusWindow() const { return window_; }
 
-  /// Shows what changed, and no more. Whether it is enabled and visible the form shows.
+  /// Shows only what changed. The form itself shows whether the control is enabled and visible.
   virtual void Show(const faces::Change& /*change*/) {}
-  /// Puts the window there, in pixels of its parent.
+  /// Moves the window to a place, in pixels of its parent.
   virtual void Place(const RECT& place) { PutAt(place, nullptr); }
-  /// The colours of the platform are others, or its letters.
+  /// Called when the platform's colours or fonts changed.
   virtual void LooksChanged() {}
-  /// Draws what lies in the window; of those that the platform does not draw.
+  /// Draws the contents of a window that the platform does not draw.
   virtual void Draw(HDC /*canvas*/) {}
-  /// Gives the canvas of the window its colours; none when it keeps those of the platform.
+  /// Sets the colours of the window's canvas and returns a brush; null keeps the platform's own.
   virtual HBRUSH Brush(HDC /*canvas*/) { return nullptr; }
 
-  // What the window tells its parent.
+  // Notices that the window sends to its parent.
   virtual void OnCommand(int /*code*/) {}
   virtual LRESULT OnNotify(NMHDR& /*notice*/) { return 0; }
   virtual void OnScroll(int /*code*/, int /*place*/) {}
 
-  // What comes to the window. Each gives whether the message ends here; elsewhere it goes on to the
-  // platform's own control.
+  // Messages to the window. Each returns whether the message was handled; if not, it goes on to
+  // the platform's own window procedure.
   virtual bool OnMessage(UINT /*message*/, WPARAM /*wide*/, LPARAM /*longer*/) { return false; }
   virtual bool OnKey(WPARAM /*key*/) { return false; }
   virtual bool OnCharacter(wchar_t character) { return character == L'\t' || character == L'\r'; }
-  /// The message went on, and the platform is done with it.
+  /// Called after the platform has handled a message.
   virtual void MessageDone(UINT /*message*/) {}
 
-  /// Of a list: only rows that hold the text are drawn from now on.
+  /// Of a list: from now on draws only rows that hold the text.
   virtual void Filter(StringView /*text*/) {}
-  /// Of a list: what rows are called beside their texts, by text.
+  /// Of a list: sets display names of rows, keyed by text.
   virtual void NameRows(std::map<String, String> /*names*/) {}
-  /// Of a list: what is to be told of marks that its filter hides.
+  /// Of a list: the text that tells of marks hidden by its filter.
   virtual String HiddenMarks() const { return {}; }
 
-  /// Whether the box itself has something to take back, or to have again.
+  /// Whether the box itself has something to undo, or to redo.
   virtual bool HasOwn(bool /*undo*/) const { return false; }
 
  protected:
   ControlView(ViewOwner& owner, const Control& control, const WindowKind& kind)
       : owner_(owner), control_(control), window_(owner.MakeWindow(control, kind)) {}
 
-  /// `behind` is one of the values that SetWindowPos takes; null to stay in front of the same.
+  /// `behind` is a window or value for SetWindowPos (z order); null keeps the z order.
   void PutAt(const RECT& place, HWND behind);
   LRESULT Send(UINT message, WPARAM wide = 0, LPARAM longer = 0) const {
     return SendMessageW(window_, message, wide, longer);
   }
-  /// The same with what the message is about.
+  /// The same with a pointer to the message's data.
   template <typename Data>
   LRESULT Send(UINT message, WPARAM wide, Data* data) const {
     return Send(message, wide, reinterpret_cast<LPARAM>(data));
@@ -138,7 +138,7 @@ class ControlView {
     owner_.Make({Gesture::kType, &control_, UserGesture::kNone, std::move(text)});
   }
 
-  /// Gives whether it is another one.
+  /// Shows the caption. Returns whether it differs from the one before.
   bool ShowCaption(String caption);
 
   ViewOwner& owner_;

@@ -1,4 +1,4 @@
-// The kinds of views, each in a file of its own. Whoever takes one wants MakeView.
+// The factories of the kinds of views, each in a file of its own. Callers use MakeView.
 #pragma once
 
 #include "faces/com/form/view.h"

@@ -1,4 +1,4 @@
-// The file of the map control.
+// The server file (DLL) of the map control: its class and interfaces.
 #include <array>
 
 #include "faces/com/control/map_control.h"

@@ -29,7 +29,7 @@ std::wstring Text(REFGUID guid) {
   return text.data();
 }
 
-// The registry has the numbers of type libraries in hexadecimal digits.
+// The registry has the version numbers of type libraries in hexadecimal digits.
 std::wstring LibraryVersion() {
   std::array<wchar_t, 24> text{};
   std::swprintf(text.data(), text.size(), L"%x.%x", ZOLT20_MAJOR, ZOLT20_MINOR);
@@ -40,7 +40,7 @@ HRESULT ResultOf(LSTATUS status) {
   return HRESULT_FROM_WIN32(static_cast<unsigned long>(status));
 }
 
-// Below the classes of one root. Keeps the first failure.
+// Writes and removes keys below Software\Classes of one root key. Keeps the first failure.
 class Classes {
  public:
   explicit Classes(HKEY root) : root_(root) {}
@@ -51,7 +51,7 @@ class Classes {
     const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     status_ = RegSetKeyValueW(root_, (kClasses + key).c_str(), name, REG_SZ, value.c_str(), bytes);
   }
-  /// What is not there is no failure.
+  /// Idempotent: a key that is missing is no failure.
   void Remove(const std::wstring& key) {
     const LSTATUS status = RegDeleteTreeW(root_, (kClasses + key).c_str());
     if (status_ == ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) status_ = status;
@@ -64,7 +64,7 @@ class Classes {
     RegCloseKey(opened);
     return true;
   }
-  /// What registrations share goes with the last of them.
+  /// Removes a key that registrations share, once the last of them has emptied it.
   void RemoveWhenEmpty(const std::wstring& key) const {
     HKEY opened = nullptr;
     const std::wstring path = kClasses + key;
@@ -87,12 +87,13 @@ std::wstring LibraryKey() {
   return L"TypeLib\\" + Text(TheServed().libraryId);
 }
 
-// Where the files of both platforms stand.
+// The key below which the library's files for 32 and 64 bits stand.
 std::wstring FilesKey() {
   return LibraryKey() + L"\\" + LibraryVersion() + L"\\0\\";
 }
 
-// Not by the system's own function for it, which has one for the machine alone in some versions.
+// Writes the keys itself, since some versions of Windows can register a type library for the
+// machine only.
 void WriteLibrary(Classes& classes, const std::wstring& path) {
   const Served& served = TheServed();
   const std::wstring library = Text(served.libraryId);
@@ -144,7 +145,7 @@ HRESULT RegisterUnder(HKEY root, const std::wstring& path) {
   if (served.isForDocuments) {
     isOf({CATID_Insertable, CATID_PersistsToStorage, CATID_PersistsToMemory});
     classes.Write(key + L"\\Insertable", L"");
-    // The verb of menus, enabled; the other ones are for containers alone.
+    // The one verb that shows in menus, enabled; the other verbs are for containers only.
     classes.Write(key + L"\\verb", L"");
     classes.Write(key + L"\\verb\\0", L"&Edit,0,2");
   }
@@ -157,7 +158,7 @@ HRESULT UnregisterUnder(HKEY root) {
   Classes classes(root);
   classes.Remove(L"CLSID\\" + Text(served.classId));
   classes.Remove(FilesKey() + kPlatform);
-  // Programs of 32 and of 64 bits see the same names and libraries, and classes of their own.
+  // Programs of 32 and of 64 bits share ProgIDs and libraries in the registry, but not classes.
   if (!classes.IsThere(FilesKey() + kOtherPlatform)) {
     classes.Remove(served.progId);
     classes.Remove(served.versionedProgId);
@@ -184,7 +185,7 @@ HRESULT Register(const std::wstring& path) {
 }
 
 HRESULT Unregister() {
-  // Of the user's first: what is there hides what the machine has.
+  // The user's keys first: they hide those of the machine.
   const HRESULT ofUser = UnregisterUnder(HKEY_CURRENT_USER);
   const HRESULT ofMachine = UnregisterUnder(HKEY_LOCAL_MACHINE);
   return FAILED(ofUser) ? ofUser : ofMachine;

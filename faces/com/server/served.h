@@ -1,5 +1,5 @@
-// What a file of the server serves: one class of controls. Each file says it once; the rest of the
-// server is the same in all of them.
+// What a server file (DLL) serves: one COM class. Each file defines it once; the rest of the server
+// is the same in all of them.
 #pragma once
 
 #include <windows.h>
@@ -8,11 +8,11 @@
 
 namespace zolt20::com {
 
-/// An interface that Automation carries from one apartment to another.
+/// An interface that the Automation marshaler carries between apartments.
 struct ServedInterface {
   const IID& id;
   const wchar_t* name;
-  bool isByTable;  ///< and by name; otherwise by name alone
+  bool isByTable;  ///< a dual interface; otherwise a dispinterface
 };
 
 struct Served {
@@ -25,8 +25,8 @@ struct Served {
   const wchar_t* libraryName;
   std::span<const ServedInterface> interfaces;
   DWORD miscStatus;
-  bool isForDocuments;  ///< stores itself in storages and memory, and has a verb of its own
-  /// A new object, which may be a part of `outer`. Throws std::bad_alloc.
+  bool isForDocuments;  ///< has storage and memory persistence, and its own verb
+  /// A new object; with `outer` not null it is aggregated. Throws std::bad_alloc.
   HRESULT (*create)(IUnknown* outer, REFIID id, void** object);
 };
 

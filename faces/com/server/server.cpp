@@ -37,7 +37,7 @@ class ClassFactory final : public IClassFactory {
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** object) override {
     if (object == nullptr) return E_POINTER;
     *object = nullptr;
-    // Whoever holds the control within itself asks for the control's own IUnknown first.
+    // Aggregation: an outer object must ask for the control's non-delegating IUnknown first.
     if (outer != nullptr && id != IID_IUnknown) return CLASS_E_NOAGGREGATION;
     return Guarded([&] { return TheServed().create(outer, id, object); });
   }
@@ -92,7 +92,7 @@ using namespace zolt20::com;
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void* reserved) {
   if (reason == DLL_PROCESS_ATTACH) instance = module;
-  // Not at the end of the process, which takes everything with it.
+  // Not when the process ends (`reserved` is not null), which frees everything.
   if (reason == DLL_PROCESS_DETACH && reserved == nullptr) UnregisterClasses();
   return TRUE;
 }

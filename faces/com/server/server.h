@@ -17,7 +17,7 @@ HINSTANCE ServerInstance();
 /// The path of the server's file. Throws std::bad_alloc.
 std::wstring ServerPath();
 
-/// As long as one of these is there, the server is not unloaded.
+/// A guard: the server is not unloaded during its lifetime.
 class ServerLock {
  public:
   ServerLock() noexcept;
@@ -26,7 +26,7 @@ class ServerLock {
   ServerLock& operator=(const ServerLock&) = delete;
 };
 
-/// A description from the type library in the server's own file.
+/// Loads a type description from the type library in the server's own file.
 HRESULT LoadDescription(REFGUID guid, Pointer<ITypeInfo>& description);
 
 }  // namespace zolt20::com

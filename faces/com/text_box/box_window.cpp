@@ -14,7 +14,7 @@ namespace zolt20::com {
 namespace {
 
 constexpr UINT_PTR kSubclass = 1;
-// So wide a line is none that a person writes, and lines then go on for ever.
+// Wider than any line that a person writes: from this margin on lines do not wrap.
 constexpr long kNoMargin = 32'000;
 
 }  // namespace
@@ -62,7 +62,7 @@ HWND BoxWindow::MakeWindow(const Control& /*control*/, const WindowKind& kind) {
   return window;
 }
 
-// What the owner makes of the places of its container.
+// Calls of the owner: place, text and focus.
 
 void BoxWindow::Place(const RECT& place, const RECT& clip) const {
   SetWindowPos(root_, nullptr, place.left, place.top, place.right - place.left,
@@ -102,7 +102,7 @@ void BoxWindow::TakeFocus() const {
 
 bool BoxWindow::TranslateKey(const MSG& message) const {
   if (!view_ || message.hwnd != Box() || message.message != WM_KEYDOWN) return false;
-  // Some containers take for themselves what a box leaves to them.
+  // Some containers keep keys that a box leaves to them, so these are dispatched here.
   if (message.wParam == VK_TAB || message.wParam == VK_ESCAPE || GetKeyState(VK_MENU) < 0)
     return false;
   TranslateMessage(&message);
@@ -119,7 +119,7 @@ void BoxWindow::Make(UserGesture gesture) noexcept {
     surface_.User(gesture);
     owner.TextTyped();
   } catch (...) {
-    // No memory: the surface keeps the text that it had.
+    // Memory ran out: the surface keeps the old text.
   }
 }
 
@@ -154,8 +154,8 @@ LRESULT BoxWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer)
       if (view_) view_->LooksChanged();
       return 0;
     case WM_CLOSE:
-      return 0;  // a box of several lines asks for it at Esc, in the belief that this is a dialog
-    case WM_NCDESTROY:  // its parent took it along
+      return 0;         // a multi-line edit posts it at Esc, as if this were a dialog
+    case WM_NCDESTROY:  // destroyed with its parent
       SetWindowLongPtrW(window, GWLP_USERDATA, 0);
       root_ = nullptr;
       view_.reset();
@@ -202,7 +202,7 @@ bool BoxWindow::OnBox(UINT message, WPARAM wide, LPARAM longer) {
   }
 }
 
-// Where the container says nothing, the focus goes on as in any dialog.
+// Fallback for a container that does not move the focus: moves it on as in any dialog.
 bool BoxWindow::OnTab(HWND window) {
   MSG message{};
   message.hwnd = window;

@@ -1,6 +1,7 @@
-// The window of the box: that of a box of statements on the form, alone in a window that hears it.
+// The window of the box: the view of a box of statements as on the form, alone in a parent window
+// that handles its notices.
 //
-// The text and whether its words have colours stand in a box of the surface, as on the form. A
+// The text and whether it is highlighted are stored in a box of a surface, as on the form. A
 // person's edits go there as gestures.
 #pragma once
 
@@ -15,7 +16,7 @@
 
 namespace zolt20::com {
 
-/// The surface of one box. Of the form it has the Result alone in use.
+/// The surface of one box: a form of which only the Result box is used.
 class OneBox final : public Surface {
  public:
   OneBox() : Surface(FormVisible::kYes) {}
@@ -23,38 +24,38 @@ class OneBox final : public Surface {
 
 class BoxWindow final : private ViewOwner {
  public:
-  /// Whom the window belongs to. Whatever it is told may be the end of the window.
+  /// The owner of the window. Each of its functions may destroy the window.
   class Owner {
    public:
     virtual void TextTyped() noexcept = 0;
     virtual void FocusCame() noexcept = 0;
     virtual void FocusWent() noexcept = 0;
-    /// The Tab key leaves the box. Whether the focus went elsewhere.
+    /// The Tab key leaves the box. Returns whether the owner moved the focus elsewhere.
     virtual bool Leaves(const MSG& message) noexcept = 0;
 
    protected:
     ~Owner() = default;
   };
 
-  /// A window within `parent`, in pixels of it, not yet visible. The surface and the owner outlive
-  /// it. Throws std::bad_alloc, and std::runtime_error when the platform refuses.
+  /// Makes a window within `parent`, in pixels of it, not yet visible. The surface and the owner
+  /// must outlive it. Throws std::bad_alloc, and std::runtime_error when the platform refuses.
   static std::shared_ptr<BoxWindow> Make(HWND parent, const RECT& place, OneBox& surface,
                                          Owner& owner);
   virtual ~BoxWindow();
   BoxWindow(const BoxWindow&) = delete;
   BoxWindow& operator=(const BoxWindow&) = delete;
 
-  /// None when the parent took it along.
+  /// Null once the window was destroyed along with its parent.
   HWND Window() const { return root_; }
   HWND Box() const { return view_ ? view_->window() : nullptr; }
   void Place(const RECT& place, const RECT& clip) const;
-  /// Shows text and colours as they are in the surface.
+  /// Shows text and highlighting as they are in the surface.
   void ShowText();
-  /// In twips; 0 for the width of the box.
+  /// Sets the margin at which lines wrap, in twips; 0 for the width of the box.
   void RightMargin(long twips) const;
   void Enable(bool enabled) const;
   void TakeFocus() const;
-  /// Whether a key was the box's.
+  /// Handles a key. Returns whether it was handled.
   bool TranslateKey(const MSG& message) const;
 
  private:

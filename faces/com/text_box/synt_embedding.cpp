@@ -136,7 +136,7 @@ STDMETHODIMP SyntTextBox::GetMiscStatus(DWORD aspect, DWORD* status) {
 
 HRESULT SyntTextBox::Activate(bool withUser) {
   if (!site_) return E_UNEXPECTED;
-  if (window_ && window_->Window() == nullptr) Deactivate();  // its parent took it along
+  if (window_ && window_->Window() == nullptr) Deactivate();  // destroyed with its parent
   if (!window_) {
     if (const HRESULT result = MakeWindow(); FAILED(result)) return result;
     if (site_) site_->ShowObject();
@@ -157,7 +157,7 @@ HRESULT SyntTextBox::Activate(bool withUser) {
   return S_OK;
 }
 
-// The window in the place that the site names. Half made, the site is told that it is gone.
+// Makes the window in the place that the site names. On failure tells the site of its deactivation.
 HRESULT SyntTextBox::MakeWindow() {
   const auto site = site_.As<IOleInPlaceSite>();
   if (!site) return E_NOINTERFACE;
@@ -241,7 +241,7 @@ STDMETHODIMP SyntTextBox::TranslateAccelerator(MSG* message) {
   return Enter([&]() -> HRESULT {
     const std::shared_ptr<BoxWindow> window = window_;
     if (window && window->TranslateKey(*message)) return S_OK;
-    // What the box has no use for its container may have one for.
+    // A key that the box does not handle is offered to the container.
     const auto site = ControlSite();
     if (message->message < WM_KEYFIRST || message->message > WM_KEYLAST || !site) return S_FALSE;
     DWORD modifiers = 0;
@@ -286,8 +286,8 @@ STDMETHODIMP SyntTextBox::FreezeEvents(BOOL freeze) {
   });
 }
 
-// In a form that is being designed, and where the container says so, the box is there to be looked
-// at.
+// In design mode, and where the container says that its user interface is dead (UIDEAD), the box is
+// disabled.
 void SyntTextBox::ReadAmbients() {
   isAtWork_ = IsAmbient(site_.Get(), DISPID_AMBIENT_USERMODE, true) &&
               !IsAmbient(site_.Get(), DISPID_AMBIENT_UIDEAD, false);
@@ -350,7 +350,7 @@ STDMETHODIMP SyntTextBox::GetExtent(DWORD aspect, LONG /*index*/, DVTARGETDEVICE
   return GetExtent(aspect, size);
 }
 
-// The container may draw it anew.
+// Notifies the container's advise sink that the picture has changed.
 void SyntTextBox::PictureChanged() {
   if (!viewSink_ || (viewAspects_ & DVASPECT_CONTENT) == 0) return;
   const Pointer<IAdviseSink> sink = viewSink_;

@@ -1,4 +1,4 @@
-// What is stored of the box, in the bag of a container or in a stream.
+// Persistence of the box's properties, in the property bag of a container or in a stream.
 #include "faces/com/control/value_bags.h"
 #include "faces/com/text_box/synt_text_box.h"
 
@@ -17,7 +17,7 @@ constexpr std::string_view kHighlight = "Highlight";
 constexpr std::string_view kRightMargin = "rightmargin";
 constexpr std::string_view kEnabled = "Enabled";
 
-// A number of 32 bits has no place in a bag of the control's; its digits have.
+// The margin has 32 bits and PropertyBag only Integers of 16, so it is stored as a text of digits.
 Stored ReadFrom(PropertyBag& bag) {
   Stored stored;
   stored.text = bag.ReadString(kText, u"");

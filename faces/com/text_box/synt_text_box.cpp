@@ -31,7 +31,7 @@ VARIANT_BOOL Truth(bool value) {
 
 }  // namespace
 
-// Identity and life.
+// Identity and lifetime.
 
 HRESULT SyntTextBox::Create(IUnknown* outer, REFIID id, void** object) {
   auto* const box = new SyntTextBox(outer);
@@ -48,7 +48,7 @@ SyntTextBox::SyntTextBox(IUnknown* outer)
 STDMETHODIMP_(ULONG) SyntTextBox::Own::Release() {
   const long left = --references_;
   if (left != 0) return static_cast<ULONG>(left);
-  // What goes with the object may take and give back a reference on its way.
+  // Members that are destroyed may AddRef and Release this object: must not delete it twice.
   references_ = 1;
   delete &box_;
   return 0;
@@ -137,7 +137,7 @@ STDMETHODIMP SyntTextBox::put_Enabled(VARIANT_BOOL value) {
   });
 }
 
-// Handles of windows have 32 bits that count.
+// Only the low 32 bits of a window handle are significant, also on 64 bits.
 STDMETHODIMP SyntTextBox::get_hWnd(LONG* value) {
   return Give(value, [&] {
     return window_ ? static_cast<LONG>(reinterpret_cast<LONG_PTR>(window_->Box())) : 0;
@@ -151,7 +151,7 @@ void SyntTextBox::ShowAll() {
   window_->Enable(isEnabled_ && isAtWork_);
 }
 
-// As it was stored, or is when it is new: nobody is told.
+// Sets the stored values, or those of a new box, without any notice.
 void SyntTextBox::Take(StringView text, bool highlight, long margin, bool enabled) {
   surface_.TxtOutput.Text(text);
   surface_.TxtOutput.Highlight(highlight);
@@ -162,7 +162,7 @@ void SyntTextBox::Take(StringView text, bool highlight, long margin, bool enable
   PictureChanged();
 }
 
-// By name.
+// IDispatch.
 
 HRESULT SyntTextBox::LoadOwnDescription() {
   return description_ ? S_OK : LoadDescription(IID__ZOLT21SyntTextBox, description_);
@@ -200,7 +200,7 @@ STDMETHODIMP SyntTextBox::Invoke(DISPID number, REFIID id, LCID /*locale*/, WORD
                                  UINT* wrongArgument) {
   if (id != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
   return Enter([&] {
-    SetErrorInfo(0, nullptr);  // a text that is there is of an earlier call
+    SetErrorInfo(0, nullptr);  // clears the error of an earlier call
     if (const HRESULT loaded = LoadOwnDescription(); FAILED(loaded)) return loaded;
     return DispInvoke(static_cast<_ZOLT21SyntTextBox*>(this), description_.Get(), number, flags,
                       arguments, result, exception, wrongArgument);
@@ -226,7 +226,7 @@ STDMETHODIMP SyntTextBox::GetGUID(DWORD kind, GUID* guid) {
   return S_OK;
 }
 
-// Whatever it is given, the box runs nothing and reads no file.
+// IObjectSafety: whatever data it is given, the box runs no code and reads no file.
 
 STDMETHODIMP SyntTextBox::GetInterfaceSafetyOptions(REFIID /*id*/, DWORD* supported,
                                                     DWORD* enabled) {

@@ -1,8 +1,8 @@
 // ZOLT21SyntTextBox as a COM control: a box of statements for any form, with the interfaces that
 // containers ask a control for.
 //
-// One thread uses it, the one that made it; calls from others are refused. It may be a part of
-// another object, and stays alive through each call and each act of a person.
+// Single-threaded: calls from threads other than the one that made it are refused. Supports
+// aggregation. It keeps itself alive through each call and each gesture of a person.
 #pragma once
 
 #include <objsafe.h>
@@ -37,7 +37,7 @@ class SyntTextBox final : public _ZOLT21SyntTextBox,
                                        OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
                                        OLEMISC_SETCLIENTSITEFIRST;
 
-  /// A new box, which may be a part of `outer`. Throws std::bad_alloc.
+  /// A new box; with `outer` not null it is aggregated. Throws std::bad_alloc.
   static HRESULT Create(IUnknown* outer, REFIID id, void** object);
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override {
@@ -139,7 +139,7 @@ class SyntTextBox final : public _ZOLT21SyntTextBox,
   STDMETHODIMP GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, SIZEL* size) override;
 
  private:
-  // The object's own identity, which does not ask the outer one.
+  // The non-delegating IUnknown of aggregation: the object's own, not the outer object's.
   class Own final : public IUnknown {
    public:
     explicit Own(SyntTextBox& box) : box_(box) {}
@@ -154,7 +154,7 @@ class SyntTextBox final : public _ZOLT21SyntTextBox,
     std::atomic<long> references_ = 1;
   };
 
-  /// The object stays, and the one that it is a part of.
+  /// A guard: keeps the object, and the outer object that aggregates it, alive for its lifetime.
   class Keep {
    public:
     explicit Keep(SyntTextBox& box) : box_(box) {
@@ -177,14 +177,14 @@ class SyntTextBox final : public _ZOLT21SyntTextBox,
   HRESULT FindInterface(REFIID id, void** object);
   HRESULT LoadOwnDescription();
 
-  /// What every entry has around it.
+  /// Wraps every COM entry point.
   template <typename Body>
   HRESULT Enter(const Body& body) noexcept {
     if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
     const Keep keep(*this);
     return Guarded(body);
   }
-  /// Reads a value into one that the caller has room for.
+  /// Reads a value into the caller's out parameter.
   template <typename Value, typename Read>
   HRESULT Give(Value* value, const Read& read) noexcept {
     if (value == nullptr) return E_POINTER;
@@ -216,12 +216,12 @@ class SyntTextBox final : public _ZOLT21SyntTextBox,
   const DWORD thread_ = GetCurrentThreadId();
   ServerLock lock_;
   Own own_{*this};
-  IUnknown* outer_;  // the object that this is a part of, which has the references, or own_
+  IUnknown* outer_;  // the outer object in aggregation, which counts the references, or own_
 
   OneBox surface_;
   long rightMargin_ = 0;
   bool isEnabled_ = true;
-  bool isAtWork_ = true;               // as the container says
+  bool isAtWork_ = true;               // user mode of the container
   std::shared_ptr<BoxWindow> window_;  // while active in place
   Pointer<ITypeInfo> description_;
 
@@ -229,9 +229,9 @@ class SyntTextBox final : public _ZOLT21SyntTextBox,
   Pointer<IOleInPlaceSite> placeSite_;  // while active in place
   Pointer<IOleInPlaceFrame> frame_;
   Pointer<IOleInPlaceUIWindow> document_;
-  bool hasUser_ = false;      // the user works in it
+  bool hasUser_ = false;      // it is UI active
   SIZEL extent_{8000, 4000};  // in hundredths of a millimetre
-  int frozen_ = 0;            // FreezeEvents that were not taken back
+  int frozen_ = 0;            // how often FreezeEvents is in force
   bool isDirty_ = false;
 
   Pointer<IOleAdviseHolder> advised_;

@@ -1,4 +1,4 @@
-// The file of the box.
+// The server file (DLL) of the box: its class and interfaces.
 #include <array>
 
 #include "faces/com/server/served.h"
