@@ -147,8 +147,8 @@ Outcome Surface::UserScroll(const Control& bar, int value) {
 }
 
 Control& Surface::Own(const Control& control) const {
-  // A person's gesture names a control that a face only reads; the surface that owns it may write
-  // it.
+  // A face passes a const control, since faces only read; the surface owns the control and may
+  // write it.
   return const_cast<Control&>(control);
 }
 

@@ -149,7 +149,7 @@ void Surface::Enter(Control& control) {
   try {
     controls_.push_back(&control);
   } catch (...) {
-    // There is always room for the controls of the form's list, and so for the rectangle.
+    // For the form's own controls room is reserved; so hasTabIndex is true when push_back throws.
     if (hasTabIndex) tabOrder_.pop_back();  // GCOVR_EXCL_BR_LINE
     throw;
   }
