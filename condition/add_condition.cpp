@@ -1,8 +1,8 @@
 // Add Condition: the boxes of the chosen kind become the head of a statement, one pass deeper than
 // the pass before.
 //
-// Only heads are written here. What Build Condition needs to close them stays behind: the markers,
-// one a kind; the conditions of Repeats; the defaults and depths of On...Cases.
+// Only heads are written here. What Build Condition needs to close them is stored: one marker per
+// kind, the conditions of Repeats, the defaults and depths of On...Cases.
 #include <utility>
 
 #include "shell/control.h"
@@ -99,7 +99,7 @@ void ZOLT20MapControl::AddRepeat() {
     mstrRepeatMark.clear();
   } else {
     mstrRepeatMark = u"value";
-    // Seen only when the statements below can't be counted any more.
+    // Visible only if StoreStatement below raises `overflow`; else it rewrites the Result.
     EndTrimmedResult(mstrRepeatHead);
   }
   StoreStatement(OnNewLine(mstrRepeatHead));
@@ -172,13 +172,13 @@ String ZOLT20MapControl::StatementBlock(StringView statement) const {
   return Concat(IndentLines(depth), Replace(statement, kLineBreak, lineStart));
 }
 
-// Behind what the Result holds already.
+// The text, with a line break before it if the Result has statements already.
 String ZOLT20MapControl::OnNewLine(StringView text) const {
   // The compiler frees a half-made text in branches of its own.
   return mintStatementCount > 0 ? Concat(kLineBreak, text) : String(text);  // GCOVR_EXCL_BR_LINE
 }
 
-// Back to the instructions, so that the next pass can nest inside this one.
+// Ends a pass: shows the instructions again, so that the next pass can nest inside this one.
 void ZOLT20MapControl::EndPass() {
   cmdSubQuery(4).Enabled(true);
   cmdFunction(4).Enabled(true);

@@ -35,8 +35,8 @@ FieldRecord TakeApart(StringView record, std::size_t firstSeparator) {
   return parts;
 }
 
-// What the name of a record begins with, of which the table is told: the name is taken apart where
-// it may end before.
+// The key of a record's table, the first characters of its name. Fast path: the record is split
+// only if a separator, and so the end of the name, may come within these characters.
 TableKey TableOf(StringView record, std::size_t firstSeparator) {
   const StringView flagAndTable =
       record.substr(firstSeparator + kSeparator.size()).substr(0, 1 + kTableLength);
@@ -51,9 +51,9 @@ struct FieldRecords::Index {
   SplitList records;
   std::size_t inReach = 0;  // the place of the first broken record, or the number of records
   TableChains tables;
-  // Answers to Mentions that took a search of the whole list.
+  // A cache: answers of Mentions that took a search of the whole list.
   mutable std::unordered_map<TableKey, bool, TableKeyHash> mentions;
-  // Answers of WithNameHolding.
+  // A cache: answers of WithNameHolding.
   mutable std::unordered_map<TableKey, Places, TableKeyHash> holding;
 
   StringView NameAt(std::size_t place) const {
@@ -118,7 +118,7 @@ bool FieldRecords::IsFlagged(StringView name) const {
   for (; place != kNoPlace; place = index.tables.Next(place)) {
     const StringView record = index.records(place);
     const std::size_t separator = FindSeparator(record);
-    // That a record can't have the name is told sooner than where its name ends.
+    // A prefix test first, which is faster than to find where the record's name ends.
     const StringView flagged = record.substr(separator + kSeparator.size());
     if (!flagged.substr(std::min<std::size_t>(1, flagged.size())).starts_with(name)) continue;
     const FieldRecord parts = TakeApart(record, separator);
@@ -162,8 +162,8 @@ void FieldRecords::FindNamesHolding(std::span<const StringView> parts) const {
   constexpr std::size_t kMostAnswers = 10'000;
   if (index.holding.size() + parts.size() > kMostAnswers) index.holding.clear();
 
-  // Parts of 8 characters are looked up at each place of a name; the few that are shorter are
-  // searched for one by one.
+  // Substrings of each name are looked up among the parts of 8 characters in a hash table; the few
+  // shorter parts are searched for one by one.
   TableFilter wanted(parts.size());
   std::vector<bool> isInAPart(std::numeric_limits<char16_t>::max() + 1U);
   std::unordered_map<TableKey, Places, TableKeyHash> found;
@@ -182,8 +182,8 @@ void FieldRecords::FindNamesHolding(std::span<const StringView> parts) const {
   }
   if (found.empty()) return;
 
-  // A part that does not stand at the beginning of a name covers one of its characters 8, 16 and so
-  // on, and most names have none there that any part has.
+  // Skips most names: a part that does not stand at the beginning of a name covers one of its
+  // places 8, 16 and so on, counted from 0, where most names have no character of any part.
   const auto add = [](Places& places, std::size_t place) {
     const auto last = static_cast<std::uint32_t>(place);
     if (places.empty() || places.back() != last) places.push_back(last);
@@ -202,7 +202,7 @@ void FieldRecords::FindNamesHolding(std::span<const StringView> parts) const {
       if (Holds(name, part)) add(found.at(TableKey(part)), place);
     }
   }
-  // Names that begin with a part are those of a table.
+  // Names that begin with a part are the records of a table: the index has them.
   for (auto& [part, places] : found) {
     if (part.length < kTableLength) continue;
     Places all;
