@@ -48,7 +48,7 @@ CheckLines CheckOf(StringView text, const language::Names* names, FindingFormat 
 std::string ExplanationOf(StringView text) {
   const std::vector<language::Node> nodes = language::ReadOutline(text);
   std::string lines;
-  std::vector<std::size_t> behindOpen;  // of the nodes told so far that go on
+  std::vector<std::size_t> behindOpen;  // the ends (`behind`) of explained nodes around node i
   for (std::size_t i = 0; i < nodes.size(); ++i) {
     if (language::IsToldByAnother(nodes[i])) continue;
     while (!behindOpen.empty() && behindOpen.back() <= i)

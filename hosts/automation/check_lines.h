@@ -1,4 +1,4 @@
-// What a check finds in a text, and what the text does in words, as lines.
+// The findings of a check of a text, and the explanation of a text, both as lines.
 #pragma once
 
 #include <string>
@@ -10,21 +10,21 @@ namespace zolt20::automation {
 
 enum class FindingFormat {
   kForPeople,  ///< `FILE:LINE:COLUMN: error: text [code]`, which editors and build servers know
-  kJson,       ///< an object a line
+  kJson,       ///< one object per line (JSON lines)
 };
 
 struct CheckLines {
   /// A line for each finding, in the order of the text.
   std::string lines;
-  bool hasErrors = false;  ///< among which no warning counts
+  bool hasErrors = false;  ///< whether a finding is an error; warnings do not count
 };
 
-/// `file` is told as it stands. In JSON:
+/// `file` stands in the lines unchanged; JSON lines leave it out:
 /// `{"line":3,"column":10,"first":43,"length":12,"code":"glued","severity":"error","text":"..."}`.
 CheckLines CheckOf(StringView text, const language::Names* names, FindingFormat format,
                    const std::string& file);
 
-/// A sentence a line for each statement and block, two blanks in for each one around it.
+/// One sentence per line for each statement and block, indented by two blanks for each level.
 std::string ExplanationOf(StringView text);
 
 }  // namespace zolt20::automation

@@ -88,7 +88,7 @@ std::optional<Mode> ModeOf(const std::string& word) {
   return std::nullopt;
 }
 
-// Nothing when the words can't be taken; the complaint is made by then.
+// nullopt when the words are wrong; the error message is written by then.
 std::optional<Options> ReadOptions(const std::vector<std::string>& words) {
   Options options;
   for (std::size_t i = 0; i < words.size(); ++i) {
@@ -132,8 +132,8 @@ int End(const std::string& lines, bool isGood) {
   return isGood ? 0 : 1;
 }
 
-// The two lists of the catalogue that was named; nothing when there is none, or it can't be read,
-// and the complaint is made by then.
+// The two lists of the catalogue of --catalogue; nullopt without one, or when it can't be read,
+// and the error message is written by then.
 std::optional<zolt20::reopen::Catalogue> ReadLists(const Options& options) {
   if (!options.catalogue.has_value()) return std::nullopt;
   try {
@@ -161,7 +161,7 @@ int WriteCheck(zolt20::StringView text, const Options& options,
 // A text of the statement language.
 int WriteOf(std::istream& input, const Options& options) {
   const std::string bytes{std::istreambuf_iterator<char>(input), std::istreambuf_iterator<char>()};
-  // The JSON library refuses what is no UTF-8.
+  // Validates UTF-8: the JSON library throws for anything else.
   try {
     static_cast<void>(nlohmann::json(bytes).dump());
   } catch (const nlohmann::json::exception&) {
@@ -203,7 +203,7 @@ int Play(std::istream& input, const Options& options) {
     const std::string reply = session.Reply(line);
     if (!quiet) {
       std::cout << reply << '\n';
-      // Whoever sends the next request may be waiting for this reply.
+      // A program that sends requests may wait for this reply before it sends the next one.
       if (!options.file.has_value()) std::cout.flush();
     } else if (reply.find("\"ok\":false") != std::string::npos) {
       std::cerr << "line " << number << ": " << reply << "\n";

@@ -1,4 +1,4 @@
-// The way back of a stored statement onto the form, as JSON.
+// The opening of a stored statement, the requests that bring it back onto the form, as JSON.
 #pragma once
 
 #include <string>
@@ -9,8 +9,8 @@
 namespace zolt20::automation {
 
 struct OpeningLine {
-  /// One object on a line: whether the same text comes again, the requests that fill the pages and
-  /// those that a person makes then, the Result, what differs in it, and why.
+  /// One line with one object: whether the stored text comes out again, the requests that fill the
+  /// pages, those that then make the Result, the Result, its differences, and the problems.
   std::string line;
   bool isEqual = false;
 };

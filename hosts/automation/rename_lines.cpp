@@ -29,7 +29,7 @@ std::vector<StringView> LinesOf(StringView text) {
   return lines;
 }
 
-// New names bring no line and take none away.
+// Renaming adds no line and removes none, so lines are compared one by one.
 void AppendDifference(std::string& out, const std::string& name, StringView before,
                       StringView after) {
   if (before == after) return;

@@ -1,4 +1,4 @@
-// New names in the rules of a file, as lines for people and build servers.
+// Renamed names in the rules of a file, as lines for people and build servers.
 #pragma once
 
 #include <span>
@@ -9,7 +9,7 @@
 
 namespace zolt20::automation {
 
-/// The places, beside clauses and heads, in which names are changed too.
+/// In which places names are renamed too, beside clauses and heads.
 struct RenamedPlaces {
   bool inStatements = false;
   bool inStrings = false;
@@ -21,7 +21,7 @@ void Choose(std::vector<rules::Change>& changes, const RenamedPlaces& places);
 /// The lines of texts and notes that change, as `diff -U0` writes them, each rule a file.
 std::string DifferenceOf(const rules::RulesContent& before, const rules::RulesContent& after);
 
-/// A line for each place that is left as it was, and at the end what was done.
+/// A line for each place that is left unchanged, and at the end a line that sums up.
 std::string RenamesDone(const rules::RulesContent& content, std::span<const rules::Change> changes);
 
 }  // namespace zolt20::automation

@@ -17,7 +17,7 @@
 namespace zolt20::automation {
 namespace {
 
-// A command line that can't be taken.
+// The words of the command line are wrong.
 class WordsError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -81,7 +81,7 @@ Options ReadOptions(const std::vector<std::string>& words) {
 }
 
 String TextOf(const std::string& word) {
-  // The JSON library refuses what is no UTF-8.
+  // Validates UTF-8: the JSON library throws for anything else.
   try {
     static_cast<void>(nlohmann::json(word).dump());
   } catch (const nlohmann::json::exception&) {

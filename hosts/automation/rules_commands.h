@@ -1,4 +1,4 @@
-// What zolt20-host does with files of rules: tells where names stand, and gives new names to them.
+// The commands of zolt20-host for files of rules: tell where names are used, and rename them.
 #pragma once
 
 #include <iosfwd>
@@ -7,11 +7,11 @@
 
 namespace zolt20::automation {
 
-/// Whether the words of a command line are for this, and not for sessions and texts.
+/// Whether the words of a command line are a command for files of rules.
 bool IsOfRules(const std::vector<std::string>& words);
 
-/// Gives the exit status: 0 when all went well, 1 when there is something that a build server
-/// should stop at, 2 for a complaint, which goes to `errors`.
+/// Runs the command and gives the exit status: 0 for success, 1 for findings that should stop a
+/// build server, 2 for an error, whose message goes to `errors`.
 int RunOnRules(const std::vector<std::string>& words, std::ostream& out, std::ostream& errors);
 
 }  // namespace zolt20::automation

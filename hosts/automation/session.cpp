@@ -32,8 +32,8 @@ class Refused : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Puts a member of a reply behind its text. A complaint may quote bytes of the line that are no
-// UTF-8.
+// Appends a member to the text of a reply. An error message may quote bytes of the line that are
+// not valid UTF-8.
 void AppendMember(std::string& reply, std::string_view key, const Json& value) {
   reply += reply.size() == 1 ? "\"" : ",\"";
   reply += key;
@@ -53,7 +53,7 @@ bool IsInteger(int number) {
   return number >= Integer::kLeast && number <= Integer::kGreatest;
 }
 
-// Takes a JSON value as one of the contract's types.
+// Converts a JSON value to a type of the contract, into the action.
 void TakeValue(const JsonValue& value, ValueType type, HostAction& action) {
   const char* expected = nullptr;
   if (type == ValueType::kString) {
@@ -103,7 +103,7 @@ std::string_view WordOf(Verb verb) {
   return kVerbs[static_cast<std::size_t>(verb)];
 }
 
-// The one verb of a request.
+// The verb of a request; BadRequest unless the request has exactly one.
 Verb VerbOf(const JsonValue& request) {
   if (!request.IsObject()) throw BadRequest("a request is a JSON object");
   std::bitset<kVerbs.size()> found;
@@ -124,7 +124,7 @@ Verb VerbOf(const JsonValue& request) {
   return *one;
 }
 
-// A set, get or call request, checked for its shape.
+// Parses a set, get or call request, without carrying it out.
 HostAction ReadAction(const JsonValue& request, Verb verb) {
   const std::string name(NeededText(request, WordOf(verb)));
   const Member* member = FindMember(name);
@@ -151,7 +151,7 @@ HostAction ReadAction(const JsonValue& request, Verb verb) {
   return action;
 }
 
-// Brackets within brackets of a line, strings aside. A JSON library walks them by recursion.
+// The depth of nested brackets in a line, outside strings. JSON libraries recurse for each level.
 int DepthOf(std::string_view line) {
   int depth = 0;
   int deepest = 0;
@@ -249,7 +249,7 @@ std::string Session::Reply(std::string_view line) {
   std::string reply;
   reply.reserve(kMostOfThem);
   reply = "{";
-  std::size_t outcome = reply.size();  // where what became of the request begins
+  std::size_t outcome = reply.size();  // where the members on the request's outcome begin
   const auto fail = [&](const char* key, const Json& reason) {
     reply.resize(outcome);
     AppendMember(reply, "ok", false);
@@ -401,7 +401,7 @@ void Session::Log(const Json& entry) {
   log_ += entry.dump();
 }
 
-// Names of the contract hold nothing that JSON writes in another way.
+// Names of the contract have no character that JSON escapes.
 void Session::LogName(std::string_view key, std::string_view name) {
   log_ += log_.empty() ? "{\"" : ",{\"";
   log_ += key;

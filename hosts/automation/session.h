@@ -1,9 +1,9 @@
 // A session of the automation host: one control, driven line by line in JSON.
 //
-// A line is a request, and each request gets one reply, whatever it holds; a line that is no
-// request changes nothing. The session is the control's host: what the control tells it goes into
-// the log of the reply, events are answered by what the `answer` requests said, and message boxes
-// are answered with OK.
+// A line is a request, and each request gets one reply, even a malformed one, which changes
+// nothing. The session is the control's host: events, messages and written properties go into the
+// log of the reply, events run the actions that `answer` requests gave, and message boxes are
+// answered with OK.
 #pragma once
 
 #include <array>
@@ -26,7 +26,7 @@ struct HostAction {
   Verb verb;
   const Member* member;
   Variant value;
-  bool overflows = false;  ///< the value is a whole number, but no 16-bit one
+  bool overflows = false;  ///< the value is a whole number that does not fit 16 bits
 };
 
 class Session final : private ControlHost {
@@ -37,8 +37,8 @@ class Session final : private ControlHost {
   /// Whether the line is blank or a comment, and gets no reply.
   static bool IsSkipped(std::string_view line);
 
-  /// Carries the request of a line out and gives the reply, a line of JSON without its line end.
-  /// Throws nothing but what comes of a lack of memory for the reply itself.
+  /// Carries out the request of a line and gives the reply, a line of JSON without its line end.
+  /// Throws only std::bad_alloc, when memory for the reply itself runs out.
   std::string Reply(std::string_view line);
 
   const ZOLT20MapControl& Control() const { return *control_; }
@@ -56,7 +56,7 @@ class Session final : private ControlHost {
   void RaiseEvent(std::size_t event);
   Variant Run(const HostAction& action);
 
-  // The value of the reply, when the request gives one.
+  // Gives the value for the reply; nullopt for a request that has none.
   std::optional<hosts::Json> CarryOut(const hosts::JsonValue& request);
   void MakeNew(const hosts::JsonValue& settings);
   void MakeNew(FormVisible visible);
@@ -68,9 +68,9 @@ class Session final : private ControlHost {
   void LogName(std::string_view key, std::string_view name);
 
   std::unique_ptr<ZOLT20MapControl> control_;
-  std::array<std::vector<HostAction>, 5> answers_;  // by event, in the order of Events()
+  std::array<std::vector<HostAction>, 5> answers_;  // for each event, in the order of Events()
   hosts::JsonReader reader_;
-  std::string log_;  // the entries, with commas between them
+  std::string log_;  // the entries of the reply's log as JSON, with commas between them
 };
 
 }  // namespace zolt20::automation

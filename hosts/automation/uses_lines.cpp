@@ -16,7 +16,7 @@ using language::Use;
 using language::UseKind;
 using language::UsePlace;
 
-// The name of a table is that of its fields, too.
+// Whether a use has this name. A table's name matches uses of its fields, too.
 bool IsCalled(const Use& use, StringView name) {
   if (use.kind == UseKind::kFunction) return use.name == name;
   if (use.table == name) return true;

@@ -1,4 +1,4 @@
-// Where names stand in the rules of a file, as lines.
+// The uses of names in the rules of a file, as lines.
 #pragma once
 
 #include <cstddef>
@@ -20,12 +20,12 @@ struct UseLines {
 /// `{"rule":"A","line":3,"column":7,"first":43,"length":13,"kind":"field","name":"CUSTOMER.C_ID",
 /// "node":"where","place":"clause"}`.
 ///
-/// With names of a catalogue those alone that it has not, strings and functions aside. With a name
-/// its uses alone: a table's are those of its fields too.
+/// With `names`, only uses of names that are missing in the catalogue, without strings and
+/// functions. With `name`, only its uses; uses of a table include those of its fields.
 UseLines UsesOf(const rules::RulesContent& content, const language::Names* names, StringView name,
                 bool asJson);
 
-/// The name of a rule within a line for people.
+/// The name of a rule as one line, for lines that people read.
 std::string OnOneLine(StringView name);
 
 }  // namespace zolt20::automation

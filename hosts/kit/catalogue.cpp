@@ -44,7 +44,7 @@ const Json& NeededArray(const Json& object, const char* key, const std::string& 
   return value;
 }
 
-// A name that must say something.
+// A required name, which must not be empty.
 const std::string& NeededName(const Json& object, const char* key, const std::string& where) {
   const std::string& name = NeededText(object, key, where);
   if (name.empty()) Complain(where, std::string("has an empty \"") + key + "\"");
@@ -108,7 +108,7 @@ Table ReadTable(const Json& json, const std::string& where) {
   return result;
 }
 
-// A text that need not be there.
+// An optional text, "" when the key is missing.
 String OptionalText(const Json& object, const char* key, const std::string& where) {
   return object.contains(key) ? FromJsonText(NeededText(object, key, where)) : String();
 }
@@ -183,8 +183,8 @@ Catalogue ReadCatalogue(const std::filesystem::path& file) {
   return ReadCatalogue(input);
 }
 
-// A text that goes into one of the lists must not hold what separates the entries there, nor end
-// so that it makes a separator together with the first character of the one that follows.
+// An entry of the lists must not hold a separator, nor end with the beginning of one, which would
+// form a separator with the first character of the separator behind it.
 std::string WhyNotListed(StringView text) {
   if (Holds(text, u",")) return "holds a comma";
   if (Holds(Concat(text, kSeparator.substr(0, 1)), kSeparator)) {

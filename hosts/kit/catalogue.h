@@ -1,9 +1,9 @@
 // A catalogue of tables, fields and functions, read from JSON and written as JSON, and the two
 // lists that a control takes it in.
 //
-// The format is told in examples/README.md. What has been read is sound: every code has 8
-// characters and stands once, every field stands once in its table, and no text that goes into a
-// list holds what separates the entries there. So the two lists always give back the catalogue.
+// examples/README.md describes the format. Invariants of a catalogue that was read: every code has
+// 8 characters and is unique, every field is unique in its table, and no text that goes into a list
+// holds a separator of that list. So the catalogue can always be read back from the two lists.
 #pragma once
 
 #include <filesystem>
@@ -17,7 +17,7 @@
 
 namespace zolt20::catalogue {
 
-/// Something is wrong with a catalogue; the message, in UTF-8, names the table or field.
+/// A catalogue is invalid or can't be read; the message, in UTF-8, names the table or field.
 class CatalogueError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -27,7 +27,7 @@ struct Field {
   String name;  ///< without the table
   String type;  ///< the type word, such as "long"
   bool flagged = false;
-  String text;  ///< the host's own, "" for none
+  String text;  ///< the host's own text for the record of the field, "" for none
 };
 
 struct Table {
@@ -39,7 +39,7 @@ struct Table {
 
 struct Function {
   String name;
-  /// Their names; one that may be left out of a call stands in brackets: "[digits]".
+  /// The names of the arguments; an optional one stands in brackets: "[digits]".
   std::vector<String> arguments;
   String kind;  ///< for people, such as "aggregate"; "" for none
   String text;  ///< what the function gives, for people; "" for none
@@ -51,21 +51,21 @@ struct Catalogue {
   std::vector<Function> functions;
 };
 
-/// Reads to the end of the input. Throws CatalogueError when it can't be read or anything in it is
-/// wrong. Keys that the format does not have are ignored.
+/// Reads a catalogue from JSON, to the end of the input. Throws CatalogueError when the input can't
+/// be read or breaks an invariant. Unknown keys are ignored.
 Catalogue ReadCatalogue(std::istream& input);
 /// The same from a file.
 Catalogue ReadCatalogue(const std::filesystem::path& file);
 
 /// The catalogue as JSON in UTF-8, which ReadCatalogue reads back the same.
 std::string WriteCatalogue(const Catalogue& catalogue);
-/// A catalogue in JSON with other functions; whatever else stands in it stays, keys that the format
-/// does not have too. Throws CatalogueError when the text or one of the functions is no
-/// catalogue's.
+/// A catalogue in JSON with its functions replaced; everything else stays, unknown keys included.
+/// Throws CatalogueError when the text is no catalogue or one of the functions is not valid in
+/// one.
 std::string WithFunctions(const std::string& json, const std::vector<Function>& functions);
 
-/// Why a text can't go into one of the two lists below: "holds a comma", or that it holds the
-/// separator of a record or makes one with what follows; "" when it can.
+/// Why a text can't be an entry of the two lists below: "holds a comma", or that it holds the
+/// separator of records or forms one with the text behind it; "" when it can.
 std::string WhyNotListed(StringView text);
 
 /// The value for PrpStrTables: each table's code with its index count, in the catalogue's order.

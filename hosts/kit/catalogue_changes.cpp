@@ -26,7 +26,7 @@ struct FieldType {
   bool isFlagged = false;
 };
 
-// The names of a catalogue with the types of its fields, which are views of the lists.
+// The names of a catalogue with the types of its fields. The types are views: the lists outlive it.
 class TypedNames {
  public:
   explicit TypedNames(const NameLists& lists) : names(lists.tables, lists.fields) {
@@ -54,7 +54,7 @@ class TypedNames {
 
 struct Candidate {
   String name;
-  int score = 0;  // less is likelier
+  int score = 0;  // the lower, the likelier
   bool isLikely = false;
 };
 
@@ -97,7 +97,7 @@ class Comparison {
   void TakeUse(const Use& use) {
     if (use.kind == UseKind::kFunction || use.place == UsePlace::kString) return;
     const String table(use.table);
-    // In a plain statement any word may have a point.
+    // In a plain statement, any word with a point looks like a field, so only known tables count.
     const bool isKnown = before_.Has(table, {}) || now_.Has(table, {});
     if (use.place == UsePlace::kStatement && !isKnown) return;
     if (fields_.find(table) == fields_.end()) tables_.push_back(table);
@@ -105,7 +105,7 @@ class Comparison {
     if (!use.name.empty() && seen_.insert(NameOf(use)).second) fields.emplace_back(use.name);
   }
 
-  // Gives the table that the fields are looked for in, "" when there is none.
+  // Compares a table; gives the table in which its fields are looked up, "" for none.
   String CompareTable(const String& table, std::vector<NameChange>& changes) const {
     if (now_.names.Find(table) != nullptr) return table;
     NameChange change;
@@ -192,7 +192,7 @@ class Comparison {
   TypedNames before_;
   TypedNames now_;
   const language::Renames& chosen_;
-  Names all_;                   // of both, for names with blanks
+  Names all_;                   // the names of both catalogues, to find names with blanks
   std::vector<String> tables_;  // in the order of their first uses
   std::unordered_map<String, std::vector<String>> fields_;
   std::set<String> seen_;
@@ -211,7 +211,7 @@ StringView WithoutBlanks(StringView text) {
   return text.substr(std::min(text.find_first_not_of(u" \t"), text.size()));
 }
 
-// In "sum ( FIELD" the word of the function before the field.
+// Whether the text before a field ends as in "sum (": the field is the function's argument.
 bool IsInSum(StringView before) {
   before = before.substr(0, before.find_last_not_of(u" \t") + 1);
   if (!before.ends_with(u'(')) return false;
@@ -223,7 +223,7 @@ bool IsInSum(StringView before) {
   return EqualIgnoringCase(word, u"sum") || EqualIgnoringCase(word, u"avg");
 }
 
-// What the field is compared with: the operator, and what follows it.
+// What a field is compared with: whether an operator follows it, and the value behind that.
 struct Compared {
   bool isCompared = false;
   bool hasPair = false;

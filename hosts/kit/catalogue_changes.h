@@ -1,5 +1,5 @@
-// What became of the names of a catalogue that rules use: gone, perhaps renamed, or of another
-// type. Hosts tell it when rules meet another catalogue than the one they were composed with.
+// Compares two catalogues for the names that rules use: names that are gone, perhaps renamed, and
+// fields with another type. Hosts show the changes when rules meet another catalogue than before.
 #pragma once
 
 #include <cstdint>
@@ -10,40 +10,40 @@
 
 namespace zolt20::rules {
 
-/// A table or a field that rules use and that is not what it was.
+/// A change of a table or a field that rules use.
 struct NameChange {
   String name;           ///< "CUSTOMER" or "CUSTOMER.C_ID"
-  bool isGone = false;   ///< otherwise it has another type, or another flag
-  bool wasThere = true;  ///< false for one that the catalogue before had not either
-  String typeBefore;     ///< of a field, "" when nobody knows
-  String typeNow;        ///< "" when it is gone
+  bool isGone = false;   ///< not in the catalogue now; otherwise its type or its flag changed
+  bool wasThere = true;  ///< false if the catalogue before did not have the name either
+  String typeBefore;     ///< the type word of a field, "" when unknown
+  String typeNow;        ///< "" when the field is gone
   bool wasFlagged = false;
   bool isFlagged = false;
-  /// What it may be called now, the likeliest first: of a table those that are new, of a field
-  /// those that are new in its table, or in the likeliest successor of that.
+  /// Names that it may have now, the likeliest first: for a table, tables that are new; for a
+  /// field, fields that are new in its table or in the likeliest successor of that table.
   std::vector<String> proposals;
-  bool isLikely = false;  ///< whether the first of them can be offered as the answer
+  bool isLikely = false;  ///< whether the first proposal can be the default answer
 };
 
-/// The changes that touch the rules, each table before its fields, in the order of their first
-/// uses. Both lists are as the control takes them. Quoted texts count for nothing. The fields of a
-/// table that is gone are looked for in the one that is chosen for it, in none where that is "",
-/// and in the likely one where nothing is chosen.
+/// The changes of names that the rules use, each table before its fields, in the order of first
+/// uses. Both lists are as the control takes them. Quoted texts are no uses here. The fields of a
+/// table that is gone are looked up in the table that `chosen` has for it, in none where that is
+/// "", and in the likely successor where `chosen` has nothing.
 std::vector<NameChange> CompareNames(const RulesContent& content, const NameLists& before,
                                      const NameLists& now, const language::Renames& chosen = {});
 
-/// Of a catalogue what the rules need of it to be compared with another: all tables, and the fields
-/// of those that they use, without what else is told of these.
+/// The part of a catalogue that a later comparison needs: all tables, and the fields of the tables
+/// that the rules use, with their types and flags alone.
 NameLists NamesUsed(const RulesContent& content, const NameLists& catalogue);
 
-/// What another type means at one place.
+/// The trouble that a changed type makes at one place of a rule.
 enum class TypeTrouble : std::uint8_t {
   kNone,
-  kTextBesideNumber,  ///< the field is a text now, and a number stands beside it
-  kNumberBesideText,  ///< the other way round
-  kPair,              ///< the field is no flagged one any more, and a pair stands beside it
-  kNoPair,            ///< it is one now, and no pair stands beside it
-  kAggregate,         ///< a sum or an average of what is no number any more
+  kTextBesideNumber,  ///< the field is a text now, and is compared with a number
+  kNumberBesideText,  ///< the field is a number now, and is compared with a text
+  kPair,              ///< the field is no longer flagged, and is compared with a pair in braces
+  kNoPair,            ///< the field is flagged now, and is compared with no pair in braces
+  kAggregate,         ///< a sum or an average of a field that is no longer a number
 };
 
 TypeTrouble TroubleOf(StringView text, const language::Use& use, const NameChange& change);

@@ -1,4 +1,4 @@
-// Catalogues as JSON for people to read: what fits a line stands in one.
+// Pretty-prints catalogues as JSON: an object or array that fits a line is written in one line.
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -16,7 +16,7 @@ constexpr std::size_t kIndent = 2;
 
 std::string InOneLine(const Json& json);
 
-// Each element with its key, if it has one, written by a function of its own.
+// Appends the elements of an array or object, each by `write` behind its key, if it has one.
 template <typename Write>
 void AppendElements(std::string& text, const Json& json, const std::string& between, Write write) {
   bool first = true;

@@ -54,7 +54,7 @@ void CheckFile(const fs::path& file) {
   if (!fs::is_regular_file(status)) Complain(cannot + PathText(file) + " is no file");
 }
 
-// Where changes of an interrupted program wait, only a program that may write can finish them.
+// A journal or log of an interrupted program needs a recovery, for which a program has to write.
 [[noreturn]] void ComplainOfWaitingChanges() {
   Complain(
       "can't be read: changes in it wait to be finished; open it once with the program that it "
@@ -67,9 +67,9 @@ bool HasBytes(const fs::path& file) {
   return !error && size > 0;
 }
 
-// How to open a file that begins so, in order that nothing is left behind. A reader of a database
-// with a write-ahead log would make the log and its index where they are missing, and not take
-// them away. Without them nobody has the database open, so all of it is in the one file.
+// The URI options to open a file with this beginning so that no file is left beside it. A reader of
+// a database in WAL mode would create the log and its index if they are missing, and not remove
+// them. If they are missing, nobody has the database open and all of it is in the one file.
 std::string OpeningOptions(const fs::path& file, const std::string& beginning) {
   if (beginning[kReadVersionAt] != kReadVersionOfLog) return {};
   fs::path log = file;
@@ -83,7 +83,7 @@ std::string OpeningOptions(const fs::path& file, const std::string& beginning) {
   return "?readonly_shm=1";
 }
 
-// The file as a URI, with every byte escaped that could mean something in one.
+// The file as a URI, with every byte percent-encoded that has a meaning in URIs.
 std::string Uri(const fs::path& file) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   const std::string path = PathText(file);
@@ -106,7 +106,7 @@ std::string Uri(const fs::path& file) {
 
 // ---- the database
 
-// What SQLite says when it can't do something.
+// An error of SQLite, with its message.
 class Failure : public std::runtime_error {
  public:
   explicit Failure(sqlite3* database)
@@ -115,7 +115,7 @@ class Failure : public std::runtime_error {
   int Code() const { return code_; }
 
  private:
-  // By way of 16-bit characters, since a name in it need not be valid UTF-8.
+  // Read as 16-bit characters, since a name in the message need not be valid UTF-8.
   static std::string Reason(sqlite3* database) {
     const auto* reason = static_cast<const char16_t*>(sqlite3_errmsg16(database));
     if (reason == nullptr) return "out of memory";
@@ -154,8 +154,8 @@ Connection Connect(const fs::path& file, const std::string& options) {
   return connection;
 }
 
-// The first bytes of the file, "" when they are not those of a database. A stream would do, were
-// it not that closing it takes away the locks of all connections that this program has to the file.
+// The first bytes of the file, "" when they are not those of a database. Not read by a stream:
+// closing one drops the POSIX locks that all connections of this program have on the file.
 std::string Beginning(const Connection& connection) {
   sqlite3_file* file = nullptr;
   sqlite3_file_control(connection.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
@@ -167,7 +167,7 @@ std::string Beginning(const Connection& connection) {
 
 Connection Open(const fs::path& file) {
   CheckFile(file);
-  // SQLite keeps the companions of a database where its links lead.
+  // SQLite keeps journal and log beside the real file, not beside a link to it.
   std::error_code error;
   const fs::path real = fs::canonical(file, error);
   if (error) Complain("can't be read: " + PathText(file) + ": " + error.message());
@@ -189,7 +189,7 @@ class Statement {
     if (code != SQLITE_OK) throw Failure(database_);
   }
 
-  /// Starts again, with a value of another statement's row in the place of ?1.
+  /// Resets the statement, and binds a column of another statement's row to ?1.
   void Start(const Statement& other, int column) {
     sqlite3_reset(statement_.get());
     sqlite3_bind_value(statement_.get(), 1, sqlite3_column_value(other.statement_.get(), column));
@@ -232,12 +232,12 @@ constexpr const char* kHasVirtualTables =
     "select exists(select 1 from sqlite_schema where type = 'table' and rootpage = 0)";
 constexpr const char* kShadowTables =
     "select name from pragma_table_list where schema = 'main' and type = 'shadow'";
-// Generated columns have numbers above 1.
+// `hidden` is 1 for hidden columns, and above 1 for generated ones, which are read.
 constexpr const char* kColumns =
     "select name, type from pragma_table_xinfo(?1, 'main') where hidden <> 1 order by cid";
 constexpr const char* kIndexCount = "select count(*) from pragma_index_list(?1, 'main')";
 
-// The tables in which virtual tables keep what they hold.
+// The shadow tables, in which virtual tables keep their content.
 std::set<String> ShadowTables(const Connection& connection) {
   std::set<String> names;
   Statement hasVirtualTables(connection, kHasVirtualTables);
@@ -268,7 +268,7 @@ class TableReader {
 
  private:
   void ReadTable() {
-    // Bound before they are read as text, which turns the name into 16-bit characters.
+    // Bound before Text(), which converts the stored name to 16-bit characters.
     columns_.Start(tables_, 0);
     indexCount_.Start(tables_, 0);
     FoundTable table;
@@ -284,7 +284,7 @@ class TableReader {
       indexCount_.Step();
       table.indexes = indexCount_.Number(0);
     } catch (const Failure& failure) {
-      // A view of a table that is gone, a module that is not there: the rest can still be read.
+      // For example a view of a missing table, or a missing module: other tables can still be read.
       if (failure.Code() != SQLITE_ERROR) throw;
       table.unreadable = failure.what();
     }
@@ -317,7 +317,7 @@ DatabaseCatalogue ReadDatabase(const fs::path& file) {
     DatabaseCatalogue result;
     result.catalogue.name = hosts::FromJsonText(PathText(file.stem()));
     result.catalogue.functions = SqliteFunctions();
-    Statement(connection, "begin").Step();  // so that all is read of one state
+    Statement(connection, "begin").Step();  // one transaction, to read one consistent state
     TableReader(connection, result).ReadAll();
     GiveCodes(result.catalogue.tables);
     return result;

@@ -13,7 +13,7 @@ std::string Utf8(StringView text) {
   return hosts::TakeStandIns(hosts::ToJsonText(text));
 }
 
-// Why a table or column can't be told by its name, "" when it can.
+// Why a table or column has no usable name, "" when it has one.
 std::string WhyNoName(const StoredText& name) {
   if (name.text.empty()) return "it has no name";
   if (!name.isExact) return "its name is no valid text";
@@ -27,7 +27,7 @@ std::string WhyNoColumn(const StoredText& name) {
   return notListed.empty() ? std::string() : "its name " + notListed;
 }
 
-// The declared type as the text of a field, in which a comma can't stand.
+// The declared type as the text of a field, with "." for each comma.
 String DeclaredText(const StoredText& declared, const std::string& column,
                     std::vector<std::string>& leftOut) {
   String text = Replace(declared.text, u",", u".");

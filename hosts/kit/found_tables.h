@@ -1,5 +1,5 @@
-// What databases tell of their tables, on its way into a catalogue: what can't stand in one is left
-// out, and each piece left out is told by name.
+// Puts the tables of databases into a catalogue. Tables and columns that can't be in a catalogue
+// are left out, and each is reported by name.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@ namespace zolt20::catalogue {
 /// A text of a database in 16-bit characters.
 struct StoredText {
   String text;
-  bool isExact = true;  ///< whether it is that text to the letter; bytes that are no text are lost
+  bool isExact = true;  ///< false when bytes of the database were no valid text and are lost
 };
 
 struct FoundColumn {
@@ -27,11 +27,11 @@ struct FoundTable {
   StoredText name;
   std::int64_t indexes = 0;
   std::vector<FoundColumn> columns;
-  std::string unreadable;  ///< why its columns can't be read, "" when they can
+  std::string unreadable;  ///< why the columns can't be read, "" when they can
 };
 
-/// Puts a table into the catalogue, without a code, or tells why it is left out. Columns that are
-/// left out are told before it.
+/// Adds a table to the catalogue, without a code, or adds to `leftOut` why it is left out. Lines
+/// for columns that are left out come first.
 void AddTable(DatabaseCatalogue& result, const FoundTable& found);
 
 }  // namespace zolt20::catalogue

@@ -1,5 +1,5 @@
-// The functions that hosts offer where a database does not tell them itself: its names alone say
-// neither what an argument is for nor whether a statement has any use of a function.
+// The functions that hosts offer for databases. A database can only list names, which tell neither
+// what an argument is for nor whether a statement can use a function.
 #pragma once
 
 #include <vector>
@@ -8,8 +8,8 @@
 
 namespace zolt20::catalogue {
 
-/// The functions of SQLite that a statement can use, kind by kind, by their names in each kind.
-/// Those that tell of the connection, load extensions or need a window are not among them.
+/// The functions of SQLite that a statement can use, sorted by kind and by name. Functions on the
+/// connection, for extensions or for windows are not among them.
 std::vector<Function> SqliteFunctions();
 
 /// The functions that the database servers have in common, in the same order.

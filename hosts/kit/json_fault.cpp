@@ -17,7 +17,7 @@ bool BeginsCharacter(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
 }
 
-// Follows a text and stops at the first thing to complain of.
+// A SAX handler that stops at the first fault and keeps its message.
 class Follower final : public nlohmann::json_sax<Json> {
  public:
   explicit Follower(std::string_view text) : text_(text) {}
@@ -70,7 +70,7 @@ class Follower final : public nlohmann::json_sax<Json> {
   }
 
   std::string_view text_;
-  std::vector<std::set<std::string>> keys_;  // of each object that is open, and an array's none
+  std::vector<std::set<std::string>> keys_;  // the keys of each open object; empty for an array
 };
 
 bool IsHigh(char16_t unit) {

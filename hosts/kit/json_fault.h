@@ -1,4 +1,4 @@
-// What is wrong with a text that should be JSON, in words for people.
+// Error messages for texts that should be JSON.
 #pragma once
 
 #include <cstddef>
@@ -7,18 +7,18 @@
 
 namespace zolt20::hosts {
 
-/// Deeper values could run readers and writers out of stack.
+/// The limit of nesting: deeper values could overflow the stack of recursive readers and writers.
 inline constexpr std::size_t kDeepestJson = 100;
 
-/// Whether brackets are nested deeper than that, up to the first character that is no JSON.
+/// Whether brackets outside of strings are nested deeper than the limit. The text may be no JSON.
 bool IsTooDeep(std::string_view text);
 
-/// "is no JSON: reading stops at line 2, column 7", and so on: where the text, in UTF-8 with
-/// stand-ins, is no JSON, a key that stands twice in one place, of which one would be lost, or that
-/// it is too deep. "" when nothing is wrong.
+/// The error message for a text in UTF-8 with stand-ins: "is no JSON: reading stops at line 2,
+/// column 7"; a duplicate key in an object, of which one value would be lost; or nesting beyond the
+/// limit. "" when nothing is wrong.
 std::string FaultIn(std::string_view text);
 
-/// A text in UTF-8 for people, who see "?" for half of a pair.
+/// A text in UTF-8 for people, with "?" for each lone surrogate.
 std::string ForPeople(std::string_view jsonText);
 
 }  // namespace zolt20::hosts

@@ -10,7 +10,7 @@ namespace zolt20::hosts {
 
 namespace {
 
-// Passes on what a reader finds, and remembers a number with a fraction or an exponent.
+// A handler that passes all to the document, and notes numbers with a fraction or an exponent.
 template <typename Document>
 struct Watch {
   Document& document;
@@ -41,15 +41,16 @@ struct Watch {
   bool EndArray(rapidjson::SizeType size) { return document.EndArray(size); }
 };
 
-// Without full precision: numbers with a fraction or an exponent are read once more, as the other
-// library writes them.
+// Without full precision: a line with a fraction or an exponent is parsed again, as nlohmann::json
+// writes it.
 constexpr unsigned kAsWritten = rapidjson::kParseInsituFlag | rapidjson::kParseValidateEncodingFlag;
 
 }  // namespace
 
 const JsonValue& JsonReader::Read(std::string_view line) {
   if (Parse<kAsWritten>(line) != Outcome::kRead) {
-    // The other library names the place of a fault and takes a few lines more, and 0e99 is 0 to it.
+    // nlohmann::json decides: it names the place of a fault, accepts a few more lines, and reads
+    // 0e99 as 0.
     Parse<kAsWritten | rapidjson::kParseFullPrecisionFlag>(Json::parse(line).dump());
   }
   return document_;
@@ -58,7 +59,7 @@ const JsonValue& JsonReader::Read(std::string_view line) {
 template <unsigned kFlags>
 JsonReader::Outcome JsonReader::Parse(std::string_view line) {
   line_ = line;
-  // A character that is cut off at the end is read for as long as its first byte says.
+  // Padding: RapidJSON reads a truncated UTF-8 character for as many bytes as its lead byte tells.
   line_.append(3, '\0');
   document_.SetNull();
   values_.Clear();

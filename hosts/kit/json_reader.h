@@ -1,7 +1,7 @@
-// Lines of JSON read one behind the other, at the pace of RapidJSON. The values stand in memory
-// that the next line takes over, so a line costs no allocation. What a line is, which value of a
-// repeated key holds and what is said of a line that is no JSON are as nlohmann::json has them,
-// which writes the replies.
+// Reads lines of JSON one behind the other, by RapidJSON for its speed. The values live in a buffer
+// that the next line reuses, so a line costs no allocation. It accepts the same lines, takes the
+// same value of a duplicate key and gives the same error messages as nlohmann::json, which writes
+// the replies.
 #pragma once
 
 #include <rapidjson/document.h>
@@ -17,15 +17,15 @@ namespace zolt20::hosts {
 using Json = nlohmann::ordered_json;
 using JsonValue = rapidjson::Value;
 
-/// Reads lines. Neither copied nor moved, since the values point into it.
+/// Reads lines. Neither copied nor moved, since its values point into it.
 class JsonReader {
  public:
   JsonReader() = default;
   JsonReader(const JsonReader&) = delete;
   JsonReader& operator=(const JsonReader&) = delete;
 
-  /// The value of a line in UTF-8, its lone surrogates as stand-ins. It stands until the next call.
-  /// Throws nlohmann::json::exception for what is no JSON, and then there is no value.
+  /// The value of a line in UTF-8, lone surrogates as stand-ins. Valid until the next call. Throws
+  /// nlohmann::json::exception for a line that is no JSON; then there is no value.
   const JsonValue& Read(std::string_view line);
 
  private:
@@ -35,14 +35,14 @@ class JsonReader {
   using Memory = std::array<char, 4096>;
   enum class Outcome { kRead, kDouble, kFault };
 
-  // By flags of RapidJSON.
+  // Parses a line with these flags of RapidJSON.
   template <unsigned kFlags>
   Outcome Parse(std::string_view line);
 
   static constexpr std::size_t kStackBytes = 1024;
-  // That of std::max_align_t differs between files of one program where Windows has 32 bits.
+  // Not that of std::max_align_t, which differs between files of one program on 32-bit Windows.
   static constexpr std::size_t kAlignment = alignof(JsonValue);
-  std::string line_;  // what is read; its strings are decoded where they stand
+  std::string line_;  // a copy of the line, in which RapidJSON decodes strings in place
   alignas(kAlignment) Memory valueMemory_{};
   alignas(kAlignment) Memory stackMemory_{};
   Pool values_{valueMemory_.data(), valueMemory_.size()};
@@ -50,11 +50,11 @@ class JsonReader {
   Document document_{&values_, kStackBytes, &stack_};
 };
 
-/// The value of a key, of several the last; null when there is none.
+/// The value of a key, the last one of a duplicate key; null when there is none.
 const JsonValue* FindValue(const JsonValue& object, std::string_view key);
-/// The characters of a string; they stand as long as the value does.
+/// The characters of a string; valid as long as the value.
 std::string_view TextOf(const JsonValue& string);
-/// A value to be changed or written.
+/// A copy of a value that can be changed or written.
 Json ToJson(const JsonValue& value);
 
 }  // namespace zolt20::hosts

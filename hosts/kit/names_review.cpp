@@ -60,7 +60,7 @@ void NamesReview::Look() {
   }
 }
 
-// Every name is looked for; one that stays gets the name that it has, or its table's new one.
+// New names for all reviewed names: a name without a choice keeps its own, in its table's new name.
 language::Renames NamesReview::Wanted() const {
   language::Renames wanted;
   for (const ReviewedName& name : all_) {
@@ -109,7 +109,7 @@ std::vector<String> NamesReview::Offered(std::size_t name) const {
 void NamesReview::Choose(std::size_t name, const String& after) {
   const String before = all_[name].change.name;
   chosen_[before] = after;
-  // Fields of a table are others' then.
+  // Choices for fields of the table's former successor no longer apply.
   if (!IsField(before)) {
     std::erase_if(chosen_, [&](const auto& each) {
       return IsField(each.first) && TableOf(each.first) == before;

@@ -1,8 +1,8 @@
-// What a person decides when rules meet another catalogue: a new name for each one that is gone,
-// and each place of it. Hosts show it between finding the changes and making them.
+// The decisions of a person when rules meet another catalogue: a new name for each name that is
+// gone, and for each place whether it changes. Hosts show them before they make the changes.
 //
-// A likely proposal counts as decided until the person says otherwise, and a place that can mean
-// nothing but the name as taken. Other places have to be taken one by one.
+// Defaults: a likely proposal is chosen, and a place that can mean nothing but the name is taken.
+// The person has to take other places one by one.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@
 namespace zolt20::rules {
 
 struct ReviewedPlace {
-  Change change;  ///< its `after` is its `before` where there is no other name
+  Change change;  ///< `after` equals `before` when no new name is chosen
   TypeTrouble trouble = TypeTrouble::kNone;
 
   bool CanChange() const { return change.after != change.before; }
@@ -26,30 +26,30 @@ struct ReviewedPlace {
 
 struct ReviewedName {
   NameChange change;
-  String chosen;                      ///< the new name, "" to leave it
-  std::vector<ReviewedPlace> places;  ///< of a name with another type those with trouble alone
+  String chosen;                      ///< the new name, "" to keep the old one
+  std::vector<ReviewedPlace> places;  ///< for a field with another type only those with trouble
 };
 
 class NamesReview {
  public:
-  /// The content must not change as long as this is there. Both lists are as the control takes
-  /// them, `before` those that the rules were composed with, empty when nobody knows.
+  /// The content has to outlive the review unchanged. Both lists are as the control takes them;
+  /// `before` is the catalogue that the rules were composed with, empty when unknown.
   NamesReview(const RulesContent& content, NameLists before, NameLists now);
 
-  /// Each table before its fields. The places of fields that go along with their table stand at it.
+  /// Each table before its fields. Places of fields that only change with their table belong to it.
   const std::vector<ReviewedName>& names() const { return all_; }
-  /// What a name that is gone may be called: the proposals, then all other tables of the catalogue,
-  /// or fields of the table that has its place. Empty for one that is not gone.
+  /// The new names to choose from for a name that is gone: the proposals, then all other tables of
+  /// the catalogue, or fields of its table's successor. Empty for a name that is not gone.
   std::vector<String> Offered(std::size_t name) const;
-  /// Gives a name that is gone this new one, "" for none. Both lists of this are other ones then,
-  /// since the fields of a table are looked for in what takes its place.
+  /// Chooses a new name for a name that is gone, "" for none. It rebuilds names(), since the fields
+  /// of a table are looked up in its successor; indexes and references into it become invalid.
   void Choose(std::size_t name, const String& after);
-  /// Takes a place, or leaves it out.
+  /// Sets whether a place is taken, so that it changes.
   void Take(std::size_t name, std::size_t place, bool isTaken);
 
-  /// All places that can change, in the order of the rules, chosen or not.
+  /// All places that can change, in the order of the rules, taken or not.
   std::vector<Change> Changes() const;
-  /// How many of them are chosen.
+  /// How many places are taken.
   std::size_t CountChosen() const;
   /// How many rules have any of the places.
   std::size_t CountRules() const;
@@ -72,14 +72,14 @@ class NamesReview {
   NameLists now_;
   language::Names namesNow_;
   language::Names both_;
-  language::Renames chosen_;  // by the person; "" to leave one
+  language::Renames chosen_;  // the person's choices; "" to keep a name
   std::map<PlaceKey, bool> taken_;
   std::vector<ReviewedName> all_;
-  std::map<String, std::size_t> placeOf_;  // of each name among all
+  std::map<String, std::size_t> placeOf_;  // the index of each name in all_
 };
 
-/// Whether a change tells something about the catalogue: a name that neither catalogue has is the
-/// rule's own affair.
+/// Whether a change comes from the catalogue. False for a name that neither catalogue has: that is
+/// a mistake of the rule.
 bool IsOfCatalogue(const NameChange& change);
 
 }  // namespace zolt20::rules

@@ -10,7 +10,7 @@
 namespace zolt20::hosts {
 namespace {
 
-// The gesture of that word which the control has, or else the first one of that word.
+// Several gestures have one word: the one that the control offers, or else the first one.
 const GestureDesign& DesignOf(std::string_view word, const Control* control) {
   const GestureDesign* found = nullptr;
   for (const GestureDesign& design : kGestures) {
@@ -22,7 +22,7 @@ const GestureDesign& DesignOf(std::string_view word, const Control* control) {
   return *found;
 }
 
-// The marked characters, or the caret, of a key.
+// The marked characters of a key, or its caret; nullopt when the request has neither.
 std::optional<TextMark> MarkOf(const JsonValue& request) {
   const bool isMarked = FindValue(request, "to") != nullptr;
   if (FindValue(request, "from") == nullptr) {

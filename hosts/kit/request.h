@@ -1,4 +1,4 @@
-// Requests in JSON lines: their parts, checked, and gestures read and written.
+// Requests in JSON lines: reads their parts with checks, and reads and writes gestures.
 #pragma once
 
 #include <stdexcept>
@@ -16,7 +16,7 @@ class BadRequest : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// A text as it would stand in a request.
+/// A text in quotes, with escapes, as in a request.
 std::string Quoted(std::string_view text);
 
 // Parts of a request, which is an object. They throw BadRequest when the request has no such part,
@@ -24,20 +24,20 @@ std::string Quoted(std::string_view text);
 
 const JsonValue& Needed(const JsonValue& request, std::string_view key);
 std::string_view NeededText(const JsonValue& request, std::string_view key);
-/// A whole number, however it is written: 2.0 is one. Held within the range of `int`.
+/// A whole number in any notation, 2.0 included. Clamped to the range of `int`.
 int NeededWhole(const JsonValue& request, std::string_view key);
 
 bool IsWhole(const JsonValue& value);
-/// The value of a whole number, held within the range of `int`.
+/// The value of a whole number, clamped to the range of `int`.
 int WholeNumber(const JsonValue& value);
 
-/// The gesture of a `user` request, on a control of the form. The row is not looked at. Throws
-/// BadRequest for what is no gesture, or none of that control; raises `overflow` for a code or a
-/// page outside of 16 bits.
+/// The gesture of a `user` request, on a control of the form. Whether the row exists is not
+/// checked. Throws BadRequest for an unknown gesture, or one that the control does not have; raises
+/// `overflow` for a code or a page that does not fit 16 bits.
 UserGesture ReadGesture(const JsonValue& request, const Surface& form);
 /// The request that makes the gesture.
 Json WriteGesture(const UserGesture& gesture);
-/// The same for a control that goes by its name.
+/// The same, with the name of the gesture's control.
 Json WriteGesture(const UserGesture& gesture, std::string_view control);
 
 }  // namespace zolt20::hosts

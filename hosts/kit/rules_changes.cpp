@@ -17,7 +17,7 @@ using language::UsePlace;
 
 constexpr std::size_t kTableLength = 8;
 
-// Whether the place can mean nothing but the name.
+// Whether the place can mean nothing but the name, so that it is chosen by default.
 bool IsSure(const Change& change) {
   if (change.isVariable) return change.place != UsePlace::kString;
   return change.place == UsePlace::kClause || change.place == UsePlace::kHead;
@@ -69,8 +69,8 @@ String Changed(StringView text, std::span<const Change> changes, bool inNote) {
   return result;
 }
 
-// What the name of a record becomes: as the text has it by now; one that does not stand in the text
-// goes with its table. "" for no change.
+// The new name of a field record: the one that the text has now. A name that is not in the text is
+// renamed with its table. "" for no change.
 String RecordName(StringView name, std::span<const Change> changes) {
   bool stands = false;
   for (const Change& change : changes) {
@@ -86,7 +86,7 @@ String RecordName(StringView name, std::span<const Change> changes) {
   return {};
 }
 
-// The name of a record, or what a function makes of a field, with the names as the text has them.
+// The name of a record, or a function's call on a field, with the names that the text has now.
 String ChangedName(StringView name, std::span<const Change> changes, const language::Names& names) {
   String after = RecordName(name, changes);
   if (!after.empty()) return after;
@@ -112,7 +112,7 @@ String ChangedFields(StringView fields, std::span<const Change> changes,
       result += record;
       continue;
     }
-    // The flag, which a record of a function has not.
+    // Skips the flag, which the record of a function does not have.
     const std::size_t flag = pieces[1].starts_with(u'Y') || pieces[1].starts_with(u'N') ? 1 : 0;
     const std::size_t at = pieces[0].size() + kSeparator.size();
     result += record.substr(0, at + flag);

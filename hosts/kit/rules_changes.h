@@ -1,5 +1,5 @@
-// New names in the rules of a file: first the places are looked for, then all or some of them are
-// changed in one step. Hosts show the places between the two.
+// Renaming in the rules of a file: FindChanges finds the places, the host shows them, and
+// MakeChanges changes all or some of them in one step.
 #pragma once
 
 #include <cstddef>
@@ -15,10 +15,10 @@
 
 namespace zolt20::rules {
 
-/// One place of a name that has another one now.
+/// One place where a name is to be replaced by a new one.
 struct Change {
-  std::size_t rule = 0;   ///< its place among the rules
-  bool isInNote = false;  ///< and not in the text
+  std::size_t rule = 0;   ///< the index of the rule
+  bool isInNote = false;  ///< in the note of the rule, not in its text
   std::size_t first = 0;  ///< in the text or the note, from 0
   std::size_t length = 0;
   std::size_t line = 1;
@@ -27,36 +27,36 @@ struct Change {
   language::UsePlace place = language::UsePlace::kClause;
   bool isVariable =
       false;      ///< whether it is the name of a variable, which has to go with its field
-  String before;  ///< what stands there
+  String before;  ///< the text of the place now
   String after;
-  bool isChosen = false;  ///< whether it is to be made
+  bool isChosen = false;  ///< whether MakeChanges changes the place
 };
 
-/// With its table.
+/// The name of a use, with its table.
 String NameOf(const language::Use& use);
 
-/// What a node is, for people: a head or a closing line is told by its statement.
+/// The kind of a node as people know it: for a head or a closing line that of its statement.
 language::NodeKind KindOf(const std::vector<language::Node>& nodes, std::size_t node);
 
-/// Every place of the names in the texts and the notes, rule by rule. Those in clauses and in heads
-/// are chosen, and variables that the control names by fields; plain statements, quoted texts and
-/// notes need not mean the catalogue. `names` are the catalogue's, so that names with blanks are
-/// known, and must have all old names.
+/// Every place of the old names in texts and notes, rule by rule. Places in clauses and heads are
+/// chosen, and variables that the control names after fields; in plain statements, quoted texts and
+/// notes a word need not mean the catalogue. `names` are those of the catalogue, by which names
+/// with blanks are found, and must have all old names.
 std::vector<Change> FindChanges(const RulesContent& content, const language::Renames& renames,
                                 const language::Names& names);
 
-/// Makes those that are chosen, which are in the order in which they were found, and gives the
-/// places of the rules that are others now. The field records of a rule follow its text.
+/// Makes the chosen changes, which have to be in the order of FindChanges, and gives the indexes of
+/// the changed rules. The field records of a rule are renamed with its text.
 std::vector<std::size_t> MakeChanges(RulesContent& content, std::span<const Change> changes,
                                      const language::Names& names, const String& now);
 
-/// Whether a name is one of a table, of 8 characters, or of a field of one; "" when it is, and
-/// otherwise why not.
+/// Why a name is neither that of a table, of 8 characters, nor of a field in one; "" when it is
+/// valid.
 std::string WhyNoName(StringView name);
 bool IsField(StringView name);
 
-/// A name that the chosen changes give to two, or that another one has already at such places; ""
-/// for none. The way back would not know them apart.
+/// A new name that the chosen changes would give to two old names, or that is in use already at
+/// such places; "" for none. Renaming back could not tell the two apart.
 String FindMerged(const RulesContent& content, std::span<const Change> changes,
                   const language::Names& names);
 

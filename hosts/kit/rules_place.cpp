@@ -26,7 +26,7 @@ std::string Reason() {
   return std::generic_category().message(errno);
 }
 
-// The file behind all links.
+// The file that the links lead to.
 std::string TargetOf(const std::string& path) {
   std::error_code failure;
   const std::filesystem::path target = std::filesystem::weakly_canonical(path, failure);
@@ -39,7 +39,7 @@ std::string HostName() {
   return name.data();
 }
 
-// Whether the program that made the lock has ended. One of another machine may still be there.
+// Whether the lock is stale: its program has ended. One of another machine may still be running.
 bool IsLeft(const std::string& lock) {
   std::ifstream file(lock);
   std::string process;
@@ -62,7 +62,7 @@ bool WriteAll(int handle, const std::string& bytes) {
   return true;
 }
 
-// A kind of disk that can't tell says EINVAL.
+// Syncs to the disk. File systems without sync fail with EINVAL, which counts as success.
 bool ReachesDisk(int handle) {
   return ::fsync(handle) == 0 || errno == EINVAL;
 }

@@ -1,5 +1,5 @@
-// Files of rules on the disk, for hosts without a toolkit: the lock that composers know, reading
-// and writing a file whole. Complaints are RulesErrors and begin with the path as it was given.
+// Files of rules on the disk, for hosts without a toolkit: the lock file that composers know, and
+// reading and atomic writing of a file. Errors are RulesErrors that begin with the path as given.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace zolt20::rules {
 
-/// The right to write a file: FILE.lock beside it, in the form of composers. One whose program is
-/// gone is taken over.
+/// The right to write a file: a lock file FILE.lock beside it, in the format of composers. A stale
+/// lock, whose program has ended, is taken over.
 class RulesLock {
  public:
   /// Throws when the file is open in a composer or another host, and where no lock can be made.
@@ -25,9 +25,9 @@ class RulesLock {
 
 std::string ReadWhole(const std::string& path);
 
-/// All bytes or none: they are written into another file of the same folder, which takes the place
-/// and the permissions of the old one when all of it is on the disk; behind links, of the file they
-/// lead to. The old file is whole when it throws, and when the program or the machine ends.
+/// Writes atomically, all bytes or none: into a temporary file of the same folder, which replaces
+/// the old file, with its permissions, once all bytes are on the disk. Links are followed. The old
+/// file is intact when this throws, and when the program or the machine stops in it.
 void WriteWhole(const std::string& path, const std::string& bytes);
 
 }  // namespace zolt20::rules

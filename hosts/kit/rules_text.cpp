@@ -26,7 +26,7 @@ constexpr unsigned kVersion = 2;
   throw RulesError(where + " " + complaint);
 }
 
-// Of which a reader would take one and lose the others.
+// Duplicate keys: a reader would take one value and lose the others.
 bool HasKeyTwice(const JsonValue& value) {
   if (value.IsArray()) {
     return std::any_of(value.Begin(), value.End(), HasKeyTwice);
@@ -44,7 +44,7 @@ bool HasKeyTwice(const JsonValue& value) {
   return false;
 }
 
-// The document stands in the reader.
+// The document lives in the reader.
 const JsonValue& Parse(hosts::JsonReader& reader, std::string_view bytes,
                        const std::string& where) {
   if (bytes.empty()) Complain(where, "is empty");
@@ -67,7 +67,7 @@ const JsonValue& Needed(const JsonValue& object, const std::string& key, const s
   return *value;
 }
 
-// As it stands in the JSON.
+// The string as the JSON has it, in UTF-8 with stand-ins.
 std::string_view NeededString(const JsonValue& object, const std::string& key,
                               const std::string& where) {
   const JsonValue& value = Needed(object, key, where);
@@ -123,7 +123,7 @@ void CheckFormat(const JsonValue& document, const std::string& where) {
   Complain(where, "has a \"version\" " + number + ", which there is not");
 }
 
-// `what` it is, a rule or one of the bin; `where` becomes where the rest of it is complained of.
+// `what` names the record, a rule or one of the bin. `where` is extended by it for later errors.
 Rule ReadRule(const JsonValue& record, const char* what, std::size_t number, std::string& where) {
   where += std::string(": ") + what;
   const std::string numbered = where + " number " + std::to_string(number);
@@ -149,7 +149,7 @@ KeptVersion ReadVersion(const JsonValue& record, const std::string& where) {
   return KeptVersion(WriteVersion(version));
 }
 
-// All of the record but the rule itself.
+// Everything in the record except the rule itself.
 RuleExtras ReadExtras(const JsonValue& record, bool isDeleted, const std::string& where) {
   RuleExtras extras;
   extras.stored = TextIfThere(record, "stored", where);

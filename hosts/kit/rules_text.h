@@ -1,9 +1,9 @@
-// What stands in a file of rules, and its text, which is JSON in UTF-8: see
-// hosts/composer/rules_file.h for its form. Hosts read and write it here and nowhere else.
+// The content of a file of rules, and its text, which is JSON in UTF-8: see
+// hosts/composer/rules_file.h for the format. Hosts read and write it here and nowhere else.
 //
-// What is read and written again is the same value, unknown keys included, each behind the known
-// keys of its place. Versions are kept as the file has them and read when somebody asks, since they
-// are nearly all of a file and hardly ever looked at.
+// Reading and writing is a round trip: the same value comes out, with unknown keys, which move
+// behind the known keys of their object. Versions are parsed lazily: they are nearly all of a file
+// and seldom used.
 #pragma once
 
 #include <optional>
@@ -17,8 +17,8 @@
 
 namespace zolt20::rules {
 
-/// What goes wrong with a file of rules or with a name; the message, in UTF-8, is for the person
-/// and names the file.
+/// An error with a file of rules or with a name; the message, in UTF-8, is for the person and names
+/// the file.
 class RulesError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -27,16 +27,16 @@ class RulesError : public std::runtime_error {
 struct Rule {
   String name;    ///< not ""; no two rules of a file have the same
   String text;    ///< the statement
-  String fields;  ///< the field records that came with it
+  String fields;  ///< the field records that the statement was composed with
 
   bool operator==(const Rule&) const = default;
 };
 
-/// A text that a rule had before.
+/// A former text of a rule.
 struct Version {
   String text;
   String fields;
-  String stored;  ///< when it was put: "2026-01-31T23:59:59Z", "" when nobody knows
+  String stored;  ///< when the text was stored: "2026-01-31T23:59:59Z", "" when unknown
 
   bool operator==(const Version&) const = default;
 };
@@ -44,16 +44,16 @@ struct Version {
 /// A rule in the bin.
 struct DeletedRule {
   Rule rule;
-  String deleted;  ///< when, as above
+  String deleted;  ///< when the rule was deleted, in the format of `stored`
 
   bool operator==(const DeletedRule&) const = default;
 };
 
-/// A version as the file has it.
+/// A version as its JSON text in the file, parsed by Read().
 class KeptVersion {
  public:
   explicit KeptVersion(const Version& version);
-  /// As it is written, which is taken to be sound.
+  /// `written` has to be the JSON text of a valid version.
   explicit KeptVersion(std::string written) : written_(std::move(written)) {}
 
   Version Read() const;
@@ -63,13 +63,13 @@ class KeptVersion {
   std::string written_;
 };
 
-/// A key that this edition does not know, and its value, both as they are written.
+/// A key that this edition does not know, and its value, both as JSON text.
 struct UnknownMember {
   std::string key;
   std::string value;
 };
 
-/// What belongs to a rule beside the rule itself.
+/// What a file has of a rule beside the rule itself.
 struct RuleExtras {
   String stored;
   String note;
@@ -87,13 +87,13 @@ struct NameLists {
   String tables;
   String fields;
 
-  /// A further name, "CUSTOMER" or "CUSTOMER.C_ID".
+  /// Adds a name, "CUSTOMER" or "CUSTOMER.C_ID".
   void Add(StringView name);
 
   bool operator==(const NameLists&) const = default;
 };
 
-/// The names that the rules were composed with last.
+/// The names of the catalogue that the rules were composed with last.
 struct KeptNames {
   NameLists lists;
   std::vector<UnknownMember> unknown;
@@ -101,23 +101,24 @@ struct KeptNames {
 
 struct RulesContent {
   std::vector<Rule> rules;
-  std::vector<RuleExtras> extras;  ///< of each rule
+  std::vector<RuleExtras> extras;  ///< for each rule, in the order of `rules`
   std::vector<KeptDeleted> bin;
   std::optional<KeptNames> catalogue;
   std::vector<UnknownMember> unknown;
 };
 
-/// How many texts before are kept of each rule.
+/// How many former texts are kept of each rule.
 inline constexpr std::size_t kVersions = 20;
 
-/// Throws RulesError when anything is missing or wrong; `where` is the file.
+/// Parses the bytes of a file. Throws RulesError when anything is missing or wrong; `where` names
+/// the file in the message.
 RulesContent ReadContent(std::string_view bytes, const std::string& where);
 std::string WriteContent(const RulesContent& content);
 
-/// The time of what is done now, as the file has it.
+/// The time now, in the format of the file.
 String TimeNow();
-/// Puts another text and other fields in place of those of a rule, whose versions get the old text
-/// when that becomes another one. `now` is when.
+/// Replaces a rule. If the text differs, the old one with its fields becomes the newest of the
+/// rule's versions, of which the oldest may go. `now` is the time of the change.
 void PutInPlace(Rule& old, RuleExtras& extras, const Rule& rule, const String& now);
 
 }  // namespace zolt20::rules

@@ -34,7 +34,7 @@ void BeginLine(std::string& out, std::size_t depth) {
   out.append(2 * depth, ' ');
 }
 
-// The keys of one object as they are written, one behind the other.
+// Writes the members of one object, one behind the other.
 class Members {
  public:
   Members(std::string& out, std::size_t depth) : out_(out), depth_(depth) { out_ += '{'; }
@@ -69,7 +69,7 @@ class Members {
   bool hasSome_ = false;
 };
 
-// An array of pieces that `append(piece)` writes, each on lines of its own.
+// Appends an array; `append(piece)` writes each piece on lines of its own.
 template <typename Pieces, typename Append>
 void AppendArray(std::string& out, const Pieces& pieces, std::size_t depth, const Append& append) {
   out += '[';
@@ -84,7 +84,7 @@ void AppendArray(std::string& out, const Pieces& pieces, std::size_t depth, cons
   out += ']';
 }
 
-// Up to and with its versions.
+// Writes a rule up to and including its versions.
 void AddRule(Members& members, std::string& out, const Rule& rule, const RuleExtras& extras) {
   members.Add("name", hosts::ToJsonText(rule.name));
   members.Add("text", hosts::ToJsonText(rule.text));

@@ -12,7 +12,7 @@
 
 namespace zolt20::rules {
 
-/// How many levels the keys of names, of a rule and of a version stand within others.
+/// The nesting depth of the keys of names, of a rule and of a version.
 inline constexpr std::size_t kNameMembers = 2;
 inline constexpr std::size_t kRuleMembers = 3;
 inline constexpr std::size_t kVersionMembers = 5;
@@ -27,9 +27,9 @@ struct WrittenVersion {
 
 std::string WriteVersion(const WrittenVersion& version);
 
-/// Of UTF-8 with stand-ins; in quotes.
+/// Appends a text in UTF-8 with stand-ins as a JSON string, in quotes.
 void AppendString(std::string& out, std::string_view jsonText);
-/// `depth` is that of the key that has the value.
+/// Appends a value as JSON; `depth` is that of its key.
 void AppendValue(std::string& out, const hosts::JsonValue& value, std::size_t depth);
 
 }  // namespace zolt20::rules

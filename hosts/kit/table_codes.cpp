@@ -19,8 +19,8 @@ struct Range {
   char32_t last;
 };
 
-// The letters and digits beyond ASCII, in ascending order. Marks count as letters, and so do the
-// few signs that stand between the letters of one script.
+// The ranges of letters and digits beyond ASCII, ascending. Combining marks count as letters, and
+// so do the few signs between the letters of one script.
 constexpr auto kLetters = std::to_array<Range>({
     {0x00AA, 0x00AA},   {0x00B5, 0x00B5},   {0x00BA, 0x00BA},   {0x00C0, 0x00D6},
     {0x00D8, 0x00F6},   {0x00F8, 0x02C1},   {0x02C6, 0x02D1},   {0x02E0, 0x02E4},
@@ -94,7 +94,7 @@ String InLettersAndDigits(StringView name) {
   return result;
 }
 
-// Cut or filled up to that length. Half of a pair does not stay.
+// Cuts or pads a text to a length. A surrogate pair is not cut in half.
 String OfLength(StringView text, std::size_t length) {
   String result(text.substr(0, length));
   if (text.size() > length && length > 0 && IsHigh(result.back())) result.pop_back();
@@ -104,13 +104,13 @@ String OfLength(StringView text, std::size_t length) {
 
 class Codes {
  public:
-  /// Whether the code was free; it is not any more.
+  /// Takes a code; false when it was taken already.
   bool Take(StringView code) { return taken_.insert(LowerCase(code)).second; }
 
-  /// Takes the code that the letters and digits make, with a number where it needs one.
+  /// Makes a free code of letters and digits, with a number at its end if needed, and takes it.
   String Make(StringView letters) {
     String code = OfLength(letters, kCodeLength);
-    std::int64_t least = 1;  // of as many digits as `digits`
+    std::int64_t least = 1;  // the least number of `digits` digits
     for (std::size_t digits = 1; !Take(code); ++digits, least *= 10) {
       const String beginning = OfLength(letters, kCodeLength - digits);
       std::int64_t& next = next_.try_emplace(LowerCase(beginning), least).first->second;

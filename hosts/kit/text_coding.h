@@ -1,7 +1,7 @@
-// Texts of the control are 16-bit characters, among which a surrogate may stand alone; lines of the
-// protocol are UTF-8, in which it cannot, but for the escapes of JSON. So on the way through a JSON
-// library such a character is stood in for by the last code point of all and a second one, and that
-// last code point itself by two of its kind. Nothing is lost either way.
+// Texts of the control are 16-bit characters and may have lone surrogates; lines of the protocol
+// are UTF-8, which has none, except as escapes of JSON. So on the way through a JSON library two
+// code points stand in for a lone surrogate: the last code point of all, as an escape, and a second
+// one. The last code point itself is doubled. The round trip loses nothing.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ std::string ToJsonText(StringView text);
 /// The text of valid UTF-8 with stand-ins.
 String FromJsonText(std::string_view text);
 
-/// Whether PutStandIns may change the line: most hold nothing that it looks for.
+/// A fast test whether PutStandIns may change the line, which most lines do not need.
 bool NeedsStandIns(std::string_view line);
 /// A line of JSON as it was received, with its lone surrogate escapes replaced by stand-ins. What
 /// is not valid stays as it is.

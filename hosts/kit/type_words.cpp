@@ -13,7 +13,7 @@ struct TypeRule {
   StringView word;
 };
 
-// Ordered as the rules of affinity are, behind those for dates.
+// In the order of SQLite's rules of affinity, after the rules for dates.
 constexpr auto kAffinities = std::to_array<TypeRule>({
     {u"date", u"date"},
     {u"time", u"date"},

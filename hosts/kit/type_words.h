@@ -9,9 +9,9 @@ namespace zolt20::catalogue {
 /// otherwise "long", "char", "blob", "double" or "decimal".
 StringView TypeWordByAffinity(StringView declared);
 
-/// The type word of a column of a server, by the first word of its declared type, such as
-/// "character" of "character varying(20)": one of the same words. Whatever is not known, arrays
-/// too, is "char", since every server shows it as a text.
+/// The type word of a server's column, by the first word of its declared type, such as "character"
+/// of "character varying(20)": one of the same words. The fallback for unknown types and arrays is
+/// "char", since every server shows them as texts.
 StringView TypeWordByName(StringView declared);
 
 }  // namespace zolt20::catalogue
