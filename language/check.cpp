@@ -84,7 +84,7 @@ bool IsAggregate(StringView entry) {
                      [word](StringView each) { return EqualIgnoringCase(word, each); });
 }
 
-// Neither a function, a number, a text nor a variable.
+// Whether an entry is a field, and no function, number, text or variable.
 bool IsPlainField(StringView entry) {
   constexpr StringView kNumber = u"0123456789.";
   return !entry.empty() && IsWordCharacter(entry[0]) &&
@@ -122,7 +122,7 @@ class Checker {
     if (IsBlock(node.kind)) CheckBlock(index);
   }
 
-  // Whether this is a where clause, or what of one stands around its select statements.
+  // Whether a node is a where clause, or a piece of one before or behind a nested select statement.
   bool IsCondition(const Node& node) const {
     if (node.kind == NodeKind::kWhere || node.kind == NodeKind::kMore) return true;
     return node.kind == NodeKind::kHead && nodes_[node.parent].kind == NodeKind::kWhere;
@@ -148,7 +148,7 @@ class Checker {
     }
   }
 
-  // Behind the word of a clause that is a leaf, without blank ends.
+  // The text behind the keyword of a clause that is a leaf, trimmed.
   ListEntry ContentOf(const Node& node) const {
     return WithoutBlankEnds(text_, BehindWordOf(node), node.last);
   }
@@ -166,7 +166,7 @@ class Checker {
     const std::vector<ListEntry> entries = EntriesOf(text_, content.first, content.last);
     for (const ListEntry& entry : entries) {
       if (entry.first == entry.last) {
-        // Where there is no entry, there is the comma behind it or the one before.
+        // The finding of an empty entry is at the comma behind it, or else at the one before.
         const std::size_t comma = entry.last < content.last ? entry.last : content.last - 1;
         findings_.Add(Mistake::emptyEntry, index, comma, 1);
       } else if (names_) {
@@ -231,7 +231,7 @@ class Checker {
     return static_cast<std::size_t>(std::count(before.begin(), before.end(), u'\t'));
   }
 
-  // The text of a box has so many tabs less on each line as it stands deep.
+  // The text of a box is shorter than the node by `tabs` tabs on each line: the indentation.
   void CheckLength(std::size_t index, std::size_t first, std::size_t tabs) {
     const Node& node = nodes_[index];
     if (node.last - first <= kMostInBox) return;
@@ -243,14 +243,14 @@ class Checker {
                   {{u"count", FromAscii(std::to_string(withoutTabs))}});
   }
 
-  // Many nodes may end at the same place, behind many blank lines.
+  // A cache of trimmed ends: many nodes may end at the same place, behind many blank lines.
   std::size_t EndWithoutBlanks(const Node& node) {
     const auto [end, isNew] = trimmedEnds_.try_emplace(node.last);
     if (isNew) end->second = WithoutBlankEnds(text_, node.headFirst, node.last).last;
     return end->second;
   }
 
-  // Blocks stand within blocks, so the ends of lines are looked for once.
+  // A cache of the line ends: nested blocks ask for the same lines again and again.
   std::size_t LineEndsIn(const ListEntry& piece) {
     if (lineEnds_.empty()) {
       for (std::size_t end = EndOfLine(text_, 0); end < text_.size();
@@ -262,7 +262,7 @@ class Checker {
     return static_cast<std::size_t>(last - first);
   }
 
-  // The control itself may write a statement with a word of its own right behind an end.
+  // The control itself may write a statement with a keyword right behind a closing word.
   void CheckBehindEnd(std::size_t index) {
     const Node& end = nodes_[index];
     if (index + 1 == nodes_.size() || IsLineEnd(text_[end.last - 1])) return;

@@ -1,10 +1,10 @@
-// What is wrong with a text of the statement language, such as a Result, a stored rule or a
-// statement box: blocks that are not closed, clauses at the wrong place, brackets, names that the
-// catalogue has not, texts that the control can't take back.
+// Checks a text of the statement language, such as a Result, a stored rule or a statement box, for
+// blocks that are not closed, misplaced clauses, unbalanced brackets, names that are missing in the
+// catalogue, and texts that the control can't take back.
 //
-// Nothing is found in what the control itself writes from a form that is filled in whole. A check
-// never fails, and takes time in proportion to the text. Hosts call this, for waves under words,
-// for a list of problems, and on build servers.
+// The text that the control itself writes from a completely filled form has no findings. A check
+// never fails, and takes linear time. Hosts call this, for squiggles under words, for a list of
+// problems, and on build servers.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ namespace zolt20::language {
 
 enum class Severity : std::uint8_t {
   kError,    ///< the statement can't be right
-  kWarning,  ///< it can be right, but not all that it goes through keeps it as it is
+  kWarning,  ///< the statement can be right, but the control or a host may not keep it unchanged
 };
 
 enum class Mistake : std::uint8_t {
@@ -35,11 +35,11 @@ const char* NameOf(Severity severity);
 /// A short word that never changes: "not-closed".
 const char* CodeOf(Mistake mistake);
 
-/// One thing that is wrong. Lines and columns count from 1, columns and lengths in characters of 16
-/// bits. A line ends with CR LF, CR or LF.
+/// One problem with its place. Lines and columns count from 1, columns and lengths in characters of
+/// 16 bits. A line ends with CR LF, CR or LF.
 struct Finding {
-  std::size_t first = 0;   ///< its place in the text, from 0
-  std::size_t length = 0;  ///< never beyond its line, 0 only at the end of a line
+  std::size_t first = 0;   ///< the offset in the text, from 0
+  std::size_t length = 0;  ///< ends within the line; 0 only at the end of a line
   std::size_t line = 1;
   std::size_t column = 1;
   std::uint32_t node = 0;  ///< the index of the node that it was found in
@@ -48,10 +48,10 @@ struct Finding {
   String sentence;
 };
 
-/// Of each kind of mistake no more are told.
+/// The limit of findings for each kind of mistake.
 inline constexpr std::size_t kMostFindings = 1000;
 
-/// The findings in the order of the text. Names are looked at when there is a catalogue.
+/// The findings in the order of the text. Names are checked if there is a catalogue.
 std::vector<Finding> Check(StringView text, const Names* names = nullptr,
                            const Words& words = Words::English());
 /// The same with the nodes that ReadOutline made of the text.

@@ -31,7 +31,7 @@ bool MarkChecker::IsIn(const Scope& scope, std::size_t index) const {
   return nodes_[index].kind == NodeKind::kStatement;
 }
 
-// The head of a where clause with select statements in it begins what goes on behind each of these.
+// A where clause with nested select statements is one scope: its head and each text behind those.
 void MarkChecker::Enter(std::size_t index) {
   const Node& node = nodes_[index];
   const bool isRun = node.kind == NodeKind::kStatement;
@@ -91,7 +91,7 @@ void MarkChecker::TakeMark(std::size_t index, std::size_t at) {
   }
 }
 
-// A bracket of the other kind that opened in between is not closed.
+// A bracket of the other kind that was opened in between is reported as not closed.
 void MarkChecker::CloseBracket(std::size_t index, std::size_t at, Kind kind) {
   Scope& scope = scopes_.back();
   if (scope.counts[kind] == 0) {

@@ -1,8 +1,8 @@
-// What single characters of a text tell a check: strings that do not end on their line, brackets
-// that do not fit together, and what the control can't take back.
+// The part of a check that goes by single characters: strings that do not end on their line,
+// unbalanced brackets, and characters that the control can't take back.
 //
-// Brackets have to fit within a clause, a head, or a run of plain statements, since a long
-// statement may stand on several lines.
+// Brackets have to balance within a clause, within a head, and within a run of plain statements,
+// since a long statement may take several lines.
 #pragma once
 
 #include <array>
@@ -20,9 +20,9 @@ class MarkChecker {
   MarkChecker(StringView text, const std::vector<Node>& nodes, Findings& findings)
       : text_(text), nodes_(nodes), findings_(findings) {}
 
-  /// Takes the nodes one by one in their order.
+  /// Checks a node. Called for all nodes in their order.
   void Take(std::size_t index);
-  /// Behind the last of them.
+  /// Called after the last node.
   void Finish() { LeaveTo(0); }
 
  private:
@@ -34,12 +34,12 @@ class MarkChecker {
     Kind kind;
   };
 
-  // Within one of them brackets have to fit.
+  // A part of the text within which brackets have to balance.
   struct Scope {
-    std::size_t first;                    // its brackets begin here in `open_`
-    std::size_t behind;                   // the index of the node behind it
-    bool isRun;                           // goes on while statements follow each other
-    std::array<std::size_t, 2> counts{};  // how many are open, by kind
+    std::size_t first;                    // where the scope's open brackets begin in `open_`
+    std::size_t behind;                   // the index of the node behind the scope
+    bool isRun;                           // a run of plain statements, which the next one extends
+    std::array<std::size_t, 2> counts{};  // how many brackets are open, by kind
   };
 
   bool IsIn(const Scope& scope, std::size_t index) const;
@@ -59,7 +59,7 @@ class MarkChecker {
   Findings& findings_;
   std::vector<Open> open_;
   std::vector<Scope> scopes_;
-  std::size_t string_ = kNoString;  // the place of the quote that begins it
+  std::size_t string_ = kNoString;  // the place of the quote that begins the open string
 };
 
 }  // namespace zolt20::language

@@ -13,7 +13,7 @@ bool IsNumber(StringView digits) {
   return digits.find_first_not_of(u"0123456789") == StringView::npos;
 }
 
-// Without the word of the direction, when it has one.
+// An entry of order by without its " desc" or " asc".
 StringView WithoutDirection(StringView entry) {
   for (const StringView direction : {StringView(u" desc"), StringView(u" asc")}) {
     if (entry.size() > direction.size() &&
@@ -23,7 +23,7 @@ StringView WithoutDirection(StringView entry) {
   return entry;
 }
 
-// Nobody reads more of a name.
+// Clips a name for a sentence.
 StringView Clipped(StringView name) {
   constexpr std::size_t kMostShown = 80;
   return name.substr(0, kMostShown);
@@ -48,12 +48,12 @@ void NameChecker::TakeEntry(std::size_t node, NodeKind list, std::size_t first, 
   const StringView entry = text_.substr(first, last - first);
   if (Knows(entry) || Knows(WithoutDirection(entry))) return;
   if (entry.find(u'(') != StringView::npos) return TakeText(node, first, last, true);
-  // A variable may follow.
+  // A variable may follow the name.
   const std::size_t end = entry.find_first_of(u" \t\r\n:");
   TakeWord(node, first, end == StringView::npos ? last : first + end, true);
 }
 
-// Behind the name of a table another one may stand, for this statement.
+// An alias for this statement may follow the name of a table.
 void NameChecker::TakeTable(std::size_t node, std::size_t first, std::size_t last) {
   const StringView entry = text_.substr(first, last - first);
   if (names_.Find(entry) != nullptr) return;
@@ -91,7 +91,7 @@ void NameChecker::TakeWord(std::size_t node, std::size_t first, std::size_t last
     return;
   }
   const std::size_t field = first + point + 1;
-  // Nothing behind the point is a star.
+  // No field behind the point means "*".
   if (field == last || Names::Has(*table, word.substr(point + 1))) return;
   if (!BeginsOddField(*table, field)) TellField(node, *table, field, last, isClause);
 }

@@ -1,5 +1,5 @@
-// The names in a text beside those of a catalogue: entries of the lists of a select statement, and
-// words with a point in all other texts, strings and variables aside.
+// The part of a check that looks up names in a catalogue: entries of the lists of a select
+// statement, and words with a point in all other texts, except strings and variables.
 #pragma once
 
 #include <cstddef>
@@ -15,10 +15,10 @@ class NameChecker {
  public:
   NameChecker(StringView text, const Names& names, Findings& findings);
 
-  /// An entry of a list, which has no blank ends.
+  /// Checks an entry of a list, whose ends are trimmed.
   void TakeEntry(std::size_t node, NodeKind list, std::size_t first, std::size_t last);
-  /// Any text. Where it is no clause, words with a point may be other than names: only what looks
-  /// quite like one is told, and as a warning.
+  /// Checks any other text. Outside clauses a word with a point need not be a name: only a word
+  /// that looks like one is reported, as a warning.
   void TakeText(std::size_t node, std::size_t first, std::size_t last, bool isClause);
 
  private:

@@ -94,7 +94,7 @@ class Splitter {
 
   StringView Line() const { return text_.substr(at_); }
 
-  // Goes on to the line break behind the clause, or to the end of the text.
+  // Takes a clause, up to the line break behind it or to the end of the text.
   std::optional<Refusal> TakeClause(const ClauseKind& kind) {
     const std::size_t begin = at_;
     std::size_t content = at_ + kind.keyword.size();

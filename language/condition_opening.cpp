@@ -1,8 +1,8 @@
 // Control-flow statements back on the Condition page: for each construct its kind, its boxes and
 // Add Condition, from the outermost to the one that stays in the boxes.
 //
-// What stands within a construct can be text in its statement box or a pass of its own. As text it
-// can be edited with the rest, so as few passes are made as give the same statement.
+// The content of a construct can be text in its statement box or a pass of its own. Text can be
+// edited with the rest of the box, so the fewest passes are made that give the same statement.
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -31,14 +31,14 @@ std::size_t TabsAt(StringView text, std::size_t place) {
   return std::min(behind, text.size()) - place;
 }
 
-// The lines without so many tabs before each; a line with fewer keeps them.
+// Removes so many tabs from the start of each line; a line with fewer keeps them.
 String Outdented(StringView lines, std::size_t tabs) {
   const String start(tabs, u'\t');
   if (lines.starts_with(start)) lines.remove_prefix(tabs);
   return Replace(lines, Concat(kLineBreak, start), kLineBreak);
 }
 
-// The text before a mark; both are taken off. All of it where there is no mark.
+// Takes the text before a mark off the rest, and the mark with it; all of it if there is no mark.
 StringView TakeUpTo(StringView& rest, StringView mark) {
   const std::size_t end = std::min(rest.find(mark), rest.size());
   const StringView taken = rest.substr(0, end);
@@ -54,8 +54,8 @@ class ConditionReader {
  public:
   explicit ConditionReader(StringView text) : text_(text), nodes_(language::ReadOutline(text)) {}
 
-  /// The constructs that stand one in the other, each as the last statement of the one before it;
-  /// empty when the text is no single control-flow statement.
+  /// The chain of nested constructs, each the last statement of the one before it; empty when the
+  /// text is no single control-flow statement.
   std::vector<std::size_t> Chain() const {
     std::vector<std::size_t> chain;
     if (nodes_.empty() || nodes_[0].behind != nodes_.size()) return chain;
@@ -64,8 +64,8 @@ class ConditionReader {
     return chain;
   }
 
-  /// Fills in one pass, for a construct at that depth. With `inner` the construct of that node, its
-  /// last statement, is left out.
+  /// Fills the boxes in for one pass, for a construct at that depth. `inner` is the node of its
+  /// last statement if that is left out, for a pass of its own.
   void FillIn(OwnControl& control, std::size_t node, std::size_t depth,
               std::optional<std::size_t> inner) const {
     switch (nodes_[node].kind) {
@@ -97,8 +97,8 @@ class ConditionReader {
     return {};
   }
 
-  // Before the closing line and the default; in an if with an else, that of the else. The head
-  // where there is none.
+  // The last statement before the closing line and the default; in an if with an else, the last one
+  // of the else. The head if there is no statement.
   std::size_t LastStatement(std::size_t node) const {
     std::size_t last = node + 1;
     for (const std::size_t child : ChildrenOf(node)) {
@@ -109,8 +109,8 @@ class ConditionReader {
     return kind == NodeKind::kElse || kind == NodeKind::kCaseRow ? LastStatement(last) : last;
   }
 
-  // The lines of a construct or a part of one, between its head and its closing line or its else,
-  // or before `inner`, without a line break at their end.
+  // The lines of a construct or of one of its parts: from its head to its closing line, to its else
+  // or to `inner`, without the last line break.
   StringView BodyOf(std::size_t node, std::optional<std::size_t> inner) const {
     std::size_t last = nodes_[node].last;
     for (const std::size_t child : ChildrenOf(node)) {
@@ -132,7 +132,7 @@ class ConditionReader {
     return Outdented(BodyOf(node, inner), tabs);
   }
 
-  // The head behind its first words.
+  // The head without its first words.
   StringView HeadBehind(std::size_t node, StringView words) const {
     const StringView head = HeadOf(text_, nodes_[node]);
     return head.substr(std::min(words.size(), head.size()));
@@ -152,7 +152,7 @@ class ConditionReader {
   void FillInFor(OwnControl& control, std::size_t node, std::size_t depth,
                  std::optional<std::size_t> inner) const {
     const Surface& form = control.Form();
-    // To the end of the line: these boxes keep their blanks.
+    // Up to the end of the line, blanks included: these boxes keep their blanks.
     StringView head = text_.substr(nodes_[node].headFirst);
     head = TakeUpTo(head, kLineBreak);
     TakeUpTo(head, u"for ");

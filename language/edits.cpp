@@ -11,7 +11,7 @@ namespace {
 
 using Nodes = std::vector<Node>;
 
-// How many of the lines that stand further left are tried for one of a replacement.
+// How many old lines that stand further left are compared with one line of a replacement.
 constexpr std::size_t kMostTried = 64;
 
 // A line without its end.
@@ -28,13 +28,13 @@ struct Body {
   StringView margin;
 };
 
-// A text that takes the place of characters of another one.
+// A splice: a text that replaces a range of another text.
 struct Splice {
   std::size_t first = 0;
   std::size_t last = 0;
   String text;
-  std::size_t before = 0;  // characters of `text` that are a line end before what comes
-  std::size_t length = 0;  // and the length of what comes
+  std::size_t before = 0;  // how many characters of `text` are a line end before the new nodes
+  std::size_t length = 0;  // how many characters the new nodes have
 };
 
 bool IsPart(NodeKind kind) {
@@ -73,7 +73,7 @@ std::vector<Line> LinesOf(StringView text) {
   }
 }
 
-// That of the first line.
+// The line end of the first line; CR LF when there is none.
 StringView LineEndOf(StringView text) {
   const std::size_t end = EndOfLine(text, 0);
   return end < text.size() ? text.substr(end, BehindLineEnd(text, end) - end) : kLineBreak;
@@ -83,7 +83,7 @@ StringView IndentationAt(StringView text, std::size_t lineStart) {
   return text.substr(lineStart, PassBlanks(text, lineStart) - lineStart);
 }
 
-// Without blank lines at its ends.
+// A text without blank lines at its start and end.
 StringView Core(StringView text) {
   text.remove_prefix(PassBlankLines(text, 0));
   std::size_t end = text.size();
@@ -132,7 +132,7 @@ std::vector<Line> LinesOf(StringView text, const Body& body) {
   return LinesOf(text.substr(body.first, body.last - body.first));
 }
 
-// A line of a body at depth 0; the first one may stand behind something else on its line.
+// A line of a body as at depth 0; other text may stand before the body's first line.
 StringView AtMargin(const Body& body, const std::vector<Line>& lines, std::size_t i) {
   const bool isIndented = i > 0 || body.beginsLine;
   return isIndented ? WithoutMargin(lines[i].text, body.margin) : lines[i].text;
@@ -142,12 +142,12 @@ bool IsOdd(const Body& body, const std::vector<Line>& lines, std::size_t i) {
   return (i > 0 || body.beginsLine) && !lines[i].text.starts_with(body.margin);
 }
 
-// What is to become of a tree: nodes go, and others come.
+// The expected effect of an edit on the tree: which nodes go, and where others come.
 struct Course {
   std::size_t removed = 0;
   std::size_t removedBehind = 0;
-  std::size_t gap = 0;      // the index of what comes, in the new tree
-  std::uint32_t depth = 0;  // of what comes
+  std::size_t gap = 0;      // the index of the first new node in the new tree
+  std::uint32_t depth = 0;  // the depth of the new nodes
   enum class Coming : std::uint8_t { kNothing, kNodes, kRemoved } coming = Coming::kNodes;
 };
 
@@ -157,7 +157,7 @@ String WithoutBlanks(StringView head) {
   return text;
 }
 
-// The lines of a head that has several may stand further in than they did.
+// Whether heads are the same, except for the indentation of lines in a head of several lines.
 bool IsSameHead(StringView a, StringView b) {
   if (a == b) return true;
   const String left = WithoutBlanks(a);
@@ -165,7 +165,7 @@ bool IsSameHead(StringView a, StringView b) {
   return left == right;
 }
 
-// Whether the change is nothing but its course.
+// Whether the change has the expected effect and no other. Parses the new text.
 bool IsCourse(StringView textBefore, const Nodes& before, const Change& change,
               const Course& course) {
   const Nodes after = ReadOutline(change.text);
@@ -204,8 +204,8 @@ Change Refused(StringView text, Refusal refusal) {
   return {refusal, String(text), 0, 0};
 }
 
-// The old text with its splices, in their order. One without a line end behind its last line has
-// none afterwards.
+// The old text with one or two splices, in order. A text without a line end at its end has none
+// afterwards either.
 String Spliced(StringView text, const Splice& a, const Splice* b = nullptr) {
   const std::size_t end = b == nullptr ? text.size() : b->first;
   String spliced = Concat(text.substr(0, a.first), a.text, text.substr(a.last, end - a.last));
@@ -215,7 +215,7 @@ String Spliced(StringView text, const Splice& a, const Splice* b = nullptr) {
   return spliced;
 }
 
-// What goes when the node goes: its lines, or on a line that it shares what is its own.
+// The splice that removes a node: its whole lines, or its own part of a line that it shares.
 Splice RemovalOf(StringView text, const Node& node) {
   const bool endsLine = node.last == text.size() || BeginsLine(text, node.last);
   if (BeginsLine(text, node.first))
@@ -225,7 +225,7 @@ Splice RemovalOf(StringView text, const Node& node) {
   return {node.first, keepsLineEnd ? node.first + length : node.last, {}, 0, 0};
 }
 
-// Where a place is: the character, the node before which it is, and what stands there.
+// A resolved place: its offset, the index of the node behind it, and its surroundings.
 struct Target {
   std::size_t at = 0;
   std::size_t index = 0;
@@ -268,7 +268,7 @@ Target TargetAt(StringView text, const Nodes& nodes, Place place) {
                                      : TargetBeside(text, nodes, place);
 }
 
-// Lines on lines of their own, before what stands at the place.
+// The splice that inserts whole lines before the text at a place.
 Splice InsertionAt(StringView text, std::size_t at, String lines) {
   const StringView lineEnd = LineEndOf(text);
   const bool beginsLine = BeginsLine(text, at);
@@ -280,7 +280,7 @@ Splice InsertionAt(StringView text, std::size_t at, String lines) {
   return splice;
 }
 
-// The lines of a replacement, those that were there before as they stood.
+// The lines of a replacement; lines that the node had already keep their indentation.
 String ReplacingLines(StringView text, const Body& body, StringView replacement) {
   const std::vector<Line> old = LinesOf(text, body);
   const std::vector<Line> come = LinesOf(replacement);
@@ -328,7 +328,7 @@ String ReplacingLines(StringView text, const Body& body, StringView replacement)
   }
 }
 
-// The lines of a node at another margin.
+// The lines of a node, moved to another margin.
 String MovedLines(StringView text, const Body& body, StringView margin) {
   const std::vector<Line> lines = LinesOf(text, body);
   String moved;
@@ -429,7 +429,7 @@ Change MoveNode(StringView text, const Nodes& nodes, std::size_t index, Place pl
   if (place.node > index && place.node < node.behind) return Refused(text, Refusal::kItself);
   Target target = TargetAt(text, nodes, place);
   const Body body = BodyOf(text, nodes, index);
-  // Among its neighbours it stays as it stands, however far in that is.
+  // A node that stays among its siblings keeps its indentation, however deep that is.
   if (target.parent == node.parent) target.margin = body.margin;
   const bool isThere = target.index == index || target.index == node.behind;
   if (isThere && target.parent == node.parent)

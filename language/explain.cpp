@@ -14,7 +14,7 @@ bool IsSpace(char16_t c) {
   return IsBlank(c) || IsLineEnd(c);
 }
 
-// On one line, with one blank where there were several, and not too long.
+// A text on one line, with runs of blanks collapsed, and clipped.
 String Squeezed(StringView text) {
   String squeezed;
   for (const char16_t c : text) {
@@ -65,7 +65,7 @@ class Explainer {
 
   String Fill(Word word, Values values) const { return Filled(words_[word], values); }
 
-  // What stands behind the first word of the head.
+  // The head without its keyword.
   StringView BehindWordOf(const Node& node) const {
     const StringView head = HeadOf(text_, node);
     return head.substr(StartOf(head).length);
@@ -73,7 +73,7 @@ class Explainer {
 
   // Statements.
 
-  // ":var.x = 1" sets something; what has more than a name before the sign only holds one.
+  // ":var.x = 1" is an assignment; a text with more than a name before "=" only contains one.
   String Statement(const Node& node) const {
     const StringView text = TextOf(text_, node);
     const std::size_t sign = text.find(u'=');
@@ -138,7 +138,7 @@ class Explainer {
                                     {u"step", Squeezed(head.substr(step))}});
   }
 
-  // The condition stands at the end.
+  // The condition of a repeat is in its closing line.
   String Repeat(std::size_t index) const {
     const Node& end = nodes_[nodes_[index].behind - 1];
     if (end.kind != NodeKind::kEnd || end.parent != index) return Fill(Word::repeat, {});
@@ -157,10 +157,10 @@ class Explainer {
 
   struct ClauseWords {
     NodeKind clause;
-    StringView key;     // in the sentence of the select statement
-    Word within;        // there
-    Word alone;         // by itself
-    StringView filled;  // the key in both
+    StringView key;     // the clause's key in the sentence of the select statement
+    Word within;        // the clause's words in that sentence
+    Word alone;         // the clause's sentence by itself
+    StringView filled;  // the key that both fill in
   };
 
   static const std::array<ClauseWords, 6>& AllClauses() {
@@ -217,7 +217,7 @@ class Explainer {
     return content;
   }
 
-  // Its select statements have sentences of their own.
+  // The condition without its nested select statements, which have sentences of their own.
   String Condition(std::size_t index) const {
     const Node& node = nodes_[index];
     if (IsLeaf(nodes_, index)) {

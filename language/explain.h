@@ -1,4 +1,4 @@
-// What a node of the tree does, in a sentence, for people: as a tip in the tree, for screen
+// Explains a node of the tree in a sentence for people: as a tooltip in the tree, for screen
 // readers, beside a rule that somebody else wrote.
 #pragma once
 
@@ -11,13 +11,13 @@
 
 namespace zolt20::language {
 
-/// The sentence for the node at `index` of those that ReadOutline made of the text: "For each
-/// :var.i from 1 to 3:". The sentence of a select statement tells its clauses too, but no blocks. A
-/// head has that of its statement, blank lines have "". Long texts are cut short.
+/// The sentence for the node at `index`, where `nodes` are ReadOutline's for the text: "For each
+/// :var.i from 1 to 3:". The sentence of a select statement includes its clauses, but no blocks. A
+/// head has the sentence of its statement, blank lines have "". Long texts are cut short.
 String Explain(StringView text, const std::vector<Node>& nodes, std::size_t index,
                const Words& words = Words::English());
 
-/// Whether the sentence of another node tells this one too: clauses, heads, ends, blank lines.
+/// Whether another node's sentence covers this node: true of clauses, heads, ends, blank lines.
 bool IsToldByAnother(const Node& node);
 
 }  // namespace zolt20::language

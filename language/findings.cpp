@@ -18,7 +18,7 @@ constexpr std::array<MistakeDesign, static_cast<std::size_t>(Mistake::kCount)> k
 #include "language/words.def"
 }};
 
-// The mistakes are the first words.
+// words.def has the mistakes first, so a mistake and its word have the same number.
 Word WordOf(Mistake mistake) {
   return static_cast<Word>(mistake);
 }

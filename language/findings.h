@@ -1,5 +1,5 @@
-// The findings of one check while they are made: no more than can be read, in the order of the
-// text at the end, with the lines and columns of their places.
+// Collects the findings of one check: up to a limit for each kind, at the end sorted in the order
+// of the text, with lines and columns for their places.
 #pragma once
 
 #include <array>
@@ -19,17 +19,17 @@ class Findings {
 
   Findings(StringView text, const Words& words) : text_(text), words_(words) {}
 
-  /// Whether one more of this kind will be told.
+  /// Whether the limit still admits a finding of this kind.
   bool HasRoomFor(Mistake mistake) const { return counts_[PlaceOf(mistake)] < kMostFindings; }
 
-  /// `length` characters at `first`, or as many of them as stand on its line; in the words of the
-  /// mistake.
+  /// Adds a finding of `length` characters at `first`, clamped to the end of the line, with the
+  /// sentence of the mistake.
   void Add(Mistake mistake, std::size_t node, std::size_t first, std::size_t length,
            Values values = {});
-  /// The same in words of its own.
+  /// The same with a sentence of its own.
   void Add(Mistake mistake, Word sentence, std::size_t node, std::size_t first, std::size_t length,
            Values values = {});
-  /// The last one that was added, which there is.
+  /// The finding that was added last. There has to be one.
   Finding& Last() { return found_.back(); }
 
   const Words& words() const { return words_; }

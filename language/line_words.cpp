@@ -6,21 +6,21 @@
 namespace zolt20::language {
 namespace {
 
-// What has to follow a word.
+// What has to follow a keyword.
 enum class Follows : std::uint8_t {
   kBlank,     // a blank or the end of the line
   kNoWord,    // anything but a character of a word
-  kNextHead,  // the same, or the first word of the next statement
-  kColon,     // a colon, which belongs to it; blanks may stand before it
+  kNextHead,  // as kNoWord, or the first word of the next statement
+  kColon,     // a colon, which is part of the keyword; blanks may stand before the colon
 };
 
 struct Spelling {
-  StringView word;  // one blank in it stands for any number
+  StringView word;  // a blank in it stands for one or more blanks
   LineWord means;
   Follows follows;
 };
 
-// By their first letters.
+// Sorted by their first letters.
 constexpr std::array<Spelling, 25> kSpellings{{
     {u"as set with", LineWord::kAsSetWith, Follows::kBlank},
     {u"break", LineWord::kBreak, Follows::kNoWord},
@@ -54,7 +54,7 @@ bool IsOpening(LineWord word) {
          word == LineWord::kWhile || word == LineWord::kRepeat || word == LineWord::kOnCase;
 }
 
-// The length of the word at the start of the line; 0 when it does not stand there.
+// The length of a word at the start of the line; 0 when the line does not begin with it.
 std::size_t Spelled(StringView line, StringView word) {
   std::size_t at = 0;
   for (const char16_t letter : word) {
@@ -76,7 +76,7 @@ bool EndsWord(StringView line, std::size_t at) {
 
 bool BeginsStatement(StringView line);
 
-// The length of the word with what has to follow it; 0 when that does not stand there.
+// The length of a keyword at the start of the line; 0 when it or what has to follow is missing.
 std::size_t Taken(StringView line, const Spelling& spelling) {
   const std::size_t length = Spelled(line, spelling.word);
   if (length == 0) return 0;
@@ -95,8 +95,8 @@ std::size_t Taken(StringView line, const Spelling& spelling) {
   return colon < line.size() && line[colon] == u':' ? colon + 1 : 0;
 }
 
-// Whether the line begins with the first word of a statement. Asks for nothing behind it, so a line
-// of closing words alone does not take one call within the other.
+// Whether the line begins with the first word of a statement. It does not look behind that word, so
+// a line of nothing but closing words does not recurse.
 bool BeginsStatement(StringView line) {
   return std::any_of(kSpellings.begin(), kSpellings.end(), [line](const Spelling& spelling) {
     return IsOpening(spelling.means) && Taken(line, spelling) > 0;

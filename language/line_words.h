@@ -40,7 +40,7 @@ enum class LineWord : std::uint8_t {
   kEndCase,
 };
 
-/// What a line begins with, and how many characters that is, the colon of "default:" among them.
+/// The keyword that a line begins with, and its length in characters, with the colon of "default:".
 struct LineStart {
   LineWord word = LineWord::kNone;
   std::size_t length = 0;
@@ -57,29 +57,29 @@ inline bool IsWordCharacter(char16_t c) {
          c == u'_' || c == u'.' || c > 0x7F;
 }
 
-/// The place behind the blanks at `from`.
+/// The offset behind the blanks at `from`.
 std::size_t PassBlanks(StringView text, std::size_t from);
 
-/// A line ends with CR LF, or with one of the two alone. The place of its end, or the text's end.
+/// The offset of the line's end (CR LF, CR or LF), or of the text's end.
 std::size_t EndOfLine(StringView text, std::size_t from);
-/// The place behind the line end at `end`.
+/// The offset behind the line end at `end`.
 std::size_t BehindLineEnd(StringView text, std::size_t end);
-/// The first line at or behind `from`, where a line begins, that is not blank.
+/// The first line from `from` on that is not blank; `from` has to be the start of a line.
 std::size_t PassBlankLines(StringView text, std::size_t from);
 
-/// What a line, or the rest of one, begins with; it has no blanks in front. A closing word may have
-/// the next statement right behind it: "endselectselect A".
+/// The keyword at the start of a line or of its rest, which has no leading blanks. The next
+/// statement may follow a closing word without a blank: "endselectselect A".
 LineStart StartOf(StringView line);
 
-/// The place behind the word, which is in lower case, where it first stands by itself in the line
-/// and in no string in double quotes; npos when it is nowhere.
+/// The offset behind the first occurrence of a word, given in lower case, as a whole word and
+/// outside strings in double quotes; npos for none.
 std::size_t BehindWord(StringView line, StringView word, std::size_t from = 0);
 
-/// The place of the bracket that closes the one at `open`, strings aside; npos when none does.
+/// The offset of the bracket that closes the one at `open`, outside strings; npos for none.
 std::size_t ClosingBracket(StringView line, std::size_t open);
 
-/// The place of the colon of a case row, behind the word "case": the one at the line's end, or else
-/// the first that a blank follows, since values have colons too. npos for none.
+/// The offset of a case row's colon, in the text behind "case": the colon at the line's end, or
+/// else the first colon with a blank behind it, since values have colons too. npos for none.
 std::size_t ColonOfRow(StringView line);
 
 }  // namespace zolt20::language

@@ -8,18 +8,17 @@
 
 namespace zolt20::language {
 
-/// Where it stands in the text, without blank ends.
+/// The range of an entry in the text, trimmed.
 struct ListEntry {
   std::size_t first;
   std::size_t last;
 };
 
-/// The part of a text without blanks and line ends at both ends; an empty one stands at `first` or
-/// behind it.
+/// Trims blanks and line ends at both ends of a range; an empty range is at `first` or behind it.
 ListEntry WithoutBlankEnds(StringView text, std::size_t first, std::size_t last);
 
-/// What stands between the commas there, at least one entry; commas in brackets and in strings
-/// separate nothing.
+/// The entries of a range, separated by commas outside brackets and strings; at least one entry,
+/// which may be empty.
 std::vector<ListEntry> EntriesOf(StringView text, std::size_t first, std::size_t last);
 
 }  // namespace zolt20::language

@@ -17,7 +17,7 @@ bool IsOdd(StringView field) {
   return !std::all_of(field.begin(), field.end(), IsWordCharacter);
 }
 
-// The number that the text begins with, as far as a list of indexes can go.
+// The number at the start of a text, of five digits at most, which is enough for indexes.
 std::size_t NumberIn(StringView digits) {
   std::size_t number = 0;
   for (const char16_t digit : digits.substr(0, 5)) {
@@ -46,7 +46,7 @@ Names::Names(StringView tables, StringView fields) : tableList_(tables), fieldLi
     Table& table = tables_[place->second];
     const StringView field = pieces[1].substr(kTableLength + 2);
     if (!table.known.insert(field).second) continue;
-    // At the end of a line nobody can tell its blank end.
+    // Trailing blanks are invisible at the end of a line, so the trimmed name is known too.
     table.known.insert(Trim(field));
     table.fields.push_back(field);
     if (IsOdd(field)) table.oddFields.push_back(field);
@@ -68,7 +68,8 @@ bool Names::Has(const Table& table, StringView field) {
 std::size_t EditDistance(StringView a, StringView b, std::size_t limit) {
   const std::size_t longer = std::max(a.size(), b.size());
   if (longer > kLongestCompared || longer - std::min(a.size(), b.size()) >= limit) return limit;
-  // The rows for the characters of `a` up to the one before the last, the last and this one.
+  // Dynamic programming: the rows for the character of `a`, for the one before and for the one
+  // before that.
   using Row = std::array<std::size_t, kLongestCompared + 1>;
   Row beforeLast{};
   Row last{};

@@ -1,8 +1,8 @@
 // The names that a catalogue has, for checks of statements.
 //
 // They come from the two lists that the control takes. A name is written as the control writes it:
-// "ORDERS__.O_ID", "ORDERS__.*", "ORDERS__._index1". Letter case counts. What is unsound in a list
-// is passed over.
+// "ORDERS__.O_ID", "ORDERS__.*", "ORDERS__._index1". Letter case counts. Malformed records of a
+// list are skipped.
 #pragma once
 
 #include <cstddef>
@@ -26,7 +26,7 @@ class Names {
     std::size_t indexes = 0;
     std::vector<StringView> fields;  ///< in the order of the list, without the table
     std::unordered_set<StringView> known;
-    /// Those that hold a character that no plain word has, such as a blank.
+    /// The fields that have a character which is none of a plain word, such as a blank.
     std::vector<StringView> oddFields;
   };
 
@@ -44,16 +44,16 @@ class Names {
   std::unordered_map<StringView, std::size_t> places_;
 };
 
-/// The number of characters that have to be added, dropped, changed or swapped with their neighbour
-/// to make one name of the other, letter case aside; `limit` when it is not less than that.
+/// The edit distance of two names (Damerau-Levenshtein, optimal string alignment), ignoring letter
+/// case; `limit` when it is not less than that, or when a name is too long to compare.
 std::size_t EditDistance(StringView a, StringView b, std::size_t limit);
 
-/// Looks for the name that was meant, and gives up after so many comparisons that a text full of
-/// wrong names costs no more than reading it a few times.
+/// Finds the name that was probably meant. It gives up after a number of comparisons, so that a
+/// text full of wrong names costs no more than reading it a few times.
 class NearestFinder {
  public:
-  /// The name of the list that is nearest, the first of several; "" when more than half of the name
-  /// would have to change.
+  /// The nearest name of the list, the first of several; "" when more than half of the name would
+  /// have to change.
   StringView Nearest(StringView name, const std::vector<StringView>& list);
 
  private:

@@ -10,7 +10,7 @@
 namespace zolt20::reopen {
 namespace {
 
-// Beyond so many pairs of lines those that differ are told as one block.
+// With more pairs of lines than that, the differing lines are given as one block.
 constexpr std::size_t kMostPairs = 1'000'000;
 
 // False when the gesture is refused.
@@ -26,7 +26,7 @@ bool PlayStep(ZOLT20MapControl& control, const Step& step) {
 
 using Lines = std::vector<StringView>;
 
-// The lines of the longest sequence that two texts share, as pairs of places.
+// The longest common subsequence of the lines of two texts, as pairs of indexes.
 std::vector<std::pair<std::size_t, std::size_t>> SharedLines(const Lines& a, const Lines& b) {
   const std::size_t width = b.size() + 1;
   std::vector<std::size_t> lengths((a.size() + 1) * width);
@@ -161,7 +161,7 @@ Opening Try(StringView statement, const Catalogue& catalogue, const Doing& fill,
       opening.result = control.Form().TxtOutput.Text();
     }
   } catch (...) {
-    // An error of the form: it can't be done this way.
+    // The form raised an error: the statement can't be opened in this way.
   }
   opening.differences = Compare(statement, opening.result);
   return opening;

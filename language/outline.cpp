@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kKinds = static_cast<std::size_t>(NodeKind::kDefault) + 1;
 constexpr std::uint32_t kNoFrame = Node::kNone;
-// How far on the "then" of an if is looked for.
+// In how many lines the "then" of an if is looked for.
 constexpr int kMostHeadLines = 16;
 
 constexpr std::array<const char*, kKinds> kKindNames{
@@ -24,14 +24,14 @@ constexpr std::array<const char*, 5> kProblemNames{
     "", "not closed", "nothing to close", "out of place", "incomplete",
 };
 
-// A node that is not complete yet.
+// A node that is still open.
 struct Frame {
   std::uint32_t node;
   std::uint32_t outer;     // the frame of the same kind around it
-  std::uint32_t brackets;  // of a where clause: how many are open
+  std::uint32_t brackets;  // of a where clause: how many brackets are open
   NodeKind kind;
-  NodeKind clause;  // of a select: the last one
-  bool hasBranch;   // of an if its else, of an on case its default
+  NodeKind clause;  // of a select: its last clause so far
+  bool hasBranch;   // whether an if has its else, or an on case its default
 };
 
 bool NeedsClosing(NodeKind kind) {
@@ -44,7 +44,7 @@ bool IsList(NodeKind kind) {
          kind == NodeKind::kOrderBy;
 }
 
-// What the word is the first of, or the last.
+// The kind of node that a keyword begins or ends.
 NodeKind KindOf(LineWord word) {
   constexpr std::array<NodeKind, 26> kKindOfWord{
       NodeKind::kStatement, NodeKind::kSelect,      NodeKind::kFrom,        NodeKind::kWhere,
@@ -57,7 +57,7 @@ NodeKind KindOf(LineWord word) {
   return kKindOfWord[static_cast<std::size_t>(word)];
 }
 
-// Goes over the text once, piece by piece: a piece is a line, or what of a line belongs to a node.
+// The parser. Reads the text once, piece by piece: a piece is a line, or a node's part of a line.
 class Reader {
  public:
   explicit Reader(StringView text) : text_(text) { open_.fill(kNoFrame); }
@@ -82,7 +82,7 @@ class Reader {
   StringView Line(std::size_t from) const { return text_.substr(from, lineEnd_ - from); }
   bool RestIsBlank(std::size_t from) const { return PassBlanks(text_, from) >= lineEnd_; }
 
-  // A piece that ends here takes the blanks behind it, and the line's end when nothing else comes.
+  // The end of a piece: behind trailing blanks, and behind the line end when nothing else follows.
   std::size_t PieceEnd(std::size_t from) const {
     const std::size_t end = PassBlanks(text_, from);
     return end >= lineEnd_ ? next_ : end;
@@ -148,8 +148,8 @@ class Reader {
     return nodes_.back();
   }
 
-  // As much as the rest of the text will need if it goes on like this, and not very much more than
-  // there is.
+  // Reserves as much as the rest of the text needs if it goes on like this, but not very much more
+  // than there is.
   void MakeRoom() {
     const double nodesPerCharacter =
         static_cast<double>(nodes_.size() + 1) / static_cast<double>(at_ + 1);
@@ -159,7 +159,7 @@ class Reader {
     nodes_.reserve(std::clamp(needed + needed / 64, 2 * room, 8 * room));
   }
 
-  // Without the blanks before it.
+  // The end of a head, moved before trailing blanks.
   std::size_t HeadEnd(std::size_t end) const {
     while (end > 0 && IsBlank(text_[end - 1]))
       --end;
@@ -184,7 +184,7 @@ class Reader {
         {node, std::exchange(OpenFrame(kind), frame), 0, kind, NodeKind::kSelectList, false});
   }
 
-  // The head's leaf.
+  // Opens a node with a head; gives the leaf of the head.
   Node& OpenWithHead(NodeKind kind, std::size_t end) {
     Open(kind, std::min(end, lineEnd_));
     return Leaf(NodeKind::kHead, end);
@@ -198,7 +198,7 @@ class Reader {
     frames_.pop_back();
   }
 
-  // Until so many are left, none of which had its closing line.
+  // Closes open nodes, whose closing lines are missing, until so many are left.
   void CloseTo(std::size_t count) {
     while (frames_.size() > count) {
       if (NeedsClosing(frames_.back().kind))
@@ -210,7 +210,7 @@ class Reader {
   std::uint32_t& OpenFrame(NodeKind kind) { return open_[static_cast<std::size_t>(kind)]; }
   bool StandsIn(NodeKind kind) const { return !frames_.empty() && frames_.back().kind == kind; }
 
-  // A where clause is a leaf up to the first node within it.
+  // A where clause is a leaf until a node comes within it; then its text becomes a head.
   void GiveHeadToWhere() {
     const std::uint32_t where = frames_.back().node;
     if (where + 1 < nodes_.size()) return;
@@ -241,7 +241,7 @@ class Reader {
     }
   }
 
-  // A list goes on below a comma, before one, or when it has nothing yet.
+  // A list continues on a next line after a comma, before one, or while it is empty.
   bool ContinuesList() const {
     const Node& list = nodes_.back();
     if (!IsList(list.kind)) return false;
@@ -252,8 +252,7 @@ class Reader {
     return text_[end - 1] == u',';
   }
 
-  // A bracket that closes here opened before the innermost select statement, when that has none of
-  // its own open.
+  // A closing bracket ends the innermost select statement, unless it closes a bracket inside it.
   void LeaveNestedSelect() {
     if (!StandsIn(NodeKind::kSelect) && !StandsIn(NodeKind::kWhere)) return;
     if (frames_.back().brackets > 0) return;
@@ -261,7 +260,7 @@ class Reader {
     if (select > 0 && frames_[select - 1].kind == NodeKind::kWhere) CloseTo(select);
   }
 
-  // Select statements without their end, before a statement that can't stand in a clause.
+  // Closes select statements without "endselect", before a statement that can't be in a clause.
   void LeaveClauses() {
     while (StandsIn(NodeKind::kSelect) || StandsIn(NodeKind::kWhere))
       CloseTo(OpenFrame(NodeKind::kSelect));
@@ -276,13 +275,13 @@ class Reader {
     if (isEmpty) list.problem = Problem::kIncomplete;
   }
 
-  // Whether the select statement has not come to its blocks.
+  // Whether the select statement is still in its clauses, before its blocks.
   bool IsInClauses(std::size_t select) const {
     return select + 1 == frames_.size() || frames_[select + 1].kind == NodeKind::kWhere;
   }
 
-  // The frame of the select statement that the clause can belong to: the innermost one, or the one
-  // around it when the clause has its place before those that the innermost has.
+  // The frame of the select statement that a clause belongs to: the innermost one, or the one
+  // around that when the clause has its place before a clause of the innermost one.
   std::uint32_t SelectFor(NodeKind clause) {
     const std::uint32_t select = OpenFrame(NodeKind::kSelect);
     if (select == kNoFrame || clause > frames_[select].clause) return select;
@@ -315,8 +314,8 @@ class Reader {
     }
   }
 
-  // The rest of a line in a where clause, or up to a select statement in brackets that are not
-  // closed on the line.
+  // Takes the rest of a line in a where clause, or the part before a nested select statement whose
+  // brackets are not closed on the line.
   void TakeCondition(std::size_t from) {
     const std::size_t select = PassCondition(from);
     const std::size_t end = select == StringView::npos ? next_ : select;
@@ -330,7 +329,7 @@ class Reader {
     }
   }
 
-  // Counts brackets. The place of the select statement that begins on the line; npos for none.
+  // Counts brackets; gives the place of a nested select statement on the line, npos for none.
   std::size_t PassCondition(std::size_t from) {
     std::uint32_t& brackets = frames_.back().brackets;
     std::size_t select = StringView::npos;
@@ -403,8 +402,8 @@ class Reader {
     if (!isComplete) head.problem = Problem::kIncomplete;
   }
 
-  // An else or a default belongs to the innermost statement of its kind, or to the one around that
-  // when the innermost has one.
+  // An else or a default belongs to the innermost if or on case, or to the one around it when the
+  // innermost has one already.
   void TakeBranch(NodeKind owner, NodeKind kind, std::size_t behind) {
     std::uint32_t frame = OpenFrame(owner);
     if (frame != kNoFrame && frames_[frame].hasBranch) {
@@ -434,8 +433,8 @@ class Reader {
     Close();
   }
 
-  // "Until  ( a )": what stands behind the bracket belongs to it too, unless another statement
-  // begins there.
+  // "Until  ( a )": text behind the closing bracket belongs to the line too, unless it begins
+  // another statement.
   void TakeUntil(std::size_t behind) {
     const std::size_t open = PassBlanks(text_, behind);
     std::size_t end = next_;
@@ -454,7 +453,7 @@ class Reader {
       nodes_[leaf].problem = Problem::kIncomplete;
   }
 
-  // The index of the closing line.
+  // Closes a statement; gives the index of its closing line.
   std::size_t TakeEnd(NodeKind kind, std::size_t end) {
     const std::uint32_t frame = OpenFrame(kind);
     if (frame == kNoFrame) {
@@ -468,12 +467,12 @@ class Reader {
   }
 
   StringView text_;
-  std::size_t at_ = 0;       // what is before it is read
-  std::size_t start_ = 0;    // behind the blanks there
-  std::size_t lineEnd_ = 0;  // of the line that `at_` stands in
+  std::size_t at_ = 0;       // the text before this offset was read
+  std::size_t start_ = 0;    // behind the blanks at `at_`
+  std::size_t lineEnd_ = 0;  // the end of the line of `at_`
   std::size_t next_ = 0;     // the next line that is not blank
   std::vector<Node> nodes_;
-  std::vector<Frame> frames_;               // from the outermost node that is open
+  std::vector<Frame> frames_;               // the stack of open nodes, the outermost first
   std::array<std::uint32_t, kKinds> open_;  // the innermost frame of each kind
 };
 

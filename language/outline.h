@@ -1,11 +1,11 @@
-// The tree of a text in the statement language: of a Result, a stored rule or a statement box, as
-// the control composes it and as people edit it.
+// Parses a text in the statement language into a tree: a Result, a stored rule or a statement box,
+// as the control composes it and as people edit it.
 //
-// The leaves of the tree, put one behind the other, are the text: every character belongs to one of
-// them, line breaks and indentation to the line that they end or begin, blank lines to the line
-// before them. Where a statement ends is told by its closing word and never by indentation, which
-// the control itself writes in odd ways. Reading never fails; what is no statement is a node with a
-// problem. Hosts call this for outlines, folding and checks.
+// Invariant: the leaves of the tree, one behind the other, are the text. Every character belongs to
+// one leaf, line breaks and indentation to the line that they end or begin, blank lines to the line
+// before them. A closing word ends a statement, never the indentation, which the control itself
+// writes in odd ways. Parsing never fails: a line that is no statement becomes a node with
+// a problem. Hosts call this for outlines, folding and checks.
 #pragma once
 
 #include <cstddef>
@@ -57,30 +57,30 @@ enum class Problem : std::uint8_t {
   kIncomplete,      ///< an if without "then", a for without "=" or "to", a missing condition
 };
 
-/// One node. Places are numbers of 16-bit characters from the start of the text, from 0.
+/// One node. Places are offsets in the text in 16-bit characters, from 0.
 struct Node {
   /// Stands for no node.
   static constexpr std::uint32_t kNone = 0xFFFF'FFFF;
 
-  std::size_t first = 0;  ///< its first character
-  std::size_t last = 0;   ///< behind its last character
-  /// The words of its first line, without blanks around them; where its problem is shown, too. "if
-  /// a then" can go over several lines.
+  std::size_t first = 0;  ///< the node's first character
+  std::size_t last = 0;   ///< behind the node's last character
+  /// The head: the words of the node's first line, trimmed. The node's problem is shown there. "if
+  /// a then" can take several lines.
   std::size_t headFirst = 0;
   std::size_t headLast = 0;
-  std::uint32_t depth = 0;       ///< how many nodes it stands within
-  std::uint32_t parent = kNone;  ///< the index of the innermost of these
-  std::uint32_t behind = 0;      ///< the index behind the last of the nodes that stand within it
+  std::uint32_t depth = 0;       ///< how many nodes are around this one
+  std::uint32_t parent = kNone;  ///< the index of the innermost node around this one
+  std::uint32_t behind = 0;      ///< the index behind the last node within this one
   NodeKind kind = NodeKind::kStatement;
   Problem problem = Problem::kNone;
 };
 
-/// The nodes in the order of the text, each before those within it. So the first child of the node
-/// at `i` is at `i + 1`, unless its `behind` is that; the next sibling of a node is at its
-/// `behind`. Takes time and memory in proportion to the length, and no stack for nesting.
+/// The nodes in pre-order, which is the order of the text. So the first child of the node at `i` is
+/// at `i + 1`, unless the node's `behind` is that; the next sibling of a node is at its `behind`.
+/// Takes linear time and memory, and does not recurse for nesting.
 std::vector<Node> ReadOutline(StringView text);
 
-/// The text of a node, and its head; `text` is what was read.
+/// The text of a node, and its head; `text` has to be the text that ReadOutline read.
 inline StringView TextOf(StringView text, const Node& node) {
   return text.substr(node.first, node.last - node.first);
 }
@@ -88,12 +88,12 @@ inline StringView HeadOf(StringView text, const Node& node) {
   return text.substr(node.headFirst, node.headLast - node.headFirst);
 }
 
-/// Whether nothing stands within nodes of this one.
+/// Whether a node has no nodes within it.
 inline bool IsLeaf(const std::vector<Node>& nodes, std::size_t index) {
   return nodes[index].behind == index + 1;
 }
 
-/// In lower-case words: "select list", "case row"; "not closed", "" for no problem.
+/// The name in lower-case words: "select list", "case row"; "not closed", "" for no problem.
 const char* NameOf(NodeKind kind);
 const char* NameOf(Problem problem);
 

@@ -1,4 +1,4 @@
-// The control on which an opening is tried. It does each step at once and keeps it.
+// The control of an opening's dry run. It does each step at once and records it.
 #pragma once
 
 #include <functional>
@@ -15,10 +15,10 @@ class OwnControl final : private ControlHost {
   explicit OwnControl(const Catalogue& catalogue);
 
   const Surface& Form() const { return control_.Form(); }
-  /// The tabs before what was added last.
+  /// The indentation, in tabs, of the statement that was added last.
   int Depth() const { return control_.prpintTabcount().value(); }
 
-  // Each raises what the step raises. Behind a gesture that is refused nothing is done any more.
+  // Each raises the errors of its step. After a refused gesture further steps do nothing.
 
   void Write(String Parts::*part, StringView value);
   void Click(const Control& button);
@@ -27,7 +27,7 @@ class OwnControl final : private ControlHost {
   void Tab(int page);
 
   bool WasRefused() const { return wasRefused_; }
-  /// What was done since the last call.
+  /// The steps that were done since the last call.
   std::vector<Step> TakeSteps() { return std::exchange(steps_, {}); }
 
  private:
@@ -48,8 +48,8 @@ class OwnControl final : private ControlHost {
   bool wasRefused_ = false;
 };
 
-/// The opening whose steps are done by `fill`, and finished by `finish`, on a control of its own.
-/// It has no steps when one of them fails.
+/// Makes an opening by a dry run: `fill` does the steps, `finish` those that make the Result. The
+/// opening has no steps if one of the two fails.
 using Doing = std::function<void(OwnControl& control)>;
 Opening Try(StringView statement, const Catalogue& catalogue, const Doing& fill,
             const Doing& finish);
@@ -59,7 +59,7 @@ Opening Try(StringView statement, const Catalogue& catalogue, const Doing& fill,
 Opening OpenSelect(StringView statement, const Catalogue& catalogue);
 Opening OpenCondition(StringView statement, const Catalogue& catalogue);
 
-/// Takes the better of two openings: the one with fewer lines that differ.
+/// Replaces `best` if the other opening has fewer lines that differ.
 void KeepBetter(Opening& best, Opening opening);
 
 }  // namespace zolt20::reopen

@@ -19,12 +19,12 @@ constexpr std::size_t kLongestText = 32767;
 constexpr char16_t kTab = u'\t';
 constexpr char16_t kTabCode = u'\u0001';
 
-// The properties take one tab off every line but the first.
+// Adds a tab to every line but the first, since the properties remove one.
 String Indent(StringView text) {
   return Replace(text, kLineBreak, u"\r\n\t");
 }
 
-// CR LF only is a line break here; a lone CR or LF has no code and goes as it is.
+// Only CR LF is encoded as a line break; a lone CR or LF has no code and stays as it is.
 String EncodeCharacters(StringView text) {
   String encoded;
   encoded.reserve(text.size());
@@ -43,13 +43,13 @@ String EncodeCharacters(StringView text) {
   return encoded;
 }
 
-// A marker within the text would cost it its first five characters, so those are a marker too.
+// A text with a marker in it would lose its first five characters, so a marker is put before it.
 String Marked(StringView text, String encoded) {
   return Holds(text, kMarker) ? Concat(kMarker, encoded) : encoded;
 }
 
-// Whether prpSelectOrderbyPart finds the field of an entry in the list that the entry means. It
-// takes "desc" anywhere, in any letter case, for the word that says descending.
+// Whether prpSelectOrderbyPart finds an entry's field in the right list. The property takes "desc"
+// anywhere in an entry, in any letter case, for the keyword of descending order.
 bool ComesBackInOrder(StringView entry) {
   const StringView name = NameInOrder(entry);
   if (name.size() == entry.size()) return FindIgnoringCase(entry, kDesc) == StringView::npos;
@@ -115,7 +115,7 @@ class PartMaker {
     result_.rest += clause.whole;
   }
 
-  // The places of a list that hold nothing: they would be passed over, or fail in the control.
+  // Leaves a list over that has empty entries: the control would skip them, or raise an error.
   bool LeftOverForEmptyEntry(const Clause& clause) {
     StringView rest = clause.content;
     for (;;) {
@@ -143,9 +143,9 @@ class PartMaker {
     Take(clause, String(clause.content));
   }
 
-  // The select list is sorted anyway, and each field that comes into it puts a row behind those of
-  // the order lists. So where the fields order otherwise than they stand, those that order come
-  // first, as they order.
+  // The select list is sorted in any case, but each field that is added to it appends a row to the
+  // order lists. So if order by has another order than the select list, its fields come first, in
+  // the order of order by.
   void OrderSelectPart() {
     String& part = result_.parts.prpSelectPart;
     if (Holds(part, u":")) return;
@@ -184,8 +184,8 @@ class PartMaker {
       LeaveOver(clause, PlaceOf(text) + at, "no encoding can send what stands here");
       return;
     }
-    // The control takes off what is blank at both ends, leaves out a text of one character, and
-    // fails at texts beyond 16 bits.
+    // The control trims the text, drops a text of one character, and raises an error for a text
+    // whose length does not fit 16 bits.
     if (text.empty()) {
       Report(PlaceOf(text), "a clause without a text does not come back");
     } else if (Holds(kBlankEnds, text.substr(0, 1))) {
@@ -225,8 +225,9 @@ Reopened Reopen(StringView statement) {
   return MakeParts(statement, Divide(statement));
 }
 
-// The decoding knows "~", the tab's code and the quote's three characters and has no way of sending
-// them themselves. A text with a backtick and a caret before a quote reads as a quote too early.
+// The decoding takes "~", kTabCode and "`^`" for a line break, a tab and a quote, and has no
+// escapes for these codes. A backtick and a caret before a quote would be decoded as a quote too
+// early.
 std::size_t FindUnsendable(StringView text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == u'~' || text[i] == kTabCode) return i;
@@ -241,19 +242,19 @@ String Encode(StringView text) {
 
 String EncodeBlock(StringView block, bool isSelectDo) {
   String text = Replace(block, u"\r\n\t", kLineBreak);
-  // prpSelectDoPart makes one tab of two, wherever they stand.
+  // prpSelectDoPart turns every two tabs into one.
   if (isSelectDo) text = Replace(text, kTabCharacter, u"\t\t");
   return Marked(text, EncodeCharacters(Indent(text)));
 }
 
 const std::array<PartProperty, 10>& PartsInOrder() {
   using C = ZOLT20MapControl;
-  // The tables come first. prpSelectPart marks the tables that its entries name, all but the last
-  // entry's, and any other whose name stands within an entry, and then adds the fields. A table
-  // that were marked only after that would get its index rows behind the rows of the fields in the
-  // order lists. This way round all index rows stand before all fields, as when a person marks the
-  // tables and then moves fields, and the ascending and descending fields keep that order. What
-  // group by and order by mark must be there.
+  // The tables come first. prpSelectPart marks the tables of its entries, except the last entry's,
+  // and any other table whose name is within an entry, and then adds the fields. A table that is
+  // marked only after that would get its index rows behind the rows of the fields in the order
+  // lists. With the tables first, all index rows are before all fields, as when a person marks the
+  // tables and then moves fields, and ascending and descending fields keep that order. Group by and
+  // order by come later: the rows that they mark have to exist.
   static constexpr std::array<PartProperty, 10> kParts{{
       {"prpSelectFromPart", &Parts::prpSelectFromPart, &C::prpSelectFromPart},
       {"prpSelectPart", &Parts::prpSelectPart, &C::prpSelectPart},

@@ -1,6 +1,6 @@
-// Select statements back on the pages. Most come back by the part properties as they are. For
-// others the rows of the lists are made in the order in which the statement names them, and what no
-// property can carry is typed.
+// Opens select statements on the pages. Most are opened by the part properties alone. For others
+// the rows of the lists are made in the order in which the statement names them, and texts that no
+// property takes are typed.
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -19,9 +19,9 @@ constexpr int kSelectListPage = 0;
 constexpr int kWherePage = 1;
 constexpr int kSelectDoPage = 2;
 constexpr std::size_t kTableLength = 8;
-// So many readings of an odd condition are tried.
+// How many readings of an ambiguous condition are tried.
 constexpr std::size_t kMostReadings = 6;
-// An expression that stands in the list for a moment: it drives out the plain fields.
+// An expression that is put into the list for a moment, because it removes the plain fields.
 constexpr StringView kDriver = u"sum ( ) ";
 
 StringView TableOf(StringView field) {
@@ -41,7 +41,7 @@ int RowOf(const RowsControl& list, StringView text, int from = 0) {
   return -1;
 }
 
-// The row that a bound expression of the select list was in the list of selected fields.
+// The row of selected fields from which a bound expression of the select list was made.
 StringView RowOfBound(StringView entry) {
   return entry.substr(0, std::min(entry.find(u":var."), entry.size()));
 }
@@ -80,8 +80,8 @@ class PageFiller {
     return Split(ContentOf(part), u",");
   }
 
-  // A table that is marked puts its fields behind the rows of group by, and its indexes behind
-  // those of the order lists.
+  // Marking a table appends its fields to the rows of group by, and its indexes to those of the
+  // order lists.
   void MarkTables() {
     std::unordered_set<StringView> missing(tables_.begin(), tables_.end());
     const auto mark = [&](StringView table) {
@@ -125,11 +125,11 @@ class PageFiller {
     }
   }
 
-  // A field that comes into the list of selected fields puts a row behind those of the order lists.
+  // A field that is added to the list of selected fields appends a row to the order lists.
   int AddOrderRow(StringView name, int first) {
     if (form_.lstSelectedFields.LastRowOf(name) >= 0) DriveOutFields();
     if (StartsLikeFunction(name)) {
-      // Such a field can't be selected alone.
+      // A field that starts like a function can't be selected alone.
       control_.Click(form_.cmdMoveAll);
     } else {
       SelectField(name);
@@ -146,7 +146,7 @@ class PageFiller {
                        [&](StringView field) { return wanted.count(field) != 0; });
   }
 
-  // The rows of the order lists stay.
+  // Removes the plain fields from the selected ones; the rows of the order lists stay.
   void DriveOutFields() {
     control_.Write(&Parts::prpSelectPart, kDriver);
     control_.Click(form_.lstSelectedFields, form_.lstSelectedFields.LastRowOf(kDriver));
@@ -155,12 +155,12 @@ class PageFiller {
 
   void SelectField(StringView field) {
     if (!Holds(field, u":")) return control_.Write(&Parts::prpSelectPart, field);
-    // The property would take it for an expression.
+    // By gestures, since the property would take the field for an expression.
     control_.Click(form_.lstFields, RowOf(form_.lstFields, field));
     control_.Click(form_.cmdMoveOne);
   }
 
-  // A row as it stands. It makes the list one of expressions.
+  // Adds a row unchanged; the list then holds expressions.
   void SelectRow(StringView row) { control_.Write(&Parts::prpSelectPart, Concat(row, u":")); }
 
   void SelectFields() {
@@ -171,7 +171,7 @@ class PageFiller {
       hasRows = true;
     }
     if (hasRows) {
-      // Clear, on any page but the first, makes the list one of fields and leaves the rows.
+      // Clear, on any page but the first, lets the list hold fields again and keeps the rows.
       control_.Tab(kSelectDoPage);
       control_.Click(form_.cmdClear);
       control_.Tab(kSelectListPage);
@@ -203,7 +203,7 @@ class PageFiller {
     }
   }
 
-  // By hand, since the property would end the expression at the colon in the name of its field.
+  // By gestures, since the property would end the expression at the colon in its field's name.
   void SelectFunction(StringView row) {
     const std::size_t bracket = row.find(u" ( ");
     const std::size_t field = std::min(bracket, row.size() - 3) + 3;
@@ -213,8 +213,8 @@ class PageFiller {
     control_.Click(form_.cmdMoveOne);
   }
 
-  // The count of a whole table is written as the count of all rows, where it stands in the order of
-  // the expressions.
+  // The count of a whole table is written as the count of all rows, in its place among the
+  // expressions.
   String RowOfCount(StringView last) const {
     String row = u"count ( * ) ";
     std::vector<StringView> tables = tables_;
@@ -248,8 +248,8 @@ class PageFiller {
         &Parts::prpSelectEmptyPart, &Parts::prpSelectErrorPart};
     const auto box = static_cast<std::size_t>(
         std::find(kParts.begin(), kParts.end(), clause.kind->part) - kParts.begin());
-    // With a blank behind it a text of one character does not get lost. A block that is there and
-    // has no text is written for one that begins with a line break and is hardly longer than that.
+    // A blank behind a text of one character keeps the control from dropping the text. An empty
+    // block comes from a text that has hardly more than a line break at its start.
     String text = Replace(clause.content, u"\r\n\t", kLineBreak);
     if (text.size() == 1) text += u' ';
     if (text.empty() && box > 0) text = u"\r\n.   ";
@@ -273,8 +273,8 @@ bool BeginsStatement(language::LineWord word) {
          word == LineWord::kWhile || word == LineWord::kRepeat || word == LineWord::kOnCase;
 }
 
-// Whether a text goes on with another statement behind an "endselect" at the margin, so that its
-// first statement is not all of it.
+// Whether another statement follows an "endselect" at the margin, so that the text is more than
+// one statement.
 bool HoldsStatements(StringView text) {
   constexpr StringView kEnd = u"\r\nendselect\r\n";
   for (std::size_t at = Find(text, kEnd); at != StringView::npos; at = Find(text, kEnd, at + 1)) {
@@ -303,9 +303,9 @@ class SelectOpener {
   }
 
  private:
-  // A condition that a person typed may have lines that read like later clauses, or strings and
-  // brackets that do not end. Where the text reads well as it is, nothing else is tried: any
-  // statement comes back with all that follows its "where" as the condition.
+  // A condition that a person typed may have lines that look like later clauses, or strings and
+  // brackets that do not end. If the text as it is can be read, no other reading is tried: any
+  // statement comes back if all behind its "where" is taken for the condition.
   void TryOtherReadings() {
     std::vector<std::size_t> ends = ConditionEnds(statement_);
     if (ends.size() > kMostReadings) ends.erase(ends.begin() + kMostReadings - 1, ends.end() - 1);

@@ -18,7 +18,7 @@ bool IsIndex(StringView name) {
          name.find_first_not_of(u"0123456789", kIndexPrefix.size()) == StringView::npos;
 }
 
-// A bracket follows these as well, and they are no functions.
+// Keywords that a bracket may follow, and that are no functions.
 bool IsReserved(StringView word) {
   constexpr std::array<StringView, 14> kWords{u"and",    u"or",      u"not",  u"in",    u"exists",
                                               u"like",   u"between", u"if",   u"while", u"until",
@@ -66,7 +66,7 @@ class Finder {
     return node.kind == NodeKind::kStatement ? UsePlace::kStatement : UsePlace::kHead;
   }
 
-  // Behind the name of a table another one may stand, for this statement.
+  // An alias for this statement may follow the name of a table.
   void ReadTables(const Node& node) {
     const std::size_t word = node.headFirst + StartOf(HeadOf(text_, node)).length;
     for (const ListEntry& entry : EntriesOf(text_, word, node.last)) {
@@ -100,7 +100,7 @@ class Finder {
     }
   }
 
-  // "var.sum." and a name. Gives the place behind what was read.
+  // Reads "var.sum." and a name. Gives the place behind them.
   std::size_t ReadVariable(std::size_t first, std::size_t last, bool isInString) {
     constexpr StringView kVar = u"var.";
     const StringView word = text_.substr(first, last - first);
@@ -127,7 +127,7 @@ class Finder {
     return end;
   }
 
-  // Gives the place behind what was read.
+  // Reads a word, or the name that it begins. Gives the place behind it.
   std::size_t ReadWord(std::size_t first, std::size_t last, bool isInString) {
     const StringView word = text_.substr(first, last - first);
     const UsePlace around = std::exchange(place_, isInString ? UsePlace::kString : place_);
@@ -144,8 +144,8 @@ class Finder {
     return end;
   }
 
-  // Where the name of a table begins that ends at the point; the word begins at `first`. Names of
-  // the catalogue may have blanks in them. npos for none.
+  // The start of the table's name before the point; npos for none. The word begins at `first`, but
+  // names of the catalogue may have blanks.
   std::size_t BeginOfTable(std::size_t first, std::size_t point) const {
     if (names_ != nullptr && point >= kTableLength &&
         names_->Find(text_.substr(point - kTableLength, kTableLength)) != nullptr)
@@ -155,7 +155,7 @@ class Finder {
     return word.size() == kTableLength && !isNumber ? first : StringView::npos;
   }
 
-  // A table, a point, and what stands behind it.
+  // Reads a table, a point, and the name behind it.
   std::size_t ReadName(std::size_t first, std::size_t point, std::size_t last) {
     const StringView table = text_.substr(first, point - first);
     const std::size_t end = std::max(last, BehindOddField(table, point + 1));
@@ -167,7 +167,7 @@ class Finder {
     return end;
   }
 
-  // A field whose name goes on behind the word. Blanks at its end are no part of it.
+  // The end of a field whose name goes on behind the word, without trailing blanks.
   std::size_t BehindOddField(StringView table, std::size_t at) const {
     const Names::Table* const known = names_ == nullptr ? nullptr : names_->Find(table);
     std::size_t behind = at;

@@ -1,6 +1,6 @@
-// Where the names of a catalogue stand in a text of the statement language: tables, fields,
-// indexes, and the functions that are called. Hosts call this to find every place of a name, and to
-// give names that have changed to stored rules.
+// Finds the uses of a catalogue's names in a text of the statement language: tables, fields,
+// indexes, and the functions that are called. Hosts call this to find every use of a name, and to
+// rename names in stored rules.
 #pragma once
 
 #include <cstddef>
@@ -20,10 +20,10 @@ enum class UseKind : std::uint8_t {
   kField,     ///< "ORDERS__.O_ID"
   kIndex,     ///< "ORDERS__._index1"
   kFunction,  ///< "round", right before a bracket
-  kVariable,  ///< what the control calls a variable by, as in ":var.sum.ORDERS__.O_ID"
+  kVariable,  ///< the field in the name that the control gives a variable: ":var.sum.ORDERS__.O_ID"
 };
 
-/// What the text is in which a name stands. Only the first two are sure to be read as names.
+/// The kind of text around a use. Only in the first two a word is sure to be a name.
 enum class UsePlace : std::uint8_t {
   kClause,     ///< of a select statement
   kHead,       ///< of a control-flow statement: a condition, a bound, a case
@@ -33,14 +33,14 @@ enum class UsePlace : std::uint8_t {
 
 /// One use. Lines and columns count from 1, columns and lengths in characters of 16 bits.
 struct Use {
-  std::size_t first = 0;   ///< its place in the text, from 0
-  std::size_t length = 0;  ///< of the whole name, without the star of "ORDERS__.*"
+  std::size_t first = 0;   ///< the offset in the text, from 0
+  std::size_t length = 0;  ///< that of the whole name, without the star of "ORDERS__.*"
   std::size_t line = 1;
   std::size_t column = 1;
-  std::uint32_t node = 0;  ///< the index of the node that it stands in
+  std::uint32_t node = 0;  ///< the index of the node around the use
   UseKind kind = UseKind::kField;
   UsePlace place = UsePlace::kClause;
-  StringView table;  ///< within the text that was read; "" for a function
+  StringView table;  ///< a view of the text that was read; "" for a function
   StringView name;   ///< the field, the index or the function; "" for a table
 };
 
@@ -56,17 +56,17 @@ std::vector<Use> UsesIn(StringView text, const std::vector<Node>& nodes,
 std::vector<Use> UsesAndVariablesIn(StringView text, const std::vector<Node>& nodes,
                                     const Names* names = nullptr);
 
-/// Whether it is meant as a name and the catalogue has it not. Functions are nobody's names, and
-/// quoted texts need not mean any.
+/// Whether the use means a name that is missing in the catalogue. False for functions, which no
+/// catalogue lists, and for quoted texts, which need not mean a name.
 bool IsMissing(const Use& use, const Names& names);
 
-/// Names in place of others: "CUSTOMER" for a table, "CUSTOMER.C_ID" for a field. The change of a
-/// field goes before that of its table. A table that changes takes its fields along.
+/// New names by old names: "CUSTOMER" for a table, "CUSTOMER.C_ID" for a field. Renaming a table
+/// renames its fields as well, except those that have an entry of their own.
 using Renames = std::map<String, String, std::less<>>;
 
-/// What stands in place of the use, with its table; "" when nothing changes.
+/// The new name of a use, with its table; "" when nothing changes.
 String RenamedUse(const Use& use, const Renames& renames);
-/// The text with new names at these uses of it, which are given in its order.
+/// The text with these uses of it renamed; `uses` has to be in the order of the text.
 String Renamed(StringView text, std::span<const Use> uses, const Renames& renames);
 
 /// "table", "field", "index", "function", "variable"; "clause", "head", "statement", "string".

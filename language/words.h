@@ -20,14 +20,14 @@ enum class Word : std::uint8_t {
   kCount,
 };
 
-/// What a sentence is called where a host gives others.
+/// The key of a sentence, by which a host replaces it.
 std::string_view KeyOf(Word word);
-/// All of them, in the order of the list.
+/// All sentences, in the order of the list.
 std::vector<Word> AllWords();
 
 class Words {
  public:
-  /// Those that no host has changed.
+  /// The default sentences.
   static const Words& English();
 
   StringView operator[](Word word) const;
@@ -37,8 +37,8 @@ class Words {
   std::map<Word, String> given_;
 };
 
-/// The sentence with each value instead of its key in braces. A key that has no value stays, and
-/// values are not looked at for keys.
+/// Fills in a sentence: replaces each key in braces by its value. A key without a value stays, and
+/// keys inside of values are not replaced.
 String Filled(StringView sentence, std::initializer_list<std::pair<StringView, StringView>> values);
 
 }  // namespace zolt20::language
