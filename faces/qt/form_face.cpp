@@ -207,6 +207,14 @@ void FormFace::SetHostData(const QVariant& value) {
   person_.hostData() = value;
 }
 
+bool FormFace::StepHostData(const QVariant& value) {
+  if (!person_.BeginStep()) return false;
+  SetHostData(value);
+  person_.EndStep(true);
+  ShowChanges();
+  return true;
+}
+
 void FormFace::Undo() {
   if (person_.Undo() != faces::End::kDone) return;
   ShowChanges();

@@ -67,6 +67,8 @@ class FormFace final : public QObject, private SurfaceObserver {
   /// A value of the host's that is saved with each state: Undo and Redo restore it as well.
   QVariant hostData() const;
   void SetHostData(const QVariant& value);
+  /// The same as a step of the history. False within another call.
+  bool StepHostData(const QVariant& value);
   void Undo();
   void Redo();
 

@@ -256,6 +256,9 @@ QVariant ZOLT20MapWidget::hostData() const {
 void ZOLT20MapWidget::setHostData(const QVariant& value) {
   d_->face.SetHostData(value);
 }
+bool ZOLT20MapWidget::stepHostData(const QVariant& value) {
+  return d_->face.StepHostData(value);
+}
 void ZOLT20MapWidget::setTableNames(const QHash<QString, QString>& names) {
   d_->face.NameTables(names);
 }

@@ -81,6 +81,8 @@ class ZOLT20MapWidget : public QWidget {
   /// holds the value from before it, and undo and redo restore it. Invalid at first.
   QVariant hostData() const;
   void setHostData(const QVariant& value);
+  /// The same as a step of its own, which undo takes back. False within a signal of the widget.
+  bool stepHostData(const QVariant& value);
 
   /// Sets display names of tables, keyed by code. The list of tables shows them beside the codes,
   /// and its filter finds them too; the control knows nothing of them.

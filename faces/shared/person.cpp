@@ -142,9 +142,9 @@ bool Person::BeginStep() {
   return true;
 }
 
-void Person::EndStep() {
+void Person::EndStep(bool counts) {
   --calls_;
-  Guard([&] { changes_.historyChanged |= history_.End(anythingChanged_); });
+  Guard([&] { changes_.historyChanged |= history_.End(anythingChanged_ || counts); });
 }
 
 // The history.

@@ -145,7 +145,8 @@ class Person final : private SurfaceObserver {
   /// All that the host does between these two calls is one step of the history, such as an answer
   /// that comes later; within another call it is part of that call. Returns whether a step began.
   bool BeginStep();
-  void EndStep();
+  /// With `counts` it is a step even where nothing of the form changed.
+  void EndStep(bool counts = false);
 
   // The history.
 

@@ -105,6 +105,7 @@ void MainWindow::TakeIntoPages(const QString& text) {
     Complain(tr("Open"), error.what());
   }
   map_->Settle(whole);
+  if (const Rule* rule = OpenedRule()) TakeNotes(*rule);
   ShowTitle();
 }
 

@@ -1,6 +1,7 @@
 #include "hosts/composer/find_in_rules.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -39,6 +40,7 @@ class Finder {
     for (qsizetype at = 0; (at = rule_.text.indexOf(words_, at, Qt::CaseInsensitive)) >= 0;
          at += words_.size())
       Add(static_cast<std::size_t>(at), static_cast<std::size_t>(words_.size()), {});
+    FindNotes();
   }
 
   void FindNames(const language::Names* names) {
@@ -55,6 +57,21 @@ class Finder {
   }
 
  private:
+  // At the head of the node.
+  void FindNotes() {
+    if (rule_.notes.empty()) return;
+    const std::vector<language::Node> nodes = language::ReadOutline(View(rule_.text));
+    for (const language::NodeNote& note : rule_.notes) {
+      const QString told = ToQt(note.note);
+      const std::size_t index = language::NodeAt(nodes, note.path);
+      if (!Has(told)) continue;
+      const bool isThere = index != language::Node::kNone;
+      const std::size_t first = isThere ? nodes[index].headFirst : 0;
+      Add(first, isThere ? nodes[index].headLast - first : 0,
+          QCoreApplication::translate("composer", "Note: %1").arg(told));
+    }
+  }
+
   bool Has(const QString& text) const { return text.contains(words_, Qt::CaseInsensitive); }
 
   void Add(std::size_t first, std::size_t length, const QString& told) {

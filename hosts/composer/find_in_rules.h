@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "language/names.h"
+#include "language/node_notes.h"
 
 class QComboBox;
 class QLabel;
@@ -24,6 +25,7 @@ enum class Searched { kText, kNames, kProblems };
 struct RuleText {
   QString rule;
   QString text;
+  std::vector<language::NodeNote> notes = {};  ///< of nodes of the text
 };
 
 /// A place that was found.
@@ -32,7 +34,7 @@ struct FoundPlace {
   std::size_t first = 0;  ///< in the text of the rule, from 0
   std::size_t length = 0;
   int line = 1;
-  QString told;  ///< the line of the text, or what is wrong there
+  QString told;  ///< the line of the text, what is wrong there, or the note
 
   bool operator==(const FoundPlace&) const = default;
 };
@@ -40,9 +42,9 @@ struct FoundPlace {
 /// No more are looked for.
 inline constexpr std::size_t kMostFound = 1000;
 
-/// The places in the order of the rules, letter case aside. Without words every name, or every
-/// problem, is found, and no text. Names of tables, fields, indexes and functions are those of the
-/// catalogue where there is one.
+/// The places in the order of the rules, letter case aside; those of notes behind those of the
+/// text. Without words every name, or every problem, is found, and no text. Names of tables,
+/// fields, indexes and functions are those of the catalogue where there is one.
 std::vector<FoundPlace> FindInRules(const std::vector<RuleText>& rules, const QString& words,
                                     Searched searched, const language::Names* names);
 

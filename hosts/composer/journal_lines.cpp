@@ -37,7 +37,8 @@ JournalHead HeadOf(const Json& head) {
 
 // Whether a step composes anything; the same as of gestures when they are made.
 bool IsChange(const QByteArray& json) {
-  if (!json.startsWith(R"({"user":)")) return HasKey(json, "undo") || HasKey(json, "redo");
+  if (!json.startsWith(R"({"user":)"))
+    return HasKey(json, "undo") || HasKey(json, "redo") || HasKey(json, "note");
   const auto isOf = [&json](const char* beginning) { return json.startsWith(beginning); };
   return !isOf(R"({"user":"focus")") && !isOf(R"({"user":"tab")") &&
          !isOf(R"({"user":"click","control":"cmdDone")") &&
@@ -58,7 +59,8 @@ bool Take(KeptSession& session, const JournalLines::Content& content, bool isHea
   } else if (isStored) {
     const Json& rule = value.at("store");
     session.stored.push_back({FromQt(TextOf(rule, "name")), FromQt(TextOf(rule, "text")),
-                              FromQt(TextOf(rule, "fields"))});
+                              FromQt(TextOf(rule, "fields")),
+                              NotesFromJson(rule.value("notes", Json::array()))});
     session.head.rule = TextOf(rule, "name");
     session.head.text = TextOf(rule, "text");
     session.isChanged = false;
@@ -136,6 +138,25 @@ Json FromJsonLine(const QByteArray& line) {
   return Json::parse(hosts::PutStandIns(line.toStdString()));
 }
 
+Json NotesAsJson(const std::vector<language::NodeNote>& notes) {
+  Json values = Json::array();
+  for (const language::NodeNote& note : notes) {
+    values.push_back({{"at", note.path},
+                      {"head", hosts::ToJsonText(note.head)},
+                      {"note", hosts::ToJsonText(note.note)}});
+  }
+  return values;
+}
+
+std::vector<language::NodeNote> NotesFromJson(const Json& notes) {
+  std::vector<language::NodeNote> values;
+  for (const Json& note : notes) {
+    values.push_back({note.at("at").get<std::vector<std::uint32_t>>(), FromQt(TextOf(note, "head")),
+                      FromQt(TextOf(note, "note"))});
+  }
+  return values;
+}
+
 QByteArray HeadLine(const JournalHead& head) {
   return JsonLine({{"format", kFormat},
                    {"version", kVersion},
@@ -148,9 +169,10 @@ QByteArray HeadLine(const JournalHead& head) {
 }
 
 QByteArray StoredLine(const Rule& rule) {
-  const Json value = {{"name", hosts::ToJsonText(rule.name)},
-                      {"text", hosts::ToJsonText(rule.text)},
-                      {"fields", hosts::ToJsonText(rule.fields)}};
+  Json value = {{"name", hosts::ToJsonText(rule.name)},
+                {"text", hosts::ToJsonText(rule.text)},
+                {"fields", hosts::ToJsonText(rule.fields)}};
+  if (!rule.notes.empty()) value["notes"] = NotesAsJson(rule.notes);
   return JsonLine({{"store", value}});
 }
 

@@ -95,6 +95,10 @@ struct KeptSession {
 QByteArray JsonLine(const nlohmann::ordered_json& value);
 nlohmann::ordered_json FromJsonLine(const QByteArray& line);
 
+/// Notes of nodes, as they stand in lines.
+nlohmann::ordered_json NotesAsJson(const std::vector<language::NodeNote>& notes);
+std::vector<language::NodeNote> NotesFromJson(const nlohmann::ordered_json& notes);
+
 QByteArray HeadLine(const JournalHead& head);
 QByteArray StoredLine(const Rule& rule);
 QByteArray AllStoredLine();

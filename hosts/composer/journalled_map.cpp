@@ -143,6 +143,12 @@ void RecordedMap::PlayStep(const Json& step, bool goesOn) {
     undo();
   } else if (step.contains("redo")) {
     redo();
+  } else if (step.contains("note")) {
+    WriteNotes(NotesFromJson(step["note"]), tr("Note"));
+  } else if (step.contains("settled")) {
+    TakeNotes(NotesFromJson(step["notes"]));
+  } else if (step.contains("notes")) {
+    FollowNotes(NotesFromJson(step["notes"]));
   } else if (step.contains("settle")) {
     Settle(TextIn(step, "settle"));
   } else if (step.contains("get")) {

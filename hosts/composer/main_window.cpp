@@ -234,6 +234,7 @@ void MainWindow::OpenRule(const QString& name) {
   ShowForReading(rule == nullptr ? QString() : ToQt(rule->text));
   if (rule != nullptr && !IsReadOnly()) FillPages(ToQt(rule->text));
   map_->Settle(rule == nullptr ? QString() : ToQt(rule->text));
+  if (rule != nullptr) TakeNotes(*rule);
   ShowStatements();
   ShowList();
   ShowTitle();

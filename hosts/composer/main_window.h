@@ -138,6 +138,8 @@ class MainWindow final : public QMainWindow {
   bool StoreRule();
   bool StoreUnasked();
   bool Store();
+  bool StoreNotes();
+  void PutRule(Rule rule);
   bool NeedName(QString& name);
   /// Ctrl+S: the rule, when anything of it is changed, and the file.
   bool SaveAll();
@@ -172,6 +174,10 @@ class MainWindow final : public QMainWindow {
   void ShowPlace(const QString& rule, std::size_t first, std::size_t length);
   void ShowVersions();
   void EditNote();
+  /// The notes on nodes of a rule that was opened.
+  void TakeNotes(const Rule& rule);
+  /// The note of the rule, and those whose nodes are gone.
+  QString RuleNote() const;
   void ShowDeleted();
 
   // The journal.

@@ -4,11 +4,14 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFrame>
+#include <QInputDialog>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QTreeView>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "faces/qt/qt_text.h"
@@ -97,6 +100,8 @@ NodeEdits::NodeEdits(StatementTree& tree, const catalogue::Catalogue& catalogue,
   AddAction(tr("&Copy"), QKeySequence::Copy, &NodeEdits::Copy);
   AddAction(tr("&Paste"), QKeySequence::Paste, &NodeEdits::Paste);
   AddAction(tr("De&lete"), QKeySequence::Delete, &NodeEdits::Delete);
+  AddAction(tr("&Note..."), Qt::SHIFT | Qt::Key_F2, &NodeEdits::EditNote);
+  connect(&tree, &StatementTree::Read, this, &NodeEdits::KeepNotes);
   connect(&tree, &StatementTree::EditRequested, this, &NodeEdits::EditNode);
   dropMark_->setObjectName(QStringLiteral("nodeDropMark"));
   dropMark_->setForegroundRole(QPalette::Text);
@@ -119,29 +124,89 @@ void NodeEdits::AddAction(const QString& text, const QKeySequence& keys, void (N
 void NodeEdits::Follow(RecordedMap& map) {
   map_ = &map;
   connect(&map, &RecordedMap::EditAskedAgain, this, &NodeEdits::EditAt);
+  connect(&map, &RecordedMap::NotesWritten, this, &NodeEdits::ShowNotes);
+  connect(&map, &ZOLT20MapWidget::undone, this, &NodeEdits::ShowNotes);
+  connect(&map, &ZOLT20MapWidget::redone, this, &NodeEdits::ShowNotes);
 }
 
 bool NodeEdits::CanEdit() const {
   return map_ != nullptr && mayEdit_();
 }
 
-// The text becomes another one, and what came is marked in the tree.
-bool NodeEdits::Make(const Change& change, const QString& name) {
+// The text becomes another one, and what came is marked in the tree. The node that was changed, if
+// any, is what came.
+bool NodeEdits::Make(const Change& change, const QString& name, std::size_t changed) {
   if (change.refusal != Refusal::kNone) {
     emit Told(ReasonOf(change.refusal));
     return false;
   }
+  const QString before = tree_.Text();
   const QString text = ToQt(change.text);
-  if (text == tree_.Text()) return false;
+  if (text == before) return false;
+  map_->CarryNotes();
+  const RecordedMap::Notes notes = map_->NodeNotes();
   map_->WriteResult(text, name);
   tree_.TextChanged();
-  tree_.Refresh();
+  {
+    const QScopedValueRollback making(isMaking_, true);
+    tree_.Refresh();
+  }
   const auto begins = [&](const Node& node) { return node.headFirst >= change.first; };
   const auto& nodes = tree_.Nodes();
   const auto found = std::find_if(nodes.begin(), nodes.end(), begins);
-  if (found != nodes.end()) tree_.MarkNode(static_cast<std::size_t>(found - nodes.begin()));
+  const auto index = static_cast<std::size_t>(found - nodes.begin());
+  if (!notes.empty()) {
+    std::optional<language::NodePair> known;
+    if (changed != Node::kNone && found != nodes.end()) known = {changed, index};
+    map_->FollowNotes(language::CarryNotes(notes, View(before), View(text), known));
+    TellLost(map_->NodeNotes(), notes);
+    ShowNotes();
+  }
+  if (found != nodes.end()) tree_.MarkNode(index);
   tree_.View().setFocus();
   return true;
+}
+
+// Notes.
+
+void NodeEdits::ShowNotes() {
+  if (map_ == nullptr) return;
+  tree_.Refresh();
+  tree_.ShowNotes(map_->NodeNotes());
+}
+
+// The text became another one.
+void NodeEdits::KeepNotes() {
+  if (map_ == nullptr || isMaking_) return;
+  const RecordedMap::Notes before = map_->NodeNotes();
+  map_->CarryNotes();
+  TellLost(map_->NodeNotes(), before);
+  tree_.ShowNotes(map_->NodeNotes());
+}
+
+void NodeEdits::TellLost(const RecordedMap::Notes& notes, const RecordedMap::Notes& before) {
+  for (const language::NodeNote& note : notes) {
+    const bool isNew =
+        note.path.empty() && std::find(before.begin(), before.end(), note) == before.end();
+    if (isNew)
+      emit Told(
+          tr("The note of \"%1\" is a note of the rule now.").arg(ShortName(ToQt(note.head))));
+  }
+}
+
+void NodeEdits::EditNote() {
+  const std::size_t node = tree_.CurrentNode();
+  if (node == Node::kNone || !CanEdit()) return;
+  map_->CarryNotes();
+  RecordedMap::Notes notes = map_->NodeNotes();
+  const language::NodeNote* old = language::NoteOf(notes, tree_.Nodes(), node);
+  const QString before = old == nullptr ? QString() : ToQt(old->note);
+  bool isGiven = false;
+  const QString note = QInputDialog::getMultiLineText(
+      &tree_, tr("Note"), tr("Note of \"%1\"").arg(HeadOf(node)), before, &isGiven);
+  if (!isGiven || note == before) return;
+  language::PutNote(notes, View(tree_.Text()), tree_.Nodes(), node, View(note));
+  map_->WriteNotes(notes, tr("Note"));
 }
 
 // Editing.
@@ -180,7 +245,7 @@ bool NodeEdits::EditOnPages(std::size_t statement, std::size_t node) {
   do {
     isDone = composer.exec() == QDialog::Accepted;
   } while (isDone && !IsPutBack(statement, composer.Text(), composer));
-  if (!isDone || !Make(change_, tr("Edit Statement"))) map_->EndEdit();
+  if (!isDone || !Make(change_, tr("Edit Statement"), statement)) map_->EndEdit();
   return true;
 }
 
@@ -195,7 +260,7 @@ void NodeEdits::EditAsText(std::size_t statement) {
   do {
     isDone = dialog.exec() == QDialog::Accepted;
   } while (isDone && !IsPutBack(statement, dialog.Text(), dialog));
-  if (!isDone || !Make(change_, tr("Edit Statement"))) map_->EndEdit();
+  if (!isDone || !Make(change_, tr("Edit Statement"), statement)) map_->EndEdit();
 }
 
 bool NodeEdits::IsPutBack(std::size_t statement, const QString& text, QWidget& dialog) {
@@ -209,7 +274,8 @@ bool NodeEdits::IsPutBack(std::size_t statement, const QString& text, QWidget& d
 
 void NodeEdits::MoveTo(std::size_t node, Place place) {
   if (!CanEdit()) return;
-  Make(language::MoveNode(View(tree_.Text()), tree_.Nodes(), node, place), tr("Move Statement"));
+  Make(language::MoveNode(View(tree_.Text()), tree_.Nodes(), node, place), tr("Move Statement"),
+       node);
 }
 
 // Past the statement beside it; from the end of a block to beside the statement that has the block.

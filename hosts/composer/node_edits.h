@@ -31,6 +31,8 @@ class NodeEdits final : public QObject {
 
   /// From now on the tree shows the text of this control.
   void Follow(RecordedMap& map);
+  /// The notes are others, and the text is the one that the tree shows.
+  void ShowNotes();
 
  signals:
   /// Why nothing was done.
@@ -42,7 +44,8 @@ class NodeEdits final : public QObject {
  private:
   void AddAction(const QString& text, const QKeySequence& keys, void (NodeEdits::*act)());
   bool CanEdit() const;
-  bool Make(const language::Change& change, const QString& name);
+  bool Make(const language::Change& change, const QString& name,
+            std::size_t changed = language::Node::kNone);
 
   void EditNode(std::size_t node);
   void EditAt(qsizetype first, qsizetype last);
@@ -59,6 +62,9 @@ class NodeEdits final : public QObject {
   void Copy();
   void Paste();
   void Delete();
+  void EditNote();
+  void KeepNotes();
+  void TellLost(const RecordedMap::Notes& notes, const RecordedMap::Notes& before);
   void Insert(const QString& text, language::Place place);
 
   std::size_t NodeAt(const QModelIndex& index) const;
@@ -72,6 +78,7 @@ class NodeEdits final : public QObject {
   const catalogue::Catalogue& catalogue_;
   std::function<bool()> mayEdit_;
   QPointer<RecordedMap> map_;
+  bool isMaking_ = false;    // the notes are carried along by the edit
   language::Change change_;  // what IsPutBack found
 
   // The viewport of the rows. It hears of events while the tree, its parent, is half gone.

@@ -152,12 +152,14 @@ RecordedMap::Pending RecordedMap::PendingOnPages() const {
 
 bool RecordedMap::IsChanged() const {
   const StringView result = form().TxtOutput.Text();
-  return (!result.empty() && result != View(stored_)) || PendingOnPages().Any();
+  return (!result.empty() && result != View(stored_)) || NodeNotes() != settledNotes_ ||
+         PendingOnPages().Any();
 }
 
 void RecordedMap::Settle(const QString& stored) {
   stored_ = stored;
   settled_ = Pages();
+  settledNotes_ = NodeNotes();
   ToJournal({{"settle", Utf8(stored)}}, false);
 }
 
@@ -328,11 +330,16 @@ const RecordedMap::Line& RecordedMap::At(int line) const {
 RecordedMap::Place RecordedMap::Now() const {
   const QVariantList place = hostData().toList();
   if (place.isEmpty()) return {};
-  return {place[0].toInt(), place[1].toString(), place[2].toString()};
+  return {place[0].toInt(), place[1].toString(), place[2].toString(),
+          place[3].value<std::shared_ptr<const NotedNodes>>()};
+}
+
+QVariant RecordedMap::ValueOf(const Place& place) {
+  return QVariantList{place.last, place.added, place.own, QVariant::fromValue(place.notes)};
 }
 
 void RecordedMap::MoveTo(const Place& place) {
-  setHostData(QVariantList{place.last, place.added, place.own});
+  setHostData(ValueOf(place));
 }
 
 }  // namespace zolt20::composer

@@ -16,6 +16,7 @@
 #include "hosts/composer/kept_edits.h"
 #include "hosts/composer/pages_text.h"
 #include "hosts/kit/catalogue.h"
+#include "language/node_notes.h"
 
 namespace zolt20::composer {
 
@@ -62,6 +63,22 @@ class RecordedMap final : public ZOLT20MapWidget {
   /// The name of the step that WriteResult is making; "" outside of it.
   const QString& StepName() const { return stepName_; }
 
+  // Notes on nodes of the text: of the Result, or of the stored text where that is empty. They go
+  // with the state, so Undo and Redo put them back.
+
+  using Notes = std::vector<language::NodeNote>;
+  const Notes& NodeNotes() const;
+  /// Those of the stored text, which are no change.
+  void TakeNotes(const Notes& notes);
+  /// Notes become others, as one step of the person's.
+  void WriteNotes(const Notes& notes, const QString& name);
+  /// The text has become another one by the step before, and these are its notes.
+  void FollowNotes(const Notes& notes);
+  /// They become those of the text as it is now.
+  void CarryNotes();
+  /// The text that they are of, as it is now.
+  QString NotedText() const;
+
   /// The session so far, one request a line.
   QByteArray Record() const;
 
@@ -85,6 +102,8 @@ class RecordedMap final : public ZOLT20MapWidget {
   void MakeGestureOfOpening(const nlohmann::ordered_json& request);
 
  signals:
+  /// WriteNotes made a step; StepName has its name.
+  void NotesWritten();
   /// The journal that was left ends within a composer for a part of the text, which is to open
   /// again, with BeginEdit.
   void EditAskedAgain(qsizetype first, qsizetype last);
@@ -99,6 +118,7 @@ class RecordedMap final : public ZOLT20MapWidget {
   using Json = nlohmann::ordered_json;
 
   void AddLine(const Json& request);
+  void PutNotes(const Notes& notes);
   void Note(const char* event);
   void PlayStep(const Json& step, bool goesOn);
   void PlayGesture(const Json& step, bool goesOn);
@@ -119,11 +139,17 @@ class RecordedMap final : public ZOLT20MapWidget {
   static constexpr int kNone = -1;
   static constexpr std::size_t kCatalogueLines = 3;  // with which every record begins
 
+  struct NotedNodes {
+    QString text;
+    Notes notes;
+  };
+
   // Goes with the state of the control.
   struct Place {
     int last = kNone;  // the line where the record stands
     QString added;     // the statement that Add To Result wrote last
     QString own;       // the Result as the control wrote it last
+    std::shared_ptr<const NotedNodes> notes;
   };
   // A button of the form that is being pressed: what was before.
   struct Pressed {
@@ -132,6 +158,7 @@ class RecordedMap final : public ZOLT20MapWidget {
     Place place;
   };
   Place Now() const;
+  static QVariant ValueOf(const Place& place);
   void MoveTo(const Place& place);
 
   // A line and the one before it in its record. One that was undone stays, since Redo may bring it
@@ -147,6 +174,7 @@ class RecordedMap final : public ZOLT20MapWidget {
   std::vector<Line> lines_;
   QString stored_;                       // the text of the last Settle
   PagesText settled_;                    // and the pages then
+  Notes settledNotes_;                   // and the notes
   std::unique_ptr<PagesReader> reader_;  // never null
   QString stepName_;
   std::optional<Pressed> pressed_;

@@ -13,6 +13,7 @@
 
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/main_window.h"
+#include "hosts/composer/node_edits.h"
 #include "hosts/kit/text_coding.h"
 #include "surface/surface.h"
 
@@ -197,6 +198,7 @@ void MainWindow::BringBack(const LeftJournal& left, const Recovery& recovery) {
   OpenRule(rule_);
   journal_->GoOnIn(left);
   MakeMap();
+  nodeEdits_->ShowNotes();
   ShowTitle();
 }
 

@@ -3,15 +3,19 @@
 // The file is JSON in UTF-8, two blanks for each level, ended by a line feed:
 //
 //   {"format": "zolt20 rules", "version": 2,
-//    "rules": [{"name": "", "text": "", "fields": "", "stored": "2026-01-31T23:59:59Z",
-//               "note": "", "versions": [{"stored": "", "text": "", "fields": ""}]}],
+//    "rules": [{"name": "", "text": "", "fields": "",
+//               "nodeNotes": [{"at": [0, 2], "head": "", "note": ""}],
+//               "stored": "2026-01-31T23:59:59Z", "note": "",
+//               "versions": [{"stored": "", "text": "", "fields": "", "nodeNotes": []}]}],
 //    "bin": [{"name": "", "text": "", "fields": "", "deleted": ""}],
 //    "catalogue": {"tables": "", "fields": ""}}
 //
-// "stored" and what follows it may be missing, and are missing in files of version 1. "versions"
-// are the texts before, oldest first; "bin" holds deleted rules with all that belongs to them;
-// "catalogue" has the names that the rules were composed with, as the control takes them. Times are
-// UTC.
+// "nodeNotes" are those of nodes of the text, each with its place in the tree as in
+// language/node_notes.h; they are missing where there are none, and editions that do not know them
+// keep them. "stored" and what follows it may be missing, and are missing in files of version 1.
+// "versions" are the texts before, oldest first; "bin" holds deleted rules with all that belongs to
+// them; "catalogue" has the names that the rules were composed with, as the control takes them.
+// Times are UTC.
 //
 // Texts come back exactly, to the last 16-bit character; one that is half of a pair stands in the
 // file as an escape. Keys of a later edition of the format, at the top or in a rule, are kept and

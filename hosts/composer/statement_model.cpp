@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <map>
 
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/translations.h"
@@ -47,6 +48,7 @@ struct StatementModel::Item {
   std::uint32_t next = 0;  // its node in the text that comes
   Items children;
   std::vector<std::uint32_t> findings;
+  QString note;
   Mark mark = Mark::kNone;
   Mark within = Mark::kNone;
 };
@@ -211,6 +213,26 @@ void StatementModel::SetFindings(std::vector<language::Finding> findings) {
   SumMarks(*root_);
 }
 
+void StatementModel::SetNotes(const std::vector<language::NodeNote>& notes) {
+  std::map<Item*, QString> noted;
+  for (const language::NodeNote& note : notes) {
+    const std::size_t node = language::NodeAt(nodes_, note.path);
+    if (node >= items_.size() || items_[node] == nullptr) continue;
+    QString& told = noted[items_[node]];
+    if (!told.isEmpty()) told += u'\n';
+    told += ToQt(note.note);
+  }
+  for (Item* item : items_) {
+    if (item == nullptr || (item->note.isEmpty() && noted.empty())) continue;
+    const auto found = noted.find(item);
+    const QString note = found == noted.end() ? QString() : found->second;
+    if (item->note == note) continue;
+    item->note = note;
+    const QModelIndex index = IndexOf(*item);
+    emit dataChanged(index, index);
+  }
+}
+
 void StatementModel::SumMarks(Item& item) {
   Mark mark = Mark::kNone;
   for (const std::uint32_t at : item.findings)
@@ -305,6 +327,8 @@ QVariant StatementModel::data(const QModelIndex& index, int role) const {
       return static_cast<int>(item.mark);
     case kMarkWithinRole:
       return static_cast<int>(item.within);
+    case kNoteRole:
+      return item.note;
     default:
       return {};
   }
@@ -321,6 +345,7 @@ QString StatementModel::HeadOf(const Item& item) const {
 QString StatementModel::TipOf(const Item& item) const {
   QStringList lines{ToQt(language::Explain(View(text_), nodes_, item.node, Sentences()))};
   if (!item.findings.empty()) lines.append(ProblemsOf(item));
+  if (!item.note.isEmpty()) lines.append(tr("Note: %1").arg(item.note));
   const QString tip = lines.join(u'\n').toHtmlEscaped().replace(u'\n', QStringLiteral("<br>"));
   return QStringLiteral("<qt>%1</qt>").arg(tip);
 }
@@ -345,6 +370,7 @@ QString StatementModel::SpokenOf(const Item& item) const {
                                   .arg(last));
   told.append(ToQt(language::Explain(View(text_), nodes_, item.node, Sentences())));
   if (!item.findings.empty()) told.append(tr("Problems: %1").arg(ProblemsOf(item)));
+  if (!item.note.isEmpty()) told.append(tr("Note: %1").arg(item.note));
   if (item.within != Mark::kNone) told.append(tr("There are problems within it."));
   told.removeAll(QString());
   return told.join(u' ');

@@ -12,6 +12,7 @@
 #include "hosts/composer/statement_kinds.h"
 #include "hosts/composer/text_lines.h"
 #include "language/check.h"
+#include "language/node_notes.h"
 #include "language/outline.h"
 
 namespace zolt20::composer {
@@ -25,8 +26,9 @@ class StatementModel final : public QAbstractItemModel {
 
   enum Role {
     kKindRole = Qt::UserRole,
-    kMarkRole,       ///< a Mark: of the row itself
-    kMarkWithinRole  ///< the same of the rows within it
+    kMarkRole,        ///< a Mark: of the row itself
+    kMarkWithinRole,  ///< the same of the rows within it
+    kNoteRole         ///< the note of the row, "" for none
   };
 
   explicit StatementModel(QObject* parent = nullptr);
@@ -36,6 +38,8 @@ class StatementModel final : public QAbstractItemModel {
   void SetText(const QString& text, bool anew);
   /// What is wrong in the text.
   void SetFindings(std::vector<language::Finding> findings);
+  /// The notes of the text, which go with it.
+  void SetNotes(const std::vector<language::NodeNote>& notes);
 
   const QString& Text() const { return text_; }
   const std::vector<language::Node>& Nodes() const { return nodes_; }

@@ -7,10 +7,12 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMetaMethod>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "faces/qt/later.h"
@@ -24,6 +26,8 @@ namespace {
 // Texts of so many characters are read that much later, so that keys in them stay fast.
 constexpr int kCharactersAMillisecond = 1000;
 constexpr int kRestMilliseconds = 400;
+
+constexpr int kNoteWidth = 16;
 
 int KeyOf(const QKeyEvent& event) {
   return event.keyCombination().toCombined() & ~static_cast<int>(Qt::KeypadModifier);
@@ -55,6 +59,31 @@ class StatementTree::Delegate final : public QStyledItemDelegate {
     option->icon = picture;
     option->features |= QStyleOptionViewItem::HasDecoration;
     option->decorationSize = {16, 16};
+  }
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QSize size = QStyledItemDelegate::sizeHint(option, index);
+    const bool hasNote = !index.data(StatementModel::kNoteRole).toString().isEmpty();
+    return hasNote ? size + QSize(kNoteWidth, 0) : size;
+  }
+
+  // A note is a sheet of paper with a folded corner, behind the head.
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    if (index.data(StatementModel::kNoteRole).toString().isEmpty()) return;
+    const int right =
+        option.rect.left() + QStyledItemDelegate::sizeHint(option, index).width() + kNoteWidth;
+    const QRectF sheet(std::min(right, option.rect.right()) - kNoteWidth + 2.5,
+                       option.rect.center().y() - 4.5, 9, 10);
+    const QPolygonF outline({sheet.topLeft(), sheet.topRight(), sheet.bottomRight() - QPointF(0, 3),
+                             sheet.bottomRight() - QPointF(3, 0), sheet.bottomLeft()});
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QColor(0x6B, 0x55, 0x00));
+    painter->setBrush(QColor(0xFF, 0xE0, 0x66));
+    painter->drawPolygon(outline);
+    painter->restore();
   }
 
  private:
@@ -196,6 +225,11 @@ void StatementTree::UnfoldAllBut(const QSet<QModelIndex>& fresh) {
   view_->expandAll();
   for (const QModelIndex& index : folded)
     view_->collapse(index);
+}
+
+void StatementTree::ShowNotes(const std::vector<language::NodeNote>& notes) {
+  model_->SetNotes(notes);
+  view_->viewport()->update();
 }
 
 // Nodes.

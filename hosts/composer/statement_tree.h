@@ -44,6 +44,8 @@ class StatementTree final : public QWidget {
   void Refresh();
   /// Looks for what is wrong now, when it was not looked for yet.
   void CheckNow();
+  /// The notes of the text that is shown.
+  void ShowNotes(const std::vector<language::NodeNote>& notes);
   /// The names that statements may have; null for any.
   void UseNames(std::unique_ptr<language::Names> names);
   const language::Names* Names() const { return names_.get(); }

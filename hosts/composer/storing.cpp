@@ -189,6 +189,7 @@ bool MainWindow::NeedName(QString& name) {
 bool MainWindow::Store() {
   // Of a rule that was opened the pages hold the text until it is added.
   if (map_->form().TxtOutput.Text().empty()) {
+    if (!rule_.isEmpty() && map_->IsChanged() && !map_->PendingOnPages().Any()) return StoreNotes();
     if (!rule_.isEmpty() && !map_->IsChanged()) {
       statusBar()->showMessage(tr("\"%1\" is as it was stored").arg(ShortName(rule_)), 5000);
       return false;
@@ -201,17 +202,46 @@ bool MainWindow::Store() {
   QString text;
   try {
     text = map_->ReadResult();
-    const Rule rule{FromQt(name), FromQt(text), FromQt(map_->prpstrSelectedFields())};
-    rules_->Put(rule);
-    journal_->KeepStored(rule);
+    PutRule({FromQt(name), FromQt(text), FromQt(map_->prpstrSelectedFields())});
   } catch (const RuntimeError& error) {
     Complain(tr("Store"), error.what());
     return false;
   }
   rule_ = name;
   map_->Settle(text);
+  map_->TakeNotes(rules_->Find(View(name))->notes);
   ShowStatements();
   ShowList();
+  return Save();
+}
+
+// With the notes on its nodes. Those whose nodes are gone become the rule's own.
+void MainWindow::PutRule(Rule rule) {
+  map_->CarryNotes();
+  String ofRule;
+  for (const language::NodeNote& note : map_->NodeNotes()) {
+    if (!note.path.empty()) {
+      rule.notes.push_back(note);
+    } else {
+      if (!ofRule.empty()) ofRule += u'\n';
+      ofRule += Concat(note.head, u": ", note.note);
+    }
+  }
+  rules_->Put(rule);
+  if (!ofRule.empty()) {
+    const String& before = rules_->NoteOf(rule.name);
+    rules_->SetNote(rule.name, before.empty() ? ofRule : Concat(before, u"\n", ofRule));
+  }
+  journal_->KeepStored(rule);
+}
+
+// The text is the stored one.
+bool MainWindow::StoreNotes() {
+  const Rule* rule = OpenedRule();
+  if (rule == nullptr) return false;
+  PutRule({rule->name, rule->text, rule->fields});
+  map_->Settle(map_->StoredText());
+  map_->TakeNotes(OpenedRule()->notes);
   return Save();
 }
 
@@ -236,8 +266,8 @@ bool MainWindow::MayLeaveRule() {
                             .arg(rule_.isEmpty() ? tr("New rule") : ShortName(rule_)),
                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     message.setTextFormat(Qt::PlainText);
-    message.setInformativeText(
-        MarkedLines(View(map_->StoredText()), map_->form().TxtOutput.Text()));
+    const QString lines = MarkedLines(View(map_->StoredText()), View(map_->NotedText()));
+    message.setInformativeText(lines.isEmpty() ? tr("Notes of statements are others now.") : lines);
     message.setDefaultButton(QMessageBox::Save);
     const int answer = message.exec();
     if (answer == QMessageBox::Save) choice = Choice::kStore;

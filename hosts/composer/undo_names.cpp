@@ -20,6 +20,11 @@ void UndoNames::Follow(RecordedMap& map) {
   undone_.clear();
   selected_ = map.form().lstSelectedFields.ListCount();
   connect(&map, &ZOLT20MapWidget::gestureMade, this, &UndoNames::Add);
+  connect(&map, &RecordedMap::NotesWritten, this, [this] {
+    undone_.clear();
+    done_.push_back({Place(), map_->StepName()});
+    emit Changed();
+  });
   connect(&map, &ZOLT20MapWidget::undone, this, &UndoNames::MoveBack);
   connect(&map, &ZOLT20MapWidget::redone, this, &UndoNames::MoveOn);
   connect(&map, &ZOLT20MapWidget::canUndoChanged, this, &UndoNames::Changed);

@@ -67,12 +67,17 @@ void MainWindow::UseNames() {
 
 // Of the rule that is composed the text is looked through as it is shown.
 std::vector<RuleText> MainWindow::AllTexts() const {
+  map_->CarryNotes();
   std::vector<RuleText> rules;
-  if (!rules_ || rule_.isEmpty()) rules.push_back({QString(), ShownText()});
+  if (!rules_ || rule_.isEmpty()) rules.push_back({QString(), ShownText(), map_->NodeNotes()});
   if (!rules_) return rules;
   for (const Rule& rule : rules_->rules()) {
     const QString name = ToQt(rule.name);
-    rules.push_back({name, name == rule_ && !IsReadOnly() ? ShownText() : ToQt(rule.text)});
+    if (name == rule_ && !IsReadOnly()) {
+      rules.push_back({name, ShownText(), map_->NodeNotes()});
+    } else {
+      rules.push_back({name, ToQt(rule.text), rule.notes});
+    }
   }
   return rules;
 }
@@ -116,7 +121,7 @@ void MainWindow::ShowRuleText() {
   const QString stored = rule == nullptr ? QString() : ToQt(rule->text);
   const QString coming = ToQt(map_->WhatAddDoes().result);
   const bool isReadOnly = IsReadOnly();
-  pane_->Tell(rule == nullptr ? QString() : ToQt(rules_->NoteOf(rule->name)));
+  pane_->Tell(RuleNote());
   pane_->Show(stored, coming.isEmpty() || isReadOnly ? stored : coming);
   tree_->TextChanged();
 }
@@ -144,7 +149,8 @@ void MainWindow::ShowVersions() {
   if (OpenedRule() == nullptr) return;
   VersionsWindow versions(*rules_, View(rule_), this);
   if (versions.exec() != QDialog::Accepted || !MayLeaveRule()) return;
-  const Rule rule{FromQt(rule_), versions.Chosen().text, versions.Chosen().fields};
+  const Version& chosen = versions.Chosen();
+  const Rule rule{FromQt(rule_), chosen.text, chosen.fields, chosen.notes};
   rules_->Put(rule);
   journal_->KeepStored(rule);
   map_->Settle(ToQt(map_->form().TxtOutput.Text()));  // what was given up
@@ -161,6 +167,22 @@ void MainWindow::EditNote() {
   rules_->SetNote(View(rule_), View(note));
   if (rules_->IsChanged()) Save();
   ShowRuleText();
+}
+
+void MainWindow::TakeNotes(const Rule& rule) {
+  map_->TakeNotes(language::FindNotes(rule.notes, rule.text));
+  nodeEdits_->ShowNotes();
+}
+
+QString MainWindow::RuleNote() const {
+  const Rule* rule = OpenedRule();
+  QStringList lines;
+  if (rule != nullptr && !rules_->NoteOf(rule->name).empty())
+    lines.append(ToQt(rules_->NoteOf(rule->name)));
+  for (const language::NodeNote& note : map_->NodeNotes()) {
+    if (note.path.empty()) lines.append(ToQt(Concat(note.head, u": ", note.note)));
+  }
+  return lines.join(u'\n');
 }
 
 void MainWindow::ShowDeleted() {

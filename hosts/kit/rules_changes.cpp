@@ -163,8 +163,11 @@ std::vector<std::size_t> MakeChanges(RulesContent& content, std::span<const Chan
     Rule& rule = content.rules[index];
     RuleExtras& extras = content.extras[index];
     extras.note = Changed(extras.note, ofRule, true);
-    const Rule renamed{rule.name, Changed(rule.text, ofRule, false),
-                       ChangedFields(rule.fields, ofRule, names)};
+    Rule renamed{rule.name, Changed(rule.text, ofRule, false),
+                 ChangedFields(rule.fields, ofRule, names)};
+    // The tree stays as it is; the heads have the new names.
+    renamed.notes = language::FindNotes(rule.notes, rule.text);
+    renamed.notes = language::CarryNotes(renamed.notes, rule.text, renamed.text);
     PutInPlace(rule, extras, renamed, now);
     changed.push_back(index);
   }

@@ -93,6 +93,26 @@ const JsonValue* ArrayIfThere(const JsonValue& object, const std::string& key,
   return value;
 }
 
+// One for each node that has a note.
+std::vector<language::NodeNote> ReadNodeNotes(const JsonValue& record, const std::string& where) {
+  std::vector<language::NodeNote> notes;
+  const JsonValue* const records = ArrayIfThere(record, "nodeNotes", where);
+  if (records == nullptr) return notes;
+  for (const JsonValue& value : records->GetArray()) {
+    if (!value.IsObject()) Complain(where, "has a note of a node that is no object");
+    language::NodeNote& note = notes.emplace_back();
+    const JsonValue& path = Needed(value, "at", where);
+    if (!path.IsArray()) Complain(where, "has an \"at\" that is no array");
+    for (const JsonValue& place : path.GetArray()) {
+      if (!place.IsUint()) Complain(where, "has an \"at\" with what is no place");
+      note.path.push_back(place.GetUint());
+    }
+    note.head = NeededText(value, "head", where);
+    note.note = NeededText(value, "note", where);
+  }
+  return notes;
+}
+
 std::vector<UnknownMember> UnknownOf(const JsonValue& object, std::size_t depth,
                                      std::initializer_list<std::string_view> known) {
   std::vector<UnknownMember> unknown;
@@ -135,6 +155,7 @@ Rule ReadRule(const JsonValue& record, const char* what, std::size_t number, std
   where += " \"" + hosts::ForPeople(name) + "\"";
   rule.text = NeededText(record, "text", where);
   rule.fields = NeededText(record, "fields", where);
+  rule.notes = ReadNodeNotes(record, where);
   return rule;
 }
 
@@ -145,7 +166,8 @@ KeptVersion ReadVersion(const JsonValue& record, const std::string& where) {
     version.stored = NeededString(record, "stored", where);
   version.text = NeededString(record, "text", where);
   version.fields = NeededString(record, "fields", where);
-  version.unknown = UnknownOf(record, kVersionMembers, {"stored", "text", "fields"});
+  version.notes = ReadNodeNotes(record, where);
+  version.unknown = UnknownOf(record, kVersionMembers, {"stored", "text", "fields", "nodeNotes"});
   return KeptVersion(WriteVersion(version));
 }
 
@@ -159,9 +181,9 @@ RuleExtras ReadExtras(const JsonValue& record, bool isDeleted, const std::string
     for (const JsonValue& version : versions->GetArray())
       extras.versions.push_back(ReadVersion(version, where));
   }
-  extras.unknown = UnknownOf(
-      record, kRuleMembers,
-      {"name", "text", "fields", "stored", "note", "versions", isDeleted ? "deleted" : "versions"});
+  extras.unknown = UnknownOf(record, kRuleMembers,
+                             {"name", "text", "fields", "nodeNotes", "stored", "note", "versions",
+                              isDeleted ? "deleted" : "versions"});
   return extras;
 }
 
@@ -221,6 +243,7 @@ Version KeptVersion::Read() const {
   version.stored = TextIfThere(record, "stored", {});
   version.text = NeededText(record, "text", {});
   version.fields = NeededText(record, "fields", {});
+  version.notes = ReadNodeNotes(record, {});
   return version;
 }
 
@@ -233,8 +256,8 @@ String TimeNow() {
 
 void PutInPlace(Rule& old, RuleExtras& extras, const Rule& rule, const String& now) {
   if (old.text != rule.text) {
-    extras.versions.emplace_back(
-        Version{std::move(old.text), std::move(old.fields), std::move(extras.stored)});
+    extras.versions.emplace_back(Version{std::move(old.text), std::move(old.fields),
+                                         std::move(extras.stored), std::move(old.notes)});
     if (extras.versions.size() > kVersions) extras.versions.erase(extras.versions.begin());
     extras.stored = now;
   }

@@ -2,8 +2,8 @@
 // hosts/composer/rules_file.h for the format. Hosts read and write it here and nowhere else.
 //
 // Reading and writing is a round trip: the same value comes out, with unknown keys, which move
-// behind the known keys of their object. Versions are parsed lazily: they are nearly all of a file
-// and seldom used.
+// behind the known keys of their object; notes of nodes alone have none. Versions are parsed
+// lazily: they are nearly all of a file and seldom used.
 #pragma once
 
 #include <optional>
@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "language/node_notes.h"
 #include "surface/string.h"
 
 namespace zolt20::rules {
@@ -28,6 +29,8 @@ struct Rule {
   String name;    ///< not ""; no two rules of a file have the same
   String text;    ///< the statement
   String fields;  ///< the field records that the statement was composed with
+  /// Of nodes of the text; each has a place in it, or had one when it was stored.
+  std::vector<language::NodeNote> notes = {};
 
   bool operator==(const Rule&) const = default;
 };
@@ -37,6 +40,7 @@ struct Version {
   String text;
   String fields;
   String stored;  ///< when the text was stored: "2026-01-31T23:59:59Z", "" when unknown
+  std::vector<language::NodeNote> notes = {};
 
   bool operator==(const Version&) const = default;
 };

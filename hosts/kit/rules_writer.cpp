@@ -84,11 +84,28 @@ void AppendArray(std::string& out, const Pieces& pieces, std::size_t depth, cons
   out += ']';
 }
 
+// `depth` is that of the keys beside them.
+void AddNodeNotes(Members& members, std::string& out, const std::vector<language::NodeNote>& notes,
+                  std::size_t depth) {
+  if (notes.empty()) return;
+  members.Begin("\"nodeNotes\"");
+  AppendArray(out, notes, depth, [&out, depth](const language::NodeNote& note) {
+    Members each(out, depth + 2);
+    each.Begin("\"at\"");
+    AppendArray(out, note.path, depth + 2,
+                [&out](std::uint32_t place) { out += std::to_string(place); });
+    each.Add("head", hosts::ToJsonText(note.head));
+    each.Add("note", hosts::ToJsonText(note.note));
+    each.End();
+  });
+}
+
 // Writes a rule up to and including its versions.
 void AddRule(Members& members, std::string& out, const Rule& rule, const RuleExtras& extras) {
   members.Add("name", hosts::ToJsonText(rule.name));
   members.Add("text", hosts::ToJsonText(rule.text));
   members.Add("fields", hosts::ToJsonText(rule.fields));
+  AddNodeNotes(members, out, rule.notes, kRuleMembers);
   members.AddIfThere("stored", hosts::ToJsonText(extras.stored));
   members.AddIfThere("note", hosts::ToJsonText(extras.note));
   if (extras.versions.empty()) return;
@@ -172,6 +189,7 @@ std::string WriteVersion(const WrittenVersion& version) {
   members.AddIfThere("stored", version.stored);
   members.Add("text", version.text);
   members.Add("fields", version.fields);
+  AddNodeNotes(members, out, version.notes, kVersionMembers);
   members.Add(version.unknown);
   members.End();
   return out;
@@ -181,7 +199,7 @@ KeptVersion::KeptVersion(const Version& version) {
   const std::string stored = hosts::ToJsonText(version.stored);
   const std::string text = hosts::ToJsonText(version.text);
   const std::string fields = hosts::ToJsonText(version.fields);
-  written_ = WriteVersion({stored, text, fields, {}});
+  written_ = WriteVersion({stored, text, fields, version.notes, {}});
 }
 
 std::string WriteContent(const RulesContent& content) {

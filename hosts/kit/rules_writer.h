@@ -22,6 +22,7 @@ struct WrittenVersion {
   std::string_view stored;
   std::string_view text;
   std::string_view fields;
+  std::vector<language::NodeNote> notes;
   std::vector<UnknownMember> unknown;
 };
 

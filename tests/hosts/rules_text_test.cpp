@@ -38,10 +38,10 @@ Json InOrder(const Json& object, const Texts& known) {
 Json RecordInOrder(const Json& record, bool isDeleted) {
   Json versions = Json::array();
   for (const Json& version : record.value("versions", Json::array()))
-    versions.push_back(InOrder(version, {"stored", "text", "fields"}));
+    versions.push_back(InOrder(version, {"stored", "text", "fields", "nodeNotes"}));
   Json changed = record;
   if (record.contains("versions")) changed["versions"] = versions;
-  Texts known{"name", "text", "fields", "stored", "note", "versions"};
+  Texts known{"name", "text", "fields", "nodeNotes", "stored", "note", "versions"};
   if (isDeleted) known.emplace_back("deleted");
   return InOrder(changed, known);
 }
@@ -131,10 +131,21 @@ class FileMaker {
     while (OneIn(2))
       object["x" + Text()] = Value(3);
   }
+  void AddNotes(Json& object) {
+    if (OneIn(2)) return;
+    object["nodeNotes"] = Json::array();
+    for (std::size_t count = Below(3); count > 0; --count) {
+      Json note{{"at", Json::array()}, {"head", Text()}, {"note", Text()}};
+      for (std::size_t depth = Below(3); depth > 0; --depth)
+        note["at"].push_back(Below(5));
+      object["nodeNotes"].push_back(note);
+    }
+  }
   Json Record() {
     Json record{{"name", "n" + Text()}, {"text", Text()}, {"fields", Text()}};
     AddUnknown(record);
     if (isOld_) return record;
+    AddNotes(record);
     if (OneIn(2)) record["stored"] = Text();
     if (OneIn(2)) record["note"] = Text();
     if (OneIn(2)) {
@@ -142,6 +153,7 @@ class FileMaker {
       for (std::size_t count = Below(4); count > 0; --count) {
         Json version{{"fields", Text()}, {"text", Text()}};
         if (OneIn(2)) version["stored"] = Text();
+        AddNotes(version);
         AddUnknown(version);
         record["versions"].push_back(Shuffled(version));
       }
@@ -180,6 +192,9 @@ TEST(RulesTextTest, VersionsAreReadWhenTheyAreAskedFor) {
                                 StringView(u"\xD83D|\xDBFF\xDFFF|\xDC00")}) {
     const rules::Version version{String(text), u"fields", u"2026-01-31T09:30:00Z"};
     EXPECT_EQ(rules::KeptVersion(version).Read(), version);
+    rules::Version noted = version;
+    noted.notes = {{{0, 2}, u"head", String(text)}, {{}, u"", u"gone"}};
+    EXPECT_EQ(rules::KeptVersion(noted).Read(), noted);
     EXPECT_EQ(rules::KeptVersion(rules::KeptVersion(version).Written()).Read(), version);
   }
 }
@@ -197,6 +212,10 @@ TEST(RulesTextTest, AnotherTextMakesAVersionAndOtherFieldsAloneNone) {
   EXPECT_EQ(extras.versions.back().Read(), (rules::Version{u"38", u"g", u"now"}));
   EXPECT_EQ(extras.versions.front().Read().text, u"19");
   EXPECT_EQ(rule.text, u"39");
+  rules::PutInPlace(rule, extras, {u"A", u"39", u"g", {{{0}, u"39", u"n"}}}, u"later");
+  EXPECT_EQ(extras.versions.back().Read().text, u"38") << "notes alone make none";
+  rules::PutInPlace(rule, extras, {u"A", u"40", u"g"}, u"later");
+  EXPECT_EQ(extras.versions.back().Read().notes.size(), 1U);
 }
 
 TEST(RulesTextTest, TimesAreOfTheClockOfTheWorld) {
@@ -232,6 +251,16 @@ TEST(RulesTextTest, WhatBelongsToARuleIsLookedAtToo) {
             "FILE: rule \"A\" has a \"stored\" that is no string");
   EXPECT_EQ(ComplaintOf(FileWith(R"(,"note":[])")),
             "FILE: rule \"A\" has a \"note\" that is no string");
+  EXPECT_EQ(ComplaintOf(FileWith(R"(,"nodeNotes":1)")),
+            "FILE: rule \"A\" has \"nodeNotes\" that are no array");
+  EXPECT_EQ(ComplaintOf(FileWith(R"(,"nodeNotes":[1])")),
+            "FILE: rule \"A\" has a note of a node that is no object");
+  EXPECT_EQ(ComplaintOf(FileWith(R"(,"nodeNotes":[{"at":1,"head":"","note":""}])")),
+            "FILE: rule \"A\" has an \"at\" that is no array");
+  EXPECT_EQ(ComplaintOf(FileWith(R"(,"nodeNotes":[{"at":[-1],"head":"","note":""}])")),
+            "FILE: rule \"A\" has an \"at\" with what is no place");
+  EXPECT_EQ(ComplaintOf(FileWith(R"(,"nodeNotes":[{"at":[1],"note":""}])")),
+            "FILE: rule \"A\" has no \"head\"");
   EXPECT_EQ(ComplaintOf(FileWith(R"(,"x":{"\ud800":1,"\ud800":2})")),
             "FILE has the key \"?\" twice in one place");
   std::string many;

@@ -355,6 +355,10 @@
         <source>Default</source>
         <translation>Default</translation>
     </message>
+    <message>
+        <source>Note: %1</source>
+        <translation>Notiz: %1</translation>
+    </message>
 </context>
 <context>
     <name>language</name>
@@ -1484,6 +1488,10 @@
         <source>The new names are taken back, but for rules that are others since: %1</source>
         <translation>Die neuen Namen sind zurückgenommen, außer in Regeln, die seither anders sind: %1</translation>
     </message>
+    <message>
+        <source>Notes of statements are others now.</source>
+        <translation>Notizen zu Anweisungen sind andere geworden.</translation>
+    </message>
 </context>
 <context>
     <name>zolt20::composer::NamesStrip</name>
@@ -1628,6 +1636,22 @@
         <source>Paste Statement</source>
         <translation>Anweisung einfügen</translation>
     </message>
+    <message>
+        <source>&amp;Note...</source>
+        <translation>&amp;Notiz...</translation>
+    </message>
+    <message>
+        <source>The note of &quot;%1&quot; is a note of the rule now.</source>
+        <translation>Die Notiz zu „%1“ ist jetzt eine Notiz der Regel.</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Note of &quot;%1&quot;</source>
+        <translation>Notiz zu „%1“</translation>
+    </message>
 </context>
 <context>
     <name>zolt20::composer::NodeText</name>
@@ -1695,6 +1719,10 @@
     <message>
         <source>Go On</source>
         <translation>Weiter bearbeiten</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
     </message>
 </context>
 <context>
@@ -1914,6 +1942,10 @@
     <message>
         <source>There are problems within it.</source>
         <translation>Darin gibt es Probleme.</translation>
+    </message>
+    <message>
+        <source>Note: %1</source>
+        <translation>Notiz: %1</translation>
     </message>
 </context>
 <context>
