@@ -20,6 +20,14 @@ namespace zolt20::composer {
 using qt::ToQt;
 using qt::View;
 
+namespace {
+
+constexpr int kSoonMilliseconds = 50;
+constexpr int kRestMilliseconds = 150;
+constexpr int kCharactersAMillisecond = 4000;
+
+}  // namespace
+
 void MainWindow::MakeMap() {
   delete map_;
   map_ = new RecordedMap(catalogue_);
@@ -32,10 +40,14 @@ void MainWindow::MakeMap() {
   // Once for many gestures that come soon after each other.
   auto* soon = new QTimer(map_);
   soon->setSingleShot(true);
-  soon->setInterval(50);
   connect(soon, &QTimer::timeout, this, &MainWindow::ShowChanged);
-  const auto begin = [soon] { soon->start(); };
-  connect(map_, &ZOLT20MapWidget::gestureMade, soon, begin);
+  const auto begin = [soon] { soon->start(kSoonMilliseconds); };
+  // What is typed is looked at when the person rests, and the longer the text the later.
+  connect(map_, &ZOLT20MapWidget::gestureMade, soon, [soon](const ZOLT20Gesture& gesture) {
+    const qsizetype more = gesture.text.size() / kCharactersAMillisecond;
+    const bool isTyped = gesture.verb == u"type" && gesture.goesOn;
+    soon->start(isTyped ? kRestMilliseconds + static_cast<int>(more) : kSoonMilliseconds);
+  });
   connect(map_, &ZOLT20MapWidget::undone, soon, begin);
   connect(map_, &ZOLT20MapWidget::redone, soon, begin);
   connect(map_, &ZOLT20MapWidget::eventDone, this, &MainWindow::OnDone);

@@ -71,8 +71,11 @@ void RecordedMap::ToJournal(const Json& step, bool isChange) {
 void RecordedMap::KeepStep(const ZOLT20Gesture& gesture, Json step) {
   const QString textBefore = std::exchange(keptText_, gesture.text);
   const QString boxBefore = std::exchange(keptIn_, gesture.control);
-  if (gesture.verb == u"type" && gesture.goesOn && boxBefore == gesture.control)
+  if (gesture.verb == u"type" && gesture.goesOn && boxBefore == gesture.control) {
     TakeEdit(step, textBefore, gesture.text);
+  } else if (gesture.verb == u"type" && !step.contains("text")) {
+    step["text"] = hosts::ToJsonText(View(gesture.text));
+  }
   ToJournal(step, IsChange(gesture) && !isOpening_);
 }
 
@@ -112,7 +115,7 @@ void RecordedMap::KeepWithin(const RecordedMap& asking, const QString& title) {
   if (!steps.empty()) return;
   Json opening = Json::array();
   for (std::size_t line = kCatalogueLines; line < lines_.size(); ++line)
-    opening.push_back(FromJsonLine(lines_[line].text));
+    opening.push_back(FromJsonLine(TextOf(lines_[line])));
   ToJournal({{"window", hosts::ToJsonText(View(title))}, {"opening", opening}}, false);
 }
 

@@ -239,7 +239,7 @@ void RecordedMap::TakeOwn() {
 QByteArray RecordedMap::Record() const {
   QByteArrayList texts;
   for (int line = Now().last; line != kNone; line = At(line).before)
-    texts.prepend(At(line).text);
+    texts.prepend(TextOf(At(line)));
   QByteArray record;
   for (const QByteArray& text : texts)
     record += text + '\n';
@@ -284,11 +284,22 @@ void RecordedMap::AddLine(const Json& request) {
   typedIn_.clear();
 }
 
+void RecordedMap::AddTyped(const ZOLT20Gesture& gesture) {
+  Place place = Now();
+  lines_.push_back({QByteArray(), place.last, gesture});
+  place.last = static_cast<int>(lines_.size()) - 1;
+  MoveTo(place);
+}
+
+QByteArray RecordedMap::TextOf(const Line& line) const {
+  return line.typed ? JsonLine(RequestOf(*line.typed)) : line.text;
+}
+
 void RecordedMap::KeepGesture(const ZOLT20Gesture& gesture) {
   const char* event = std::exchange(event_, nullptr);
   const Json answers = std::exchange(answers_, Json::array());
-  const Json request = RequestOf(gesture);
-  if (GoesOnTyping(gesture)) {
+  const bool goesOn = GoesOnTyping(gesture);
+  if (goesOn) {
     // No step knows the line before, which has most of the same text.
     Place place = Now();
     place.last = At(place.last).before;
@@ -296,7 +307,11 @@ void RecordedMap::KeepGesture(const ZOLT20Gesture& gesture) {
     lines_.pop_back();
   }
   if (!answers.empty()) AddLine({{"answer", event}, {"with", answers}});
-  AddLine(request);
+  if (goesOn) {
+    AddTyped(gesture);
+  } else {
+    AddLine(RequestOf(gesture));
+  }
   if (!answers.empty()) AddLine({{"answer", event}, {"with", Json::array()}});
   if (gesture.verb == u"type") typedIn_ = gesture.control;
   if (gesture.verb == u"click" && IsAddButton(View(gesture.control))) {
@@ -307,7 +322,12 @@ void RecordedMap::KeepGesture(const ZOLT20Gesture& gesture) {
       MoveTo(place);
     }
   }
-  Json step = request;
+  Json step;
+  if (goesOn) {
+    step = {{"user", "type"}, {"control", Utf8(gesture.control)}};
+  } else {
+    step = RequestOf(gesture);
+  }
   if (!answers.empty()) {
     step["event"] = event;
     step["with"] = answers;

@@ -118,6 +118,7 @@ class RecordedMap final : public ZOLT20MapWidget {
   using Json = nlohmann::ordered_json;
 
   void AddLine(const Json& request);
+  void AddTyped(const ZOLT20Gesture& gesture);
   void PutNotes(const Notes& notes);
   void Note(const char* event);
   void PlayStep(const Json& step, bool goesOn);
@@ -164,10 +165,12 @@ class RecordedMap final : public ZOLT20MapWidget {
   // A line and the one before it in its record. One that was undone stays, since Redo may bring it
   // back after other lines were kept.
   struct Line {
-    QByteArray text;
+    QByteArray text;  // made of what is typed when somebody wants it, as the text may be long
     int before;
+    std::optional<ZOLT20Gesture> typed = std::nullopt;
   };
   const Line& At(int line) const;
+  QByteArray TextOf(const Line& line) const;
 
   PagesText Pages() const { return reader_->Read(save()); }
 

@@ -8,6 +8,7 @@
 #include <QTextBlock>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "faces/qt/highlighter.h"
 #include "faces/qt/later.h"
@@ -65,6 +66,7 @@ class RulePane::Colours final : public QSyntaxHighlighter {
 RulePane::RulePane(const QString& title, QWidget* parent)
     : QWidget(parent), told_(new QLabel), view_(new QPlainTextEdit) {
   view_->setReadOnly(true);
+  view_->setUndoRedoEnabled(false);
   view_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   view_->setTabChangesFocus(true);
   view_->setLineWrapMode(QPlainTextEdit::NoWrap);
@@ -103,8 +105,7 @@ void RulePane::Show(const QString& text, const QString& coming) {
     marks_.push_back(line.mark);
   for (const MarkedLine& line : lines)
     shown.append(isMarked ? MarkOf(line.mark) + ToQt(line.text) : ToQt(line.text));
-  colours_->isMarked = isMarked;
-  view_->setPlainText(shown.join(u'\n'));
+  ShowRows(shown.join(u'\n'), isMarked);
   for (qsizetype row = 0; isMarked && row < shown.size(); ++row) {
     if (shown[row].startsWith(u' ')) continue;
     view_->setTextCursor(QTextCursor(view_->document()->findBlockByNumber(static_cast<int>(row))));
@@ -114,6 +115,27 @@ void RulePane::Show(const QString& text, const QString& coming) {
   rows_.clear();
   placedText_.clear();
   DrawWaves();
+}
+
+// Of a long text only what differs is laid out and coloured anew. Places in the view are those of
+// the text where no line end but LF is in it.
+void RulePane::ShowRows(const QString& shown, bool isMarked) {
+  const QString before = std::exchange(shown_, shown);
+  const bool isPlain = !before.contains(u'\r') && !shown.contains(u'\r') &&
+                       view_->document()->characterCount() == before.size() + 1;
+  if (std::exchange(colours_->isMarked, isMarked) != isMarked || !isPlain)
+    return view_->setPlainText(shown);
+  const auto [here, there] =
+      std::mismatch(before.cbegin(), before.cend(), shown.cbegin(), shown.cend());
+  const qsizetype first = here - before.cbegin();
+  const qsizetype most = std::min(before.size(), shown.size()) - first;
+  qsizetype same = 0;
+  while (same < most && before[before.size() - 1 - same] == shown[shown.size() - 1 - same])
+    ++same;
+  QTextCursor cursor(view_->document());
+  cursor.setPosition(static_cast<int>(first));
+  cursor.setPosition(static_cast<int>(before.size() - same), QTextCursor::KeepAnchor);
+  cursor.insertText(shown.mid(first, shown.size() - same - first));
 }
 
 void RulePane::Tell(const QString& told) {

@@ -49,6 +49,7 @@ class RulePane final : public QWidget {
   class Colours;
 
   const std::vector<int>& RowsOf(const QString& text) const;
+  void ShowRows(const QString& shown, bool isMarked);
   void DrawWaves();
   void DrawAnew();
 
@@ -57,6 +58,7 @@ class RulePane final : public QWidget {
   Colours* colours_;
   QString text_;
   QString coming_;
+  QString shown_;                // the text of the view
   std::vector<LineMark> marks_;  // of the rows
   QString wavedText_;
   std::vector<language::Finding> waved_;

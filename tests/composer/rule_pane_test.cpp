@@ -5,6 +5,7 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include "hosts/composer/rule_pane.h"
 #include "tests/composer/composer_test.h"
 
 namespace zolt20::tests {
@@ -202,6 +203,34 @@ TEST_F(RulePaneTest, EnterDeletesNothingForGood) {
          Choose("Close");
        }});
   EXPECT_TRUE(window().rules()->Bin().empty());
+}
+
+// Only what differs is put in; what is shown must not depend on what was shown before.
+TEST(RulePaneTextTest, ATextBehindAnotherIsShownAsByANewPane) {
+  const QStringList texts{{},
+                          QStringLiteral("a"),
+                          QStringLiteral("a\r\nb\r\nc"),
+                          QStringLiteral("a\r\nx\r\nc"),
+                          QStringLiteral("a\r\nx\r\nx\r\nc"),
+                          QStringLiteral("a\rb\nc\r\n"),
+                          QStringLiteral("a\r\r\nb"),
+                          QString::fromUtf8("a\u2029b\u2028c\r\nb")};
+  composer::RulePane pane(QStringLiteral("Rule"));
+  const auto viewOf = [](composer::RulePane& each) -> QPlainTextEdit& {
+    return *each.findChild<QPlainTextEdit*>();
+  };
+  for (const QString& text : texts) {
+    for (const QString& coming : texts) {
+      for (const QString& later : texts) {
+        pane.Show(text, coming);
+        pane.Show(text, later);
+        composer::RulePane fresh(QStringLiteral("Rule"));
+        fresh.Show(text, later);
+        ASSERT_EQ(Std(viewOf(pane).toPlainText()), Std(viewOf(fresh).toPlainText()));
+        ASSERT_EQ(viewOf(pane).document()->blockCount(), viewOf(fresh).document()->blockCount());
+      }
+    }
+  }
 }
 
 }  // namespace
