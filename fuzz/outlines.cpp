@@ -1,17 +1,11 @@
 // Bytes as a text of the statement language: its tree loses nothing, and takes memory in proportion
 // to the text, however deep it nests. A check finds things in the text alone, in its order; each
 // node has a sentence.
-//
-// Each byte is a character; a few that no text has otherwise stand for words and line breaks, so
-// that statements come about soon.
 #include <algorithm>
-#include <array>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
-#include "hosts/kit/text_coding.h"
+#include "fuzz/texts.h"
 #include "language/check.h"
 #include "language/explain.h"
 #include "language/outline.h"
@@ -19,60 +13,6 @@
 
 namespace zolt20::fuzz {
 namespace {
-
-constexpr std::array<StringView, 32> kWords{
-    u"\r\n",
-    u"select ",
-    u"from  T",
-    u"where ",
-    u"group by  ",
-    u"order by ",
-    u"as set with 5 rows ",
-    u"selectdo",
-    u"selecteos",
-    u"selectempty",
-    u"selecterror",
-    u"endselect",
-    u"if ",
-    u" then ",
-    u"else",
-    u"endif",
-    u"for i = 1 to ",
-    u"endfor",
-    u"while ",
-    u"endwhile",
-    u"repeat ",
-    u"Until  ( ",
-    u"on case ",
-    u"case ",
-    u"default: ",
-    u"break",
-    u"endcase",
-    u":var.x = ",
-    u"EXISTS  (  \r\n",
-    u")",
-    u"\t",
-    u"\"",
-};
-// Bytes from here on are words: none of them stands in a text of ASCII.
-constexpr std::uint8_t kFirstWord = 0xC0;
-
-String TextOf(const std::uint8_t* data, std::size_t size) {
-  String text;
-  for (std::size_t i = 0; i < size; ++i) {
-    if (data[i] < kFirstWord) {
-      text += static_cast<char16_t>(data[i]);
-    } else {
-      text += kWords[(data[i] - kFirstWord) % kWords.size()];
-    }
-  }
-  return text;
-}
-
-[[noreturn]] void Complain(const std::string& complaint, StringView text) {
-  std::fprintf(stderr, "%s\ntext:\n%s\n", complaint.c_str(), hosts::ToJsonText(text).c_str());
-  std::abort();
-}
 
 // A text has few nodes for each of its lines, but heads may be long: not all are told in words.
 constexpr std::size_t kMostTold = 200;

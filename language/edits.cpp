@@ -132,10 +132,13 @@ std::vector<Line> LinesOf(StringView text, const Body& body) {
   return LinesOf(text.substr(body.first, body.last - body.first));
 }
 
-// A line of a body as at depth 0; other text may stand before the body's first line.
+// A line of a body as at depth 0; other text may stand before the body's first line. Blanks between
+// a CR and an LF stay, since without them the two would be one line end.
 StringView AtMargin(const Body& body, const std::vector<Line>& lines, std::size_t i) {
-  const bool isIndented = i > 0 || body.beginsLine;
-  return isIndented ? WithoutMargin(lines[i].text, body.margin) : lines[i].text;
+  if (i == 0 && !body.beginsLine) return lines[i].text;
+  const StringView line = WithoutMargin(lines[i].text, body.margin);
+  const bool joins = line.empty() && i > 0 && lines[i - 1].end == u"\r" && lines[i].end == u"\n";
+  return joins ? lines[i].text : line;
 }
 
 bool IsOdd(const Body& body, const std::vector<Line>& lines, std::size_t i) {

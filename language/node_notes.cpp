@@ -280,19 +280,28 @@ std::vector<NodeNote> CarryNotes(const std::vector<NodeNote>& notes, StringView 
 std::vector<NodeNote> FindNotes(std::vector<NodeNote> notes, StringView text) {
   if (notes.empty()) return notes;
   const Nodes nodes = ReadOutline(text);
-  for (NodeNote& note : notes) {
+  std::vector<bool> isNoted(nodes.size(), false);
+  const auto isAt = [&](const NodeNote& note, std::size_t index) {
+    return index != Node::kNone && HeadOf(text, nodes[index]) == note.head;
+  };
+  for (const NodeNote& note : notes) {
     const std::size_t index = NodeAt(nodes, note.path);
-    if (index != Node::kNone && HeadOf(text, nodes[index]) == note.head) continue;
+    if (isAt(note, index)) isNoted[index] = true;
+  }
+  for (NodeNote& note : notes) {
+    if (!HasPlace(note) || isAt(note, NodeAt(nodes, note.path))) continue;
     std::size_t found = Node::kNone;
     bool isOnly = true;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-      if (HeadOf(text, nodes[i]) != note.head) continue;
+      if (isNoted[i] || !isAt(note, i)) continue;
       isOnly = found == Node::kNone;
       if (!isOnly) break;
       found = i;
     }
-    note.path =
-        found != Node::kNone && isOnly ? PathOf(nodes, found) : std::vector<std::uint32_t>();
+    note.path.clear();
+    if (found == Node::kNone || !isOnly) continue;
+    note.path = PathOf(nodes, found);
+    isNoted[found] = true;
   }
   Sort(notes);
   return notes;

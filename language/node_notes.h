@@ -46,7 +46,7 @@ std::vector<NodeNote> CarryNotes(const std::vector<NodeNote>& notes, StringView 
                                  StringView after, std::optional<NodePair> known = {});
 
 /// Notes that were kept beside a text, which may have become another one since: what is found at
-/// its place, or else the only node of that head, has the note.
+/// its place, or else the only node of that head that has none yet, has the note.
 std::vector<NodeNote> FindNotes(std::vector<NodeNote> notes, StringView text);
 
 }  // namespace zolt20::language

@@ -37,7 +37,7 @@ case "${1:-}" in
   *) usage ;;
 esac
 targets=("${@:-host_lines}")
-[ $# -gt 0 ] || targets+=(sessions outlines)
+[ $# -gt 0 ] || targets+=(sessions outlines edits openings)
 for target in "${targets[@]}"; do
   [ -d "fuzz/corpus/$target" ] || usage
 done
@@ -51,8 +51,8 @@ build=build/fuzz
 mkdir -p "$build/findings" "$build/finds"
 
 # How many runs are about half a minute, and the longest input.
-declare -A runs=([host_lines]=900 [sessions]=280 [outlines]=100000)
-declare -A longest=([host_lines]=9000 [sessions]=600 [outlines]=2000)
+declare -A runs=([host_lines]=900 [sessions]=280 [outlines]=100000 [edits]=20000 [openings]=1000)
+declare -A longest=([host_lines]=9000 [sessions]=600 [outlines]=2000 [edits]=1000 [openings]=1000)
 
 # run TARGET FOLDER OPTION...: finds go to the folder.
 run() {

@@ -361,5 +361,13 @@ TEST(EditsTest, PartsBelongToTheirStatement) {
   }
 }
 
+TEST(EditsTest, BlanksBetweenACrAndAnLfStaySoThatTheyAreTwoLineEnds) {
+  const Tree tree("on case a\r\n\tcase 2 :\r\t\n\tb = 1\r\n\tbreak\r\nendcase");
+  const std::string row = "case 2 :\r\t\nb = 1\r\nbreak";
+  EXPECT_EQ(tree.Take("case 2 :"), row);
+  EXPECT_EQ(tree.Replace("case 2 :", row),
+            "on case a\r\n[\tcase 2 :\r\t\n\tb = 1\r\n\tbreak]\r\nendcase");
+}
+
 }  // namespace
 }  // namespace zolt20::tests

@@ -147,6 +147,12 @@ TEST(NodeNotesTest, NotesAreFoundAgainInATextThatAnotherProgramChanged) {
   EXPECT_EQ(Told(FindNotes(NoteOn(before, "c = 1"), Wide("c = 1"))), "0 c = 1: n\n");
   EXPECT_EQ(Told(FindNotes(NoteOn(before, "c = 1"), Wide("c = 1\r\nc = 1"))), "- c = 1: n\n")
       << "two of the same";
+  EXPECT_EQ(Told(FindNotes({{{0}, u"c = 1", u"n"}, {{}, u"c = 1", u"lost"}}, Wide("c = 1"))),
+            "0 c = 1: n\n- c = 1: lost\n")
+      << "one that was lost stays so";
+  EXPECT_EQ(Told(FindNotes({{{0}, u"c = 1", u"n"}, {{7}, u"c = 1", u"m"}}, Wide("c = 1"))),
+            "0 c = 1: n\n- c = 1: m\n")
+      << "there is a note already";
   EXPECT_EQ(Told(FindNotes(NoteOn(before, "c = 1"), Wide("x = 1"))), "- c = 1: n\n");
 }
 
