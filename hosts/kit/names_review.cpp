@@ -32,21 +32,35 @@ NamesReview::NamesReview(const RulesContent& content, NameLists before, NameList
   Look();
 }
 
-void NamesReview::Look() {
+// A likely name counts for one name alone: the others that it may be are left to the person.
+void NamesReview::LookAtNames() {
   all_.clear();
   placeOf_.clear();
+  std::set<String> taken;
+  for (const auto& [before, after] : chosen_)
+    taken.insert(after);
   for (NameChange& change : CompareNames(content_, before_, now_, chosen_)) {
     ReviewedName name;
     const auto chosen = chosen_.find(change.name);
     if (chosen != chosen_.end()) {
       name.chosen = chosen->second;
     } else if (change.isGone && change.isLikely) {
-      name.chosen = change.proposals[0];
+      if (taken.insert(change.proposals[0]).second) {
+        name.chosen = change.proposals[0];
+      } else if (!IsField(change.name)) {
+        // Its fields are not looked for there either.
+        chosen_[change.name] = {};
+        return LookAtNames();
+      }
     }
     name.change = std::move(change);
     placeOf_.emplace(name.change.name, all_.size());
     all_.push_back(std::move(name));
   }
+}
+
+void NamesReview::Look() {
+  LookAtNames();
   for (Change& change : FindChanges(content_, Wanted(), both_)) {
     ReviewedName* const name = NameAt(change);
     if (name == nullptr) continue;

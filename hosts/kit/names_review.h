@@ -63,6 +63,7 @@ class NamesReview {
   }
 
   void Look();
+  void LookAtNames();
   language::Renames Wanted() const;
   String TableNow(const String& table) const;
   ReviewedName* NameAt(const Change& change);

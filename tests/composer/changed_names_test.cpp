@@ -358,6 +358,19 @@ TEST_F(ChangedNamesTest, ARuleThatIsAnotherOneSinceIsNotTakenBack) {
             "The new names are taken back, but for rules that are others since: 1");
 }
 
+TEST_F(ChangedNamesTest, WhatIsComposedIsAskedForFirst) {
+  OpenThree();
+  OpenOther();
+  Type("TxtOutput", "fresh = 1");
+  PressStrip("showChangedNames", {[this] { Choose("Cancel"); }});
+  EXPECT_EQ(Result(), "fresh = 1");
+  PressStrip("showChangedNames", {[this] { Choose("Discard"); }, [this] { Choose("Cancel"); }});
+  EXPECT_EQ(Result(), "fresh = 1") << "nothing is given up yet";
+  PressStrip("showChangedNames", {[this] { Choose("Discard"); }, [this] { Choose("OK"); }});
+  EXPECT_EQ(Result(), "");
+  EXPECT_EQ(TextOf(u"Customers").substr(0, 26), "select CUSTOMER.C_LASTNAME");
+}
+
 TEST_F(ChangedNamesTest, WhatTheFileDoesNotTakeIsNotDone) {
   OpenThree();
   OpenOther();

@@ -133,6 +133,27 @@ TEST_F(NamesReviewTest, FieldsAreLookedForInTheTableThatIsChosen) {
   EXPECT_EQ(Told(review)[1].substr(0, 34), "CUSTOMER.C_LAST>PEOPLE__.SURNAME: ");
 }
 
+TEST_F(NamesReviewTest, ALikelyNameIsChosenForOneNameAlone) {
+  const NameLists before =
+      Lists("CUSTOMER1,CUSTOMED1", {"CUSTOMER.C_LAST char", "CUSTOMER.C_LOST char",
+                                    "CUSTOMED.C_LAST char", "CUSTOMER.C_SUM long"});
+  content_ = {};
+  Add(u"select CUSTOMER.C_LAST,CUSTOMER.C_LOST\r\nfrom  CUSTOMER\r\nendselect", u"");
+  NamesReview fields(content_, before,
+                     Lists("CUSTOMER1", {"CUSTOMER.C_LIST char", "CUSTOMER.C_X long"}));
+  EXPECT_EQ(Told(fields),
+            (Texts{"CUSTOMER.C_LAST>CUSTOMER.C_LIST: +0,1,8", "CUSTOMER.C_LOST>: 0,1,24"}));
+  EXPECT_EQ(fields.Offered(1).at(0), u"CUSTOMER.C_LIST");
+  fields.Choose(1, u"CUSTOMER.C_LIST");
+  fields.Choose(0, u"");
+  EXPECT_EQ(fields.CountChosen(), 1U);
+  Add(u"select CUSTOMED.C_LAST\r\nfrom  CUSTOMED\r\nendselect", u"");
+  const NamesReview tables(content_, before,
+                           Lists("CUSTOMEN1", {"CUSTOMEN.C_LAST char", "CUSTOMEN.C_LOST char"}));
+  EXPECT_EQ(Told(tables),
+            (Texts{"CUSTOMER>CUSTOMEN: +0,1,8 +0,1,24 +0,2,7", "CUSTOMED>: 1,1,8 1,2,7"}));
+}
+
 TEST_F(NamesReviewTest, ANameThatNoCatalogueHasIsTheRulesOwnAffair) {
   Add(u"select NOWHERE_.A\r\nfrom  NOWHERE_\r\nendselect", u"");
   const NamesReview review(content_, before_, before_);
