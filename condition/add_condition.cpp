@@ -43,11 +43,9 @@ void ZOLT20MapControl::AddFor() {
   // ODD: the texts of this kind alone go in with their blanks, and its head always ends in a line
   // break.
   const StringView step = Trim(txtStep.Text());
-  // GCOVR_EXCL_BR_START: the compiler frees a half-made text in branches of its own.
   const String stepPart = step.empty() || step == u"0"
                               ? String(kLineBreak)
                               : Concat(u"  Step    ", txtStep.Text(), kLineBreak);
-  // GCOVR_EXCL_BR_STOP
   String text;
   if (IsFilled(txtVariable) && IsFilled(txtinitval) && IsFilled(txtFinVal)) {
     text = Concat(IndentLines(mintTabCount), u"for ", txtVariable.Text(), u" = ", txtinitval.Text(),
@@ -174,8 +172,7 @@ String ZOLT20MapControl::StatementBlock(StringView statement) const {
 
 // The text, with a line break before it if the Result has statements already.
 String ZOLT20MapControl::OnNewLine(StringView text) const {
-  // The compiler frees a half-made text in branches of its own.
-  return mintStatementCount > 0 ? Concat(kLineBreak, text) : String(text);  // GCOVR_EXCL_BR_LINE
+  return mintStatementCount > 0 ? Concat(kLineBreak, text) : String(text);
 }
 
 // Ends a pass: shows the instructions again, so that the next pass can nest inside this one.

@@ -98,7 +98,7 @@ class Splitter {
   std::optional<Refusal> TakeClause(const ClauseKind& kind) {
     const std::size_t begin = at_;
     std::size_t content = at_ + kind.keyword.size();
-    switch (kind.form) {  // GCOVR_EXCL_BR_LINE: there is no form beside these.
+    switch (kind.form) {
       case Form::kCondition:
         at_ = conditionEnd_.value_or(content);
         if (conditionEnd_) break;

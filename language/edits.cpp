@@ -196,10 +196,8 @@ bool IsCourse(StringView textBefore, const Nodes& before, const Change& change,
       return false;
   }
   return first->depth == course.depth && std::all_of(first, last, [&](const Node& node) {
-           // GCOVR_EXCL_BR_START: what would reach further is of another depth already.
            return node.depth >= course.depth && node.headFirst >= change.first &&
                   node.headLast <= change.last;
-           // GCOVR_EXCL_BR_STOP
          });
 }
 

@@ -80,7 +80,7 @@ bool BeginsStatement(StringView line);
 std::size_t Taken(StringView line, const Spelling& spelling) {
   const std::size_t length = Spelled(line, spelling.word);
   if (length == 0) return 0;
-  switch (spelling.follows) {  // GCOVR_EXCL_BR_LINE: nothing else can follow.
+  switch (spelling.follows) {
     case Follows::kBlank:
       return length == line.size() || IsBlank(line[length]) ? length : 0;
     case Follows::kNoWord:

@@ -61,7 +61,7 @@ class PartMaker {
   explicit PartMaker(StringView text) : text_(text) {}
 
   void Make(const Clause& clause) {
-    switch (clause.kind->form) {  // GCOVR_EXCL_BR_LINE: there is no form beside these.
+    switch (clause.kind->form) {
       case Form::kList:
         MakeList(clause);
         break;
@@ -274,7 +274,7 @@ void WriteParts(ZOLT20MapControl& control, const Parts& parts) {
   for (const PartProperty& property : PartsInOrder()) {
     const String& value = parts.*property.part;
     if (value.empty()) continue;
-    (control.*property.write)(value);  // GCOVR_EXCL_BR_LINE: none of these members is virtual.
+    (control.*property.write)(value);
   }
 }
 

@@ -2,7 +2,7 @@
 # Runs the logic's tests in a build that counts, and fails unless they run every line and every branch of the six folders and of
 # language/.
 # Out of the count are the branches that the compiler makes for exceptions passing by and on lines of nothing but braces,
-# asserts, and what the source marks with GCOVR_EXCL beside a reason.
+# asserts, and what scripts/not_covered.txt lists with a reason.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -32,7 +32,7 @@ printf '%s\n' "${programs[@]}" | xargs -P "$(nproc)" -I{} bash -c 'run_tests {}'
 logic=$(IFS='|' && echo "(${folders[*]})/")
 gcovr --root . --object-directory "$build" --filter "$logic" --exclude-unreachable-branches -j "$(nproc)" \
   --json "$build/all_branches.json" "$build"
-python3 scripts/drop_throw_branches.py <"$build/all_branches.json" >"$build/coverage.json"
+scripts/count_out.py scripts/not_covered.txt <"$build/all_branches.json" >"$build/coverage.json"
 
 report() {
   gcovr --root . --add-tracefile "$build/coverage.json" "$@"

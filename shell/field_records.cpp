@@ -88,7 +88,7 @@ FieldRecords::FieldRecords(SharedString list) {
 }
 
 const SharedString& FieldRecords::List() const {
-  static const SharedString kNone;  // GCOVR_EXCL_BR_LINE: two threads at once take the others.
+  static const SharedString kNone;
   return index_ == nullptr ? kNone : index_->records.Text();
 }
 
@@ -107,9 +107,7 @@ void FieldRecords::RaiseIfBroken() const {
 }
 
 void FieldRecords::RaiseIfBrokenBeforeNameIn(StringView text) const {
-  // GCOVR_EXCL_BR_START: the compiler frees the places in a branch of its own when Raise throws.
   if (Assigned().inReach < Count() && WithNameIn(text).empty()) Raise(ErrorKind::kSubscript);
-  // GCOVR_EXCL_BR_STOP
 }
 
 bool FieldRecords::IsFlagged(StringView name) const {

@@ -7,7 +7,7 @@
 namespace zolt20 {
 
 bool Surface::Offers(const Control& control, Gesture gesture) {
-  switch (gesture) {  // GCOVR_EXCL_BR_LINE: there is no gesture beside these.
+  switch (gesture) {
     case Gesture::kFocus:
       return control.TakesFocus();
     case Gesture::kClick:
@@ -28,12 +28,12 @@ bool Surface::Offers(const Control& control, Gesture gesture) {
     case Gesture::kScroll:
       return control.kind() == Kind::ScrollBar;
   }
-  return false;  // GCOVR_EXCL_LINE: there is no gesture beside those.
+  return false;
 }
 
 Outcome Surface::User(const UserGesture& gesture) {
   const Control& control = *gesture.control;
-  switch (gesture.gesture) {  // GCOVR_EXCL_BR_LINE: there is no gesture beside these.
+  switch (gesture.gesture) {
     case Gesture::kFocus:
       return UserFocus(control);
     case Gesture::kClick:
@@ -53,7 +53,7 @@ Outcome Surface::User(const UserGesture& gesture) {
     case Gesture::kScroll:
       return UserScroll(control, gesture.number);
   }
-  return Outcome::kNotOffered;  // GCOVR_EXCL_LINE: there is no gesture beside those.
+  return Outcome::kNotOffered;
 }
 
 Outcome Surface::UserFocus(const Control& control) {

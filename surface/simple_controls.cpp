@@ -25,9 +25,7 @@ void OptionButton::Value(bool value) {
   if (value == Value()) return;
   if (value) {
     for (Control* other : surface().controls_) {
-      // GCOVR_EXCL_BR_START: all option buttons of this form stand in one frame.
       if (other->kind() == Kind::OptionButton && other->frame() == frame() && other != this) {
-        // GCOVR_EXCL_BR_STOP
         static_cast<OptionButton*>(other)->Set(false);
       }
     }

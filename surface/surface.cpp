@@ -15,7 +15,7 @@ const std::unordered_map<std::string_view, std::size_t>& RowsByName() {
     for (std::size_t row = 0; row < kForm.size(); ++row)
       rows.emplace(kForm[row].text, row);
     return rows;
-  }();  // GCOVR_EXCL_BR_LINE: two threads at once take the others.
+  }();
   return kRows;
 }
 
@@ -150,7 +150,7 @@ void Surface::Enter(Control& control) {
     controls_.push_back(&control);
   } catch (...) {
     // For the form's own controls room is reserved; so hasTabIndex is true when push_back throws.
-    if (hasTabIndex) tabOrder_.pop_back();  // GCOVR_EXCL_BR_LINE
+    if (hasTabIndex) tabOrder_.pop_back();
     throw;
   }
 }
@@ -186,7 +186,7 @@ AnyControlArray* Surface::ArrayOf(ControlName name) {
 #define ZOLT20_CONTROL(kind, name, page, frame, caption, style, place)
 #define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style, place)
 #include "surface/form.def"
-  return nullptr;  // GCOVR_EXCL_LINE: the elements of a state are of these arrays.
+  return nullptr;
 }
 
 void Surface::MoveFocus(Control& control) {

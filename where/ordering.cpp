@@ -15,7 +15,7 @@ void ZOLT20MapControl::EnableAddWhereQuery(bool isOrdered) {
 }
 
 void ZOLT20MapControl::lstorderbyasc_ItemCheck(Integer Item) {
-  if (lstorderbyasc.ListCount() <= 0) return;  // GCOVR_EXCL_BR_LINE: the row checked is there.
+  if (lstorderbyasc.ListCount() <= 0) return;
   const int row = Item.value();
   const bool marked = lstorderbyasc.Selected(row);
   if (marked && lstorderbydesc.List(row) == lstorderbyasc.List(row)) {
@@ -34,7 +34,7 @@ void ZOLT20MapControl::lstorderbyasc_ItemCheck(Integer Item) {
 }
 
 void ZOLT20MapControl::lstorderbydesc_ItemCheck(Integer Item) {
-  if (lstorderbydesc.ListCount() <= 0) return;  // GCOVR_EXCL_BR_LINE: the row checked is there.
+  if (lstorderbydesc.ListCount() <= 0) return;
   const int row = Item.value();
   const bool marked = lstorderbydesc.Selected(row);
   if (marked && lstorderbydesc.List(row) == lstorderbyasc.List(row)) {
