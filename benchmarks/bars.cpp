@@ -13,7 +13,7 @@
 namespace zolt20::bench {
 namespace {
 
-// What the runs of one benchmark gave.
+// The results of one benchmark's runs.
 struct Runs {
   Row last;
   std::vector<double> figures;
@@ -28,7 +28,7 @@ struct Runs {
   }
 };
 
-// Prints each row as it comes, and keeps it.
+// A reporter that prints each row at once, and keeps it.
 class Table final : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context& /*context*/) override {
@@ -41,7 +41,7 @@ class Table final : public benchmark::BenchmarkReporter {
       Take(run);
   }
 
-  // What fell short at its last run by its ratio, as an expression that names it.
+  // A filter expression for the benchmarks whose ratio missed the bar at the last run.
   std::string ShortOfRatio() const {
     std::string names;
     for (const Runs& row : rows_)
@@ -49,7 +49,7 @@ class Table final : public benchmark::BenchmarkReporter {
     return names.empty() ? names : names + ")(/|$)";
   }
 
-  // Of several runs the medians, and the least and the greatest ratio.
+  // Prints the medians of several runs, with the least and the greatest ratio.
   void PrintMedians(int times) const {
     std::printf("\nMedians of %d runs\n", times);
     PrintHead("             ratios");
@@ -112,7 +112,8 @@ class Table final : public benchmark::BenchmarkReporter {
   std::vector<Runs> rows_;
 };
 
-// Runs all, and what fell short by its ratio up to two times more. Whether all hold then.
+// Runs all benchmarks, and those whose ratio missed the bar up to two times more. Gives whether all
+// bars hold in the end.
 bool RunToTheBars(Table& table) {
   constexpr int kFurther = 2;
   benchmark::RunSpecifiedBenchmarks(&table);

@@ -1,5 +1,5 @@
-// The figures of ./bench: each stands beside a yardstick that is measured in turn with it, so that
-// the ratio counts and not the machine or what else it does.
+// The figures of ./bench. Each is compared with a yardstick that is measured in turn with it, so
+// that the ratio does not depend on the machine or its load.
 //
 // A row of the table is one benchmark. Its bar is what the ratio, or the figure itself, is meant to
 // stay below.
@@ -14,11 +14,10 @@
 
 namespace zolt20::bench {
 
-/// Seconds of the processor that this thread has had.
+/// The processor time of this thread so far, in seconds.
 double SecondsNow();
 
-/// Seconds of the processor that `work()` takes on this thread. What other programs do at the same
-/// time is not in them.
+/// The processor time of `work()` on this thread, in seconds, which other programs do not add to.
 template <typename Work>
 double SecondsOf(const Work& work) {
   const double start = SecondsNow();
@@ -26,8 +25,8 @@ double SecondsOf(const Work& work) {
   return SecondsNow() - start;
 }
 
-/// Gives free memory back to the system, so that what is allocated next comes fresh, for a figure
-/// and its yardstick alike.
+/// Returns free memory to the system, so that the next allocations get fresh pages, for a figure
+/// and for its yardstick alike.
 void ForgetFreeMemory();
 
 /// Puts the row's figure beside its yardstick, both in seconds, or in what `unit` names.
@@ -49,10 +48,10 @@ void Compare(benchmark::State& state, Bar kind, double bar, const Work& work,
   Report(state, MedianOf(std::move(figures)), MedianOf(std::move(yardsticks)), kind, bar);
 }
 
-/// Runs the benchmarks of the program and prints the table, or what --benchmark_format asks for.
-/// What falls short of a bar on its ratio is run up to two times more. Gives the exit status: 1
-/// when it fell short three times in a row, or failed. `--times=N` runs all that often, and prints
-/// medians and the spread of the ratios.
+/// Runs the benchmarks of the program and prints the table, or the format of --benchmark_format.
+/// A benchmark whose ratio misses its bar is run up to two times more. Gives the exit status: 1
+/// when a benchmark missed its bar three times in a row, or failed. `--times=N` runs all N times,
+/// and prints medians and the spread of the ratios.
 int Run(int argc, char** argv);
 
 }  // namespace zolt20::bench

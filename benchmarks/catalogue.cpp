@@ -1,4 +1,4 @@
-// Catalogues of a million records: written, pointed at, read back, kept.
+// Catalogues of a million records: time to write them, to click, to read back, and their memory.
 #include <malloc.h>
 
 #include <cstring>
@@ -13,7 +13,7 @@
 namespace zolt20::bench {
 namespace {
 
-// The same bytes into fresh memory.
+// The yardstick: copies the bytes into fresh memory.
 double CopySeconds(const String& text) {
   ForgetFreeMemory();
   return SecondsOf([&] {
@@ -23,7 +23,7 @@ double CopySeconds(const String& text) {
   });
 }
 
-// With the copy that the control keeps, up to and including the first click on a table.
+// The time from the write of the fields, which the control copies, through the first click.
 void FieldsUpToTheFirstClick(benchmark::State& state, bool shuffled, double bar) {
   const Lists& lists = MillionRecords(shuffled);
   SilentHost host;
@@ -39,7 +39,7 @@ void FieldsUpToTheFirstClick(benchmark::State& state, bool shuffled, double bar)
   Compare(state, Bar::kRatio, bar, work, [&] { return CopySeconds(lists.fields); });
 }
 
-// A click that marks a table of 50 fields and one that unmarks it.
+// Times a click that marks a table of 50 fields, and one that unmarks it.
 class Clicks {
  public:
   explicit Clicks(const Lists& lists) : control_(host_) {
@@ -96,7 +96,7 @@ void ClearAllOfMarkedTables(benchmark::State& state) {
       [] { return SecondsToClear(100, 100); });
 }
 
-// The select list of 1,000 items, read back from a statement.
+// Reads a select list of 1,000 items back from a statement.
 class ReadBack {
  public:
   ReadBack(const Lists& lists, bool wholeTables) : control_(host_) {
@@ -125,20 +125,20 @@ void ReadSelectedFields(benchmark::State& state, bool wholeTables) {
       state, Bar::kRatio, 3, [&] { return large.Get(); }, [&] { return small.Get(); });
 }
 
-// All characters of a text looked at once.
+// The yardstick: one pass over all characters of a text.
 double PassSeconds(const String& text) {
   return SecondsOf(
       [&] { benchmark::DoNotOptimize(std::accumulate(text.begin(), text.end(), std::size_t{0})); });
 }
 
-// The first time that a whole table is read back the records are looked through.
+// The first read of a whole table scans all records.
 void ReadAWholeTableFirst(benchmark::State& state) {
   const Lists& lists = MillionRecords(false);
   const auto work = [&] { return ReadBack(lists, true).Get(); };
   Compare(state, Bar::kRatio, 4, work, [&] { return PassSeconds(lists.fields); });
 }
 
-// What is allocated at the moment.
+// The bytes that are allocated at the moment.
 std::size_t LiveBytes() {
   const struct mallinfo2 info = mallinfo2();
   return info.uordblks + info.hblkhd;

@@ -31,10 +31,10 @@ String TableName(int table);
 /// Field of table, qualified.
 String FieldName(int table, int field);
 
-/// Records of about 45 characters, so many to a table, with two index rows a table; in the order of
-/// the tables, or shuffled.
+/// Records of about 45 characters, `fieldsOfTable` for each table, and two index rows a table; in
+/// the order of the tables, or shuffled.
 Lists MakeLists(int tables, int fieldsOfTable, bool shuffled = false);
-/// 1,000,000 records, 50 to a table. Made once.
+/// 1,000,000 records, 50 for each table. Made once.
 const Lists& MillionRecords(bool shuffled);
 /// 1,000 of the same, made once.
 const Lists& ThousandRecords();

@@ -1,4 +1,4 @@
-// zolt20-host as a program: how soon it answers, and how much it takes.
+// zolt20-host as a process: its time to the first reply, and the time of a session of gestures.
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/resource.h>
@@ -24,7 +24,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// A program with pipes at its ends.
+// A child process with pipes at its standard input and output.
 class Child {
  public:
   explicit Child(const char* path) {
@@ -56,7 +56,7 @@ class Child {
   void Write(std::string_view text) const {
     if (write(in_, text.data(), text.size()) != static_cast<ssize_t>(text.size())) std::abort();
   }
-  // What comes, up to the end of the first line or of all.
+  // Reads up to the end of a line or of the output.
   std::string ReadLine() const {
     std::string line;
     char c = 0;
@@ -81,7 +81,7 @@ double WallSecondsOf(const std::function<void()>& work) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-// Seconds of the processor that programs have had which this one started and which have ended.
+// The processor time, in seconds, of all child processes that have ended.
 double ChildSecondsNow() {
   rusage usage{};
   getrusage(RUSAGE_CHILDREN, &usage);

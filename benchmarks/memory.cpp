@@ -1,4 +1,4 @@
-// What is allocated: by a control, by the steps that can be taken back, by controls one in another.
+// Memory that is allocated: by a control, by the steps of Undo, by nested controls.
 #include <malloc.h>
 
 #include <functional>
@@ -17,7 +17,7 @@ double LiveBytes() {
   return static_cast<double>(info.uordblks + info.hblkhd);
 }
 
-// What is allocated more behind the work than before it.
+// The growth of allocated bytes by the work.
 double BytesOf(const std::function<void()>& work) {
   const double before = LiveBytes();
   work();
@@ -38,7 +38,7 @@ struct Composer {
 
 void AControl(benchmark::State& state) {
   std::unique_ptr<Composer> composer;
-  // The first one makes what all share.
+  // The first composer makes the data that all composers share.
   { const Composer first; }
   const double bytes = BytesOf([&] { composer = std::make_unique<Composer>(); });
   ReportBytes(state, bytes, sizeof(Composer), Bar::kRatio, 2);

@@ -1,4 +1,4 @@
-// The tree of long texts in the statement language, and what a check finds in them.
+// The time to parse and to check long texts in the statement language.
 #include <cstring>
 #include <functional>
 #include <memory>
@@ -11,7 +11,7 @@
 namespace zolt20::bench {
 namespace {
 
-// 16 MB of the piece, again and again.
+// 16 MB of repetitions of the piece.
 String TextOf(StringView piece) {
   constexpr std::size_t kCharacters = 16'000'000 / sizeof(char16_t);
   String text;
@@ -43,7 +43,7 @@ void ReadTheTree(StringView text) {
   benchmark::DoNotOptimize(language::ReadOutline(text).data());
 }
 
-// With its tree, and with a catalogue.
+// A check, with parsing and with a catalogue.
 void CheckIt(StringView text) {
   const language::Names names(u"ORDRLINE1",
                               u"long*Q*V*R*N*NORDRLINE.OL_QUANTITY,long*Q*V*R*N*NORDRLINE.OL_O_ID");

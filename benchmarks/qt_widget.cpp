@@ -1,5 +1,5 @@
-// What the Qt widget costs, drawn without a display. Each figure for a long list or text stands
-// beside the one for a short one.
+// The time that the Qt widget takes, drawn without a display. The yardstick of a figure for a long
+// list or text is the figure for a short one.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -19,7 +19,7 @@ namespace {
 
 using qt::RowsView;
 
-// A message would wait for somebody to answer it.
+// A message box would wait for ever, so a message ends the program.
 class Widget final : public ZOLT20MapWidget {
  protected:
   void showMessage(const QString& text, const QString& /*title*/) override {
@@ -62,7 +62,7 @@ class Tables {
 constexpr int kShort = 1000;
 constexpr int kLong = 100'000;
 
-// Measures a step on a list of 100,000 rows beside the same on one of 1,000.
+// Measures a step on a list of 100,000 rows; the yardstick is the same on one of 1,000.
 template <typename Step>
 void OnBothLists(benchmark::State& state, double bar, const Step& step) {
   Tables longList(kLong);
@@ -80,12 +80,12 @@ void DrawNewRows(benchmark::State& state) {
   });
 }
 
-// Appended by the host, and shown.
+// The host appends a row, and the list draws it.
 void OneMoreRow(benchmark::State& state) {
   OnBothLists(state, 1e-3, [](Tables& tables) { tables.AddRow(); });
 }
 
-// One letter more or less in the filter: every tenth row is drawn, and then every hundredth.
+// One letter more or less in the filter: every tenth row matches, and then every hundredth.
 void FilterRows(benchmark::State& state) {
   OnBothLists(state, 4e-3, [](Tables& tables) {
     auto& filter =

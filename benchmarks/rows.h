@@ -1,5 +1,5 @@
-// The table of ./bench, row by row: a figure, its yardstick, their ratio, and the bar. Takes
-// nothing but the standard library, so that programs of every platform print the same table.
+// The table of ./bench, row by row: a figure, its yardstick, their ratio, and the bar. Depends on
+// the standard library alone, so that programs of every platform print the same table.
 #pragma once
 
 #include <string>
@@ -7,15 +7,15 @@
 
 namespace zolt20::bench {
 
-/// What a bar is held against.
+/// What a bar limits.
 enum class Bar {
   kRatio,       ///< the ratio is at most the bar
   kFigure,      ///< the figure is at most the bar
   kFigureAbove  ///< the figure is at least the bar
 };
 
-/// Figure, yardstick and a bar for the figure are in seconds, or in what `unit` names. A bar of 0
-/// is none. The ratio of medians is not that of the figures, so it is a field of its own.
+/// Figure, yardstick and a bar for the figure are in seconds, or in `unit`. A bar of 0 means no
+/// bar. The ratio is a field of its own, since a median of ratios is no ratio of medians.
 struct Row {
   std::string name;
   double figure = 0;
@@ -28,7 +28,7 @@ struct Row {
 
 bool Holds(const Row& row);
 
-/// `more` stands at the end of the line.
+/// `more` is printed at the end of the line.
 void PrintHead(const std::string& more = {});
 void Print(const Row& row, const std::string& more = {});
 

@@ -1,4 +1,4 @@
-// A file of rules that have all their versions beside one of the same rules without.
+// A file of rules with all their versions; the yardstick is a file of the same rules without.
 #include <QFile>
 #include <QTemporaryDir>
 #include <memory>

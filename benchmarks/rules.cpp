@@ -1,4 +1,4 @@
-// New names in all rules of a file, beside reading that file.
+// Renaming in all rules of a file; the yardstick is reading that file.
 #include <string>
 #include <vector>
 
@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kRules = 5000;
 
-// Each with a version before and six places of the two names that change.
+// Rules with one former version each, and six places of the two names that change.
 std::string FileOfRules() {
   constexpr StringView kText =
       u"select CUSTOMER.C_LAST,ORDRLINE.OL_QUANTITY\r\nfrom  CUSTOMER,ORDRLINE\r\n"

@@ -1,4 +1,4 @@
-// Statements composed, stored and brought back.
+// The time to compose, store and reopen statements.
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -39,7 +39,7 @@ double SecondsToReopen(int elements, bool shuffled) {
   return SecondsOf([&] { control.prpSelectPart(std::move(list)); });
 }
 
-// Shuffled, a row that comes in between moves those behind it.
+// If shuffled, rows are inserted in the middle and move those behind them.
 void ReopenASelectList(benchmark::State& state, bool shuffled) {
   Compare(
       state, Bar::kRatio, shuffled ? 17 : 12, [=] { return SecondsToReopen(10'000, shuffled); },
@@ -81,7 +81,7 @@ void AddSelects(benchmark::State& state) {
                  [](ZOLT20MapControl& control) { control.UserClick(control.Form().cmdAddSelect); });
 }
 
-// Each an If of its own, closed at once.
+// Each condition is an If of its own, closed at once.
 void AddConditions(benchmark::State& state) {
   AddTenThousand(state, [](ZOLT20MapControl& control) {
     const Surface& form = control.Form();
@@ -131,8 +131,8 @@ void WriteEncodedText(benchmark::State& state, std::string_view property) {
 constexpr int kConditions = 1000;
 constexpr int kFields = 50;
 
-// Operand, operator, value and And, a thousand times; seconds of each. The same conditions as in
-// compare/. Nothing when the text isn't what it should be.
+// Operand, operator, value and And, a thousand times; the seconds of each. The conditions are those
+// of compare/. Empty if the text is not as expected.
 std::vector<double> SecondsOfConditions() {
   constexpr std::array<StringView, 6> kOperators{u"=", u"<>", u"<", u"<=", u">", u">="};
   SilentHost host;
@@ -227,7 +227,7 @@ void NestWith(benchmark::State& state, double theirs) {
   Report(state, MedianOf(std::move(each)), theirs, Bar::kRatio, 1);
 }
 
-// What another package told of itself in a line of JSON.
+// The figures of another package, from its line of JSON.
 struct Other {
   std::string package;
   double seconds;  // of all additions, or of the nesting, and the text for them
@@ -252,7 +252,7 @@ std::vector<Other> Others() {
   return others;
 }
 
-// All conditions and their text, against what the other takes for the same.
+// The time for all conditions and their text; the yardstick is the other package's time.
 void CompareWith(benchmark::State& state, double seconds) {
   std::vector<double> totals;
   for (auto _ : state) {
@@ -264,7 +264,7 @@ void CompareWith(benchmark::State& state, double seconds) {
   Report(state, MedianOf(std::move(totals)), seconds, Bar::kRatio, 0);
 }
 
-// The yardstick: the bytes of the control itself, made and written.
+// The yardstick: allocate and write as many bytes as the control has.
 void CreateAControl(benchmark::State& state) {
   SilentHost host;
   Compare(

@@ -1,5 +1,5 @@
-// How large a form may grow before an input of a fuzzer ends. What lies beyond is slow and nothing
-// new.
+// How large a form may grow before the input of a fuzzer is abandoned: larger forms are slow and
+// reach no new code.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@ namespace zolt20::fuzz {
 constexpr int kMostRows = 4000;
 constexpr std::size_t kMostText = 40000;
 
-/// Whether a list or the Result is beyond that.
+/// Whether a list or the Result is beyond these bounds.
 inline bool IsLarge(const Surface& form) {
   for (const Control* control : form.Controls()) {
     const auto* rows = dynamic_cast<const RowsControl*>(control);

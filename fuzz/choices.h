@@ -1,7 +1,8 @@
-// The bytes of an input as a row of choices, and texts that mean something to the control.
+// Structure-aware fuzzing: the bytes of an input as a sequence of choices, among them texts that
+// mean something to the control.
 //
-// Every byte decides something and none makes an input invalid. Behind the last byte all choices
-// are 0.
+// Every byte decides something, and no byte makes an input invalid. Behind the last byte all
+// choices are 0.
 #pragma once
 
 #include <array>
@@ -19,13 +20,13 @@ class Choices {
 
   bool AreLeft() const { return at_ < bytes_.size(); }
   int Byte() { return AreLeft() ? bytes_[at_++] : 0; }
-  /// From 0 to `count` - 1; 0 for no count.
+  /// A number from 0 to `count` - 1; 0 when `count` is not positive.
   int Below(int count) {
     if (count <= 0) return 0;
     const int low = Byte();
     return (count <= 256 ? low : low * 256 + Byte()) % count;
   }
-  /// One time in so many.
+  /// True for one of `in` choices.
   bool Once(int in) { return Below(in) == 1; }
   template <typename List>
   auto From(const List& list) {
@@ -37,7 +38,7 @@ class Choices {
   std::size_t at_ = 0;
 };
 
-/// Words that some handler or property looks for, and such as lie next to them.
+/// Words that a handler or property looks for, and near misses of them.
 inline constexpr std::array kWords{
     StringView(u""),
     StringView(u" "),
@@ -93,7 +94,7 @@ inline constexpr std::array kWords{
     StringView(u"\"\\"),
 };
 
-/// All rows of a list or combo, with that between two of them.
+/// Up to 40 rows of a list or combo box, `between` standing between two of them.
 inline String JoinedRows(const RowsControl& list, StringView between, bool onlyMarked) {
   constexpr int kMost = 40;
   const auto* marks = dynamic_cast<const ListBox*>(&list);
@@ -140,7 +141,7 @@ inline String TakeText(Choices& choices, const Surface& form) {
   return text;
 }
 
-/// Most often one of the small numbers that count for something, seldom one near the ends.
+/// Most often a small number that has a meaning, seldom one near the limits of 16 bits.
 inline Integer TakeInteger(Choices& choices) {
   constexpr std::array kFar{-32768, -32767, -2, -1, 7, 9, 100, 127, 32766, 32767};
   constexpr int kSeldom = 240;
@@ -148,7 +149,7 @@ inline Integer TakeInteger(Choices& choices) {
   return what < kSeldom ? what % 7 : choices.From(kFar);
 }
 
-/// A value of PrpStrTables. `mayBeLarge` allows index counts up to the greatest.
+/// A value of PrpStrTables. `mayBeLarge` allows index counts up to the greatest possible.
 inline String TakeTables(Choices& choices, bool mayBeLarge) {
   constexpr std::array kEntries{StringView(u"CUSTOMER2"),     StringView(u"ORDERS__0"),
                                 StringView(u"ORDRLINE12"),    StringView(u"avg_____1"),
@@ -171,7 +172,7 @@ inline String TakeTables(Choices& choices, bool mayBeLarge) {
   return tables;
 }
 
-/// A value of PrpStrFields, with now and then a record that is broken.
+/// A value of PrpStrFields, now and then with a malformed record.
 inline String TakeFields(Choices& choices) {
   constexpr std::array kNames{StringView(u"CUSTOMER.CUST_NO"),
                               StringView(u"CUSTOMER.reindex"),

@@ -1,5 +1,5 @@
-// Bytes as a file of zolt20-host: any line gets one reply of the protocol's form, whatever it
-// holds.
+// Fuzzes zolt20-host with bytes as a file of lines. Property: any line, malformed or not, gets one
+// well-formed reply.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -18,8 +18,8 @@ using zolt20::automation::Session;
 
 constexpr int kMostLines = 300;
 
-// Index counts that may be large in one input: each table that is marked with one makes three lists
-// so much longer, and a line may mark very many.
+// How many large index counts one input may have: each marked table with such a count makes three
+// lists so much longer, and a line may mark very many tables.
 constexpr int kMostLargeCounts = 2;
 constexpr double kLargeCount = 1000;
 
@@ -41,8 +41,8 @@ int LargeCounts(std::string_view input) {
   std::abort();
 }
 
-// The line with a blank for each escape of a surrogate that stands alone. They are JSON, and the
-// only valid texts that the parser of the library refuses.
+// The line with a blank for each escape of a lone surrogate. Such escapes are valid JSON, but the
+// library's parser refuses them.
 std::string WithoutLoneSurrogates(std::string line) {
   const auto unitAt = [&line](std::size_t at) -> unsigned long {
     if (line.compare(at, 2, "\\u") != 0 || at + 6 > line.size()) return 0;

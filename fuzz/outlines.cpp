@@ -1,6 +1,6 @@
-// Bytes as a text of the statement language: its tree loses nothing, and takes memory in proportion
-// to the text, however deep it nests. A check finds things in the text alone, in its order; each
-// node has a sentence.
+// Fuzzes the statement language with bytes as a text. Properties: the tree loses nothing and takes
+// linear memory at any depth; findings lie within the text, in its order; every node has a
+// sentence.
 #include <algorithm>
 #include <cstdint>
 #include <string>
@@ -14,7 +14,7 @@
 namespace zolt20::fuzz {
 namespace {
 
-// A text has few nodes for each of its lines, but heads may be long: not all are told in words.
+// The limit of nodes that are explained: heads may be long, so explaining all would be slow.
 constexpr std::size_t kMostTold = 200;
 
 void CheckTree(StringView text) {

@@ -1,10 +1,10 @@
-// Bytes as a session: catalogues, gestures, properties, methods, answers given inside events,
-// controls stored and made anew, states saved and put back.
+// Fuzzes the control with bytes as a session: catalogues, gestures, properties, methods, answers
+// inside events (re-entrancy), controls stored and made anew, states saved and restored.
 //
-// After each step the rules of the surface hold, and a mirror fed by its notices alone equals it. A
-// refused gesture tells nobody anything. A step that is rehearsed, its state put back, and made
-// again comes out the same. Run-time errors are expected outcomes. With ZOLT20_FUZZ_LINES in the
-// environment the session is written out as lines for zolt20-host.
+// Invariants after each step: the rules of the surface hold, and a mirror fed by notices alone
+// equals the surface. A refused gesture sends no notice. A step is deterministic: made, undone by
+// restoring the state, and made again, it has the same outcome. Run-time errors are expected
+// outcomes. ZOLT20_FUZZ_LINES in the environment writes the session as lines for zolt20-host.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -43,7 +43,7 @@ struct HostCall {
   Variant value;
 };
 
-/// What a person does. The control goes by its name, for an element may come and go.
+/// A gesture of the person. The control is given by name, since elements are loaded and unloaded.
 struct Move {
   std::string control;
   UserGesture what;
@@ -51,7 +51,7 @@ struct Move {
 
 using Step = std::variant<HostCall, Move>;
 
-/// An exception of the host's own, which passes through the handlers.
+/// An exception that the host throws in an event, and that passes through the handlers.
 struct HostFailure {};
 
 /// What the host does inside an event.
@@ -59,7 +59,7 @@ struct Answer {
   std::size_t event = 0;  // in the order of Events()
   std::vector<HostCall> calls;
   bool catches = false;  // run-time errors of the calls stay within the event
-  bool fails = false;    // leaves the event by a HostFailure
+  bool fails = false;    // the event ends by throwing HostFailure
 };
 
 Json ToJson(const Variant& value) {
@@ -134,8 +134,8 @@ Json ToJson(FormVisible visible) {
   return {{"new", {{"visible", visible == FormVisible::kYes}}}};
 }
 
-// Writes a line of the session, when they are asked for. What the protocol has no line for is told
-// in a comment.
+// Writes a line of the session if ZOLT20_FUZZ_LINES is set. Steps that the protocol has no line for
+// are written as comments.
 void Tell(const std::string& line) {
   static const bool asked = std::getenv("ZOLT20_FUZZ_LINES") != nullptr;
   if (asked) std::fprintf(stderr, "%s\n", line.c_str());
@@ -153,7 +153,7 @@ void Expect(bool holds, const std::string& complaint) {
   std::abort();
 }
 
-// Takes what a checker found, "" for nothing.
+// Expects that a checker found nothing: "".
 void Expect(const std::string& found, const std::string& where) {
   Expect(found.empty(), where + found);
 }
@@ -252,7 +252,7 @@ class Session final : private ControlHost {
   FormVisible visible_ = FormVisible::kYes;
   std::array<Answer, 5> answers_;  // by event
   std::optional<ControlSnapshot> snapshot_;
-  std::vector<Variant> log_;  // what the control told its host during the step
+  std::vector<Variant> log_;  // the events, messages and reports of the step
   int steps_ = 0;
   bool rehearses_ = false;
   bool mayBeLarge_ = true;
@@ -306,8 +306,8 @@ void Session::MakeNew(FormVisible visible) {
   Watch();
 }
 
-// What is stored comes back, but for the two lists, which are read under other keys than they are
-// written.
+// Stored values come back, except the two lists: they are read under other keys than they are
+// written under.
 void Session::MakeStored() {
   Bag bag = WriteBag();
   TellLine(bag);
@@ -335,7 +335,7 @@ Bag Session::WriteBag() const {
   return bag;
 }
 
-// What a host can read without changing anything.
+// All values that a host can read without side effects.
 Bag Session::Values() const {
   Bag values = WriteBag();
   values.numbers["prpintTabcount"] = control_->prpintTabcount().value();
@@ -364,7 +364,7 @@ void Session::Make(const Step& step) {
   Check();
 }
 
-// Makes the step, gives what became of it, and leaves the log.
+// Makes the step and gives its outcome; log_ has what the control told its host.
 Variant Session::Carry(const Step& step) {
   log_.clear();
   try {
@@ -387,8 +387,8 @@ Outcome Session::Carry(const Move& move) {
   return gesture.control == nullptr ? Outcome::kNotShown : control_->User(gesture);
 }
 
-// Makes the step, puts the state back, and makes it again. A mirror that is told nothing is a
-// picture of the form as it was.
+// Makes the step, restores the state, and makes the step again. A mirror without notices is
+// a picture of the form before the step.
 void Session::Rehearse(const Step& step) {
   const ControlSnapshot start = control_->Save();
   const Mirror formBefore(Form());
@@ -424,7 +424,7 @@ void Session::TypeSome(std::string_view box) {
   User(Gesture::kType, box, 0, TakeText(choices_, Form()));
 }
 
-// A key at the caret, or where some characters or none are marked; now and then beyond the text.
+// Types a key, at the caret or over a mark, which is now and then beyond the text.
 void Session::KeyIn(const TextBox& box, int code) {
   UserGesture key{Gesture::kKey, nullptr, code};
   if (choices_.Once(2)) {
@@ -539,7 +539,7 @@ void Session::TakeCatalogue() {
   Make(HostCall{HostCall::Verb::kLet, FindMember("PrpStrFields"), TakeFields(choices_)});
 }
 
-// What a person might do to a control that can be seen.
+// A likely gesture on a visible, enabled control.
 void Session::TakeLikelyGesture() {
   std::vector<const Control*> within;
   for (const Control* control : Form().Controls()) {

@@ -1,5 +1,5 @@
-// The work of each gesture and call of recorded sessions, counted: instructions by callgrind, which
-// this program runs under, allocations and their bytes by the program itself.
+// Counts the work of each gesture and call of recorded sessions: instructions by callgrind, under
+// which this program runs, allocations and their bytes by the program itself.
 //
 //   zolt20_counts TABLES SESSION.jsonl...
 //
@@ -129,7 +129,7 @@ class Host final : public ControlHost {
   std::array<std::vector<Action>, 5> answers_;
 };
 
-// Tables, or the fields of tables, that a session names none of.
+// Tables, or the fields of tables, that no session uses.
 String FurtherTables(int count, bool asFields) {
   String list;
   for (int table = 0; table < count; ++table) {

@@ -1,5 +1,5 @@
-// What the Windows control costs in a container, by the clock. Each figure for a long list or text
-// stands beside the one for a short one, measured in turn with it.
+// The wall-clock time that the Windows control takes in a container. The yardstick of a figure for
+// a long list or text is the figure for a short one, measured in turn with it.
 #include <ole2.h>
 // The system's other headers need it.
 #include <commctrl.h>
@@ -27,15 +27,15 @@ double SecondsOf(const std::function<void()>& work) {
   return static_cast<double>(end.QuadPart - start.QuadPart) / static_cast<double>(each.QuadPart);
 }
 
-// Both in turn; the medians count, of the third try at the latest. Each gives the seconds of what
-// it times.
-bool isShort = false;  // a figure fell short
+// Measures figure and yardstick in turn and compares the medians, in three tries at most. Each of
+// the two gives its time in seconds.
+bool isShort = false;  // a figure missed its bar
 void Tell(const Row& row) {
   Print(row);
   isShort = isShort || !Holds(row);
 }
 
-// Part of the names of the figures that are wanted.
+// Only figures whose names contain this text are measured.
 std::string wanted;
 bool IsWanted(const std::string& name) {
   return name.find(wanted) != std::string::npos;
@@ -79,7 +79,7 @@ class Form {
   Named named() const { return {*byName_.Get()}; }
   HWND Window() const { return container_.Window(); }
   HWND On(const wchar_t* name) const { return WindowOf(container_.Window(), name); }
-  // With a field each.
+  // Writes `count` tables, with a field each.
   void WriteTables(int count) const {
     std::wstring tables;
     std::wstring fields;
@@ -99,7 +99,7 @@ class Form {
     named().Put(L"PrpStrTables", L"T00000000");
     named().Put(L"PrpStrFields", fields.c_str());
   }
-  /// Up to what is drawn.
+  /// Activates the control, and waits until it is drawn.
   void Activate() {
     container_.Activate();
     Draw();
@@ -144,7 +144,7 @@ double FirstScreen(int tables) {
   return SecondsOf([&] { form.Activate(); });
 }
 
-// In the middle of the list, so that rows lie before it and behind it.
+// Times clicks on the row in the middle of a list, with rows before and behind it.
 class ClickOnRow {
  public:
   ClickOnRow(const wchar_t* list, int rows, void (Form::*write)(int) const) : row_(rows / 2) {
@@ -165,7 +165,7 @@ class ClickOnRow {
   int row_;
 };
 
-// The list of operands, from the key that opens it to its first screen.
+// Times the list of operands, from the key that opens it until it is drawn.
 class OpenOperands {
  public:
   explicit OpenOperands(int fields) {
@@ -231,9 +231,9 @@ class TypeAKey {
   HWND box_ = nullptr;
 };
 
-// Cycles of making and giving up.
+// Cycles of creating and releasing a control.
 
-// As long as it lives, windows are of the kinds of the platform that the control has its own of.
+// While it lives, new windows are of the same versions of classes as those of the control.
 class SameKinds {
  public:
   SameKinds() {
@@ -263,7 +263,7 @@ struct Plain {
   DWORD extended;
 };
 
-// The windows that a control has, as the platform's own.
+// The windows of a control, described so that plain ones of the platform can be created.
 std::vector<Plain> PlainWindows() {
   Form form;
   form.Activate();
@@ -273,7 +273,8 @@ std::vector<Plain> PlainWindows() {
       [](HWND window, LPARAM data) WINAPI -> BOOL {
         wchar_t kind[64] = L"";
         GetClassNameW(window, kind, 64);
-        // What the platform makes within its own, and the panels, which have no class of theirs.
+        // Without child windows of the platform. A static text stands in for a panel, a class of
+        // ours.
         const bool isOurs = GetPropW(window, L"ZOLT20.Name") != nullptr;
         const bool isPanel = std::wstring(kind).find(L"ZOLT") == 0;
         if (isOurs || isPanel) {
@@ -295,7 +296,7 @@ double KilobytesNow() {
   return static_cast<double>(memory.PagefileUsage) / 1024;
 }
 
-// What each of the last half of the cycles leaves behind.
+// The leak of a cycle: kilobytes that each cycle of the second half leaves behind.
 double LeftBy(const std::function<void()>& cycle) {
   constexpr int kHalf = 500;
   for (int i = 0; i < kHalf; ++i)
@@ -313,7 +314,7 @@ void Use(Form& form) {
   form.Click(form.On(L"lsttables"), 0);
 }
 
-// What a control has while it lives.
+// The kilobytes that a control takes while it lives.
 double Held() {
   constexpr std::size_t kForms = 10;
   std::vector<std::unique_ptr<Form>> forms(kForms);
@@ -392,7 +393,7 @@ void MeasureTexts() {
 }  // namespace
 }  // namespace zolt20::bench
 
-// With an argument, just the figures whose names hold it.
+// With an argument, measures only the figures whose names contain it.
 int main(int count, char** arguments) {
   using namespace zolt20::bench;
   if (count > 1) wanted = arguments[1];

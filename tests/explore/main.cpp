@@ -1,12 +1,12 @@
-// Walks every session to a depth, over the smallest catalogue that has all kinds, with the control
-// and the plain walks side by side. A state that was met before is not walked on from again.
+// A breadth-first search of all sessions over the smallest catalogue that has all kinds, with the
+// control and the plain walks compared. A state that was visited before is not expanded again.
 //
 //   zolt20-explore [--states N] [--topic NAME] [--found FILE]
 //   zolt20-explore --play FILE
 //
-// Sessions grow step by step, shortest first, until so many states were walked on from, in each
-// topic times its share. The first difference ends the program with 1 and leaves the session in
-// FILE, as lines of the automation host. --play leads both through such a file and tells in what
+// Sessions grow step by step, shortest first, until N states were expanded, in each topic times the
+// topic's share. The first difference ends the program with status 1 and leaves the session in
+// FILE, as lines of the automation host. --play carries out such a file on both and prints in what
 // they differ.
 #include <chrono>
 #include <cstdio>
@@ -30,10 +30,10 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-// A state, by the way to it.
+// A visited state, stored as the way to it.
 struct Met {
-  std::size_t from;  // a place in the list of those met, kNone for a beginning
-  std::size_t move;  // a place among the moves, or among the beginnings
+  std::size_t from;  // the index of the state before, kNone for a beginning
+  std::size_t move;  // the index of the move, or of the beginning
   bool turns;        // the page is turned before the move
 };
 
@@ -44,7 +44,7 @@ struct Options {
   std::string play;
 };
 
-/// Whether a person could act on the control of that name, were its page in front.
+/// Whether a person could use the control of that name if its page were in front.
 bool IsWithinReach(const ZOLT20MapControl& control, const std::string& name) {
   const Control* on = control.Form().Find(name);
   if (on == nullptr || !on->Enabled() || !on->Visible()) return false;
@@ -136,7 +136,7 @@ bool Explorer::Keep(const Met& met) {
   return true;
 }
 
-// Those that a person or a host can make where the forms stand.
+// The moves that a person or a host can make in the current state of the forms.
 std::vector<Met> Explorer::MovesFrom(std::size_t place) const {
   std::vector<Met> moves;
   for (std::size_t number = 0; number < topic_.moves.size(); ++number) {
@@ -148,8 +148,8 @@ std::vector<Met> Explorer::MovesFrom(std::size_t place) const {
   return moves;
 }
 
-// Each move is made straight behind the one before it, and not on a state that was put back: what
-// the control keeps beside its state is gone then.
+// Restores the state before the last move and makes that move again for each next move. Right after
+// a restore, the control lacks what it keeps beside its state, and a next move would not use that.
 bool Explorer::WalkOnFrom(std::size_t place) {
   forms_.Restore(fresh_);
   const Way way = WayTo(place);

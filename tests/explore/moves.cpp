@@ -98,7 +98,7 @@ void AddTexts(const Control& control, Moves& moves) {
   add({{"user", "key"}, {"control", name}, {"code", 'y'}, {"from", 0}, {"to", 1}});
 }
 
-// Nothing happens when any other control gets the focus.
+// Whether a control has a focus handler; no other control has one.
 bool IsHeardOfFocus(const Control& control) {
   constexpr std::array kHeard{
       ControlName::CmdOr,     ControlName::cmdBuild,      ControlName::txtForStmt,
@@ -163,7 +163,7 @@ Moves CallsOfTheHost() {
   return moves;
 }
 
-// The rows of a case that a click on Next made are there from the second on.
+// All moves, with those on the second case row, which a click on Next loads.
 Moves AllMoves() {
   SilentHost host;
   ZOLT20MapControl control(host);
@@ -180,7 +180,7 @@ bool Holds(const std::string& text, std::string_view part) {
   return text.find(part) != std::string::npos;
 }
 
-// Whether a move belongs to what is done on some pages, with few texts of each box.
+// Whether a move belongs to the topic of some pages, with few texts for each box.
 bool IsOfPages(const Move& move, std::initializer_list<int> pages,
                std::initializer_list<std::string_view> calls) {
   const std::string& line = move.steps[move.steps.size() / 2].line;

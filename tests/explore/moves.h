@@ -1,5 +1,5 @@
-// What a session of the explorer may be made of: the smallest catalogue that has all kinds, and all
-// that a person and a host can do with it.
+// The moves of the explorer: everything that a person and a host can do with the smallest catalogue
+// that has all kinds of tables and fields.
 #pragma once
 
 #include <cstddef>
@@ -11,24 +11,24 @@
 
 namespace zolt20::tests {
 
-/// What counts as one step: the way to the page of a control, what the host answers with, and then
-/// a gesture; or one call of the host.
+/// One step of a session: turning to the page of a control, the host's answers, and a gesture; or
+/// one call of the host.
 struct Move {
-  int page = -1;        ///< of the control; -1 when it stands on none
-  std::string control;  ///< of the gesture; "" for a call of the host
+  int page = -1;        ///< the page of the control; -1 for a control on no page
+  std::string control;  ///< the control of the gesture; "" for a call of the host
   std::vector<Step> steps;
 };
 
-/// A part of all moves, walked deeper than all together.
+/// A subset of the moves, which the explorer walks to a greater depth than all moves.
 struct Topic {
   std::string_view name;
-  std::size_t share;  ///< of the states that are asked for it walks on from so many times as many
+  std::size_t share;  ///< the factor for the number of states that are asked for (--states)
   std::vector<Move> moves;
-  /// The sessions that it begins with, as requests.
+  /// The sessions that the walk of the topic begins with, as requests.
   std::vector<std::vector<std::string>> beginnings;
 };
 
-/// Throws nothing; the first topic has all moves.
+/// All topics; the first one has all moves. Throws nothing.
 std::vector<Topic> Topics();
 
 }  // namespace zolt20::tests

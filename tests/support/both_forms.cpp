@@ -20,7 +20,7 @@ std::string ErrorLine(ErrorKind kind) {
   return "error " + std::string(RuntimeError(kind).kind_word());
 }
 
-// What the walk told, or raised, for an error of either.
+// Runs an action. If the control or the walks raise an error, logs it and gives false.
 template <typename Action>
 bool Completes(std::vector<std::string>& log, const Action& action) {
   try {

@@ -1,7 +1,7 @@
-// A control and the plain walks, led through the same requests of the automation host and held
-// against each other: results, events, errors, and all rows, marks and texts of the form.
+// Differential testing: a control and its reference, the plain walks, carry out the same requests
+// of the automation host and are compared: results, events, errors, and all rows, marks and texts.
 //
-// Both are values here: a state is taken and put back, so that many sessions go on from one.
+// Both have states that can be saved and restored, so that many sessions branch off one state.
 #pragma once
 
 #include <map>
@@ -15,16 +15,16 @@
 
 namespace zolt20::tests {
 
-/// A request, read once and carried out often.
+/// A request, parsed once and carried out often.
 struct Step {
-  std::string line;       ///< as it stands in a session
+  std::string line;       ///< the request as a line of a session
   DirectCall onControl;   ///< empty for an answer
   LiteralCall onLiteral;  ///< empty for an answer
-  std::string event;      ///< of an answer
+  std::string event;      ///< the event that an answer is for
   std::vector<Step> answer{};
 };
 
-/// Throws for a request that only a host program has, such as "new".
+/// Parses a request. Throws for one that only a host program carries out, such as "new".
 Step StepOf(const nlohmann::ordered_json& request);
 
 class BothForms final : private ControlHost {
@@ -37,12 +37,12 @@ class BothForms final : private ControlHost {
   /// A new control and a new form.
   BothForms();
 
-  /// Carries the step out on both. A gesture that the control refuses, false, is none.
+  /// Carries out the step on both. False, and nothing done, for a gesture that the control refuses.
   bool Do(const Step& step);
-  /// In what the two differ after the steps since the last call, or "".
+  /// The first difference of the two after the steps since the last call, or "".
   std::string Difference();
 
-  /// The answers are no part of a state.
+  /// Saves the state, of which answers are no part.
   State Save() const { return {control_->Save(), literal_}; }
   void Restore(const State& state);
 
@@ -69,9 +69,9 @@ class BothForms final : private ControlHost {
   std::vector<std::string> literalLog_;
 };
 
-/// A number that stands for the whole state of a control but for what no later result, event, error
-/// or text depends on: the tab order, and which of the controls has the focus that do nothing when
-/// they get it.
+/// A hash of the whole state of a control, without the parts on which no later result, event, error
+/// or text depends: the tab order, and which control has the focus among those without a focus
+/// handler.
 std::size_t DigestOf(const ZOLT20MapControl& control);
 
 }  // namespace zolt20::tests

@@ -1,8 +1,8 @@
-// Keys and clicks made up at random, from a seed, for a text box of a face and for a plain box of
-// the platform beside it. Knows no platform: a test has a driver that sends them.
+// Random keys and clicks, from a seed, for a text box of a face and a plain box of the platform
+// beside it, which has to behave alike. Knows no platform: a test's driver sends the keys.
 //
-// A walk in a box is made of courses. Each begins with a text that the control shows, so that both
-// boxes have no history of their own, and goes on with keys; a course can be had alone, by its
+// A walk in a box consists of courses. Each begins with a text that the control shows, so that
+// neither box has an undo history, and goes on with keys; a course can be played alone, by its
 // seed.
 #pragma once
 
@@ -44,11 +44,11 @@ struct BoxKey {
   double down = 0;
 };
 
-/// What a box is like, as far as keys are chosen by it.
+/// The properties of a box by which keys are chosen.
 struct BoxManner {
   bool hasSeveralLines = false;
   bool takesDigits = false;  ///< digits are likelier
-  int usualKeys = 2000;      ///< how many keys it gets when nobody asks for another number
+  int usualKeys = 2000;      ///< how many keys the box gets by default
 };
 
 /// A text to begin with, and the keys behind it.
@@ -60,30 +60,30 @@ struct BoxCourse {
 inline constexpr int kKeysOfACourse = 100;
 BoxCourse MakeBoxCourse(unsigned seed, const BoxManner& manner, int keys = kKeysOfACourse);
 
-/// A text with its line ends to be seen.
+/// A text in quotes, with visible line ends.
 std::string InQuotes(const std::u16string& text);
 
 /// A key as people write it, such as "Ctrl+Shift+Left"; a whole list of them.
 std::string Written(const BoxKey& key);
 std::string Written(const std::vector<BoxKey>& keys);
 
-/// How many keys a box gets: of ZOLT20_ALIKE_KEYS, or else as usual.
+/// How many keys a box gets: the number in ZOLT20_ALIKE_KEYS, or else the default.
 int KeysOfABox(const BoxManner& manner);
-/// The one course to play, of ZOLT20_ALIKE_SEED.
+/// The seed in ZOLT20_ALIKE_SEED, of the only course to play; nullopt to play all.
 std::optional<unsigned> SeedAsked();
-/// The first seed of the courses of a box, which is another one in each.
+/// The first seed for the courses of a box; boxes have different ones.
 unsigned FirstSeedOf(const std::string& box);
 
-/// Plays a course from its beginning with the keys given, and tells the first way in which the two
-/// boxes differ and after how many keys; nothing when they agree.
+/// Plays a course from its beginning with the keys given. Gives the first difference of the two
+/// boxes and after how many keys it came; nullopt when they agree.
 struct Divergence {
   int keys = 0;
   std::string what;
 };
 using PlayKeys = std::function<std::optional<Divergence>(const BoxCourse& course)>;
 
-/// Plays courses until a box has had its keys. Gives a report of the first divergence, with the
-/// shortest tail of its keys that shows one; empty when there is none. Counts the keys.
+/// Plays courses until a box has had its keys. Gives a report of the first divergence, shrunk to
+/// the shortest tail of keys that shows one; empty when there is none. Counts the keys.
 std::string PlayBox(const std::string& box, const BoxManner& manner, const PlayKeys& play,
                     const std::string& howToRun, long& played);
 

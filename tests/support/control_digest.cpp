@@ -1,4 +1,4 @@
-// What tells states of a control apart. See both_forms.h.
+// The hash of a control's state. See both_forms.h.
 #include <set>
 #include <variant>
 
@@ -8,8 +8,8 @@
 namespace zolt20::tests {
 namespace {
 
-// A snapshot shows nobody what it holds. Explicit instantiations may name private members, and so
-// this one file reads them, and no header of the product knows of tests.
+// A snapshot has no public data. Explicit instantiations may name private members, and by that this
+// one file reads them, while no header of the product knows of tests.
 template <typename Tag, typename Tag::Member kMember>
 struct Opened {
   friend typename Tag::Member MemberOf(Tag /*tag*/) { return kMember; }
@@ -116,7 +116,7 @@ void Add(Digester& digest, const ModuleVariables& all) {
     digest.Add(all.marrCaseTabs(i).value());
 }
 
-// Of the controls at which nothing happens when they get the focus, one counts as the other.
+// Controls without a focus handler all count as the same one.
 int NumberOfFocus(const Surface& form) {
   static const std::set<ControlName> kHeard{
       ControlName::CmdOr,     ControlName::cmdBuild,       ControlName::txtForStmt,

@@ -1,10 +1,10 @@
 // The fixture of tests that use the control: the verbs of a person and of a host, and readable
 // reads.
 //
-// Texts are written in UTF-8. Whenever a test acts or looks, two checkers run: that the rules of
-// the surface hold, and that a mirror fed by its notices alone equals it. What the control tells
-// its host is kept in order; a test takes it with Log(), and at the end of the test nothing may be
-// left, so that no event comes unseen.
+// Texts are written in UTF-8. Whenever a test acts or reads, two checkers run: that the rules of
+// the surface hold, and that a mirror fed by its notices alone equals the surface. Events, messages
+// and reports are logged in order; a test takes them with Log(), and at the end of the test the log
+// has to be empty, so that no event goes unnoticed.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -24,11 +24,11 @@ namespace zolt20::tests {
 
 using RowNumbers = std::vector<int>;
 
-/// The line that the log holds for an error message: its text, behind "message ". Title, icon and
-/// buttons are checked too.
+/// The line of the log for an error message: "message " and its text. Title, icon and buttons are
+/// checked too.
 std::string ErrorMessage(std::string_view text);
 
-/// A host that keeps what it is told: "eventDone", "changed prpTab", or ErrorMessage(text).
+/// A host that logs its calls: "eventDone", "changed prpTab", or ErrorMessage(text).
 class RecordingHost final : public ControlHost {
  public:
   void eventCancel() override { Raised("eventCancel"); }
@@ -67,23 +67,23 @@ class ControlTest : public ::testing::Test {
   ControlTest();
   void TearDown() override;
 
-  // Making controls. Each discards the one before; a new one is there from the start.
+  // Making controls. Each call discards the control before; a test begins with a new control.
   void MakeNew(FormVisible visible = FormVisible::kYes);
   void MakeStored(MemoryBag& bag);
 
   /// The control itself, for the host's calls: `host().prpTab(6)`.
   ZOLT20MapControl& host();
-  /// What the control told its host since the last call, in order.
+  /// Takes the log: the host's calls since the last call of Log(), in order.
   Texts Log();
-  /// What the host does inside an event.
+  /// Sets what the host does inside an event.
   void Answer(const std::string& event, std::function<void()> action);
-  /// PrpStrTables and PrpStrFields, with their two reports taken from the log.
+  /// Writes PrpStrTables and PrpStrFields, and takes their two reports from the log.
   void Catalogue(std::string_view tables, std::string_view fields);
 
-  // A person. Each expects that the gesture is not refused.
+  // Gestures of a person. Each call expects that the form does not refuse the gesture.
   void Click(std::string_view control);
   void Click(std::string_view list, int row);
-  /// A click on a row of a list, by another name where it marks it.
+  /// A click on a row of a list, for tests in which it marks the row.
   void Mark(std::string_view list, int row) { Click(list, row); }
   void DoubleClick(std::string_view list, int row);
   void Pick(std::string_view combo, int row);
@@ -110,7 +110,7 @@ class ControlTest : public ::testing::Test {
   /// The controls at places 0 to `last` of the tab order.
   Texts TabOrder(int last);
   std::string Focused();
-  /// The Result. On the way it is expected that its tree loses nothing of it.
+  /// The Result. Expects as well that the tree of the Result loses nothing of its text.
   std::string Result();
 
   /// Expects that `action` fails with an error of that kind.

@@ -1,5 +1,5 @@
-// One number that stands for values, one after the other: equal rows of values have equal ones, and
-// others hardly ever.
+// A hash of a sequence of values: equal sequences have equal hashes, and different ones hardly
+// ever.
 #pragma once
 
 #include <cstddef>

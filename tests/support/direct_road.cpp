@@ -148,7 +148,7 @@ Json ToJson(const RuntimeError& error) {
   return {{"kind", error.kind_word()}, {"number", error.number()}, {"description", error.what()}};
 }
 
-// What the protocol says of a gesture that was not done.
+// The protocol's error for a gesture that was not done.
 void TellOutcome(const Json& request, Outcome outcome, Json& reply) {
   const std::string name = request.value("control", "tabVrn");
   const auto refused = [&](const char* why) {

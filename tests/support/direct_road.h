@@ -1,8 +1,8 @@
 // A session of the automation host by direct calls: each request becomes a call of the C++
-// interface, written down here by hand, and the reply is put together in the protocol's words.
+// interface, written here by hand, and the reply is built in the format of the protocol.
 //
-// So a test can hold the two roads against each other, and can take the calls of recorded sessions
-// apart from any host.
+// So a test can compare the host with direct calls, and can make the calls of recorded sessions
+// without a host.
 #pragma once
 
 #include <functional>
@@ -22,8 +22,8 @@ struct CallResult {
 };
 using DirectCall = std::function<CallResult(ZOLT20MapControl&)>;
 
-/// The call that a "set", "get", "call" or "user" request asks for. All that the request says is
-/// taken from it now; the call itself raises what the control raises.
+/// The call that a "set", "get", "call" or "user" request asks for. The request is parsed now and
+/// may go; the call itself raises the control's errors.
 DirectCall CallOf(const nlohmann::ordered_json& request);
 
 class DirectRoad final : private ControlHost {
@@ -33,7 +33,7 @@ class DirectRoad final : private ControlHost {
   /// A new control, as by `{"new":{}}`.
   DirectRoad();
 
-  /// Carries a well-formed request out and gives the reply.
+  /// Carries out a well-formed request and gives the reply.
   Json Reply(const Json& request);
 
   ZOLT20MapControl& Control() { return *control_; }

@@ -9,7 +9,7 @@
 
 namespace zolt20::tests {
 
-/// The names of those in a folder, in alphabetical order.
+/// The names of the sessions in a folder, in alphabetical order.
 inline Texts SessionNames(const std::filesystem::path& folder) {
   Texts names;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {

@@ -18,7 +18,7 @@ bool IsAmong(const std::vector<std::string>& lines, const std::string& line) {
   return std::find(lines.begin(), lines.end(), line) != lines.end();
 }
 
-// What the mouse does is done to a control; the page, to the strip of tabs.
+// The control of a step by the mouse; the tab strip for a turned page.
 std::string TargetOf(const Json& step) {
   for (const char* verb : {"click", "doubleClick", "pick", "focus", "scroll", "wheel"}) {
     if (step.contains(verb)) return step[verb];
@@ -92,7 +92,7 @@ bool IsExpectation(const Json& step) {
   return false;
 }
 
-// Whether there is anything to do it to. What has the keyboard can always be typed at.
+// Whether the step's control can be reached. Keys are always possible.
 bool IsPossible(FaceHands& hands, const Json& step) {
   const std::string target = TargetOf(step);
   if (target.empty()) return true;

@@ -1,8 +1,8 @@
-// Plays steps on a face: what a person does by keys and mouse, and what must be seen then. The
-// steps are those of tests/faces/what_a_face_does.json, which tells what each of them means.
+// Plays steps on a face: gestures by keys and mouse, and checks of what is shown then. The steps
+// are those of tests/faces/what_a_face_does.json, which describes each of them.
 //
-// A face translates: its player is a FaceHands, which moves the platform's real mouse and keys and
-// reads what the platform shows. What differs from what a step expects is a failure of GoogleTest.
+// Each face implements FaceHands, which sends real events of the platform's mouse and keys and
+// reads what the platform shows. A difference from a step's expectation fails the test.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -11,7 +11,7 @@
 
 namespace zolt20::tests {
 
-/// A key by the name that browsers give it, such as "a", "Space" or "ArrowLeft", and what is held.
+/// A key by the name that browsers give it, such as "a", "Space" or "ArrowLeft", and its modifiers.
 struct KeyStroke {
   std::string name;
   bool shift = false;
@@ -26,11 +26,11 @@ class FaceHands {
 
   virtual ~FaceHands() = default;
 
-  /// What the host writes, reads, calls or answers, as the automation host's line asks for.
+  /// Carries out a host's request, a line of the automation host: set, get, call or answer.
   virtual void CarryOut(const Json& request) = 0;
 
   // By the mouse, at what CanReach.
-  /// Whether a person sees the control, with nothing on it, and it is enabled.
+  /// Whether the control is enabled and visible, and nothing covers it.
   virtual bool CanReach(const std::string& control) = 0;
   virtual int RowCount(const std::string& list) = 0;
   virtual void TurnTo(int page) = 0;
@@ -42,7 +42,7 @@ class FaceHands {
   virtual void Scroll(const std::string& bar, int value) = 0;
   virtual void TurnWheel(const std::string& over) = 0;
 
-  // At what has the keyboard.
+  // By the keyboard, at the node or window that has the focus.
   virtual void Press(const KeyStroke& key) = 0;
   virtual void Paste(const std::string& text) = 0;
   virtual void Compose(const std::string& text) = 0;
@@ -50,15 +50,15 @@ class FaceHands {
   // What is seen.
   /// What the platform shows of the control.
   virtual Json Shown(const std::string& control, const std::string& what) = 0;
-  /// The control that has the keyboard.
+  /// The control that has the focus of the keyboard.
   virtual std::string Keyboard() = 0;
   /// The gestures since the last call, as lines of the automation host.
   virtual std::vector<Json> TakeGestures() = 0;
-  /// The text that the control has.
+  /// The text of the control on the surface, whatever the platform shows.
   virtual std::string TextOnSurface(const std::string& control) = 0;
   /// The message that was answered last, with its text, title and sign.
   virtual Json TakeMessage() = 0;
-  /// What screen readers were told since the last call, such as "lsttables marked 1".
+  /// What screen readers were told since the last call of TakeSpoken, such as "lsttables marked 1".
   virtual std::vector<std::string> TakeSpoken() = 0;
 };
 
@@ -67,12 +67,12 @@ class FaceCases {
  public:
   using Json = nlohmann::ordered_json;
 
-  /// Throws for a file that is none.
+  /// Reads the file. Throws when it is no JSON.
   explicit FaceCases(const std::string& path);
 
   /// The cases that the face of a folder plays.
   std::vector<Json> PlayedBy(const std::string& face) const;
-  /// What is wrong with the list itself, such as a case without steps; "" for nothing.
+  /// The first fault of the list itself, such as a case without steps; "" for none.
   std::string Fault() const;
   const Json& catalogue() const { return list_["catalogue"]; }
 
@@ -85,9 +85,9 @@ std::string CaseNameOf(const FaceCases::Json& faceCase);
 /// Whether the case has a step of that kind.
 bool HasStep(const FaceCases::Json& faceCase, const char* kind);
 
-/// A step that a person takes or a check; fails when a person can't reach what it is done to.
+/// Plays a gesture or a check. Fails the test when a person could not reach the gesture's control.
 void PlayStep(FaceHands& hands, const FaceHands::Json& step);
-/// The same for somebody who leaves what can't be reached. Gives whether it was done.
+/// The same, but skips a gesture whose control can't be reached. Gives whether it was done.
 bool TryStep(FaceHands& hands, const FaceHands::Json& step);
 
 }  // namespace zolt20::tests

@@ -1,4 +1,4 @@
-// Select forms filled in at random by gestures, on catalogues made up at random.
+// Select forms that gestures fill in at random, on random catalogues.
 //
 // What people choose and type here is odd more often than people are: names like keywords and
 // functions, fields named twice, tables that are marked again, conditions that read like clauses.
@@ -62,7 +62,7 @@ class Page {
   ZOLT20MapControl control_{host_};
 };
 
-/// A person who makes a catalogue up and fills a form in.
+/// A random person who makes up a catalogue and fills in a form.
 class Person {
  public:
   explicit Person(unsigned seed) : random_(seed) {}

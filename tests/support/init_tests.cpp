@@ -27,7 +27,8 @@ class HowToRunAlone final : public ::testing::EmptyTestEventListener {
   std::string program_;
 };
 
-// Ends the program in a case that hangs, such as in a dialog that nobody answers, and tells which.
+// A watchdog: ends the program when a case hangs, such as in a dialog that nobody answers, and
+// names the case.
 class Watchdog final : public ::testing::EmptyTestEventListener {
  public:
   Watchdog() { static_cast<void>(std::signal(SIGALRM, Bark)); }
@@ -40,7 +41,7 @@ class Watchdog final : public ::testing::EmptyTestEventListener {
   void OnTestEnd(const ::testing::TestInfo& /*test*/) override { alarm(0); }
 
  private:
-  // Ten times what the longest case takes under the sanitizers.
+  // The timeout: ten times the longest case under the sanitizers.
   static constexpr unsigned kSeconds = 600;
 
   static void Bark(int /*signal*/) {

@@ -1,4 +1,4 @@
-// A request of the automation host as a call of the plain walks, the way direct_road.h has it for
+// Turns a request of the automation host into a call of the plain walks, as direct_road.h does for
 // the control.
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace zolt20::tests {
 
-/// What a read gives.
+/// A call on the form; gives the value of a read.
 using LiteralCall = std::function<Variant(LiteralForm&)>;
 
 /// The call that a "set", "get", "call" or "user" request asks for.

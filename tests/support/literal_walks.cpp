@@ -46,7 +46,7 @@ String trim(const String& s) {
   return s.substr(first, end - first);
 }
 
-/// At most `count` characters from the position on, which counts from 1.
+/// At most `count` characters from `position` on, which counts from 1.
 String mid(const String& s, int position, int count) {
   if (position < 1 || count < 0) throw LiteralError{ErrorKind::kArgument};
   String piece;
@@ -207,13 +207,13 @@ Entry& at(std::optional<std::vector<Entry>>& array, int index) {
   return at(*array, index);
 }
 
-/// The entries to walk over.
+/// The entries of an array; raises kSubscript when the array was never filled.
 const std::vector<String>& walked(const std::optional<std::vector<String>>& array) {
   if (!array) throw LiteralError{ErrorKind::kSubscript};
   return *array;
 }
 
-/// A piece of a record that was split.
+/// A piece of a split record; raises kSubscript when the record has fewer pieces.
 const String& piece(const std::vector<String>& pieces, std::size_t index) {
   if (index >= pieces.size()) throw LiteralError{ErrorKind::kSubscript};
   return pieces[index];

@@ -1,11 +1,11 @@
-// The walks of the control, row by row and step by step, for comparison with the control itself.
+// A reference implementation of the control, row by row and step by step, for differential tests.
 //
-// A LiteralForm holds its lists as plain vectors of rows and its boxes as plain texts. Nothing in
-// it is indexed, batched or kept for later: each handler goes over every row and every record in
-// the order in which the control's handlers are described, however long that takes. It uses nothing
-// of the control's code but the type of its texts. It knows no focus, no tab order and no place on
-// the page but that of the case rows; a caller makes only gestures that are not refused, on a form
-// that is visible. A copy goes on from where its original stands.
+// A LiteralForm holds its lists as plain vectors of rows and its boxes as plain texts. It has no
+// index, no batches and no cache: each handler visits every row and every record in the order in
+// which the control's handlers are described, however long that takes. It uses nothing of the
+// control's code except the type of its texts. It has no focus, no tab order and no places of
+// controls except those of the case rows; a caller makes only gestures that are not refused, on a
+// visible form. A copy has the state of its original.
 #pragma once
 
 #include <cstddef>
@@ -32,17 +32,17 @@ using FormImage = std::vector<String>;
 FormImage ImageOf(const Surface& form);
 /// The first line in which the two differ, shortened around the difference, or "".
 std::string Difference(const FormImage& control, const FormImage& literal);
-/// A number that stands for an image in the record of what the host was told.
+/// A hash of an image, for the log of what the host was told.
 std::string StampOf(const FormImage& image);
 
 class LiteralForm {
  public:
   LiteralForm();
 
-  /// What the host is told, with the stamp of the form at that moment behind it.
+  /// Hears each event, message and report, followed by the stamp of the form at that moment.
   std::function<void(std::string)> tell;
   FormImage Image() const;
-  /// A number that stands for all that the form holds, seen or not.
+  /// A hash of the whole state of the form, visible or not.
   std::size_t Digest() const;
 
   // The host.

@@ -10,7 +10,7 @@ namespace {
 
 using hosts::ToJsonText;
 
-// Whether a control is of a kind, or of one of those that share a base.
+// Whether a kind is that of T, or of a class derived from T.
 template <typename T>
 bool Is(Kind kind);
 #define ZOLT20_KIND(name)      \
@@ -36,7 +36,7 @@ bool Is<CaptionedControl>(Kind kind) {
          kind == Kind::Frame;
 }
 
-// A cast by the kind: the checkers make very many.
+// A downcast by the kind, since the checkers make too many for dynamic_cast.
 template <typename T>
 const T* As(const Control& control) {
   return Is<T>(control.kind()) ? static_cast<const T*>(&control) : nullptr;
@@ -135,7 +135,7 @@ void Mirror::Read(const Control& control, Property property, Image& image) {
   }
 }
 
-// Reads rows that have come, with their marks, into their places.
+// Reads added rows, with their marks, into the image.
 void Mirror::ReadRows(const Control& list, int first, int count, Image& image) {
   const auto& rows = *As<RowsControl>(list);
   const auto* marked = As<ListBox>(list);

@@ -1,7 +1,7 @@
-// A face that draws nothing: it keeps what the notices of a surface tell, and can say whether that
-// is what the surface holds.
+// A test double of a face: it keeps a copy of the surface by the surface's notices alone, and can
+// compare the copy with the surface.
 //
-// It reads the surface only as a face does, at a notice and just what the notice names. So a
+// It reads the surface only as a face does: at a notice, and just what that notice names. So a
 // difference means that a notice was missing, came at the wrong time, or named the wrong thing.
 #pragma once
 
@@ -16,8 +16,7 @@ namespace zolt20::tests {
 
 class Mirror final : public SurfaceObserver {
  public:
-  /// Reads everything once. The surface sends its notices here from now on; the caller adds the
-  /// mirror as its observer.
+  /// Reads the whole surface once. The caller has to add the mirror as an observer of the surface.
   explicit Mirror(const Surface& surface);
 
   /// The first thing in which the mirror and the surface differ, or "".

@@ -9,7 +9,7 @@ std::string Tabs(std::size_t count) {
   return std::string(count, '\t');
 }
 
-/// Every line of the statement behind that many tabs, without a line end behind the last.
+/// The statement with every line indented by `tabs` tabs, without a line end behind the last.
 std::string Lines(const std::string& statement, std::size_t tabs) {
   std::string text;
   std::istringstream lines(statement);
@@ -21,7 +21,7 @@ std::string Lines(const std::string& statement, std::size_t tabs) {
   return text;
 }
 
-/// Lines behind a line break, nothing for no statement.
+/// The same with a line break before it; "" for no statement.
 std::string Below(const std::string& statement, std::size_t tabs) {
   return statement.empty() ? "" : "\r\n" + Lines(statement, tabs);
 }

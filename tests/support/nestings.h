@@ -1,5 +1,5 @@
-// Constructs of the Condition page nested in each other, made up at random, and the texts that a
-// plain recursive printer writes of them.
+// Random nestings of the constructs of the Condition page, and the texts that a plain recursive
+// printer, the reference, writes for them.
 //
 // The printer knows well-behaved nestings alone: every construct has what its closing line needs,
 // every row of an On...Case has a statement, and the On...Cases of one control either all have a
@@ -38,7 +38,7 @@ struct Construct {
 /// Outermost first.
 using Nesting = std::vector<Construct>;
 
-/// What the control writes of the nesting, when it stands so many tabs in.
+/// The text that the control has to write for the nesting, indented by `depth` tabs.
 std::string Print(const Nesting& nesting, std::size_t depth = 0);
 
 /// Makes nestings up.

@@ -1,4 +1,4 @@
-// The tree of a text as lines for tests, one a node, and what holds of any such tree.
+// The tree of a text as lines for tests, one for each node, and a check of the tree's invariants.
 #pragma once
 
 #include <string>
@@ -8,13 +8,12 @@
 
 namespace zolt20::tests {
 
-/// "if 0-57 if a then" behind two blanks for each node around it; in brackets behind it its
-/// problem.
+/// "if 0-57 if a then", indented by two blanks for each level, with the node's problem in brackets
+/// at the end.
 std::vector<std::string> OutlineLines(StringView text);
 
-/// What is wrong with the nodes as a tree of the text; "" when all of this holds: leaves tile the
-/// text, children tile their parent, depth and parent agree, a head lies in its node and has no
-/// blank ends.
+/// The first invariant of a tree that the nodes break, or "": leaves tile the text, children tile
+/// their parent, depth and parent agree, and a head is within its node and trimmed.
 std::string WrongInTree(StringView text, const std::vector<language::Node>& nodes);
 
 /// The nodes of the text that have a problem, as lines without indentation.

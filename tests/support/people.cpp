@@ -42,7 +42,7 @@ constexpr std::array<const char*, 12> kKeysOfANumber{
 constexpr std::array<const char*, 5> kUnderTheWheel{"tabVrn", "cboWhereFields", "cboWhereFields1",
                                                     "lstFields", "TxtOutput"};
 
-// A text that can be typed key by key everywhere, and soon.
+// A short text of characters that every keyboard can type key by key.
 bool IsTypeable(const std::string& text) {
   constexpr std::size_t kMost = 12;
   const auto isPlain = [](char letter) { return letter >= ' ' && letter <= '~'; };
@@ -88,7 +88,7 @@ void People::TakeKeys() {
     steps_.push_back(KeyOf(kKeys));
 }
 
-// The box whose keys are heard one by one.
+// Types into the box that handles keys one by one.
 void People::TakeKeysOfANumber() {
   constexpr int kMost = 8;
   steps_.push_back({{"page", 1}});
@@ -97,7 +97,7 @@ void People::TakeKeysOfANumber() {
     steps_.push_back(KeyOf(kKeysOfANumber));
 }
 
-// The gesture as mouse and keys.
+// Turns a gesture into steps of mouse and keys.
 void People::Take(const Json& gesture) {
   const std::string verb = gesture["user"];
   if (verb == "tab") return steps_.push_back({{"page", gesture["page"]}});

@@ -1,8 +1,8 @@
-// People made up at random, from a seed, as steps that a face's player takes: see face_player.h.
+// Random people, from a seed, as steps for the player of a face: see face_player.h.
 //
-// They go about it in the courses of SessionMaker, on a control of their own that has no face, and
-// between these they press keys of any kind and turn the wheel. What a face makes of that may be
-// another way from there on, so that some steps come to nothing: a player leaves those.
+// They follow the courses of SessionMaker on a control of their own without a face, and between
+// courses they press keys of any kind and turn the wheel. The face's control may have another state
+// from there on, so that some steps are not possible: a player skips those.
 #pragma once
 
 #include <deque>

@@ -1,5 +1,5 @@
-// Where the files are that tests read and the programs that they start. One source file knows these
-// paths, so that all others compile to the same in every checkout.
+// The paths of the files that tests read and of the programs that they start. One source file has
+// these paths, so that all others compile to the same objects in every checkout.
 #pragma once
 
 #include <string>

@@ -56,7 +56,7 @@ SessionMaker::SessionMaker(unsigned seed, Gestures gestures,
 Json SessionMaker::Next(const Surface& form) {
   for (;;) {
     while (wishes_.empty())
-      TakeUpACourse();  // some come to nothing
+      TakeUpACourse();  // some courses plan no request
     const Wish wish = std::move(wishes_.front());
     wishes_.pop_front();
     if (Json request = wish(form); !request.is_null() && IsPossible(request, form)) return request;
@@ -67,7 +67,7 @@ void SessionMaker::Hear(const Json& request, const Json& reply) {
   if (request.contains("save")) bag_ = reply["value"];
 }
 
-// Of a person: what stands where it can be reached, and comes to something when it is done.
+// Whether a person can make a gesture: its control can be reached, and the gesture has an effect.
 bool SessionMaker::IsPossible(const Json& request, const Surface& form) const {
   if (gestures_ == Gestures::kAny || !request.contains("user") || request["user"] == "tab")
     return true;
@@ -229,7 +229,7 @@ void SessionMaker::ComposeACondition() {
   Do(Click("cmdAddWhereQuery"));
 }
 
-// At the caret, or where some characters or none are marked; now and then the mark is none.
+// A key at the caret or over a mark; now and then the mark is not valid.
 Json SessionMaker::KeyInto(const TextBox& box) {
   Json key{{"user", "key"}, {"control", box.name()}, {"code", OneIn(3) ? 8 : 32 + Any(300)}};
   if (OneIn(3)) return key;

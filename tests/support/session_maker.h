@@ -1,8 +1,8 @@
-// People and hosts made up at random, from a seed: requests of the automation host, one by one,
-// chosen by what the form shows at the moment.
+// Random people and hosts, from a seed: requests of the automation host, one by one, chosen by the
+// state of the form at that moment.
 //
-// They go about it in courses, such as marking a table, moving a field and adding the statement, so
-// that they get somewhere; and now and then something happens that nobody would do.
+// They follow courses, such as marking a table, moving a field and adding the statement, so that
+// they reach deep states; now and then they do something that no person would do.
 #pragma once
 
 #include <deque>
@@ -16,25 +16,25 @@
 
 namespace zolt20::tests {
 
-/// What gestures a session may hold: any, or those that a person can make by mouse and keys.
+/// Which gestures a session may have: any, or only those that a person can make by mouse and keys.
 enum class Gestures { kAny, kOfAPerson };
 
 class SessionMaker {
  public:
   using Json = nlohmann::ordered_json;
 
-  /// `isInSight` tells whether a person can reach the control of a name; with kAny it is not asked.
+  /// `isInSight` tells whether a person can reach the control of a name; it is not used with kAny.
   explicit SessionMaker(
       unsigned seed, Gestures gestures = Gestures::kAny,
       std::function<bool(const std::string&)> isInSight = [](const std::string&) { return true; });
 
-  /// The next request to a control whose form is this.
+  /// The next request, for a control with this form.
   Json Next(const Surface& form);
-  /// The reply to it; that to a "save" is what a new control is made from later.
+  /// Takes the reply to the request. From the reply to a "save" a new control is made later.
   void Hear(const Json& request, const Json& reply);
 
  private:
-  // What to do once the form is known; null when it can't be done.
+  // A planned request, made once the form is known; null when it is not possible then.
   using Wish = std::function<Json(const Surface&)>;
 
   int Any(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }

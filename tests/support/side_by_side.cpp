@@ -15,7 +15,7 @@ const Texts kTables{"AAAAAAAA", "AAAAAAAB", "aaaaaaaa",      "sum_____",
 const Texts kFields{"A",    "B",  "AB", "AAAAAAAA", "AAAAAAAA.A", "_index1", "reindex",
                     "desc", "A ", "*A", "A)",       "A:B",        "",        "a"};
 
-/// The text with what has no picture as its code.
+/// The text with the codes of characters that are not printable.
 std::string Visible(const std::string& text) {
   std::string visible;
   for (const char c : text.substr(0, 400)) {

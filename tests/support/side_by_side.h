@@ -1,9 +1,9 @@
-// The fixture of tests that lead a control and a literal form through the same steps.
+// The fixture of differential tests: a control and a literal form make the same steps.
 //
-// After each step the two must agree in all rows, marks and texts, in what the host was told and
-// how the form stood at that moment, and in the kind of the error that was raised. The first
-// difference ends the walk, with the steps that led to it. Steps are made up from small alphabets
-// with a fixed seed, so that names collide often and every run makes the same ones.
+// After each step the two must agree in all rows, marks and texts, in the events of the host with
+// the state of the form at each event, and in the kind of the error that was raised. The first
+// difference ends the walk and prints the steps that led to it. Random steps come from small
+// alphabets, so that names collide often, and from a fixed seed, so that every run makes the same.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@
 
 namespace zolt20::tests {
 
-/// A host that keeps what it is told, with the stamp of the form at that moment.
+/// A host that logs its calls, each with the stamp of the form at that moment.
 class StampingHost final : public ControlHost {
  public:
   void eventCancel() override { Told("eventCancel"); }
@@ -49,7 +49,7 @@ class SideBySide : public ::testing::Test {
 
   void TearDown() override;
 
-  /// A new control and a new form, steps from that seed on.
+  /// Begins with a new control, a new form and this seed.
   void Start(unsigned seed);
   /// Makes steps at random, until the first difference.
   void Walk(int count, const Steps& steps);
@@ -81,7 +81,7 @@ class SideBySide : public ::testing::Test {
   void ReadSelectedFields();
   void BuildGroupBy();
 
-  // Steps of a person; a refused one is no step. Those on a control of another page go there first.
+  // Steps of a person; refused gestures are skipped. A gesture turns to its control's page first.
   void Page(int page);
   void Press(const std::string& button);
   void ClickRow(const std::string& list, int row);

@@ -1,5 +1,4 @@
-// A host and an observer that do nothing, for those that listen to one thing: they override what
-// they listen to.
+// A host and an observer that do nothing: base classes for those that override one or two members.
 #pragma once
 
 #include <string_view>

@@ -83,7 +83,7 @@ std::string WholeForm::Condition() {
   return text;
 }
 
-// As the control writes it, so many tabs in but for its first line.
+// A select statement as the control writes it, all lines but the first indented by `tabs` tabs.
 std::string WholeForm::Select(std::size_t depth, std::size_t tabs) {
   const Table& table = OneOfTables();
   std::string text = "select " + OneOf(table.fields);
@@ -217,7 +217,7 @@ void WholeForm::FillBlocks() {
     Done(control_.UserTab(page++));
     if (OneIn(3)) Type(*box, Block(2));
   }
-  // The host's answer goes behind what stands there.
+  // The host's answer is appended to the text of the box.
   const std::string& table = OneOfTables().name;
   if (OneIn(3))
     control_.prpSelectDoPart(Wide("select " + table + ".*~from  " + table + "~endselect"));
@@ -278,7 +278,7 @@ void WholeForm::AddCase(const Construct& construct) {
   }
 }
 
-// Each within the one before, and select statements of the other pages in between.
+// Adds nested constructs, with select statements of the other pages in between.
 void WholeForm::AddNesting() {
   for (std::size_t depth = 1 + Below(4); depth > 0; --depth) {
     Done(control_.UserTab(6));

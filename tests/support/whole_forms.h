@@ -1,6 +1,6 @@
-// People made up at random, from a seed, who fill in whole forms: every template, box and construct
-// that they begin they also end, and what they type are whole statements and conditions with names
-// of the catalogue. They choose among all that the form offers, and their host answers requests.
+// Random people, from a seed, who fill in forms completely: they finish every template, box and
+// construct that they begin, and type whole statements and conditions with names of the catalogue.
+// They choose among everything that the form offers, and their host answers requests.
 #pragma once
 
 #include <random>
@@ -20,7 +20,7 @@ class WholeForm {
   const String& Tables() const { return tables_; }
   const String& Fields() const { return fields_; }
 
-  /// Some statements, one behind the other or within each other, as the control composes them.
+  /// Composes some statements, one behind the other or nested, and gives the Result.
   String Compose();
 
  private:

@@ -1,5 +1,5 @@
-// What some tests have besides the fixture: the form from the code side, and an
-// observer that keeps which controls were touched.
+// Helpers beside the fixture: write access to the form, and an observer that
+// keeps which controls had notices.
 #pragma once
 
 #include <set>
@@ -9,13 +9,13 @@
 
 namespace zolt20::tests {
 
-/// The form as a handler writes it, for a state that a person comes to by a longer way. A write
-/// runs its handler.
+/// Write access to the form, as handlers have it, for states that a person would reach by a longer
+/// way. A write runs its handler.
 inline Surface& Written(ZOLT20MapControl& control) {
   return const_cast<Surface&>(control.Form());
 }
 
-/// The names of the controls of which any notice came, "focus" and "tab order" for those two.
+/// The names of all controls with a notice; "focus" and "tab order" for notices of these.
 class TouchedControls final : public SurfaceObserver {
  public:
   explicit TouchedControls(ZOLT20MapControl& control) : control_(control) {
