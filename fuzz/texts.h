@@ -1,6 +1,6 @@
-// Bytes as texts of the statement language, for the fuzzers that take one. Each byte is a
-// character; a few that no text has otherwise stand for words and line breaks, so that statements
-// come about soon.
+// Turns bytes into texts of the statement language, for fuzzers. Each byte is a character; a few
+// bytes that no text has otherwise stand for keywords and line breaks, so that a fuzzer finds
+// statements soon.
 #pragma once
 
 #include <array>

@@ -1,8 +1,8 @@
-// Boxes like the platform's own: keys and clicks made up at random go to each edit of the form and
-// to a plain edit of Windows of the same style, size and letters. Text, mark and what can be undone
-// agree after each of them. The boxes of statements, which are rich edits, are not among these.
+// Boxes behave like the platform's own: random keys and clicks go to each edit of the form and to
+// a plain edit of Windows with the same style, size and font. After each of them text, mark and
+// undo have to agree. The boxes of statements are rich edits and not tested here.
 //
-// Apart from where the form itself does something with a key:
+// Exceptions, where the form itself handles a key:
 // - A box without an undo of its own leaves Ctrl+Z to the form, and then no box gets it. Ctrl+Y is
 //   the form's: an edit has no redo.
 // - The row limit hands its keys to the form, which drops some and writes the others into the text.

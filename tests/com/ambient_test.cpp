@@ -1,5 +1,5 @@
-// The control and what is around it: other threads, other sizes, the colours of its container, the
-// side from which it is read.
+// The control and its surroundings: other threads, other sizes, the container's colours,
+// right-to-left layout.
 #include <map>
 #include <thread>
 

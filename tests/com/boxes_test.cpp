@@ -1,5 +1,5 @@
-// Boxes and lists at a person's hands, as far as the list of what any face does leaves it to
-// Windows, and what Undo takes back.
+// Boxes and lists as a person uses them, where the list of what any face does leaves it to Windows,
+// and Undo.
 #include "tests/com/com_test.h"
 
 #include <commctrl.h>

@@ -1,4 +1,4 @@
-// What the tests of the Windows control share: a control as a program has it, and what it tells.
+// The fixture of the Windows control's tests: a control as programs create it, and its events.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ namespace zolt20::tests {
 
 using com::Pointer;
 
-/// A BSTR that is freed by itself.
+/// Owns a BSTR (RAII).
 class Bstr {
  public:
   Bstr(const wchar_t* text) : text_(SysAllocString(text)) {}
@@ -38,11 +38,11 @@ class Bstr {
   BSTR text_ = nullptr;
 };
 
-/// Throws out of a listener into the control. On 64 bits what this compiler throws; on 32, where
-/// that ends at the border between two files, what another compiler does.
+/// Throws out of a listener into the control: on 64 bits an exception of this compiler; on 32 bits,
+/// where that can't cross from one module to another, one as another compiler throws it.
 void ThrowOut();
 
-/// Listens to the events and to the notices, and does what it is told inside of them.
+/// An event sink for events and notices, which runs a test's actions inside of them.
 class Listener final : public IDispatch, public IPropertyNotifySink {
  public:
   explicit Listener(IUnknown& control);
@@ -51,7 +51,7 @@ class Listener final : public IDispatch, public IPropertyNotifySink {
   std::vector<std::string> told;
   std::function<void(DISPID)> onEvent;
   std::function<void(DISPID)> onChange;
-  /// Stops to listen.
+  /// Stops listening.
   void Leave();
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override;
@@ -75,7 +75,8 @@ class Listener final : public IDispatch, public IPropertyNotifySink {
   DWORD notices_ = 0;
 };
 
-/// Calls by name, as scripts do. The code of a failure of the control is that of the exception.
+/// Late-bound calls by name, as scripts make them. If the control fails, the result is the code in
+/// its EXCEPINFO.
 struct Named {
   IDispatch& control;
 
@@ -94,7 +95,7 @@ void WriteCatalogue(const Named& named);
 VARIANT Number(int value);
 VARIANT Truth(bool value);
 
-/// A control that is in no container.
+/// A control outside any container.
 class ControlTest : public testing::Test {
  protected:
   ControlTest();
@@ -118,15 +119,15 @@ SessionPlayer::Embedded Embed(Container& container);
 /// The folder of the recorded sessions, from the environment.
 std::wstring Sessions();
 
-/// What the server says of itself.
+/// The server's answer whether it can be unloaded.
 HRESULT CanUnload();
 
-/// The name of a control by its window, or the one that it lies in; empty when there is none.
+/// The name of the control of a window or of a window around it; empty for none.
 std::wstring NameOf(HWND window);
-/// The window of a control by its name; nullptr when there is none.
+/// The window of the control of that name; nullptr for none.
 HWND WindowOf(HWND container, const wchar_t* name);
 void ClickOn(HWND container, const wchar_t* button);
-/// Messages that wait.
+/// Dispatches waiting messages.
 void Pump();
 
 }  // namespace zolt20::tests

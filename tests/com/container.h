@@ -1,4 +1,4 @@
-// A small container of controls: a window, a site that lets its control be active in place, ambient
+// A small container for one control: a window, a site with in-place activation, ambient
 // properties.
 #pragma once
 
@@ -19,16 +19,17 @@ class Container final : public IOleClientSite,
                         public IOleControlSite,
                         public IDispatch {
  public:
-  /// A window of that size, with no control yet.
+  /// Makes a window of that size, without a control.
   Container(int width, int height);
   ~Container();
 
-  /// Makes a control of the class, sets its site and loads it from the bag; without one it is new.
+  /// Creates a control of the class, sets its site, and loads it from the bag; without a bag it is
+  /// initialised as new.
   HRESULT Create(REFCLSID classId, IPropertyBag* bag = nullptr);
-  /// Takes a control that somebody else made with this as its site, and the reference to it.
+  /// Takes over a control, with the reference to it, that was created with this as its site.
   void Take(IUnknown* control);
   HRESULT Activate(LONG verb = OLEIVERB_SHOW);
-  /// Closes the control and gives it up. What the last Release gave.
+  /// Closes and releases the control. Gives the result of the last Release.
   ULONG GiveUp();
 
   IUnknown* Control() const { return control_; }
@@ -38,9 +39,9 @@ class Container final : public IOleClientSite,
   bool userMode = true;
   bool uiDead = false;
   bool rightToLeft = false;
-  std::optional<std::pair<COLORREF, COLORREF>> colours;  // of what is behind, and of texts
-  std::function<HRESULT(const RECT&)> onPosRect;         // asked for another place
-  std::vector<std::string> told;                         // what the control told its sites
+  std::optional<std::pair<COLORREF, COLORREF>> colours;  // ambient BackColor and ForeColor
+  std::function<HRESULT(const RECT&)> onPosRect;         // inside OnPosRectChange
+  std::vector<std::string> told;                         // the calls of the sites, in order
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override;
   STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++references_); }

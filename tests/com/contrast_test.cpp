@@ -1,7 +1,6 @@
-// Every text can be read under the system's colours, whichever they are: on each page, in each kind
-// of control, what is drawn of a text stands out from what is behind it by 4.5 to 1. What is
-// disabled is left out: the platform draws it paler, and everybody who measures contrast exempts
-// it.
+// Every text has a contrast of at least 4.5 to 1 against its background, on each page and in each
+// kind of control, whatever the system's colours. Disabled controls are exempt: the platform draws
+// them paler, and every rule on contrast exempts them.
 #include <ole2.h>
 // The system's other headers need it.
 #include <commctrl.h>

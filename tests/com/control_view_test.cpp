@@ -1,4 +1,4 @@
-// The interface beside the contract: names of tables, and what the person can take back.
+// The interface beside the contract: names of tables, and Undo.
 #include "tests/com/com_test.h"
 
 #include <commctrl.h>

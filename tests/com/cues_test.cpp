@@ -1,4 +1,4 @@
-// Focus rectangles and underlined letters come and go with those of the dialog around.
+// UI cues: focus rectangles and underlined letters show and hide with those of the dialog around.
 #include <map>
 
 #include "tests/com/com_test.h"
@@ -10,8 +10,8 @@ namespace {
 
 constexpr LRESULT kBoth = UISF_HIDEFOCUS | UISF_HIDEACCEL;
 
-// What each window was told to hide. The system keeps that for every window, this one for those
-// that are told; the container's window does for its own what that of a dialog does.
+// A fake of the system's UI state, which Windows keeps for every window: notes what each window was
+// told to hide. The container's window does what a dialog's window does.
 class Cues {
  public:
   explicit Cues(HWND dialog) : dialog_(dialog) {

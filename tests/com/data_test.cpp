@@ -1,4 +1,4 @@
-// The control as data, what a container can have it do, and being activated by one call.
+// The control as a data object, its verbs, and quick activation.
 #include <cstring>
 #include <map>
 

@@ -1,6 +1,6 @@
-// A document that holds one control: a compound file with the control in a storage of its own, a
-// picture of it beside that, and a window in which it can be active. It makes, stores and opens the
-// control by what the system has for documents.
+// A document that embeds one control: a compound file with a storage for the control, a cached
+// picture of it, and a window in which it can be active. It creates, saves and loads the control by
+// the functions that the system has for documents.
 #pragma once
 
 #include <ole2.h>
@@ -15,19 +15,19 @@ namespace zolt20::tests {
 
 class Document {
  public:
-  /// A new file with nothing in it, which goes with the document.
+  /// Makes an empty file, which is deleted with the document.
   Document();
   ~Document();
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 
-  /// Inserts a new control; with OLERENDER_DRAW a picture of it is kept.
+  /// Inserts a new control; with OLERENDER_DRAW a picture of it is cached.
   HRESULT Insert(DWORD rendering);
-  /// Inserts a copy of an object that is given as data.
+  /// Inserts a copy of an object, given as a data object.
   HRESULT InsertFrom(IDataObject& source);
-  /// Stores the control and its picture in the file.
+  /// Saves the control and its picture in the file.
   HRESULT Save();
-  /// Gives the control up and closes the file.
+  /// Releases the control and closes the file.
   void Close();
   /// Opens the file again. The control is loaded, or just its picture.
   HRESULT Open();
@@ -38,7 +38,7 @@ class Document {
   IUnknown* Object() const { return site_->Control(); }
   /// The storage of the control.
   IStorage* Storage() const { return storage_.Get(); }
-  /// What draws it where it is not active: the control, or the picture alone.
+  /// Draws the control while it is not active: the control itself, or its cached picture.
   IUnknown* Drawn() const;
 
  private:

@@ -1,4 +1,5 @@
-// The control in a container: active in place, drawn, given up in the middle of things.
+// The control in a container: in-place activation, drawing, and its release while a call is in
+// progress.
 #include <ole2.h>
 // The system's other headers need it.
 #include <commctrl.h>
@@ -246,7 +247,7 @@ TEST_F(EmbeddingTest, ARequestIsAnsweredInsideItsEvent) {
   EXPECT_EQ(listener.told, (std::vector<std::string>{"event 3", "changed 12"}));
 }
 
-// A control without windows, in which the same is done: where the Tab key must come to.
+// The reference, a control without windows that gets the same gestures: where Tab has to go.
 class Twin final : private ControlHost {
  public:
   explicit Twin(int page) {

@@ -1,5 +1,5 @@
-// The windows of the form without the COM object around them: the host is here, and what the person
-// makes is heard of, for a record.
+// The windows of the form without the COM object around them. The test is the host, and records the
+// person's gestures.
 #pragma once
 
 #include <windows.h>
@@ -25,7 +25,7 @@ class FormHands final : public WindowHands, private ControlHost, private com::Fo
   std::string TextOnSurface(const std::string& control) override;
 
   const Surface& Form() const { return control_.Form(); }
-  /// What was done to the control, undone steps taken out, as lines of the automation host.
+  /// The session so far as lines of the automation host, without steps that were undone.
   std::vector<Json> Record() const;
 
  protected:
@@ -53,7 +53,7 @@ class FormHands final : public WindowHands, private ControlHost, private com::Fo
 
   void Keep(const Json& line);
 
-  // A line of the record, and the one before it.
+  // A line of the record, linked to the line before it.
   struct Line {
     Json text;
     int before;
@@ -64,7 +64,7 @@ class FormHands final : public WindowHands, private ControlHost, private com::Fo
   faces::Person person_{control_};
   com::FormWindow::Handle window_;
   int gesturesInProgress_ = 0;
-  int heardOf_ = 0;  // gestures
+  int heardOf_ = 0;  // how many gestures were recorded
   std::string raised_;
   std::map<std::string, Json> answers_;
   std::vector<Json> gestures_;

@@ -1,4 +1,4 @@
-// What the windows of the form take from the server's file, in a program that has them itself.
+// Stands in for the server's file, from which the form's windows take their resources.
 #include "faces/com/server/server.h"
 
 namespace zolt20::com {

@@ -1,4 +1,4 @@
-// The form in its window: the filters above its lists, long names, and a place that is too small.
+// The form in its window: filters above lists, long names, and a window that is too small.
 #include "tests/com/com_test.h"
 
 #include <commctrl.h>

@@ -1,5 +1,5 @@
-// A person at the windows of the form who plays steps, by what the platform makes of mouse and
-// keys, and what the windows show.
+// FaceHands for the windows of the form: plays steps by the messages that the platform makes of
+// mouse and keys, and reads what the windows show.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -41,9 +41,9 @@ class WindowHands : public FaceHands {
   std::vector<std::string> TakeSpoken() override;
 
  protected:
-  /// The window that has those of the form in it.
+  /// The parent of the form's windows.
   virtual HWND Around() const = 0;
-  /// Whether the key was the form's, as containers ask it.
+  /// Whether the form handled the key, as containers ask by TranslateAccelerator.
   virtual bool TakesKey(MSG& message) = 0;
 
  private:

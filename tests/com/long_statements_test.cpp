@@ -1,5 +1,5 @@
-// The boxes of statements: how much a key asks of the platform, which lines have colours, and that
-// the control has what the box shows.
+// The boxes of statements: how many messages a key costs, which lines have colours, and that the
+// control has the text that the box shows.
 #include "tests/com/com_test.h"
 
 #include <commctrl.h>
@@ -12,7 +12,7 @@
 namespace zolt20::tests {
 namespace {
 
-// Counts the messages that a window gets, as long as it lives.
+// Counts the messages to a window, as long as the object lives.
 class Messages {
  public:
   explicit Messages(HWND window) : window_(window) {

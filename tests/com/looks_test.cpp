@@ -1,4 +1,4 @@
-// What stands beside each other looks alike, and what is cut can be read.
+// Neighbouring controls look alike, and a text that is cut has a tooltip.
 #include <ole2.h>
 // The system's other headers need it.
 #include <commctrl.h>
@@ -90,7 +90,7 @@ TEST_F(LooksTest, TheTabsStandOnALine) {
 
 // Tips.
 
-// What the tip of a list says; nothing when it has none.
+// The text of a list's tooltip; nothing when the list has none.
 std::optional<std::wstring> TipOf(HWND list) {
   struct Search {
     HWND list;

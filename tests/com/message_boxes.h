@@ -8,14 +8,14 @@
 
 namespace zolt20::tests {
 
-/// As long as one lives, every message box of this thread is answered with OK, and told before
-/// that. One at a time.
+/// While an object of this lives, every message box of this thread is reported and then answered
+/// with OK. One object at a time.
 class MessageBoxes {
  public:
   using Tell = std::function<void(const std::wstring& title, const std::wstring& text)>;
 
   explicit MessageBoxes(Tell tell);
-  /// Whether a message box, which is told at the moment, has the sign of an error.
+  /// Whether the message box that is being reported has the icon of an error.
   static bool IsOfAnError();
   ~MessageBoxes();
   MessageBoxes(const MessageBoxes&) = delete;

@@ -1,6 +1,5 @@
-// People made up at random at the windows of the form, by what the platform makes of mouse and
-// keys: the record of what the form heard of them, played by the automation host, ends where the
-// form is.
+// Random people use the windows of the form, by the platform's mouse and keys. The record of their
+// gestures, played by the automation host, has to end in the same state as the form.
 #include "tests/support/people.h"
 #include "hosts/automation/dump.h"
 #include "hosts/automation/session.h"

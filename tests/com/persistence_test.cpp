@@ -1,4 +1,4 @@
-// What the control remembers: in a bag, and in a stream.
+// Persistence of the control in a property bag and in a stream.
 #include <map>
 
 #include "shell/contract.h"
@@ -7,7 +7,7 @@
 namespace zolt20::tests {
 namespace {
 
-// A bag that writes down in which order it is used.
+// A bag that logs the order of reads and writes.
 class Bag final : public IPropertyBag {
  public:
   STDMETHODIMP QueryInterface(REFIID id, void** object) override {

@@ -1,6 +1,6 @@
-// How the pages look: no text is cut and nothing lies over anything else. The letters are those of
-// the family that ZOLT20_LETTERS names, as in_wine.sh has it. With ZOLT20_PICTURES set to a folder
-// the pages are drawn into it, which is where the pictures of docs/ come from.
+// The looks of the pages: no text is cut and no control overlaps another. The font is the family in
+// ZOLT20_LETTERS, set by in_wine.sh. With ZOLT20_PICTURES set to a folder the pages are drawn into
+// it, which is where the pictures of docs/ come from.
 #include <ole2.h>
 // The system's other headers need it.
 #include <commctrl.h>

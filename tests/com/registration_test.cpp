@@ -1,5 +1,5 @@
-// What registering and unregistering leave in the registry, in a process of its own for each as a
-// setup program would.
+// The registry after registering and unregistering, each in a process of its own, as a setup
+// program does it.
 #include <aclapi.h>
 #include <gtest/gtest.h>
 #include <ole2.h>
@@ -54,7 +54,7 @@ std::set<std::wstring> ClassesOf(HKEY root) {
   return lines;
 }
 
-// What the one has and the other has not, either way.
+// The lines that only one of the two has.
 std::vector<std::string> Difference(const std::set<std::wstring>& before,
                                     const std::set<std::wstring>& after) {
   std::vector<std::string> lines;
@@ -119,7 +119,7 @@ bool CanBeCreated() {
   return true;
 }
 
-// As long as it lives, the classes of the machine can be read and not be written.
+// Makes the classes of the machine read-only as long as the object lives.
 class WithoutRights {
  public:
   WithoutRights() {

@@ -1,4 +1,4 @@
-// Colours of the system, as people set them, and how well a text can be read in what was drawn.
+// Colour schemes of the system, and the contrast of texts as they are drawn.
 #pragma once
 
 #include <windows.h>
@@ -18,7 +18,7 @@ struct Scheme {
   std::pair<COLORREF, COLORREF> window;     // of boxes
   std::pair<COLORREF, COLORREF> highlight;  // of what is marked
   std::pair<COLORREF, COLORREF> tip;
-  COLORREF quiet;  // of cues and of what is disabled
+  COLORREF quiet;  // of cues and of disabled texts
 
   std::string Name() const;
   friend std::ostream& operator<<(std::ostream& out, const Scheme& scheme) {
@@ -29,7 +29,7 @@ struct Scheme {
 /// A light, a dark and two high-contrast schemes, and one whose boxes are neither light nor dark.
 const std::vector<Scheme>& Schemes();
 
-/// The system's colours are those of the scheme as long as it is there.
+/// Sets the system's colours to the scheme as long as the object lives.
 class SchemeColours {
  public:
   explicit SchemeColours(const Scheme& scheme);
@@ -44,10 +44,10 @@ class SchemeColours {
 
 constexpr double kReadable = 4.5;
 
-/// How much two colours stand out from each other, 1 to 21.
+/// The contrast ratio of two colours, 1 to 21.
 double Contrast(COLORREF one, COLORREF other);
-/// Of what was drawn there: what there is most of is behind the text, and what stands out most from
-/// it are the letters. 0 when the place is empty.
+/// The contrast of a text as it was drawn: the most frequent colour is the background, the colour
+/// with the highest contrast to it is that of the letters. 0 when the place is empty.
 double ContrastAt(const Screen& screen, const RECT& place);
 
 }  // namespace zolt20::tests

@@ -1,4 +1,4 @@
-// What a window shows, as pixels.
+// A screenshot of a window.
 #pragma once
 
 #include <windows.h>
@@ -10,20 +10,20 @@ namespace zolt20::tests {
 
 class Screen {
  public:
-  /// What stands in the inside of the window now.
+  /// Takes the client area of the window as it is now.
   explicit Screen(HWND window);
 
   int Width() const { return width_; }
   int Height() const { return height_; }
-  /// Black outside of it.
+  /// The colour of a pixel; black outside of the picture.
   COLORREF At(int x, int y) const;
-  /// Writes it as a picture, a file that ends with .png.
+  /// Writes the screenshot to a file whose name ends with .png.
   void Save(const std::wstring& file) const;
 
  private:
   int width_ = 0;
   int height_ = 0;
-  std::vector<DWORD> pixels_;  // 0x00RRGGBB, from the top
+  std::vector<DWORD> pixels_;  // 0x00RRGGBB, row by row from the top
 };
 
 }  // namespace zolt20::tests

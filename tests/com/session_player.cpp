@@ -62,7 +62,7 @@ std::vector<std::string> LinesOf(const std::wstring& path) {
 constexpr const char* kEvents[] = {"eventCancel", "eventDone", "eventSubQuery", "eventCondition",
                                    "eventFunction"};
 
-// The least part of a value that tells what it is.
+// The smallest part of a value, enough to recognise it.
 Json ToJson(const VARIANT& value) {
   switch (V_VT(&value)) {
     case VT_BSTR:
@@ -318,7 +318,7 @@ void Playing::Empty() {
   }
 }
 
-// What is wrong, or nothing.
+// The difference, or nothing.
 std::optional<std::string> Playing::DoForPerson(const Json& request) {
   const std::string verb = request["user"];
   const std::string name = verb == "tab" ? "tabVrn" : request["control"].get<std::string>();

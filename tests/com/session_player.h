@@ -1,9 +1,9 @@
-// Plays recorded sessions on a control in whatever container, as a program around it would: the
-// host's lines by name, the person's by messages to the windows of the controls, which are found by
-// their class and name.
+// Plays recorded sessions on a control in any container, as a program around it would: the lines of
+// the host by late-bound calls, those of the person by messages to the controls' windows, which are
+// found by class and name.
 //
-// Written for the tests of containers that are not ours, so it knows no more of the control than
-// Automation and windows tell.
+// Written for tests of other people's containers, so it uses nothing of the control except
+// Automation and its windows.
 #pragma once
 
 #include <ocidl.h>
@@ -18,8 +18,8 @@ namespace zolt20::tests {
 
 class SessionPlayer {
  public:
-  /// A new control that is active in place, in the place of the one before. Its windows are
-  /// children, grandchildren or further below of `container`.
+  /// Replaces the control by a new one, active in place. Its windows are descendants of
+  /// `container`.
   struct Embedded {
     com::Pointer<IUnknown> control;
     HWND container;
@@ -28,14 +28,14 @@ class SessionPlayer {
 
   explicit SessionPlayer(Embed embed) : embed_(std::move(embed)) {}
 
-  /// Plays a session of JSON lines on a new control. The replies that were recorded, the Result and
-  /// the selected fields at its end lie beside it. Gives what differs, one line for each; nothing
-  /// when all went as it was recorded.
+  /// Plays a session of JSON lines on a new control. Files beside the session have the recorded
+  /// replies, and the Result and the selected fields at the end. Gives a line for each difference;
+  /// nothing when all is as recorded.
   std::vector<std::string> Play(const std::wstring& path);
   /// Plays the first lines of a session, comments not counted.
   std::vector<std::string> PlayTo(const std::wstring& path, int lines);
 
-  /// How many lines of each kind were played so far, and what came of them.
+  /// How many lines of each kind were played so far, with their outcomes.
   struct Counts {
     int hostLines = 0;
     int personLines = 0;

@@ -1,5 +1,5 @@
-// What screen readers call the windows of the controls. The platform's service for such names is
-// one of the test's own, which keeps what it is told.
+// The accessible names of the controls' windows. The test fakes the platform's service for such
+// names, and the fake keeps them.
 #include "tests/com/com_test.h"
 
 #include <initguid.h>

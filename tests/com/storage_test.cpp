@@ -1,4 +1,4 @@
-// What the control remembers in a storage and in memory: the same bytes as in a stream.
+// Persistence of the control in a storage and in memory: the same bytes as in a stream.
 #include "tests/com/com_test.h"
 
 namespace zolt20::tests {

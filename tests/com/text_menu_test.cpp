@@ -6,7 +6,7 @@
 namespace zolt20::tests {
 namespace {
 
-// Looks at the menu that opens next, and chooses by a letter in it; without one it goes unchosen.
+// Reads the menu that opens next, and chooses an item by its letter; without a letter it cancels.
 class MenuReader {
  public:
   explicit MenuReader(wchar_t letter = 0) {
@@ -18,7 +18,7 @@ class MenuReader {
   MenuReader(const MenuReader&) = delete;
   MenuReader& operator=(const MenuReader&) = delete;
 
-  /// What it showed: a caption each, in brackets when it could not be chosen.
+  /// The captions of the items, a disabled one in brackets.
   static std::vector<std::wstring>& shown() {
     static std::vector<std::wstring> rows;
     return rows;

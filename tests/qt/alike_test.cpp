@@ -1,8 +1,8 @@
-// Boxes like the platform's own: keys and clicks made up at random go to each box of the form and
-// to a plain box of Qt beside it, of the same size and letters. Text, caret and mark agree after
-// each of them, and so does whether the box has anything to undo.
+// Boxes behave like the platform's own: random keys and clicks go to each box of the form and to
+// a plain box of Qt with the same size and font. After each of them text, caret and mark have to
+// agree, and whether the box has a step to undo.
 //
-// Apart from where the form itself does something with a key:
+// Exceptions, where the form itself handles a key:
 // - A box without an undo of its own leaves Ctrl+Z and Ctrl+Y to the form; then no box gets them.
 // - The row limit hands its keys to the form, which drops some and writes the others into the text.
 //   The plain box is set to what the form has then, and begins a new history.
@@ -35,7 +35,7 @@ struct Side {
   int Caret() const {
     return line != nullptr ? line->cursorPosition() : lines->textCursor().position();
   }
-  // Where the mark begins, seen from the caret.
+  // The anchor of the mark, the end without the caret.
   int Anchor() const {
     if (line == nullptr) return lines->textCursor().anchor();
     if (!line->hasSelectedText()) return Caret();
@@ -78,7 +78,7 @@ struct Side {
   }
 };
 
-// Where a person finds a box: what they do before.
+// How a person gets to a box: the gestures before.
 struct BoxPlace {
   const char* name;
   std::vector<const char*> requests;

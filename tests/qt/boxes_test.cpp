@@ -1,4 +1,4 @@
-// Boxes and lists at a person's hands, as far as the list of what any face does leaves it to Qt.
+// Boxes and lists as a person uses them, where the list of what any face does leaves it to Qt.
 #include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
@@ -55,7 +55,7 @@ TEST_F(BoxesTest, HalfALineEndComesBackByUndoAsItWas) {
   EXPECT_EQ(form().txtCond.Text(), u"a\r\nb");
 }
 
-// What a screen reader is told of a list: each row that the keys come to, and each mark.
+// Accessibility events of a list: each row that becomes current, and each mark.
 
 class ToldTest : public BoxesTest {
  protected:

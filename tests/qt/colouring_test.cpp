@@ -1,4 +1,4 @@
-// The colours of statements: which words of a line have one, and how they look in a document.
+// Syntax colouring: which words of a line have a colour, and their formats in a document.
 #include "faces/shared/statement_colours.h"
 
 #include <gtest/gtest.h>
@@ -183,7 +183,7 @@ TEST(ColouringTest, WordsStandInOrderWithinTheLineWithoutOverlap) {
   EXPECT_GT(found, 1000U) << "the lines hold too few words to prove anything";
 }
 
-// The contrast of two colours, from 1 to 21, by their relative luminance.
+// The contrast ratio of two colours, from 1 to 21, by their relative luminance.
 double Luminance(const QColor& color) {
   const auto linear = [](double part) {
     return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);

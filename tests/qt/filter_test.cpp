@@ -1,5 +1,5 @@
-// The filters above the lists, by real keys: what they leave, and what is told of marks that they
-// hide.
+// The filters above the lists, by real keys: which rows they leave, and the note on marked rows
+// that they hide.
 #include <QAbstractItemView>
 #include <QLabel>
 #include <QLineEdit>

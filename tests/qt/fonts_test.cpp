@@ -1,5 +1,5 @@
-// Every page in the letters of several families, of usual size and of twice that: whatever a
-// machine has, no text is cut and nothing lies over anything else.
+// Every page in several font families, at the usual size and at twice that: whatever fonts
+// a machine has, no text is cut and no control overlaps another.
 #include <tuple>
 
 #include "tests/qt/pages_test.h"

@@ -1,5 +1,5 @@
-// What the widget tells a host that keeps a record: each gesture of the person, a value of the
-// host's that goes with the steps of the history, and names beside the codes of tables.
+// What hosts need that record sessions: a signal for each gesture, the host's value that Undo
+// restores, and names beside the codes of tables.
 #include <QAbstractItemView>
 #include <QImage>
 #include <QMouseEvent>
@@ -34,7 +34,7 @@ class GestureTest : public WidgetTest {
 
   /// Expects these gestures and nothing else.
   void ExpectTold(const Texts& lines) { EXPECT_EQ(Log(), lines); }
-  /// The last line since the log was looked at, "" for none.
+  /// The last line since the log was taken, "" for none.
   std::string Last() {
     const Texts log = Log();
     return log.empty() ? "" : log.back();

@@ -1,4 +1,4 @@
-// A person at a widget who plays steps, and a host that keeps what it is told of them.
+// FaceHands for the widget: plays steps by mouse and keys, with a host that records the gestures.
 #pragma once
 
 #include <QAccessible>
@@ -15,8 +15,8 @@
 
 namespace zolt20::tests {
 
-/// The widget is a plain one in a window of its own, which the host has told nothing yet. Message
-/// boxes are answered as soon as they are there.
+/// The widget is new, in a window of its own, and nothing was written to it. Message boxes are
+/// answered as soon as they open.
 class QtHands : public PersonTest, public FaceHands {
  protected:
   QtHands();
@@ -48,10 +48,10 @@ class QtHands : public PersonTest, public FaceHands {
   Json TakeMessage() override { return std::exchange(message_, nullptr); }
   std::vector<std::string> TakeSpoken() override;
 
-  /// From now on what screen readers are told is kept.
+  /// From now on the announcements to screen readers are kept.
   void ListenToWhatIsSpoken();
 
-  /// What was done to the widget, undone steps taken out, as lines of the automation host.
+  /// The session so far as lines of the automation host, without steps that were undone.
   std::vector<Json> Record();
 
  private:
@@ -61,7 +61,7 @@ class QtHands : public PersonTest, public FaceHands {
   Json ShownOfBox(QWidget& widget, const std::string& what);
   Json ShownOfList(const QAbstractItemView& view, const std::string& what);
 
-  // A line of the record, and the one before it.
+  // A line of the record, linked to the line before it.
   struct Line {
     Json text;
     int before;

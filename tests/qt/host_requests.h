@@ -1,4 +1,4 @@
-// What a host does to the widget, as requests of the automation host ask for it.
+// Carries out requests of the automation host on the widget, as a host would.
 #pragma once
 
 #include <QMetaObject>
@@ -17,7 +17,7 @@ inline nlohmann::ordered_json ToJson(const QVariant& value) {
   return nullptr;
 }
 
-/// Carries a set, get or call out, by the widget's meta-object. Throws what the widget throws.
+/// Carries out a set, get or call by the widget's meta-object. Throws the widget's errors.
 inline QVariant RunRequest(ZOLT20MapWidget& widget, const nlohmann::ordered_json& request) {
   if (request.contains("get")) {
     const std::string name = request["get"];

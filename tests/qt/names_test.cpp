@@ -1,5 +1,4 @@
-// What the widget tells those who do not see it: roles and names by QAccessible, and the letters
-// that work with Alt.
+// Accessibility: roles and accessible names by QAccessible, and the mnemonics (letters with Alt).
 #include <QAccessible>
 #include <QKeySequence>
 #include <QSignalSpy>

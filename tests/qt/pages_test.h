@@ -1,6 +1,6 @@
-// The fixture of tests that look at the pages of the widget: whether there is room for everything,
-// in letters and colours that a test chooses. With ZOLT20_PICTURES set to a folder the pages are
-// drawn into it.
+// The fixture of tests on the looks of the widget's pages: whether there is room for everything, in
+// fonts and colours that a test chooses. With ZOLT20_PICTURES set to a folder the pages are drawn
+// into it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -60,7 +60,7 @@ inline QPalette DarkPalette() {
 
 class PagesTest : public ::testing::Test {
  protected:
-  /// With a family all letters are of it. Where it is not installed the test is skipped.
+  /// With a family, all fonts are of that family. The test is skipped if it is not installed.
   explicit PagesTest(const Look& look, const char* family = nullptr)
       : paletteBefore_(QApplication::palette()),
         fontBefore_(QApplication::font()),
@@ -87,7 +87,7 @@ class PagesTest : public ::testing::Test {
     if (family_.isEmpty()) return;
     if (!QFontDatabase::families().contains(family_))
       GTEST_SKIP() << family_.toStdString() << " is not installed on this machine";
-    // These two ask for families of their own first; everything else has theirs.
+    // These two controls have font families of their own.
     QFont font = map_->font();
     font.setFamilies({family_});
     map_->setFont(font);
@@ -123,7 +123,7 @@ class PagesTest : public ::testing::Test {
 
   // What is to be seen.
 
-  /// Every label, button and box in sight has room for its text.
+  /// Expects that every visible label, button and box has room for its text.
   void ExpectNothingCut() {
     QApplication::processEvents();
     for (const QWidget* widget : map_->findChildren<QWidget*>()) {
@@ -154,8 +154,8 @@ class PagesTest : public ::testing::Test {
     }
   }
 
-  /// No two controls of a page that take the focus lie over each other. What is in the frame of the
-  /// case rows is there as a whole.
+  /// Expects that no two controls of a page that take the focus overlap, and that no control in the
+  /// frame of the case rows is cut.
   void ExpectNothingCovered() {
     const Surface& form = map_->form();
     std::vector<std::pair<std::string, QRect>> seen;

@@ -1,5 +1,5 @@
-// People made up at random at the widget, by its real mouse and keys: the record of what the widget
-// told of them, played by zolt20-host, ends where the widget is.
+// Random people use the widget by real mouse and keys. The record of their gestures, played by
+// zolt20-host, has to end in the same state as the widget.
 #include <QProcess>
 #include <QTemporaryFile>
 

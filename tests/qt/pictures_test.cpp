@@ -1,5 +1,5 @@
-// How the pages look: in a light and a dark palette, at the usual size and at twice the letters, no
-// text is cut and nothing lies over anything else. With ZOLT20_PICTURES set to a folder the pages
+// The looks of the pages: in a light and a dark palette, at the usual and at twice the font size,
+// no text is cut and no control overlaps another. With ZOLT20_PICTURES set to a folder the pages
 // are drawn into it, which is where the pictures of docs/ come from.
 #include "tests/qt/pages_test.h"
 

@@ -1,6 +1,6 @@
-// Sessions of the automation host, played through the widget by mouse and keys: at each step the
-// widget must be where the session is. First the recorded ones of examples/sessions, then some of
-// what these leave out, then people who click around.
+// Sessions of the automation host, played on the widget by mouse and keys: after each step the
+// widget has to be in the session's state. First the recorded ones of examples/sessions, then
+// gestures that these leave out, then random people.
 #include <algorithm>
 #include <filesystem>
 #include <fstream>

@@ -1,5 +1,5 @@
-// The item model of a list: it tells every change as item models have to, shows the rows of the
-// control and no copy of them, and of those the ones that the filter leaves.
+// The item model of a list: it signals every change as item models have to, has no copy of the
+// control's rows, and shows those that the filter leaves.
 #include "faces/qt/rows_model.h"
 
 #include <QAbstractItemModelTester>

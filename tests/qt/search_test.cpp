@@ -1,4 +1,4 @@
-// The line at the top of the open list of an operand: what it leaves, and what is picked there.
+// The search line at the top of an operand's open list: which entries it leaves, and picking one.
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QComboBox>

@@ -1,5 +1,5 @@
-// A place that is smaller than the form needs, as on a small screen: the form scrolls, and whatever
-// gets the focus comes into sight. And one of a large screen.
+// A window that is too small for the form, as on a small screen: the form scrolls, and scrolls so
+// that the control with the focus is visible. And a window on a large screen.
 #include <qpa/qwindowsysteminterface.h>
 
 #include "tests/qt/pages_test.h"

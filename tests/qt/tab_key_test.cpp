@@ -1,5 +1,5 @@
-// The Tab key: it follows the tab order of the surface as it stands at that moment, and leaves the
-// widget at its ends.
+// The Tab key: it follows the tab order of the surface at that moment, and leaves the widget at the
+// ends of that order.
 #include <algorithm>
 
 #include "tests/qt/widget_test.h"

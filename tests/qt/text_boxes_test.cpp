@@ -1,5 +1,5 @@
-// The text boxes: what they show, what they hand over, and that line ends stay as they are where
-// nobody typed.
+// The text boxes: the shown text, the text that they hand over after an edit, and that line ends
+// stay as they are outside the edit.
 #include "faces/qt/text_boxes.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 // The fixture of tests that use the widget: the verbs of a person, by real mouse and key events in
 // a window, and readable reads.
 //
-// A verb presses where a person would: it fails when something else lies there. What the widget
-// tells its host is kept in order, "eventDone", "changed prpTab", "message TITLE: TEXT" or "failed
-// KIND NUMBER"; a test takes it with Log(). Difference() tells where what is drawn is not what the
-// surface has.
+// A verb presses where a person would, and fails when another widget covers the place. The signals
+// and messages of the widget are logged in order, "eventDone", "changed prpTab", "message TITLE:
+// TEXT" or "failed KIND NUMBER"; a test takes them with Log(). Difference() gives the first
+// difference between what is drawn and the surface.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -47,7 +47,7 @@ inline QString Qs(std::string_view text) {
 inline std::string Std(const QString& text) {
   return Narrow(qt::View(text));
 }
-/// The name by which Qt's meta-object knows a name of the contract.
+/// The name that Qt's meta-object has for a name of the contract.
 inline QByteArray Meta(std::string_view name) {
   return {name.data(), static_cast<qsizetype>(name.size())};
 }
@@ -57,7 +57,7 @@ inline QByteArray SetterOf(std::string_view property) {
   name[0] = static_cast<char>(std::toupper(name[0]));
   return "set" + name;
 }
-/// A text of a button without the mark of its letter.
+/// The text of a button without the "&" of its mnemonic.
 inline QString WithoutMnemonic(QString text) {
   for (qsizetype at = 0; at < text.size(); ++at) {
     if (text[at] == u'&') text.remove(at, 1);  // of two, the second stays
@@ -82,7 +82,7 @@ class PersonTest : public ::testing::Test {
   }
   /// Scrolls to a row of a list and presses it.
   void Click(std::string_view list, int row) { PressAt(*ViewOf(list).viewport(), Row(list, row)); }
-  /// Presses a row twice, soon after each other.
+  /// Double-clicks a row.
   void DoubleClick(std::string_view list, int row) {
     QWidget& viewport = *ViewOf(list).viewport();
     const QPoint at = Row(list, row);
@@ -174,8 +174,8 @@ class PersonTest : public ::testing::Test {
     QTest::keyClick(Window(), static_cast<Qt::Key>(key), modifiers);
   }
 
-  /// Carries out a gesture of the automation host, a line with "user". False when it is refused: a
-  /// person can't even reach the control, or nothing comes of it.
+  /// Carries out a gesture of the automation host, a line with "user". False when it is refused:
+  /// a person can't reach the control, or the gesture has no effect.
   bool Make(const nlohmann::ordered_json& gesture) {
     const std::string verb = gesture["user"];
     if (verb == "tab") return Tab(gesture["page"]), true;
@@ -228,7 +228,7 @@ class PersonTest : public ::testing::Test {
     if (control == nullptr) throw std::runtime_error("there is no control " + std::string(name));
     return *control;
   }
-  /// Whether a person can see the widget, and nothing lies on its middle.
+  /// Whether the widget is visible, and no other one covers its middle.
   bool IsInSight(std::string_view control) {
     const auto* target = widget_->findChild<QWidget*>(Qs(control));
     return target != nullptr && target->isVisible() && IsOnTop(*target, target->rect().center());
@@ -244,7 +244,7 @@ class PersonTest : public ::testing::Test {
   }
   nlohmann::ordered_json State() { return automation::Dump(form()); }
 
-  /// The first way in which what is drawn is not what the surface has; "" when there is none.
+  /// The first difference between what is drawn and the surface; "" for none.
   std::string Difference() {
     for (const Control* control : form().Controls()) {
       const auto* drawn = widget_->findChild<QWidget*>(Qs(control->name()));
@@ -361,7 +361,7 @@ class PersonTest : public ::testing::Test {
   }
 };
 
-/// A widget whose messages are answered at once and kept.
+/// A widget that keeps its messages and answers them at once.
 class LoggedWidget final : public ZOLT20MapWidget {
  public:
   explicit LoggedWidget(Texts& log, QWidget* parent = nullptr)
@@ -376,7 +376,7 @@ class LoggedWidget final : public ZOLT20MapWidget {
   Texts& log_;
 };
 
-/// A person and a host. A new widget is there from the start.
+/// A person and a host. A test begins with a new widget.
 class WidgetTest : public PersonTest {
  protected:
   WidgetTest() { MakeNew(); }
@@ -397,7 +397,7 @@ class WidgetTest : public PersonTest {
     Hear();
     ShowWindow(*widget_);
   }
-  /// A window with a line to type in above the widget and one below it.
+  /// A window with a line edit above the widget and one below it.
   void MakeEmbedded() {
     delete widget_;
     log_.clear();
@@ -411,7 +411,7 @@ class WidgetTest : public PersonTest {
     ShowWindow(*window_);
   }
 
-  /// What the widget told its host since the last call, in order.
+  /// Takes the log: signals and messages since the last call of Log(), in order.
   Texts Log() { return std::exchange(log_, {}); }
   /// Puts a line of the test's own into the log.
   void Told(std::string line) { log_.push_back(std::move(line)); }
