@@ -16,6 +16,7 @@
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/cut_label.h"
 #include "hosts/composer/find_bar.h"
+#include "hosts/composer/menu_key.h"
 #include "hosts/composer/names_strip.h"
 #include "hosts/composer/note_strip.h"
 #include "hosts/composer/rules_list.h"
@@ -35,6 +36,7 @@ QString RulesFilter() {
 }  // namespace
 
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
+  new MenuKey(this);
   journal_ = new Journal([this] { return HeadOfJournal(rule_); }, this);
   connect(journal_, &Journal::Troubled, this, &MainWindow::ShowJournalTrouble);
   MakePanes();

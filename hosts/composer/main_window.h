@@ -190,8 +190,6 @@ class MainWindow final : public QMainWindow {
   void CopyText();
   void ExportText();
   void SaveRecord();
-  /// Writes a whole file, or leaves the old one and says why.
-  void WriteFile(const QString& path, const QByteArray& content);
   void Complain(const QString& title, const std::string& text);
 
   void ExportRules();

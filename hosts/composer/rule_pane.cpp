@@ -1,9 +1,14 @@
 #include "hosts/composer/rule_pane.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QEvent>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QMenu>
 #include <QPlainTextEdit>
+#include <QShortcut>
 #include <QSyntaxHighlighter>
 #include <QTextBlock>
 #include <QVBoxLayout>
@@ -13,7 +18,9 @@
 #include "faces/qt/highlighter.h"
 #include "faces/qt/later.h"
 #include "faces/qt/qt_text.h"
+#include "hosts/composer/find_bar.h"
 #include "hosts/composer/text_difference.h"
+#include "hosts/composer/text_leaving.h"
 #include "hosts/composer/waves.h"
 
 namespace zolt20::composer {
@@ -81,6 +88,8 @@ RulePane::RulePane(const QString& title, QWidget* parent)
   told_->setWordWrap(true);
   told_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
   told_->hide();
+  view_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(view_, &QWidget::customContextMenuRequested, this, &RulePane::ShowMenu);
   connect(view_, &QPlainTextEdit::cursorPositionChanged, this, [this] {
     if (view_->hasFocus()) emit CaretMoved();
   });
@@ -219,6 +228,45 @@ std::optional<TextLines::Place> RulePane::CaretIn(const QString& text) const {
   if (row == rows.end()) return std::nullopt;
   const int column = caret.positionInBlock() - (colours_->isMarked ? kMarkLength : 0);
   return TextLines::Place{static_cast<int>(row - rows.begin()), std::max(column, 0)};
+}
+
+void RulePane::AddFindBar() {
+  find_ = new FindBar;
+  layout()->addWidget(find_);
+  const auto add = [this](const QKeySequence& keys, auto act) {
+    connect(new QShortcut(keys, window()), &QShortcut::activated, this, act);
+  };
+  add(QKeySequence::Find, [this] { find_->FindIn(*view_); });
+  add(Qt::Key_F3, [this] { find_->FindNext(); });
+  add(Qt::SHIFT | Qt::Key_F3, [this] { find_->FindNext(false); });
+}
+
+// Opened by a key while the caret is out of sight, the menu stands at the edge all the same.
+void RulePane::ShowMenu(const QPoint& at) {
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  const auto add = [&](const QString& text, const QKeySequence& keys, bool isEnabled, auto act) {
+    QAction* action = menu->addAction(text);
+    action->setShortcut(keys);
+    action->setEnabled(isEnabled);
+    connect(action, &QAction::triggered, this, act);
+  };
+  const bool isThere = !coming_.isEmpty();
+  add(tr("&Copy"), QKeySequence::Copy, view_->textCursor().hasSelection(),
+      [this] { view_->copy(); });
+  add(tr("Copy &All"), {}, isThere, [this] { QApplication::clipboard()->setText(coming_); });
+  add(tr("&Select All"), QKeySequence::SelectAll, !view_->document()->isEmpty(),
+      [this] { view_->selectAll(); });
+  menu->addSeparator();
+  add(tr("&Find..."), QKeySequence::Find, find_ != nullptr, [this] { find_->FindIn(*view_); });
+  menu->addSeparator();
+  add(tr("&Print..."), {}, isThere, [this] { AskAndPrint(*window(), name_, coming_); });
+  add(tr("Save As &Text..."), {}, isThere,
+      [this] { AskAndSaveText(*window(), tr("Save As Text"), coming_); });
+  const QRect seen = view_->viewport()->rect();
+  menu->popup(view_->viewport()->mapToGlobal(
+      QPoint(std::clamp(at.x(), seen.left(), std::max(seen.left(), seen.right())),
+             std::clamp(at.y(), seen.top(), std::max(seen.top(), seen.bottom())))));
 }
 
 void RulePane::DrawAnew() {

@@ -1,6 +1,7 @@
 // The text of a rule to be read: coloured, and with the lines marked that would come and go. A line
 // that would come begins with "+ ", one that would go with "- ", the others with two blanks; where
-// no line would, the text stands as it is.
+// no line would, the text stands as it is. Its menu copies, prints and saves the text without
+// marks, of two the one that would come.
 #pragma once
 
 #include <QWidget>
@@ -16,6 +17,8 @@ class QPlainTextEdit;
 
 namespace zolt20::composer {
 
+class FindBar;
+
 class RulePane final : public QWidget {
   Q_OBJECT
 
@@ -24,10 +27,17 @@ class RulePane final : public QWidget {
 
   /// The text as it is, and what it would become.
   void Show(const QString& text, const QString& coming);
+  /// What the text is called on paper.
+  void Name(const QString& name) { name_ = name; }
   /// A line above the text, "" for none.
   void Tell(const QString& told);
   /// Marks characters of the text and brings them into sight. Lines and columns count from 1.
   void Point(qsizetype line, qsizetype column, qsizetype length);
+
+  /// Finds by a line of the window, which has the keys for it.
+  void FindBy(FindBar& find) { find_ = &find; }
+  /// Finds by a line of its own below the text, and takes the keys for it in its whole window.
+  void AddFindBar();
 
   // Of another text, such as the Result, those lines are meant that the pane has too.
 
@@ -52,10 +62,13 @@ class RulePane final : public QWidget {
   void ShowRows(const QString& shown, bool isMarked);
   void DrawWaves();
   void DrawAnew();
+  void ShowMenu(const QPoint& at);
 
   QLabel* told_;
   QPlainTextEdit* view_;
   Colours* colours_;
+  FindBar* find_ = nullptr;
+  QString name_;
   QString text_;
   QString coming_;
   QString shown_;                // the text of the view

@@ -65,6 +65,8 @@ VersionsWindow::VersionsWindow(const RulesFile& rules, StringView name, QWidget*
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(split, 1);
   layout->addWidget(buttons);
+  pane_->AddFindBar();
+  pane_->Name(ToQt(name));
   // A version is compared with the one before it, until the person says otherwise.
   connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
     other_->setCurrentIndex(std::min(row + 1, other_->count() - 1));
@@ -115,6 +117,7 @@ DeletedWindow::DeletedWindow(RulesFile& rules, QWidget* parent)
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(split, 1);
   layout->addWidget(buttons);
+  pane_->AddFindBar();
   Fill();
   resize(640, 400);
 }
@@ -139,6 +142,7 @@ void DeletedWindow::ShowChosen() {
   const QString text =
       chosen < 0 ? QString() : ToQt(bin_[static_cast<std::size_t>(chosen)].rule.text);
   pane_->Show(text, text);
+  pane_->Name(chosen < 0 ? QString() : ToQt(bin_[static_cast<std::size_t>(chosen)].rule.name));
   bringBack_->setEnabled(chosen >= 0);
   forget_->setEnabled(chosen >= 0);
 }

@@ -1,43 +1,21 @@
 // What leaves the composer's window on paper and as whole folders.
 #include <QFileDialog>
 #include <QMessageBox>
-#include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QStatusBar>
-#include <QTextCursor>
-#include <QTextDocument>
 
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/cut_label.h"
 #include "hosts/composer/main_window.h"
 #include "hosts/composer/text_folder.h"
+#include "hosts/composer/text_leaving.h"
 
 namespace zolt20::composer {
-namespace {
-
 using qt::ToQt;
 
-void PrintText(const QString& name, const QString& text, QPrinter& printer) {
-  QTextDocument document;
-  QTextCursor at(&document);
-  QTextCharFormat heading;
-  heading.setFontWeight(QFont::Bold);
-  heading.setFontPointSize(14);
-  at.insertText(name + u'\n', heading);
-  QTextCharFormat letters;
-  letters.setFontFamilies({QStringLiteral("monospace")});
-  letters.setFontPointSize(10);
-  at.insertText(QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")), letters);
-  document.print(&printer);
-}
-
-}  // namespace
-
 void MainWindow::Print() {
-  QPrinter printer(QPrinter::HighResolution);
-  QPrintDialog dialog(&printer, this);
-  if (dialog.exec() == QDialog::Accepted) PrintText(PrintedName(), ShownText(), printer);
+  AskAndPrint(*this, PrintedName(), ShownText());
 }
 
 void MainWindow::PreviewPrint() {

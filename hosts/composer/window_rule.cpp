@@ -29,6 +29,8 @@ QWidget* MainWindow::MakeRulePane() {
   pane_ = new RulePane(tr("Rule"));
   reading_ = new RulePane(tr("Rule"));
   reading_->hide();
+  for (RulePane* pane : {pane_, reading_})
+    pane->FindBy(*find_);
   composing_->addWidget(reading_, 1);
   auto* left = new QSplitter(Qt::Vertical);
   left->addWidget(list_);
@@ -121,7 +123,9 @@ void MainWindow::ShowRuleText() {
   const QString stored = rule == nullptr ? QString() : ToQt(rule->text);
   const QString coming = ToQt(map_->WhatAddDoes().result);
   const bool isReadOnly = IsReadOnly();
-  pane_->Tell(RuleNote());
+  for (RulePane* pane : {pane_, reading_})
+    pane->Name(PrintedName());
+  pane_->Tell(rule == nullptr ? QString() : ToQt(rules_->NoteOf(rule->name)));
   pane_->Show(stored, coming.isEmpty() || isReadOnly ? stored : coming);
   tree_->TextChanged();
 }

@@ -5,6 +5,7 @@
 
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/main_window.h"
+#include "hosts/composer/text_leaving.h"
 #include "surface/surface.h"
 
 namespace zolt20::composer {
@@ -23,29 +24,13 @@ void MainWindow::CopyText() {
 }
 
 void MainWindow::ExportText() {
-  const QString text = ShownText();
-  const QByteArray utf8 = text.toUtf8();
-  if (QString::fromUtf8(utf8) != text) {
-    return Complain(
-        tr("Export"),
-        tr("The text holds half of a character and can't be written as UTF-8.").toStdString());
-  }
-  const QString path = QFileDialog::getSaveFileName(this, tr("Export Text"));
-  if (!path.isEmpty()) WriteFile(path, utf8);
+  AskAndSaveText(*this, tr("Export Text"), ShownText());
 }
 
 void MainWindow::SaveRecord() {
   const QString path = QFileDialog::getSaveFileName(this, tr("Save Session Record"), {},
                                                     tr("Sessions (*.jsonl);;All files (*)"));
-  if (!path.isEmpty()) WriteFile(path, map_->Record());
-}
-
-void MainWindow::WriteFile(const QString& path, const QByteArray& content) {
-  try {
-    WriteWholeFile(path, content);
-  } catch (const RulesError& error) {
-    Complain(tr("Save"), error.what());
-  }
+  if (!path.isEmpty()) SaveBytes(*this, path, map_->Record());
 }
 
 }  // namespace zolt20::composer

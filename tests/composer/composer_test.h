@@ -159,6 +159,36 @@ class ComposerTest : public PersonTest {
     Follow();
     return offered;
   }
+  /// What a menu offers that is opened so, "-" before what can't be chosen; then it is closed.
+  Texts OfferedBy(const std::function<void()>& opening) {
+    Texts offered;
+    inPopup_ = [&](QMenu& menu) {
+      for (const QAction* action : menu.actions()) {
+        if (!action->isSeparator())
+          offered.push_back((action->isEnabled() ? "" : "-") +
+                            Std(WithoutMnemonic(action->text())));
+      }
+      menu.close();
+    };
+    opening();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !inPopup_; }, 2000)) << "no menu opened";
+    inPopup_ = nullptr;
+    QTest::qWait(20);  // the focus comes back
+    return offered;
+  }
+  /// Presses an entry of a menu that is opened so.
+  void Pick(const char* item, const std::function<void()>& opening,
+            std::vector<Steps> dialogs = {}) {
+    inPopup_ = [this, item](QMenu& menu) {
+      PressIn(menu, ActionOf(menu, QString::fromUtf8(item)));
+    };
+    const auto pick = [&] {
+      opening();
+      EXPECT_TRUE(QTest::qWaitFor([this] { return !inPopup_; }, 2000)) << "no menu opened";
+    };
+    With(pick, std::move(dialogs));
+    inPopup_ = nullptr;
+  }
   /// Presses a button of the control that opens dialogs.
   void ClickWith(const char* control, std::vector<Steps> dialogs) {
     With([&] { Click(control); }, std::move(dialogs));

@@ -584,7 +584,7 @@ TEST_F(MainWindowTest, AnExportThatFailsIsToldAndLeavesTheOldFile) {
 TEST_F(MainWindowTest, ATextWithHalfOfACharacterIsNotExported) {
   OpenRules({{u"Half", String(u"x = ") + char16_t{0xD83D}, u""}});
   Menu("File", "Export Text...",
-       {Answer("Export: The text holds half of a character and can't be written as UTF-8.")});
+       {Answer("Export Text: The text holds half of a character and can't be written as UTF-8.")});
 }
 
 }  // namespace

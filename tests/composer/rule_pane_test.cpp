@@ -1,5 +1,6 @@
 // The text of a rule beside the control, its versions and note, and the deleted rules.
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QTextBlock>
@@ -48,6 +49,39 @@ class RulePaneTest : public ComposerTest {
   }
   QListWidget& List(const char* name) {
     return *Dialog().findChild<QListWidget*>(QString::fromUtf8(name));
+  }
+  static void FocusOn(QWidget& widget) {
+    widget.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(widget.window()));
+    widget.setFocus();
+  }
+  std::function<void()> RightClickIn(QPlainTextEdit& view) {
+    return [&view] {
+      const QPoint at = view.viewport()->rect().center();
+      QTest::mouseClick(view.window()->windowHandle(), Qt::RightButton, {},
+                        view.viewport()->mapTo(view.window(), at));
+    };
+  }
+  /// The keys for the menu, while the text has the focus: that of its own is told by the system.
+  std::function<void()> MenuKeyIn(QPlainTextEdit& view) {
+    return [&view] {
+      FocusOn(view);
+      QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {}, Qt::NoModifier);
+      QCoreApplication::sendEvent(view.window()->windowHandle(), &asked);
+    };
+  }
+  std::function<void()> ShiftF10In(QPlainTextEdit& view) {
+    return [&view] {
+      FocusOn(view);
+      QTest::keyClick(view.window()->windowHandle(), Qt::Key_F10, Qt::ShiftModifier);
+    };
+  }
+  static std::string Clipboard() { return Std(QApplication::clipboard()->text()); }
+  /// Composes what would come into rule A.
+  void ComposeMore() {
+    Tab(kDoPage);
+    Type("txtSelectDo", "total");
+    Tab(0);
   }
   void ClickRow(QListWidget& list, int row) {
     PressOn(*list.viewport(), list.visualItemRect(list.item(row)).center());
@@ -172,6 +206,76 @@ TEST_F(RulePaneTest, ANoteIsKeptAndShown) {
   EXPECT_EQ(ToldAbove(), "");
   OpenAgain();
   EXPECT_EQ(ToldAbove(), "for the morning");
+}
+
+// --- The menu
+
+TEST_F(RulePaneTest, TheMenuOpensByTheMouseTheMenuKeyAndShiftF10) {
+  OpenRules({{u"A", Wide(kCustomers), u""}});
+  const Texts all{"-Copy", "Copy All", "Select All", "Find...", "Print...", "Save As Text..."};
+  QPlainTextEdit& view = View(window());
+  EXPECT_EQ(OfferedBy(RightClickIn(view)), all);
+  EXPECT_EQ(OfferedBy(MenuKeyIn(view)), all);
+  EXPECT_EQ(OfferedBy(ShiftF10In(view)), all);
+  view.selectAll();
+  EXPECT_EQ(OfferedBy(ShiftF10In(view)).front(), "Copy");
+  Menu("Rule", "New");
+  EXPECT_EQ(Shown(), "");
+  EXPECT_EQ(OfferedBy(RightClickIn(view)), (Texts{"-Copy", "-Copy All", "-Select All", "Find...",
+                                                  "-Print...", "-Save As Text..."}));
+}
+
+TEST_F(RulePaneTest, TheMenuCopiesWhatIsMarkedAndTheTextWithoutItsMarks) {
+  OpenRules({{u"A", Wide(kCustomers), u""}});
+  ComposeMore();
+  Shown();
+  QPlainTextEdit& view = View(window());
+  Pick("Copy All", RightClickIn(view));
+  EXPECT_EQ(Clipboard(),
+            "select CUSTOMER.C_ID\r\nfrom  CUSTOMER\r\nselectdo\r\n\ttotal\r\nendselect");
+  Pick("Select All", ShiftF10In(view));
+  Pick("Copy", ShiftF10In(view));
+  EXPECT_EQ(Clipboard(),
+            "  select CUSTOMER.C_ID\n  from  CUSTOMER\n+ selectdo\n+ \ttotal\n  endselect");
+}
+
+TEST_F(RulePaneTest, TheMenuFindsInTheText) {
+  OpenRules({{u"A", Wide(kCustomers), u""}});
+  QPlainTextEdit& view = View(window());
+  Pick("Find...", ShiftF10In(view));
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("endsel"));
+  EXPECT_EQ(Std(view.textCursor().selectedText()), "endsel");
+}
+
+TEST_F(RulePaneTest, TheMenuPrintsAndSavesTheText) {
+  OpenRules({{u"A", Wide(kCustomers), u""}});
+  QPlainTextEdit& view = View(window());
+  Pick("Save As Text...", RightClickIn(view), {File(In("a.txt"), "Save")});
+  EXPECT_EQ(Bytes(In("a.txt")), kCustomers);
+  Pick("Print...", RightClickIn(view), {[this] {
+         auto* file = Dialog().findChild<QLineEdit*>(QStringLiteral("filename"));
+         ASSERT_NE(file, nullptr) << Told();
+         file->setText(In("a.pdf"));
+         Choose("Print");
+       }});
+  EXPECT_EQ(Bytes(In("a.pdf")).substr(0, 4), "%PDF");
+}
+
+TEST_F(RulePaneTest, AVersionIsCopiedAndSearchedInItsWindow) {
+  OpenRules({{u"A", Wide(kCustomers), u""}});
+  Menu("Rule", "Versions...", {InVersions([this] {
+         QPlainTextEdit& view = View(Dialog());
+         QTest::keyClick(Dialog().windowHandle(), Qt::Key_F, Qt::ControlModifier);
+         QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("customer"));
+         EXPECT_EQ(view.textCursor().selectionStart(), 7);
+         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+         EXPECT_EQ(view.textCursor().blockNumber(), 1);
+         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+         EXPECT_TRUE(view.hasFocus());
+         QTest::keyClick(Dialog().windowHandle(), Qt::Key_F3);
+         EXPECT_EQ(view.textCursor().selectionStart(), 7);
+         Choose("Close");
+       })});
 }
 
 // --- Deleted rules

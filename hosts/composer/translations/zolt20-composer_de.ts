@@ -356,8 +356,12 @@
         <translation>Default</translation>
     </message>
     <message>
-        <source>Note: %1</source>
-        <translation>Notiz: %1</translation>
+        <source>The text holds half of a character and can&apos;t be written as UTF-8.</source>
+        <translation>Der Text enthält ein halbes Zeichen und kann nicht als UTF-8 geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
     </message>
 </context>
 <context>
@@ -1425,14 +1429,6 @@
         <translation>Notiz zur Regel</translation>
     </message>
     <message>
-        <source>Export</source>
-        <translation>Exportieren</translation>
-    </message>
-    <message>
-        <source>The text holds half of a character and can&apos;t be written as UTF-8.</source>
-        <translation>Der Text enthält ein halbes Zeichen und kann nicht als UTF-8 geschrieben werden.</translation>
-    </message>
-    <message>
         <source>Export Text</source>
         <translation>Text exportieren</translation>
     </message>
@@ -1782,6 +1778,37 @@
     <message>
         <source>Behind that step the journal is damaged. Lines that can&apos;t be read: %1.</source>
         <translation>Hinter diesem Schritt ist das Journal beschädigt. Unlesbare Zeilen: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>zolt20::composer::RulePane</name>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy &amp;All</source>
+        <translation>&amp;Alles kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Select All</source>
+        <translation>Alles &amp;markieren</translation>
+    </message>
+    <message>
+        <source>&amp;Find...</source>
+        <translation>&amp;Suchen...</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>D&amp;rucken...</translation>
+    </message>
+    <message>
+        <source>Save As &amp;Text...</source>
+        <translation>Als &amp;Text speichern...</translation>
+    </message>
+    <message>
+        <source>Save As Text</source>
+        <translation>Als Text speichern</translation>
     </message>
 </context>
 <context>
