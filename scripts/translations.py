@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Checks that the translations of the composer have all of its texts, and nothing else.
 
-Its texts stand in tr() and QCoreApplication::translate() in hosts/composer/, and the sentences of checks and explanations in
-language/words.def. Exit status 1 when a text is missing or not translated, when one is translated that stands nowhere any more, when
+Its texts stand in tr() and QCoreApplication::translate() in hosts/composer/, the sentences of checks and explanations in
+language/words.def, what hosts share tell people in Message() in hosts/kit/, and the words of known functions in
+hosts/kit/functions.cpp. Exit status 1 when a text is missing or not translated, when one is translated that stands nowhere any more, when
 a translation lacks what is filled in, or when a text goes past tr().
   translations.py           checks
   translations.py --update  takes new texts into the translations, unfinished, and texts that are gone out of them
@@ -18,9 +19,13 @@ import xml.etree.ElementTree
 
 SOURCES = pathlib.Path('hosts/composer')
 SENTENCES = pathlib.Path('language/words.def')
+KIT = pathlib.Path('hosts/kit')
+FUNCTIONS = KIT / 'functions.cpp'
+# Of zolt20-host alone, which speaks English.
+ENGLISH_KIT = {'rules_place.cpp', 'rules_changes.cpp', 'request.cpp', 'functions.cpp'}
 LITERAL = r'"(?:[^"\\\n]|\\.)*"'
 # Texts that nobody reads: what databases are asked, names of connections and files.
-FOR_MACHINES = re.compile(r'(?i)(?:select|set|zolt20) |new rule$|SQLite $')
+FOR_MACHINES = re.compile(r'(?i)(?:select|set|zolt20) |new rule$|SQLite (?:format|$)|out of memory$')
 MACHINE_FILES = {'server_questions.cpp'}
 
 
@@ -29,11 +34,32 @@ def lupdate():
     return shutil.which('lupdate', path=os.pathsep.join(folders)) or sys.exit('lupdate is missing: it is in qt6-l10n-tools')
 
 
+def joined(literals):
+    return '"%s"' % ''.join(each[1:-1] for each in re.findall(LITERAL, literals))
+
+
+def kit_patterns():
+    """The patterns of the messages in hosts/kit."""
+    for path in sorted(KIT.glob('*.cpp')):
+        yield from map(joined, re.findall(r'\bMessage(?: \w+)?\(\s*(%s(?:\s*%s)*)' % (LITERAL, LITERAL), path.read_text('utf-8')))
+
+
+def function_words():
+    """Kinds, arguments and descriptions of the functions that hosts know."""
+    source = FUNCTIONS.read_text('utf-8')
+    words = re.findall(r'^constexpr StringView k\w+ = u(%s);' % LITERAL, source, re.M)
+    for arguments, text in re.findall(r'\{k\w+, u%s, u(%s),\s*u(%s)\}' % (LITERAL, LITERAL, LITERAL), source):
+        words += ['"%s"' % argument for argument in arguments[1:-1].split()] + [text]
+    return words
+
+
 def take_texts(translation, folder):
     """Brings a file of translations up to what stands in the sources; returns what the tool complains of."""
     sentences = re.findall(r'^ZOLT20_(?:WORD|MISTAKE)\(.*?\bu(%s)\)$' % LITERAL, SENTENCES.read_text('utf-8'), re.M)
     marked = folder / 'sentences.cpp'
-    marked.write_text(''.join('QT_TRANSLATE_NOOP("language", %s);\n' % text for text in sentences), 'utf-8')
+    texts = [('language', text) for text in sentences] + [('kit', text) for text in kit_patterns()]
+    texts += [('functions', text) for text in function_words()]
+    marked.write_text(''.join('QT_TRANSLATE_NOOP("%s", %s);\n' % each for each in dict.fromkeys(texts)), 'utf-8')
     sources = sorted(SOURCES.glob('*.cpp')) + sorted(SOURCES.glob('*.h'))
     done = subprocess.run([lupdate(), '-silent', '-locations', 'none', '-no-obsolete', '-source-language', 'en', marked, *sources,
                            '-I', '.', '-ts', translation], capture_output=True, text=True, check=True)
@@ -77,14 +103,14 @@ def texts_past_tr(path):
         before = source[:found.start()].rstrip()
         text = ''.join(each[1:-1] for each in re.findall(LITERAL, found.group()))
         # Some errors stay within the program.
-        is_marked = re.search(r'(?:\btr\(|\btranslate\(\s*"\w+",|NOOP\("\w+",|\b(?:BadRequest|invalid_argument)\()$', before)
+        is_marked = re.search(r'(?:\btr\(|\bMessage(?: \w+)?\(|\btranslate\(\s*"\w+",|NOOP\("\w+",|\b(?:BadRequest|invalid_argument)\()$', before)
         if not is_marked and re.search(r"[A-Za-z']{2,} (?:[a-z]{2,}|$)", text) and not FOR_MACHINES.match(text):
             yield text
 
 
 def complaints():
-    for path in sorted(SOURCES.glob('*.cpp')):
-        if path.name not in MACHINE_FILES:
+    for path in sorted(SOURCES.glob('*.cpp')) + sorted(KIT.glob('*.cpp')):
+        if path.name not in MACHINE_FILES | ENGLISH_KIT:
             yield from ('%s: goes past tr(): "%s"' % (path, text) for text in texts_past_tr(path))
     translations = sorted(SOURCES.glob('translations/*.ts'))
     if not translations:

@@ -10,6 +10,7 @@
 
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/rules_file.h"
+#include "hosts/composer/translations.h"
 #include "hosts/kit/database.h"
 
 namespace zolt20::composer {
@@ -54,8 +55,8 @@ OpenedCatalogue ReadCatalogueAt(const QString& path) {
   }
   catalogue::DatabaseCatalogue read = catalogue::ReadDatabase(Native(path));
   opened.catalogue = std::move(read.catalogue);
-  for (const std::string& line : read.leftOut)
-    opened.leftOut.append(QString::fromStdString(line));
+  for (const hosts::Message& line : read.leftOut)
+    opened.leftOut.append(Translated(line));
   opened.place.database = QStringLiteral("SQLite ") + QFileInfo(path).canonicalFilePath();
   TakeKeptFunctions(opened);
   return opened;
@@ -71,7 +72,7 @@ void TakeKeptFunctions(OpenedCatalogue& opened) {
   } catch (const CatalogueError& error) {
     opened.leftOut.append(
         QCoreApplication::translate("composer", "the functions kept in %1 are left out: %2")
-            .arg(file, error.what()));
+            .arg(file, Translated(error)));
   }
 }
 

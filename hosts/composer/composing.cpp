@@ -70,7 +70,7 @@ void MainWindow::FillPages(const QString& text) {
     }
   } catch (const RuntimeError& error) {
     rule_.clear();  // half of it must not be stored over it
-    Complain(tr("Open"), error.what());
+    Complain(tr("Open"), error);
   }
 }
 
@@ -114,7 +114,7 @@ void MainWindow::TakeIntoPages(const QString& text) {
       ShowNote(problems + u'\n' + note_->text());
   } catch (const RuntimeError& error) {
     rule_.clear();
-    Complain(tr("Open"), error.what());
+    Complain(tr("Open"), error);
   }
   map_->Settle(whole);
   if (const Rule* rule = OpenedRule()) TakeNotes(*rule);

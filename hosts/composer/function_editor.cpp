@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "faces/qt/qt_text.h"
+#include "hosts/composer/translations.h"
 #include "hosts/kit/functions.h"
 
 namespace zolt20::composer {
@@ -23,9 +24,20 @@ using qt::ToQt;
 
 enum Column { kName, kArguments, kKind, kText, kColumns };
 
+// What stands in the file, of a cell whose words the person reads in another language.
+enum { kEnglish = Qt::UserRole, kShown };
+
 QString CellText(const QTableWidget& table, int row, int column) {
   const QTableWidgetItem* item = table.item(row, column);
   return item == nullptr ? QString() : item->text().trimmed();
+}
+
+// As the function had it, when nobody has changed it.
+QString KeptText(const QTableWidget& table, int row, int column) {
+  const QTableWidgetItem* item = table.item(row, column);
+  const bool isKept = item != nullptr && item->data(kEnglish).isValid() &&
+                      item->text() == item->data(kShown).toString();
+  return isKept ? item->data(kEnglish).toString() : CellText(table, row, column);
 }
 
 QString ArgumentsText(const Function& function) {
@@ -38,9 +50,9 @@ QString ArgumentsText(const Function& function) {
 Function FunctionOf(const QTableWidget& table, int row) {
   Function function{FromQt(CellText(table, row, kName)),
                     {},
-                    FromQt(CellText(table, row, kKind)),
-                    FromQt(CellText(table, row, kText))};
-  for (const QString& argument : CellText(table, row, kArguments).split(u',', Qt::SkipEmptyParts)) {
+                    FromQt(KeptText(table, row, kKind)),
+                    FromQt(KeptText(table, row, kText))};
+  for (const QString& argument : KeptText(table, row, kArguments).split(u',', Qt::SkipEmptyParts)) {
     if (!argument.trimmed().isEmpty()) function.arguments.push_back(FromQt(argument.trimmed()));
   }
   return function;
@@ -129,10 +141,17 @@ QLayout* FunctionEditor::MakeButtons() {
 void FunctionEditor::AddRow(const Function& function) {
   const int row = table_->rowCount();
   table_->insertRow(row);
+  const Function words = Translated(function);
+  const auto put = [&](Column column, const QString& text, const QString& shown) {
+    auto* item = new QTableWidgetItem(shown);
+    item->setData(kEnglish, text);
+    item->setData(kShown, shown);
+    table_->setItem(row, column, item);
+  };
   table_->setItem(row, kName, new QTableWidgetItem(ToQt(function.name)));
-  table_->setItem(row, kArguments, new QTableWidgetItem(ArgumentsText(function)));
-  table_->setItem(row, kKind, new QTableWidgetItem(ToQt(function.kind)));
-  table_->setItem(row, kText, new QTableWidgetItem(ToQt(function.text)));
+  put(kArguments, ArgumentsText(function), ArgumentsText(words));
+  put(kKind, ToQt(function.kind), ToQt(words.kind));
+  put(kText, ToQt(function.text), ToQt(words.text));
 }
 
 // Those that are not there yet, behind the others.

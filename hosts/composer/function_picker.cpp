@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "faces/qt/qt_text.h"
+#include "hosts/composer/translations.h"
 
 namespace zolt20::composer {
 namespace {
@@ -38,11 +39,12 @@ QWidget* Scrolled(QLayout* content) {
 
 FunctionPicker::FunctionPicker(const std::vector<catalogue::Function>& functions, QWidget* parent)
     : QDialog(parent),
-      functions_(functions),
       list_(new QListWidget),
       about_(new QLabel),
       form_(new QFormLayout),
       call_(new QLineEdit) {
+  for (const catalogue::Function& function : functions)
+    functions_.push_back(Translated(function));
   setWindowTitle(tr("Function"));
   auto* filter = new QLineEdit;
   MakeList(*filter);

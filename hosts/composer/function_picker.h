@@ -31,7 +31,7 @@ class FunctionPicker final : public QDialog {
   void ShowCall();
   QString CallOfPicked() const;
 
-  const std::vector<catalogue::Function>& functions_;
+  std::vector<catalogue::Function> functions_;  // as the person reads them
   QListWidget* list_;
   QLabel* about_;
   QFormLayout* form_;

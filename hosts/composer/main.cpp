@@ -72,7 +72,7 @@ int ExportAll(const QString& rules, const QString& folder) {
   try {
     zolt20::composer::ExportTexts(zolt20::composer::RulesFile::Open(rules).rules(), folder);
   } catch (const zolt20::composer::RulesError& error) {
-    return Complain(QString::fromUtf8(error.what()));
+    return Complain(zolt20::composer::Translated(error));
   }
   return 0;
 }
@@ -83,7 +83,7 @@ int CheckAll(const QString& rules, const QString& catalogue) {
     QTextStream(stdout) << QString::fromStdString(check.lines);
     return check.hasErrors ? 1 : 0;
   } catch (const std::exception& error) {
-    return Complain(QString::fromUtf8(error.what()), kUnreadable);
+    return Complain(zolt20::composer::Translated(error), kUnreadable);
   }
 }
 

@@ -22,6 +22,7 @@
 #include "hosts/composer/rules_list.h"
 #include "hosts/composer/settings.h"
 #include "hosts/composer/status_line.h"
+#include "hosts/composer/translations.h"
 
 namespace zolt20::composer {
 namespace {
@@ -112,7 +113,7 @@ bool MainWindow::OpenRules(const QString& path) {
       rules_.emplace(RulesFile::Open(path));
     }
   } catch (const RulesError& error) {
-    Complain(tr("Open Rules"), error.what());
+    Complain(tr("Open Rules"), error);
     return false;
   }
   journal_->Forget();
@@ -133,7 +134,7 @@ void MainWindow::NewRules() {
   try {
     rules_.emplace(RulesFile::Create(path));
   } catch (const RulesError& error) {
-    return Complain(tr("New Rules File"), error.what());
+    return Complain(tr("New Rules File"), error);
   }
   journal_->Forget();
   rule_.clear();
@@ -154,7 +155,7 @@ bool MainWindow::Save() {
     try {
       rules_->Save();
     } catch (const ChangedOnDisk& error) {
-      QMessageBox message(QMessageBox::Warning, tr("Save"), QString::fromUtf8(error.what()),
+      QMessageBox message(QMessageBox::Warning, tr("Save"), Translated(error),
                           QMessageBox::Save | QMessageBox::Cancel, this);
       message.button(QMessageBox::Save)->setText(tr("Save Over It"));
       message.setDefaultButton(QMessageBox::Cancel);
@@ -164,7 +165,7 @@ bool MainWindow::Save() {
     }
   } catch (const RulesError& error) {
     ShowTitle();
-    Complain(tr("Save"), error.what());
+    Complain(tr("Save"), error);
     return false;
   }
   journal_->TakeSaved(!map_->IsChanged());
@@ -189,7 +190,7 @@ bool MainWindow::SaveAs() {
       if (isNew) rules_->Save();
     }
   } catch (const RulesError& error) {
-    Complain(tr("Save Rules As"), error.what());
+    Complain(tr("Save Rules As"), error);
     return false;
   }
   journal_->TakeSaved(!map_->IsChanged());
@@ -262,7 +263,7 @@ void MainWindow::RenameRule() {
   try {
     rules_->Rename(View(rule_), View(name));
   } catch (const RulesError& error) {
-    return Complain(tr("Rename"), error.what());
+    return Complain(tr("Rename"), error);
   }
   rule_ = name;
   ShowList();
@@ -293,7 +294,7 @@ void MainWindow::MoveRule(const QString& name, int place) {
   try {
     rules_->Move(View(name), static_cast<std::size_t>(place));
   } catch (const RulesError& error) {
-    Complain(tr("Move"), error.what());
+    Complain(tr("Move"), error);
   }
   ShowList();
   Save();
@@ -307,6 +308,10 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::Complain(const QString& title, const std::string& text) {
   QMessageBox::warning(this, title, QString::fromStdString(text));
+}
+
+void MainWindow::Complain(const QString& title, const std::exception& error) {
+  QMessageBox::warning(this, title, Translated(error));
 }
 
 }  // namespace zolt20::composer

@@ -191,6 +191,7 @@ class MainWindow final : public QMainWindow {
   void ExportText();
   void SaveRecord();
   void Complain(const QString& title, const std::string& text);
+  void Complain(const QString& title, const std::exception& error);
 
   void ExportRules();
   void ImportRules();

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "faces/qt/qt_text.h"
+#include "hosts/composer/translations.h"
 
 namespace zolt20::composer {
 namespace {
@@ -202,8 +203,8 @@ void ServerDialog::ReadTables() {
 void ServerDialog::TakeCatalogue(const catalogue::DatabaseCatalogue& read) {
   opened_ = {read.catalogue, {{}, FullNameOf(Address())}, {}};
   opened_.catalogue.name = qt::FromQt(NameOf(Address()));
-  for (const std::string& line : read.leftOut)
-    opened_.leftOut.append(QString::fromStdString(line));
+  for (const hosts::Message& line : read.leftOut)
+    opened_.leftOut.append(Translated(line));
   TakeKeptFunctions(opened_);
   accept();
 }

@@ -204,7 +204,7 @@ bool MainWindow::Store() {
     text = map_->ReadResult();
     PutRule({FromQt(name), FromQt(text), FromQt(map_->prpstrSelectedFields())});
   } catch (const RuntimeError& error) {
-    Complain(tr("Store"), error.what());
+    Complain(tr("Store"), error);
     return false;
   }
   rule_ = name;

@@ -9,6 +9,7 @@
 #include <QTextDocument>
 
 #include "hosts/composer/rules_file.h"
+#include "hosts/composer/translations.h"
 
 namespace zolt20::composer {
 
@@ -50,7 +51,7 @@ void SaveBytes(QWidget& window, const QString& path, const QByteArray& content) 
     WriteWholeFile(path, content);
   } catch (const RulesError& error) {
     QMessageBox::warning(&window, QCoreApplication::translate("composer", "Save"),
-                         QString::fromUtf8(error.what()));
+                         Translated(error));
   }
 }
 

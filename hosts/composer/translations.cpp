@@ -5,7 +5,10 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include <algorithm>
+
 #include "faces/qt/qt_text.h"
+#include "hosts/kit/functions.h"
 
 namespace zolt20::composer {
 namespace {
@@ -25,6 +28,22 @@ void Install(const QLocale& locale, const QString& name, const QString& folder) 
   }
 }
 
+bool IsKnown(const catalogue::Function& function) {
+  static const auto known = [] {
+    std::vector<catalogue::Function> functions = catalogue::SqliteFunctions();
+    for (catalogue::Function& each : catalogue::StandardFunctions())
+      functions.push_back(std::move(each));
+    return functions;
+  }();
+  return std::find(known.begin(), known.end(), function) != known.end();
+}
+
+void TranslateWord(String& word) {
+  const QByteArray english = qt::ToQt(word).toUtf8();
+  if (!word.empty())
+    word = qt::FromQt(QCoreApplication::translate("functions", english.constData()));
+}
+
 }  // namespace
 
 void UseLanguage(const QString& language) {
@@ -40,6 +59,27 @@ language::Words Sentences() {
     const QByteArray english = qt::ToQt(words[word]).toUtf8();
     words.Set(word, qt::FromQt(QCoreApplication::translate("language", english.constData())));
   }
+  return words;
+}
+
+QString Translated(const hosts::Message& message) {
+  return QString::fromStdString(message.In([](const char* pattern) {
+    return QCoreApplication::translate("kit", pattern).toStdString();
+  }));
+}
+
+QString Translated(const std::exception& error) {
+  const auto* told = dynamic_cast<const hosts::MessageError*>(&error);
+  return told == nullptr ? QString::fromUtf8(error.what()) : Translated(told->Told());
+}
+
+catalogue::Function Translated(const catalogue::Function& function) {
+  if (!IsKnown(function)) return function;
+  catalogue::Function words = function;
+  TranslateWord(words.kind);
+  TranslateWord(words.text);
+  for (String& argument : words.arguments)
+    TranslateWord(argument);
   return words;
 }
 

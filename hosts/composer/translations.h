@@ -3,7 +3,10 @@
 #pragma once
 
 #include <QString>
+#include <exception>
 
+#include "hosts/kit/catalogue.h"
+#include "hosts/kit/message.h"
 #include "language/words.h"
 
 namespace zolt20::composer {
@@ -15,5 +18,14 @@ void UseLanguage(const QString& language);
 
 /// The sentences of checks and explanations in that language.
 language::Words Sentences();
+
+// What hosts/kit tells, which knows no language but English, in that of the composer.
+
+QString Translated(const hosts::Message& message);
+/// The message of an error, which is the composer's own or one of the kit.
+QString Translated(const std::exception& error);
+/// A function with kind, text and arguments in that language, when it is one that the kit knows. A
+/// function that somebody wrote stays as it is.
+catalogue::Function Translated(const catalogue::Function& function);
 
 }  // namespace zolt20::composer

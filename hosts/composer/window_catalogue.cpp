@@ -7,6 +7,7 @@
 #include "hosts/composer/function_editor.h"
 #include "hosts/composer/main_window.h"
 #include "hosts/composer/server_dialog.h"
+#include "hosts/composer/translations.h"
 
 namespace zolt20::composer {
 
@@ -17,7 +18,7 @@ bool MainWindow::OpenCatalogue(const QString& path) {
     TakeCatalogue(ReadCatalogueAt(path), path);
     AddRecent(QStringLiteral("recent/catalogues"), path);
   } catch (const catalogue::CatalogueError& error) {
-    Complain(tr("Open Catalogue"), path.toStdString() + ": " + error.what());
+    Complain(tr("Open Catalogue"), (path + QStringLiteral(": ") + Translated(error)).toStdString());
     return false;
   }
   return true;
@@ -61,7 +62,7 @@ void MainWindow::SaveCatalogueAs() {
   try {
     WriteWholeFile(path, QByteArray::fromStdString(catalogue::WriteCatalogue(catalogue_)));
   } catch (const RulesError& error) {
-    return Complain(title, error.what());
+    return Complain(title, error);
   }
   cataloguePlace_ = {QFileInfo(path).absoluteFilePath(), {}};
   statusBar()->showMessage(tr("Saved %1").arg(path), 5000);
@@ -78,7 +79,7 @@ void MainWindow::EditFunctions() {
       catalogue_.functions = editor.Functions();
       return;
     } catch (const std::runtime_error& error) {
-      Complain(title, error.what());  // and the editor comes back
+      Complain(title, error);  // and the editor comes back
     }
   }
 }

@@ -49,7 +49,7 @@ void MainWindow::ExportRules() {
   try {
     ExportTexts(rules_->rules(), folder);
   } catch (const RulesError& error) {
-    return Complain(tr("Export All Rules"), error.what());
+    return Complain(tr("Export All Rules"), error);
   }
   statusBar()->showMessage(tr("Rules written: %1").arg(rules_->rules().size()), 5000);
 }
@@ -79,7 +79,7 @@ void MainWindow::ImportRules() {
     }
     statusBar()->showMessage(tr("Rules read: %1").arg(rules.size()), 5000);
   } catch (const RulesError& error) {
-    return Complain(tr("Import Rules"), error.what());
+    return Complain(tr("Import Rules"), error);
   }
   Save();
   OpenRule(rule_);

@@ -18,65 +18,81 @@ namespace {
 
 using Json = nlohmann::json;
 using hosts::FromJsonText;
+using hosts::Message;
 
 constexpr std::size_t kCodeLength = 8;
 
-[[noreturn]] void Complain(const std::string& where, const std::string& complaint) {
-  throw CatalogueError(where + " " + complaint);
+Message TheCatalogue() {
+  return Message("the catalogue");
 }
 
-const Json& Needed(const Json& object, const char* key, const std::string& where) {
-  if (!object.is_object()) Complain(where, "is no object");
+Message TableNamed(const std::string& code) {
+  return Message("table %1", code);
+}
+
+Message FieldNamed(const std::string& code, const std::string& name) {
+  return Message("field %1.%2", code, name);
+}
+
+[[noreturn]] void Complain(const Message& where, const Message& complaint) {
+  throw CatalogueError(Message("%1 %2", where, complaint));
+}
+
+const Json& Needed(const Json& object, const char* key, const Message& where) {
+  if (!object.is_object()) Complain(where, Message("is no object"));
   const auto found = object.find(key);
-  if (found == object.end()) Complain(where, std::string("has no \"") + key + "\"");
+  if (found == object.end()) Complain(where, Message("has no \"%1\"", std::string(key)));
   return *found;
 }
 
-const std::string& NeededText(const Json& object, const char* key, const std::string& where) {
+const std::string& NeededText(const Json& object, const char* key, const Message& where) {
   const Json& value = Needed(object, key, where);
-  if (!value.is_string()) Complain(where, std::string("has a \"") + key + "\" that is no string");
+  if (!value.is_string())
+    Complain(where, Message("has a \"%1\" that is no string", std::string(key)));
   return value.get_ref<const std::string&>();
 }
 
-const Json& NeededArray(const Json& object, const char* key, const std::string& where) {
+const Json& NeededArray(const Json& object, const char* key, const Message& where) {
   const Json& value = Needed(object, key, where);
-  if (!value.is_array()) Complain(where, std::string("has \"") + key + "\" that are no array");
+  if (!value.is_array()) Complain(where, Message("has \"%1\" that are no array", std::string(key)));
   return value;
 }
 
-// A required name, which must not be empty.
-const std::string& NeededName(const Json& object, const char* key, const std::string& where) {
+// A name that must say something.
+const std::string& NeededName(const Json& object, const char* key, const Message& where) {
   const std::string& name = NeededText(object, key, where);
-  if (name.empty()) Complain(where, std::string("has an empty \"") + key + "\"");
+  if (name.empty()) Complain(where, Message("has an empty \"%1\"", std::string(key)));
   return name;
 }
 
-void CheckListed(StringView text, const char* key, const std::string& where) {
-  const std::string reason = WhyNotListed(text);
-  if (!reason.empty()) Complain(where, std::string("has a \"") + key + "\" that " + reason);
+void CheckListed(StringView text, const char* key, const Message& where) {
+  const Message reason = WhyNotListed(text);
+  if (!reason.IsEmpty()) Complain(where, Message("has a \"%1\" that %2", std::string(key), reason));
 }
 
-Integer ReadIndexCount(const Json& table, const std::string& where) {
+Integer ReadIndexCount(const Json& table, const Message& where) {
   const Json& value = Needed(table, "indexes", where);
-  if (!value.is_number_integer()) Complain(where, "has \"indexes\" that are no whole number");
+  if (!value.is_number_integer())
+    Complain(where, Message("has \"indexes\" that are no whole number"));
   const bool fits = value.is_number_unsigned() &&
                     value.get<std::uint64_t>() <= static_cast<std::uint64_t>(Integer::kGreatest);
   if (!fits) {
-    Complain(where, "has " + value.dump() + " indexes, and 0 to " +
-                        std::to_string(Integer::kGreatest) + " are possible");
+    Complain(where, Message("has %1 indexes, and 0 to %2 are possible", value.dump(),
+                            std::to_string(Integer::kGreatest)));
   }
   return value.get<std::int64_t>();
 }
 
-Field ReadField(const Json& json, const std::string& where, const std::string& code) {
+Field ReadField(const Json& json, const Message& where, const std::string& code) {
   const std::string& name = NeededName(json, "name", where);
-  const std::string field = "field " + code + "." + name;
+  const Message field = FieldNamed(code, name);
   Field result;
   result.name = FromJsonText(name);
   result.type = FromJsonText(NeededName(json, "type", field));
   result.text = FromJsonText(NeededText(json, "text", field));
   const Json& flagged = Needed(json, "flagged", field);
-  if (!flagged.is_boolean()) Complain(field, "has a \"flagged\" that is neither true nor false");
+  if (!flagged.is_boolean())
+    Complain(field, Message("has a \"flagged\" that is neither true nor false"));
   result.flagged = flagged.get<bool>();
   CheckListed(result.name, "name", field);
   CheckListed(result.type, "type", field);
@@ -84,42 +100,41 @@ Field ReadField(const Json& json, const std::string& where, const std::string& c
   return result;
 }
 
-Table ReadTable(const Json& json, const std::string& where) {
+Table ReadTable(const Json& json, const Message& where) {
   const std::string& code = NeededName(json, "code", where);
-  const std::string table = "table " + code;
+  const Message table = TableNamed(code);
   Table result;
   result.code = FromJsonText(code);
   if (result.code.size() != kCodeLength) {
-    Complain(table, "has a \"code\" of " + std::to_string(result.code.size()) +
-                        " characters, and it must have " + std::to_string(kCodeLength));
+    Complain(table, Message("has a \"code\" of %1 characters, and it must have %2",
+                            result.code.size(), kCodeLength));
   }
   CheckListed(result.code, "code", table);
   result.name = FromJsonText(NeededName(json, "name", table));
   result.indexes = ReadIndexCount(json, table);
   std::set<String> names;
-  int number = 0;
+  std::size_t number = 0;
   for (const Json& field : NeededArray(json, "fields", table)) {
     result.fields.push_back(
-        ReadField(field, table + ", field number " + std::to_string(++number) + ",", code));
-    if (!names.insert(result.fields.back().name).second) {
-      Complain("field " + code + "." + field.at("name").get<std::string>(), "stands twice");
-    }
+        ReadField(field, Message("table %1, field number %2,", code, ++number), code));
+    if (!names.insert(result.fields.back().name).second)
+      Complain(FieldNamed(code, field.at("name").get<std::string>()), Message("stands twice"));
   }
   return result;
 }
 
-// An optional text, "" when the key is missing.
-String OptionalText(const Json& object, const char* key, const std::string& where) {
+// A text that need not be there.
+String OptionalText(const Json& object, const char* key, const Message& where) {
   return object.contains(key) ? FromJsonText(NeededText(object, key, where)) : String();
 }
 
-Function ReadFunction(const Json& json, const std::string& where) {
+Function ReadFunction(const Json& json, const Message& where) {
   const std::string& name = NeededName(json, "name", where);
-  const std::string function = "function " + name;
+  const Message function("function %1", name);
   Function result;
   result.name = FromJsonText(name);
   for (const Json& argument : NeededArray(json, "arguments", function)) {
-    if (!argument.is_string()) Complain(function, "has an argument that is no string");
+    if (!argument.is_string()) Complain(function, Message("has an argument that is no string"));
     result.arguments.push_back(FromJsonText(argument.get_ref<const std::string&>()));
   }
   result.kind = OptionalText(json, "kind", function);
@@ -128,24 +143,23 @@ Function ReadFunction(const Json& json, const std::string& where) {
 }
 
 Catalogue ReadJson(const Json& json) {
-  const std::string where = "the catalogue";
+  const Message where = TheCatalogue();
   Catalogue result;
   result.name = FromJsonText(NeededText(json, "name", where));
   std::set<String> codes;
-  int number = 0;
+  std::size_t number = 0;
   for (const Json& table : NeededArray(json, "tables", where)) {
-    result.tables.push_back(ReadTable(table, "table number " + std::to_string(++number)));
-    if (!codes.insert(result.tables.back().code).second) {
-      Complain("table " + table.at("code").get<std::string>(), "stands twice");
-    }
+    result.tables.push_back(ReadTable(table, Message("table number %1", ++number)));
+    if (!codes.insert(result.tables.back().code).second)
+      Complain(TableNamed(table.at("code").get<std::string>()), Message("stands twice"));
   }
   std::set<String> names;
   number = 0;
   for (const Json& function : NeededArray(json, "functions", where)) {
-    result.functions.push_back(
-        ReadFunction(function, "function number " + std::to_string(++number)));
+    result.functions.push_back(ReadFunction(function, Message("function number %1", ++number)));
     if (!names.insert(result.functions.back().name).second) {
-      Complain("function " + function.at("name").get<std::string>(), "stands twice");
+      Complain(Message("function %1", function.at("name").get<std::string>()),
+               Message("stands twice"));
     }
   }
   return result;
@@ -164,9 +178,9 @@ Catalogue ReadCatalogue(std::istream& input) {
     const std::string text{std::istreambuf_iterator<char>(input), {}};
     json = Json::parse(hosts::PutStandIns(text));
   } catch (const Json::exception& error) {
-    Complain("the catalogue", std::string("is no JSON: ") + error.what());
+    Complain(TheCatalogue(), Message("is no JSON: %1", std::string(error.what())));
   } catch (const std::ios_base::failure& error) {
-    Complain("the catalogue", std::string("can't be read: ") + error.what());
+    Complain(TheCatalogue(), Message("can't be read: %1", std::string(error.what())));
   }
   return ReadJson(json);
 }
@@ -176,20 +190,19 @@ Catalogue ReadCatalogue(const std::filesystem::path& file) {
   if (!input) {
     std::error_code failure;
     const bool isThere = std::filesystem::exists(file, failure);
-    Complain("the catalogue", std::string("can't be read: ") +
-                                  (isThere ? "there is no right to read " : "there is no ") +
-                                  file.string());
+    const std::string name = file.string();
+    Complain(TheCatalogue(), isThere ? Message("can't be read: there is no right to read %1", name)
+                                     : Message("can't be read: there is no %1", name));
   }
   return ReadCatalogue(input);
 }
 
-// An entry of the lists must not hold a separator, nor end with the beginning of one, which would
-// form a separator with the first character of the separator behind it.
-std::string WhyNotListed(StringView text) {
-  if (Holds(text, u",")) return "holds a comma";
-  if (Holds(Concat(text, kSeparator.substr(0, 1)), kSeparator)) {
-    return "holds the separator *Q*V*R*N* or runs into it";
-  }
+// A text that goes into one of the lists must not hold what separates the entries there, nor end
+// so that it makes a separator together with the first character of the one that follows.
+Message WhyNotListed(StringView text) {
+  if (Holds(text, u",")) return Message("holds a comma");
+  if (Holds(Concat(text, kSeparator.substr(0, 1)), kSeparator))
+    return Message("holds the separator *Q*V*R*N* or runs into it");
   return {};
 }
 

@@ -8,19 +8,19 @@
 
 #include <filesystem>
 #include <iosfwd>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "hosts/kit/message.h"
 #include "surface/integer.h"
 #include "surface/string.h"
 
 namespace zolt20::catalogue {
 
-/// A catalogue is invalid or can't be read; the message, in UTF-8, names the table or field.
-class CatalogueError : public std::runtime_error {
+/// Something is wrong with a catalogue; the message names the table or field.
+class CatalogueError : public hosts::MessageError {
  public:
-  using std::runtime_error::runtime_error;
+  using MessageError::MessageError;
 };
 
 struct Field {
@@ -43,6 +43,8 @@ struct Function {
   std::vector<String> arguments;
   String kind;  ///< for people, such as "aggregate"; "" for none
   String text;  ///< what the function gives, for people; "" for none
+
+  bool operator==(const Function&) const = default;
 };
 
 struct Catalogue {
@@ -64,9 +66,9 @@ std::string WriteCatalogue(const Catalogue& catalogue);
 /// one.
 std::string WithFunctions(const std::string& json, const std::vector<Function>& functions);
 
-/// Why a text can't be an entry of the two lists below: "holds a comma", or that it holds the
-/// separator of records or forms one with the text behind it; "" when it can.
-std::string WhyNotListed(StringView text);
+/// Why a text can't go into one of the two lists below: "holds a comma", or that it holds the
+/// separator of a record or makes one with what follows; empty when it can.
+hosts::Message WhyNotListed(StringView text);
 
 /// The value for PrpStrTables: each table's code with its index count, in the catalogue's order.
 String TableList(const Catalogue& catalogue);

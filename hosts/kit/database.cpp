@@ -24,8 +24,10 @@ namespace fs = std::filesystem;
 
 constexpr int kBusyTimeoutMilliseconds = 1000;
 
-[[noreturn]] void Complain(const std::string& complaint) {
-  throw CatalogueError("the database " + complaint);
+using hosts::Message;
+
+[[noreturn]] void Complain(const Message& complaint) {
+  throw CatalogueError(Message("the database %1", complaint));
 }
 
 // A text without lone surrogates in UTF-8.
@@ -47,18 +49,19 @@ constexpr char kReadVersionOfLog = 2;
 void CheckFile(const fs::path& file) {
   std::error_code error;
   const fs::file_status status = fs::status(file, error);
-  const std::string cannot = "can't be read: ";
-  if (status.type() == fs::file_type::not_found) Complain(cannot + "there is no " + PathText(file));
-  if (error) Complain(cannot + PathText(file) + ": " + error.message());
-  if (fs::is_directory(status)) Complain(cannot + PathText(file) + " is a folder");
-  if (!fs::is_regular_file(status)) Complain(cannot + PathText(file) + " is no file");
+  const std::string name = PathText(file);
+  if (status.type() == fs::file_type::not_found)
+    Complain(Message("can't be read: there is no %1", name));
+  if (error) Complain(Message("can't be read: %1: %2", name, error.message()));
+  if (fs::is_directory(status)) Complain(Message("can't be read: %1 is a folder", name));
+  if (!fs::is_regular_file(status)) Complain(Message("can't be read: %1 is no file", name));
 }
 
 // A journal or log of an interrupted program needs a recovery, for which a program has to write.
 [[noreturn]] void ComplainOfWaitingChanges() {
   Complain(
-      "can't be read: changes in it wait to be finished; open it once with the program that it "
-      "belongs to");
+      Message("can't be read: changes in it wait to be finished; open it once with the program "
+              "that it belongs to"));
 }
 
 bool HasBytes(const fs::path& file) {
@@ -131,14 +134,14 @@ class Failure : public std::runtime_error {
   switch (failure.Code()) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      Complain("can't be read: another program has locked it");
+      Complain(Message("can't be read: another program has locked it"));
     case SQLITE_READONLY:
       ComplainOfWaitingChanges();
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-      Complain(std::string("is damaged or encrypted: ") + failure.what());
+      Complain(Message("is damaged or encrypted: %1", std::string(failure.what())));
     default:
-      Complain(std::string("can't be read: ") + failure.what());
+      Complain(Message("can't be read: %1", std::string(failure.what())));
   }
 }
 
@@ -170,11 +173,12 @@ Connection Open(const fs::path& file) {
   // SQLite keeps journal and log beside the real file, not beside a link to it.
   std::error_code error;
   const fs::path real = fs::canonical(file, error);
-  if (error) Complain("can't be read: " + PathText(file) + ": " + error.message());
+  if (error) Complain(Message("can't be read: %1: %2", PathText(file), error.message()));
   Connection connection = Connect(real, {});
   const std::string beginning = Beginning(connection);
   if (beginning.empty()) {
-    Complain("can't be read: " + PathText(file) + " is no SQLite database, or an encrypted one");
+    Complain(
+        Message("can't be read: %1 is no SQLite database, or an encrypted one", PathText(file)));
   }
   const std::string options = OpeningOptions(real, beginning);
   return options.empty() ? std::move(connection) : Connect(real, options);
@@ -263,7 +267,7 @@ class TableReader {
       any = true;
       ReadTable();
     }
-    if (!any) Complain("has no tables");
+    if (!any) Complain(Message("has no tables"));
   }
 
  private:

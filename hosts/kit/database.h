@@ -22,9 +22,9 @@ struct DatabaseCatalogue {
   /// dates are flagged. A field's text is the declared type, with "." for each comma. The functions
   /// are SqliteFunctions.
   Catalogue catalogue;
-  /// A line in UTF-8 for each table, column or text that was left out or changed, with the reason,
-  /// in the database's order.
-  std::vector<std::string> leftOut;
+  /// A line in UTF-8 for each thing that was left out or changed, with the reason, in the
+  /// database's order.
+  std::vector<hosts::Message> leftOut;
 };
 
 /// Whether the file begins with SQLite's magic bytes; false for a file that can't be read.

@@ -8,43 +8,44 @@
 namespace zolt20::catalogue {
 namespace {
 
+using hosts::Message;
+
 // A text without lone surrogates in UTF-8.
 std::string Utf8(StringView text) {
   return hosts::TakeStandIns(hosts::ToJsonText(text));
 }
 
-// Why a table or column has no usable name, "" when it has one.
-std::string WhyNoName(const StoredText& name) {
-  if (name.text.empty()) return "it has no name";
-  if (!name.isExact) return "its name is no valid text";
+// Why a table or column can't be told by its name, empty when it can.
+Message WhyNoName(const StoredText& name) {
+  if (name.text.empty()) return Message("it has no name");
+  if (!name.isExact) return Message("its name is no valid text");
   return {};
 }
 
-std::string WhyNoColumn(const StoredText& name) {
-  std::string reason = WhyNoName(name);
-  if (!reason.empty()) return reason;
-  const std::string notListed = WhyNotListed(name.text);
-  return notListed.empty() ? std::string() : "its name " + notListed;
+Message WhyNoColumn(const StoredText& name) {
+  Message reason = WhyNoName(name);
+  if (!reason.IsEmpty()) return reason;
+  const Message notListed = WhyNotListed(name.text);
+  return notListed.IsEmpty() ? Message() : Message("its name %1", notListed);
 }
 
 // The declared type as the text of a field, with "." for each comma.
 String DeclaredText(const StoredText& declared, const std::string& column,
-                    std::vector<std::string>& leftOut) {
+                    std::vector<Message>& leftOut) {
   String text = Replace(declared.text, u",", u".");
-  const std::string reason = declared.isExact ? WhyNotListed(text) : "is no valid text";
-  if (reason.empty()) return text;
-  leftOut.push_back(column + " comes without its declared type, which " + reason);
+  const Message reason = declared.isExact ? WhyNotListed(text) : Message("is no valid text");
+  if (reason.IsEmpty()) return text;
+  leftOut.push_back(Message("column %1 comes without its declared type, which %2", column, reason));
   return {};
 }
 
-std::vector<Field> FieldsOf(const FoundTable& found, std::vector<std::string>& leftOut) {
+std::vector<Field> FieldsOf(const FoundTable& found, std::vector<Message>& leftOut) {
   std::vector<Field> fields;
   for (const FoundColumn& each : found.columns) {
-    std::string column = "column ";
-    column.append(Utf8(found.name.text)).append(".").append(Utf8(each.name.text));
-    const std::string reason = WhyNoColumn(each.name);
-    if (!reason.empty()) {
-      leftOut.push_back(column.append(" is left out: ").append(reason));
+    const std::string column = Utf8(found.name.text) + "." + Utf8(each.name.text);
+    const Message reason = WhyNoColumn(each.name);
+    if (!reason.IsEmpty()) {
+      leftOut.push_back(Message("column %1 is left out: %2", column, reason));
       continue;
     }
     Field field;
@@ -63,14 +64,17 @@ void AddTable(DatabaseCatalogue& result, const FoundTable& found) {
   Table table;
   table.name = found.name.text;
   table.indexes = std::clamp<std::int64_t>(found.indexes, 0, Integer::kGreatest);
-  std::string reason = WhyNoName(found.name);
-  if (reason.empty()) reason = found.unreadable;
-  if (reason.empty()) table.fields = FieldsOf(found, result.leftOut);
-  if (reason.empty() && table.fields.empty()) reason = "no column of it is left";
-  if (reason.empty()) {
+  Message reason = WhyNoName(found.name);
+  if (reason.IsEmpty()) reason = Message::Of(found.unreadable);
+  if (reason.IsEmpty()) table.fields = FieldsOf(found, result.leftOut);
+  if (reason.IsEmpty() && table.fields.empty()) reason = Message("no column of it is left");
+  if (reason.IsEmpty()) {
     result.catalogue.tables.push_back(std::move(table));
   } else {
-    result.leftOut.push_back(found.kind + " " + Utf8(found.name.text) + " is left out: " + reason);
+    const std::string name = Utf8(found.name.text);
+    result.leftOut.push_back(found.kind == "view"
+                                 ? Message("view %1 is left out: %2", name, reason)
+                                 : Message("table %1 is left out: %2", name, reason));
   }
 }
 

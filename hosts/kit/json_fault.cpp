@@ -22,7 +22,7 @@ class Follower final : public nlohmann::json_sax<Json> {
  public:
   explicit Follower(std::string_view text) : text_(text) {}
 
-  std::string complaint;
+  Message complaint;
 
   bool null() override { return true; }
   bool boolean(bool) override { return true; }
@@ -38,28 +38,28 @@ class Follower final : public nlohmann::json_sax<Json> {
 
   bool key(string_t& key) override {
     if (keys_.back().insert(key).second) return true;
-    return Complain("has the key \"" + ForPeople(key) + "\" twice in one place");
+    return Complain(Message("has the key \"%1\" twice in one place", ForPeople(key)));
   }
 
   bool parse_error(std::size_t position, const std::string&, const Json::exception&) override {
     const std::string_view before = text_.substr(0, position - 1);
-    const std::string line = std::to_string(1 + std::count(before.begin(), before.end(), '\n'));
+    const auto line = static_cast<std::size_t>(1 + std::count(before.begin(), before.end(), '\n'));
     if (position > text_.size())
-      return Complain("is no JSON, or cut short: it ends within line " + line);
+      return Complain(Message("is no JSON, or cut short: it ends within line %1", line));
     const std::string_view inLine = before.substr(before.rfind('\n') + 1);
-    const auto column = 1 + std::count_if(inLine.begin(), inLine.end(), BeginsCharacter);
-    return Complain("is no JSON: reading stops at line " + line + ", column " +
-                    std::to_string(column));
+    const auto column =
+        static_cast<std::size_t>(1 + std::count_if(inLine.begin(), inLine.end(), BeginsCharacter));
+    return Complain(Message("is no JSON: reading stops at line %1, column %2", line, column));
   }
 
  private:
-  bool Complain(std::string words) {
+  bool Complain(Message words) {
     complaint = std::move(words);
     return false;
   }
   bool Enter() {
     if (keys_.size() == kDeepestJson) {
-      return Complain("is nested more than " + std::to_string(kDeepestJson) + " levels deep");
+      return Complain(Message("is nested more than %1 levels deep", kDeepestJson));
     }
     keys_.emplace_back();
     return true;
@@ -101,7 +101,7 @@ bool IsTooDeep(std::string_view text) {
   return false;
 }
 
-std::string FaultIn(std::string_view text) {
+Message FaultIn(std::string_view text) {
   Follower follower(text);
   Json::sax_parse(text, &follower);
   return follower.complaint;

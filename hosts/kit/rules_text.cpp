@@ -18,12 +18,32 @@ namespace {
 
 using hosts::FindValue;
 using hosts::JsonValue;
+using hosts::Message;
 
 constexpr const char* kFormat = "zolt20 rules";
 constexpr unsigned kVersion = 2;
 
-[[noreturn]] void Complain(const std::string& where, const std::string& complaint) {
-  throw RulesError(where + " " + complaint);
+// What is complained of, put into words when it is.
+struct Place {
+  const std::string& file;
+  enum { kFile, kRule, kDeleted } what = kFile;
+  std::size_t number = 0;      // of the rule
+  std::string_view name = {};  // of the rule, "" while it is not read
+
+  Message Told() const {
+    if (what == kFile) return Message::Of(file);
+    if (!name.empty()) {
+      const std::string shown = hosts::ForPeople(name);
+      return what == kRule ? Message("%1: rule \"%2\"", file, shown)
+                           : Message("%1: deleted rule \"%2\"", file, shown);
+    }
+    return what == kRule ? Message("%1: rule number %2", file, number)
+                         : Message("%1: deleted rule number %2", file, number);
+  }
+};
+
+[[noreturn]] void Complain(const Place& where, const Message& complaint) {
+  throw RulesError(Message("%1 %2", where.Told(), complaint));
 }
 
 // Duplicate keys: a reader would take one value and lose the others.
@@ -44,10 +64,9 @@ bool HasKeyTwice(const JsonValue& value) {
   return false;
 }
 
-// The document lives in the reader.
-const JsonValue& Parse(hosts::JsonReader& reader, std::string_view bytes,
-                       const std::string& where) {
-  if (bytes.empty()) Complain(where, "is empty");
+// The document stands in the reader.
+const JsonValue& Parse(hosts::JsonReader& reader, std::string_view bytes, const Place& where) {
+  if (bytes.empty()) Complain(where, Message("is empty"));
   const std::string text = hosts::PutStandIns(bytes);
   const auto complain = [&] { Complain(where, hosts::FaultIn(text)); };
   if (hosts::IsTooDeep(text)) complain();
@@ -61,50 +80,48 @@ const JsonValue& Parse(hosts::JsonReader& reader, std::string_view bytes,
   }
 }
 
-const JsonValue& Needed(const JsonValue& object, const std::string& key, const std::string& where) {
+const JsonValue& Needed(const JsonValue& object, const std::string& key, const Place& where) {
   const JsonValue* const value = FindValue(object, key);
-  if (value == nullptr) Complain(where, "has no \"" + key + "\"");
+  if (value == nullptr) Complain(where, Message("has no \"%1\"", key));
   return *value;
 }
 
-// The string as the JSON has it, in UTF-8 with stand-ins.
-std::string_view NeededString(const JsonValue& object, const std::string& key,
-                              const std::string& where) {
+// As it stands in the JSON.
+std::string_view NeededString(const JsonValue& object, const std::string& key, const Place& where) {
   const JsonValue& value = Needed(object, key, where);
-  if (!value.IsString()) Complain(where, "has a \"" + key + "\" that is no string");
+  if (!value.IsString()) Complain(where, Message("has a \"%1\" that is no string", key));
   return hosts::TextOf(value);
 }
 
-String NeededText(const JsonValue& object, const std::string& key, const std::string& where) {
+String NeededText(const JsonValue& object, const std::string& key, const Place& where) {
   return hosts::FromJsonText(NeededString(object, key, where));
 }
 
 // "" for a key that is not there.
-String TextIfThere(const JsonValue& object, const std::string& key, const std::string& where) {
+String TextIfThere(const JsonValue& object, const std::string& key, const Place& where) {
   return FindValue(object, key) == nullptr ? String() : NeededText(object, key, where);
 }
 
 // Null for a key that is not there.
-const JsonValue* ArrayIfThere(const JsonValue& object, const std::string& key,
-                              const std::string& where) {
+const JsonValue* ArrayIfThere(const JsonValue& object, const std::string& key, const Place& where) {
   const JsonValue* const value = FindValue(object, key);
   if (value != nullptr && !value->IsArray())
-    Complain(where, "has \"" + key + "\" that are no array");
+    Complain(where, Message("has \"%1\" that are no array", key));
   return value;
 }
 
 // One for each node that has a note.
-std::vector<language::NodeNote> ReadNodeNotes(const JsonValue& record, const std::string& where) {
+std::vector<language::NodeNote> ReadNodeNotes(const JsonValue& record, const Place& where) {
   std::vector<language::NodeNote> notes;
   const JsonValue* const records = ArrayIfThere(record, "nodeNotes", where);
   if (records == nullptr) return notes;
   for (const JsonValue& value : records->GetArray()) {
-    if (!value.IsObject()) Complain(where, "has a note of a node that is no object");
+    if (!value.IsObject()) Complain(where, Message("has a note of a node that is no object"));
     language::NodeNote& note = notes.emplace_back();
     const JsonValue& path = Needed(value, "at", where);
-    if (!path.IsArray()) Complain(where, "has an \"at\" that is no array");
+    if (!path.IsArray()) Complain(where, Message("has an \"at\" that is no array"));
     for (const JsonValue& place : path.GetArray()) {
-      if (!place.IsUint()) Complain(where, "has an \"at\" with what is no place");
+      if (!place.IsUint()) Complain(where, Message("has an \"at\" with what is no place"));
       note.path.push_back(place.GetUint());
     }
     note.head = NeededText(value, "head", where);
@@ -126,41 +143,40 @@ std::vector<UnknownMember> UnknownOf(const JsonValue& object, std::size_t depth,
   return unknown;
 }
 
-void CheckFormat(const JsonValue& document, const std::string& where) {
+void CheckFormat(const JsonValue& document, const Place& where) {
   const JsonValue* const format = document.IsObject() ? FindValue(document, "format") : nullptr;
   if (format == nullptr || !format->IsString() || hosts::TextOf(*format) != kFormat)
-    Complain(where, "is no file of rules");
+    Complain(where, Message("is no file of rules"));
   const JsonValue& version = Needed(document, "version", where);
   if (!version.IsInt64() && !version.IsUint64())
-    Complain(where, "has a \"version\" that is no whole number");
+    Complain(where, Message("has a \"version\" that is no whole number"));
   std::string number;
   AppendValue(number, version, 0);
   if (version.IsUint64() && version.GetUint64() > kVersion) {
-    Complain(where, "was written by a later version: its format is version " + number +
-                        ", and this program knows version " + std::to_string(kVersion));
+    Complain(where, Message("was written by a later version: its format is version %1, and this "
+                            "program knows version %2",
+                            number, kVersion));
   }
   if (version.IsUint64() && version.GetUint64() >= 1) return;
-  Complain(where, "has a \"version\" " + number + ", which there is not");
+  Complain(where, Message("has a \"version\" %1, which there is not", number));
 }
 
-// `what` names the record, a rule or one of the bin. `where` is extended by it for later errors.
-Rule ReadRule(const JsonValue& record, const char* what, std::size_t number, std::string& where) {
-  where += std::string(": ") + what;
-  const std::string numbered = where + " number " + std::to_string(number);
-  if (!record.IsObject()) Complain(numbered, "is no object");
+// From then on `where` has the name.
+Rule ReadRule(const JsonValue& record, Place& where) {
+  if (!record.IsObject()) Complain(where, Message("is no object"));
   Rule rule;
-  const std::string_view name = NeededString(record, "name", numbered);
-  if (name.empty()) Complain(numbered, "has an empty \"name\"");
+  const std::string_view name = NeededString(record, "name", where);
+  if (name.empty()) Complain(where, Message("has an empty \"%1\"", std::string("name")));
   rule.name = hosts::FromJsonText(name);
-  where += " \"" + hosts::ForPeople(name) + "\"";
+  where.name = name;
   rule.text = NeededText(record, "text", where);
   rule.fields = NeededText(record, "fields", where);
   rule.notes = ReadNodeNotes(record, where);
   return rule;
 }
 
-KeptVersion ReadVersion(const JsonValue& record, const std::string& where) {
-  if (!record.IsObject()) Complain(where, "has a version that is no object");
+KeptVersion ReadVersion(const JsonValue& record, const Place& where) {
+  if (!record.IsObject()) Complain(where, Message("has a version that is no object"));
   WrittenVersion version;
   if (FindValue(record, "stored") != nullptr)
     version.stored = NeededString(record, "stored", where);
@@ -171,8 +187,8 @@ KeptVersion ReadVersion(const JsonValue& record, const std::string& where) {
   return KeptVersion(WriteVersion(version));
 }
 
-// Everything in the record except the rule itself.
-RuleExtras ReadExtras(const JsonValue& record, bool isDeleted, const std::string& where) {
+// All of the record but the rule itself.
+RuleExtras ReadExtras(const JsonValue& record, bool isDeleted, const Place& where) {
   RuleExtras extras;
   extras.stored = TextIfThere(record, "stored", where);
   extras.note = TextIfThere(record, "note", where);
@@ -187,33 +203,32 @@ RuleExtras ReadExtras(const JsonValue& record, bool isDeleted, const std::string
   return extras;
 }
 
-void ReadRules(const JsonValue& records, const std::string& where, RulesContent& content) {
+void ReadRules(const JsonValue& records, const Place& file, RulesContent& content) {
   std::set<String> names;
   for (const JsonValue& record : records.GetArray()) {
-    std::string named = where;
-    Rule rule = ReadRule(record, "rule", content.rules.size() + 1, named);
+    Place where{file.file, Place::kRule, content.rules.size() + 1};
+    Rule rule = ReadRule(record, where);
     if (!names.insert(rule.name).second) {
-      Complain(where, "has two rules of the name \"" +
-                          hosts::ForPeople(hosts::ToJsonText(rule.name)) + "\"");
+      Complain(file, Message("has two rules of the name \"%1\"", hosts::ForPeople(where.name)));
     }
     content.rules.push_back(std::move(rule));
-    content.extras.push_back(ReadExtras(record, false, named));
+    content.extras.push_back(ReadExtras(record, false, where));
   }
 }
 
-void ReadBin(const JsonValue& records, const std::string& where, RulesContent& content) {
+void ReadBin(const JsonValue& records, const Place& file, RulesContent& content) {
   for (const JsonValue& record : records.GetArray()) {
-    std::string named = where;
+    Place where{file.file, Place::kDeleted, content.bin.size() + 1};
     KeptDeleted kept;
-    kept.deleted.rule = ReadRule(record, "deleted rule", content.bin.size() + 1, named);
-    kept.deleted.deleted = TextIfThere(record, "deleted", named);
-    kept.extras = ReadExtras(record, true, named);
+    kept.deleted.rule = ReadRule(record, where);
+    kept.deleted.deleted = TextIfThere(record, "deleted", where);
+    kept.extras = ReadExtras(record, true, where);
     content.bin.push_back(std::move(kept));
   }
 }
 
-KeptNames ReadNames(const JsonValue& names, const std::string& where) {
-  if (!names.IsObject()) Complain(where, "has a \"catalogue\" that is no object");
+KeptNames ReadNames(const JsonValue& names, const Place& where) {
+  if (!names.IsObject()) Complain(where, Message("has a \"catalogue\" that is no object"));
   return {{NeededText(names, "tables", where), NeededText(names, "fields", where)},
           UnknownOf(names, kNameMembers, {"tables", "fields"})};
 }
@@ -221,17 +236,19 @@ KeptNames ReadNames(const JsonValue& names, const std::string& where) {
 }  // namespace
 
 RulesContent ReadContent(std::string_view bytes, const std::string& where) {
+  const Place file{where};
   hosts::JsonReader reader;
-  const JsonValue& document = Parse(reader, bytes, where);
-  CheckFormat(document, where);
-  const JsonValue& records = Needed(document, "rules", where);
-  if (!records.IsArray()) Complain(where, "has \"rules\" that are no array");
+  const JsonValue& document = Parse(reader, bytes, file);
+  CheckFormat(document, file);
+  const JsonValue& records = Needed(document, "rules", file);
+  if (!records.IsArray())
+    Complain(file, Message("has \"%1\" that are no array", std::string("rules")));
   RulesContent content;
-  ReadRules(records, where, content);
-  if (const JsonValue* const bin = ArrayIfThere(document, "bin", where))
-    ReadBin(*bin, where, content);
+  ReadRules(records, file, content);
+  if (const JsonValue* const bin = ArrayIfThere(document, "bin", file))
+    ReadBin(*bin, file, content);
   if (const JsonValue* const names = FindValue(document, "catalogue"))
-    content.catalogue = ReadNames(*names, where);
+    content.catalogue = ReadNames(*names, file);
   content.unknown = UnknownOf(document, 1, {"format", "version", "rules", "bin", "catalogue"});
   return content;
 }
@@ -240,10 +257,11 @@ Version KeptVersion::Read() const {
   hosts::JsonReader reader;
   const JsonValue& record = reader.Read(hosts::PutStandIns(written_));
   Version version;
-  version.stored = TextIfThere(record, "stored", {});
-  version.text = NeededText(record, "text", {});
-  version.fields = NeededText(record, "fields", {});
-  version.notes = ReadNodeNotes(record, {});
+  const Place nowhere{written_};
+  version.stored = TextIfThere(record, "stored", nowhere);
+  version.text = NeededText(record, "text", nowhere);
+  version.fields = NeededText(record, "fields", nowhere);
+  version.notes = ReadNodeNotes(record, nowhere);
   return version;
 }
 

@@ -7,22 +7,22 @@
 #pragma once
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "hosts/kit/message.h"
 #include "language/node_notes.h"
 #include "surface/string.h"
 
 namespace zolt20::rules {
 
-/// An error with a file of rules or with a name; the message, in UTF-8, is for the person and names
-/// the file.
-class RulesError : public std::runtime_error {
+/// What goes wrong with a file of rules or with a name; the message is for the person and names the
+/// file.
+class RulesError : public hosts::MessageError {
  public:
-  using std::runtime_error::runtime_error;
+  using MessageError::MessageError;
 };
 
 struct Rule {

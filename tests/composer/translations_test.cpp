@@ -23,6 +23,7 @@
 #include "hosts/composer/recovery.h"
 #include "hosts/composer/server_dialog.h"
 #include "hosts/composer/translations.h"
+#include "hosts/kit/functions.h"
 #include "language/check.h"
 #include "tests/composer/composer_test.h"
 
@@ -341,6 +342,73 @@ TEST_F(GermanTest, ChecksAreTold) {
   const auto found = language::Check(u"if x then\r\n\ty = 1", nullptr, words);
   ASSERT_EQ(found.size(), 1U);
   EXPECT_EQ(Narrow(found[0].sentence), "„endif“ fehlt: Diese Anweisung ist nicht abgeschlossen.");
+}
+
+// --- What hosts/kit tells
+
+TEST_F(GermanTest, WhatIsWrongWithAFileOfRulesIsToldInGerman) {
+  const auto complain = [this](const char* content, const std::string& told) {
+    WriteBytes(In("odd.rules"), content);
+    With([this] { EXPECT_FALSE(window().OpenRules(In("odd.rules"))); },
+         {Answer("Regeln öffnen: " + Std(In("odd.rules")) + told)});
+  };
+  complain("", " ist leer");
+  complain("[1,\n", " ist kein JSON oder abgeschnitten: Es endet in Zeile 2");
+  complain(R"({"format": "zolt20 rules", "version": 3})",
+           " stammt von einer neueren Version: Das Format ist Version 3, und dieses Programm kennt "
+           "Version 2");
+  complain(R"({"format": "zolt20 rules", "version": 2, "rules": [{"name": "%1 %2", "text": ""}]})",
+           ": Regel „%1 %2“ hat kein „fields“");
+}
+
+TEST_F(GermanTest, WhatIsWrongWithACatalogueIsToldInGerman) {
+  const auto complain = [this](const char* content, const std::string& told) {
+    WriteBytes(In("odd.json"), content);
+    With([this] { EXPECT_FALSE(window().OpenCatalogue(In("odd.json"))); },
+         {Answer("Katalog öffnen: " + Std(In("odd.json")) + ": " + told)});
+  };
+  complain("{}", "der Katalog hat kein „name“");
+  complain(R"({"name": "", "tables": [{"code": "A,CDEFGH"}], "functions": []})",
+           "Tabelle A,CDEFGH hat ein ungeeignetes „code“: Es enthält ein Komma");
+}
+
+TEST_F(GermanTest, KnownFunctionsAreToldInGermanAndKeptAsTheyAre) {
+  const catalogue::Function own{u"mine", {u"number"}, u"number", u"The mean of the rows."};
+  catalogue::Catalogue catalogue{u"Functions", {}, catalogue::SqliteFunctions()};
+  catalogue.functions.push_back(own);
+  const std::string before = catalogue::WriteCatalogue(catalogue);
+  WriteBytes(In("functions.json"), before);
+  ASSERT_TRUE(window().OpenCatalogue(In("functions.json")));
+  widget_ = &window().map();
+  Tab(2);
+  ClickWith("cmdFunction(0)", {[this] {
+              const auto* about = Dialog().findChild<QLabel*>(QStringLiteral("about"));
+              TypeLine(LineOf("Funktionen filtern"), "round");
+              EXPECT_EQ(Std(about->text()),
+                        "Zahl: Gerundet auf so viele Stellen hinter dem Komma.");
+              LineOf("[Stellen]");
+              TypeLine(LineOf("Funktionen filtern"), "mine");
+              EXPECT_EQ(Std(about->text()), "number: The mean of the rows.");
+              LineOf("number");
+              Choose("Abbrechen");
+            }});
+  Menu("Datei", "Funktionen bearbeiten...", {[this] {
+         const auto& table = *Dialog().findChild<QTableWidget*>();
+         EXPECT_EQ(Std(table.item(0, 3)->text()), "Der Mittelwert der Zeilen.");
+         table.item(0, 3)->setText(QStringLiteral("Der Durchschnitt."));
+         Choose("OK");
+       }});
+  std::string expected = before;
+  const std::string changed = "The mean of the rows.";
+  expected.replace(expected.find(changed), changed.size(), "Der Durchschnitt.");
+  EXPECT_EQ(Bytes(In("functions.json")), expected);
+}
+
+TEST_F(GermanTest, EveryKnownFunctionHasGermanWords) {
+  for (const auto& functions : {catalogue::SqliteFunctions(), catalogue::StandardFunctions()}) {
+    for (const catalogue::Function& function : functions)
+      EXPECT_NE(composer::Translated(function).text, function.text) << Narrow(function.name);
+  }
 }
 
 /// What the program says to standard error, in a language of the system.

@@ -315,8 +315,8 @@ TEST(JsonFaultTest, BracketsInStringsAreNotDeep) {
   EXPECT_FALSE(hosts::IsTooDeep("\"\\\"" + open + "\"]"));
   EXPECT_FALSE(hosts::IsTooDeep("\"\\"));
   EXPECT_TRUE(hosts::IsTooDeep("]\"\\\\\"" + open));
-  EXPECT_EQ(hosts::FaultIn("[1]"), "");
-  EXPECT_EQ(hosts::FaultIn("[1"), "is no JSON, or cut short: it ends within line 1");
+  EXPECT_TRUE(hosts::FaultIn("[1]").IsEmpty());
+  EXPECT_EQ(hosts::FaultIn("[1").English(), "is no JSON, or cut short: it ends within line 1");
 }
 
 }  // namespace

@@ -21,6 +21,13 @@ std::vector<std::string> Told(const std::vector<composer::Schema>& schemas) {
   return told;
 }
 
+Texts LeftOut(const DatabaseCatalogue& read) {
+  Texts lines;
+  for (const hosts::Message& line : read.leftOut)
+    lines.push_back(line.English());
+  return lines;
+}
+
 int PlainOnes(const DatabaseCatalogue& read) {
   int count = 0;
   for (const catalogue::Table& table : read.catalogue.tables)
@@ -80,9 +87,9 @@ TEST(PostgreSqlTest, TellsTablesWithFieldsTypesLengthsAndIndexes) {
 
 TEST(PostgreSqlTest, WhatIsLeftOutIsToldByName) {
   const DatabaseCatalogue read = Read(PostgreSql().Address());
-  EXPECT_EQ(read.leftOut, (Texts{"column odd.a,b is left out: its name holds a comma",
-                                 "column odder.a,b is left out: its name holds a comma",
-                                 "table odder is left out: no column of it is left"}));
+  EXPECT_EQ(LeftOut(read), (Texts{"column odd.a,b is left out: its name holds a comma",
+                                  "column odder.a,b is left out: its name holds a comma",
+                                  "table odder is left out: no column of it is left"}));
   EXPECT_EQ(FieldsOf(read.catalogue, "odd"), (Texts{"Größe long N integer"}));
 }
 
@@ -135,10 +142,10 @@ TEST(MariaDbTest, TellsTablesWithFieldsTypesLengthsAndIndexes) {
 
 TEST(MariaDbTest, WhatIsLeftOutIsToldByName) {
   const DatabaseCatalogue read = Read(MariaDb().Address());
-  EXPECT_EQ(read.leftOut, (Texts{"view lost_view is left out: no column of it is left",
-                                 "column odd.a,b is left out: its name holds a comma",
-                                 "column odder.a,b is left out: its name holds a comma",
-                                 "table odder is left out: no column of it is left"}));
+  EXPECT_EQ(LeftOut(read), (Texts{"view lost_view is left out: no column of it is left",
+                                  "column odd.a,b is left out: its name holds a comma",
+                                  "column odder.a,b is left out: its name holds a comma",
+                                  "table odder is left out: no column of it is left"}));
   EXPECT_EQ(FieldsOf(read.catalogue, "odd"), (Texts{"Größe long N int(11)"}));
 }
 
@@ -153,7 +160,7 @@ TEST(MariaDbTest, ANameInSeveralDatabasesIsToldWithItsDatabase) {
 
 void ExpectSame(const DatabaseCatalogue& read, const DatabaseCatalogue& expected) {
   EXPECT_EQ(WriteCatalogue(read.catalogue), WriteCatalogue(expected.catalogue));
-  EXPECT_EQ(read.leftOut, expected.leftOut);
+  EXPECT_EQ(LeftOut(read), LeftOut(expected));
 }
 
 TEST(OdbcTest, APostgreSqlTellsTheSameAsByItsOwnDriver) {

@@ -363,6 +363,772 @@
         <source>Save</source>
         <translation>Speichern</translation>
     </message>
+    <message>
+        <source>Note: %1</source>
+        <translation>Notiz: %1</translation>
+    </message>
+</context>
+<context>
+    <name>functions</name>
+    <message>
+        <source>aggregate</source>
+        <translation>Aggregat</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>Zahl</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>json</source>
+        <translation>JSON</translation>
+    </message>
+    <message>
+        <source>any value</source>
+        <translation>jeder Wert</translation>
+    </message>
+    <message>
+        <source>The mean of the rows.</source>
+        <translation>Der Mittelwert der Zeilen.</translation>
+    </message>
+    <message>
+        <source>value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>How many rows have a value; * counts all.</source>
+        <translation>Wie viele Zeilen einen Wert haben; * zählt alle.</translation>
+    </message>
+    <message>
+        <source>[separator]</source>
+        <translation>[Trennzeichen]</translation>
+    </message>
+    <message>
+        <source>The values of the rows as one text.</source>
+        <translation>Die Werte der Zeilen als ein Text.</translation>
+    </message>
+    <message>
+        <source>[more]</source>
+        <translation>[weitere]</translation>
+    </message>
+    <message>
+        <source>The greatest of the rows, or of several values.</source>
+        <translation>Der größte Wert der Zeilen oder von mehreren Werten.</translation>
+    </message>
+    <message>
+        <source>The least of the rows, or of several values.</source>
+        <translation>Der kleinste Wert der Zeilen oder von mehreren Werten.</translation>
+    </message>
+    <message>
+        <source>The sum of the rows, null where none has a value.</source>
+        <translation>Die Summe der Zeilen, null, wo keine einen Wert hat.</translation>
+    </message>
+    <message>
+        <source>The sum of the rows as a floating number, at least 0.0.</source>
+        <translation>Die Summe der Zeilen als Gleitkommazahl, mindestens 0.0.</translation>
+    </message>
+    <message>
+        <source>The number without its sign.</source>
+        <translation>Die Zahl ohne ihr Vorzeichen.</translation>
+    </message>
+    <message>
+        <source>The arc cosine.</source>
+        <translation>Der Arkuskosinus.</translation>
+    </message>
+    <message>
+        <source>The hyperbolic arc cosine.</source>
+        <translation>Der Areakosinus hyperbolicus.</translation>
+    </message>
+    <message>
+        <source>The arc sine.</source>
+        <translation>Der Arkussinus.</translation>
+    </message>
+    <message>
+        <source>The hyperbolic arc sine.</source>
+        <translation>Der Areasinus hyperbolicus.</translation>
+    </message>
+    <message>
+        <source>The arc tangent.</source>
+        <translation>Der Arkustangens.</translation>
+    </message>
+    <message>
+        <source>y</source>
+        <translation>y</translation>
+    </message>
+    <message>
+        <source>x</source>
+        <translation>x</translation>
+    </message>
+    <message>
+        <source>The arc tangent of y / x, in the quadrant of both.</source>
+        <translation>Der Arkustangens von y / x, im Quadranten der beiden.</translation>
+    </message>
+    <message>
+        <source>The hyperbolic arc tangent.</source>
+        <translation>Der Areatangens hyperbolicus.</translation>
+    </message>
+    <message>
+        <source>The next whole number upwards.</source>
+        <translation>Die nächste ganze Zahl nach oben.</translation>
+    </message>
+    <message>
+        <source>The cosine of an angle in radians.</source>
+        <translation>Der Kosinus eines Winkels im Bogenmaß.</translation>
+    </message>
+    <message>
+        <source>The hyperbolic cosine.</source>
+        <translation>Der Kosinus hyperbolicus.</translation>
+    </message>
+    <message>
+        <source>radians</source>
+        <translation>Bogenmaß</translation>
+    </message>
+    <message>
+        <source>An angle in degrees.</source>
+        <translation>Ein Winkel in Grad.</translation>
+    </message>
+    <message>
+        <source>e to the power of the number.</source>
+        <translation>e hoch die Zahl.</translation>
+    </message>
+    <message>
+        <source>The next whole number downwards.</source>
+        <translation>Die nächste ganze Zahl nach unten.</translation>
+    </message>
+    <message>
+        <source>The natural logarithm.</source>
+        <translation>Der natürliche Logarithmus.</translation>
+    </message>
+    <message>
+        <source>[value]</source>
+        <translation>[Wert]</translation>
+    </message>
+    <message>
+        <source>The logarithm to base 10; of value to base number.</source>
+        <translation>Der Logarithmus zur Basis 10; von Wert zur Basis Zahl.</translation>
+    </message>
+    <message>
+        <source>The logarithm to base 10.</source>
+        <translation>Der Logarithmus zur Basis 10.</translation>
+    </message>
+    <message>
+        <source>The logarithm to base 2.</source>
+        <translation>Der Logarithmus zur Basis 2.</translation>
+    </message>
+    <message>
+        <source>divisor</source>
+        <translation>Teiler</translation>
+    </message>
+    <message>
+        <source>The rest of a division.</source>
+        <translation>Der Rest einer Division.</translation>
+    </message>
+    <message>
+        <source>The number pi.</source>
+        <translation>Die Zahl Pi.</translation>
+    </message>
+    <message>
+        <source>base</source>
+        <translation>Basis</translation>
+    </message>
+    <message>
+        <source>exponent</source>
+        <translation>Exponent</translation>
+    </message>
+    <message>
+        <source>base to the power of exponent.</source>
+        <translation>Basis hoch Exponent.</translation>
+    </message>
+    <message>
+        <source>degrees</source>
+        <translation>Grad</translation>
+    </message>
+    <message>
+        <source>An angle in radians.</source>
+        <translation>Ein Winkel im Bogenmaß.</translation>
+    </message>
+    <message>
+        <source>A whole number at random.</source>
+        <translation>Eine zufällige ganze Zahl.</translation>
+    </message>
+    <message>
+        <source>[digits]</source>
+        <translation>[Stellen]</translation>
+    </message>
+    <message>
+        <source>Rounded to so many digits behind the point.</source>
+        <translation>Gerundet auf so viele Stellen hinter dem Komma.</translation>
+    </message>
+    <message>
+        <source>-1, 0 or 1.</source>
+        <translation>-1, 0 oder 1.</translation>
+    </message>
+    <message>
+        <source>The sine of an angle in radians.</source>
+        <translation>Der Sinus eines Winkels im Bogenmaß.</translation>
+    </message>
+    <message>
+        <source>The hyperbolic sine.</source>
+        <translation>Der Sinus hyperbolicus.</translation>
+    </message>
+    <message>
+        <source>The square root.</source>
+        <translation>Die Quadratwurzel.</translation>
+    </message>
+    <message>
+        <source>The tangent of an angle in radians.</source>
+        <translation>Der Tangens eines Winkels im Bogenmaß.</translation>
+    </message>
+    <message>
+        <source>The hyperbolic tangent.</source>
+        <translation>Der Tangens hyperbolicus.</translation>
+    </message>
+    <message>
+        <source>The number without what stands behind its point.</source>
+        <translation>Die Zahl ohne ihre Stellen hinter dem Komma.</translation>
+    </message>
+    <message>
+        <source>code</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>The characters of these codes.</source>
+        <translation>Die Zeichen dieser Codes.</translation>
+    </message>
+    <message>
+        <source>pattern</source>
+        <translation>Muster</translation>
+    </message>
+    <message>
+        <source>[values]</source>
+        <translation>[Werte]</translation>
+    </message>
+    <message>
+        <source>The pattern with the values in their places.</source>
+        <translation>Das Muster mit den Werten an ihren Stellen.</translation>
+    </message>
+    <message>
+        <source>Whether the text is like a pattern of * and ?.</source>
+        <translation>Ob der Text einem Muster mit * und ? entspricht.</translation>
+    </message>
+    <message>
+        <source>Its bytes as hexadecimal digits.</source>
+        <translation>Seine Bytes als hexadezimale Ziffern.</translation>
+    </message>
+    <message>
+        <source>part</source>
+        <translation>Teil</translation>
+    </message>
+    <message>
+        <source>Where the part begins, from 1; 0 for nowhere.</source>
+        <translation>Wo der Teil beginnt, ab 1; 0 für nirgends.</translation>
+    </message>
+    <message>
+        <source>How many characters it has.</source>
+        <translation>Wie viele Zeichen er hat.</translation>
+    </message>
+    <message>
+        <source>[escape]</source>
+        <translation>[Fluchtzeichen]</translation>
+    </message>
+    <message>
+        <source>Whether the text is like a pattern of % and _.</source>
+        <translation>Ob der Text einem Muster mit % und _ entspricht.</translation>
+    </message>
+    <message>
+        <source>In small letters.</source>
+        <translation>In Kleinbuchstaben.</translation>
+    </message>
+    <message>
+        <source>[characters]</source>
+        <translation>[Zeichen]</translation>
+    </message>
+    <message>
+        <source>Without blanks, or these characters, at its start.</source>
+        <translation>Ohne Leerzeichen oder diese Zeichen am Anfang.</translation>
+    </message>
+    <message>
+        <source>The value as it stands in a statement.</source>
+        <translation>Der Wert, wie er in einer Anweisung steht.</translation>
+    </message>
+    <message>
+        <source>other</source>
+        <translation>anderer</translation>
+    </message>
+    <message>
+        <source>With another part wherever the part stands.</source>
+        <translation>Mit einem anderen Teil überall, wo der Teil steht.</translation>
+    </message>
+    <message>
+        <source>Without blanks, or these characters, at its end.</source>
+        <translation>Ohne Leerzeichen oder diese Zeichen am Ende.</translation>
+    </message>
+    <message>
+        <source>start</source>
+        <translation>Anfang</translation>
+    </message>
+    <message>
+        <source>[length]</source>
+        <translation>[Länge]</translation>
+    </message>
+    <message>
+        <source>A part, from a place that is counted from 1.</source>
+        <translation>Ein Teil, ab einer Stelle, die von 1 an gezählt wird.</translation>
+    </message>
+    <message>
+        <source>Without blanks, or these characters, at both ends.</source>
+        <translation>Ohne Leerzeichen oder diese Zeichen an beiden Enden.</translation>
+    </message>
+    <message>
+        <source>The code of its first character.</source>
+        <translation>Der Code seines ersten Zeichens.</translation>
+    </message>
+    <message>
+        <source>In capital letters.</source>
+        <translation>In Großbuchstaben.</translation>
+    </message>
+    <message>
+        <source>[time]</source>
+        <translation>[Zeit]</translation>
+    </message>
+    <message>
+        <source>[modifiers]</source>
+        <translation>[Änderungen]</translation>
+    </message>
+    <message>
+        <source>YYYY-MM-DD; of now, when no time is given.</source>
+        <translation>JJJJ-MM-TT; von jetzt, wenn keine Zeit angegeben ist.</translation>
+    </message>
+    <message>
+        <source>YYYY-MM-DD HH:MM:SS.</source>
+        <translation>JJJJ-MM-TT hh:mm:ss.</translation>
+    </message>
+    <message>
+        <source>Days since noon of 24 November 4714 BC.</source>
+        <translation>Tage seit dem Mittag des 24. November 4714 v. Chr.</translation>
+    </message>
+    <message>
+        <source>format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>A time in a format such as &apos;%Y-%m&apos;.</source>
+        <translation>Eine Zeit in einem Format wie &apos;%Y-%m&apos;.</translation>
+    </message>
+    <message>
+        <source>HH:MM:SS.</source>
+        <translation>hh:mm:ss.</translation>
+    </message>
+    <message>
+        <source>Seconds since the beginning of 1970.</source>
+        <translation>Sekunden seit dem Beginn des Jahres 1970.</translation>
+    </message>
+    <message>
+        <source>JSON without needless blanks.</source>
+        <translation>JSON ohne überflüssige Leerzeichen.</translation>
+    </message>
+    <message>
+        <source>An array of the values.</source>
+        <translation>Ein Array der Werte.</translation>
+    </message>
+    <message>
+        <source>[path]</source>
+        <translation>[Pfad]</translation>
+    </message>
+    <message>
+        <source>How many elements an array has.</source>
+        <translation>Wie viele Elemente ein Array hat.</translation>
+    </message>
+    <message>
+        <source>path</source>
+        <translation>Pfad</translation>
+    </message>
+    <message>
+        <source>What stands at the path.</source>
+        <translation>Was an dem Pfad steht.</translation>
+    </message>
+    <message>
+        <source>The values of the rows as an array.</source>
+        <translation>Die Werte der Zeilen als Array.</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>The rows as an object.</source>
+        <translation>Die Zeilen als Objekt.</translation>
+    </message>
+    <message>
+        <source>With what is not there yet.</source>
+        <translation>Mit dem, was noch nicht da ist.</translation>
+    </message>
+    <message>
+        <source>[name]</source>
+        <translation>[Name]</translation>
+    </message>
+    <message>
+        <source>An object of names and values.</source>
+        <translation>Ein Objekt aus Namen und Werten.</translation>
+    </message>
+    <message>
+        <source>patch</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>With another object merged into it.</source>
+        <translation>Mit einem anderen Objekt zusammengeführt.</translation>
+    </message>
+    <message>
+        <source>The value as JSON.</source>
+        <translation>Der Wert als JSON.</translation>
+    </message>
+    <message>
+        <source>Without what stands at the path.</source>
+        <translation>Ohne das, was an dem Pfad steht.</translation>
+    </message>
+    <message>
+        <source>With another value for what is there.</source>
+        <translation>Mit einem anderen Wert für das, was da ist.</translation>
+    </message>
+    <message>
+        <source>With a value at the path, in any case.</source>
+        <translation>Mit einem Wert an dem Pfad, in jedem Fall.</translation>
+    </message>
+    <message>
+        <source>What kind of value it is.</source>
+        <translation>Welche Art von Wert es ist.</translation>
+    </message>
+    <message>
+        <source>Whether it is JSON.</source>
+        <translation>Ob es JSON ist.</translation>
+    </message>
+    <message>
+        <source>The first that is not null.</source>
+        <translation>Der erste, der nicht null ist.</translation>
+    </message>
+    <message>
+        <source>The value, or the other where it is null.</source>
+        <translation>Der Wert, oder der andere, wo er null ist.</translation>
+    </message>
+    <message>
+        <source>condition</source>
+        <translation>Bedingung</translation>
+    </message>
+    <message>
+        <source>One of the two, by the condition.</source>
+        <translation>Einer der beiden, je nach Bedingung.</translation>
+    </message>
+    <message>
+        <source>The value, or null where both are the same.</source>
+        <translation>Der Wert, oder null, wo beide gleich sind.</translation>
+    </message>
+    <message>
+        <source>What it is: null, integer, real, text or blob.</source>
+        <translation>Was er ist: null, integer, real, text oder blob.</translation>
+    </message>
+    <message>
+        <source>size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>So many bytes, which are 0.</source>
+        <translation>So viele Bytes, die 0 sind.</translation>
+    </message>
+    <message>
+        <source>The greatest of the rows.</source>
+        <translation>Der größte Wert der Zeilen.</translation>
+    </message>
+    <message>
+        <source>The least of the rows.</source>
+        <translation>Der kleinste Wert der Zeilen.</translation>
+    </message>
+    <message>
+        <source>The texts one behind the other.</source>
+        <translation>Die Texte hintereinander.</translation>
+    </message>
+    <message>
+        <source>length</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>So many characters from its start.</source>
+        <translation>So viele Zeichen vom Anfang.</translation>
+    </message>
+    <message>
+        <source>Without blanks at its start.</source>
+        <translation>Ohne Leerzeichen am Anfang.</translation>
+    </message>
+    <message>
+        <source>So many characters from its end.</source>
+        <translation>So viele Zeichen vom Ende.</translation>
+    </message>
+    <message>
+        <source>Without blanks at its end.</source>
+        <translation>Ohne Leerzeichen am Ende.</translation>
+    </message>
+</context>
+<context>
+    <name>kit</name>
+    <message>
+        <source>the catalogue</source>
+        <translation>der Katalog</translation>
+    </message>
+    <message>
+        <source>table %1</source>
+        <translation>Tabelle %1</translation>
+    </message>
+    <message>
+        <source>field %1.%2</source>
+        <translation>Feld %1.%2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>is no object</source>
+        <translation>ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>has no &quot;%1&quot;</source>
+        <translation>hat kein „%1“</translation>
+    </message>
+    <message>
+        <source>has a &quot;%1&quot; that is no string</source>
+        <translation>hat ein „%1“, das keine Zeichenkette ist</translation>
+    </message>
+    <message>
+        <source>has &quot;%1&quot; that are no array</source>
+        <translation>hat „%1“, die kein Array sind</translation>
+    </message>
+    <message>
+        <source>has an empty &quot;%1&quot;</source>
+        <translation>hat ein leeres „%1“</translation>
+    </message>
+    <message>
+        <source>has a &quot;%1&quot; that %2</source>
+        <translation>hat ein ungeeignetes „%1“: Es %2</translation>
+    </message>
+    <message>
+        <source>has &quot;indexes&quot; that are no whole number</source>
+        <translation>hat „indexes“, die keine ganze Zahl sind</translation>
+    </message>
+    <message>
+        <source>has %1 indexes, and 0 to %2 are possible</source>
+        <translation>hat %1 Indexe, und 0 bis %2 sind möglich</translation>
+    </message>
+    <message>
+        <source>has a &quot;flagged&quot; that is neither true nor false</source>
+        <translation>hat ein „flagged“, das weder true noch false ist</translation>
+    </message>
+    <message>
+        <source>has a &quot;code&quot; of %1 characters, and it must have %2</source>
+        <translation>hat ein „code“ aus %1 Zeichen, und es müssen %2 sein</translation>
+    </message>
+    <message>
+        <source>table %1, field number %2,</source>
+        <translation>Tabelle %1, Feld Nummer %2,</translation>
+    </message>
+    <message>
+        <source>stands twice</source>
+        <translation>ist doppelt vorhanden</translation>
+    </message>
+    <message>
+        <source>function %1</source>
+        <translation>Funktion %1</translation>
+    </message>
+    <message>
+        <source>has an argument that is no string</source>
+        <translation>hat ein Argument, das keine Zeichenkette ist</translation>
+    </message>
+    <message>
+        <source>table number %1</source>
+        <translation>Tabelle Nummer %1</translation>
+    </message>
+    <message>
+        <source>function number %1</source>
+        <translation>Funktion Nummer %1</translation>
+    </message>
+    <message>
+        <source>is no JSON: %1</source>
+        <translation>ist kein JSON: %1</translation>
+    </message>
+    <message>
+        <source>can&apos;t be read: %1</source>
+        <translation>kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>can&apos;t be read: there is no right to read %1</source>
+        <translation>kann nicht gelesen werden: Die Rechte zum Lesen von %1 fehlen</translation>
+    </message>
+    <message>
+        <source>can&apos;t be read: there is no %1</source>
+        <translation>kann nicht gelesen werden: %1 gibt es nicht</translation>
+    </message>
+    <message>
+        <source>holds a comma</source>
+        <translation>enthält ein Komma</translation>
+    </message>
+    <message>
+        <source>holds the separator *Q*V*R*N* or runs into it</source>
+        <translation>enthält das Trennzeichen *Q*V*R*N* oder ergibt es mit dem, was folgt</translation>
+    </message>
+    <message>
+        <source>the database %1</source>
+        <translation>die Datenbank %1</translation>
+    </message>
+    <message>
+        <source>can&apos;t be read: %1: %2</source>
+        <translation>kann nicht gelesen werden: %1: %2</translation>
+    </message>
+    <message>
+        <source>can&apos;t be read: %1 is a folder</source>
+        <translation>kann nicht gelesen werden: %1 ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>can&apos;t be read: %1 is no file</source>
+        <translation>kann nicht gelesen werden: %1 ist keine Datei</translation>
+    </message>
+    <message>
+        <source>can&apos;t be read: changes in it wait to be finished; open it once with the program that it belongs to</source>
+        <translation>kann nicht gelesen werden: Änderungen in ihr sind noch abzuschließen; öffnen Sie sie einmal mit dem Programm, zu dem sie gehört</translation>
+    </message>
+    <message>
+        <source>can&apos;t be read: another program has locked it</source>
+        <translation>kann nicht gelesen werden: Ein anderes Programm hat sie gesperrt</translation>
+    </message>
+    <message>
+        <source>is damaged or encrypted: %1</source>
+        <translation>ist beschädigt oder verschlüsselt: %1</translation>
+    </message>
+    <message>
+        <source>can&apos;t be read: %1 is no SQLite database, or an encrypted one</source>
+        <translation>kann nicht gelesen werden: %1 ist keine SQLite-Datenbank oder eine verschlüsselte</translation>
+    </message>
+    <message>
+        <source>has no tables</source>
+        <translation>hat keine Tabellen</translation>
+    </message>
+    <message>
+        <source>it has no name</source>
+        <translation>sie hat keinen Namen</translation>
+    </message>
+    <message>
+        <source>its name is no valid text</source>
+        <translation>ihr Name ist kein gültiger Text</translation>
+    </message>
+    <message>
+        <source>its name %1</source>
+        <translation>ihr Name %1</translation>
+    </message>
+    <message>
+        <source>is no valid text</source>
+        <translation>ist kein gültiger Text</translation>
+    </message>
+    <message>
+        <source>column %1 comes without its declared type, which %2</source>
+        <translation>Spalte %1 kommt ohne ihren deklarierten Typ: Er %2</translation>
+    </message>
+    <message>
+        <source>column %1 is left out: %2</source>
+        <translation>Spalte %1 fehlt: %2</translation>
+    </message>
+    <message>
+        <source>no column of it is left</source>
+        <translation>keine ihrer Spalten ist übrig</translation>
+    </message>
+    <message>
+        <source>view %1 is left out: %2</source>
+        <translation>Sicht %1 fehlt: %2</translation>
+    </message>
+    <message>
+        <source>table %1 is left out: %2</source>
+        <translation>Tabelle %1 fehlt: %2</translation>
+    </message>
+    <message>
+        <source>has the key &quot;%1&quot; twice in one place</source>
+        <translation>hat den Schlüssel „%1“ doppelt an einer Stelle</translation>
+    </message>
+    <message>
+        <source>is no JSON, or cut short: it ends within line %1</source>
+        <translation>ist kein JSON oder abgeschnitten: Es endet in Zeile %1</translation>
+    </message>
+    <message>
+        <source>is no JSON: reading stops at line %1, column %2</source>
+        <translation>ist kein JSON: Das Lesen endet in Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>is nested more than %1 levels deep</source>
+        <translation>ist mehr als %1 Ebenen tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>%1: rule &quot;%2&quot;</source>
+        <translation>%1: Regel „%2“</translation>
+    </message>
+    <message>
+        <source>%1: deleted rule &quot;%2&quot;</source>
+        <translation>%1: gelöschte Regel „%2“</translation>
+    </message>
+    <message>
+        <source>%1: rule number %2</source>
+        <translation>%1: Regel Nummer %2</translation>
+    </message>
+    <message>
+        <source>%1: deleted rule number %2</source>
+        <translation>%1: gelöschte Regel Nummer %2</translation>
+    </message>
+    <message>
+        <source>is empty</source>
+        <translation>ist leer</translation>
+    </message>
+    <message>
+        <source>is no file of rules</source>
+        <translation>ist keine Regeldatei</translation>
+    </message>
+    <message>
+        <source>has a &quot;version&quot; that is no whole number</source>
+        <translation>hat eine „version“, die keine ganze Zahl ist</translation>
+    </message>
+    <message>
+        <source>was written by a later version: its format is version %1, and this program knows version %2</source>
+        <translation>stammt von einer neueren Version: Das Format ist Version %1, und dieses Programm kennt Version %2</translation>
+    </message>
+    <message>
+        <source>has a &quot;version&quot; %1, which there is not</source>
+        <translation>hat eine „version“ %1, die es nicht gibt</translation>
+    </message>
+    <message>
+        <source>has a version that is no object</source>
+        <translation>hat eine Version, die kein Objekt ist</translation>
+    </message>
+    <message>
+        <source>has two rules of the name &quot;%1&quot;</source>
+        <translation>hat zwei Regeln des Namens „%1“</translation>
+    </message>
+    <message>
+        <source>has a &quot;catalogue&quot; that is no object</source>
+        <translation>hat einen „catalogue“, der kein Objekt ist</translation>
+    </message>
+    <message>
+        <source>has a note of a node that is no object</source>
+        <translation>hat eine Notiz zu einem Knoten, die kein Objekt ist</translation>
+    </message>
+    <message>
+        <source>has an &quot;at&quot; that is no array</source>
+        <translation>hat ein „at“, das kein Array ist</translation>
+    </message>
+    <message>
+        <source>has an &quot;at&quot; with what is no place</source>
+        <translation>hat ein „at“ mit etwas, das keine Stelle ist</translation>
+    </message>
 </context>
 <context>
     <name>language</name>
