@@ -35,6 +35,9 @@ EditMenu::EditMenu(QWidget& window, QMenu& menu, FindBar& find)
   QList<QKeySequence> again = QKeySequence::keyBindings(QKeySequence::Redo);
   if (!again.contains(QKeySequence(Qt::CTRL | Qt::Key_Y))) again.append(Qt::CTRL | Qt::Key_Y);
   redo_->setShortcuts(again);
+  // What the keys do, whatever it is that would be undone.
+  undo_->setProperty("command", undo_->text());
+  redo_->setProperty("command", redo_->text());
   undo_->setObjectName(QStringLiteral("undoAction"));
   redo_->setObjectName(QStringLiteral("redoAction"));
   menu.addSeparator();

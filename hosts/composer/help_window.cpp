@@ -32,7 +32,9 @@ QString Plain(QString text) {
 
 void AddKeys(const QMenu& menu, const QString& path, std::vector<Key>& keys) {
   for (const QAction* action : menu.actions()) {
-    const QString name = path + QStringLiteral(" / ") + Plain(action->text());
+    const QVariant command = action->property("command");
+    const QString name = path + QStringLiteral(" / ") +
+                         Plain(command.isValid() ? command.toString() : action->text());
     if (action->menu() != nullptr) AddKeys(*action->menu(), name, keys);
     QStringList texts;
     for (const QKeySequence& sequence : action->shortcuts())

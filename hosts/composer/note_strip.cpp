@@ -7,6 +7,24 @@
 #include <QToolButton>
 
 namespace zolt20::composer {
+namespace {
+
+// Lists of names without blanks break behind a comma too, when they are longer than a line.
+QString Breakable(const QString& text) {
+  constexpr qsizetype kLongWord = 40;
+  constexpr QChar kMayBreak(0x200B);
+  QString broken;
+  const QStringList words = text.split(u' ');
+  for (const QString& word : words) {
+    if (&word != &words.front()) broken += u' ';
+    broken += word.size() <= kLongWord
+                  ? word
+                  : QString(word).replace(u',', QStringLiteral(",") + kMayBreak);
+  }
+  return broken;
+}
+
+}  // namespace
 
 NoteStrip::NoteStrip(const QString& labelName, QWidget* parent)
     : QWidget(parent), label_(new QLabel), place_(new QScrollArea), more_(new QToolButton) {
@@ -33,12 +51,9 @@ NoteStrip::NoteStrip(const QString& labelName, QWidget* parent)
   setText({});
 }
 
-QString NoteStrip::text() const {
-  return label_->text();
-}
-
 void NoteStrip::setText(const QString& text) {
-  label_->setText(text);
+  text_ = text;
+  label_->setText(Breakable(text));
   more_->setChecked(false);
   setVisible(!text.isEmpty());
   Fit();
@@ -64,6 +79,8 @@ void NoteStrip::Fit() {
   place_->setVerticalScrollBarPolicy(more_->isChecked() ? Qt::ScrollBarAsNeeded
                                                         : Qt::ScrollBarAlwaysOff);
   if (!more_->isChecked()) place_->ensureVisible(0, 0);
+  // The area alone would keep the height of before when it grows narrower.
+  label_->setMinimumHeight(all);
   place_->setFixedHeight(qMin(all, more_->isChecked() ? open : closed));
 }
 

@@ -17,7 +17,7 @@ class NoteStrip final : public QWidget {
   /// The label of the strip has this object name.
   explicit NoteStrip(const QString& labelName, QWidget* parent = nullptr);
 
-  QString text() const;
+  const QString& text() const { return text_; }
   /// "" takes the strip away. Another text is shown closed.
   void setText(const QString& text);
 
@@ -30,6 +30,7 @@ class NoteStrip final : public QWidget {
  private:
   void Fit();
 
+  QString text_;
   QLabel* label_;
   QScrollArea* place_;
   QToolButton* more_;

@@ -59,6 +59,7 @@ VersionsWindow::VersionsWindow(const RulesFile& rules, StringView name, QWidget*
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
   bringBack_ = buttons->addButton(tr("Bring Back"), QDialogButtonBox::AcceptRole);
   bringBack_->setAutoDefault(false);
+  bringBack_->setObjectName(QStringLiteral("bringBack"));
   buttons->button(QDialogButtonBox::Close)->setDefault(true);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -28,6 +28,7 @@ using qt::View;
 QWidget* MainWindow::MakeRulePane() {
   pane_ = new RulePane(tr("Rule"));
   reading_ = new RulePane(tr("Rule"));
+  reading_->layout()->setContentsMargins(8, 4, 8, 8);  // nothing stands beside it
   reading_->hide();
   for (RulePane* pane : {pane_, reading_})
     pane->FindBy(*find_);

@@ -87,6 +87,18 @@ TEST_F(WindowFitTest, FortyMissingTablesMakeAStripOfFourLinesThatOpens) {
   EXPECT_EQ(strip.height(), closed);
 }
 
+TEST_F(WindowFitTest, ANoteIsWrappedWhereAListOfNamesHasNoBlanks) {
+  Shrink();
+  OpenRules({{u"A", OverMissingTables(60), u""}});
+  QTest::qWait(20);
+  const QLabel& note = *window().findChild<QLabel*>(QStringLiteral("note"));
+  ASSERT_TRUE(note.text().contains(QStringLiteral("NO__1003")));
+  const QRect room(0, 0, note.width(), 100000);
+  EXPECT_LE(note.fontMetrics().boundingRect(room, Qt::TextWordWrap, note.text()).width(),
+            note.width());
+  EXPECT_GE(note.height(), note.heightForWidth(note.width()));
+}
+
 TEST_F(WindowFitTest, AVeryLongNameIsCutInTheMiddleAndATipHasAllOfIt) {
   const String name = String(150, u'a') + String(150, u'b');
   OpenRules({{name, u"select CUSTOMER.C_ID\r\nfrom  CUSTOMER\r\nendselect", u""}});

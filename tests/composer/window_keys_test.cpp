@@ -158,12 +158,15 @@ TEST_F(WindowKeysTest, ZoomAndColoursAreTakenAtOnceAndComeBack) {
 }
 
 TEST_F(WindowKeysTest, TheListOfKeysIsThatOfTheMenus) {
+  Click("lsttables", kCustomer);
+  EXPECT_EQ(UndoText(), "Undo \"CUSTOMER in Tables\"");
   Menu("Help", "Keys");
   const auto& table = Part<QTableWidget>("keys");
   Texts rows;
   for (int row = 0; row < table.rowCount(); ++row)
     rows.push_back(Std(table.item(row, 0)->text() + u' ' + table.item(row, 1)->text()));
   EXPECT_NE(std::find(rows.begin(), rows.end(), "Ctrl+F Edit / Find"), rows.end());
+  EXPECT_NE(std::find(rows.begin(), rows.end(), "Ctrl+Z Edit / Undo"), rows.end());
   EXPECT_NE(std::find(rows.begin(), rows.end(), "F9 View / List of Rules"), rows.end());
 }
 
