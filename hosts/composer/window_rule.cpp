@@ -126,7 +126,7 @@ void MainWindow::ShowRuleText() {
   const bool isReadOnly = IsReadOnly();
   for (RulePane* pane : {pane_, reading_})
     pane->Name(PrintedName());
-  pane_->Tell(rule == nullptr ? QString() : ToQt(rules_->NoteOf(rule->name)));
+  pane_->Tell(RuleNote());
   pane_->Show(stored, coming.isEmpty() || isReadOnly ? stored : coming);
   tree_->TextChanged();
 }

@@ -76,6 +76,12 @@ class RulePaneTest : public ComposerTest {
       QTest::keyClick(view.window()->windowHandle(), Qt::Key_F10, Qt::ShiftModifier);
     };
   }
+  /// The line that finds in a window, once it has the focus there.
+  static QLineEdit& FindLine(QWidget& within) {
+    auto& line = *within.findChild<QLineEdit*>(QStringLiteral("find"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return within.focusWidget() == &line; }, 2000));
+    return line;
+  }
   static std::string Clipboard() { return Std(QApplication::clipboard()->text()); }
   /// Composes what would come into rule A.
   void ComposeMore() {
@@ -243,7 +249,7 @@ TEST_F(RulePaneTest, TheMenuFindsInTheText) {
   OpenRules({{u"A", Wide(kCustomers), u""}});
   QPlainTextEdit& view = View(window());
   Pick("Find...", ShiftF10In(view));
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("endsel"));
+  QTest::keyClicks(&FindLine(window()), QStringLiteral("endsel"));
   EXPECT_EQ(Std(view.textCursor().selectedText()), "endsel");
 }
 
@@ -266,11 +272,12 @@ TEST_F(RulePaneTest, AVersionIsCopiedAndSearchedInItsWindow) {
   Menu("Rule", "Versions...", {InVersions([this] {
          QPlainTextEdit& view = View(Dialog());
          QTest::keyClick(Dialog().windowHandle(), Qt::Key_F, Qt::ControlModifier);
-         QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("customer"));
+         QLineEdit& line = FindLine(Dialog());
+         QTest::keyClicks(&line, QStringLiteral("customer"));
          EXPECT_EQ(view.textCursor().selectionStart(), 7);
-         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+         QTest::keyClick(&line, Qt::Key_Return);
          EXPECT_EQ(view.textCursor().blockNumber(), 1);
-         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+         QTest::keyClick(&line, Qt::Key_Escape);
          EXPECT_TRUE(view.hasFocus());
          QTest::keyClick(Dialog().windowHandle(), Qt::Key_F3);
          EXPECT_EQ(view.textCursor().selectionStart(), 7);
