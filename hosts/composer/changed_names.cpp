@@ -106,7 +106,7 @@ ChangedNamesWindow::ChangedNamesWindow(rules::NamesReview& review,
   leaveAll_ = buttons->addButton(tr("Leave All As It Is"), QDialogButtonBox::DestructiveRole);
   leaveAll_->setAutoDefault(false);
   connect(leaveAll_, &QPushButton::clicked, this, [this] { done(kLeaveAll); });
-  connect(buttons, &QDialogButtonBox::accepted, this, &ChangedNamesWindow::Accept);
+  connect(buttons, &QDialogButtonBox::accepted, this, &ChangedNamesWindow::ChangeNames);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(told_);
@@ -237,7 +237,7 @@ void ChangedNamesWindow::ShowCounts() {
   leaveAll_->setEnabled(!review_.names().empty());
 }
 
-void ChangedNamesWindow::Accept() {
+void ChangedNamesWindow::ChangeNames() {
   if (MayMerge()) accept();
 }
 

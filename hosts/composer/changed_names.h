@@ -38,7 +38,7 @@ class ChangedNamesWindow final : public QDialog {
   void Choose(std::size_t index, const QString& after);
   void Take(QTreeWidgetItem* item, int column);
   void ShowCounts();
-  void Accept();
+  void ChangeNames();
   bool MayMerge();
 
   rules::NamesReview& review_;

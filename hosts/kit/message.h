@@ -20,6 +20,7 @@ class Message {
   Message() = default;
   /// A pattern, in UTF-8, with %1 to %9 for the arguments: messages, texts and whole numbers.
   template <std::size_t kSize, typename... Arguments>
+  // NOLINTNEXTLINE(modernize-avoid-c-arrays): literals alone bind to it.
   explicit Message(const char (&pattern)[kSize], Arguments&&... arguments)
       : pattern_(pattern), arguments_{Of(std::forward<Arguments>(arguments))...} {}
   /// What is told as it is in every language, such as a name; in UTF-8.
