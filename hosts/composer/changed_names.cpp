@@ -98,7 +98,7 @@ ChangedNamesWindow::ChangedNamesWindow(rules::NamesReview& review,
   tree_->setHeaderLabels({tr("Place"), tr("What it is"), tr("New name")});
   tree_->header()->setStretchLastSection(false);
   tree_->header()->setSectionResizeMode(kWhat, QHeaderView::Stretch);
-  tree_->header()->resizeSection(kWhere, 260);
+  tree_->header()->resizeSection(kWhere, 340);
   tree_->header()->resizeSection(kNew, 220);
   connect(tree_, &QTreeWidget::itemChanged, this, &ChangedNamesWindow::Take);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
