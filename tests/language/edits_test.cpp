@@ -369,5 +369,10 @@ TEST(EditsTest, BlanksBetweenACrAndAnLfStaySoThatTheyAreTwoLineEnds) {
             "on case a\r\n[\tcase 2 :\r\t\n\tb = 1\r\n\tbreak]\r\nendcase");
 }
 
+TEST(EditsTest, BlanksBetweenTwoCrsGo) {
+  const Tree tree("on case a\r\n\tcase 2 :\r\t\r\tb = 1\r\n\tbreak\r\nendcase");
+  EXPECT_EQ(tree.Take("case 2 :"), "case 2 :\r\rb = 1\r\nbreak");
+}
+
 }  // namespace
 }  // namespace zolt20::tests

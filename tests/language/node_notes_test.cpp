@@ -171,6 +171,62 @@ TEST(NodeNotesTest, APlaceIsThatOfItsNodeAndNoOther) {
   EXPECT_TRUE(notes.empty());
 }
 
+TEST(NodeNotesTest, WithoutNotesOrAChangeThereIsNothingToCarry) {
+  const String text = Wide(kText);
+  const Notes notes = NoteOn(text, "c = 1");
+  EXPECT_EQ(Told(CarryNotes(notes, text, text)), Told(notes));
+  EXPECT_TRUE(CarryNotes({}, text, Wide("c = 1")).empty());
+  EXPECT_TRUE(FindNotes({}, text).empty());
+}
+
+TEST(NodeNotesTest, ALostNoteIsThatOfNoNode) {
+  const String text = Wide(kText);
+  const Notes notes{{{}, u"gone = 1", u"n"}};
+  EXPECT_EQ(language::NoteOf(notes, language::ReadOutline(text), language::Node::kNone), nullptr);
+}
+
+TEST(NodeNotesTest, OfTwoAlikeOneMayBeGone) {
+  const String before = Wide("p = 1\r\nx = 1\r\nq = 1\r\nx = 1\r\nr = 1");
+  Notes notes;
+  const auto nodes = language::ReadOutline(before);
+  language::PutNote(notes, before, nodes, 1, u"first");
+  language::PutNote(notes, before, nodes, 3, u"second");
+  EXPECT_EQ(Told(CarryNotes(notes, before, Wide("s = 1\r\nx = 1\r\nt = 1"))),
+            "1 x = 1: first\n- x = 1: second\n");
+}
+
+TEST(NodeNotesTest, TwoLostNotesGoToTwoNewNodesOfTheirHead) {
+  const Notes lost{{{}, u"x = 1", u"first"}, {{}, u"x = 1", u"second"}};
+  EXPECT_EQ(Told(CarryNotes(lost, Wide("y = 1"), Wide("y = 1\r\nx = 1\r\nx = 1"))),
+            "1 x = 1: first\n2 x = 1: second\n");
+}
+
+TEST(NodeNotesTest, ABlockThatMovedTakesWhatIsWithinItAlong) {
+  const String before = Wide(
+      "while a\r\n\tif c then \r\n\t\tx = 1\r\n\tendif\r\nendwhile\r\n"
+      "while b\r\n\tx = 1\r\nendwhile");
+  const String after = Wide(
+      "while b\r\n\tif c then \r\n\t\tx = 1\r\n\tendif\r\nendwhile\r\n"
+      "while a\r\n\ty = 1\r\nendwhile");
+  Notes notes;
+  const auto nodes = language::ReadOutline(before);
+  const std::size_t within = NodeOf(before, "x = 1");
+  std::size_t alone = nodes.size() - 1;
+  while (language::HeadOf(before, nodes[alone]) != u"x = 1")
+    --alone;
+  ASSERT_LT(within, alone);
+  language::PutNote(notes, before, nodes, within, u"within");
+  language::PutNote(notes, before, nodes, alone, u"alone");
+  EXPECT_EQ(Told(CarryNotes(notes, before, after)), "0.1.1 x = 1: within\n- x = 1: alone\n");
+}
+
+TEST(NodeNotesTest, ANodeThatIsKnownStaysSoWithinABlockThatIsAlike) {
+  const String before = Wide("if c then \r\n\tx = 1\r\nendif");
+  const String after = Wide("y = 1\r\nif c then \r\n\tx = 1\r\nendif");
+  const language::NodePair known{NodeOf(before, "x = 1"), NodeOf(after, "x = 1")};
+  EXPECT_EQ(Told(CarryNotes(NoteOn(before, "x = 1"), before, after, known)), "1.1 x = 1: n\n");
+}
+
 TEST(NodeNotesTest, ALongTextTakesNoMoreThanItsLength) {
   std::string lines;
   for (int i = 0; i < 60000; ++i)
