@@ -133,8 +133,10 @@ class Matcher {
       Pair(a, b);
     }
     std::unordered_map<std::uint64_t, Numbers> waiting;
-    for (auto b = right.rbegin(); b != right.rend(); ++b)
-      if (!isTaken_[*b]) waiting[sumsAfter[*b]].push_back(*b);
+    for (std::size_t place = right.size(); place-- > 0;) {
+      const std::uint32_t b = right[place];
+      if (!isTaken_[b]) waiting[sumsAfter[b]].push_back(b);
+    }
     for (const std::uint32_t a : left) {
       const auto found = waiting.find(sumsBefore[a]);
       if (found_[a] != Node::kNone || found == waiting.end() || found->second.empty()) continue;

@@ -35,6 +35,7 @@ String DeclaredText(const StoredText& declared, const std::string& column,
   String text = Replace(declared.text, u",", u".");
   const Message reason = declared.isExact ? WhyNotListed(text) : Message("is no valid text");
   if (reason.IsEmpty()) return text;
+  // NOLINTNEXTLINE(modernize-use-emplace): translations are found by the word Message.
   leftOut.push_back(Message("column %1 comes without its declared type, which %2", column, reason));
   return {};
 }
@@ -45,6 +46,7 @@ std::vector<Field> FieldsOf(const FoundTable& found, std::vector<Message>& leftO
     const std::string column = Utf8(found.name.text) + "." + Utf8(each.name.text);
     const Message reason = WhyNoColumn(each.name);
     if (!reason.IsEmpty()) {
+      // NOLINTNEXTLINE(modernize-use-emplace): translations are found by the word Message.
       leftOut.push_back(Message("column %1 is left out: %2", column, reason));
       continue;
     }
