@@ -141,7 +141,7 @@ TEST_F(TypeLibraryTest, OfEachMemberAndEventItSaysWhatItDoes) {
             "Appends decoded text to the box of the page. Reports.");
   const std::string result = HelpOf(*info.Get(), FindMember("prpStroutput")->number);
   EXPECT_EQ(result.find("Read: The Result."), 0U) << result;
-  EXPECT_NE(result.find(" Written: Inserts encoded text"), std::string::npos) << result;
+  EXPECT_NE(result.find(" Written: Appends encoded text"), std::string::npos) << result;
   const auto events = Info(DIID___ZOLT20MapControl);
   for (const Event& event : Events())
     EXPECT_PRED1(IsHelp, HelpOf(*events.Get(), event.number)) << event.name;
