@@ -56,7 +56,7 @@ void MainWindow::MakeFileMenu() {
   recent_ = menu->addMenu(tr("Open &Recent"));
   connect(recent_, &QMenu::aboutToShow, this, &MainWindow::ShowRecent);
   AddTo(menu, tr("&Save"), QKeySequence::Save, [this] { SaveAll(); });
-  AddTo(menu, tr("Save &As..."), QKeySequence::SaveAs, [this] { SaveAs(); });
+  AddTo(menu, tr("Save &As..."), Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { SaveAs(); });
   menu->addSeparator();
   AddTo(menu, tr("&Export Text..."), {}, &MainWindow::ExportText);
   AddTo(menu, tr("Export A&ll Rules..."), {}, &MainWindow::ExportRules);
@@ -67,7 +67,8 @@ void MainWindow::MakeFileMenu() {
   AddTo(menu, tr("Print Previe&w..."), {}, &MainWindow::PreviewPrint);
   AddTo(menu, tr("Save as PD&F..."), {}, &MainWindow::SavePdf);
   menu->addSeparator();
-  AddTo(menu, tr("&Quit"), QKeySequence::Quit, &QWidget::close);
+  // QKeySequence::Quit and SaveAs have no keys outside of GNOME and KDE.
+  AddTo(menu, tr("&Quit"), Qt::CTRL | Qt::Key_Q, &QWidget::close);
 }
 
 void MainWindow::MakeRuleMenu() {
