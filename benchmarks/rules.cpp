@@ -23,7 +23,7 @@ std::string FileOfRules() {
     const std::string name = "rule " + std::to_string(i);
     content.rules.push_back({String(name.begin(), name.end()), String(kText), u""});
     content.extras.emplace_back();
-    content.extras.back().versions.emplace_back(rules::Version{String(kText), u"", u""});
+    content.extras.back().versions.Add(rules::KeptVersion({String(kText), u"", u""}));
   }
   return rules::WriteContent(content);
 }

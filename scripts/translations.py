@@ -21,8 +21,8 @@ SOURCES = pathlib.Path('hosts/composer')
 SENTENCES = pathlib.Path('language/words.def')
 KIT = pathlib.Path('hosts/kit')
 FUNCTIONS = KIT / 'functions.cpp'
-# Of zolt20-host alone, which speaks English.
-ENGLISH_KIT = {'rules_place.cpp', 'rules_changes.cpp', 'request.cpp', 'functions.cpp'}
+# For machines, and of zolt20-host alone, which speaks English.
+ENGLISH_KIT = {'rules_cut.cpp', 'rules_place.cpp', 'rules_changes.cpp', 'request.cpp', 'functions.cpp'}
 LITERAL = r'"(?:[^"\\\n]|\\.)*"'
 # Texts that nobody reads: what databases are asked, names of connections and files.
 FOR_MACHINES = re.compile(r'(?i)(?:select|set|zolt20) |new rule$|SQLite (?:format|$)|out of memory$')

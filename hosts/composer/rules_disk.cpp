@@ -85,19 +85,46 @@ std::unique_ptr<QLockFile> NeededLock(const QString& target, const QString& wher
 
 // --- From disk
 
-QByteArray ReadBytes(const QString& target, const QString& where) {
-  const QFileInfo info(target);
+namespace {
+
+void CheckRead(const QFile& file, const QString& where) {
+  if (file.error() == QFileDevice::NoError) return;
+  Complain(where,
+           QCoreApplication::translate("composer", "can't be read: %1").arg(file.errorString()));
+}
+
+void OpenToRead(QFile& file, const QString& where) {
+  const QFileInfo info(file.fileName());
   if (info.isDir()) Complain(where, QCoreApplication::translate("composer", "is a folder"));
   if (info.exists() && !info.isFile())
     Complain(where, QCoreApplication::translate("composer", "is no ordinary file"));
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) CheckRead(file, where);
+}
+
+}  // namespace
+
+QByteArray ReadBytes(const QString& target, const QString& where) {
   QFile file(target);
-  const bool opened = file.open(QIODevice::ReadOnly);
-  QByteArray bytes = opened ? file.readAll() : QByteArray();
-  if (file.error() != QFileDevice::NoError) {
-    Complain(where,
-             QCoreApplication::translate("composer", "can't be read: %1").arg(file.errorString()));
-  }
+  OpenToRead(file, where);
+  QByteArray bytes = file.readAll();
+  CheckRead(file, where);
   return bytes;
+}
+
+bool HoldsBytes(const QString& target, std::string_view bytes, const QString& where) {
+  constexpr qsizetype kPiece = 256 * 1024;
+  QFile file(target);
+  OpenToRead(file, where);
+  QByteArray piece(kPiece, Qt::Uninitialized);
+  std::string_view rest = bytes;
+  for (;;) {
+    const qint64 read = file.read(piece.data(), kPiece);
+    CheckRead(file, where);
+    if (read <= 0) return rest.empty();
+    const std::string_view here(piece.constData(), static_cast<std::size_t>(read));
+    if (!rest.starts_with(here)) return false;
+    rest.remove_prefix(here.size());
+  }
 }
 
 // --- To disk
@@ -117,15 +144,15 @@ bool ReachesDisk([[maybe_unused]] const QFileDevice& file) {
 
 }  // namespace
 
-void WriteBytes(const QString& target, const QByteArray& bytes, const QString& where) {
+void WriteBytes(const QString& target, std::string_view bytes, const QString& where) {
   const QString complaint = QCoreApplication::translate("composer", "can't be saved: %1");
   QSaveFile file(target);
   bool sound = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
   // When there is room for a part only, it is the next write that tells why.
-  for (qint64 done = 0; sound && done < bytes.size();) {
-    const qint64 written = file.write(bytes.constData() + done, bytes.size() - done);
+  for (std::string_view rest = bytes; sound && !rest.empty();) {
+    const qint64 written = file.write(rest.data(), static_cast<qint64>(rest.size()));
     sound = written > 0;
-    done += written;
+    if (sound) rest.remove_prefix(static_cast<std::size_t>(written));
   }
   if (!sound) Complain(where, complaint.arg(file.errorString()));
   if (!ReachesDisk(file)) {

@@ -8,6 +8,7 @@
 #include <QLockFile>
 #include <QString>
 #include <memory>
+#include <string_view>
 
 namespace zolt20::composer {
 
@@ -24,8 +25,10 @@ std::unique_ptr<QLockFile> Lock(const QString& target, const QString& where, QSt
 std::unique_ptr<QLockFile> NeededLock(const QString& target, const QString& where);
 
 QByteArray ReadBytes(const QString& target, const QString& where);
+/// Whether the file holds these and nothing else, piece by piece.
+bool HoldsBytes(const QString& target, std::string_view bytes, const QString& where);
 /// All of them or none; the old file is whole when it throws.
-void WriteBytes(const QString& target, const QByteArray& bytes, const QString& where);
+void WriteBytes(const QString& target, std::string_view bytes, const QString& where);
 
 /// That a file was made, renamed or removed in its folder reaches the disk, where the system can
 /// say so.

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 #include "faces/qt/qt_text.h"
@@ -17,13 +18,26 @@ namespace zolt20::composer {
 
 using qt::ToQt;
 using rules::KeptDeleted;
-using rules::KeptVersion;
 using rules::RuleExtras;
 using rules::RulesContent;
 using rules::TimeNow;
 
+namespace {
+
+std::string_view View(const QByteArray& bytes) {
+  return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+// Bytes, and what keeps them.
+struct OwnedBytes {
+  std::shared_ptr<const void> owner;  // null for none
+  std::string_view bytes;
+};
+
+}  // namespace
+
 void WriteWholeFile(const QString& path, const QByteArray& content) {
-  WriteBytes(TargetOf(path), content, Shown(path));
+  WriteBytes(TargetOf(path), View(content), Shown(path));
 }
 
 // What new names have changed: each rule as it was, and as it was then.
@@ -50,9 +64,9 @@ struct RulesFile::State {
   QString shown;   // the path in messages
   QString target;  // what is read and written: the file behind all links
 
-  std::unique_ptr<QLockFile> lock;   // null when none could be made
-  QString whyNotSaved;               // behind the path; "" when it can be saved
-  std::optional<QByteArray> onDisk;  // as read or written last; none for a file not made yet
+  std::unique_ptr<QLockFile> lock;  // null when none could be made
+  QString whyNotSaved;              // behind the path; "" when it can be saved
+  OwnedBytes onDisk;                // as read or written last; none for a file not made yet
 
   RulesContent content;
   bool changed = false;
@@ -60,22 +74,22 @@ struct RulesFile::State {
 };
 
 void RulesFile::State::Read() {
-  onDisk = ReadBytes(target, shown);
-  content = rules::ReadContent({onDisk->constData(), static_cast<std::size_t>(onDisk->size())},
-                               shown.toStdString());
+  const auto read = std::make_shared<const QByteArray>(ReadBytes(target, shown));
+  onDisk = {read, View(*read)};
+  content = rules::ReadContent(onDisk.bytes, shown.toStdString(), onDisk.owner);
 }
 
 // By the bytes: dates of files are too coarse, and a date alone is no change.
 void RulesFile::State::CheckOnDisk() const {
   const bool exists = QFileInfo::exists(target);
-  if (!exists && !onDisk.has_value()) return;
+  if (!exists && !onDisk.owner) return;
   QString done;
   if (!exists) {
     done =
         QCoreApplication::translate("composer", "%1 was removed by somebody else in the meantime");
-  } else if (!onDisk.has_value()) {
+  } else if (!onDisk.owner) {
     done = QCoreApplication::translate("composer", "%1 was made by somebody else in the meantime");
-  } else if (ReadBytes(target, shown) != *onDisk) {
+  } else if (!HoldsBytes(target, onDisk.bytes, shown)) {
     done =
         QCoreApplication::translate("composer", "%1 was changed by somebody else in the meantime");
   } else {
@@ -85,9 +99,9 @@ void RulesFile::State::CheckOnDisk() const {
 }
 
 void RulesFile::State::Write() {
-  QByteArray bytes = QByteArray::fromStdString(rules::WriteContent(content));
-  WriteBytes(target, bytes, shown);
-  onDisk = std::move(bytes);
+  const auto written = std::make_shared<const std::string>(rules::WriteContent(content));
+  WriteBytes(target, *written, shown);
+  onDisk = {written, *written};
   whyNotSaved.clear();
   changed = false;
   if (namesStep) namesStep->isUnchangedBefore = false;
@@ -214,7 +228,7 @@ String RulesFile::Duplicate(StringView name) {
   copy.name = FreeName(copy.name);
   String copyName = copy.name;
   RuleExtras extras = state_->content.extras[index];
-  extras.versions.clear();
+  extras.versions.Clear();
   const auto behind = static_cast<std::ptrdiff_t>(index) + 1;
   state_->content.rules.insert(state_->content.rules.begin() + behind, std::move(copy));
   state_->content.extras.insert(state_->content.extras.begin() + behind, std::move(extras));
@@ -233,10 +247,7 @@ void RulesFile::Remove(StringView name) {
 }
 
 std::vector<Version> RulesFile::VersionsOf(StringView name) const {
-  std::vector<Version> versions;
-  for (const KeptVersion& kept : state_->content.extras[NeededIndex(name)].versions)
-    versions.push_back(kept.Read());
-  return versions;
+  return state_->content.extras[NeededIndex(name)].versions.Read();
 }
 
 String RulesFile::StoredAt(StringView name) const {

@@ -10,6 +10,7 @@
 
 #include "hosts/kit/json_fault.h"
 #include "hosts/kit/json_reader.h"
+#include "hosts/kit/rules_cut.h"
 #include "hosts/kit/rules_writer.h"
 #include "hosts/kit/text_coding.h"
 
@@ -187,15 +188,37 @@ KeptVersion ReadVersion(const JsonValue& record, const Place& where) {
   return KeptVersion(WriteVersion(version));
 }
 
+// The versions that were cut out of the file; counts how many of them were claimed by a rule.
+class CutOut {
+ public:
+  CutOut(const CutText& cut, const std::shared_ptr<const void>& owner) : cut_(cut), owner_(owner) {}
+
+  std::optional<KeptVersions> Take(const JsonValue& record) {
+    const JsonValue* const value = FindValue(record, "versions");
+    if (value == nullptr || !value->IsString()) return std::nullopt;
+    const std::optional<std::size_t> span = cut_.SpanOf(hosts::TextOf(*value));
+    if (!span) return std::nullopt;
+    ++taken_;
+    return KeptVersions(cut_.spans[*span], owner_);
+  }
+  bool HasAll() const { return taken_ == cut_.spans.size(); }
+
+ private:
+  const CutText& cut_;
+  const std::shared_ptr<const void>& owner_;
+  std::size_t taken_ = 0;
+};
+
 // All of the record but the rule itself.
-RuleExtras ReadExtras(const JsonValue& record, bool isDeleted, const Place& where) {
+RuleExtras ReadExtras(const JsonValue& record, bool isDeleted, const Place& where, CutOut& cutOut) {
   RuleExtras extras;
   extras.stored = TextIfThere(record, "stored", where);
   extras.note = TextIfThere(record, "note", where);
-  if (const JsonValue* const versions = ArrayIfThere(record, "versions", where)) {
-    extras.versions.reserve(versions->Size());
-    for (const JsonValue& version : versions->GetArray())
-      extras.versions.push_back(ReadVersion(version, where));
+  if (std::optional<KeptVersions> versions = cutOut.Take(record)) {
+    extras.versions = *std::move(versions);
+  } else if (const JsonValue* const array = ArrayIfThere(record, "versions", where)) {
+    for (const JsonValue& version : array->GetArray())
+      extras.versions.Add(ReadVersion(version, where));
   }
   extras.unknown = UnknownOf(record, kRuleMembers,
                              {"name", "text", "fields", "nodeNotes", "stored", "note", "versions",
@@ -203,7 +226,7 @@ RuleExtras ReadExtras(const JsonValue& record, bool isDeleted, const Place& wher
   return extras;
 }
 
-void ReadRules(const JsonValue& records, const Place& file, RulesContent& content) {
+void ReadRules(const JsonValue& records, const Place& file, CutOut& cutOut, RulesContent& content) {
   std::set<String> names;
   for (const JsonValue& record : records.GetArray()) {
     Place where{file.file, Place::kRule, content.rules.size() + 1};
@@ -212,17 +235,17 @@ void ReadRules(const JsonValue& records, const Place& file, RulesContent& conten
       Complain(file, Message("has two rules of the name \"%1\"", hosts::ForPeople(where.name)));
     }
     content.rules.push_back(std::move(rule));
-    content.extras.push_back(ReadExtras(record, false, where));
+    content.extras.push_back(ReadExtras(record, false, where, cutOut));
   }
 }
 
-void ReadBin(const JsonValue& records, const Place& file, RulesContent& content) {
+void ReadBin(const JsonValue& records, const Place& file, CutOut& cutOut, RulesContent& content) {
   for (const JsonValue& record : records.GetArray()) {
     Place where{file.file, Place::kDeleted, content.bin.size() + 1};
     KeptDeleted kept;
     kept.deleted.rule = ReadRule(record, where);
     kept.deleted.deleted = TextIfThere(record, "deleted", where);
-    kept.extras = ReadExtras(record, true, where);
+    kept.extras = ReadExtras(record, true, where, cutOut);
     content.bin.push_back(std::move(kept));
   }
 }
@@ -233,10 +256,7 @@ KeptNames ReadNames(const JsonValue& names, const Place& where) {
           UnknownOf(names, kNameMembers, {"tables", "fields"})};
 }
 
-}  // namespace
-
-RulesContent ReadContent(std::string_view bytes, const std::string& where) {
-  const Place file{where};
+RulesContent Read(std::string_view bytes, const Place& file, CutOut& cutOut) {
   hosts::JsonReader reader;
   const JsonValue& document = Parse(reader, bytes, file);
   CheckFormat(document, file);
@@ -244,13 +264,46 @@ RulesContent ReadContent(std::string_view bytes, const std::string& where) {
   if (!records.IsArray())
     Complain(file, Message("has \"%1\" that are no array", std::string("rules")));
   RulesContent content;
-  ReadRules(records, file, content);
+  ReadRules(records, file, cutOut, content);
   if (const JsonValue* const bin = ArrayIfThere(document, "bin", file))
-    ReadBin(*bin, file, content);
+    ReadBin(*bin, file, cutOut, content);
   if (const JsonValue* const names = FindValue(document, "catalogue"))
     content.catalogue = ReadNames(*names, file);
   content.unknown = UnknownOf(document, 1, {"format", "version", "rules", "bin", "catalogue"});
   return content;
+}
+
+// Parses the file without its versions. None when anything is wrong, or when versions stand where
+// this edition expects none; the caller parses the whole file then.
+std::optional<RulesContent> ReadWithoutVersions(std::string_view bytes, const Place& file,
+                                                const std::shared_ptr<const void>& owner) {
+  const std::optional<CutText> cut = CutVersions(bytes);
+  if (!cut || cut->spans.empty()) return std::nullopt;
+  CutOut cutOut(*cut, owner);
+  try {
+    RulesContent content = Read(cut->text, file, cutOut);
+    if (cutOut.HasAll()) return content;
+  } catch (const RulesError&) {
+    // The caller throws it again, with the line in the whole file.
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+RulesContent ReadContent(std::string_view bytes, const std::string& where,
+                         const std::shared_ptr<const void>& owner) {
+  const Place file{where};
+  std::optional<RulesContent> content = ReadWithoutVersions(bytes, file, owner);
+  if (content) return *std::move(content);
+  const CutText nothing;
+  CutOut cutOut(nothing, owner);
+  return Read(bytes, file, cutOut);
+}
+
+RulesContent ReadContent(std::string_view bytes, const std::string& where) {
+  const auto kept = std::make_shared<const std::string>(bytes);
+  return ReadContent(*kept, where, kept);
 }
 
 Version KeptVersion::Read() const {
@@ -274,9 +327,9 @@ String TimeNow() {
 
 void PutInPlace(Rule& old, RuleExtras& extras, const Rule& rule, const String& now) {
   if (old.text != rule.text) {
-    extras.versions.emplace_back(Version{std::move(old.text), std::move(old.fields),
-                                         std::move(extras.stored), std::move(old.notes)});
-    if (extras.versions.size() > kVersions) extras.versions.erase(extras.versions.begin());
+    extras.versions.Add(KeptVersion(Version{std::move(old.text), std::move(old.fields),
+                                            std::move(extras.stored), std::move(old.notes)}));
+    if (extras.versions.Count() > kVersions) extras.versions.DropOldest();
     extras.stored = now;
   }
   old = rule;

@@ -6,12 +6,13 @@
 // lazily: they are nearly all of a file and seldom used.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
+#include "hosts/kit/kept_versions.h"
 #include "hosts/kit/message.h"
 #include "language/node_notes.h"
 #include "surface/string.h"
@@ -35,36 +36,12 @@ struct Rule {
   bool operator==(const Rule&) const = default;
 };
 
-/// A former text of a rule.
-struct Version {
-  String text;
-  String fields;
-  String stored;  ///< when the text was stored: "2026-01-31T23:59:59Z", "" when unknown
-  std::vector<language::NodeNote> notes = {};
-
-  bool operator==(const Version&) const = default;
-};
-
 /// A rule in the bin.
 struct DeletedRule {
   Rule rule;
   String deleted;  ///< when the rule was deleted, in the format of `stored`
 
   bool operator==(const DeletedRule&) const = default;
-};
-
-/// A version as its JSON text in the file, parsed by Read().
-class KeptVersion {
- public:
-  explicit KeptVersion(const Version& version);
-  /// `written` has to be the JSON text of a valid version.
-  explicit KeptVersion(std::string written) : written_(std::move(written)) {}
-
-  Version Read() const;
-  const std::string& Written() const { return written_; }
-
- private:
-  std::string written_;
 };
 
 /// A key that this edition does not know, and its value, both as JSON text.
@@ -77,7 +54,7 @@ struct UnknownMember {
 struct RuleExtras {
   String stored;
   String note;
-  std::vector<KeptVersion> versions;
+  KeptVersions versions;
   std::vector<UnknownMember> unknown;
 };
 
@@ -115,7 +92,10 @@ struct RulesContent {
 inline constexpr std::size_t kVersions = 20;
 
 /// Parses the bytes of a file. Throws RulesError when anything is missing or wrong; `where` names
-/// the file in the message.
+/// the file in the message. The content shares `owner`, which keeps the bytes alive and unchanged.
+RulesContent ReadContent(std::string_view bytes, const std::string& where,
+                         const std::shared_ptr<const void>& owner);
+/// The same with a copy of the bytes.
 RulesContent ReadContent(std::string_view bytes, const std::string& where);
 std::string WriteContent(const RulesContent& content);
 

@@ -108,10 +108,12 @@ void AddRule(Members& members, std::string& out, const Rule& rule, const RuleExt
   AddNodeNotes(members, out, rule.notes, kRuleMembers);
   members.AddIfThere("stored", hosts::ToJsonText(extras.stored));
   members.AddIfThere("note", hosts::ToJsonText(extras.note));
-  if (extras.versions.empty()) return;
-  members.Begin("\"versions\"");
-  AppendArray(out, extras.versions, kRuleMembers,
-              [&out](const KeptVersion& version) { out += version.Written(); });
+  if (extras.versions.IsEmpty()) return;
+  members.Begin("\"versions\"") += '[';
+  BeginLine(out, kRuleMembers + 1);
+  extras.versions.AppendTo(out);
+  BeginLine(out, kRuleMembers);
+  out += ']';
 }
 
 void AppendRules(std::string& out, const RulesContent& content) {
@@ -139,8 +141,7 @@ std::size_t RoughLength(const RulesContent& content) {
   std::size_t length = 0;
   for (std::size_t i = 0; i < content.rules.size(); ++i) {
     length += 200 + content.rules[i].text.size() * 5 / 4 + content.rules[i].fields.size();
-    for (const KeptVersion& version : content.extras[i].versions)
-      length += version.Written().size() + 16;
+    length += content.extras[i].versions.Length() + 16;
   }
   return length;
 }

@@ -79,11 +79,12 @@ std::string Plain(const std::string& bytes) {
   content.catalogue.reset();
   for (rules::RuleExtras& extras : content.extras) {
     extras.stored.clear();
-    for (rules::KeptVersion& kept : extras.versions) {
-      rules::Version version = kept.Read();
+    rules::KeptVersions versions;
+    for (rules::Version version : extras.versions.Read()) {
       version.stored.clear();
-      kept = rules::KeptVersion(version);
+      versions.Add(rules::KeptVersion(version));
     }
+    extras.versions = std::move(versions);
   }
   return rules::WriteContent(content);
 }

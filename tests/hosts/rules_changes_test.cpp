@@ -121,7 +121,7 @@ TEST(RulesChangesTest, EachPlaceCanBeLeftOut) {
   EXPECT_EQ(rules::MakeChanges(content, changes, names, u"now"), std::vector<std::size_t>{0});
   EXPECT_EQ(content.rules[0].text, u"select CUSTOMER.A,CUSTOMER.B\r\nfrom  CUSTOMER\r\nendselect");
   EXPECT_EQ(content.rules[0].fields, u"long*Q*V*R*N*NCUSTOMER.B*Q*V*R*N*");
-  EXPECT_EQ(content.extras[0].versions.size(), 1U);
+  EXPECT_EQ(content.extras[0].versions.Count(), 1U);
 }
 
 }  // namespace

@@ -149,8 +149,8 @@ TEST_F(RulesCommandsTest, ARenameLeavesStringsStatementsAndNotes) {
             "\t:var.a = ORDERS__.O_ID + \"ORDERS__.O_ID\"\r\nendselect");
   EXPECT_EQ(Narrow(content.rules[0].fields), "long*Q*V*R*N*NORDERS__.O_NUMBER*Q*V*R*N*numeric(8)");
   EXPECT_EQ(Narrow(content.rules[1].text), "if PERSON__.C_ID = 1 then \r\n\tx\r\nendif");
-  ASSERT_EQ(content.extras[1].versions.size(), 1U);
-  EXPECT_EQ(Narrow(content.extras[1].versions[0].Read().text),
+  ASSERT_EQ(content.extras[1].versions.Count(), 1U);
+  EXPECT_EQ(Narrow(content.extras[1].versions.Read()[0].text),
             "if CUSTOMER.C_ID = 1 then \r\n\tx\r\nendif");
   EXPECT_EQ(Folder(), Texts{"orders.json"});
 }

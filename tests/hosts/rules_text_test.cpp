@@ -205,17 +205,17 @@ TEST(RulesTextTest, AnotherTextMakesAVersionAndOtherFieldsAloneNone) {
   extras.stored = u"then";
   rules::PutInPlace(rule, extras, {u"A", u"1", u"g"}, u"now");
   EXPECT_EQ(rule.fields, u"g");
-  EXPECT_TRUE(extras.versions.empty());
+  EXPECT_TRUE(extras.versions.IsEmpty());
   for (int text = 2; text < 40; ++text)
     rules::PutInPlace(rule, extras, {u"A", Wide(std::to_string(text)), u"g"}, u"now");
-  ASSERT_EQ(extras.versions.size(), rules::kVersions);
-  EXPECT_EQ(extras.versions.back().Read(), (rules::Version{u"38", u"g", u"now"}));
-  EXPECT_EQ(extras.versions.front().Read().text, u"19");
+  ASSERT_EQ(extras.versions.Count(), rules::kVersions);
+  EXPECT_EQ(extras.versions.Read().back(), (rules::Version{u"38", u"g", u"now"}));
+  EXPECT_EQ(extras.versions.Read().front().text, u"19");
   EXPECT_EQ(rule.text, u"39");
   rules::PutInPlace(rule, extras, {u"A", u"39", u"g", {{{0}, u"39", u"n"}}}, u"later");
-  EXPECT_EQ(extras.versions.back().Read().text, u"38") << "notes alone make none";
+  EXPECT_EQ(extras.versions.Read().back().text, u"38") << "notes alone make none";
   rules::PutInPlace(rule, extras, {u"A", u"40", u"g"}, u"later");
-  EXPECT_EQ(extras.versions.back().Read().notes.size(), 1U);
+  EXPECT_EQ(extras.versions.Read().back().notes.size(), 1U);
 }
 
 TEST(RulesTextTest, TimesAreOfTheClockOfTheWorld) {
