@@ -59,7 +59,7 @@ void OpenRules(benchmark::State& state) {
     return SecondsOf([&path] { benchmark::DoNotOptimize(RulesFile::Open(path).rules().size()); });
   };
   Compare(
-      state, Bar::kRatio, 25, [&] { return open(TheFiles().Full()); },
+      state, Bar::kRatio, 5, [&] { return open(TheFiles().Full()); },
       [&] { return open(TheFiles().Plain()); });
 }
 
@@ -71,7 +71,7 @@ void StoreARule(benchmark::State& state) {
     return SecondsOf([&file] { file.Save(); });
   };
   Compare(
-      state, Bar::kRatio, 15, [&] { return store(TheFiles().Full()); },
+      state, Bar::kRatio, 12, [&] { return store(TheFiles().Full()); },
       [&] { return store(TheFiles().Plain()); });
 }
 

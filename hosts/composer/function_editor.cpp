@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "faces/qt/qt_text.h"
+#include "hosts/composer/settings.h"
 #include "hosts/composer/translations.h"
 #include "hosts/kit/functions.h"
 
@@ -106,7 +107,7 @@ FunctionEditor::FunctionEditor(const std::vector<Function>& functions, const QSt
   layout->addWidget(fault_);
   layout->addWidget(hint);
   layout->addWidget(ends);
-  resize(620, 380);
+  ResizeWithinScreen(*this, {620, 380});
   connect(table_, &QTableWidget::itemChanged, this, &FunctionEditor::ShowFault);
   if (table_->rowCount() > 0) table_->setCurrentCell(0, kName);
   ShowFault();

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "faces/qt/qt_text.h"
+#include "hosts/composer/settings.h"
 #include "hosts/composer/translations.h"
 
 namespace zolt20::composer {
@@ -78,7 +79,7 @@ FunctionPicker::FunctionPicker(const std::vector<catalogue::Function>& functions
   layout->addLayout(columns);
   layout->addLayout(line);
   layout->addWidget(buttons);
-  resize(560, 360);
+  ResizeWithinScreen(*this, {560, 360});
   list_->setCurrentRow(functions.empty() ? -1 : 0);
   ShowArguments();
   if (functions.empty()) call_->setFocus();

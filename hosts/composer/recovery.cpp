@@ -14,6 +14,7 @@
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/main_window.h"
 #include "hosts/composer/node_edits.h"
+#include "hosts/composer/settings.h"
 #include "hosts/kit/text_coding.h"
 #include "surface/surface.h"
 
@@ -112,7 +113,7 @@ RecoveryOffer::RecoveryOffer(const KeptSession& session, const Recovery& recover
   layout->addWidget(buttons);
   // Within the dialog, which knows nothing of what its buttons were before.
   if (!recovery.isPlayable) later->setDefault(true);
-  resize(560, 420);
+  ResizeWithinScreen(*this, {560, 420});
 }
 
 QString RecoveryOffer::Told(const KeptSession& session, const Recovery& recovery) const {

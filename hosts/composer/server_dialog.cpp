@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "faces/qt/qt_text.h"
+#include "hosts/composer/settings.h"
 #include "hosts/composer/translations.h"
 
 namespace zolt20::composer {
@@ -54,7 +55,7 @@ ServerDialog::ServerDialog(QWidget* parent, HasDriver hasDriver)
   layout->addWidget(told_);
   layout->addWidget(waiting_);
   layout->addLayout(MakeButtons());
-  resize(600, 340);
+  ResizeWithinScreen(*this, {600, 340});
 
   connect(&reader_, &ServerReader::SchemasRead, this, &ServerDialog::TakeSchemas);
   connect(&reader_, &ServerReader::CatalogueRead, this, &ServerDialog::TakeCatalogue);

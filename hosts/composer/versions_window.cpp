@@ -15,6 +15,7 @@
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/cut_label.h"
 #include "hosts/composer/rule_pane.h"
+#include "hosts/composer/settings.h"
 
 namespace zolt20::composer {
 
@@ -75,7 +76,7 @@ VersionsWindow::VersionsWindow(const RulesFile& rules, StringView name, QWidget*
   });
   connect(other_, &QComboBox::currentIndexChanged, this, &VersionsWindow::ShowDifference);
   list_->setCurrentRow(0);
-  resize(720, 440);
+  ResizeWithinScreen(*this, {720, 440});
 }
 
 const Version& VersionsWindow::Chosen() const {
@@ -120,7 +121,7 @@ DeletedWindow::DeletedWindow(RulesFile& rules, QWidget* parent)
   layout->addWidget(buttons);
   pane_->AddFindBar();
   Fill();
-  resize(640, 400);
+  ResizeWithinScreen(*this, {640, 400});
 }
 
 // The one that was deleted last stands first.

@@ -374,12 +374,19 @@ class ComposerTest : public PersonTest {
     if (auto* map = modal->findChild<ZOLT20MapWidget*>()) widget_ = map;
     EXPECT_TRUE(QTest::qWaitForWindowActive(modal)) << Told();
     QTest::qWait(1);  // for the layout
+    ExpectItFits(*modal);
     TakeSteps();
     handled_.pop_back();
     widget_ = before;
     if (!modal || !modal->isVisible()) return;
     ADD_FAILURE() << "the dialog is still open: " << modal->windowTitle().toStdString();
     static_cast<QDialog*>(modal.data())->done(QDialog::Rejected);
+  }
+  /// That the dialog can be made small enough for a screen of 640 x 400, with a frame around it.
+  static void ExpectItFits(const QWidget& dialog) {
+    const QSize least = dialog.minimumSize().expandedTo(dialog.minimumSizeHint());
+    EXPECT_LE(least.width(), 624) << Std(dialog.windowTitle());
+    EXPECT_LE(least.height(), 352) << Std(dialog.windowTitle());
   }
   void TakeSteps() {
     if (coming_.empty()) {
