@@ -1,7 +1,7 @@
 // What the composer's window does with the control: a rule comes into it and is stored from it.
 #include <QMenu>
+#include <QPushButton>
 #include <QTimer>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "faces/qt/qt_text.h"
@@ -134,7 +134,7 @@ void MainWindow::ShowStatements() {
                              this, [this, text] { TakeIntoPages(text); });
     }
   }
-  auto* button = findChild<QToolButton*>(QStringLiteral("take"));
+  auto* button = findChild<QPushButton*>(QStringLiteral("take"));
   button->setEnabled(!statements_->isEmpty());
 }
 

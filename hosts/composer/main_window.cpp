@@ -8,9 +8,9 @@
 #include <QInputDialog>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "faces/qt/qt_text.h"
@@ -59,11 +59,10 @@ void MainWindow::MakePanes() {
   bold.setBold(true);
   heading_->setFont(bold);
   note_ = new NoteStrip(QStringLiteral("note"));
-  auto* take = new QToolButton;
+  auto* take = new QPushButton;
   take->setText(tr("Take a Statement"));
   take->setObjectName(QStringLiteral("take"));
   take->setToolTip(tr("Puts one select statement of the rule into the pages"));
-  take->setPopupMode(QToolButton::InstantPopup);
   take->setMenu(statements_ = new QMenu(take));
   auto* head = new QHBoxLayout;
   head->setContentsMargins(8, 8, 8, 0);

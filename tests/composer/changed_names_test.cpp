@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QProcess>
 #include <QStatusBar>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <random>
 #include <set>

@@ -18,9 +18,9 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QToolButton>
 #include <algorithm>
 #include <csignal>
 #include <deque>
@@ -137,7 +137,7 @@ class ComposerTest : public PersonTest {
   }
   /// Presses an entry of the menu Take a Statement.
   void TakeStatement(int row, std::vector<Steps> dialogs = {}) {
-    auto& button = *window().findChild<QToolButton*>(QStringLiteral("take"));
+    auto& button = *window().findChild<QPushButton*>(QStringLiteral("take"));
     ASSERT_LT(row, button.menu()->actions().size());
     inPopup_ = [this, row](QMenu& menu) { PressIn(menu, *menu.actions()[row]); };
     With([&] { PressOn(button, button.rect().center()); }, std::move(dialogs));
@@ -298,7 +298,7 @@ class ComposerTest : public PersonTest {
   Texts Takeable() {
     Texts texts;
     for (const QAction* action :
-         window().findChild<QToolButton*>(QStringLiteral("take"))->menu()->actions())
+         window().findChild<QPushButton*>(QStringLiteral("take"))->menu()->actions())
       texts.push_back(Std(action->text()));
     return texts;
   }

@@ -172,7 +172,7 @@ TEST_F(StatementsTest, ASelectStatementAloneCanBeTakenOnceMore) {
 
 TEST_F(StatementsTest, ANewRuleHasNothingToTake) {
   OpenRules({{u"Item", Wide(kItemSelect), u""}});
-  auto& button = *window().findChild<QToolButton*>(QStringLiteral("take"));
+  auto& button = *window().findChild<QPushButton*>(QStringLiteral("take"));
   EXPECT_TRUE(button.isEnabled());
   Menu("Rule", "New");
   EXPECT_FALSE(button.isEnabled());
