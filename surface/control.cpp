@@ -44,6 +44,10 @@ void Control::SetFocus() {
   if (surface_.focus_ != this) surface_.MoveFocus(*this);
 }
 
+Integer Control::TabIndex() const {
+  return surface_.PlaceInTabOrder(*this);
+}
+
 void Control::TabIndex(Integer place) {
   surface_.MoveInTabOrder(*this, place);
 }

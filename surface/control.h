@@ -104,7 +104,7 @@ class Control {
   void SetFocus();
 
   /// The place in the tab order, from 0. The rectangle has none, and -1 stands for that.
-  Integer TabIndex() const { return tabIndex_; }
+  Integer TabIndex() const;
   /// Moves the control to that place, or to the last one when it lies beyond; the controls between
   /// the two places move up or down by one. Raises `value` for a negative place.
   void TabIndex(Integer place);
@@ -142,7 +142,7 @@ class Control {
   bool enabled_ = true;
   bool visible_;
   Geometry place_;
-  int tabIndex_ = -1;
+  mutable int tabIndex_ = -1;  // as it was last read; see Surface::PlaceInTabOrder
 };
 
 }  // namespace zolt20

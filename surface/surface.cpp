@@ -104,6 +104,7 @@ SurfaceState Surface::Save() const {
   state.controls_.reserve(controls_.size());
   state.focus_ = controls_.size();
   std::vector<std::size_t> tabOrder(tabOrder_.size());
+  NumberTabOrder();
   for (std::size_t i = 0; i < controls_.size(); ++i) {
     const Control& control = *controls_[i];
     if (i >= kForm.size()) state.loaded_.push_back({control.design().name, control.Index()});
@@ -135,7 +136,7 @@ void Surface::Restore(SurfaceState state) {
   for (std::size_t place = 0; place < tabOrder_.size(); ++place) {
     tabOrder_[place] = controls_[state.tabOrder_[place]];
   }
-  NumberTabOrder(0, tabOrder_.size());
+  NumberTabOrder();
   focus_ = state.focus_ < controls_.size() ? controls_[state.focus_] : nullptr;
   Notify([](SurfaceObserver& observer) { observer.StateReplaced(); });
 }
@@ -167,15 +168,14 @@ void Surface::EnterLoaded(Control& element, const Control& like) {
 }
 
 void Surface::Leave(Control& control) {
-  const auto place = static_cast<std::size_t>(control.tabIndex_);
-  tabOrder_.erase(tabOrder_.begin() + control.tabIndex_);
-  NumberTabOrder(place, tabOrder_.size());
+  const int place = PlaceInTabOrder(control);
+  tabOrder_.erase(tabOrder_.begin() + place);
   controls_.erase(std::find(controls_.begin(), controls_.end(), &control));
   const bool hadFocus = focus_ == &control;
   if (hadFocus) focus_ = nullptr;
   Notify([&](SurfaceObserver& observer) {
     if (hadFocus) observer.FocusChanged(nullptr);
-    observer.TabOrderChanged(static_cast<int>(place), static_cast<int>(tabOrder_.size()));
+    observer.TabOrderChanged(place, static_cast<int>(tabOrder_.size()));
     observer.ElementUnloading(control);
   });
 }
@@ -205,7 +205,7 @@ void Surface::DropLostFocus() {
 void Surface::MoveInTabOrder(Control& control, Integer place) {
   if (place < 0) Raise(ErrorKind::kValue);
   assert(control.tabIndex_ >= 0);
-  const auto from = static_cast<std::size_t>(control.tabIndex_);
+  const auto from = static_cast<std::size_t>(PlaceInTabOrder(control));
   const auto to = std::min(static_cast<std::size_t>(place.value()), tabOrder_.size() - 1);
   if (from == to) return;
   const auto begin = tabOrder_.begin();
@@ -216,14 +216,29 @@ void Surface::MoveInTabOrder(Control& control, Integer place) {
     std::rotate(at(to), at(from), at(from + 1));
   }
   const auto [first, last] = std::minmax(from, to);
-  NumberTabOrder(first, last + 1);
   Notify([first = first, last = last](SurfaceObserver& observer) {
     observer.TabOrderChanged(static_cast<int>(first), static_cast<int>(last));
   });
 }
 
-void Surface::NumberTabOrder(std::size_t first, std::size_t last) {
-  for (std::size_t place = first; place < last; ++place) {
+// A move writes to no control that it shifts; the place of a control is looked for when it is asked
+// for. The search starts a little before the place where the control was found last and goes
+// towards the end, since most moves go to the head of the order and shift the others by one. Every
+// control but the rectangle is in the tab order.
+int Surface::PlaceInTabOrder(const Control& control) const {
+  constexpr int kBefore = 8;
+  if (control.tabIndex_ < 0) return -1;
+  const auto begin = tabOrder_.begin();
+  const auto end = tabOrder_.end();
+  const auto first =
+      begin + std::clamp<std::ptrdiff_t>(control.tabIndex_ - kBefore, 0, end - begin);
+  auto found = std::find(first, end, &control);
+  if (found == end) found = std::find(begin, first, &control);
+  return control.tabIndex_ = static_cast<int>(found - begin);
+}
+
+void Surface::NumberTabOrder() const {
+  for (std::size_t place = 0; place < tabOrder_.size(); ++place) {
     tabOrder_[place]->tabIndex_ = static_cast<int>(place);
   }
 }

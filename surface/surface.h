@@ -164,7 +164,8 @@ class Surface {
   void MoveFocus(Control& control);
   void DropLostFocus();
   void MoveInTabOrder(Control& control, Integer place);
-  void NumberTabOrder(std::size_t first, std::size_t last);
+  int PlaceInTabOrder(const Control& control) const;
+  void NumberTabOrder() const;
 
   // Gestures.
   Control& Own(const Control& control) const;

@@ -1,3 +1,6 @@
+#include <cstdint>
+#include <random>
+
 #include "tests/surface/bare_form.h"
 
 namespace zolt20::tests {
@@ -50,6 +53,7 @@ TEST_F(TabOrderTest, LabelsAndFramesStandInItTheRectangleDoesNot) {
   EXPECT_GE(form.fraSelect.TabIndex(), 0);
   for (const Control* control : form.TabOrder())
     EXPECT_NE(control->name(), "Shape1");
+  EXPECT_EQ(form.Find("Shape1")->TabIndex(), -1);
   EXPECT_EQ(LastPlace() + 1, static_cast<int>(form.Controls().size()) - 1);
 }
 
@@ -95,6 +99,24 @@ TEST_F(TabOrderTest, WritingItFiresNothingAndLeavesTheFocus) {
   Events();
   form.cmdDone.TabIndex(0);
   EXPECT_EQ(Focused(), "cmdDone");
+}
+
+TEST_F(TabOrderTest, PlacesAreRightAfterAnyNumberOfMoves) {
+  std::mt19937 random(1);
+  const auto below = [&random](std::size_t count) { return random() % count; };
+  for (int step = 0; step < 3000; ++step) {
+    const auto order = form.TabOrder();
+    // Often to the head, as the handlers of pages do.
+    const int to = below(2) == 0 ? 0 : static_cast<int>(below(order.size() + 5));
+    const_cast<Control*>(order[below(order.size())])->TabIndex(to);
+    if (step % 100 == 30) form.TxtExpr.Load(1);
+    if (step % 100 == 80) form.TxtExpr.Unload(1);
+    if (below(40) != 0) continue;
+    const auto now = form.TabOrder();
+    const std::size_t first = below(now.size());
+    for (std::size_t place = first; place < now.size(); ++place)
+      ASSERT_EQ(now[place]->TabIndex(), static_cast<std::int64_t>(place)) << step;
+  }
 }
 
 }  // namespace
