@@ -200,9 +200,10 @@ int Play(std::istream& input, const Options& options) {
   std::string line;
   for (long number = 1; std::getline(input, line); ++number) {
     if (Session::IsSkipped(line)) continue;
-    const std::string reply = session.Reply(line);
+    std::string reply = session.Reply(line);
     if (!quiet) {
-      std::cout << reply << '\n';
+      reply += '\n';
+      std::cout << reply;
       // A program that sends requests may wait for this reply before it sends the next one.
       if (!options.file.has_value()) std::cout.flush();
     } else if (reply.find("\"ok\":false") != std::string::npos) {

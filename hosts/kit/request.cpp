@@ -78,7 +78,7 @@ int WholeNumber(const JsonValue& value) {
 UserGesture ReadGesture(const JsonValue& request, const Surface& form) {
   const std::string_view word = NeededText(request, "user");
   const bool isTab = word == zolt20::DesignOf(Gesture::kTab).word;
-  const std::string name(isTab ? form.tabVrn.name() : NeededText(request, "control"));
+  const std::string_view name = isTab ? form.tabVrn.name() : NeededText(request, "control");
   const Control* control = form.Find(name);
   const GestureDesign& design = DesignOf(word, control);
 
@@ -92,10 +92,10 @@ UserGesture ReadGesture(const JsonValue& request, const Surface& form) {
 
   if (control == nullptr) throw BadRequest("the form has no control " + Quoted(name));
   if (!Surface::Offers(*control, made.gesture)) {
-    throw BadRequest(name + " can't be made to " + std::string(word));
+    throw BadRequest(std::string(name) + " can't be made to " + std::string(word));
   }
   if (made.mark && !LiesWithin(*made.mark, static_cast<const TextBox*>(control)->Text()))
-    throw BadRequest(name + " has no such mark");
+    throw BadRequest(std::string(name) + " has no such mark");
   const bool isInteger = made.gesture == Gesture::kKey || made.gesture == Gesture::kTab;
   if (isInteger && (made.number < Integer::kLeast || made.number > Integer::kGreatest))
     Raise(ErrorKind::kOverflow);
