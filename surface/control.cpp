@@ -10,7 +10,7 @@ Control::Control(Surface& surface, const Design& design)
     : surface_(surface),
       design_(&design),
       visible_((design.style & kHidden) == 0),
-      place_(design.place) {}
+      place_(PlaceAtDesign(design.name)) {}
 
 void Control::Enabled(bool enabled) {
   if (enabled == enabled_) return;

@@ -30,8 +30,8 @@ enum class Kind {
 /// The name of a control, or of a control array: all elements of an array share it.
 enum class ControlName {
 #define ZOLT20_ARRAY(kind, name) name,
-#define ZOLT20_CONTROL(kind, name, page, frame, caption, style, place) name,
-#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style, place)
+#define ZOLT20_CONTROL(kind, name, page, frame, caption, style) name,
+#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style)
 #include "surface/form.def"
   kForm,  ///< no control: the form itself, around all frames
 };
@@ -60,13 +60,6 @@ struct Geometry {
   friend bool operator==(const Geometry&, const Geometry&) = default;
 };
 
-constexpr Geometry At(int left, int top, int width, int height) {
-  return {left, top, width, height};
-}
-
-/// The place of a control whose place no logic reads: each face lays it out as it likes.
-inline constexpr Geometry kByTheFace{};
-
 /// The page of controls that are shown whatever the page.
 inline constexpr int kEveryPage = -1;
 
@@ -84,19 +77,36 @@ struct Design {
   ControlName frame;  ///< the frame it lies in, or kForm
   StringView caption;
   unsigned style;  ///< bits of Style
-  Geometry place;
 };
 
 inline constexpr auto kForm = std::to_array<Design>({
 #define ZOLT20_ARRAY(kind, name)
-#define ZOLT20_CONTROL(kind, name, page, frame, caption, style, place) \
-  {Kind::kind, ControlName::name, kNoIndex, #name, page, ControlName::frame, caption, style, place},
-#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style, place) \
-  {Kind::kind, ControlName::array, index,   #array "(" #index ")",             \
-   page,       ControlName::frame, caption, style,                             \
-   place},
+#define ZOLT20_CONTROL(kind, name, page, frame, caption, style) \
+  {Kind::kind, ControlName::name, kNoIndex, #name, page, ControlName::frame, caption, style},
+#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style) \
+  {Kind::kind, ControlName::array, index,   #array "(" #index ")",      \
+   page,       ControlName::frame, caption, style},
 #include "surface/form.def"
 });
+
+/// The place of a control at design. Only these places are read by the logic; each face lays out
+/// all other controls as it likes, and their place is {}.
+constexpr Geometry PlaceAtDesign(ControlName name) {
+  switch (name) {
+    case ControlName::fracase:
+      return {0, 0, 0, 2880};
+    case ControlName::TxtExpr:
+      return {120, 120, 1935, 680};
+    case ControlName::txtStmt:
+      return {2640, 120, 3975, 680};
+    case ControlName::VscrCase:
+      return {6720, 120, 375, 2295};
+    case ControlName::cmdNext:
+      return {6720, 2520, 825, 350};
+    default:
+      return {};
+  }
+}
 
 /// The captions of the pages, in order.
 inline constexpr std::array<StringView, 7> kPageCaptions{

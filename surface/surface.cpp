@@ -65,8 +65,8 @@ Surface::Surface(FormVisible visible) : visible_(visible) {
   controls_.reserve(kForm.size());
   tabOrder_.reserve(kForm.size());
 #define ZOLT20_ARRAY(kind, name)
-#define ZOLT20_CONTROL(kind, name, page, frame, caption, style, place) Enter(name);
-#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style, place) \
+#define ZOLT20_CONTROL(kind, name, page, frame, caption, style) Enter(name);
+#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style) \
   Enter((array).Add(kForm[kRowOf<ControlName::array, index>]));
 #include "surface/form.def"
 
@@ -183,8 +183,8 @@ void Surface::Leave(Control& control) {
 AnyControlArray* Surface::ArrayOf(ControlName name) {
 #define ZOLT20_ARRAY(kind, array) \
   if (name == ControlName::array) return &(array);
-#define ZOLT20_CONTROL(kind, name, page, frame, caption, style, place)
-#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style, place)
+#define ZOLT20_CONTROL(kind, name, page, frame, caption, style)
+#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style)
 #include "surface/form.def"
   return nullptr;
 }

@@ -55,9 +55,9 @@ class Surface {
 
   // The controls, by name. One row of surface/form.def each.
 #define ZOLT20_ARRAY(kind, name) ControlArray<kind> name{*this, ControlName::name};
-#define ZOLT20_CONTROL(kind, name, page, frame, caption, style, place) \
+#define ZOLT20_CONTROL(kind, name, page, frame, caption, style) \
   kind name{*this, kForm[kRowOf<ControlName::name>]};
-#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style, place)
+#define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style)
 #include "surface/form.def"
 
   /// All controls: those of the form's list in its order, then the loaded elements in the order of

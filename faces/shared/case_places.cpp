@@ -8,7 +8,7 @@ constexpr int kRowGapTwips = 10;
 }  // namespace
 
 CaseSpan CaseSpanOf(const Surface& form, const Control& control) {
-  const Geometry first = form.TxtExpr(0).design().place;
+  const Geometry first = PlaceAtDesign(ControlName::TxtExpr);
   const int pitch = first.height + kRowGapTwips;
   const int rowsInFrame = (form.fracase.Height() - first.top) / pitch;
   CaseSpan span{{control.Top()}, {control.Height()}};

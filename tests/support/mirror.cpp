@@ -95,7 +95,7 @@ void Mirror::Read(const Control& control, Property property, Image& image) {
       image.visible = control.Visible();
       break;
     case Property::kPlace:
-      image.place = At(control.Left(), control.Top(), control.Width(), control.Height());
+      image.place = {control.Left(), control.Top(), control.Width(), control.Height()};
       break;
     case Property::kText:
       if (const auto* box = As<TextBox>(control)) image.text = box->Text();

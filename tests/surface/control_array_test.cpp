@@ -12,8 +12,8 @@ TEST_F(ControlArrayTest, ALoadedElementIsLikeElementZeroButHiddenAndEmpty) {
   Events();
   form.txtStmt.Load(1);
   const TextBox& element = form.txtStmt(1);
-  EXPECT_EQ(At(element.Left(), element.Top(), element.Width(), element.Height()),
-            At(7, -570, 3975, 680));
+  EXPECT_EQ((Geometry{element.Left(), element.Top(), element.Width(), element.Height()}),
+            (Geometry{7, -570, 3975, 680}));
   EXPECT_FALSE(element.Visible());
   EXPECT_TRUE(element.Enabled());
   EXPECT_EQ(element.Text(), u"");

@@ -305,12 +305,12 @@ TEST_F(FormTest, ExactlyOneOfTheFramesAtTheRightOfTheConditionPageIsVisible) {
 TEST_F(FormTest, TheCaseRowsHaveTheirPlacesAtDesign) {
   const auto place = [this](std::string_view name) {
     const Control& control = On(name);
-    return At(control.Left(), control.Top(), control.Width(), control.Height());
+    return Geometry{control.Left(), control.Top(), control.Width(), control.Height()};
   };
-  EXPECT_EQ(place("TxtExpr(0)"), At(120, 120, 1935, 680));
-  EXPECT_EQ(place("txtStmt(0)"), At(2640, 120, 3975, 680));
-  EXPECT_EQ(place("VscrCase"), At(6720, 120, 375, 2295));
-  EXPECT_EQ(place("cmdNext"), At(6720, 2520, 825, 350));
+  EXPECT_EQ(place("TxtExpr(0)"), (Geometry{120, 120, 1935, 680}));
+  EXPECT_EQ(place("txtStmt(0)"), (Geometry{2640, 120, 3975, 680}));
+  EXPECT_EQ(place("VscrCase"), (Geometry{6720, 120, 375, 2295}));
+  EXPECT_EQ(place("cmdNext"), (Geometry{6720, 2520, 825, 350}));
   EXPECT_EQ(On("fracase").Height(), 2880);
 }
 

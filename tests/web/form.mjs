@@ -21,7 +21,7 @@ export const kForm = Object.fromEntries(
     .filter((line) => !line.startsWith('ZOLT20_ARRAY'))
     .map((line) => {
       const row =
-        /^ZOLT20_(CONTROL|ELEMENT)\((\w+), (\w+), (?:(\d+), )?(\w+), (\w+), u"((?:[^"\\]|\\.)*)", ([\w |]+), (.*)\)$/.exec(
+        /^ZOLT20_(CONTROL|ELEMENT)\((\w+), (\w+), (?:(\d+), )?(\w+), (\w+), u"((?:[^"\\]|\\.)*)", ([\w |]+)\)$/.exec(
           line,
         );
       if (row === null) throw new Error(`form.def has a row of another shape: ${line}`);
