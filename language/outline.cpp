@@ -371,8 +371,8 @@ class Reader {
     at_ = end;
   }
 
-  // The place behind "then", on this line or on one of the next, before a line that begins with a
-  // word of its own.
+  // The position behind the "then" of a head, which may be on a later line (kMostHeadLines at
+  // most); npos when an empty line or one that begins with a keyword comes first.
   std::size_t FindThen(std::size_t from) const {
     std::size_t end = lineEnd_;
     for (int lines = 0; lines < kMostHeadLines; ++lines) {

@@ -57,7 +57,8 @@ Opening Try(StringView statement, const Catalogue& catalogue, const Doing& fill,
 Opening OpenSelect(StringView statement, const Catalogue& catalogue);
 Opening OpenCondition(StringView statement, const Catalogue& catalogue);
 
-/// Replaces `best` if the other opening has fewer lines that differ.
+/// Replaces `best` if `opening` has steps and fewer lines in its differences to the stored text, or
+/// if `best` has no steps.
 void KeepBetter(Opening& best, Opening opening);
 
 }  // namespace zolt20::reopen

@@ -75,8 +75,9 @@ String Encode(StringView text);
 /// All lines but the first may be one tab in, as prpStroutput gives them at a depth above 0.
 String EncodeBlock(StringView block, bool isSelectDo);
 
-/// Writes all parts but empty ones, in the calling order, to a control that has its catalogue and
-/// no statement yet. Runs the properties' handlers and raises their errors.
+/// Writes all parts that are not empty to a control that has its catalogue and no statement yet, in
+/// the calling order of docs/hosts.md. Runs the handlers of the properties; their run-time errors
+/// propagate.
 void WriteParts(ZOLT20MapControl& control, const Parts& parts);
 
 }  // namespace zolt20::reopen

@@ -109,9 +109,9 @@ class ControlSnapshot {
 
 class ZOLT20MapControl final : private Surface, private ModuleVariables {
  public:
-  /// Creation: fixed list contents, page 0, its tab order. The host then calls
-  /// UserControl_InitProperties for a new control or UserControl_ReadProperties for a stored one.
-  /// The host outlives the control.
+  /// Fills the lists with their fixed contents, shows page 0 and sets the tab order of page 0. The
+  /// host then calls UserControl_InitProperties for a new control or UserControl_ReadProperties for
+  /// a stored one. The host must outlive the control.
   explicit ZOLT20MapControl(ControlHost& host, FormVisible visible = FormVisible::kYes);
   ~ZOLT20MapControl() override = default;
 

@@ -103,7 +103,8 @@ class Control {
   /// takes no focus.
   void SetFocus();
 
-  /// The place in the tab order, from 0. The rectangle has none, and -1 stands for that.
+  /// The place in the tab order, from 0; -1 for Shape1, the one control of the kind Rectangle,
+  /// which has none.
   Integer TabIndex() const;
   /// Moves the control to that place, or to the last one when it lies beyond; the controls between
   /// the two places move up or down by one. Raises `value` for a negative place.

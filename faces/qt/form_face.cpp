@@ -146,7 +146,8 @@ void FormFace::TypedIn(const Control& box, const QLineEdit& line, TextMark marke
   End(person_.TypeInLine(box, View(text), caret, marked));
 }
 
-// The widget of a gesture that was not taken is reset when the call in progress shows its changes.
+// Shows the changes of a gesture and reports its result. A gesture that was not taken (kNotTaken)
+// changes nothing here; the call in progress resets its widget when it shows its own changes.
 void FormFace::End(faces::End end) {
   if (end == faces::End::kNotTaken) return;
   const faces::MadeGesture made = person_.made();

@@ -130,7 +130,8 @@ Part OnCase() {
   Part head = Row("case-head", 0,
                   {Fields(2, {Pair(lblexprcase, txtcaseexp), Space()}),
                    Fields(3, {Pair(lblDefault, TxtDef, 1)})});
-  // Headings above the boxes of the rows, which have fixed places: 120 and 2640 of 7665 twips.
+  // The headings above the two columns of case rows. The columns begin at fixed positions: at 120
+  // and 2640 of 7665 twips.
   Part words = Row("case-words", 0, {Space(120), Of(lblexpr, 2520), Of(lblstmt, 5025)}, Gap::kNone);
   Part rows{PartKind::kOwn,
             "cases",

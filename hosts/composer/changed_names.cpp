@@ -67,7 +67,8 @@ QString Told(TypeTrouble trouble) {
   }
 }
 
-// What a place is that need not mean the name; "" for one that does.
+// The kind of a place where the name may mean something else; "" for a place that certainly uses
+// the name.
 QString KindOf(const rules::Change& change) {
   if (change.isInNote) return ChangedNamesWindow::tr("note");
   if (change.place == UsePlace::kString) return ChangedNamesWindow::tr("quoted text");
@@ -121,7 +122,7 @@ ChangedNamesWindow::ChangedNamesWindow(rules::NamesReview& review,
   ResizeWithinScreen(*this, {860, 520});
 }
 
-// What is open and where the person is stay so.
+// Fills the tree anew; expanded items, the current item and the scroll position stay.
 void ChangedNamesWindow::Fill() {
   const QSignalBlocker blocker(tree_);
   QSet<QString> open;
@@ -190,7 +191,7 @@ QComboBox* ChangedNamesWindow::NewNamesOf(std::size_t index) {
     if (i < offered.size()) combo->addItem(ToQt(offered[i]), ToQt(offered[i]));
   }
   combo->setCurrentIndex(combo->findData(ToQt(name.chosen)));
-  // The tree is filled again, and the combo goes with it.
+  // Choosing fills the tree anew and deletes this combo, so it waits until the signal is over.
   connect(combo, &QComboBox::activated, this, [this, combo, index] {
     const QString after = combo->currentData().toString();
     qt::DoLater(*this, [this, index, after] { Choose(index, after); });
@@ -198,7 +199,7 @@ QComboBox* ChangedNamesWindow::NewNamesOf(std::size_t index) {
   return combo;
 }
 
-// A wheel that turns the list turns no new name.
+// The wheel scrolls the tree; it must not change the combos that it passes.
 bool ChangedNamesWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Wheel && qobject_cast<QComboBox*>(watched) != nullptr) {
     event->ignore();

@@ -9,7 +9,7 @@
 namespace zolt20::composer {
 namespace {
 
-// A line of its own for each finding, whatever characters the name has.
+// The name without line breaks, so that each finding stays on one line.
 std::string InOneLine(const String& name) {
   std::string shown = hosts::ToJsonText(name);
   for (char& character : shown) {

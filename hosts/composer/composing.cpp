@@ -1,4 +1,4 @@
-// What the composer's window does with the control: a rule comes into it and is stored from it.
+// The part of MainWindow that loads a rule into the control.
 #include <QMenu>
 #include <QPushButton>
 #include <QTimer>
@@ -37,12 +37,12 @@ void MainWindow::MakeMap() {
   ShowMap();
   AnswerRequests(*map_, catalogue_);
   nodeEdits_->Follow(*map_);
-  // Once for many gestures that come soon after each other.
+  // Updates once after several gestures that follow each other closely.
   auto* soon = new QTimer(map_);
   soon->setSingleShot(true);
   connect(soon, &QTimer::timeout, this, &MainWindow::ShowChanged);
   const auto begin = [soon] { soon->start(kSoonMilliseconds); };
-  // What is typed is looked at when the person rests, and the longer the text the later.
+  // While typing goes on, the update waits for a pause, which is longer for a longer text.
   connect(map_, &ZOLT20MapWidget::gestureMade, soon, [soon](const ZOLT20Gesture& gesture) {
     const qsizetype more = gesture.text.size() / kCharactersAMillisecond;
     const bool isTyped = gesture.verb == u"type" && gesture.goesOn;
@@ -51,7 +51,7 @@ void MainWindow::MakeMap() {
   connect(map_, &ZOLT20MapWidget::undone, soon, begin);
   connect(map_, &ZOLT20MapWidget::redone, soon, begin);
   connect(map_, &ZOLT20MapWidget::eventDone, this, &MainWindow::OnDone);
-  // Behind the event, since the control goes away.
+  // Queued: the slot deletes the control that emits the event.
   connect(map_, &ZOLT20MapWidget::eventCancel, this, &MainWindow::Leave, Qt::QueuedConnection);
 }
 
@@ -59,7 +59,7 @@ void MainWindow::ShowNote(const QString& note) {
   note_->setText(note);
 }
 
-// One statement goes into the pages, anything else into the Result, where nothing of it changes.
+// A single select statement fills the pages; any other text goes into the Result unchanged.
 void MainWindow::FillPages(const QString& text) {
   const reopen::Reopened reopened = reopen::Reopen(View(text));
   try {
@@ -86,7 +86,7 @@ void MainWindow::TakeStatement(const QString& text) {
   ShowNote(notes.join(u'\n'));
 }
 
-// One that the control takes back.
+// Writes a text into the Result. The control must be able to take it (reopen::Encode).
 void MainWindow::PutResult(const QString& text) {
   map_->Write("prpStroutput", ToQt(reopen::Encode(View(text))));
   ShowNote(tr(
@@ -94,12 +94,12 @@ void MainWindow::PutResult(const QString& text) {
       "Select List page adds behind it; on the pages after that it replaces what is there."));
 }
 
-// The pages get the statement, the Result keeps the whole rule.
+// Fills the pages from one statement of the rule and puts the whole rule into the Result.
 void MainWindow::TakeIntoPages(const QString& text) {
   if (!MayLeaveRule()) return;
   QString whole = ToQt(rules_->Find(View(rule_))->text);
   if (IsReadOnly()) {
-    // What is composed now is another rule, so that nothing is written over this one.
+    // A read-only rule must not be overwritten, so this begins a new rule.
     rule_.clear();
     whole.clear();
     ShowForReading({});

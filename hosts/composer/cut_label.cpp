@@ -50,7 +50,7 @@ QString ShortName(const QString& name) {
 }
 
 QString TipOf(const QString& text) {
-  // A zero-width space after some characters, since a tip without a blank would go off the screen.
+  // A tip wraps at blanks only; zero-width spaces let a long name without blanks wrap, too.
   QString broken;
   for (qsizetype at = 0; at < text.size(); at += kLongName) {
     broken += text.mid(at, kLongName).toHtmlEscaped() + QChar(0x200B);

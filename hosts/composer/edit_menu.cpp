@@ -15,7 +15,7 @@
 namespace zolt20::composer {
 namespace {
 
-// As a text of a menu has it.
+// The name as the text of a menu item, where & begins a mnemonic.
 QString Quoted(const QString& name) {
   return ShortName(name).replace(u'&', QLatin1String("&&"));
 }
@@ -35,7 +35,7 @@ EditMenu::EditMenu(QWidget& window, QMenu& menu, FindBar& find)
   QList<QKeySequence> again = QKeySequence::keyBindings(QKeySequence::Redo);
   if (!again.contains(QKeySequence(Qt::CTRL | Qt::Key_Y))) again.append(Qt::CTRL | Qt::Key_Y);
   redo_->setShortcuts(again);
-  // What the keys do, whatever it is that would be undone.
+  // The window with the keys shows the plain command, without the name of the step.
   undo_->setProperty("command", undo_->text());
   redo_->setProperty("command", redo_->text());
   undo_->setObjectName(QStringLiteral("undoAction"));
@@ -53,7 +53,7 @@ EditMenu::EditMenu(QWidget& window, QMenu& menu, FindBar& find)
 
 void EditMenu::Follow(RecordedMap& map) {
   map_ = &map;
-  // The same keys twice would do nothing.
+  // Two shortcuts with the same keys are ambiguous, and Qt would activate neither.
   for (const auto key : {QKeySequence::Undo, QKeySequence::Redo, QKeySequence::Find}) {
     if (QShortcut* shortcut = ShortcutOf(map, key)) shortcut->setEnabled(false);
   }
@@ -69,8 +69,8 @@ void EditMenu::ShowHistory() {
   redo_->setText(redo.isEmpty() ? tr("&Redo") : tr("&Redo \"%1\"").arg(Quoted(redo)));
 }
 
-// In a text that has the focus; from another place of the control its list is filtered, as the line
-// above it says; from anywhere else in the Result.
+// With the focus in a text, finds in that text; elsewhere in the control, goes to the filter of the
+// page's list; outside of the control, finds in the Result.
 void EditMenu::Find() {
   QWidget* focus = QApplication::focusWidget();
   if (auto* text = qobject_cast<QPlainTextEdit*>(focus)) return find_.FindIn(*text);

@@ -29,7 +29,7 @@ using qt::View;
 constexpr int kSoonMilliseconds = 150;
 constexpr qsizetype kMostShown = 200;
 
-// The places of one rule.
+// Collects the places in one rule.
 class Finder {
  public:
   Finder(const RuleText& rule, const QString& words, std::vector<FoundPlace>& found)
@@ -57,7 +57,7 @@ class Finder {
   }
 
  private:
-  // At the head of the node.
+  // The place of a note is the head of its node.
   void FindNotes() {
     if (rule_.notes.empty()) return;
     const std::vector<language::Node> nodes = language::ReadOutline(View(rule_.text));
@@ -142,7 +142,7 @@ FindWindow::FindWindow(Source rules, NamesSource names, QWidget* parent)
   auto* line = new QHBoxLayout;
   line->addWidget(words_, 1);
   line->addWidget(searched_);
-  // No button is pressed by Enter, which leads to a place.
+  // Enter opens the current place, so no button may be the default button.
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
   for (QAbstractButton* button : buttons->buttons())
     static_cast<QPushButton*>(button)->setAutoDefault(false);

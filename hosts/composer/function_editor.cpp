@@ -25,7 +25,8 @@ using qt::ToQt;
 
 enum Column { kName, kArguments, kKind, kText, kColumns };
 
-// What stands in the file, of a cell whose words the person reads in another language.
+// For a cell with a translated text: the English text of the file, and the translation that was
+// shown.
 enum { kEnglish = Qt::UserRole, kShown };
 
 QString CellText(const QTableWidget& table, int row, int column) {
@@ -33,7 +34,7 @@ QString CellText(const QTableWidget& table, int row, int column) {
   return item == nullptr ? QString() : item->text().trimmed();
 }
 
-// As the function had it, when nobody has changed it.
+// The text for the file: the original English text unless the cell was edited.
 QString KeptText(const QTableWidget& table, int row, int column) {
   const QTableWidgetItem* item = table.item(row, column);
   const bool isKept = item != nullptr && item->data(kEnglish).isValid() &&
@@ -155,7 +156,7 @@ void FunctionEditor::AddRow(const Function& function) {
   put(kText, ToQt(function.text), ToQt(words.text));
 }
 
-// Those that are not there yet, behind the others.
+// Appends the functions that the table does not have yet.
 void FunctionEditor::AddKnown(const std::vector<Function>& functions) {
   QSet<QString> names;
   for (int row = 0; row < table_->rowCount(); ++row)

@@ -18,12 +18,12 @@ namespace {
 
 using qt::ToQt;
 
-// An argument that a call may leave out stands in brackets.
+// A name in brackets is an optional argument.
 bool IsOptional(const String& argument) {
   return argument.starts_with(u'[') && argument.ends_with(u']');
 }
 
-// Arguments as far as the list goes scroll.
+// A scroll area, for functions with many arguments.
 QWidget* Scrolled(QLayout* content) {
   auto* inner = new QWidget;
   inner->setLayout(content);
@@ -112,7 +112,7 @@ QString FunctionPicker::Call() const {
   return call_->text().trimmed();
 }
 
-// Optional arguments that are empty are left out as far as nothing stands behind them.
+// The call with the typed arguments; trailing optional arguments that are empty are left out.
 QString FunctionPicker::CallOfPicked() const {
   if (list_->currentRow() < 0) return {};
   const auto& names = functions_[static_cast<std::size_t>(list_->currentRow())].arguments;
@@ -131,7 +131,7 @@ void FunctionPicker::ShowCall() {
   call_->setCursorPosition(0);
 }
 
-// One that the filter hides is not picked any more, but the first that it shows.
+// When the filter hides the current function, the first visible one becomes current.
 void FunctionPicker::PickShown() {
   if (list_->currentRow() >= 0 && !list_->currentItem()->isHidden()) return;
   int row = 0;

@@ -58,7 +58,7 @@ std::vector<Key> KeysOf(const QMainWindow& window) {
   return keys;
 }
 
-// A window of its own beside the composer's, which goes with it.
+// A window that is not modal and is deleted with `parent`.
 QDialog& NewWindow(QMainWindow& parent, const QString& title, QWidget* content, QSize size) {
   auto* dialog = new QDialog(&parent);
   dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -79,7 +79,7 @@ void ShowHelp(QMainWindow& window) {
   auto* pages = new QTextBrowser;
   pages->setObjectName(QStringLiteral("help"));
   pages->setOpenExternalLinks(true);
-  // Pictures of other folders are not in the program.
+  // Only docs/composer.md and its pictures are in the resources of the program.
   pages->setSource(QUrl(QStringLiteral("qrc:/help/composer.md")), QTextDocument::MarkdownResource);
   NewWindow(window, QCoreApplication::translate("composer", "Composer Help"), pages, {820, 640});
 }

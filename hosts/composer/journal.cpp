@@ -19,7 +19,8 @@ QString OwnFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
 }
 
-// What the name of a journal begins with in the folder of the program's data.
+// The base name of a journal in the folder of the program's data. A hash of the path keeps files of
+// the same name apart.
 QString OwnName(const QString& rules) {
   if (rules.isEmpty()) return QStringLiteral("new rule");
   const QByteArray sum =
@@ -27,7 +28,8 @@ QString OwnName(const QString& rules) {
   return QFileInfo(rules).fileName() + u'.' + QString::fromLatin1(sum.toHex().left(16));
 }
 
-// Null where another composer has it, or, told by `canLock`, none can be made.
+// The lock of a journal; null when another composer holds it, or when no lock can be made there, in
+// which case `canLock` is false.
 std::shared_ptr<QLockFile> LockOf(const QString& path, bool& canLock) {
   auto lock = std::make_shared<QLockFile>(path + QStringLiteral(".lock"));
   lock->setStaleLockTime(0);
@@ -36,7 +38,8 @@ std::shared_ptr<QLockFile> LockOf(const QString& path, bool& canLock) {
   return isLocked ? lock : nullptr;
 }
 
-// What a crash left of a journal that was just begun: its first line did not reach the disk.
+// Whether the file is an incomplete new journal: a crash came before its first line was on the
+// disk.
 bool IsRest(const QByteArray& bytes) {
   constexpr qsizetype kShort = 64;
   const qsizetype end = bytes.indexOf('\n');
@@ -44,7 +47,7 @@ bool IsRest(const QByteArray& bytes) {
          (end < 0 && bytes.contains("zolt20 journal"));
 }
 
-// Beside a journal of which not all can be read; what is done on is written over that.
+// Copies a damaged journal, because going on truncates it behind its last readable line.
 void KeepCopy(const QString& path) {
   QString copy = path + QStringLiteral(".damaged");
   for (int number = 2; QFile::exists(copy) && number <= kMostNames; ++number)
@@ -132,7 +135,7 @@ void Journal::Append(int depth, const QByteArray& json) {
 
 // The file.
 
-// A file with all that there is to keep, in place of the one before.
+// Begins a new file with all current steps, and removes the old one.
 void Journal::BeginFile() {
   const QString before = std::exchange(path_, {});
   const auto lockBefore = std::exchange(lock_, nullptr);
@@ -156,7 +159,8 @@ void Journal::BeginFile() {
   if (!before.isEmpty()) writer_.Remove(before, lockBefore);
 }
 
-// The first name that no other journal has.
+// Takes the first name that no other journal has, with its lock. Returns false when none can be
+// taken.
 bool Journal::TakeName(const QString& folder, const QString& name) {
   for (int number = 1; number <= kMostNames; ++number) {
     const QString path =
@@ -171,14 +175,15 @@ bool Journal::TakeName(const QString& folder, const QString& name) {
   return false;
 }
 
-// That all is stored is written first: the file may be there again after a crash.
+// First appends a line that says all is stored: a removed file may reappear after a crash, and must
+// not be offered then.
 void Journal::RemoveFile() {
   writer_.Append(lines_.Line(Seconds(), 0, AllStoredLine()));
   writer_.Remove(path_, std::exchange(lock_, nullptr));
   path_.clear();
 }
 
-// What was left.
+// Left journals.
 
 std::vector<LeftJournal> Journal::Left(const QString& rules, QStringList& complaints) {
   QStringList paths = JournalsIn(OwnFolder(), OwnName(rules));

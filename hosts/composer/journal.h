@@ -37,7 +37,7 @@ class Journal final : public QObject {
   /// What is not stored stays on the disk.
   ~Journal() override;
 
-  /// A rule was opened. What was done to the one before is given up.
+  /// Starts over for a rule that was opened; the steps of the rule before are discarded.
   void Begin();
   /// A step in the composer of that depth.
   void Keep(int depth, const Json& step, bool isChange);

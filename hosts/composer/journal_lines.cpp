@@ -35,7 +35,7 @@ JournalHead HeadOf(const Json& head) {
           TextOf(head, "catalogue"), TextOf(head, "tables"), TextOf(head, "fields")};
 }
 
-// Whether a step composes anything; the same as of gestures when they are made.
+// Whether a step changes what is composed. RecordedMap::IsChange decides the same for gestures.
 bool IsChange(const QByteArray& json) {
   if (!json.startsWith(R"({"user":)"))
     return HasKey(json, "undo") || HasKey(json, "redo") || HasKey(json, "note");
@@ -45,7 +45,8 @@ bool IsChange(const QByteArray& json) {
          !isOf(R"({"user":"click","control":"cmdCancel")");
 }
 
-// False when it can't be a line of a journal: then what follows is of no use either.
+// Adds one line to the session. Returns false for an invalid line; the lines behind it are not read
+// then.
 bool Take(KeptSession& session, const JournalLines::Content& content, bool isHead) try {
   const bool isStored = HasKey(content.json, "store");
   if (!isHead && !isStored && !HasKey(content.json, "allStored")) {
@@ -82,7 +83,7 @@ bool JournalSteps::Add(int depth, const QByteArray& json) {
   if (depth < 0 || depth > kDeepest || depth > deepest + (isAsked ? 1 : 0)) return false;
   while (!steps_.empty() && steps_.back().depth > depth)
     steps_.pop_back();
-  // The gesture that asked is over, and this is its line.
+  // A line at the depth of an "ask" is the finished gesture that asked; it replaces the "ask".
   const bool isOver = !steps_.empty() && steps_.back().depth == depth;
   if (isOver && HasKey(steps_.back().json, "ask")) steps_.pop_back();
   steps_.push_back({depth, json});
@@ -97,7 +98,8 @@ std::vector<QByteArray> JournalSteps::At(int depth) const {
   return steps;
 }
 
-// Its text is on its way to the composer that asked.
+// Whether the last step is the Done of a nested composer whose text has not reached the composer
+// that asked for it.
 bool JournalSteps::EndsWithNestedDone() const {
   return !steps_.empty() && steps_.back().depth > 0 &&
          steps_.back().json.startsWith(R"({"user":"click","control":"cmdDone","event")");
@@ -205,7 +207,8 @@ std::optional<KeptSession> ReadJournal(const QByteArray& bytes) {
   }
   if (session.size == 0) return std::nullopt;
   session.unreadLines = bytes.mid(session.size).count('\n');
-  // A nested composer stays open before its Done until the one that asked has the text.
+  // Drops a nested Done without the step that takes its text, so that the nested composer is still
+  // open after recovery.
   if (session.steps.EndsWithNestedDone()) {
     session.steps.DropLast();
     session.size = lastAt;

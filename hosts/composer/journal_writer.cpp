@@ -128,7 +128,7 @@ void JournalWriter::CarryOutNext(std::unique_lock<std::mutex>& lock) {
     orders_.pop_front();
 }
 
-// Whether the file that can't be written is to be removed anyway.
+// Whether a later order removes the current file, so that a failed write to it does not matter.
 bool JournalWriter::IsGivenUp() const {
   return std::any_of(orders_.begin(), orders_.end(), [this](const Order& order) {
     return order.what == Order::What::kRemove && order.path == file_.fileName();
@@ -179,12 +179,12 @@ QString JournalWriter::OpenFile(const Order& order) {
   return {};
 }
 
-// All of them or none, as far as a reader can tell.
+// Appends all bytes, or none: a partial write is truncated.
 QString JournalWriter::AppendBytes(const QByteArray& bytes) {
   if (!file_.isOpen())
     return QCoreApplication::translate("composer", "the file could not be opened");
   bool sound = file_.seek(size_);
-  // When there is room for a part only, it is the next write that tells why.
+  // On a full disk a write can be partial; the next write reports the error.
   for (qint64 done = 0; sound && done < bytes.size();) {
     const qint64 written = file_.write(bytes.constData() + done, bytes.size() - done);
     sound = written > 0;
@@ -201,7 +201,7 @@ QString JournalWriter::AppendBytes(const QByteArray& bytes) {
 
 QString JournalWriter::ToDisk() {
 #ifdef Q_OS_UNIX
-  // A kind of disk that can't do this says EINVAL.
+  // EINVAL: the file system does not support fsync.
   if (file_.isOpen() && ::fsync(file_.handle()) != 0 && errno != EINVAL) return SystemReason();
 #endif
   return {};

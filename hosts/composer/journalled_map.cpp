@@ -1,5 +1,5 @@
-// What a RecordedMap has to do with the journal: its steps go there, and those of a journal that
-// was left are made again.
+// The part of RecordedMap that writes its steps to the journal and replays the steps of a left
+// journal.
 #include <algorithm>
 #include <stdexcept>
 
@@ -25,13 +25,14 @@ int NumberIn(const nlohmann::ordered_json& object, const char* key) {
   return object.at(key).get<int>();
 }
 
-// The number of characters that two texts begin with alike.
+// The length of the common prefix of two texts.
 qsizetype AlikeAtFirst(QStringView a, QStringView b) {
   const auto [here, there] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
   return here - a.begin();
 }
 
-// Of typing that goes on, a step has what became of the text before.
+// Replaces the text of a typing step by its difference to the text before, which keeps the journal
+// short.
 void TakeEdit(nlohmann::ordered_json& step, QStringView before, QStringView after) {
   const qsizetype at = AlikeAtFirst(before, after);
   qsizetype same = 0;
@@ -79,7 +80,8 @@ void RecordedMap::KeepStep(const ZOLT20Gesture& gesture, Json step) {
   ToJournal(step, IsChange(gesture) && !isOpening_);
 }
 
-// An event begins. A composer that is opened in it is in the journal before the gesture is over.
+// Notes that an event of the control begins. A nested composer that the event opens writes to the
+// journal before the gesture ends.
 void RecordedMap::Note(const char* event) {
   event_ = event;
   if (AsksForComposer(event) && !std::exchange(isAskedAgain_, false))
@@ -135,10 +137,11 @@ bool RecordedMap::Play(const std::vector<QByteArray>& steps) {
 }
 
 void RecordedMap::PlayStep(const Json& step, bool goesOn) {
-  // What was edited is mostly put in again by steps that follow.
+  // Kept edits are owed until the journal's own step puts them in; any step but a change of focus
+  // ends that.
   if (step.value("user", "") != "focus") owed_.reset();
   if (step.contains("ask")) {
-    // Once the window is there, whose answer this waits for.
+    // Deferred until the event loop runs: this opens the nested window and waits for its answer.
     qt::DoLater(*this, [this, request = step["ask"]] { AskAgain(request); });
   } else if (step.contains("user")) {
     PlayGesture(step, goesOn);
@@ -160,7 +163,7 @@ void RecordedMap::PlayStep(const Json& step, bool goesOn) {
     try {
       WriteAgain(step);
     } catch (const RuntimeError&) {
-      // It failed then, too.
+      // The step failed when it was recorded, too.
     }
   }
 }
@@ -186,7 +189,7 @@ void RecordedMap::AskAgain(const Json& request) try {
   isAskedAgain_ = false;
 }
 
-// Of a run of typing in a box where nothing runs, the last text is all of it.
+// In a box without handlers only the last text of a run of typing matters.
 void RecordedMap::PlayGesture(const Json& step, bool goesOn) {
   Json request = step;
   if (step["user"] == "type") {

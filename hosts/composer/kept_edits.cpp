@@ -12,7 +12,7 @@ using Lines = std::vector<StringView>;
 
 constexpr std::size_t kNoLine = static_cast<std::size_t>(-1);
 
-// As LineDifference counts them.
+// The lines of a text, split as LineDifference splits them.
 Lines LinesOf(StringView text) {
   Lines lines;
   if (text.empty()) return lines;
@@ -30,26 +30,27 @@ void Append(String& text, bool& hasLine, StringView line) {
   text += line;
 }
 
-// Whether the control wrote a text and, on further lines, more behind it.
+// Whether the new Result is `text` with more text on further lines, which goes to `more`.
 bool IsBehind(const RewrittenResult& result, StringView text, StringView& more) {
   if (!result.written.starts_with(text)) return false;
   more = result.written.substr(text.size());
   return more.empty() || more.starts_with(kLineBreak) || text.empty() || text.ends_with(kLineBreak);
 }
 
-// Lines from the first one and before the last one.
+// A half-open range of lines.
 struct Range {
   std::size_t first = 0;
   std::size_t last = 0;
 };
 
-// What was written anew of the own lines, and what stands there now.
+// The lines of the control's own text that were rewritten, and the text that replaced them.
 struct Rewritten {
   Range own;
   Range written;
 };
 
-// The statement that was added last; all that there is where it is another one.
+// Usually only the statement that was added last is rewritten; otherwise everything counts as
+// rewritten.
 Rewritten FindRewritten(const RewrittenResult& result) {
   const auto linesIn = [](StringView text) { return LinesOf(text).size(); };
   Rewritten all{{0, linesIn(result.own)}, {0, linesIn(result.written)}};
@@ -61,13 +62,13 @@ Rewritten FindRewritten(const RewrittenResult& result) {
   if (result.written.size() < head.size() + tail.size() || !result.written.starts_with(head) ||
       !result.written.ends_with(tail))
     return all;
-  // Line ends stand between them.
+  // The line end between the two parts is not a line of its own.
   const std::size_t before = head.empty() ? 0 : linesIn(head) - 1;
   const std::size_t behind = tail.empty() ? 0 : linesIn(tail) - 1;
   return {{before, all.own.last - behind}, {before, all.written.last - behind}};
 }
 
-// For each own line its place among the edited ones.
+// The index of each own line among the edited lines.
 std::vector<std::size_t> PlacesOf(StringView own, StringView edited) {
   std::vector<std::size_t> places;
   std::size_t next = 0;
@@ -79,8 +80,8 @@ std::vector<std::size_t> PlacesOf(StringView own, StringView edited) {
   return places;
 }
 
-// The edited lines that stand for the own ones, of which there are some; they are `same` when
-// nobody edited them.
+// The edited lines that correspond to the own lines in `own`, which is not empty; `same` tells
+// whether they are unedited.
 Range RangeOf(const std::vector<std::size_t>& places, Range own, std::size_t behindAll,
               bool& same) {
   const auto at = [&](std::size_t line) {
@@ -119,7 +120,7 @@ MergedResult MergeResult(const RewrittenResult& result) {
     const bool isOnNewLine = more.empty() || hasBreak || result.edited.ends_with(kLineBreak);
     return {Concat(result.edited, isOnNewLine ? StringView() : kLineBreak, more), false};
   }
-  // The edits are in it.
+  // The new text contains the edits already.
   const StringView trimmed = Trim(result.edited);
   if (StringView more; trimmed.empty() || IsBehind(result, trimmed, more))
     return {String(result.written), false};

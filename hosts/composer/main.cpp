@@ -49,7 +49,8 @@ int DrawSession(const QString& session, const QString& picture) {
   window.map().restore(played.Control().Save());
   window.map().setSyntax_Highlight(true);
   window.show();
-  // The layout and the colours come with the loop, scroll bars some rounds later.
+  // The layout and the colours are done in the event loop; the scroll bars settle some rounds
+  // later.
   for (int round = 0; round < 3; ++round)
     QApplication::processEvents();
   if (!window.grab().save(picture))
@@ -97,7 +98,7 @@ bool NeedsNoDisplay(int argc, char** argv) {
   return false;
 }
 
-// Before the options are told, since they are told in it.
+// The value of --language. It is read before the option parser exists, whose texts are translated.
 QString LanguageIn(const QStringList& arguments) {
   const QString option = QStringLiteral("--language");
   for (qsizetype at = 1; at < arguments.size(); ++at) {
@@ -138,7 +139,7 @@ void AddOptions(QCommandLineParser& parser) {
                                QStringLiteral("[RULES]]"));
 }
 
-// What the options ask for, all but composing.
+// Runs the option that was given, if it is not the interactive composer.
 int Run(const QCommandLineParser& parser) {
   const QStringList files = parser.positionalArguments();
   const bool hasOne = files.size() == 1;
@@ -167,7 +168,7 @@ int Run(const QCommandLineParser& parser) {
 int main(int argc, char** argv) {
   if (NeedsNoDisplay(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // It has warnings for whatever only a screen can do.
+    // The offscreen platform logs a warning for each feature that needs a screen.
     if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES"))
       qputenv("QT_LOGGING_RULES", "default.warning=false");
   }
@@ -180,7 +181,8 @@ int main(int argc, char** argv) {
   parser.process(application);
 
   const int status = Run(parser);
-  // A driver that still waits for its server must not find half of Qt taken down.
+  // A driver thread may still wait for its server; a normal exit would destroy Qt's globals below
+  // it.
   if (zolt20::composer::ServerReader::Threads() > 0) std::_Exit(status);
   return status;
 }

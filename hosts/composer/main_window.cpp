@@ -197,7 +197,8 @@ bool MainWindow::SaveAs() {
   return true;
 }
 
-// A file for the rules, asked for when there is none yet.
+// Ensures that a file of rules is open; asks for one if necessary. Returns false when the person
+// cancels.
 bool MainWindow::NeedRules() {
   return rules_ || SaveAs();
 }
@@ -226,7 +227,7 @@ void MainWindow::OpenChosenRule(const QString& name) {
   if (name != rule_) OpenRule(name);
 }
 
-// A name that is no rule's begins a new rule.
+// Opens the rule of that name, or begins a new rule when there is none.
 void MainWindow::OpenRule(const QString& name) {
   if (name != rule_ && !MayLeaveRule()) return ShowList();
   const Rule* rule = rules_ ? rules_->Find(View(name)) : nullptr;
@@ -276,7 +277,7 @@ void MainWindow::DuplicateRule() {
   OpenRule(rule_);
 }
 
-// Without a question, since the bin gives it back.
+// Asks nothing, because the rule can be restored from the bin.
 void MainWindow::DeleteRule() {
   if (rule_.isEmpty() || !MayLeaveRule()) return;
   const QString name = rule_;
@@ -288,7 +289,7 @@ void MainWindow::DeleteRule() {
     statusBar()->showMessage(tr("\"%1\" is in Rule / Deleted Rules now").arg(name), 10000);
 }
 
-// The order alone changes, so nothing is asked; what can't be saved stays as it was.
+// Asks nothing, because only the order changes. When saving fails, the old order stays.
 void MainWindow::MoveRule(const QString& name, int place) {
   try {
     rules_->Move(View(name), static_cast<std::size_t>(place));

@@ -15,7 +15,7 @@ namespace {
 
 using qt::ToQt;
 
-// The buttons that add, a page each.
+// The button of each page that adds to the Result.
 constexpr std::array<const char*, 7> kAddButtons{"cmdAddSelect",
                                                  "cmdAddWhereQuery",
                                                  "cmdAddSelectDoQuer",

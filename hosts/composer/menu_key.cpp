@@ -18,7 +18,7 @@ bool MenuKey::eventFilter(QObject* watched, QEvent* event) {
   const bool isMeant = key.key() == Qt::Key_F10 && key.modifiers() == Qt::ShiftModifier;
   const QWidget* const focus = QApplication::focusWidget();
   if (!isMeant || focus == nullptr || watched != focus) return false;
-  // The window finds the place, as for the menu key.
+  // The receiver chooses the position itself, as for the menu key.
   QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {}, Qt::NoModifier);
   QCoreApplication::sendEvent(focus->window()->windowHandle(), &asked);
   return true;

@@ -23,11 +23,11 @@ NodeComposer::NodeComposer(const catalogue::Catalogue& catalogue, const QString&
 }
 
 void NodeComposer::TakeText() {
-  // As it was, so that there is nothing to ask about.
+  // Nothing was changed, so there is nothing to ask.
   if (!map().IsChanged()) return QDialog::reject();  // NOLINT(bugprone-parent-virtual-call)
   const QString text = qt::ToQt(map().form().TxtOutput.Text());
   if (!isDecided_ && map().PendingOnPages().Any()) {
-    // Once the click on Done is over, since until then the control takes no other.
+    // Deferred until the click on Done is over: the control refuses gestures within a gesture.
     qt::DoLater(*this, [this] { AddAndTakeText(); });
   } else if (!text.isEmpty()) {
     text_ = text;
@@ -35,7 +35,7 @@ void NodeComposer::TakeText() {
   }
 }
 
-// By the control's own buttons, which may refuse.
+// Presses the add buttons of the control, which may refuse, and takes the text if they do not.
 void NodeComposer::AddAndTakeText() {
   const bool isAddable = !map().WhatAddDoes().buttons.empty();
   const bool hasResult = !map().form().TxtOutput.Text().empty();
@@ -53,7 +53,8 @@ void NodeComposer::AddAndTakeText() {
   PressButton(map(), "cmdDone");
 }
 
-// The Result may be what the person wants already. False to go on composing.
+// Asks whether to add what stands on the pages or to take the Result as it is. Returns false to go
+// on composing.
 bool NodeComposer::AskWhatToAdd() {
   QMessageBox message(QMessageBox::Question, windowTitle(),
                       tr("The pages hold what is not in the Result."), QMessageBox::NoButton, this);

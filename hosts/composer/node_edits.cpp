@@ -33,7 +33,7 @@ using language::Where;
 using qt::ToQt;
 using qt::View;
 
-// The page that has the clause; -1 for no clause.
+// The page on which a clause is composed; -1 for a node that is no clause.
 int PageOf(NodeKind kind) {
   switch (kind) {
     case NodeKind::kSelectList:
@@ -54,7 +54,7 @@ int PageOf(NodeKind kind) {
   }
 }
 
-// Statements come to a place within the node.
+// Whether a statement that is dropped on the node goes into it.
 bool IsBlock(NodeKind kind) {
   return (kind >= NodeKind::kSelectDo && kind <= NodeKind::kSelectError) ||
          kind == NodeKind::kElse || kind == NodeKind::kCaseRow || kind == NodeKind::kDefault;
@@ -133,8 +133,9 @@ bool NodeEdits::CanEdit() const {
   return map_ != nullptr && mayEdit_();
 }
 
-// The text becomes another one, and what came is marked in the tree. The node that was changed, if
-// any, is what came.
+// Writes the changed text and selects its first new node in the tree. `changed` is the node whose
+// text was edited, if it was one, so that its note goes to the new node. Returns false for a
+// refusal and for a change of nothing.
 bool NodeEdits::Make(const Change& change, const QString& name, std::size_t changed) {
   if (change.refusal != Refusal::kNone) {
     emit Told(ReasonOf(change.refusal));
@@ -175,7 +176,7 @@ void NodeEdits::ShowNotes() {
   tree_.ShowNotes(map_->NodeNotes());
 }
 
-// The text became another one.
+// Carries the notes over to the text, which was changed elsewhere.
 void NodeEdits::KeepNotes() {
   if (map_ == nullptr || isMaking_) return;
   const RecordedMap::Notes before = map_->NodeNotes();
@@ -219,7 +220,7 @@ void NodeEdits::EditAt(qsizetype first, qsizetype last) {
   if (node != Node::kNone) EditNode(node);
 }
 
-// What does not come back onto the pages as it is, to the byte, is edited as text.
+// Edits a statement on the pages if they reproduce it byte for byte, else as text.
 void NodeEdits::EditNode(std::size_t node) {
   if (!CanEdit()) return;
   const std::size_t statement = language::StatementOf(tree_.Nodes(), node);
@@ -234,7 +235,8 @@ QString NodeEdits::HeadOf(std::size_t node) const {
       ToQt(String(language::HeadOf(View(tree_.Text()), tree_.Nodes()[node]))).simplified());
 }
 
-// False when it can't be done. The dialog opens again until its text fits or is given up.
+// Returns false when the pages can't reproduce the statement. The dialog opens again until its text
+// is valid or the person cancels.
 bool NodeEdits::EditOnPages(std::size_t statement, std::size_t node) {
   const QString text = ToQt(language::TakeNode(View(tree_.Text()), tree_.Nodes(), statement));
   const reopen::Opening opening = OpeningOf(text, catalogue_);
@@ -278,7 +280,8 @@ void NodeEdits::MoveTo(std::size_t node, Place place) {
        node);
 }
 
-// Past the statement beside it; from the end of a block to beside the statement that has the block.
+// Moves the statement past its neighbour, or out of its block when it is the first or last one
+// there.
 void NodeEdits::MoveBy(bool up) {
   const std::size_t node = tree_.CurrentNode();
   if (node == Node::kNone) return;
@@ -320,7 +323,7 @@ void NodeEdits::Delete() {
   Make(language::DeleteNode(View(tree_.Text()), tree_.Nodes(), node), tr("Delete Statement"));
 }
 
-// Behind the statement that is marked, or into the block.
+// Pastes behind the selected statement, or into the selected block.
 void NodeEdits::Paste() {
   const std::size_t node = tree_.CurrentNode();
   Place place;
@@ -342,7 +345,8 @@ std::size_t NodeEdits::NodeAt(const QModelIndex& index) const {
   return static_cast<const StatementModel&>(*tree_.View().model()).NodeOf(index);
 }
 
-// By the mouse: a drag of our own, as the tree knows where a statement may stand.
+// Dragging by the mouse. It is not Qt's drag and drop, because only the tree knows where a
+// statement may stand.
 
 bool NodeEdits::Drag(QEvent& event) {
   const QEvent::Type type = event.type();
@@ -368,7 +372,7 @@ bool NodeEdits::Drag(QEvent& event) {
   return false;
 }
 
-// Above or below a row, or into what has statements.
+// Where a dropped statement goes: above or below the row under the mouse, or into its block.
 Place NodeEdits::PlaceAt(const QPoint& at, QRect& shown) const {
   constexpr int kLine = 2;
   const QModelIndex index = tree_.View().indexAt({1, at.y()});

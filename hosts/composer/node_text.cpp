@@ -58,7 +58,7 @@ NodeText::NodeText(const QString& statement, std::unique_ptr<language::Names> na
   done->setToolTip(QKeySequence(Qt::CTRL | Qt::Key_Return).toString(QKeySequence::NativeText));
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &NodeText::reject);
-  // Enter is a line of the text.
+  // Ctrl+Enter, because Enter alone is a line break in the text.
   auto* finish = new QShortcut(Qt::CTRL | Qt::Key_Return, this);
   connect(finish, &QShortcut::activated, this, &QDialog::accept);
   auto* layout = new QVBoxLayout(this);
@@ -72,7 +72,7 @@ NodeText::NodeText(const QString& statement, std::unique_ptr<language::Names> na
 
 NodeText::~NodeText() = default;
 
-// The plain text of a document has other characters for some blanks.
+// The exact text: QTextDocument replaces no-break spaces in its plain text.
 QString NodeText::Text() const {
   QStringList lines;
   for (QTextBlock line = box_->document()->begin(); line.isValid(); line = line.next())

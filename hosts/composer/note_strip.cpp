@@ -9,7 +9,7 @@
 namespace zolt20::composer {
 namespace {
 
-// Lists of names without blanks break behind a comma too, when they are longer than a line.
+// Lets long lists of names without blanks wrap behind their commas.
 QString Breakable(const QString& text) {
   constexpr qsizetype kLongWord = 40;
   constexpr QChar kMayBreak(0x200B);
@@ -69,7 +69,7 @@ bool NoteStrip::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-// Open, it leaves the control the greater part of the window.
+// When open, the strip takes at most a third of the window.
 void NoteStrip::Fit() {
   const int all = qMax(0, label_->heightForWidth(place_->viewport()->width()));
   const int closed = label_->fontMetrics().lineSpacing() * kLines;
@@ -79,7 +79,7 @@ void NoteStrip::Fit() {
   place_->setVerticalScrollBarPolicy(more_->isChecked() ? Qt::ScrollBarAsNeeded
                                                         : Qt::ScrollBarAlwaysOff);
   if (!more_->isChecked()) place_->ensureVisible(0, 0);
-  // The area alone would keep the height of before when it grows narrower.
+  // Without this the scroll area keeps its old height when it becomes narrower.
   label_->setMinimumHeight(all);
   place_->setFixedHeight(qMin(all, more_->isChecked() ? open : closed));
 }

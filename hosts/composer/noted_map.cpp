@@ -1,4 +1,4 @@
-// The notes on nodes that a RecordedMap has: they go with the state of the control and follow the
+// The part of RecordedMap that keeps notes on nodes. They are part of the undo state and follow the
 // text.
 #include "faces/qt/qt_text.h"
 #include "hosts/composer/journal_lines.h"
@@ -18,7 +18,7 @@ QString RecordedMap::NotedText() const {
 const RecordedMap::Notes& RecordedMap::NodeNotes() const {
   static const Notes kNoNotes;
   const Place place = Now();
-  // The state of the control has them, too.
+  // The history shares ownership of the notes, so the reference stays valid.
   return place.notes == nullptr ? kNoNotes : place.notes->notes;
 }
 
@@ -40,7 +40,7 @@ void RecordedMap::FollowNotes(const Notes& notes) {
   ToJournal({{"notes", NotesAsJson(notes)}}, false);
 }
 
-// The record has a line of it, which plays as nothing, since steps are told apart by their lines.
+// Adds a comment line to the record, because each undo step needs a line of its own.
 void RecordedMap::WriteNotes(const Notes& notes, const QString& name) {
   Place place = Now();
   lines_.push_back({QByteArray("# a note"), place.last});

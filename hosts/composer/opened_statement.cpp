@@ -12,7 +12,7 @@ namespace {
 using qt::ToQt;
 using qt::View;
 
-// Of many differences the first are enough to know what it is about.
+// The first few differences are enough for a message.
 constexpr std::size_t kMostNotes = 3;
 
 QString Joined(const std::vector<String>& lines) {
@@ -55,7 +55,7 @@ void TakeSteps(RecordedMap& map, const std::vector<reopen::Step>& steps) {
       hasGestures = true;
     }
   }
-  // What a host writes ends the history of what was done before.
+  // A write by the host clears the undo history, so that opening a rule can't be undone.
   if (hasGestures) map.Write("prpTab", map.form().tabVrn.Tab().value());
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kConditionPage = 6;
 constexpr PageButton kAddSelect{0, "cmdAddSelect"};
-/// By page.
+/// The add button of each page, by the number of the page.
 constexpr std::array<PageButton, 6> kAddButtons{{kAddSelect,
                                                  {1, "cmdAddWhereQuery"},
                                                  {2, "cmdAddSelectDoQuer"},
@@ -19,7 +19,7 @@ constexpr std::array<PageButton, 6> kAddButtons{{kAddSelect,
                                                  {4, "cmdSelectmpty"},
                                                  {5, "cmdAddtoSERROR"}}};
 
-// Answers nothing, and counts what it is told.
+// A host that answers nothing and counts the messages.
 class SilentHost final : public ControlHost {
  public:
   void eventCancel() override {}
@@ -39,7 +39,7 @@ void Append(String& texts, StringView text) {
   texts += kLineBreak;
 }
 
-// What is typed into the boxes of some pages.
+// The texts that were typed into the boxes of a range of pages.
 String TypedOn(const Surface& form, int firstPage, int lastPage) {
   String typed;
   for (const Control* control : form.Controls()) {
@@ -53,7 +53,7 @@ String TypedOn(const Surface& form, int firstPage, int lastPage) {
   return typed;
 }
 
-// The condition that is being put together above the where text.
+// The condition on the Where page that was not applied yet.
 String UnappliedOf(const Surface& form) {
   if (!Trim(form.txtCondition.Text()).empty()) return form.txtCondition.Text();
   const String chosen = Concat(form.cboWhereFields.Text(), u" ", form.cboOper.Text(), u" ",
@@ -89,7 +89,8 @@ class PagesReader::Copy {
   const Surface& Form() const { return control_.Form(); }
   StringView Result() const { return Form().TxtOutput.Text(); }
 
-  /// Whether the button did its work.
+  /// Presses a button on its page. Returns false when the control refuses, shows a message or
+  /// raises an error.
   bool Press(const PageButton& button) {
     const int before = host_.messages;
     try {
@@ -101,8 +102,8 @@ class PagesReader::Copy {
     }
   }
 
-  /// The blocks that the statement lacks all the same: Add To Result takes a text of one character,
-  /// and some others, for none.
+  /// The texts of block pages that are missing in the statement: Add To Result ignores some short
+  /// texts.
   String PassedOver(StringView statement) const {
     const Surface& form = Form();
     const std::array<std::pair<const SyntaxTextBox*, StringView>, 4> blocks{
@@ -117,7 +118,8 @@ class PagesReader::Copy {
     return texts;
   }
 
-  /// Behind the first of two the second one stands alone.
+  /// The statement that Add To Result makes of the pages. It adds twice: behind the first statement
+  /// the second one stands without the text around it.
   String Statement() {
     if (!Press(kAddSelect)) return {};
     const std::size_t first = Result().size() + kLineBreak.size();
@@ -150,7 +152,8 @@ PagesText PagesReader::Read(const ControlSnapshot& state) {
   return text;
 }
 
-// The button that was pressed on the copy; null when none did its work.
+// Presses an add button on the copy: the one that replaces the added statement `added` in place,
+// else that of the Select List page. Returns the button; null when it did nothing.
 const PageButton* PagesReader::AddStatement(const ControlSnapshot& state, StringView added) {
   copy_->Become(state);
   const int page = copy_->Form().tabVrn.Tab().value();
@@ -159,7 +162,7 @@ const PageButton* PagesReader::AddStatement(const ControlSnapshot& state, String
   if (page > 0 && place != String::npos) {
     String wanted = before;
     wanted.replace(place, added.size(), copy_->Statement());
-    // The button of the page itself first.
+    // Tries the button of the current page first.
     auto buttons = kAddButtons;
     std::rotate(buttons.begin() + 1, buttons.begin() + page % kConditionPage, buttons.end());
     for (const PageButton& button : buttons) {

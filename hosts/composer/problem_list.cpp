@@ -93,7 +93,7 @@ ProblemList::ProblemList(QWidget* parent)
   layout->addWidget(list_, 1);
 }
 
-// The row that is current stays so, as far as there is one.
+// The current row keeps its number if the new list is long enough.
 void ProblemList::Show(const std::vector<Finding>& findings) {
   const int row = list_->currentIndex().row();
   model_->Set(findings);

@@ -66,7 +66,7 @@ std::string Utf8(const QString& text) {
   return hosts::ToJsonText(View(text));
 }
 
-// Whether the button writes the Result anew.
+// Whether the button adds to the Result, which rewrites the text of the Result.
 bool Adds(const QString& button) {
   return IsAddButton(View(button)) || button == u"cmdAdd" || button == u"cmdBuild";
 }
@@ -92,7 +92,7 @@ bool AskToWriteAnew(RecordedMap& map, const QString& text) {
 RecordedMap::RecordedMap(const catalogue::Catalogue& catalogue, QWidget* parent)
     : ZOLT20MapWidget(parent), reader_(std::make_unique<PagesReader>()) {
   const auto note = [this](const char* event) { return [this, event] { Note(event); }; };
-  // Before the slots of anybody else.
+  // Connected first, so that it runs before the slots of the host.
   connect(this, &ZOLT20MapWidget::eventCancel, this, note("eventCancel"));
   connect(this, &ZOLT20MapWidget::eventDone, this, note("eventDone"));
   connect(this, &ZOLT20MapWidget::eventSubQuery, this, note("eventSubQuery"));
@@ -181,7 +181,7 @@ void RecordedMap::AddPages() {
   strip.setCurrentIndex(page);
 }
 
-// The focus before and behind it keeps it apart from what the person types in the Result.
+// A change of focus before and after keeps this step apart from runs of typing in the Result.
 void RecordedMap::WriteResult(const QString& text, const QString& name) {
   const Json focus = {{"user", "focus"}, {"control", "TxtOutput"}};
   MakeGesture(focus);
@@ -196,8 +196,9 @@ MergedResult RecordedMap::MergedWith(StringView written) const {
   return MergeResult({View(place.own), form().TxtOutput.Text(), written, View(place.added)});
 }
 
-// The control writes the whole Result anew from what it added itself, so what was edited in it
-// would be lost. What can't be kept beside what comes is told before.
+// The control rewrites the Result from its own statements, so edits of the Result would be lost.
+// Edits that can't be merged into the new Result are shown, and the person decides, before the
+// button is pressed.
 bool RecordedMap::mayPress(const QString& button) {
   const QString before = ToQt(form().TxtOutput.Text());
   if (Adds(button) && !isAgreed_ && !isPlaying_ && before != Now().own) {
@@ -209,7 +210,7 @@ bool RecordedMap::mayPress(const QString& button) {
   return true;
 }
 
-// What was edited is put in again as a step of its own.
+// After an add: puts the merged edits back into the Result, as a step of its own.
 void RecordedMap::FollowEdits(const ZOLT20Gesture& gesture) {
   const std::optional<Pressed> pressed = std::exchange(pressed_, std::nullopt);
   if (!pressed || gesture.verb != u"click" || gesture.control != pressed->button) return;
@@ -229,7 +230,7 @@ void RecordedMap::PayOwed() {
     WriteResult(*owed, tr("Keep What Was Edited"));
 }
 
-// The Result is as the control, or the host, wrote it.
+// Takes the Result as unedited: the control or the host wrote it.
 void RecordedMap::TakeOwn() {
   Place place = Now();
   place.own = ToQt(form().TxtOutput.Text());
@@ -246,18 +247,18 @@ QByteArray RecordedMap::Record() const {
   return record;
 }
 
-// Moving about composes nothing, nor do the buttons that only tell the host.
+// Focus, pages, Done and Cancel change nothing of what is composed.
 bool RecordedMap::IsChange(const ZOLT20Gesture& gesture) {
   return gesture.verb != u"focus" && gesture.verb != u"tab" && gesture.control != u"cmdDone" &&
          gesture.control != u"cmdCancel";
 }
 
-// The request that makes the gesture.
+// The protocol request for a gesture.
 hosts::Json RecordedMap::RequestOf(const ZOLT20Gesture& gesture) {
   const std::string word = Utf8(gesture.verb);
   const bool hasOperand = gesture.number >= 0;
   UserGesture made{Gesture::kFocus, nullptr, gesture.number, FromQt(gesture.text)};
-  // Words of two gestures are told apart by what they have beside their control.
+  // "click" is two gestures: one with a row and one without.
   for (const GestureDesign& design : kGestures) {
     if (design.word == word && (design.operand.empty() || hasOperand || word != "click"))
       made.gesture = design.gesture;
@@ -266,7 +267,8 @@ hosts::Json RecordedMap::RequestOf(const ZOLT20Gesture& gesture) {
   return hosts::WriteGesture(made, Utf8(gesture.control));
 }
 
-// Within an event it is part of the answer, which stands before the gesture.
+// A request within an event belongs to the answer of that event, whose line comes before the
+// gesture's.
 void RecordedMap::Keep(const Json& request) {
   if (event_ != nullptr) {
     answers_.push_back(request);
@@ -300,7 +302,7 @@ void RecordedMap::KeepGesture(const ZOLT20Gesture& gesture) {
   const Json answers = std::exchange(answers_, Json::array());
   const bool goesOn = GoesOnTyping(gesture);
   if (goesOn) {
-    // No step knows the line before, which has most of the same text.
+    // The line of the same run of typing is replaced; no undo step refers to it.
     Place place = Now();
     place.last = At(place.last).before;
     MoveTo(place);
@@ -336,7 +338,8 @@ void RecordedMap::KeepGesture(const ZOLT20Gesture& gesture) {
   FollowEdits(gesture);
 }
 
-// Nothing runs when a syntax text box is typed into, so the last text of a run is all of it.
+// Whether the gesture continues a run of typing. Only in a syntax text box, where no handler runs,
+// is the last text of the run enough.
 bool RecordedMap::GoesOnTyping(const ZOLT20Gesture& gesture) const {
   if (!gesture.goesOn || gesture.control != typedIn_) return false;
   const Control* box = form().Find(Utf8(gesture.control));

@@ -25,7 +25,7 @@ using qt::ToQt;
 using qt::View;
 using Json = nlohmann::ordered_json;
 
-// A composer that was open, played to where it was; the gesture that is not over is left out.
+// Replays one composer of the journal at its depth, without the gesture that was in progress.
 bool PlayOne(const JournalHead& head, const KeptSession& session, int depth, Recovery& recovery) {
   std::vector<QByteArray> steps = session.steps.At(depth);
   if (!steps.empty() && steps.back().startsWith(R"({"ask":)")) steps.pop_back();
@@ -111,7 +111,7 @@ RecoveryOffer::RecoveryOffer(const KeptSession& session, const Recovery& recover
   layout->addWidget(told);
   layout->addWidget(texts, 1);
   layout->addWidget(buttons);
-  // Within the dialog, which knows nothing of what its buttons were before.
+  // Set after the buttons are in the dialog, which resets the default button.
   if (!recovery.isPlayable) later->setDefault(true);
   ResizeWithinScreen(*this, {560, 420});
 }
@@ -169,12 +169,12 @@ void MainWindow::OfferJournals() {
   std::vector<LeftJournal> left = Journal::Left(rules_ ? rules_->Path() : QString(), complaints);
   if (!complaints.isEmpty()) Complain(tr("Go On"), complaints.join(u'\n').toStdString());
   for (const LeftJournal& journal : left) {
-    // The composer ended between saving and removing the journal.
+    // The composer was killed after saving and before it removed the journal.
     if (IsSaved(journal.session, rules_)) {
       QFile::remove(journal.path);
       continue;
     }
-    // What was stored in memory comes first, since the rule may be one of those.
+    // Rules that were stored but not saved come first, because the open rule may be one of them.
     JournalHead now = HeadOfJournal(journal.session.head.rule);
     for (const Rule& rule : journal.session.stored) {
       if (ToQt(rule.name) != journal.session.head.rule) continue;
@@ -185,7 +185,7 @@ void MainWindow::OfferJournals() {
     RecoveryOffer offer(journal.session, recovery, this);
     offer.exec();
     if (offer.answer() == RecoveryOffer::Answer::kDiscard) QFile::remove(journal.path);
-    // Another one waits for the next start.
+    // Only one journal is restored; others are offered at the next start.
     if (offer.answer() == RecoveryOffer::Answer::kGoOn) return BringBack(journal, recovery);
   }
 }
@@ -203,7 +203,7 @@ void MainWindow::BringBack(const LeftJournal& left, const Recovery& recovery) {
   ShowTitle();
 }
 
-// Kept apart from the messages of the moment: it stands as long as the trouble does.
+// Shown in a label of its own, because temporary messages of the status bar would replace it.
 void MainWindow::ShowJournalTrouble(const QString& trouble) {
   auto* told = statusBar()->findChild<QLabel*>(QStringLiteral("journalTrouble"));
   if (told == nullptr) {

@@ -36,7 +36,7 @@ QString EncodeFor(const QString& pageCode, const QString& text) {
   return ToQt(reopen::EncodeBlock(View(text), pageCode == u"D"));
 }
 
-// Tells the person when a text can't be handed over.
+// Whether the control can take the text; shows a message if it can't.
 bool IsSendable(QWidget& parent, const QString& text) {
   const std::size_t at = reopen::FindUnsendable(View(text));
   if (at == StringView::npos) return true;
@@ -78,7 +78,7 @@ const char* NameOfPage(const QString& pageCode) {
   return "Condition";
 }
 
-// A path that ends with the page needs no second word for it.
+// Joins the path of a nested composer without repeating the name of the page.
 QString Joined(const QString& path, const QString& page, const QString& what) {
   const QString between = QStringLiteral(" > ");
   if (path.isEmpty()) return page + between + what;
@@ -111,8 +111,8 @@ void AnswerRequests(RecordedMap& map, const catalogue::Catalogue& catalogue) {
                    });
 }
 
-// Its text is composed at the margin. Of a block the property takes one level off every line but
-// the first, so it is read one level deep.
+// The text is composed at depth 0. prpStroutput is read at depth 1 for a block, because the
+// property that takes it removes one tab from each line but the first.
 NestedComposer::NestedComposer(const catalogue::Catalogue& catalogue, const QString& pageCode,
                                bool onCondition, QWidget* parent)
     : FurtherComposer(catalogue, TitleOf(pageCode, onCondition), parent), pageCode_(pageCode) {
@@ -126,7 +126,7 @@ NestedComposer::NestedComposer(const catalogue::Catalogue& catalogue, const QStr
 
 void NestedComposer::TakeText() {
   if (map().form().TxtOutput.Text().empty()) {
-    // What is in the pages may be missed.
+    // The pages may hold something that was not added to the Result.
     return map().IsChanged() ? TellWhatIsMissing() : reject();
   }
   if (!IsSendable(*this, ToQt(map().form().TxtOutput.Text()))) return;
@@ -149,11 +149,11 @@ void NestedComposer::TellWhatIsMissing() {
   message.exec();
   // NOLINTNEXTLINE(bugprone-parent-virtual-call)
   if (message.clickedButton() == leave) QDialog::reject();
-  // Once the click on Done is over, since until then the control takes no other.
+  // Deferred until the click on Done is over: the control refuses gestures within a gesture.
   if (message.clickedButton() == add) qt::DoLater(*this, [this] { AddAndTakeText(); });
 }
 
-// By the control's own buttons, which may refuse.
+// Presses the add buttons of the control, which may refuse, and takes the text if they do not.
 void NestedComposer::AddAndTakeText() {
   PressAdd(map());
   if (!map().form().TxtOutput.Text().empty()) PressButton(map(), "cmdDone");

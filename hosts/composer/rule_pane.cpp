@@ -39,7 +39,8 @@ QString MarkOf(LineMark mark) {
 
 }  // namespace
 
-// Words as in the boxes of the control; marked lines stand on a tint of the base colour.
+// Colours words as the control does, and lines that would be added or removed by a tinted
+// background.
 class RulePane::Colours final : public QSyntaxHighlighter {
  public:
   Colours(QTextDocument* document, const QWidget& owner)
@@ -126,8 +127,8 @@ void RulePane::Show(const QString& text, const QString& coming) {
   DrawWaves();
 }
 
-// Of a long text only what differs is laid out and coloured anew. Places in the view are those of
-// the text where no line end but LF is in it.
+// Replaces only the part that differs, so that the rest of a long text keeps its layout and
+// colours. If the text has no line ends but LF, its positions are those of the view.
 void RulePane::ShowRows(const QString& shown, bool isMarked) {
   const QString before = std::exchange(shown_, shown);
   const bool isPlain = !before.contains(u'\r') && !shown.contains(u'\r') &&
@@ -161,12 +162,12 @@ void RulePane::Point(qsizetype line, qsizetype column, qsizetype length) {
   view_->ensureCursorVisible();
 }
 
-// The row of each line of a text, which mostly is one of the two that the pane shows.
+// For each line of a text, its row in the view. Usually the text is one of the two that are shown.
 const std::vector<int>& RulePane::RowsOf(const QString& text) const {
   if (text == placedText_) return rows_;
   placedText_ = text;
   rows_.clear();
-  // A line end that is not CR LF makes a row of the view by itself.
+  // A lone CR is a row of its own in the view, so the counts can differ.
   if (view_->document()->blockCount() != static_cast<int>(marks_.size())) return rows_;
   const bool isStored = text == text_ && text != coming_;
   const LineMark other = isStored ? LineMark::kAdded : LineMark::kRemoved;
@@ -241,7 +242,8 @@ void RulePane::AddFindBar() {
   add(Qt::SHIFT | Qt::Key_F3, [this] { find_->FindNext(false); });
 }
 
-// Opened by a key while the caret is out of sight, the menu stands at the edge all the same.
+// The menu of the keyboard opens at the caret, or at the nearest edge when the caret is scrolled
+// out of view.
 void RulePane::ShowMenu(const QPoint& at) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -274,7 +276,7 @@ void RulePane::DrawAnew() {
   DrawWaves();
 }
 
-// Its text has the palette a moment later.
+// The document takes the new palette after this event, so colouring is deferred.
 void RulePane::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) qt::DoLater(*this, [this] { DrawAnew(); });
   QWidget::changeEvent(event);

@@ -63,7 +63,7 @@ namespace {
 
 std::unique_ptr<QLockFile> Lock(const QString& target, const QString& where, QString& whyNot) {
   auto lock = std::make_unique<QLockFile>(target + QStringLiteral(".lock"));
-  // A lock does not grow old, however long its composer has the file; it ends with the process.
+  // 0: a lock never expires by its age, only with its process.
   lock->setStaleLockTime(0);
   if (lock->tryLock(0)) return lock;
   if (lock->error() == QLockFile::LockFailedError) ComplainOfHolder(*lock, where);
@@ -131,11 +131,11 @@ bool HoldsBytes(const QString& target, std::string_view bytes, const QString& wh
 
 namespace {
 
-// Whether the bytes are on the disk itself. Some systems tell only here that it is full, and then
-// the old file must not be replaced.
+// Flushes the file to the disk and returns whether that succeeded. Some file systems report a full
+// disk only here; the old file must not be replaced then.
 bool ReachesDisk([[maybe_unused]] const QFileDevice& file) {
 #ifdef Q_OS_UNIX
-  // A kind of disk that can't do this says EINVAL.
+  // EINVAL: the file system does not support fsync.
   return ::fsync(file.handle()) == 0 || errno == EINVAL;
 #else
   return true;
@@ -148,7 +148,7 @@ void WriteBytes(const QString& target, std::string_view bytes, const QString& wh
   const QString complaint = QCoreApplication::translate("composer", "can't be saved: %1");
   QSaveFile file(target);
   bool sound = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-  // When there is room for a part only, it is the next write that tells why.
+  // On a full disk a write can be partial; the next write reports the error.
   for (std::string_view rest = bytes; sound && !rest.empty();) {
     const qint64 written = file.write(rest.data(), static_cast<qint64>(rest.size()));
     sound = written > 0;

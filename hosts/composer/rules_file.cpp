@@ -28,7 +28,7 @@ std::string_view View(const QByteArray& bytes) {
   return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
-// Bytes, and what keeps them.
+// Bytes and their owner.
 struct OwnedBytes {
   std::shared_ptr<const void> owner;  // null for none
   std::string_view bytes;
@@ -40,7 +40,7 @@ void WriteWholeFile(const QString& path, const QByteArray& content) {
   WriteBytes(TargetOf(path), View(content), Shown(path));
 }
 
-// What new names have changed: each rule as it was, and as it was then.
+// What undoing a change of names needs: each changed rule before and after it.
 struct RulesFile::NamesStep {
   struct OfRule {
     Rule before;
@@ -79,7 +79,7 @@ void RulesFile::State::Read() {
   content = rules::ReadContent(onDisk.bytes, shown.toStdString(), onDisk.owner);
 }
 
-// By the bytes: dates of files are too coarse, and a date alone is no change.
+// Compares bytes, because file times are too coarse and change without the content.
 void RulesFile::State::CheckOnDisk() const {
   const bool exists = QFileInfo::exists(target);
   if (!exists && !onDisk.owner) return;
@@ -191,7 +191,7 @@ void RulesFile::CheckFree(StringView name) const {
   }
 }
 
-// "NAME (2)", or with the next number that is free, when the name is taken.
+// The name itself when it is free, else with the first free number: "NAME (2)".
 String RulesFile::FreeName(StringView name) const {
   String free(name);
   for (int number = 2; Find(free); ++number)

@@ -38,7 +38,7 @@ RulesList::RulesList(QWidget* parent)
   list_->setUniformItemSizes(true);
   list_->setContextMenuPolicy(Qt::CustomContextMenu);
   list_->installEventFilter(this);
-  // Once the click is over, since the person may say no.
+  // Queued until the click is over, because the slot may ask and select the old rule again.
   connect(list_, &QListWidget::itemSelectionChanged, this, &RulesList::Tell, Qt::QueuedConnection);
   connect(list_, &QListWidget::customContextMenuRequested, this, &RulesList::ShowMenu);
   list_->viewport()->installEventFilter(this);
@@ -90,7 +90,8 @@ void RulesList::MarkChanged(bool isChanged) {
   }
 }
 
-// In any language there is room for the buttons, which would go behind another one else.
+// The minimum width of the list grows with the buttons, so that they do not overlap in any
+// language.
 void RulesList::AddButton(QAction& action) {
   buttons_->addAction(&action);
   const QMargins around = layout()->contentsMargins();
@@ -114,7 +115,7 @@ QListWidgetItem* RulesList::ItemOf(const QString& name) const {
   return nullptr;
 }
 
-// A press beside the rows chooses nothing: then the rule that is open stays the chosen one.
+// A click on the empty part of the list clears the selection; the open rule is selected again.
 void RulesList::Tell() {
   const QList<QListWidgetItem*> chosen = list_->selectedItems();
   if (chosen.isEmpty()) {
@@ -131,7 +132,7 @@ void RulesList::Filter(const QString& text) {
   }
 }
 
-// Some rows out of sight, no place is between two others; so nothing moves in a filtered list.
+// Rules can't be moved in a filtered list, where the hidden neighbours are unknown to the person.
 void RulesList::MoveBy(int places) {
   const int from = list_->currentRow();
   const int to = from + places;
@@ -149,7 +150,8 @@ void RulesList::ShowMenu(const QPoint& at) {
   menu.exec(list_->viewport()->mapToGlobal(at));
 }
 
-// Rows come to another place by our own drag: one within Qt's ends wherever the mouse is let go.
+// Moves rows by mouse events of its own: Qt's drag and drop would also accept drops outside of the
+// rows.
 bool RulesList::Drag(const QEvent& event) {
   const auto& mouse = static_cast<const QMouseEvent&>(event);
   if (event.type() == QEvent::MouseButtonPress) {
@@ -167,7 +169,7 @@ bool RulesList::Drag(const QEvent& event) {
   return false;
 }
 
-// Taken from the list, which would mark the rows on the way.
+// The event is consumed; QListWidget would select the rows under the mouse.
 bool RulesList::DragOver(const QPoint& at) {
   if (before_ < 0 && (at - pressedAt_).manhattanLength() < QApplication::startDragDistance())
     return true;

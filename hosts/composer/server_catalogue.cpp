@@ -15,10 +15,10 @@ namespace {
 std::atomic<int> threads = 0;
 std::atomic<int> connections = 0;  // all that there were, for their names
 
-// Nobody waits for the reading any more.
+// Thrown in the reading thread when its result is no longer wanted.
 class Abandoned : public std::exception {};
 
-// What a job has its reader do, in the thread of the reader.
+// A call that a job posts to the thread of its reader.
 class Message final : public QEvent {
  public:
   Message(std::shared_ptr<ServerJob> job, std::function<void(ServerReader&)> action)
@@ -43,14 +43,14 @@ class ServerJob : public std::enable_shared_from_this<ServerJob> {
     reader_ = nullptr;
   }
 
-  /// Has the reader do something in its own thread, if it still waits for this job then.
+  /// Posts a call to the reader; it runs in the thread of the reader, unless the job was given up.
   void Post(const ServerReader::Ending& action) {
     const std::lock_guard lock(mutex_);
     if (reader_ == nullptr) throw Abandoned();
     QCoreApplication::postEvent(reader_, new Message(shared_from_this(), action));
   }
 
-  /// In a thread of its own. The connection is gone when this returns.
+  /// Runs in a thread of the job. The connection is closed when it returns.
   void Run(const ServerAddress& address, const QString& password, const ServerReader::Work& work) {
     const QString name = QStringLiteral("zolt20 server %1").arg(++connections);
     try {
@@ -123,7 +123,7 @@ void ServerReader::ReadCatalogue(const ServerAddress& address, const QString& pa
         });
 }
 
-// A job that was given up has nothing to say any more.
+// Events of a job that was given up are dropped.
 void ServerReader::customEvent(QEvent* event) {
   const auto* message = static_cast<const Message*>(event);
   if (message->Job() == job_) message->Do(*this);

@@ -138,7 +138,7 @@ void ServerDialog::ShowDriver() {
   ForgetSchemas();
 }
 
-// They are of another server, once the address is another one.
+// Clears the schemas, which belong to the former address.
 void ServerDialog::ForgetSchemas() {
   reader_.Cancel();
   schemas_->clear();
@@ -176,8 +176,7 @@ void ServerDialog::Connect() {
   ShowState(tr("Connecting..."));
 }
 
-// One schema alone is what is wanted, and so is the one that bears the name of the database or that
-// everybody has.
+// Preselects a schema: the only one, the one with the name of the database, or the default schema.
 void ServerDialog::TakeSchemas(const std::vector<Schema>& schemas) {
   {
     const QSignalBlocker whole(schemas_);

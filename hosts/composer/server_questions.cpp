@@ -3,8 +3,8 @@
 namespace zolt20::composer {
 namespace {
 
-// Tables, partitioned ones without their partitions, views, materialized views, foreign tables.
-// A domain has the type word of the type below it.
+// Tables, partitioned tables without their partitions, views, materialized views and foreign
+// tables. A domain has the type word of its base type.
 constexpr Questions kPostgreSql{
     "select n.nspname, count(*) from pg_catalog.pg_class c"
     " join pg_catalog.pg_namespace n on n.oid = c.relnamespace"
@@ -34,7 +34,7 @@ constexpr Questions kPostgreSql{
     " join pg_catalog.pg_namespace n on n.oid = c.relnamespace"
     " where n.nspname in (%1) group by n.nspname, c.relname"};
 
-// A database of MariaDB is what others call a schema.
+// MariaDB calls a schema a database.
 constexpr Questions kMariaDb{
     "select table_schema, count(*) from information_schema.tables"
     " where table_type in ('BASE TABLE', 'SYSTEM VERSIONED', 'VIEW') and table_schema"

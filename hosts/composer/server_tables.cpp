@@ -35,7 +35,7 @@ constexpr int kRowsInAPiece = 500;
 
 constexpr qsizetype kLongestMessage = 600;
 
-// What is said, without the tabs and blanks by which it is laid out for a terminal.
+// Throws with the server's message, without the line breaks and tabs that drivers put into it.
 [[noreturn]] void Complain(const QSqlError& error) {
   const QString said = error.databaseText().trimmed();
   QStringList lines;
@@ -45,19 +45,19 @@ constexpr qsizetype kLongestMessage = 600;
   throw ServerError(lines.join(u'\n').left(kLongestMessage).toStdString());
 }
 
-// False when the server refuses, as one of another kind does.
+// Runs a statement. Returns false when the server rejects it, as a server of another kind does.
 bool Try(const QSqlDatabase& connection, const char* sql) {
   return QSqlQuery(connection).exec(QString::fromLatin1(sql));
 }
 
-// The answer to a question; "" when the server does not understand it.
+// The single value that a query returns; "" when the server rejects the query.
 QString Answer(const QSqlDatabase& connection, const char* sql) {
   QSqlQuery query(connection);
   return query.exec(QString::fromLatin1(sql)) && query.next() ? query.value(0).toString()
                                                               : QString();
 }
 
-// A value within the text that Qt makes for ODBC, where ";" ends it.
+// A value for the ODBC connection string that Qt builds, where ";" ends a value.
 QString OdbcValue(const QString& value) {
   const bool isPlain = std::none_of(value.begin(), value.end(), [](QChar character) {
     return QStringLiteral("[]{}(),;?*=!@").contains(character);
@@ -77,15 +77,15 @@ Dialect FindDialect(const QSqlDatabase& connection) {
   return isSqlite ? Dialect::kSqlite : Dialect::kOther;
 }
 
-// The text as it stands in a question. Bound values would do, were it not that the driver of
-// MariaDB for ODBC finds nothing by them.
+// A string literal in the given dialect. Bound values are not used, because MariaDB's ODBC driver
+// finds nothing with them.
 QString Literal(const QString& text, Dialect dialect) {
   QString literal = text;
   if (dialect == Dialect::kMariaDb) literal.replace(u'\\', QStringLiteral("\\\\"));
   return u'\'' + literal.replace(u'\'', QStringLiteral("''")) + u'\'';
 }
 
-// Asks a question about these schemas.
+// Runs a query that is restricted to these schemas.
 QSqlQuery Ask(const QSqlDatabase& connection, const char* question, Dialect dialect,
               const QStringList& schemas) {
   QStringList literals;
@@ -149,7 +149,7 @@ Tables AskForTables(const QSqlDatabase& connection, Dialect dialect, const QStri
 
 // ---- any other source of ODBC
 
-// The names in SQL of the numbers by which ODBC tells types.
+// The SQL name of a type, which ODBC gives as a number.
 QString TypeName(const QSqlField& field) {
   static const QMap<int, QString> kNames{
       {1, QStringLiteral("char")},       {2, QStringLiteral("numeric")},
@@ -207,7 +207,7 @@ Tables AskQtForTables(const QSqlDatabase& connection, const Progress& progress) 
   return found;
 }
 
-// Names that stand in several schemas.
+// Table names that exist in several schemas.
 QSet<QString> Ambiguous(const Tables& found) {
   QSet<QString> once;
   QSet<QString> ambiguous;

@@ -8,7 +8,7 @@
 namespace zolt20::composer {
 namespace {
 
-// What a frame and its title take, when nobody knows yet.
+// An estimate of the window frame, whose size is unknown before the window is shown.
 constexpr QSize kFrame{16, 48};
 
 }  // namespace
@@ -33,7 +33,7 @@ void ResizeWithinScreen(QWidget& window, QSize size) {
 void PlaceOnScreens(QWidget& window, const QRect& wanted) {
   const QScreen* screen = QGuiApplication::screenAt(wanted.center());
   if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-  // Over several screens that lie beside each other a window may go.
+  // A window may span several adjacent screens.
   const QRect all = screen->availableVirtualGeometry();
   const bool isWithin = all.contains(wanted) && QGuiApplication::screenAt(wanted.topLeft()) &&
                         QGuiApplication::screenAt(wanted.bottomRight());

@@ -92,7 +92,7 @@ bool IsDark(const QPalette& palette) {
   return palette.color(QPalette::Base).lightness() < 128;
 }
 
-// In the lower right corner, with a rim of the colour behind it.
+// Draws a mark into the lower right corner of the icon, with an outline in the base colour.
 void DrawMark(QPainter& painter, Mark mark, bool isOpen, const QColor& colour, const QColor& base) {
   const QPainterPath shape =
       PathOf(mark == Mark::kError ? "O 11.5 11.5 3.6" : "M 11.5 7.5 L 15.5 15 L 7.5 15 L 11.5 7.5");

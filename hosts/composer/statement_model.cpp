@@ -16,9 +16,9 @@ using language::NodeKind;
 using qt::ToQt;
 using qt::View;
 
-// Statements that stand deeper are part of the row around them, since views go down by recursion.
+// Deeper statements get no rows, because tree views recurse into rows.
 constexpr int kDeepest = 100;
-// A row is read at a glance; the tip has more.
+// A longer head is cut; the tip shows all of it.
 constexpr qsizetype kMostOfHead = 100;
 
 bool IsRow(NodeKind kind) {
@@ -60,8 +60,8 @@ StatementModel::StatementModel(QObject* parent)
 
 StatementModel::~StatementModel() = default;
 
-// Rows that go are removed while the old text is there, and rows that come are inserted when the
-// new one is, so that whoever asks in between hears what was.
+// Removes rows while the old text is still set and inserts rows after the new one is, so that the
+// model is consistent at each signal.
 void StatementModel::SetText(const QString& text, bool anew) {
   std::vector<Node> nodes = language::ReadOutline(View(text));
   changed_.clear();
@@ -92,7 +92,7 @@ void StatementModel::SetText(const QString& text, bool anew) {
   if (!anew) TellChanged();
 }
 
-// The nodes of rows within one, in their order.
+// The nodes that become child rows of a node, in order.
 StatementModel::Numbers StatementModel::ShownWithin(const std::vector<Node>& nodes,
                                                     const Item& item, std::uint32_t node) const {
   Numbers shown;
@@ -105,8 +105,8 @@ StatementModel::Numbers StatementModel::ShownWithin(const std::vector<Node>& nod
   return shown;
 }
 
-// Finds for each row the node that it will be, first by equal heads from both ends, then by equal
-// kinds. What is left of the rows goes.
+// Matches the child rows with the new nodes: by equal heads from both ends, then by equal kinds.
+// Removes rows without a match.
 void StatementModel::Drop(Item& item, const QString& text, const std::vector<Node>& nodes) {
   const Numbers coming = ShownWithin(nodes, item, item.next);
   Items& rows = item.children;
@@ -147,7 +147,7 @@ void StatementModel::Renumber(Item& item) {
     Renumber(*child);
 }
 
-// One run of rows comes within each, as Drop left one.
+// Inserts the missing child rows, which Drop left as one contiguous run.
 void StatementModel::Insert(Item& item) {
   const Numbers shown = ShownWithin(nodes_, item, item.node);
   Items& rows = item.children;
@@ -174,7 +174,7 @@ void StatementModel::Insert(Item& item) {
   endInsertRows();
 }
 
-// Of an item that nobody knows yet.
+// Fills an item that is not part of the model yet, so without signals.
 void StatementModel::Fill(Item& item) {
   for (const std::uint32_t node : ShownWithin(nodes_, item, item.node)) {
     auto& made = item.children.emplace_back(std::make_unique<Item>());
@@ -261,7 +261,7 @@ QModelIndex StatementModel::IndexOf(std::size_t node) const {
   return item == nullptr ? QModelIndex() : IndexOf(*item);
 }
 
-// Nodes stand in the order of the text, and each before those within it.
+// A binary search: nodes are in the order of the text, each before its children.
 QModelIndex StatementModel::IndexAt(std::size_t place) const {
   const auto behind =
       std::upper_bound(nodes_.begin(), nodes_.end(), place,
@@ -341,7 +341,7 @@ QString StatementModel::HeadOf(const Item& item) const {
   return words.left(kMostOfHead) + QChar(0x2026);
 }
 
-// As text of a page, since a sentence may hold what looks like one.
+// Escaped as HTML, because a tip that looks like HTML would be shown as such.
 QString StatementModel::TipOf(const Item& item) const {
   QStringList lines{ToQt(language::Explain(View(text_), nodes_, item.node, Sentences()))};
   if (!item.findings.empty()) lines.append(ProblemsOf(item));

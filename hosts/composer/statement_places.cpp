@@ -30,7 +30,7 @@ void StatementPlaces::Follow(QPlainTextEdit& result, std::function<bool()> isSho
   tree_.TextChanged();
 }
 
-// Whether the Result has the text of the tree, line by line.
+// Whether the text of the Result equals the text of the tree, except for line ends.
 bool StatementPlaces::HasResult() const {
   return result_ && isShown_() && !tree_.IsStale() &&
          result_->document()->blockCount() == tree_.Lines().Count();
@@ -45,7 +45,7 @@ void StatementPlaces::Show(std::size_t first, std::size_t last) {
   const auto positionOf = [this](const TextLines::Place& place) {
     return result_->document()->findBlockByNumber(place.line).position() + place.column;
   };
-  // The caret comes to the start, which is to be seen.
+  // Selects backwards, so that the caret and thus the visible part is at the start.
   QTextCursor cursor(result_->document());
   cursor.setPosition(positionOf(to));
   cursor.setPosition(positionOf(from), QTextCursor::KeepAnchor);

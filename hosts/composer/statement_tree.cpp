@@ -23,7 +23,7 @@
 namespace zolt20::composer {
 namespace {
 
-// Texts of so many characters are read that much later, so that keys in them stay fast.
+// The delay before a text is read grows with its length, so that typing stays fast.
 constexpr int kCharactersAMillisecond = 1000;
 constexpr int kRestMilliseconds = 400;
 
@@ -35,7 +35,7 @@ int KeyOf(const QKeyEvent& event) {
 
 }  // namespace
 
-// Draws the picture of a kind before the head; a row that is folded bears the mark of those in it.
+// Draws the icon of the kind before the head. A collapsed row shows the worst mark of its children.
 class StatementTree::Delegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -67,7 +67,7 @@ class StatementTree::Delegate final : public QStyledItemDelegate {
     return hasNote ? size + QSize(kNoteWidth, 0) : size;
   }
 
-  // A note is a sheet of paper with a folded corner, behind the head.
+  // The sign of a note is a sheet of paper with a folded corner, behind the head.
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     QStyledItemDelegate::paint(painter, option, index);
@@ -156,7 +156,7 @@ void StatementTree::MakeView() {
 // The text.
 
 void StatementTree::TextChanged() {
-  // Each change puts it off, so that nobody waits for it who goes on typing.
+  // Each change restarts the timer, so reading waits for a pause in typing.
   soon_->start(static_cast<int>(Text().size() / kCharactersAMillisecond));
 }
 
@@ -191,9 +191,9 @@ void StatementTree::CheckNow() {
   emit Checked();
 }
 
-// Rows that come are unfolded, those that were there stay as the person has them.
+// Expands new rows; old rows stay expanded or collapsed.
 void StatementTree::Unfold() {
-  // Of many, one by one would take too long.
+  // expandAll is faster than expanding many rows one by one.
   constexpr qsizetype kMany = 50;
   const QList<QPersistentModelIndex> rows = std::exchange(fresh_, {});
   if (rows.size() > kMany) {
@@ -246,7 +246,7 @@ void StatementTree::MarkAt(std::size_t place) {
   Mark(model_->IndexAt(place));
 }
 
-// Of what is folded away, the row that can be seen is marked.
+// Selects a row, or its nearest visible parent when it is in a collapsed row.
 void StatementTree::Mark(const QModelIndex& index) {
   QModelIndex seen = index;
   for (QModelIndex around = index.parent(); around.isValid(); around = around.parent()) {
@@ -299,7 +299,8 @@ void StatementTree::ShowMenu(const QPoint& at) {
   menu.exec(view_->viewport()->mapToGlobal(at));
 }
 
-// The window's menus have some of the same keys, which are the tree's while it has the focus.
+// Some keys are shortcuts of the window's menus, too; while the tree has the focus they are its
+// own.
 bool StatementTree::TakeKey(QEvent& event) {
   const bool isAsked = event.type() == QEvent::ShortcutOverride;
   if (!isAsked && event.type() != QEvent::KeyPress) return false;
@@ -319,7 +320,7 @@ bool StatementTree::TakeKey(QEvent& event) {
 
 bool StatementTree::eventFilter(QObject* watched, QEvent* event) {
   if (watched == view_ && TakeKey(*event)) return true;
-  // A short row is marked over the whole width.
+  // The column is at least as wide as the view, so that a selection spans the whole width.
   if (watched == view_->viewport() && event->type() == QEvent::Resize)
     view_->header()->setMinimumSectionSize(view_->viewport()->width());
   return QWidget::eventFilter(watched, event);

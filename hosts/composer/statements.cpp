@@ -25,7 +25,8 @@ std::vector<Line> LinesOf(StringView rule) {
   return lines;
 }
 
-// The line that closes the statement of a line, or the count of the lines.
+// The index of the line that closes the statement which begins on line `first`; the number of lines
+// when none does.
 std::size_t EndOf(const std::vector<Line>& lines, std::size_t first) {
   int open = 0;
   for (std::size_t i = first; i < lines.size(); ++i) {
@@ -36,7 +37,7 @@ std::size_t EndOf(const std::vector<Line>& lines, std::size_t first) {
   return lines.size();
 }
 
-// The lines with so many tabs less; a line that has fewer loses those it has.
+// The lines with the tabs of the first line's depth removed from each.
 String TextOf(const std::vector<Line>& lines, std::size_t first, std::size_t last) {
   String text;
   for (std::size_t i = first; i <= last; ++i) {

@@ -1,4 +1,4 @@
-// How a rule is stored or left, and what the window asks before: nothing goes without a word.
+// The part of MainWindow that stores or leaves a rule, with the questions before that.
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QMessageBox>
@@ -52,7 +52,8 @@ QStringList MainWindow::MissingNames(const QString& text) const {
   return told;
 }
 
-// A question holds up the event, and what is added then would be a gesture within it.
+// Deferred: a dialog within the event would block it, and the control refuses gestures within an
+// event.
 void MainWindow::OnDone() {
   const QString text = ToQt(map_->form().TxtOutput.Text());
   const bool needsNoQuestion = !map_->PendingOnPages().Any() && LostNames(text).isEmpty() &&
@@ -73,7 +74,7 @@ bool MainWindow::StoreRule() {
   return StoreUnasked();
 }
 
-// By Done, which the control may refuse.
+// Stores without questions, by the click on Done, which the control may refuse.
 bool MainWindow::StoreUnasked() {
   if (!MayStoreText()) return false;
   const QScopedValueRollback<bool> asked(isAsked_, true);
@@ -82,7 +83,7 @@ bool MainWindow::StoreUnasked() {
   return isStored_;
 }
 
-// What the person is to know of the text before it is stored.
+// Asks when the text has problems. Returns whether to store it.
 bool MainWindow::MayStoreText() {
   const QString text = ToQt(map_->form().TxtOutput.Text());
   if (!MayLoseNames(text)) return false;
@@ -104,7 +105,8 @@ bool MainWindow::MayStoreText() {
   return message.clickedButton() == store;
 }
 
-// Those of the stored text that the catalogue has not and this text no longer has.
+// Names that the stored text uses, that the catalogue does not have, and that the new text would
+// lose.
 QStringList MainWindow::LostNames(const QString& text) const {
   QStringList lost;
   const Rule* rule = rules_ && !rule_.isEmpty() ? rules_->Find(View(rule_)) : nullptr;
@@ -131,7 +133,7 @@ bool MainWindow::MayLoseNames(const QString& text) {
   return message.clickedButton() == store;
 }
 
-// In words, what of the pages is nowhere else.
+// Describes what stands on the pages only.
 QString MainWindow::WhatIsPending() const {
   const RecordedMap::Pending pending = map_->PendingOnPages();
   QStringList told;
@@ -185,9 +187,9 @@ bool MainWindow::NeedName(QString& name) {
   return true;
 }
 
-// Within Done. False when the person thought better of it or it failed.
+// Stores the rule within the event Done. Returns false when the person cancels or storing fails.
 bool MainWindow::Store() {
-  // Of a rule that was opened the pages hold the text until it is added.
+  // An empty Result: the text of an opened rule is still on the pages.
   if (map_->form().TxtOutput.Text().empty()) {
     if (!rule_.isEmpty() && map_->IsChanged() && !map_->PendingOnPages().Any()) return StoreNotes();
     if (!rule_.isEmpty() && !map_->IsChanged()) {
@@ -215,7 +217,8 @@ bool MainWindow::Store() {
   return Save();
 }
 
-// With the notes on its nodes. Those whose nodes are gone become the rule's own.
+// Stores the rule with the notes on its nodes. Notes of removed nodes are appended to the note of
+// the rule.
 void MainWindow::PutRule(Rule rule) {
   map_->CarryNotes();
   String ofRule;
@@ -235,7 +238,7 @@ void MainWindow::PutRule(Rule rule) {
   journal_->KeepStored(rule);
 }
 
-// The text is the stored one.
+// Stores the notes alone, when the text is unchanged.
 bool MainWindow::StoreNotes() {
   const Rule* rule = OpenedRule();
   if (rule == nullptr) return false;
@@ -253,8 +256,8 @@ void MainWindow::Leave() {
   if (MayLeaveRule()) OpenRule(rule_);
 }
 
-// What the person gives up counts as not stored until it is gone, since a further question may
-// keep it.
+// Changes that the person discards stay marked as unsaved until they are gone, because a later
+// question may cancel leaving.
 bool MainWindow::MayLeaveRule() {
   if (!map_->IsChanged()) return true;
   Choice choice = Choice::kStay;

@@ -7,7 +7,7 @@
 namespace zolt20::composer {
 namespace {
 
-// Beyond so many changes between two matched lines all lines there are told as changed.
+// With more changes between two matched lines, all lines between them count as changed.
 constexpr int kMostChanges = 400;
 
 std::vector<StringView> LinesOf(StringView text) {
@@ -20,7 +20,7 @@ std::vector<StringView> LinesOf(StringView text) {
   return lines;
 }
 
-// Lines as numbers, the same for the same line.
+// Lines as numbers; equal lines have equal numbers.
 using Numbers = std::vector<int>;
 
 Numbers NumbersOf(const std::vector<StringView>& lines,
@@ -31,7 +31,7 @@ Numbers NumbersOf(const std::vector<StringView>& lines,
   return numbers;
 }
 
-// Some lines of both texts, from the first and before the other.
+// Half-open ranges of lines in both texts.
 struct Region {
   int a0, a1, b0, b1;
 };
@@ -81,7 +81,7 @@ class Differ {
       matches_.push_back({--region.a1, --region.b1});
   }
 
-  // The longest row of lines that stand once in both, in the same order in both.
+  // The longest common subsequence of the lines that are unique in both texts.
   std::vector<Match> Anchors(const Region& region) const {
     struct Seen {
       int inA = 0, inB = 0, atB = 0;
@@ -124,7 +124,8 @@ class Differ {
     return rising;
   }
 
-  // The furthest places that so many changes reach, by diagonal, for each number of changes.
+  // Matches lines by the greedy algorithm for the shortest edit script: for each number of changes,
+  // the furthest point on each diagonal.
   void MatchByFewestChanges(const Region& region) {
     const int sizeA = region.a1 - region.a0;
     const int sizeB = region.b1 - region.b0;
@@ -154,7 +155,7 @@ class Differ {
     return static_cast<std::size_t>(place);
   }
 
-  // Whether the last change on the way to a diagonal is a line that was added.
+  // Whether the path to a diagonal ends with an added line.
   static bool ComesByAdding(const std::vector<int>& before, int changes, int diagonal) {
     return diagonal == -changes ||
            (diagonal != changes &&

@@ -55,7 +55,7 @@ void ExportTexts(const std::vector<Rule>& rules, const QString& folder) {
   const QDir directory(folder);
   if (!directory.mkpath(QStringLiteral(".")))
     Fail(QCoreApplication::translate("composer", "The folder %1 can't be made."), folder);
-  // Names that differ in their letters' case alone are the same file to some systems.
+  // Some file systems ignore case, so names are compared without it.
   QSet<QString> taken;
   for (const Rule& rule : rules) {
     const QString name = FileNameOf(rule.name);
@@ -83,7 +83,7 @@ std::vector<Rule> ImportTexts(const QString& folder) {
     QStringDecoder decoder(QStringDecoder::Utf8);
     QString text = decoder(content.readAll());
     if (decoder.hasError()) Fail(QCoreApplication::translate("composer", "%1 is no UTF-8."), file);
-    // An editor may have turned the line ends over.
+    // An editor may have changed CR LF to LF.
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     text.replace(u'\n', QStringLiteral("\r\n"));
     const QString name = RuleNameOf(file);

@@ -13,8 +13,8 @@
 namespace zolt20::composer {
 namespace {
 
-// The first of the person's languages that there is; behind English, which has no file, no other
-// one is looked for.
+// Installs the first available language of the user's list. English has no file and ends the
+// search.
 void Install(const QLocale& locale, const QString& name, const QString& folder) {
   for (const QString& language : locale.uiLanguages()) {
     const QLocale one(language);

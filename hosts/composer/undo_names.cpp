@@ -6,7 +6,7 @@
 namespace zolt20::composer {
 namespace {
 
-// What changes nothing that Undo would take back.
+// Whether the gesture is an undo step; focus and Done, for example, are none.
 bool IsStep(const ZOLT20Gesture& gesture) {
   return gesture.verb != u"focus" && gesture.control != u"cmdDone" &&
          gesture.control != u"cmdCancel";
@@ -40,7 +40,8 @@ QString UndoNames::Redo() const {
   return undone_.empty() ? QString() : undone_.back().back().name;
 }
 
-// Goes back and forth with the state of the control, which the host's own counting would not.
+// The number of the current step, kept in the host data of the control, so that undo and redo
+// restore it.
 int UndoNames::Place() const {
   const QVariantList place = map_->hostData().toList();
   return place.isEmpty() ? -1 : place.front().toInt();
@@ -50,7 +51,7 @@ void UndoNames::Add(const ZOLT20Gesture& gesture) {
   const int before = std::exchange(selected_, map_->form().lstSelectedFields.ListCount());
   if (!IsStep(gesture)) return;
   undone_.clear();
-  // A run of typing is one step.
+  // A run of typing is one step of the history.
   if (!gesture.goesOn || done_.empty()) {
     const QString& name = map_->StepName();
     done_.push_back(

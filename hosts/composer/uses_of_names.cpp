@@ -41,7 +41,7 @@ QString ShownLine(StringView text, std::size_t place) {
 }  // namespace
 
 std::vector<UsedName> UsesInRules(const std::vector<RuleText>& rules, const Names* names) {
-  // Tables and fields by their whole names, so that a field stands behind its table.
+  // Sorted by full name, so that fields follow their table.
   std::map<std::tuple<bool, String>, UsedName> found;
   for (const RuleText& rule : rules) {
     const StringView text = View(rule.text);
@@ -92,7 +92,7 @@ UsesWindow::UsesWindow(FindWindow::Source rules, FindWindow::NamesSource names, 
   auto* line = new QHBoxLayout;
   line->addWidget(words_, 1);
   line->addWidget(which_);
-  // No button is pressed by Enter, which leads to a place.
+  // Enter opens the current place, so no button may be the default button.
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
   buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -114,7 +114,7 @@ void UsesWindow::Begin() {
   words_->selectAll();
 }
 
-// Rules may have changed while the person was elsewhere.
+// Updates when the window is activated, because rules may have changed.
 bool UsesWindow::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate) Read();
   return QDialog::event(event);
@@ -161,7 +161,7 @@ void UsesWindow::Add(const UsedName& used) {
   }
 }
 
-// A name itself leads nowhere: it opens and closes.
+// Opens the place of an item. An item of a name expands or collapses instead.
 void UsesWindow::Choose(QTreeWidgetItem* item) {
   const QVariant first = item->data(kName, kFirst);
   if (!first.isValid()) return;

@@ -28,9 +28,9 @@ struct UsedName {
   bool operator==(const UsedName&) const = default;
 };
 
-/// All names that rules use, each table before its fields, functions at the end; within a kind by
-/// their letters. A field that stands in a quoted text alone is told, and is not missing. Without a
-/// catalogue nothing is missing.
+/// All names that rules use: tables in alphabetical order, each followed by its fields, then
+/// functions. A field that is only found in quoted texts is listed, but never counts as missing.
+/// With `names` null nothing counts as missing.
 std::vector<UsedName> UsesInRules(const std::vector<RuleText>& rules, const language::Names* names);
 
 /// The window for it. It stays open beside the composer's own.

@@ -69,7 +69,7 @@ VersionsWindow::VersionsWindow(const RulesFile& rules, StringView name, QWidget*
   layout->addWidget(buttons);
   pane_->AddFindBar();
   pane_->Name(ToQt(name));
-  // A version is compared with the one before it, until the person says otherwise.
+  // Selecting a version compares it with the one before it.
   connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
     other_->setCurrentIndex(std::min(row + 1, other_->count() - 1));
     ShowDifference();
@@ -83,7 +83,7 @@ const Version& VersionsWindow::Chosen() const {
   return versions_[static_cast<std::size_t>(list_->currentRow())];
 }
 
-// From the older one of the two to the newer one.
+// Shows the difference from the older to the newer of the two versions.
 void VersionsWindow::ShowDifference() {
   const int chosen = list_->currentRow();
   const int other = other_->currentIndex();
@@ -124,7 +124,7 @@ DeletedWindow::DeletedWindow(RulesFile& rules, QWidget* parent)
   ResizeWithinScreen(*this, {640, 400});
 }
 
-// The one that was deleted last stands first.
+// Lists the rules in the bin, the last deleted one first.
 void DeletedWindow::Fill() {
   bin_ = rules_.Bin();
   list_->clear();

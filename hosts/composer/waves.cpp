@@ -9,7 +9,7 @@
 namespace zolt20::composer {
 namespace {
 
-// Each is looked at for every line that is drawn, and nobody reads more; the list has them all.
+// Each wave costs time for every line that is drawn; the list of problems has all findings.
 constexpr qsizetype kMostWaves = 300;
 
 }  // namespace
@@ -18,7 +18,7 @@ void Waves::Add(const language::Finding& finding, int row, int column) {
   if (selections_.size() == kMostWaves) return;
   const QTextBlock block = box_.document()->findBlockByNumber(row);
   if (!block.isValid()) return;
-  // What is missing at the end of a line is seen below its last character.
+  // A finding at the end of a line is drawn below its last character.
   const int end = block.length() - 1;
   int length = static_cast<int>(finding.length);
   if (length == 0) {

@@ -45,14 +45,14 @@ void MainWindow::TakeCatalogue(OpenedCatalogue opened, const QString& from) {
   message.exec();
 }
 
-// False, and the person is told, while there is no catalogue.
+// Whether there is a catalogue; shows a message if there is none.
 bool MainWindow::NeedCatalogue(const QString& title) {
   if (!cataloguePlace_.file.isEmpty() || !cataloguePlace_.database.isEmpty()) return true;
   Complain(title, tr("There is no catalogue. Open one first.").toStdString());
   return false;
 }
 
-// From then on the catalogue is the one in the file.
+// Saves the catalogue as JSON, which is then the open catalogue.
 void MainWindow::SaveCatalogueAs() {
   const QString title = tr("Save Catalogue As");
   if (!NeedCatalogue(title)) return;

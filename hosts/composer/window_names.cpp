@@ -25,8 +25,9 @@ NameLists MainWindow::NamesBefore() const {
   return kept ? kept->lists : NameLists();
 }
 
-// Of rules of which nobody knows what they were composed with the note of each rule tells enough.
-// What is settled is kept by the next Save, and what is not waits for the person.
+// Compares the catalogue with the names that the file of rules keeps. For a file without kept names
+// the note of each rule is enough. Without open changes the next Save keeps the new names;
+// otherwise the strip asks the person.
 void MainWindow::LookAtNames() {
   namesAreOpen_ = false;
   takeBackNames_->setEnabled(rules_ && rules_->CanTakeBackNames());
@@ -67,7 +68,7 @@ void MainWindow::ShowChangedNames() {
   LookAtNames();
 }
 
-// All or nothing: what the file does not take is not done in memory either.
+// Makes all changes or none: when the file can't be saved, the rules in memory stay as well.
 void MainWindow::ChangeNames(const NamesReview& review) {
   const std::size_t count = rules_->ChangeNames(review.Changes(), review.Names(), NamesNow());
   const QScopedValueRollback<bool> kept(keepsNames_, false);
@@ -85,7 +86,7 @@ void MainWindow::TakeBackNames() {
   if (!rules_ || !rules_->CanTakeBackNames() || !MayLeaveRule()) return;
   const std::size_t left = rules_->TakeBackNames();
   {
-    // The file gets the bytes of before.
+    // Saves the same bytes as before the change.
     const QScopedValueRollback<bool> kept(keepsNames_, false);
     Save();
   }

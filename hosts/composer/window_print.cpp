@@ -54,7 +54,7 @@ void MainWindow::ExportRules() {
   statusBar()->showMessage(tr("Rules written: %1").arg(rules_->rules().size()), 5000);
 }
 
-// A rule of the same name gets the text of the folder, since that is how a folder comes back.
+// Imports a folder of text files. A rule of the same name gets the text of its file.
 void MainWindow::ImportRules() {
   if (!MayLeaveRule() || !NeedRules()) return;
   const QString folder = QFileDialog::getExistingDirectory(this, tr("Import Rules"));

@@ -68,7 +68,7 @@ void MainWindow::UseNames() {
                       : std::make_unique<Names>(TableList(catalogue_), FieldList(catalogue_)));
 }
 
-// Of the rule that is composed the text is looked through as it is shown.
+// The texts of all rules; for the open rule the text as it is shown, not as it is stored.
 std::vector<RuleText> MainWindow::AllTexts() const {
   map_->CarryNotes();
   std::vector<RuleText> rules;
@@ -108,7 +108,7 @@ void MainWindow::ShowPlace(const QString& rule, std::size_t first, std::size_t l
   tree_->Refresh();
   const auto end = static_cast<std::size_t>(tree_->Text().size());
   first = std::min(first, end);
-  // Where the Result is empty, the text beside it has the place.
+  // With an empty Result the place is shown in the Rule pane.
   if (map_->form().TxtOutput.Text().empty()) showList_.action()->setChecked(true);
   places_->Show(first, std::min(first + length, end));
   tree_->MarkAt(first);
@@ -118,7 +118,7 @@ const Rule* MainWindow::OpenedRule() const {
   return rules_ && !rule_.isEmpty() ? rules_->Find(View(rule_)) : nullptr;
 }
 
-// The stored text, and what storing all that is composed would make of it.
+// Shows the stored text and its difference to what storing would write.
 void MainWindow::ShowRuleText() {
   const Rule* rule = OpenedRule();
   const QString stored = rule == nullptr ? QString() : ToQt(rule->text);
@@ -135,7 +135,7 @@ bool MainWindow::IsReadOnly() const {
   return reading_->isVisibleTo(reading_->parentWidget());
 }
 
-// A rule that the control can't take back is read in its place.
+// Shows a rule that the control can't take back read-only, in the place of the control.
 void MainWindow::ShowForReading(const QString& text) {
   const std::optional<Untakeable> place = FindUntakeable(text, catalogue_);
   reading_->setVisible(place.has_value());

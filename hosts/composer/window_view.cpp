@@ -51,7 +51,7 @@ void Enlarge(QWidget& widget, qreal points, int zoom) {
 
 }  // namespace
 
-// A new control, in letters of the size that is chosen.
+// Applies the zoom and the palette to a new control.
 void MainWindow::ShowMap() {
   edit_->Follow(*map_);
   mapPoints_ = map_->font().pointSizeF();

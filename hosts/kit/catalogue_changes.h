@@ -25,10 +25,11 @@ struct NameChange {
   bool isLikely = false;  ///< whether the first proposal can be the default answer
 };
 
-/// The changes of names that the rules use, each table before its fields, in the order of first
-/// uses. Both lists are as the control takes them. Quoted texts are no uses here. The fields of a
-/// table that is gone are looked up in the table that `chosen` has for it, in none where that is
-/// "", and in the likely successor where `chosen` has nothing.
+/// The changes of names that the rules use, in the order of their first uses, each table before its
+/// fields. `before` and `now` have the lists of the two catalogues as the control takes them. Names
+/// in quoted texts do not count as used. For a table that is gone, its fields are looked up in its
+/// successor: the table that `chosen` maps it to, or the likely successor if `chosen` does not have
+/// it; "" in `chosen` means that it has no successor.
 std::vector<NameChange> CompareNames(const RulesContent& content, const NameLists& before,
                                      const NameLists& now, const language::Renames& chosen = {});
 

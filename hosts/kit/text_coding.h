@@ -16,7 +16,8 @@ std::string ToJsonText(StringView text);
 /// The text of valid UTF-8 with stand-ins.
 String FromJsonText(std::string_view text);
 
-/// A fast test whether PutStandIns may change the line, which most lines do not need.
+/// A fast test for lines that PutStandIns leaves as they are, which are most: false means that it
+/// would change nothing.
 bool NeedsStandIns(std::string_view line);
 /// A line of JSON as it was received, with its lone surrogate escapes replaced by stand-ins. What
 /// is not valid stays as it is.

@@ -10,8 +10,8 @@ namespace zolt20::com {
 
 class StoragePlace {
  public:
-  /// Before InitNew or Load: whether the call is allowed. CO_E_ALREADYINITIALIZED when the control
-  /// has a storage already, E_UNEXPECTED after HandsOff.
+  /// Whether InitNew or Load may be called now: S_OK, CO_E_ALREADYINITIALIZED when the control has
+  /// a storage already, E_UNEXPECTED after HandsOff.
   HRESULT MayBegin() const;
   /// After InitNew or Load: from now on holds the storage.
   void Begin(IStorage* storage);

@@ -7,8 +7,9 @@ namespace zolt20::com {
 
 class FormScroll {
  public:
-  /// The room for the form in a window of the size `whole`, without the scroll bars that it needs
-  /// there: a bar for each direction in which the form is larger.
+  /// The size that is left for the form in a window of the size `whole`, less the scroll bars.
+  /// There is a scroll bar for each direction in which the form does not fit, where one bar may
+  /// make the other one necessary.
   static SIZE RoomFor(SIZE form, SIZE whole);
 
   /// Fits the scroll bars of the window to a form of that size, in pixels. Re-entrancy: the window

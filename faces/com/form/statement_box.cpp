@@ -202,7 +202,8 @@ void StatementBox::Highlight(bool highlight) {
     Recolour();
     return;
   }
-  // Clears the colours of the whole text: lines that are not visible may have colours, too.
+  // Clear the colours of all lines, not only of the visible ones. It is not drawn or recorded for
+  // undo.
   const Unseen unseen(window_, document_, isColouring_);
   Paint(window_, SCF_ALL, PlainFormat());
 }

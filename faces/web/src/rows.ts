@@ -40,8 +40,9 @@ export interface RowsOptions {
   isPopup?: boolean;
 }
 
-// The text of a row. Long names differ at their ends, so the ellipsis is in the middle. A text with
-// other characters than ASCII is cut at its end: some of its characters may belong together.
+// The text of a row. A long text is split into two elements, so that the style sheet elides it in
+// the middle: long names often differ in their last letters. A text with characters other than
+// ASCII is not split, since some of its characters may form one glyph; it is elided at its end.
 function spanOf(kind: string, text: string): HTMLElement {
   const kLong = 20;
   const kTail = 9;
