@@ -112,7 +112,7 @@ QByteArray ReadBytes(const QString& target, const QString& where) {
 }
 
 bool HoldsBytes(const QString& target, std::string_view bytes, const QString& where) {
-  constexpr qsizetype kPiece = 256 * 1024;
+  constexpr qsizetype kPiece = qsizetype{256} * 1024;
   QFile file(target);
   OpenToRead(file, where);
   QByteArray piece(kPiece, Qt::Uninitialized);

@@ -8,9 +8,9 @@ namespace {
 
 // The layout of the writer (rules_writer.cpp).
 constexpr std::string_view kOpening = "{\n";
-constexpr std::string_view kStored = "          \"stored\": \"";
-constexpr std::string_view kText = "          \"text\": \"";
-constexpr std::string_view kFields = "          \"fields\": \"";
+constexpr std::string_view kStored = R"(          "stored": ")";
+constexpr std::string_view kText = R"(          "text": ")";
+constexpr std::string_view kFields = R"(          "fields": ")";
 constexpr std::string_view kNextKey = ",\n";
 constexpr std::string_view kClosing = "\n        }";
 constexpr std::string_view kNextVersion = ",\n        ";
