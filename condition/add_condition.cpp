@@ -75,8 +75,8 @@ void ZOLT20MapControl::AddIf() {
                         StatementBlock(statement));
     }
   }
-  // ODD: with statements before it, an If of no condition leaves a line break here, which is enough
-  // for an endif.
+  // ODD: Build Condition adds an endif if mstrIfText is not empty. After other statements the line
+  // break alone makes it so, even when the If has no condition.
   String marker = OnNewLine(text);
   StoreStatement(Concat(marker, elsePart));
   ++mintConditionsAdded;
@@ -151,8 +151,8 @@ String ZOLT20MapControl::CaseRow(StringView value, StringView statement) {
   const Integer depth = mintTabCount;
   ++mintTabCount;
   if (statement.empty()) {
-    // ODD: the depth stays raised, for the rows that follow and for all up to Build Condition. The
-    // colon differs too, and no break follows.
+    // ODD: the depth is not lowered again, so that all rows up to Build Condition are one tab
+    // deeper. The row ends in ": " instead of " :", and in no "break" statement.
     return Concat(kLineBreak, IndentLines(mintTabCount), u"case ", value, u": ");
   }
   String row =

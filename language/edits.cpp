@@ -103,8 +103,9 @@ String Indented(StringView line, StringView margin) {
 
 // Nodes.
 
-// ODD: the control writes an "if" of a condition alone at the margin, and its "endif" where both
-// belong.
+// The indentation of a node: that of its first line. ODD: the control writes an "if" with a
+// condition but no statement at the left margin, and its "endif" at the right depth, so that an
+// "if" takes the indentation of its "endif" when that is deeper.
 StringView MarginOf(StringView text, const Nodes& nodes, std::size_t index, std::size_t lineStart) {
   const StringView margin = IndentationAt(text, lineStart);
   const Node& last = nodes[nodes[index].behind - 1];

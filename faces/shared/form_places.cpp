@@ -303,7 +303,8 @@ void FormPlaces::PutAlong(const Part& part, Box box, bool isAcross) {
   }
 }
 
-// Aligns controls of one line at the bottom of their row, a label in the middle of the last line.
+// The rectangle of a part within its share of a row. Controls that show one line of text, such as
+// buttons, stand at the bottom of the row; labels stand level with the text of the box beside them.
 FormPlaces::Box FormPlaces::Aligned(const Part& part, Box box) const {
   const bool isOneLine = part.kind == PartKind::kTools ||
                          (part.kind == PartKind::kControl && HasOneLine(*part.control));

@@ -99,8 +99,8 @@ Part Where() {
   Part operands = Row("operands", 0,
                       {SearchedCombo(Label6, cboWhereFields, 3), NamedCombo(Label7, cboOper, 2),
                        SearchedCombo(Label8, cboWhereFields1, 3)});
-  // The two views of the condition alternate in one place. At first both are visible, with the
-  // where text on top.
+  // Both views of the condition take the same rectangle, and code shows one at a time. On a new
+  // control both are visible, and the frame of txtwhereCondition covers the other.
   Part views = Stack(1, {Frame(FraCondition, 0, {Of(txtCondition, 1)}),
                          Frame(FrawhereCondition, 0, {Of(txtwhereCondition, 1)})});
   Part condition = Column("condition", 3,

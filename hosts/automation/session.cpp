@@ -32,8 +32,8 @@ class Refused : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Appends a member to the text of a reply. An error message may quote bytes of the line that are
-// not valid UTF-8.
+// Appends a member to the text of a reply. Bytes that are not valid UTF-8, which an error message
+// may quote from the request, become U+FFFD.
 void AppendMember(std::string& reply, std::string_view key, const Json& value) {
   reply += reply.size() == 1 ? "\"" : ",\"";
   reply += key;

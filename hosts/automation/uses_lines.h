@@ -15,8 +15,9 @@ struct UseLines {
   std::size_t count = 0;
 };
 
-/// `RULE:LINE:COLUMN: field CUSTOMER.C_ID [where]`, with `, string` or `, statement` behind where
-/// the text need not mean the name. In JSON:
+/// A line for each use: `RULE:LINE:COLUMN: field CUSTOMER.C_ID [where]`. The line ends in
+/// `, string` or `, statement` if the name is only part of a string or of a statement in other
+/// words, where it may mean something else. In JSON:
 /// `{"rule":"A","line":3,"column":7,"first":43,"length":13,"kind":"field","name":"CUSTOMER.C_ID",
 /// "node":"where","place":"clause"}`.
 ///

@@ -68,7 +68,8 @@ Rewritten FindRewritten(const RewrittenResult& result) {
   return {{before, all.own.last - behind}, {before, all.written.last - behind}};
 }
 
-// The index of each own line among the edited lines.
+// The index of each own line, which the control wrote, among the edited lines, which a person
+// changed; kNoLine for a line that is not among them.
 std::vector<std::size_t> PlacesOf(StringView own, StringView edited) {
   std::vector<std::size_t> places;
   std::size_t next = 0;
@@ -80,8 +81,9 @@ std::vector<std::size_t> PlacesOf(StringView own, StringView edited) {
   return places;
 }
 
-// The edited lines that correspond to the own lines in `own`, which is not empty; `same` tells
-// whether they are unedited.
+// The range of edited lines that correspond to the range `own` of own lines, which is not empty.
+// `places` is that of PlacesOf, `behindAll` the number of edited lines. `same` becomes whether the
+// lines are unedited.
 Range RangeOf(const std::vector<std::size_t>& places, Range own, std::size_t behindAll,
               bool& same) {
   const auto at = [&](std::size_t line) {

@@ -20,7 +20,7 @@ bool IsTooDeep(std::string_view text);
 /// it is too deep. Empty when nothing is wrong.
 Message FaultIn(std::string_view text);
 
-/// A text in UTF-8 for people, with "?" for each lone surrogate.
+/// The text as valid UTF-8, to be shown to people: each stand-in for a lone surrogate becomes "?".
 std::string ForPeople(std::string_view jsonText);
 
 }  // namespace zolt20::hosts

@@ -32,8 +32,8 @@ bool IsWhole(const JsonValue& value);
 int WholeNumber(const JsonValue& value);
 
 /// The gesture of a `user` request, on a control of the form. Whether the row exists is not
-/// checked. Throws BadRequest for an unknown gesture, or one that the control does not have; raises
-/// `overflow` for a code or a page that does not fit 16 bits.
+/// checked. Throws BadRequest for an unknown gesture, and for a gesture that controls of this kind
+/// do not have; raises `overflow` for a code or a page that does not fit 16 bits.
 UserGesture ReadGesture(const JsonValue& request, const Surface& form);
 /// The request that makes the gesture.
 Json WriteGesture(const UserGesture& gesture);

@@ -9,9 +9,9 @@ namespace zolt20::catalogue {
 /// otherwise "long", "char", "blob", "double" or "decimal".
 StringView TypeWordByAffinity(StringView declared);
 
-/// The type word of a server's column, by the first word of its declared type, such as "character"
-/// of "character varying(20)": one of the same words. The fallback for unknown types and arrays is
-/// "char", since every server shows them as texts.
+/// The type word of a server's column: "date", "long", "char", "blob", "double" or "decimal", by
+/// the first word of its declared type, such as "character" of "character varying(20)". Unknown
+/// types and arrays are "char", since every server shows them as texts.
 StringView TypeWordByName(StringView declared);
 
 }  // namespace zolt20::catalogue

@@ -284,7 +284,8 @@ void StatementBox::ColourSight() {
   }
 }
 
-// An edit beyond the visible lines, such as a long paste, invalidates the range coloured_.
+// Colours the lines of an edit. After an edit that reaches beyond the visible lines, such as a long
+// paste, all visible lines are coloured anew.
 void StatementBox::ColourEdit(const faces::Edit& edit) {
   if (!highlight_) return;
   const Span lines = LinesOf({edit.position, edit.position + edit.added});
