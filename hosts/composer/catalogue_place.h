@@ -1,7 +1,7 @@
-// Catalogues with where they came from, which is also where their functions are kept: in the JSON
-// file that a catalogue stands in, and for one of a database in the settings of the user, since
-// databases are only read. The settings have a file for each database, a catalogue without tables
-// that bears the name by which the database is known, in zolt20-composer/functions.
+// A catalogue together with the place where its functions are stored. For a catalogue in a JSON
+// file that is the file itself. Databases are only read, so the functions of a database are stored
+// in the settings of the user: in zolt20-composer/functions there is a file for each database, a
+// catalogue without tables, named after the database.
 #pragma once
 
 #include <QString>
@@ -14,27 +14,27 @@ namespace zolt20::composer {
 
 struct CataloguePlace {
   QString file;      ///< the JSON file, "" for a database
-  QString database;  ///< the name by which the settings know the database, "" for a file
+  QString database;  ///< the name of the database in the settings, "" for a file
 };
 
 struct OpenedCatalogue {
   catalogue::Catalogue catalogue;
   CataloguePlace place;
-  QStringList leftOut;  ///< a line for the person for each thing that was left out
+  QStringList leftOut;  ///< what the catalogue does not contain and why, a message each
 };
 
 /// Reads a JSON file or a SQLite database. Throws CatalogueError.
 OpenedCatalogue ReadCatalogueAt(const QString& path);
 
-/// Gives the catalogue of a database the functions that were kept for it, if any were. What is
-/// wrong with them is told as left out.
+/// Adds the stored functions to the catalogue of a database, if there are any. Invalid ones are
+/// added to `leftOut` instead.
 void TakeKeptFunctions(OpenedCatalogue& opened);
 
-/// Keeps the functions. Throws CatalogueError when the file has become no catalogue, RulesError
+/// Stores the functions. Throws CatalogueError when the file no longer is a catalogue, RulesError
 /// when it can't be written.
 void KeepFunctions(const CataloguePlace& place, const std::vector<catalogue::Function>& functions);
 
-/// Where that would be, for the person.
+/// The place where KeepFunctions stores, to be shown to the person.
 QString PlaceOfFunctions(const CataloguePlace& place);
 
 }  // namespace zolt20::composer

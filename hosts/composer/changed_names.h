@@ -1,5 +1,6 @@
-// What became of names in another catalogue than the rules were composed with, with all places in
-// the rules: which new names are right, and which places get them, is the person's to decide.
+// A dialog about names of the rules that the catalogue does not have any more. It proposes new
+// names and lists every place in the rules. The person decides which new names are right and which
+// places are changed.
 #pragma once
 
 #include <QDialog>
@@ -19,11 +20,11 @@ class ChangedNamesWindow final : public QDialog {
   Q_OBJECT
 
  public:
-  /// The dialog was ended by a button that leaves all names as they are, for good.
+  /// The result of the dialog when the person chose to leave all names as they are from now on.
   static constexpr int kLeaveAll = 2;
 
-  /// Both belong together, and stay as long as the dialog is there. Accepted, the review has what
-  /// is to be changed.
+  /// `review` was made of `content`, and both outlive the dialog. When the dialog is accepted,
+  /// `review` has the chosen changes.
   ChangedNamesWindow(rules::NamesReview& review, const rules::RulesContent& content,
                      QWidget* parent = nullptr);
 

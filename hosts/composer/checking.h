@@ -1,4 +1,4 @@
-// What is wrong in the rules of a file, for scripts.
+// Checks all rules of a file, for scripts without a window.
 #pragma once
 
 #include <QString>
@@ -9,11 +9,11 @@ namespace zolt20::composer {
 struct RulesCheck {
   /// `RULE:LINE:COLUMN: error: text [code]` for each finding, rule by rule.
   std::string lines;
-  bool hasErrors = false;  ///< among which no warning counts
+  bool hasErrors = false;  ///< warnings do not count
 };
 
-/// Throws RulesError or CatalogueError when a file can't be read. Nothing is written, and a file
-/// that is open in a composer can be checked too.
+/// Checks the rules against the catalogue. Throws RulesError or CatalogueError when a file can't be
+/// read. Writes nothing, and also reads a file that is open in a composer.
 RulesCheck CheckRulesAt(const QString& rules, const QString& catalogue);
 
 }  // namespace zolt20::composer

@@ -1,5 +1,5 @@
-// A line of text that takes the room there is: a long text is cut in the middle, and the whole of
-// it is the tool tip. So no name, however long, makes a window wider.
+// A label of one line that fits any width: a text that is too long is shown with "…" in its middle,
+// and whole as the tool tip. So a long name never makes a window wider.
 #pragma once
 
 #include <QLabel>
@@ -23,10 +23,10 @@ class CutLabel final : public QLabel {
   QString Shown() const;
 };
 
-/// A name for a sentence in a message: one that is very long is cut in the middle.
+/// A name for a message: the middle of a very long one is replaced by "…".
 QString ShortName(const QString& name);
 
-/// A text as a tool tip, word by word as it stands, whatever marks of rich text are in it.
+/// A text as a tool tip that shows exactly these characters: marks of rich text in it are escaped.
 QString TipOf(const QString& text);
 
 }  // namespace zolt20::composer

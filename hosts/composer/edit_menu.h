@@ -1,5 +1,5 @@
-// The menu Edit of the composer's window: what it acts on is what has the focus, wherever that is
-// in the window, and for the history the control.
+// The Edit menu of the composer's window. Its commands act on the widget that has the focus, except
+// Undo and Redo, which act on the control.
 #pragma once
 
 #include <QObject>
@@ -22,11 +22,12 @@ class EditMenu final : public QObject {
   /// Fills the menu of the window.
   EditMenu(QWidget& window, QMenu& menu, FindBar& find);
 
-  /// From now on the history is that of this control, whose own keys for it are the menu's.
+  /// From now on Undo and Redo act on this control. The menu's keys for them replace the control's
+  /// own.
   void Follow(RecordedMap& map);
 
  signals:
-  /// Copy, where the focus is in no text.
+  /// Copy was chosen while no text has the focus.
   void CopyRule();
 
  private:

@@ -1,4 +1,5 @@
-// The line below a window's contents that finds words in one of its texts.
+// The find bar at the bottom of a window: a line for the words, which are searched in one of the
+// window's texts.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -16,9 +17,10 @@ class FindBar final : public QWidget {
  public:
   explicit FindBar(QWidget* parent = nullptr);
 
-  /// Shows the line, with the focus; what is marked in the text is looked for first.
+  /// Shows the bar and gives it the focus. The selected text becomes the words to find.
   void FindIn(QPlainTextEdit& text);
-  /// Marks the next or the previous place, from the end on at the start again.
+  /// Selects the next or the previous match. Behind the last match the search goes on at the first
+  /// one, and the other way round.
   void FindNext(bool forward = true);
 
  protected:

@@ -1,5 +1,5 @@
-// Finds a text, a name of the catalogue or a problem in all rules of a file, and leads to the
-// place.
+// Find in Rules: finds a text, a name of the catalogue or a problem in all rules of a file, and
+// shows the place that the person chooses.
 #pragma once
 
 #include <QDialog>
@@ -19,36 +19,36 @@ class QTimer;
 
 namespace zolt20::composer {
 
-/// Where in the rules something is looked for.
+/// What is searched: the text, the names or the problems of the rules.
 enum class Searched { kText, kNames, kProblems };
 
 struct RuleText {
   QString rule;
   QString text;
-  std::vector<language::NodeNote> notes = {};  ///< of nodes of the text
+  std::vector<language::NodeNote> notes = {};  ///< notes on statements of the text
 };
 
 /// A place that was found.
 struct FoundPlace {
   QString rule;
-  std::size_t first = 0;  ///< in the text of the rule, from 0
+  std::size_t first = 0;  ///< index in the text of the rule, from 0
   std::size_t length = 0;
   int line = 1;
-  QString told;  ///< the line of the text, what is wrong there, or the note
+  QString told;  ///< the line of the text, the problem, or the note
 
   bool operator==(const FoundPlace&) const = default;
 };
 
-/// No more are looked for.
+/// The search stops after so many places.
 inline constexpr std::size_t kMostFound = 1000;
 
-/// The places in the order of the rules, letter case aside; those of notes behind those of the
-/// text. Without words every name, or every problem, is found, and no text. Names of tables,
-/// fields, indexes and functions are those of the catalogue where there is one.
+/// The places in the order of the rules, those in notes after those in the text. Letter case does
+/// not count. Without words every name or every problem is found, but no text. `names` has the
+/// tables, fields, indexes and functions of the catalogue; it may be null.
 std::vector<FoundPlace> FindInRules(const std::vector<RuleText>& rules, const QString& words,
                                     Searched searched, const language::Names* names);
 
-/// The window for it. It stays open beside the composer's own.
+/// The window of Find in Rules. It is not modal: it stays open beside the composer's window.
 class FindWindow final : public QDialog {
   Q_OBJECT
 
@@ -58,11 +58,11 @@ class FindWindow final : public QDialog {
 
   FindWindow(Source rules, NamesSource names, QWidget* parent);
 
-  /// With the focus on the line, and what is found now.
+  /// Searches anew and gives the line for the words the focus.
   void Begin();
 
  signals:
-  /// The person wants to see a place of the text of a rule.
+  /// The person chose a found place: this part of the text of a rule.
   void Chosen(const QString& rule, std::size_t first, std::size_t length);
 
  private:

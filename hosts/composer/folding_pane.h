@@ -1,5 +1,5 @@
-// A pane of a window that folds away by itself where the window is too narrow for it, and comes
-// back with the room.
+// A pane that hides itself while its window is too narrow for it, and shows itself again when the
+// window is wide enough.
 #pragma once
 
 #include <QAction>
@@ -9,13 +9,14 @@ namespace zolt20::composer {
 class FoldingPane {
  public:
   FoldingPane() = default;
-  /// For the action that shows the pane, and the width from which on there is room for it.
+  /// `action` is the checkable action that shows the pane, `leastWidth` the width of the window
+  /// from which on there is room for the pane.
   FoldingPane(QAction* action, int leastWidth) : action_(action), leastWidth_(leastWidth) {}
 
   QAction* action() const { return action_; }
 
-  /// The window has this width now. What the person shows or hides stays so until there is another
-  /// amount of room.
+  /// Called with each new width of the window. The person may show or hide the pane at any width;
+  /// that choice holds until the width passes `leastWidth`.
   void FitInto(int width) {
     if (isNarrow_ == (width < leastWidth_)) return;
     isNarrow_ = !isNarrow_;
@@ -23,7 +24,7 @@ class FoldingPane {
     if (isNarrow_ || wasShown_) action_->setChecked(!isNarrow_);
   }
 
-  /// Whether the pane is shown, or will be where there is room; what settings keep.
+  /// Whether the pane is shown, or would be shown in a wider window. This is what settings store.
   bool IsWanted() const { return isNarrow_ ? wasShown_ : action_->isChecked(); }
   void Want(bool isWanted) {
     wasShown_ = isWanted;

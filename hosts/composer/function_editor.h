@@ -18,14 +18,14 @@ class FunctionEditor final : public QDialog {
   Q_OBJECT
 
  public:
-  /// `place` tells where the functions are kept.
+  /// `place` is a sentence about where the functions are stored.
   FunctionEditor(const std::vector<catalogue::Function>& functions, const QString& place,
                  QWidget* parent = nullptr);
 
-  /// The rows in their order; empty ones are none.
+  /// The functions, row by row. Empty rows are left out.
   std::vector<catalogue::Function> Functions() const;
 
-  /// Only when no row is wrong.
+  /// Does nothing while a row has an error.
   void accept() override;
 
  private:

@@ -21,7 +21,7 @@ class FunctionPicker final : public QDialog {
   explicit FunctionPicker(const std::vector<catalogue::Function>& functions,
                           QWidget* parent = nullptr);
 
-  /// The call as it goes into a statement: "substr(NAME, 1, 3)". "" while there is none.
+  /// The call to be inserted into a statement: "substr(NAME, 1, 3)". "" until there is one.
   QString Call() const;
 
  private:

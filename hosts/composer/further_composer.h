@@ -1,6 +1,6 @@
-// A composer in a dialog, whose text goes into a statement or a rule of another one. It stands a
-// little below and to the right of the window that asked, and its first line tells where in the
-// rule it is.
+// A composer in a dialog that another composer opens. Its text is inserted into a statement or a
+// rule of that one. The dialog is placed a little below and to the right of the window that opened
+// it, and its first line tells where in the rule its text belongs.
 #pragma once
 
 #include <QDialog>
@@ -9,7 +9,8 @@
 
 namespace zolt20::composer {
 
-/// Where the control of a widget is, "Orders > SelectDo > Condition"; "" for none.
+/// The path of the composer that a widget is in, such as "Orders > SelectDo > Condition"; "" for a
+/// widget that is in none.
 QString PathOf(const QWidget* asking);
 
 class FurtherComposer : public QDialog {
@@ -17,20 +18,20 @@ class FurtherComposer : public QDialog {
 
  public:
   RecordedMap& map() { return *map_; }
-  /// "Orders > SelectDo > Condition": the rule, and what was asked for from where.
+  /// The path: the rule, and the pages from which each nested composer was opened.
   const QString& Path() const { return path_; }
 
-  /// Asks first when something was composed.
+  /// Asks before it closes if something was composed.
   void reject() override;
 
  protected:
   FurtherComposer(const catalogue::Catalogue& catalogue, const QString& title, QWidget* parent);
 
-  /// The pages hold what they begin with. Now the person comes, and the journal of the composer
-  /// that asked keeps what is done.
+  /// To be called when the pages have their first contents. From here on gestures are the person's,
+  /// and are written to the journal of the composer that opened this one.
   void Begin(const catalogue::Catalogue& catalogue, const QString& path);
 
-  /// Within Done.
+  /// Called within the event Done.
   virtual void TakeText() = 0;
 
  private:

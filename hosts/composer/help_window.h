@@ -5,9 +5,9 @@ class QMainWindow;
 
 namespace zolt20::composer {
 
-/// The pages about the composer, in a window of their own.
+/// Shows the pages about the composer in a window of their own.
 void ShowHelp(QMainWindow& window);
-/// All keys of the menus, as the menus have them, and those of the lists.
+/// Shows the keys of all menus, and those of the lists.
 void ShowKeys(QMainWindow& window);
 void ShowAbout(QMainWindow& window);
 

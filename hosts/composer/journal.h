@@ -1,11 +1,11 @@
-// The journal of a composer: each step is on the disk within a second, so that a kill of the
-// program or of the machine takes no more than that.
+// The journal of a composer: a log file from which unsaved work is recovered. Each step is on the
+// disk within a second, so that a crash of the program or of the machine loses no more than that.
 //
-// It is begun by the first step that composes anything, with all steps since the rule was opened,
-// and goes when all is stored. It stands beside the file of rules, as FILE.journal; while there is
-// no such file, and where none can be made beside it, in the folder of the program's data. One that
-// another composer writes, or one that is left for later, has its name, and the next is
-// FILE.2.journal.
+// The file is created by the first step that changes anything, with all steps since the rule was
+// opened, and removed when everything is saved. It stands beside the file of rules, as
+// FILE.journal. Without a file of rules, or where its folder can't be written, it stands in the
+// program's data folder. If another composer uses that name, or a journal there still waits to be
+// recovered, the name is FILE.2.journal, and so on.
 #pragma once
 
 #include <QLockFile>
@@ -19,7 +19,7 @@
 
 namespace zolt20::composer {
 
-/// A journal that a composer left behind, locked as long as this is there.
+/// A journal that a composer left behind. It stays locked as long as this object lives.
 struct LeftJournal {
   QString path;
   std::shared_ptr<QLockFile> lock;
@@ -32,39 +32,42 @@ class Journal final : public QObject {
  public:
   using Json = nlohmann::ordered_json;
 
-  /// Asks what it is of when a file is begun.
+  /// `head` is called when a file is created, for what the first line says.
   explicit Journal(std::function<JournalHead()> head, QObject* parent = nullptr);
-  /// What is not stored stays on the disk.
+  /// Unsaved steps stay on the disk.
   ~Journal() override;
 
-  /// Starts over for a rule that was opened; the steps of the rule before are discarded.
+  /// Begins anew for a rule that was opened. The steps of the rule before are discarded.
   void Begin();
-  /// A step in the composer of that depth.
+  /// Writes a step of the composer at this depth of nesting.
   void Keep(int depth, const Json& step, bool isChange);
-  /// The rule is stored in memory, and not on the disk.
+  /// To be called when the rule is stored in memory, but not yet on the disk.
   void KeepStored(const Rule& rule);
-  /// The rules are on the disk, all or all but what is composed now.
+  /// To be called when the rules are on the disk. `isAllStored` tells whether the rule that is
+  /// being composed has no other changes.
   void TakeSaved(bool isAllStored);
-  /// Nothing is to be brought back.
+  /// Removes the file: there is nothing to recover.
   void Forget();
-  /// To the disk now.
+  /// Writes what is pending to the disk at once.
   void Hurry() { writer_.Hurry(); }
   bool WaitUntilKept(std::chrono::milliseconds time) { return writer_.WaitUntilKept(time); }
-  /// The file; "" when there is none.
+  /// The path of the file; "" when there is none.
   const QString& path() const { return path_; }
 
-  /// What other composers left for this file of rules, or without one for "". Those of no use are
-  /// removed. `complaints` gets what can't be read.
+  /// The journals that other composers left for this file of rules; for "" those of work without a
+  /// file. Journals without anything to recover are removed. `complaints` gets a message for each
+  /// that can't be read.
   static std::vector<LeftJournal> Left(const QString& rules, QStringList& complaints);
-  /// Goes on in a journal that was left: the composers that come get the steps of theirs.
+  /// Continues a journal that was left. Each composer that opens then gets its steps from
+  /// TakeWaiting.
   void GoOnIn(const LeftJournal& left);
-  /// The steps that a composer has to make again first; none when it begins anew.
+  /// The steps that the composer at this depth has to make again; empty when it begins anew.
   std::vector<QByteArray> TakeWaiting(int depth);
 
  signals:
-  /// Why steps are not kept at the moment; "" when they are again.
+  /// Writing fails for this reason; "" when it succeeds again.
   void Troubled(const QString& trouble);
-  /// The same, as the writer has it: on its thread.
+  /// The same, emitted in the thread of the writer.
   void TroubledWhileWriting(const QString& trouble);
 
  private:

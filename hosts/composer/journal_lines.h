@@ -1,14 +1,13 @@
-// The file of a journal: what was done since a rule was opened, one line a step.
+// The format of a journal: one line for each step since a rule was opened.
 //
 //   9f86d081884c7d65 1763845000 0 {"user":"click","control":"lsttables","row":2}
 //
-// A line has a sum over itself and all lines before it, the time in seconds, the depth of the
-// composer that it is of, and the step as JSON. The first line is the head. By the sums a reader
-// knows where the whole lines of a file end, whatever a crash made of those behind: it takes no
-// notice of them. Depth 0 is the composer of the rule; one that stands within a gesture of another
-// is one deeper. So is one for a part of the text, before which {"ask":{"edit":[FIRST,LAST]}}
-// stands. Once that gesture is over, its own line has all that came of it, and the steps of what
-// was deeper are of no more use.
+// A line has a checksum over itself and all lines before it, the time in seconds, the depth of its
+// composer, and the step as JSON. The first line is the head. The checksums tell a reader where the
+// undamaged lines end; what follows them, such as a line cut off by a crash, is ignored. Depth 0 is
+// the composer of the rule. A composer that is opened by a gesture in another one is one deeper. So
+// is one for a part of the text; {"ask":{"edit":[FIRST,LAST]}} stands before its steps. When that
+// gesture is over, its own line contains the outcome, and the deeper steps are not needed any more.
 #pragma once
 
 #include <QByteArray>
@@ -22,13 +21,13 @@
 
 namespace zolt20::composer {
 
-/// What a journal is of.
+/// The first line: which rule is being composed, with which catalogue.
 struct JournalHead {
   QString rules;      ///< the file of rules; "" for none
-  QString rule;       ///< the name of the one that is composed; "" for a new one
-  QString text;       ///< as it was stored when the journal was begun
-  QString catalogue;  ///< its name
-  QString tables;     ///< the catalogue as the control has it
+  QString rule;       ///< the name of the rule; "" for a new one
+  QString text;       ///< the stored text when the journal was created
+  QString catalogue;  ///< the name of the catalogue
+  QString tables;     ///< the properties of the control that have the catalogue
   QString fields;
 
   bool operator==(const JournalHead&) const = default;
@@ -39,14 +38,15 @@ struct JournalStep {
   QByteArray json;
 };
 
-/// The steps that count: what a gesture that is over did deeper down goes with it.
+/// The steps that are needed to recover. When a gesture is over, the steps of the composers that it
+/// opened are dropped.
 class JournalSteps {
  public:
-  /// False when no composer can be so deep.
+  /// Adds a step. False when there can be no composer at that depth.
   bool Add(int depth, const QByteArray& json);
   void Clear() { steps_.clear(); }
   const std::vector<JournalStep>& all() const { return steps_; }
-  /// Those of one composer, in order.
+  /// The steps of one composer, in order.
   std::vector<QByteArray> At(int depth) const;
   bool EndsWithNestedDone() const;
   void DropLast() { steps_.pop_back(); }
@@ -55,11 +55,11 @@ class JournalSteps {
   std::vector<JournalStep> steps_;
 };
 
-/// Makes lines, each with its sum.
+/// Writes and reads lines with their checksums.
 class JournalLines {
  public:
   QByteArray Line(qint64 seconds, int depth, const QByteArray& json);
-  /// The depth and the JSON of a line without its end; none when its sum is not right.
+  /// The contents of a line without its line end; none when the checksum is wrong.
   struct Content {
     qint64 seconds = 0;
     int depth = 0;
@@ -73,29 +73,29 @@ class JournalLines {
   QByteArray last_;  // the sum of the line before
 };
 
-/// What can be known of a journal's file.
+/// What a journal's file contains.
 struct KeptSession {
-  JournalHead head;          ///< the rule as it was stored last, if only in memory
-  std::vector<Rule> stored;  ///< in memory, behind each other; perhaps not on the disk yet
-  bool isChanged = false;    ///< since then
+  JournalHead head;          ///< the rule as it was stored last, in memory at least
+  std::vector<Rule> stored;  ///< the rules stored in memory, in order; perhaps not on the disk yet
+  bool isChanged = false;    ///< whether there are changes since then
   JournalSteps steps;
   bool isAllStored = false;
   QDateTime time;             ///< of the last step
-  qint64 size = 0;            ///< bytes of the whole lines
-  qsizetype unreadLines = 0;  ///< behind a line that is damaged, with that one
-  JournalLines lines;         ///< goes on behind them
+  qint64 size = 0;            ///< of the undamaged lines, in bytes
+  qsizetype unreadLines = 0;  ///< the first damaged line and all behind it
+  JournalLines lines;         ///< continues behind the undamaged lines
 
-  /// How many composers there were, one within the other.
+  /// How many composers were open, one nested in the other.
   int Depth() const;
   bool IsEmpty() const { return isAllStored || (stored.empty() && steps.all().empty()); }
 };
 
-/// JSON as it stands in lines, with halves of characters as escapes, and back. Reading throws
-/// nlohmann's exceptions.
+/// JSON as one line, with lone surrogates as escapes, and back. Reading throws nlohmann's
+/// exceptions.
 QByteArray JsonLine(const nlohmann::ordered_json& value);
 nlohmann::ordered_json FromJsonLine(const QByteArray& line);
 
-/// Notes of nodes, as they stand in lines.
+/// Notes on statements as JSON, and back.
 nlohmann::ordered_json NotesAsJson(const std::vector<language::NodeNote>& notes);
 std::vector<language::NodeNote> NotesFromJson(const nlohmann::ordered_json& notes);
 
@@ -103,9 +103,10 @@ QByteArray HeadLine(const JournalHead& head);
 QByteArray StoredLine(const Rule& rule);
 QByteArray AllStoredLine();
 
-/// All up to the first line that is not whole. None when the head is not, or is of a later version.
+/// Reads all lines up to the first damaged one. None when the head is damaged or of a later
+/// version.
 std::optional<KeptSession> ReadJournal(const QByteArray& bytes);
-/// Whether the file is a journal of a version that this composer does not know.
+/// Whether the file is a journal of a later version, which this composer can't read.
 bool IsLaterJournal(const QByteArray& bytes);
 
 }  // namespace zolt20::composer

@@ -1,9 +1,10 @@
-// Writes a journal's file in a thread of its own, so that a slow disk holds nobody up.
+// Writes a journal's file in a thread of its own, so that a slow disk never blocks the window.
 //
-// Orders are carried out one behind the other. Bytes are written at once, which a kill of the
-// program does not take back, and are on the disk itself a moment later; a file's name is on the
-// disk with its first bytes. What fails is told and tried again, each second, until it succeeds or
-// its file is to be removed; the file ends where its last whole order ended.
+// Orders are carried out in sequence. Bytes are passed to the system at once, so that they survive
+// a crash of the program, and synced to the disk a moment later, so that they survive a crash of
+// the machine. The folder is synced with the first bytes of a new file. A failing order is reported
+// and tried again each second, until it succeeds or its file is to be removed. The file always ends
+// behind its last complete order.
 #pragma once
 
 #include <QByteArray>
@@ -23,24 +24,25 @@ namespace zolt20::composer {
 class JournalWriter {
  public:
   using Lock = std::shared_ptr<QLockFile>;
-  /// Hears why writing fails, "" when it goes again; called in the thread.
+  /// Called in the thread of the writer with the reason why writing fails, with "" when it succeeds
+  /// again.
   using Tell = std::function<void(const QString&)>;
 
   explicit JournalWriter(Tell tell);
-  /// Carries out what waits, as far as it goes.
+  /// Carries out the pending orders, as far as they succeed.
   ~JournalWriter();
 
-  /// A new file with these bytes, whose lock is held until it is removed.
+  /// Creates a file with these bytes. The lock is held until the file is removed.
   void Create(const QString& path, const QByteArray& bytes, Lock lock);
-  /// A file that is there, cut to that size.
+  /// Continues an existing file, which is cut to that size.
   void Continue(const QString& path, qint64 size, Lock lock);
-  /// Behind the file that was created or continued last.
+  /// Appends to the file that was created or continued last.
   void Append(const QByteArray& bytes);
-  /// Removes a file when all orders before are on the disk, or at once when they fail.
+  /// Removes a file after all orders before have been synced, or at once when they fail.
   void Remove(const QString& path, Lock lock);
-  /// To the disk now.
+  /// Syncs now instead of in a moment.
   void Hurry();
-  /// Waits until all is on the disk. False when the time is over before.
+  /// Waits until all orders are on the disk. False when that takes longer than `time`.
   bool WaitUntilKept(std::chrono::milliseconds time);
 
  private:
@@ -61,7 +63,7 @@ class JournalWriter {
   void Sync(std::unique_lock<std::mutex>& lock);
   bool IsGivenUp() const;
 
-  // In the thread. "" for success, or what went wrong.
+  // Called in the thread of the writer. They give "" for success, otherwise the reason.
   QString CarryOut(const Order& order);
   QString OpenFile(const Order& order);
   QString AppendBytes(const QByteArray& bytes);

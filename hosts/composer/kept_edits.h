@@ -1,27 +1,27 @@
-// What was edited in a Result and what the control writes anew, put together: the control knows
-// only what it wrote itself, and would leave the edits out.
+// Merges what a person edited in the Result with what the control writes anew. The control knows
+// only its own text and would drop the edits.
 #pragma once
 
 #include "surface/string.h"
 
 namespace zolt20::composer {
 
-/// What stood in a Result, and what becomes of it.
+/// The texts that are merged.
 struct RewrittenResult {
-  StringView own;      ///< as the control wrote it last
-  StringView edited;   ///< the same with all that was edited since
-  StringView written;  ///< as the control writes it now
+  StringView own;      ///< the Result as the control wrote it last
+  StringView edited;   ///< that text with the person's edits
+  StringView written;  ///< the Result as the control writes it now
   StringView added;    ///< the statement that Add To Result wrote last; "" for none
 };
 
 struct MergedResult {
   String text;
-  bool loses = false;  ///< whether an edit is not in it, as the control wrote that statement anew
+  bool loses = false;  ///< whether an edit was overwritten by the control
 };
 
-/// The edited text with what the control changed. What it put behind its own text comes behind the
-/// edited one. A statement that it wrote anew takes the place of the old one: all of it, and what
-/// was edited in it is lost. Lines end with CR LF; takes time in proportion to the length.
+/// The edited text with the changes of the control. What the control appended is appended to the
+/// edited text. A statement that the control wrote anew replaces the old one completely, with the
+/// edits in it. Lines end with CR LF; takes time in proportion to the length.
 MergedResult MergeResult(const RewrittenResult& result);
 
 }  // namespace zolt20::composer

@@ -45,22 +45,22 @@ class MainWindow final : public QMainWindow {
  public:
   explicit MainWindow(QWidget* parent = nullptr);
 
-  /// Opens a catalogue, JSON or a SQLite database, and begins a new rule on it. What goes wrong is
-  /// told in a message, and the catalogue before stays. False then.
+  /// Opens a catalogue, a JSON file or a SQLite database, and begins a new rule with it. On failure
+  /// a message is shown, the catalogue before stays open, and the value is false.
   bool OpenCatalogue(const QString& path);
-  /// Opens a file of rules and shows the first one. What goes wrong is told in a message.
+  /// Opens a file of rules and shows its first rule. A failure is shown in a message.
   bool OpenRules(const QString& path);
 
-  /// Offers to go on with what a composer left that ended before all was stored, of this file of
-  /// rules, or of none. Opening a file of rules does it too.
+  /// Offers to recover what another composer left unsaved, for the open file of rules or for none.
+  /// OpenRules does the same.
   void OfferJournals();
-  /// Takes the sizes and panes of the last start from the person's settings, and keeps them there
-  /// when it is closed.
+  /// Restores sizes and panes from the settings of the user, and stores them there when the window
+  /// closes.
   void UseSettings();
-  /// Opens the catalogue and the rules that were opened last, where they are still there.
+  /// Opens the catalogue and the rules of the last run, if they still exist.
   void OpenLastSession();
 
-  /// The control that is composed with; another one for each rule that is opened.
+  /// The control. Each rule that is opened gets a new one.
   RecordedMap& map() { return *map_; }
   const std::optional<RulesFile>& rules() const { return rules_; }
   Journal& journal() { return *journal_; }
@@ -86,15 +86,15 @@ class MainWindow final : public QMainWindow {
   void SaveCatalogueAs();
   void EditFunctions();
 
-  // Names, when the catalogue is another one.
+  // Changed names of the catalogue.
   rules::NameLists NamesNow() const;
-  /// Those that the rules were composed with, empty when nobody knows.
+  /// The names of the catalogue with which the rules were composed; empty if unknown.
   rules::NameLists NamesBefore() const;
-  /// Compares the two, and tells in the strip what the person may want to decide.
+  /// Compares the names and shows in the strip whether some have changed.
   void LookAtNames();
-  /// The same when the rules or the catalogue are just opened.
+  /// The same after a file of rules or a catalogue was opened.
   void OfferNames();
-  /// Before each Save.
+  /// Called before each Save: stores the names in the file of rules.
   void KeepNames();
   void ShowChangedNames();
   void ChangeNames(const rules::NamesReview& review);
@@ -128,20 +128,20 @@ class MainWindow final : public QMainWindow {
   void PutResult(const QString& text);
   void ShowStatements();
   void Leave();
-  /// The names in the text that the catalogue has not, each with its place.
+  /// The names in the text that the catalogue does not have, each with its place.
   QStringList MissingNames(const QString& text) const;
 
-  // Storing and leaving; what is asked before.
-  /// Within Done.
+  // Storing and leaving, and the questions before.
+  /// Called within the event Done.
   void OnDone();
-  /// Stores what is composed, and asks what the person has to decide. False when it is not stored.
+  /// Stores the rule, after the questions that are needed. False when it was not stored.
   bool StoreRule();
   bool StoreUnasked();
   bool Store();
   bool StoreNotes();
   void PutRule(Rule rule);
   bool NeedName(QString& name);
-  /// Ctrl+S: the rule, when anything of it is changed, and the file.
+  /// Ctrl+S: stores the rule if it has changes, and saves the file.
   bool SaveAll();
   bool MayLeaveRule();
   enum class Choice { kAdd, kStore, kDiscard, kStay };
@@ -150,19 +150,19 @@ class MainWindow final : public QMainWindow {
   bool MayStoreText();
   QStringList LostNames(const QString& text) const;
   bool MayLoseNames(const QString& text);
-  /// Marks in the title and in the list what is changed, and shows its text.
+  /// Shows in the title, in the list and in the pane of the rule what has changed.
   void ShowChanged();
 
   // The rule beside the control.
-  /// With the list of rules above it.
+  /// Makes the pane, with the list of rules above it.
   QWidget* MakeRulePane();
-  /// Null for a new one.
+  /// The stored rule that is open; null for a new one.
   const Rule* OpenedRule() const;
   void ShowRuleText();
-  /// Whether the rule stands there to be read alone, as the control can't take it back.
+  /// Whether the rule can only be read, since the control can't take its text back.
   bool IsReadOnly() const;
   void ShowForReading(const QString& text);
-  /// The tree of the text that is composed, and what leads from it to the texts.
+  /// Makes the tree of statements, and the object that synchronizes it with the texts.
   QWidget* MakeTree();
   void ShowTreeOf(RecordedMap& map);
   void UseNames();
@@ -174,9 +174,9 @@ class MainWindow final : public QMainWindow {
   void ShowPlace(const QString& rule, std::size_t first, std::size_t length);
   void ShowVersions();
   void EditNote();
-  /// The notes on nodes of a rule that was opened.
+  /// Gives the control the notes on statements of a rule that was opened.
   void TakeNotes(const Rule& rule);
-  /// The note of the rule, and those whose nodes are gone.
+  /// The note of the rule, followed by notes whose statements are gone.
   QString RuleNote() const;
   void ShowDeleted();
 
@@ -200,7 +200,7 @@ class MainWindow final : public QMainWindow {
   void SavePdf();
   QString PrintedName() const;
 
-  // How it looks, and what was open.
+  // Appearance and recent files.
   void ShowMap();
   void Zoom(int percent);
   void UseColours(int colours);
@@ -212,7 +212,7 @@ class MainWindow final : public QMainWindow {
   CataloguePlace cataloguePlace_;
   QString catalogueName_;
   std::optional<RulesFile> rules_;
-  QString rule_;  // the name of the one that is open, "" for a new one
+  QString rule_;  // the name of the open rule, "" for a new one
   Journal* journal_ = nullptr;
 
   QSplitter* split_ = nullptr;
@@ -221,7 +221,7 @@ class MainWindow final : public QMainWindow {
   NoteStrip* note_ = nullptr;
   NamesStrip* names_ = nullptr;
   QAction* takeBackNames_ = nullptr;
-  bool namesAreOpen_ = false;  // the names of before wait for the person to decide
+  bool namesAreOpen_ = false;  // changed names wait for a decision
   bool keepsNames_ = true;
   QMenu* statements_ = nullptr;
   QVBoxLayout* composing_ = nullptr;
@@ -237,18 +237,18 @@ class MainWindow final : public QMainWindow {
   static constexpr int kNormalZoom = 100;  // percent
   static constexpr int kZoomStep = 10;
   int zoom_ = kNormalZoom;
-  qreal mapPoints_ = 0;  // of its letters when they are not zoomed
+  qreal mapPoints_ = 0;  // the size of the control's letters without zoom
   bool keepsSettings_ = false;
 
   RulePane* pane_ = nullptr;
-  RulePane* reading_ = nullptr;  // in place of the control
+  RulePane* reading_ = nullptr;  // shown instead of the control
   StatementTree* tree_ = nullptr;
   StatementPlaces* places_ = nullptr;
   NodeEdits* nodeEdits_ = nullptr;
   FindWindow* findInRules_ = nullptr;
   UsesWindow* uses_ = nullptr;
-  bool isAsked_ = false;   // Done is pressed once more, and all is decided
-  bool isStored_ = false;  // by the last Done
+  bool isAsked_ = false;   // Done is pressed again after all questions
+  bool isStored_ = false;  // whether the last Done stored the rule
 };
 
 }  // namespace zolt20::composer

@@ -1,4 +1,4 @@
-// What became of the lines of a text, as a question shows it.
+// The changed lines between two texts, for the text of a question.
 #pragma once
 
 #include <QString>
@@ -7,10 +7,10 @@
 
 namespace zolt20::composer {
 
-/// Questions show no more lines of a text.
+/// The largest number of lines that a question shows.
 inline constexpr int kMostMarkedLines = 12;
 
-/// The lines that go, behind "- ", and those that come, behind "+ "; "..." for more of them.
+/// Removed lines begin with "- ", added ones with "+ "; a last line "..." stands for the rest.
 QString MarkedLines(StringView before, StringView after);
 
 }  // namespace zolt20::composer

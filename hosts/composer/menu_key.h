@@ -1,12 +1,12 @@
-// Shift+F10 opens the menu of what has the focus, as the menu key does: the toolkit has it from the
-// system on some platforms alone.
+// Shift+F10 opens the context menu of the focused widget, as the menu key does. Qt has this key on
+// some platforms only.
 #pragma once
 
 #include <QObject>
 
 namespace zolt20::composer {
 
-/// Hears the keys of all windows as long as it lives.
+/// Filters the key events of all windows as long as it lives.
 class MenuKey final : public QObject {
   Q_OBJECT
 

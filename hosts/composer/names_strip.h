@@ -1,5 +1,5 @@
-// One line above the control: the catalogue is another one than the rules were composed with. It
-// asks nothing of a person who wants to work.
+// A line above the control that tells that the catalogue has other names than the rules were
+// composed with. It is no dialog, so it interrupts nobody.
 #pragma once
 
 #include <QWidget>
@@ -14,13 +14,13 @@ class NamesStrip final : public QWidget {
  public:
   explicit NamesStrip(QWidget* parent = nullptr);
 
-  /// How many names are others, and in how many rules; no names take the strip away. Put off by the
-  /// person it stays away until it is offered again.
+  /// Shows how many names have changed, and in how many rules they are used; hides the line for no
+  /// names. After the person closed the line, it stays hidden until OfferAgain.
   void Tell(std::size_t names, std::size_t rules);
   void OfferAgain() { isPutOff_ = false; }
 
  signals:
-  /// The person wants to see them.
+  /// The person asked to see the changed names.
   void Asked();
 
  private:

@@ -1,5 +1,5 @@
-// A statement of a rule on the pages of a further composer. Done gives its text as it is then, at
-// the margin; what was not added to the Result yet is added first.
+// A composer for one statement of a rule. Done gives the text of the statement without indentation.
+// What the pages hold is added to that text first.
 #pragma once
 
 #include "hosts/composer/further_composer.h"
@@ -11,12 +11,12 @@ class NodeComposer final : public FurtherComposer {
   Q_OBJECT
 
  public:
-  /// The opening is that of the statement, and writes it again as it is. Begins on the page, or on
-  /// that of the opening for -1. `title` names the statement.
+  /// `opening` is that of the statement, and gives back the same text. Shows the page with that
+  /// number, or the page of the opening for -1. `title` names the statement.
   NodeComposer(const catalogue::Catalogue& catalogue, const QString& statement,
                const reopen::Opening& opening, int page, const QString& title, RecordedMap& asking);
 
-  /// Once it was accepted.
+  /// The new text, after the dialog was accepted.
   const QString& Text() const { return text_; }
 
  protected:
@@ -27,7 +27,7 @@ class NodeComposer final : public FurtherComposer {
   bool AskWhatToAdd();
 
   QString text_;
-  bool isDecided_ = false;  // what is to be added was added
+  bool isDecided_ = false;  // the pages have been added
 };
 
 }  // namespace zolt20::composer

@@ -1,7 +1,7 @@
-// What a person does with the statements of the tree: they are edited in further composers, moved,
-// copied, cut, pasted and deleted, by keys, by the menu and by the mouse. Nothing else of the text
-// changes; what would change more is told and not done. Each change is one step of the control that
-// is composed with, so Undo takes it back.
+// Edits the statements of the tree: by keys, by the menu and by the mouse they are opened in
+// further composers, moved, copied, cut, pasted and deleted. The rest of the text stays as it is.
+// An edit that would change more is refused with the reason. Each edit is one step of the control's
+// history, so Undo takes it back.
 #pragma once
 
 #include <QObject>
@@ -25,17 +25,18 @@ class NodeEdits final : public QObject {
   Q_OBJECT
 
  public:
-  /// Both outlive it. `mayEdit` tells whether the text of the tree can be changed at all.
+  /// `tree` and `catalogue` outlive the object. `mayEdit` tells whether the text of the tree can be
+  /// edited at all.
   NodeEdits(StatementTree& tree, const catalogue::Catalogue& catalogue,
             std::function<bool()> mayEdit);
 
-  /// From now on the tree shows the text of this control.
+  /// From now on the tree shows and edits the text of this control.
   void Follow(RecordedMap& map);
-  /// The notes are others, and the text is the one that the tree shows.
+  /// To be called when the notes have changed, but not the text.
   void ShowNotes();
 
  signals:
-  /// Why nothing was done.
+  /// An edit was refused for this reason.
   void Told(const QString& reason);
 
  protected:
@@ -78,10 +79,10 @@ class NodeEdits final : public QObject {
   const catalogue::Catalogue& catalogue_;
   std::function<bool()> mayEdit_;
   QPointer<RecordedMap> map_;
-  bool isMaking_ = false;    // the notes are carried along by the edit
-  language::Change change_;  // what IsPutBack found
+  bool isMaking_ = false;    // during an edit, which moves the notes itself
+  language::Change change_;  // found by IsPutBack
 
-  // The viewport of the rows. It hears of events while the tree, its parent, is half gone.
+  // The viewport of the tree. Its last events come while its parent, the tree, is being destroyed.
   QWidget* rows_;
   QFrame* dropMark_;
   QPoint pressedAt_;

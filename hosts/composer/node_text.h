@@ -1,5 +1,5 @@
-// A statement of a rule as text, coloured and checked while it is typed, for one that does not come
-// back onto the pages.
+// A dialog with a statement as text, for a statement that can't be shown on the pages. The text is
+// coloured and checked while it is typed.
 #pragma once
 
 #include <QDialog>
@@ -22,15 +22,15 @@ class NodeText final : public QDialog {
   Q_OBJECT
 
  public:
-  /// `names` may be null. `path` tells where the statement is.
+  /// `names` may be null. `path` tells where in the rule the statement is.
   NodeText(const QString& statement, std::unique_ptr<language::Names> names, const QString& path,
            QWidget* parent);
   ~NodeText() override;
 
-  /// With CR LF between its lines.
+  /// The text, with CR LF between its lines.
   QString Text() const;
 
-  /// Asks first when the text is another one.
+  /// Asks before it closes if the text has changed.
   void reject() override;
 
  protected:

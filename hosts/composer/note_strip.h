@@ -1,5 +1,5 @@
-// What is to be said about the rule, above the control: a strip of at most four lines, which opens
-// to all of them. However many lines there are, the window stays as it is.
+// Remarks on the rule, in a strip above the control. It shows at most four lines and can be
+// expanded to all of them. The size of the window does not depend on it.
 #pragma once
 
 #include <QWidget>
@@ -14,11 +14,11 @@ class NoteStrip final : public QWidget {
   Q_OBJECT
 
  public:
-  /// The label of the strip has this object name.
+  /// `labelName` is the object name of the label.
   explicit NoteStrip(const QString& labelName, QWidget* parent = nullptr);
 
   const QString& text() const { return text_; }
-  /// "" takes the strip away. Another text is shown closed.
+  /// An empty text hides the strip. A new text is shown collapsed.
   void setText(const QString& text);
 
   static constexpr int kLines = 4;

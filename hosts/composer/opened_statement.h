@@ -1,4 +1,5 @@
-// A stored statement on the pages of a new control, by steps that were tried before.
+// Puts a stored statement onto the pages of a new control, by steps that were tried on another
+// control before.
 #pragma once
 
 #include <QString>
@@ -11,13 +12,13 @@
 
 namespace zolt20::composer {
 
-/// How the statement comes onto the pages of a control with this catalogue.
+/// The steps that put the statement onto the pages of a control with this catalogue.
 reopen::Opening OpeningOf(const QString& statement, const catalogue::Catalogue& catalogue);
 
-/// Fills the pages; Undo takes none of it back. Throws RuntimeError as the properties do.
+/// Makes the steps; Undo does not take them back. Throws RuntimeError as the properties do.
 void TakeSteps(RecordedMap& map, const std::vector<reopen::Step>& steps);
 
-/// What a person is told before anything is added: what will not be the same, and why.
+/// Remarks for the person: which parts of the statement will be written differently, and why.
 QStringList NotesOn(const reopen::Opening& opening);
 
 }  // namespace zolt20::composer

@@ -1,5 +1,5 @@
-// What the pages of a control hold that is not in its Result yet: what Add To Result would write,
-// played on a copy of the control. The control itself stays as it is.
+// What the pages of a control would add to its Result. It is found by pressing the buttons of a
+// copy; the control itself does not change.
 #pragma once
 
 #include <memory>
@@ -11,12 +11,12 @@
 
 namespace zolt20::composer {
 
-/// What stands on the pages, as text. Two states of the pages with equal texts hold the same.
+/// The contents of the pages as text. Equal texts mean equal contents.
 struct PagesText {
   String statement;  ///< the select statement that Add To Result would write; "" when it refuses
-  String unapplied;  ///< the condition of the Where page that was not applied yet
-  String loose;      ///< parts of a statement that it refuses, or passes over
-  String condition;  ///< what is typed on the Condition page
+  String unapplied;  ///< a condition of the Where page that was not applied yet
+  String loose;      ///< parts of a statement that it refuses or leaves out
+  String condition;  ///< the texts of the Condition page
 
   bool operator==(const PagesText&) const = default;
 };
@@ -27,19 +27,19 @@ struct PageButton {
   const char* name;
 };
 
-/// Whether it is one of the six that are called Add To Result.
+/// Whether it is one of the six buttons with the caption Add To Result.
 bool IsAddButton(StringView name);
 
-/// What would come of the buttons.
+/// The buttons that add the pages to the Result, and what they give.
 struct Addition {
-  std::vector<PageButton> buttons;  ///< in their order; none when nothing can be added
-  String result;                    ///< the Result then
+  std::vector<PageButton> buttons;  ///< in the order of pressing; empty when nothing can be added
+  String result;                    ///< the Result afterwards
 };
 
-/// Whether the text has the statement in it, from the start of a line to the end of one.
+/// Whether the text contains the statement as whole lines.
 bool HoldsStatement(StringView text, StringView statement);
 
-/// Plays on copies. One can be asked again and again.
+/// Keeps the copy, so that one reader can be asked many times.
 class PagesReader {
  public:
   PagesReader();
@@ -48,11 +48,11 @@ class PagesReader {
   PagesReader& operator=(const PagesReader&) = delete;
 
   PagesText Read(const ControlSnapshot& state);
-  /// Adds the statement, the condition, or both. On the pages behind the Select List page the
-  /// statement takes the place of `added`, the one that was added last, as their buttons do it;
-  /// where that would touch anything else, and on the Select List page, it goes behind the Result.
+  /// Adds the statement, the condition, or both. On the pages after the Select List page the
+  /// buttons replace `added`, the statement that was added last. If that would change anything
+  /// else, and on the Select List page, the statement is appended to the Result.
   Addition Add(const ControlSnapshot& state, bool statement, bool condition, StringView added);
-  /// The Result once a button of the page that is shown was pressed; none when the control refuses.
+  /// The Result after a button of the shown page was pressed; none when the control refuses.
   std::optional<String> Press(const ControlSnapshot& state, const std::string& button);
 
  private:

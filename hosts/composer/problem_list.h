@@ -1,4 +1,4 @@
-// What is wrong in a text, as a list that leads to the places: by a click, or by Enter.
+// A list of the problems in a text. A click or Enter shows the place of one.
 #pragma once
 
 #include <QWidget>
@@ -20,7 +20,7 @@ class ProblemList final : public QWidget {
   void Show(const std::vector<language::Finding>& findings);
 
  signals:
-  /// The person wants to see the place of the finding, by its number from 0.
+  /// The person chose the problem with this index.
   void Chosen(std::size_t finding);
 
  protected:

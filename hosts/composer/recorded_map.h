@@ -1,8 +1,8 @@
-// The control on a catalogue, with a record of all that is done to it.
+// The control with a catalogue, and a record of all that is done to it.
 //
-// The record is a session in the JSON lines that zolt20-host plays: what the person does, and what
-// the host writes, within an event as the answer to it. Played, it ends with the same Result. What
-// is undone is taken out of it.
+// The record is a session in the JSON lines that zolt20-host reads: the gestures of the person and
+// the writes of the host. Writes within an event stand in the answer to it. Played, the record ends
+// with the same Result. Steps that are undone are taken out of the record.
 #pragma once
 
 #include <QByteArray>
@@ -26,92 +26,96 @@ class RecordedMap final : public ZOLT20MapWidget {
   Q_OBJECT
 
  public:
-  /// Writes the lists of the catalogue. Throws RuntimeError as the properties do.
+  /// Writes the tables and fields of the catalogue to the control. Throws RuntimeError
+  /// as the properties do.
   explicit RecordedMap(const catalogue::Catalogue& catalogue, QWidget* parent = nullptr);
 
-  /// Writes a property of the contract by its name. Runs its handlers and throws RuntimeError,
-  /// which a slot of an event lets out: played, an answer ends at a write that fails.
+  /// Writes a property of the contract by its name. Runs its handlers and throws RuntimeError. A
+  /// slot of an event must let the error out, since a played answer ends at a failing write too.
   void Write(const char* property, const QString& value);
   void Write(const char* property, int value);
-  /// The Result, by prpStroutput. Recorded, since at a depth above 0 a read changes it.
+  /// The value of prpStroutput. The read is recorded, since at a depth above 0 it changes the
+  /// Result.
   QString ReadResult();
 
-  /// What stands on the pages and neither in the Result nor in the stored text.
+  /// Which contents of the pages are neither in the Result nor in the stored text.
   struct Pending {
-    bool statement = false;  ///< Add To Result would write another statement
-    bool unapplied = false;  ///< a condition of the Where page that it passes over
-    bool loose = false;      ///< parts that it would refuse or pass over
-    bool condition = false;  ///< what is typed on the Condition page
+    bool statement = false;  ///< a statement that Add To Result would write
+    bool unapplied = false;  ///< a condition of the Where page that it leaves out
+    bool loose = false;      ///< parts that it refuses or leaves out
+    bool condition = false;  ///< texts of the Condition page
     bool Any() const { return statement || unapplied || loose || condition; }
   };
   Pending PendingOnPages() const;
-  /// Whether something would be lost now: the Result is another than the stored text, or something
-  /// is pending on the pages. Texts are compared, so what comes back to where it was is no change.
+  /// Whether closing now would lose anything: the Result differs from the stored text, or the pages
+  /// have pending contents. Texts are compared, so a change that was taken back is none.
   bool IsChanged() const;
-  /// This is the stored text, and what stands on the pages now is no change. Nothing is stored of
-  /// a control that was just made.
+  /// Sets the stored text, and takes the contents of the pages as unchanged. A new control has no
+  /// stored text.
   void Settle(const QString& stored = {});
   const QString& StoredText() const { return stored_; }
-  /// What the buttons of the pages would make of what is pending.
+  /// Which buttons would add what is pending, and the Result afterwards.
   Addition WhatAddDoes() const;
-  /// Presses these buttons, as the person would.
+  /// Presses the buttons of WhatAddDoes, as the person would.
   void AddPages();
 
-  /// The Result becomes the text, which is one step of the person's: Undo takes it back, the record
-  /// and the journal have it. The step is called by the name.
+  /// Replaces the Result, as one step of the person: Undo takes it back, and it is in the record
+  /// and in the journal. `name` is the name of the step in the Edit menu.
   void WriteResult(const QString& text, const QString& name);
-  /// The name of the step that WriteResult is making; "" outside of it.
+  /// The name of the step while WriteResult makes it; "" otherwise.
   const QString& StepName() const { return stepName_; }
 
-  // Notes on nodes of the text: of the Result, or of the stored text where that is empty. They go
-  // with the state, so Undo and Redo put them back.
+  // Notes on statements of the Result, or of the stored text while the Result is empty. They belong
+  // to the state of the control, so Undo and Redo restore them.
 
   using Notes = std::vector<language::NodeNote>;
   const Notes& NodeNotes() const;
-  /// Those of the stored text, which are no change.
+  /// Sets the notes of the stored text, which are no change.
   void TakeNotes(const Notes& notes);
-  /// Notes become others, as one step of the person's.
+  /// Sets the notes as one step of the person.
   void WriteNotes(const Notes& notes, const QString& name);
-  /// The text has become another one by the step before, and these are its notes.
+  /// Sets the notes that belong to the text of the last step.
   void FollowNotes(const Notes& notes);
-  /// They become those of the text as it is now.
+  /// Matches the notes to the present text.
   void CarryNotes();
-  /// The text that they are of, as it is now.
+  /// The text that the notes belong to, as it is now.
   QString NotedText() const;
 
-  /// The session so far, one request a line.
+  /// The session so far, one request on each line.
   QByteArray Record() const;
 
-  // The journal. Called before anybody else hears of events, since what a journal that was left has
-  // of this composer is made again here: the writes within events come out of it.
+  // The journal. To be called before anything else is connected to the events: steps of a recovered
+  // journal are made again within the call, and the writes within their events come from the
+  // journal.
 
-  /// The composer of a rule.
+  /// Keeps the composer of a rule in a journal.
   void KeepIn(Journal& journal);
-  /// One within an event of another, whose journal it keeps, and the title of its window.
+  /// Keeps a composer that opened within an event of another one, in the journal of that one.
+  /// `title` is the title of its window.
   void KeepWithin(const RecordedMap& asking, const QString& title);
-  /// A composer is about to open for the part of the rule's text between two places, and has closed
-  /// with nothing to put back.
+  /// BeginEdit is called before a composer opens for this part of the rule's text, EndEdit after it
+  /// closed without a new text.
   void BeginEdit(qsizetype first, qsizetype last);
   void EndEdit();
-  /// Makes steps again. False when they can't be those of this control.
+  /// Makes recorded steps again. False when they are not steps of this control.
   bool Play(const std::vector<QByteArray>& steps);
-  /// A gesture as a request. Throws hosts::BadRequest.
+  /// Makes a gesture from its request. Throws hosts::BadRequest.
   void MakeGesture(const nlohmann::ordered_json& request);
-  /// The same for a stored statement that comes onto the pages: nothing of it is to be brought
-  /// back.
+  /// The same for a step that puts a stored statement onto the pages. It is not written to the
+  /// journal.
   void MakeGestureOfOpening(const nlohmann::ordered_json& request);
 
  signals:
-  /// WriteNotes made a step; StepName has its name.
+  /// WriteNotes made a step, whose name is StepName.
   void NotesWritten();
-  /// The journal that was left ends within a composer for a part of the text, which is to open
-  /// again, with BeginEdit.
+  /// The recovered journal ends while a composer for a part of the text is open. That composer is
+  /// to be opened again, with BeginEdit.
   void EditAskedAgain(qsizetype first, qsizetype last);
 
  protected:
-  /// While steps are made again, nobody has to answer.
+  /// Shows no message while steps are made again.
   void showMessage(const QString& text, const QString& title) override;
-  /// Asks before a button writes a statement anew that was edited in the Result.
+  /// Asks before a button overwrites a statement that was edited in the Result.
   bool mayPress(const QString& button) override;
 
  private:
@@ -145,14 +149,14 @@ class RecordedMap final : public ZOLT20MapWidget {
     Notes notes;
   };
 
-  // Goes with the state of the control.
+  // What the composer adds to the state of the control.
   struct Place {
     int last = kNone;  // the line where the record stands
     QString added;     // the statement that Add To Result wrote last
     QString own;       // the Result as the control wrote it last
     std::shared_ptr<const NotedNodes> notes;
   };
-  // A button of the form that is being pressed: what was before.
+  // The state before a button that is being pressed.
   struct Pressed {
     QString button;
     QString result;
@@ -162,10 +166,10 @@ class RecordedMap final : public ZOLT20MapWidget {
   static QVariant ValueOf(const Place& place);
   void MoveTo(const Place& place);
 
-  // A line and the one before it in its record. One that was undone stays, since Redo may bring it
-  // back after other lines were kept.
+  // A line of the record, and the index of the line before it. A line that was undone stays, since
+  // Redo may bring it back after other lines were added.
   struct Line {
-    QByteArray text;  // made of what is typed when somebody wants it, as the text may be long
+    QByteArray text;  // for typing made only when it is needed, as the text may be long
     int before;
     std::optional<ZOLT20Gesture> typed = std::nullopt;
   };
@@ -175,27 +179,27 @@ class RecordedMap final : public ZOLT20MapWidget {
   PagesText Pages() const { return reader_->Read(save()); }
 
   std::vector<Line> lines_;
-  QString stored_;                       // the text of the last Settle
-  PagesText settled_;                    // and the pages then
-  Notes settledNotes_;                   // and the notes
+  QString stored_;                       // the stored text
+  PagesText settled_;                    // the pages at the last Settle
+  Notes settledNotes_;                   // the notes at the last Settle
   std::unique_ptr<PagesReader> reader_;  // never null
   QString stepName_;
   std::optional<Pressed> pressed_;
-  std::optional<QString> owed_;  // the Result with what was edited, while steps are made again
-  bool isAgreed_ = false;        // the person knows what the buttons will write
-  QString typedIn_;              // the box whose text the last line is
-  const char* event_ = nullptr;  // the one that is being raised
+  std::optional<QString> owed_;  // the edited Result, while steps are made again
+  bool isAgreed_ = false;        // the person has agreed to what the buttons write
+  QString typedIn_;              // the box that the last line types in
+  const char* event_ = nullptr;  // the event that is being raised
   Json answers_ = Json::array();
 
   Journal* journal_ = nullptr;
-  int depth_ = 0;              // how many composers stand around this one
-  QString keptIn_;             // the box that was typed in last
-  QString keptText_;           // and its text
-  bool isPlaying_ = false;     // what is done is in the journal already
-  bool isOpening_ = false;     // what is done is nobody's change
-  bool isAskedAgain_ = false;  // the same for the gesture that is about to ask
-  Json played_;                // the event that comes, and what is written in it
-  QString playedText_;         // of the box that is typed in
+  int depth_ = 0;              // how many composers this one is nested in
+  QString keptIn_;             // the box of the last typing in the journal
+  QString keptText_;           // the text of that box
+  bool isPlaying_ = false;     // steps are made again and are in the journal already
+  bool isOpening_ = false;     // steps put a stored statement onto the pages
+  bool isAskedAgain_ = false;  // the gesture that raises the next event is in the journal already
+  Json played_;                // the next event, and the writes within it
+  QString playedText_;         // the text of the box that is being typed in
 };
 
 }  // namespace zolt20::composer

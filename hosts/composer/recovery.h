@@ -1,4 +1,4 @@
-// What the composer shows of a journal that was left behind, before anything of it comes back.
+// Shows what can be recovered from a journal, before anything is recovered.
 #pragma once
 
 #include <QDialog>
@@ -7,17 +7,17 @@
 
 namespace zolt20::composer {
 
-/// What can be brought back of a journal.
+/// What can be recovered from a journal.
 struct Recovery {
-  QStringList windows;       ///< from the rule's composer to the innermost one
+  QStringList windows;       ///< the open composers, from that of the rule to the innermost one
   QStringList texts;         ///< the Result of each
-  bool isPlayable = false;   ///< the control comes where it was; false: the texts are all there is
-  bool isOfOther = false;    ///< the catalogue is another one
-  bool isRuleOther = false;  ///< the rule is stored with another text now, or gone
+  bool isPlayable = false;   ///< whether the control can be restored; if not, only the texts can
+  bool isOfOther = false;    ///< whether the catalogue has changed
+  bool isRuleOther = false;  ///< whether the stored rule has another text now, or is gone
 };
 
-/// Plays the journal on controls that nobody sees. `now` is what a journal would be of that is
-/// begun now for the same rule, "" where there is none of its name.
+/// Plays the journal on hidden controls. `now` is the head of a journal that would be created for
+/// the same rule now, empty if there is no such rule.
 Recovery Foresee(const KeptSession& session, const JournalHead& now);
 
 class RecoveryOffer final : public QDialog {

@@ -1,25 +1,24 @@
-// What a person's requests are answered by: further composers for sub queries and conditions, and
-// the functions of the catalogue.
+// Answers the requests of the control for sub queries, conditions and functions.
 #pragma once
 
 #include "hosts/composer/further_composer.h"
 
 namespace zolt20::composer {
 
-/// Answers the three requests of the control, each by a modal dialog within the event, and shows
-/// what fails. The catalogue outlives the control.
+/// Answers the three request events, each by a modal dialog within the event, and shows errors. The
+/// catalogue outlives the control.
 void AnswerRequests(RecordedMap& map, const catalogue::Catalogue& catalogue);
 
-/// Composes a text for a page of another composer.
+/// A composer for a text that a page of another composer asked for.
 class NestedComposer final : public FurtherComposer {
   Q_OBJECT
 
  public:
-  /// For a page code of prpStrSQLPart; begins on the Select List page, or on the Condition page.
+  /// `pageCode` is that of prpStrSQLPart. Begins on the Select List page, or on the Condition page.
   NestedComposer(const catalogue::Catalogue& catalogue, const QString& pageCode, bool onCondition,
                  QWidget* parent = nullptr);
 
-  /// What was composed, encoded for the property of the page; "" for nothing.
+  /// The composed text, encoded for the property of the page; "" for none.
   QString Encoded() const { return encoded_; }
 
  protected:

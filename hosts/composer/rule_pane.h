@@ -1,7 +1,7 @@
-// The text of a rule to be read: coloured, and with the lines marked that would come and go. A line
-// that would come begins with "+ ", one that would go with "- ", the others with two blanks; where
-// no line would, the text stands as it is. Its menu copies, prints and saves the text without
-// marks, of two the one that would come.
+// Shows the text of a rule, coloured and read-only, and compares it with the text that Store would
+// give. Added lines begin with "+ ", removed ones with "- ", the others with two blanks; equal
+// texts are shown without these marks. The menu copies, prints and saves the text without marks:
+// the new one if there are two.
 #pragma once
 
 #include <QWidget>
@@ -25,31 +25,32 @@ class RulePane final : public QWidget {
  public:
   explicit RulePane(const QString& title, QWidget* parent = nullptr);
 
-  /// The text as it is, and what it would become.
+  /// Shows a text, and the lines that would change if it became `coming`.
   void Show(const QString& text, const QString& coming);
-  /// What the text is called on paper.
+  /// The name of the text in print.
   void Name(const QString& name) { name_ = name; }
-  /// A line above the text, "" for none.
+  /// Shows a line above the text, none for "".
   void Tell(const QString& told);
-  /// Marks characters of the text and brings them into sight. Lines and columns count from 1.
+  /// Selects characters and scrolls to them. Lines and columns count from 1.
   void Point(qsizetype line, qsizetype column, qsizetype length);
 
-  /// Finds by a line of the window, which has the keys for it.
+  /// Uses the find bar of the window, which has the keys for it.
   void FindBy(FindBar& find) { find_ = &find; }
-  /// Finds by a line of its own below the text, and takes the keys for it in its whole window.
+  /// Adds a find bar below the text, with the keys for it in the whole window of the pane.
   void AddFindBar();
 
-  // Of another text, such as the Result, those lines are meant that the pane has too.
+  // These take places of another text, such as the Result; a place is used if the pane shows the
+  // same line.
 
-  /// Draws waves under what is wrong in a text.
+  /// Draws waves under the problems of a text.
   void Underline(const QString& text, const std::vector<language::Finding>& findings);
-  /// Marks what stands in a text from one place up to another, and brings it into sight.
+  /// Selects a part of a text and scrolls to it.
   void PointAt(const QString& text, TextLines::Place from, TextLines::Place to);
-  /// Where the caret is, in a text.
+  /// The place of the caret in a text; none if its line is not in that text.
   std::optional<TextLines::Place> CaretIn(const QString& text) const;
 
  signals:
-  /// The person put the caret somewhere.
+  /// The person moved the caret.
   void CaretMoved();
 
  protected:
@@ -76,7 +77,7 @@ class RulePane final : public QWidget {
   QString wavedText_;
   std::vector<language::Finding> waved_;
   mutable QString placedText_;     // of RowsOf
-  mutable std::vector<int> rows_;  // for each of its lines, kNoRow where the pane has it not
+  mutable std::vector<int> rows_;  // for each of its lines, kNoRow for one that is not shown
 };
 
 }  // namespace zolt20::composer

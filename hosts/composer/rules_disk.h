@@ -1,7 +1,7 @@
 // Files of rules on the disk: their names, their locks, reading and writing them whole.
 //
-// Complaints are RulesErrors for the person. `where` in them is the file, or the file and a rule in
-// it. Called by RulesFile alone.
+// Errors are thrown as RulesError, with a message for the person. `where` is the beginning of the
+// message: the file, or the file and a rule. Called by RulesFile only.
 #pragma once
 
 #include <QByteArray>
@@ -14,24 +14,26 @@ namespace zolt20::composer {
 
 [[noreturn]] void Complain(const QString& where, const QString& complaint);
 
-/// A path as a person reads it.
+/// A path as it is shown to the person.
 QString Shown(const QString& path);
-/// The file behind all links, in a folder without links, so that two names of one file are equal.
+/// The file that all symbolic links lead to, in a canonical folder, so that two names of one file
+/// are equal.
 QString TargetOf(const QString& path);
 
-/// Null, and why, where none can be made. Throws when another composer has it.
+/// Locks the file. Throws when another composer has locked it. Null, with the reason, when a lock
+/// can't be made there.
 std::unique_ptr<QLockFile> Lock(const QString& target, const QString& where, QString& whyNot);
-/// Throws where none can be made, too.
+/// The same, but throws when a lock can't be made.
 std::unique_ptr<QLockFile> NeededLock(const QString& target, const QString& where);
 
 QByteArray ReadBytes(const QString& target, const QString& where);
-/// Whether the file holds these and nothing else, piece by piece.
+/// Whether the file has exactly these bytes. Reads it in pieces.
 bool HoldsBytes(const QString& target, std::string_view bytes, const QString& where);
-/// All of them or none; the old file is whole when it throws.
+/// Writes the file, or throws and leaves the old one as it was.
 void WriteBytes(const QString& target, std::string_view bytes, const QString& where);
 
-/// That a file was made, renamed or removed in its folder reaches the disk, where the system can
-/// say so.
+/// Syncs the folder of a file to the disk, where the system supports it, so that a new, renamed or
+/// removed file survives a crash.
 void SyncFolderOf(const QString& target);
 
 }  // namespace zolt20::composer

@@ -1,5 +1,5 @@
-// The rules of a file as a list, with a line that filters it. A person chooses a rule, or moves one
-// to another place, by the mouse and by keys; what comes of that is the window's.
+// The rules of a file as a list with a filter. The person chooses a rule, or moves one to another
+// place, by mouse or keys; the window does what follows.
 #pragma once
 
 #include <QWidget>
@@ -20,19 +20,18 @@ class RulesList final : public QWidget {
  public:
   explicit RulesList(QWidget* parent = nullptr);
 
-  /// Shows these rules in their order, and marks the current one; "" marks none.
+  /// Shows these rules in this order, and selects the current one; "" selects none.
   void Show(const QStringList& names, const QString& current);
-  /// Marks the current rule as one with changes that are not stored, or takes that mark away; no
-  /// other rule has it then.
+  /// Shows whether the current rule has unsaved changes. Other rules never do.
   void MarkChanged(bool isChanged);
   void AddButton(QAction& action);
-  /// What a right click on a rule offers. The rule is chosen first.
+  /// Sets the context menu of a rule. A right click selects the rule first.
   void SetMenu(const QList<QAction*>& actions);
   void FocusFilter();
 
  signals:
   void Chosen(const QString& name);
-  /// The rule is to come to this place among the others, from 0.
+  /// The person moved the rule to this index.
   void Moved(const QString& name, int place);
 
  protected:
@@ -55,7 +54,7 @@ class RulesList final : public QWidget {
   QList<QAction*> menu_;
   QString current_;
 
-  // The row that is being dragged, and the one before which it would come; -1 for none.
+  // The dragged row, and the row before which it would be dropped; -1 for none.
   int dragged_ = -1;
   int before_ = -1;
   QPoint pressedAt_;

@@ -1,5 +1,5 @@
-// Where a database server is, and by which of Qt's SQL drivers it is reached. A password is no part
-// of it: it goes to the driver as it was typed, and nowhere else.
+// The address of a database server, and which of Qt's SQL drivers connects to it. A password is not
+// part of it: it is passed on to the driver and stored nowhere.
 #pragma once
 
 #include <QString>
@@ -11,13 +11,13 @@ namespace zolt20::composer {
 
 enum class ServerKind { kPostgreSql, kMariaDb, kOdbc };
 
-/// What a driver is called.
+/// How a driver is presented and found.
 struct ServerDriver {
   ServerKind kind;
-  const char* title;    ///< for people
-  const char* driver;   ///< Qt's name of it
-  const char* package;  ///< of Debian, which has it
-  int port;             ///< the usual one, 0 where there is none
+  const char* title;    ///< shown to the person
+  const char* driver;   ///< Qt's name of the driver
+  const char* package;  ///< the Debian package with the driver
+  int port;             ///< the default port, 0 for none
 };
 inline constexpr auto kServerDrivers = std::to_array<ServerDriver>({
     {ServerKind::kPostgreSql, "PostgreSQL", "QPSQL", "libqt6sql6-psql", 5432},
@@ -28,21 +28,21 @@ const ServerDriver& DriverOf(ServerKind kind);
 
 struct ServerAddress {
   ServerKind kind = ServerKind::kPostgreSql;
-  QString host;      ///< "" for this machine; not for ODBC
-  int port = 0;      ///< 0 for the usual one; not for ODBC
+  QString host;      ///< "" for this machine; not used by ODBC
+  int port = 0;      ///< 0 for the default port; not used by ODBC
   QString database;  ///< for ODBC the name of a data source, or "DRIVER=...;..."
   QString user;
 };
 
-/// How long a driver is told to wait for its server.
+/// The time-out of a connection, given to the driver.
 inline constexpr int kDriverTimeoutSeconds = 7;
 
-/// Sets a connection up, all but user and password. Only reading is asked for where that is an
-/// option of the driver.
+/// Sets all options of a connection except user and password. Asks for a read-only connection if
+/// the driver has an option for that.
 void SetUp(QSqlDatabase& connection, const ServerAddress& address);
 
-/// A short name of the database, and one that tells it from all others. Neither holds a password,
-/// even where the text of a data source does.
+/// A short name of the database, and one that is unique among all databases. Neither contains a
+/// password, even if the text of a data source does.
 QString NameOf(const ServerAddress& address);
 QString FullNameOf(const ServerAddress& address);
 

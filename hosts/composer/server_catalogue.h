@@ -1,9 +1,9 @@
-// Reads the catalogue of a database server while the window goes on answering.
+// Reads the catalogue of a database server without blocking the window.
 //
-// Each reading has a thread that owns its connection from beginning to end, as Qt's SQL drivers
-// want it. A driver may wait for its server for ever. So who waits here waits for a time only: when
-// the server is silent for that long, and when the person cancels, the thread is left to itself,
-// and whatever comes of it is dropped. It ends when its driver returns.
+// Each reading has a thread of its own, which opens, uses and closes its connection, as Qt's SQL
+// drivers demand. A driver may block for ever. So the reader waits for a limited time only: after
+// that time without an answer, or when the person cancels, it abandons the thread and ignores its
+// outcome. The thread ends when its driver returns.
 #pragma once
 
 #include <QObject>
@@ -21,7 +21,7 @@ namespace zolt20::composer {
 
 class ServerReader;
 
-/// A reading as its thread and the reader see it.
+/// The state of a reading that its thread and the reader share.
 class ServerJob;
 
 class ServerReader final : public QObject {
@@ -31,19 +31,19 @@ class ServerReader final : public QObject {
   static constexpr int kSilenceMilliseconds = 8000;
 
   explicit ServerReader(QObject* parent = nullptr);
-  /// Cancels.
+  /// Cancels a reading that is under way.
   ~ServerReader() override;
 
-  /// One reading at a time: a new one cancels the one before. Each ends with one of the three
-  /// signals at the end, unless it is cancelled.
+  /// Starts a reading, and cancels the one before. Each reading ends with one of the last three
+  /// signals, unless it is cancelled.
   void ReadSchemas(const ServerAddress& address, const QString& password);
   void ReadCatalogue(const ServerAddress& address, const QString& password,
                      const QStringList& schemas);
   void Cancel();
   bool IsBusy() const { return job_ != nullptr; }
 
-  /// How many threads there are, those that were left to themselves among them. A program that has
-  /// any when it ends must not take down what their drivers use.
+  /// The number of running threads, including abandoned ones. While there are any, a program that
+  /// ends must not unload what their drivers use.
   static int Threads();
 
  signals:
@@ -52,7 +52,7 @@ class ServerReader final : public QObject {
   void Failed(const QString& why);
 
  protected:
-  /// What a job says, in the thread of the reader.
+  /// Handles a message of a reading, in the thread of the reader.
   void customEvent(QEvent* event) override;
 
  private:

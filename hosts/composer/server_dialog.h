@@ -1,5 +1,5 @@
-// The dialog in which a person opens a database on a server: where it is, who they are, and which
-// of its schemas they want. The password goes to the driver and is forgotten with the dialog.
+// The dialog that opens a database on a server. The person enters the address, user and password,
+// and chooses schemas. The password is passed to the driver and not kept.
 #pragma once
 
 #include <QDialog>
@@ -28,11 +28,11 @@ class ServerDialog final : public QDialog {
 
   explicit ServerDialog(QWidget* parent = nullptr, HasDriver hasDriver = {});
 
-  /// What was read, once the dialog is accepted.
+  /// The catalogue, after the dialog was accepted.
   const OpenedCatalogue& Opened() const { return opened_; }
   ServerAddress Address() const;
 
-  /// While the server is waited for this stops waiting, and the dialog stays.
+  /// During a reading this cancels the reading, and the dialog stays open.
   void reject() override;
 
  private:

@@ -1,6 +1,6 @@
-// What each kind of server is asked about its tables, in its own words.
+// The queries about tables, for each kind of server.
 //
-// All answer in the same columns. "%1" stands for the schemas that are asked about.
+// The results of all servers have the same columns. "%1" stands for the list of schemas.
 #pragma once
 
 #include "hosts/composer/server_tables.h"
@@ -8,13 +8,13 @@
 namespace zolt20::composer {
 
 struct Questions {
-  const char* schemas;  ///< schema, number of tables and views
-  const char* tables;   ///< schema, table, "table" or "view"; in their order
-  const char* columns;  ///< schema, table, column, declared type, type without its own name
-  const char* indexes;  ///< schema, table, number of indexes
+  const char* schemas;  ///< gives schema, number of tables and views
+  const char* tables;   ///< gives schema, table, "table" or "view", sorted
+  const char* columns;  ///< gives schema, table, column, declared type, base type of a domain
+  const char* indexes;  ///< gives schema, table, number of indexes
 };
 
-/// Of any dialect but kOther.
+/// The queries for a dialect other than kOther.
 const Questions& QuestionsFor(Dialect dialect);
 
 }  // namespace zolt20::composer

@@ -1,6 +1,6 @@
 // Tables and views of a database server, read through an open connection of Qt's.
 //
-// Called in the thread that owns the connection. Whatever the server refuses is a ServerError.
+// Called in the thread that owns the connection. Errors of the server are thrown as ServerError.
 #pragma once
 
 #include <QString>
@@ -15,33 +15,33 @@ class QSqlDatabase;
 
 namespace zolt20::composer {
 
-/// What a server or its driver says when it can't do something, in UTF-8.
+/// The message of a server or its driver, in UTF-8.
 class ServerError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// By which questions a server tells of its tables. kOther is any source of ODBC: it is asked
-/// through Qt alone, which knows neither schemas nor more indexes than the primary key's.
+/// The kind of server, which decides the queries. kOther is any other ODBC source: it is queried
+/// through Qt only, which knows no schemas and of the indexes only the primary key.
 enum class Dialect { kPostgreSql, kMariaDb, kSqlite, kOther };
 
 struct Schema {
-  QString name;  ///< "" where the server has none
+  QString name;  ///< "" for a server without schemas
   int tables = 0;
 };
 
-/// Told of each piece that was read; throws when nobody waits any more.
+/// Called after each part that was read. Throws to abandon the reading.
 using Progress = std::function<void()>;
 
-/// Opens the connection and finds out how to ask the server. From then on the session can only
-/// read, and a question that takes long is broken off by the server, where it can do so.
+/// Opens the connection and finds out the kind of server. The session is made read-only, with a
+/// time limit for queries, where the server supports it.
 Dialect OpenSession(QSqlDatabase& connection, const QString& user, const QString& password);
 
-/// The schemas in which the user sees tables or views, by name, without the server's own.
+/// The schemas with tables or views that the user can see, by name, without system schemas.
 std::vector<Schema> ReadSchemas(QSqlDatabase& connection, Dialect dialect);
 
-/// The tables and views of these schemas, by schema and name, and the functions that go with them.
-/// A table is told by its name, and by SCHEMA.NAME where several of the schemas have that name.
+/// The tables and views of these schemas, by schema and name, with the functions of that kind of
+/// server. The name of a table is SCHEMA.NAME if several of the schemas have a table of that name.
 catalogue::DatabaseCatalogue ReadServerTables(QSqlDatabase& connection, Dialect dialect,
                                               const QStringList& schemas, const Progress& progress);
 

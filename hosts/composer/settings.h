@@ -1,4 +1,4 @@
-// What the composer keeps between its starts, and places of windows.
+// What the composer stores between its runs, and the places of windows.
 #pragma once
 
 #include <QRect>
@@ -8,7 +8,7 @@ class QWidget;
 
 namespace zolt20::composer {
 
-/// The person's own settings: sizes, panes, zoom, recent files.
+/// The settings of the user: sizes, panes, zoom, recent files.
 class Settings final : public QSettings {
   Q_OBJECT
 
@@ -16,13 +16,14 @@ class Settings final : public QSettings {
   Settings();
 };
 
-/// The place nearest to the wanted one that is within the available one, smaller where it must be.
+/// The rectangle nearest to the wanted one within the available one, made smaller if it must be.
 QRect Fitted(QRect wanted, const QRect& available);
 
-/// Gives a window that is not shown yet this size, or that of its screen when it is smaller.
+/// Sets the size of a window that is not shown yet, at most that of its screen.
 void ResizeWithinScreen(QWidget& window, QSize size);
 
-/// Gives a window the place; when no screen has it any more, one on the nearest screen.
+/// Moves a window to a place; if no screen has that place any more, to the nearest place on a
+/// screen.
 void PlaceOnScreens(QWidget& window, const QRect& wanted);
 
 }  // namespace zolt20::composer

@@ -1,5 +1,5 @@
-// What the nodes of a tree of statements are called and look like: the pictures are drawn in the
-// colours of a palette, a light or a dark one.
+// Names and pictures of the kinds of statements. The pictures are drawn in the colours of a light
+// or a dark palette.
 #pragma once
 
 #include <QIcon>
@@ -11,17 +11,18 @@
 
 namespace zolt20::composer {
 
-/// What was found wrong, the worst of it.
+/// The most serious problem of a statement.
 enum class Mark : std::uint8_t { kNone, kWarning, kError };
 
-/// "Select", "Case row".
+/// The name of a kind: "Select", "Case row".
 QString NameOfKind(language::NodeKind kind);
 
-/// The picture of a kind, with the mark in its corner; an open mark tells of what is folded away.
+/// The picture of a kind with the mark in its corner; an outlined mark stands for a mark on a
+/// hidden child.
 QIcon PictureOf(language::NodeKind kind, Mark mark, bool isOpenMark, const QPalette& palette);
-/// The mark by itself.
+/// The mark alone.
 QIcon PictureOf(Mark mark, const QPalette& palette);
-/// Of marks and of the waves under words, on the base colour of the palette.
+/// The colour of marks and waves on the base colour of the palette.
 QColor ColourOf(Mark mark, const QPalette& palette);
 
 }  // namespace zolt20::composer

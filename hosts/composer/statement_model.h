@@ -1,8 +1,8 @@
 // The tree of a text of the statement language, as a model of Qt.
 //
-// The rows are the nodes of the outline that a person takes for statements and clauses; the first
-// and the last line of a statement belong to its row. A row stays the same one while its text
-// changes, so that what is folded stays folded.
+// The rows are the nodes of the outline that are statements or clauses; the opening and the closing
+// line of a statement belong to its own row. Rows keep their identity while their text changes, so
+// that collapsed rows stay collapsed.
 #pragma once
 
 #include <QAbstractItemModel>
@@ -21,24 +21,24 @@ class StatementModel final : public QAbstractItemModel {
   Q_OBJECT
 
  public:
-  /// For no node and for no row.
+  /// Stands for no node and for no row.
   static constexpr std::size_t kNoNode = language::Node::kNone;
 
   enum Role {
     kKindRole = Qt::UserRole,
-    kMarkRole,        ///< a Mark: of the row itself
-    kMarkWithinRole,  ///< the same of the rows within it
+    kMarkRole,        ///< the Mark of the row itself
+    kMarkWithinRole,  ///< the worst Mark of the rows below it
     kNoteRole         ///< the note of the row, "" for none
   };
 
   explicit StatementModel(QObject* parent = nullptr);
   ~StatementModel() override;
 
-  /// The tree of another text. With `anew` no row is one of those before.
+  /// Shows another text. With `anew` all rows are new ones.
   void SetText(const QString& text, bool anew);
-  /// What is wrong in the text.
+  /// Sets the problems of the text.
   void SetFindings(std::vector<language::Finding> findings);
-  /// The notes of the text, which go with it.
+  /// Sets the notes of the text.
   void SetNotes(const std::vector<language::NodeNote>& notes);
 
   const QString& Text() const { return text_; }
@@ -47,11 +47,11 @@ class StatementModel final : public QAbstractItemModel {
   const TextLines& Lines() const { return lines_; }
 
   std::size_t NodeOf(const QModelIndex& index) const;
-  /// The row of a node, or the row that it is part of.
+  /// The row of a node, or the row that contains the node.
   QModelIndex IndexOf(std::size_t node) const;
-  /// The innermost row that has this place of the text.
+  /// The innermost row that contains this index of the text.
   QModelIndex IndexAt(std::size_t place) const;
-  /// The text of a node without the blanks and line ends around it: behind its last character.
+  /// The end of a node without trailing blanks and line ends: the index behind its last character.
   std::size_t EndOf(std::size_t node) const;
 
   QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;

@@ -1,7 +1,6 @@
-// Leads between the tree of statements and the texts that show them: the Result, the text of the
-// rule beside it, and the one that is read in place of the control. What is chosen in the tree is
-// marked in the texts, where the caret is in a text is marked in the tree, and what is wrong has
-// waves under it.
+// Synchronizes the tree of statements with the texts that show them: the Result, the text of the
+// rule beside it, and the read-only text. Choosing a row selects its text; moving the caret selects
+// its row; problems are underlined with waves.
 #pragma once
 
 #include <QObject>
@@ -20,10 +19,9 @@ class StatementPlaces final : public QObject {
  public:
   StatementPlaces(StatementTree& tree, QList<RulePane*> panes);
 
-  /// The Result of the control that is composed with; `isShown` tells whether the tree is that of
-  /// its text.
+  /// Sets the box of the Result. `isShown` tells whether the tree shows the text of that box.
   void Follow(QPlainTextEdit& result, std::function<bool()> isShown);
-  /// Marks what stands from a place of the tree's text up to another in the texts.
+  /// Selects a part of the tree's text in all texts.
   void Show(std::size_t first, std::size_t last);
 
  private:

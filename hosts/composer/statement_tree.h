@@ -1,8 +1,8 @@
-// The pane of the statements: the tree of a text, and below it what is wrong in the text.
+// The pane with the tree of statements of a text, and a list of the problems in the text below it.
 //
-// The text is read a moment after it changed, once for many changes, and checked when it has rested
-// a while. What happens to a statement is the business of whoever hears EditRequested, or adds
-// actions.
+// The text is read a moment after it changed, once for many changes, and checked after it has not
+// changed for a while. The pane edits nothing: it emits EditRequested, and its menu has the actions
+// that others add.
 #pragma once
 
 #include <QPersistentModelIndex>
@@ -27,7 +27,7 @@ class StatementTree final : public QWidget {
  public:
   static constexpr std::size_t kNoNode = StatementModel::kNoNode;
 
-  /// A text, and the name of the rule that it is of.
+  /// A text, and the name of its rule.
   struct Source {
     QString rule;
     QString text;
@@ -36,49 +36,49 @@ class StatementTree final : public QWidget {
   explicit StatementTree(QWidget* parent = nullptr);
   ~StatementTree() override;
 
-  /// Where the text comes from.
+  /// Sets the function that gives the text.
   void ReadFrom(std::function<Source()> source) { source_ = std::move(source); }
-  /// The text may be another now.
+  /// To be called when the text may have changed.
   void TextChanged();
-  /// Reads the text now, when it may be another.
+  /// Reads the text at once if it may have changed.
   void Refresh();
-  /// Looks for what is wrong now, when it was not looked for yet.
+  /// Checks the text at once if that is still to be done.
   void CheckNow();
-  /// The notes of the text that is shown.
+  /// Shows these notes of the text.
   void ShowNotes(const std::vector<language::NodeNote>& notes);
-  /// The names that statements may have; null for any.
+  /// Sets the names that statements may use; null allows any name.
   void UseNames(std::unique_ptr<language::Names> names);
   const language::Names* Names() const { return names_.get(); }
 
-  /// What the tree shows: the text of the last Refresh, its nodes and what is wrong in it.
+  /// The text that the tree shows, its nodes and its problems.
   const QString& Text() const { return model_->Text(); }
   const std::vector<language::Node>& Nodes() const { return model_->Nodes(); }
   const std::vector<language::Finding>& Findings() const { return model_->Findings(); }
   const TextLines& Lines() const { return model_->Lines(); }
-  /// The text is another than the one that is shown.
+  /// Whether the text may differ from the one that is shown.
   bool IsStale() const { return soon_->isActive(); }
-  /// Findings() are those of the text as it is now.
+  /// Whether Findings() are those of the present text.
   bool IsChecked() const { return isChecked_ && !IsStale(); }
 
-  /// The node that is marked, by its index; kNoNode for none.
+  /// The index of the selected node; kNoNode for none.
   std::size_t CurrentNode() const;
-  /// Marks a node, or the innermost one at a place of the text. Nothing is told.
+  /// Selects a node, or the innermost node at an index of the text. Emits no signal.
   void MarkNode(std::size_t node);
   void MarkAt(std::size_t place);
 
-  /// Adds an action to the menu of a statement. Its keys work where the tree has the focus, and
-  /// come before those of the window.
+  /// Adds an action to the context menu of a statement. Its shortcut acts while the tree has the
+  /// focus, and takes precedence over the window's.
   void AddAction(QAction& action);
   QTreeView& View() { return *view_; }
 
  signals:
-  /// The tree is that of another text.
+  /// The tree has read another text.
   void Read();
-  /// It is known what is wrong in the text.
+  /// The text has been checked.
   void Checked();
-  /// The person wants to see the characters from the first to behind the last one.
+  /// The person chose a node: the characters from `first` up to `last`.
   void PlaceChosen(std::size_t first, std::size_t last);
-  /// The person wants to edit the node at this index.
+  /// The person asked to edit the node with this index.
   void EditRequested(std::size_t node);
 
  protected:

@@ -1,4 +1,4 @@
-// The select statements within a rule, so that any one of them can be taken into the pages.
+// The select statements within a rule, which can be put onto the pages one by one.
 #pragma once
 
 #include <vector>
@@ -8,13 +8,13 @@
 namespace zolt20::composer {
 
 struct SelectStatement {
-  int line = 1;  ///< where it begins, from 1; lines end with CR LF
-  String text;   ///< from "select" to "endselect", at the margin
+  int line = 1;  ///< the line where it begins, from 1; lines end with CR LF
+  String text;   ///< from "select" to "endselect", without indentation
 };
 
-/// All of them from top to bottom, one within another behind the one around it. A statement begins
-/// with a line of tabs and "select ", and ends with a line of the same tabs and "endselect". One
-/// that is not closed so is passed over.
+/// All select statements in the order of the text; a nested one follows the one around it. A
+/// statement begins with a line of tabs and "select ", and ends with a line of the same tabs and
+/// "endselect". A statement without such an end is skipped.
 std::vector<SelectStatement> SelectStatementsOf(StringView rule);
 
 }  // namespace zolt20::composer

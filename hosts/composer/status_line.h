@@ -1,5 +1,5 @@
-// Where the caret stands, and of the text it stands in the number of statements and how deep they
-// go; at the right of the status bar.
+// The part of the status bar that shows the line and column of the caret, the number of statements
+// of that text, and how deep they are nested.
 #pragma once
 
 #include <QLabel>
@@ -14,10 +14,10 @@ class StatusLine final : public QLabel {
   Q_OBJECT
 
  public:
-  /// Tells of the text that has the focus in this window, else of the one before.
+  /// Shows the text that has the focus in this window, or had it last.
   explicit StatusLine(QWidget& window);
 
-  /// Tells of this text until another one gets the focus.
+  /// Shows this text until another one gets the focus.
   void Follow(QPlainTextEdit& text);
 
  private:

@@ -1,4 +1,4 @@
-// Whether a control takes a stored text back.
+// Whether a control can take a stored text back.
 #pragma once
 
 #include <QString>
@@ -8,15 +8,15 @@
 
 namespace zolt20::composer {
 
-/// The first character that stands in the way.
+/// The first character that the control can't take back.
 struct Untakeable {
   qsizetype line;    ///< from 1; lines end with CR LF
   qsizetype column;  ///< from 1, in characters of 16 bits
-  QString what;      ///< as a person reads it
+  QString what;      ///< the reason, for the person
 };
 
-/// What a control can't take back of a text, neither in its pages nor in its Result; none for a
-/// text that comes back.
+/// Finds what the control can take back neither into its pages nor into its Result; none if it
+/// takes the whole text.
 std::optional<Untakeable> FindUntakeable(const QString& text,
                                          const catalogue::Catalogue& catalogue);
 

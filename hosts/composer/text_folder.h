@@ -1,4 +1,5 @@
-// All rules of a file as text files in a folder, one each, and such a folder as rules again.
+// Writes all rules of a file as text files into a folder, one for each rule, and reads such a
+// folder back.
 #pragma once
 
 #include <QString>
@@ -8,17 +9,18 @@
 
 namespace zolt20::composer {
 
-/// What a rule's file is called: its name, with "%" and a code for what no file name may hold.
+/// The file name of a rule: the name of the rule, in which each character that file names can't
+/// have is "%" and its code.
 QString FileNameOf(StringView rule);
-/// The name of the rule again; "" for a file that is none of these.
+/// The name of the rule of a file name; "" if it is no such file name.
 QString RuleNameOf(const QString& fileName);
 
-/// Writes a file for each rule into the folder, which is made when there is none. Files that are
-/// there are replaced. Throws RulesError.
+/// Writes a file for each rule into the folder, which is created if needed. Existing files are
+/// replaced. Throws RulesError.
 void ExportTexts(const std::vector<Rule>& rules, const QString& folder);
 
-/// The rules of a folder, by name. Line ends become CR LF; fields are not in such files. Throws
-/// RulesError when a file can't be read or is no UTF-8.
+/// The rules of a folder, by name. Line ends become CR LF; such files have no field records. Throws
+/// RulesError when a file can't be read or is not UTF-8.
 std::vector<Rule> ImportTexts(const QString& folder);
 
 }  // namespace zolt20::composer

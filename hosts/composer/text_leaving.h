@@ -1,4 +1,4 @@
-// How the text of a rule leaves a window: on paper and as a file. Menus and panes share it.
+// Prints and exports the text of a rule, for menus and panes.
 #pragma once
 
 #include <QByteArray>
@@ -9,15 +9,15 @@ class QWidget;
 
 namespace zolt20::composer {
 
-/// Fills pages with the text in letters of one width, below its name.
+/// Paints the text on the pages of a printer in a fixed-width font, below its name.
 void PrintText(const QString& name, const QString& text, QPrinter& printer);
-/// Asks for a printer and prints.
+/// Shows the printer dialog and prints.
 void AskAndPrint(QWidget& window, const QString& name, const QString& text);
 
-/// Asks for a file by a dialog of that title and writes the text as UTF-8, to the last line end.
-/// What goes wrong is told in a message, and a file that was there stays whole.
+/// Shows a file dialog with that title and writes the text as UTF-8, exactly. On failure a message
+/// is shown, and an existing file is unchanged.
 void AskAndSaveText(QWidget& window, const QString& title, const QString& text);
-/// Writes a whole file, or leaves the old one and says why in a message.
+/// Writes a file, or leaves the old one as it was and shows the reason in a message.
 void SaveBytes(QWidget& window, const QString& path, const QByteArray& content);
 
 }  // namespace zolt20::composer

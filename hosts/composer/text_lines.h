@@ -1,5 +1,5 @@
-// Where the lines of a text begin, so that a place in it becomes a line and a column and back at no
-// cost. A line ends with CR LF, CR or LF, as one of a box does.
+// An index of the lines of a text, which converts an index of the text into line and column and
+// back quickly. A line ends with CR LF, CR or LF, as in a text box.
 #pragma once
 
 #include <algorithm>
@@ -20,7 +20,7 @@ class TextLines {
     }
   }
 
-  /// Counted from 0, columns in characters of 16 bits.
+  /// Counts from 0; columns in 16-bit characters.
   struct Place {
     int line;
     int column;
@@ -30,7 +30,7 @@ class TextLines {
     const auto line = static_cast<std::size_t>(behind - starts_.begin()) - 1;
     return {static_cast<int>(line), static_cast<int>(place - starts_[line])};
   }
-  /// At the end of the text, or at the start of the next line, where there is no such place.
+  /// For a place that does not exist: the end of the text, or the start of the next line.
   std::size_t PlaceOf(Place at) const {
     const auto line = static_cast<std::size_t>(at.line);
     if (line >= starts_.size()) return length_;
@@ -44,7 +44,7 @@ class TextLines {
   std::vector<std::size_t> starts_{0};
 };
 
-/// The line in which a place of the text is, without its end.
+/// The line that contains this index of the text, without its line end.
 inline StringView LineAround(StringView text, std::size_t place) {
   const std::size_t before = text.substr(0, place).find_last_of(u"\r\n");
   const std::size_t first = before == StringView::npos ? 0 : before + 1;

@@ -1,5 +1,5 @@
-// The language of the composer's own texts. They stand in English in the source; those of other
-// languages are in the program, from translations/.
+// The language of the composer's texts. The source has them in English; the translations of
+// translations/ are built into the program.
 #pragma once
 
 #include <QString>
@@ -11,21 +11,21 @@
 
 namespace zolt20::composer {
 
-/// From now on texts of the composer and of Qt are in this language, such as "de" or "pt_BR", and
-/// so are numbers and dates; "" is for the language of the system. Where there is no translation
-/// texts are English. For the start of a program.
+/// Sets the language of the composer's and Qt's texts, of numbers and of dates: "de", "pt_BR", or
+/// "" for the language of the system. Without a translation texts are English. To be called at the
+/// start of a program.
 void UseLanguage(const QString& language);
 
-/// The sentences of checks and explanations in that language.
+/// The messages of checks and explanations in that language.
 language::Words Sentences();
 
-// What hosts/kit tells, which knows no language but English, in that of the composer.
+// Translations of the messages of hosts/kit, which are English.
 
 QString Translated(const hosts::Message& message);
-/// The message of an error, which is the composer's own or one of the kit.
+/// The message of an error of the composer or of the kit, in that language.
 QString Translated(const std::exception& error);
-/// A function with kind, text and arguments in that language, when it is one that the kit knows. A
-/// function that somebody wrote stays as it is.
+/// A function with its kind, text and arguments in that language, if it is one of the kit's. Other
+/// functions are returned unchanged.
 catalogue::Function Translated(const catalogue::Function& function);
 
 }  // namespace zolt20::composer

@@ -1,4 +1,4 @@
-// What Undo and Redo would take back and bring back, in words, of one control after the other.
+// Names for the next Undo and Redo of a control, such as "Undo Move CUSTOMER.C_ID".
 #pragma once
 
 #include <QObject>
@@ -15,10 +15,10 @@ class UndoNames final : public QObject {
  public:
   explicit UndoNames(QObject* parent = nullptr) : QObject(parent) {}
 
-  /// From now on of this control.
+  /// From now on the names are those of this control.
   void Follow(RecordedMap& map);
 
-  /// "" when there is no name for it.
+  /// The name of the step; "" if it has none.
   QString Undo() const;
   QString Redo() const;
 
@@ -26,7 +26,7 @@ class UndoNames final : public QObject {
   void Changed();
 
  private:
-  // A gesture, by the place of the record behind it.
+  // The name of a gesture, by its place in the history.
   struct Named {
     int place;
     QString name;

@@ -1,5 +1,5 @@
-// Where the names of a catalogue stand in all rules of a file, name by name, and which of them the
-// catalogue has not. Leads to the places.
+// Uses of Names: all places in the rules of a file where a name of the catalogue is used, and the
+// names that the catalogue does not have. Shows the place that the person chooses.
 #pragma once
 
 #include <QDialog>
@@ -18,33 +18,33 @@ class QTreeWidgetItem;
 
 namespace zolt20::composer {
 
-/// A name with all its places.
+/// A name with all its uses.
 struct UsedName {
   QString name;
   language::UseKind kind = language::UseKind::kField;
-  bool isMissing = false;  ///< the catalogue has it not, and it is meant as a name somewhere
+  bool isMissing = false;  ///< the catalogue does not have it, and a use is certainly a name
   std::vector<FoundPlace> places;
 
   bool operator==(const UsedName&) const = default;
 };
 
 /// All names that rules use: tables in alphabetical order, each followed by its fields, then
-/// functions. A field that is only found in quoted texts is listed, but never counts as missing.
-/// With `names` null nothing counts as missing.
+/// functions. A field that is found in quoted texts only is listed, but is never missing. With
+/// `names` null no name is missing.
 std::vector<UsedName> UsesInRules(const std::vector<RuleText>& rules, const language::Names* names);
 
-/// The window for it. It stays open beside the composer's own.
+/// The window of Uses of Names. It is not modal: it stays open beside the composer's window.
 class UsesWindow final : public QDialog {
   Q_OBJECT
 
  public:
   UsesWindow(FindWindow::Source rules, FindWindow::NamesSource names, QWidget* parent);
 
-  /// With the focus on the line, and the uses as they are now.
+  /// Reads the uses anew and gives the line for the filter the focus.
   void Begin();
 
  signals:
-  /// The person wants to see a place of the text of a rule.
+  /// The person chose a use: this part of the text of a rule.
   void Chosen(const QString& rule, std::size_t first, std::size_t length);
 
  protected:

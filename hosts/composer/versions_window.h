@@ -1,5 +1,5 @@
-// The texts that a rule had, with what changed between two of them, and the deleted rules of a
-// file. Both are dialogs; what the person chose is done by the window.
+// Two dialogs: the versions of a rule with the differences between two of them, and the deleted
+// rules of a file. The caller restores what the person chose.
 #pragma once
 
 #include <QDialog>
@@ -15,17 +15,17 @@ namespace zolt20::composer {
 
 class RulePane;
 
-/// A time of a file of rules as a person reads it, in their own time.
+/// A time of a file of rules in local time, for the person.
 QString ShownTime(StringView stored);
 
 class VersionsWindow final : public QDialog {
   Q_OBJECT
 
  public:
-  /// The rule is there.
+  /// `name` is that of a rule of the file.
   VersionsWindow(const RulesFile& rules, StringView name, QWidget* parent = nullptr);
 
-  /// What is to be brought back, once the dialog was accepted.
+  /// The version to restore, after the dialog was accepted.
   const Version& Chosen() const;
 
  private:
@@ -44,9 +44,9 @@ class DeletedWindow final : public QDialog {
  public:
   explicit DeletedWindow(RulesFile& rules, QWidget* parent = nullptr);
 
-  /// The name of the last rule that was brought back, "" for none.
+  /// The name of the rule that was restored last, "" for none.
   const QString& BroughtBack() const { return broughtBack_; }
-  /// Whether the bin is another one now.
+  /// Whether the bin has changed.
   bool IsChanged() const { return isChanged_; }
 
  private:
@@ -54,7 +54,7 @@ class DeletedWindow final : public QDialog {
   void ShowChosen();
   void BringBack();
   void Forget();
-  /// The place of the chosen rule in the bin; -1 for none.
+  /// The index of the chosen rule in the bin; -1 for none.
   int Chosen() const;
 
   RulesFile& rules_;

@@ -1,4 +1,4 @@
-// Wavy lines under what is wrong in a text, drawn over the text that a box shows.
+// Draws wavy lines under the problems in a text box.
 #pragma once
 
 #include <QList>
@@ -12,12 +12,12 @@ namespace zolt20::composer {
 
 class Waves {
  public:
-  /// The box has no other marks of this kind.
+  /// The box must not have other extra selections.
   explicit Waves(QPlainTextEdit& box) : box_(box) {}
 
-  /// One for the finding, at this row and column of the box, from 0.
+  /// Adds a wave for a problem at this row and column of the box, from 0.
   void Add(const language::Finding& finding, int row, int column);
-  /// All that were added, in place of those that were there.
+  /// Draws the waves that were added, and removes those drawn before.
   void Draw();
 
  private:
