@@ -89,8 +89,8 @@ Variant ZOLT20MapControl::BuildGroupBy() {
     if (!lstGroupby.Selected(i)) continue;
     const StringView field = lstGroupby.List(i);
     Append(fields, field);
-    // ODD: the select list is built after this one, so a field that it does not cover never gets
-    // there.
+    // ODD: a grouped field that the selected fields lack is appended to the select clause in vain:
+    // that clause is rebuilt after this one.
     if (!mblnAggregateMode && !AddGroupByField(field)) Append(mstrSelectClause, field);
   }
   mstrGroupbyClause = ClauseOf(u"\r\ngroup by  ", fields);

@@ -60,8 +60,8 @@ class Surface {
 #define ZOLT20_ELEMENT(kind, array, index, page, frame, caption, style)
 #include "surface/form.def"
 
-  /// All controls: those of the form's list in its order, then the loaded elements in the order of
-  /// loading.
+  /// All controls: those of the form's list in its order, then the elements that were loaded into
+  /// control arrays, in the order of loading.
   std::vector<const Control*> Controls() const {
     return {controls_.begin(), controls_.end()};
   }

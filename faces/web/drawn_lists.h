@@ -17,7 +17,7 @@ class DrawnLists final : private SurfaceObserver {
   DrawnLists(const DrawnLists&) = delete;
   DrawnLists& operator=(const DrawnLists&) = delete;
 
-  /// The drawn rows of a list of the control, up to date. Valid as long as this object.
+  /// The drawn rows of a list of the control, up to date. Valid as long as this object lives.
   faces::DrawnRows& Of(const RowsControl& list);
 
  private:

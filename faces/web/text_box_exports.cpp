@@ -1,5 +1,6 @@
-// Exports for the box of statements as an element of its own: its text, which keeps the line ends
-// that it came with, and edits of the shown text, in which each line end is one character.
+// Exports of the WebAssembly module for the custom element with a box of statements. A box has a
+// text with line ends of any kind, and a shown text, in which each line end is one character. Texts
+// of a script come in `taken`, texts for it are left in `given`.
 #include <algorithm>
 #include <cstddef>
 #include <utility>
@@ -26,11 +27,12 @@ ZOLT20_EXPORT(destroy) void destroy(String* box) {
 ZOLT20_EXPORT(box_text) void box_text(const String* box) {
   given = *box;
 }
-/// Gives the box the text that came in.
+/// Replaces the text of the box by `taken`.
 ZOLT20_EXPORT(set_box_text) void set_box_text(String* box) {
   *box = std::exchange(taken, {});
 }
-/// A person edited the shown text into the one that came in, and the caret stands at `caret`.
+/// A person's edit: `taken` is the shown text after it, with `lineEnd` for each line end, `caret`
+/// the place of the caret in it. Line ends outside of the edit stay as they are.
 ZOLT20_EXPORT(type) void type(String* box, int caret, int lineEnd) {
   const String shown = std::exchange(taken, {});
   const auto end = static_cast<char16_t>(lineEnd);

@@ -2,12 +2,14 @@
 //
 //   9f86d081884c7d65 1763845000 0 {"user":"click","control":"lsttables","row":2}
 //
-// A line has a checksum over itself and all lines before it, the time in seconds, the depth of its
-// composer, and the step as JSON. The first line is the head. The checksums tell a reader where the
-// undamaged lines end; what follows them, such as a line cut off by a crash, is ignored. Depth 0 is
-// the composer of the rule. A composer that is opened by a gesture in another one is one deeper. So
-// is one for a part of the text; {"ask":{"edit":[FIRST,LAST]}} stands before its steps. When that
-// gesture is over, its own line contains the outcome, and the deeper steps are not needed any more.
+// A line has a checksum over its other words and all lines before it, the time in seconds, the
+// depth of its composer, and the step as JSON. The first line is the head. The checksums tell a
+// reader where the undamaged lines end; what follows them, such as a line cut off by a crash, is
+// ignored. Depth 0 is the composer of the rule. A composer that a gesture opens is one deeper than
+// the composer of that gesture. A composer for a part of the text is one deeper, too; the line
+// {"ask":{"edit":[FIRST,LAST]}} stands before its steps. When a gesture that opened a composer is
+// over, its own line is written and contains the outcome; then the deeper steps before it are not
+// needed any more.
 #pragma once
 
 #include <QByteArray>

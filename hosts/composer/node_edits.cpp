@@ -220,7 +220,8 @@ void NodeEdits::EditAt(qsizetype first, qsizetype last) {
   if (node != Node::kNone) EditNode(node);
 }
 
-// Edits a statement on the pages if they reproduce it byte for byte, else as text.
+// Edits a statement on the pages of the form if Add To Result then gives back the same bytes,
+// otherwise as text.
 void NodeEdits::EditNode(std::size_t node) {
   if (!CanEdit()) return;
   const std::size_t statement = language::StatementOf(tree_.Nodes(), node);

@@ -48,9 +48,10 @@ class PagesReader {
   PagesReader& operator=(const PagesReader&) = delete;
 
   PagesText Read(const ControlSnapshot& state);
-  /// Adds the statement, the condition, or both. On the pages after the Select List page the
-  /// buttons replace `added`, the statement that was added last. If that would change anything
-  /// else, and on the Select List page, the statement is appended to the Result.
+  /// Finds the buttons that add the statement, the condition, or both. The buttons of the pages
+  /// after the Select List page replace `added`, the statement that was added last; the button of
+  /// the Select List page appends. The latter is taken where replacing would change the Result
+  /// outside of `added`.
   Addition Add(const ControlSnapshot& state, bool statement, bool condition, StringView added);
   /// The Result after a button of the shown page was pressed; none when the control refuses.
   std::optional<String> Press(const ControlSnapshot& state, const std::string& button);

@@ -43,14 +43,15 @@ class ServerJob : public std::enable_shared_from_this<ServerJob> {
     reader_ = nullptr;
   }
 
-  /// Posts a call to the reader; it runs in the thread of the reader, unless the job was given up.
+  /// Queues a call, which then runs in the thread of the reader. Throws Abandoned after Abandon();
+  /// a queued call does not run after it.
   void Post(const ServerReader::Ending& action) {
     const std::lock_guard lock(mutex_);
     if (reader_ == nullptr) throw Abandoned();
     QCoreApplication::postEvent(reader_, new Message(shared_from_this(), action));
   }
 
-  /// Runs in a thread of the job. The connection is closed when it returns.
+  /// The main function of the job's thread: reads, posts the outcome, and closes the connection.
   void Run(const ServerAddress& address, const QString& password, const ServerReader::Work& work) {
     const QString name = QStringLiteral("zolt20 server %1").arg(++connections);
     try {

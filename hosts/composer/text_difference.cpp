@@ -81,7 +81,7 @@ class Differ {
       matches_.push_back({--region.a1, --region.b1});
   }
 
-  // The longest common subsequence of the lines that are unique in both texts.
+  // The longest common subsequence of the lines that the region has exactly once in each text.
   std::vector<Match> Anchors(const Region& region) const {
     struct Seen {
       int inA = 0, inB = 0, atB = 0;

@@ -1,9 +1,9 @@
 // The content of a file of rules, and its text, which is JSON in UTF-8: see
 // hosts/composer/rules_file.h for the format. Hosts read and write it here and nowhere else.
 //
-// Reading and writing is a round trip: the same value comes out, with unknown keys, which move
-// behind the known keys of their object; notes of nodes alone have none. Versions are parsed
-// lazily: they are nearly all of a file and seldom used.
+// Reading and writing is a round trip: the same value comes out, unknown keys included, which move
+// behind the known keys of their object. Only the objects in "nodeNotes" lose their unknown keys.
+// Versions are parsed lazily: they are nearly all of a file and seldom used.
 #pragma once
 
 #include <memory>
@@ -102,7 +102,8 @@ std::string WriteContent(const RulesContent& content);
 /// The time now, in the format of the file.
 String TimeNow();
 /// Replaces a rule. If the text differs, the old one with its fields becomes the newest of the
-/// rule's versions, of which the oldest may go. `now` is the time of the change.
+/// rule's versions, and the oldest version is dropped when there are too many. `now` is the time of
+/// the change.
 void PutInPlace(Rule& old, RuleExtras& extras, const Rule& rule, const String& now);
 
 }  // namespace zolt20::rules

@@ -1,5 +1,6 @@
-// The text of a file of rules, piece by piece: two blanks for each level. Called by the reading and
-// the writing of rules_text.h alone.
+// Writes the pieces of a file of rules as JSON, indented by two blanks for each level. Called by
+// the implementation of rules_text.h only. Texts are UTF-8 in which two code points stand in for
+// lone surrogates; see text_coding.h.
 #pragma once
 
 #include <cstddef>
@@ -28,7 +29,8 @@ struct WrittenVersion {
 
 std::string WriteVersion(const WrittenVersion& version);
 
-/// Appends a text in UTF-8 with stand-ins as a JSON string, in quotes.
+/// Appends a text as a JSON string, in quotes and with escapes. A stand-in is written as the escape
+/// of its lone surrogate.
 void AppendString(std::string& out, std::string_view jsonText);
 /// Appends a value as JSON; `depth` is that of its key.
 void AppendValue(std::string& out, const hosts::JsonValue& value, std::size_t depth);

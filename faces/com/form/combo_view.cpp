@@ -134,7 +134,8 @@ void ComboWindow::PickEntry() {
   if (row >= 0) Make(Gesture::kPick, row);
 }
 
-// Before the list opens or an arrow key moves: resets a selection that the control has no more.
+// Clears the selection of the platform's combo box if the control has no selection any more. Called
+// before the list opens and before an arrow key changes the selection.
 void ComboWindow::ForgetEntry() {
   const ComboBox& combo = control();
   if (combo.ListIndex() >= 0 || Send(CB_GETCURSEL) < 0) return;

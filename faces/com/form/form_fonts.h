@@ -24,7 +24,7 @@ class FormFonts {
   explicit FormFonts(HWND window);
 
   int Dpi() const { return dpi_; }
-  /// The metrics of the fonts, in twips. Valid as long as this object.
+  /// The metrics of the fonts, in twips. Valid as long as this object lives.
   const faces::Letters& Needs() const { return needs_; }
   int Twips(int pixels) const;
   HFONT Usual() const { return verdana_.get(); }
