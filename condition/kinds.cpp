@@ -10,7 +10,7 @@ namespace zolt20 {
 
 void ZOLT20MapControl::optIfThen_Click() {
   ChooseKind(u"if");
-  // ODD: If starts empty; the boxes of the other four keep what stands in them.
+  // ODD: choosing If clears its three boxes; the boxes of the other four kinds keep their texts.
   for (TextBox* box : {&txtCond, &txtStmt1, &txtStmt2})
     box->Text(u"");
   PushKind();

@@ -72,7 +72,8 @@ void ComboWidget::wheelEvent(QWheelEvent* event) {
   event->ignore();
 }
 
-// Before the list opens or an arrow key moves: resets a currentIndex that the control has no more.
+// Resets currentIndex if the control has no selection any more. Called before the list opens and
+// before an arrow key changes the selection.
 void ComboWidget::ForgetEntry() {
   if (combo_.ListIndex() >= 0 || currentIndex() < 0) return;
   const QString text = currentText();

@@ -22,7 +22,7 @@ ZOLT20_EXPORT(looks) void looks() {
   }
 }
 
-/// First character, count and kind of each coloured word of the line that came in.
+/// First character, count and kind of each coloured word of the line in `taken`.
 ZOLT20_EXPORT(coloured_words) void coloured_words() {
   const String line = std::exchange(taken, {});
   numbers.clear();

@@ -1,7 +1,8 @@
-// The calling convention between a page and the module: functions of numbers. A control or an
-// element is passed by its address. A text comes in by text_in, which makes room for the text that
-// the next call takes, and goes out by text_out; a list of numbers goes out by numbers_out. Both
-// stay valid until the next call.
+// The calling convention between a page and the WebAssembly module: functions of numbers. A control
+// or an element is passed by its address. The page passes a text by text_in, which makes room for
+// it in `taken`, before the call that takes it. It reads the text that a call gave by text_out,
+// from `given`, and a list of numbers by numbers_out, from `numbers`. These stay valid until the
+// next call.
 #pragma once
 
 #include <cstdint>

@@ -43,7 +43,8 @@ const Member& MemberOf(int number) {
   return Members()[static_cast<std::size_t>(number - 1)];
 }
 
-// A value of the page: the text that came in or a number; empty when that does not fit 16 bits.
+// A value that the page passed: the text in `taken`, or the number; empty for a number that does
+// not fit 16 bits.
 Variant ValueOf(ValueType type, int number) {
   switch (type) {
     case ValueType::kString:

@@ -99,7 +99,8 @@ ZOLT20_EXPORT(names_of_nodes) void names_of_nodes() {
     Tell(std::string_view(NameOf(static_cast<Problem>(problem))));
 }
 
-/// Takes the catalogue that came in: `tables` characters of tables, then the fields.
+/// Sets the catalogue: the first `tables` characters of `taken` are the tables, the rest the
+/// fields.
 ZOLT20_EXPORT(use_catalogue) void use_catalogue(int tables) {
   const auto count = static_cast<std::size_t>(tables);
   catalogue = {taken.substr(0, count), taken.substr(count)};
@@ -107,7 +108,7 @@ ZOLT20_EXPORT(use_catalogue) void use_catalogue(int tables) {
   taken.clear();
 }
 
-// The functions below read the text that came in.
+// The functions below read the text in `taken`.
 
 /// Nine numbers for each node: places, depth, links to other nodes, kind and problem.
 ZOLT20_EXPORT(outline) void outline() {
@@ -178,7 +179,7 @@ ZOLT20_EXPORT(reopen) void reopen_statement() {
   Tell(StringView(reopened.rest));
 }
 
-/// The steps that open the text, tried on a control with the catalogue that came in before.
+/// The steps that open the text, tried on a control with the catalogue of use_catalogue.
 ZOLT20_EXPORT(open) void open_statement() {
   const reopen::Opening opening = reopen::Open(std::exchange(taken, {}), catalogue);
   Begin();

@@ -21,7 +21,7 @@ namespace {
 faces::TypeAhead typed;
 const RowsControl* typedIn = nullptr;
 
-// Names of rows that came in, by text, until a list takes them.
+// Display names of rows, keyed by text: those of add_name, until a list takes them.
 std::map<String, String> names;
 
 std::int32_t Length(StringView text) {
@@ -38,11 +38,13 @@ extern "C" {
 
 // Which rows are drawn.
 
-/// Filters a list: from now on it draws only rows that hold the text that came in.
+/// Filters a list: from now on it draws only rows that contain the text in
+/// `taken`.
 ZOLT20_EXPORT(set_filter) void set_filter(Element* element, const RowsControl* list) {
   element->Drawn(*list).SetFilter(std::exchange(taken, {}));
 }
-/// Of the text that came in, the first `length` characters are a row's text, the rest its name.
+/// Adds a display name: the first `length` characters of `taken` are a row's text, the rest its
+/// name.
 ZOLT20_EXPORT(add_name) void add_name(int length) {
   const String both = std::exchange(taken, {});
   const auto behind = static_cast<std::size_t>(length);

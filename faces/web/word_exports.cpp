@@ -24,7 +24,7 @@ ZOLT20_EXPORT(word_key) void word_key(faces::Word word) {
 ZOLT20_EXPORT(word_text) void word_text(Element* element, faces::Word word) {
   Give((element == nullptr ? faces::Words::English() : element->person().words())[word]);
 }
-/// Replaces the text of a word in an element by the one that came in.
+/// Replaces the text of a word in an element by `taken`.
 ZOLT20_EXPORT(set_word) void set_word(Element* element, faces::Word word) {
   element->person().words().Set(word, std::exchange(taken, {}));
 }

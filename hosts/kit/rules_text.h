@@ -101,9 +101,9 @@ std::string WriteContent(const RulesContent& content);
 
 /// The time now, in the format of the file.
 String TimeNow();
-/// Replaces a rule. If the text differs, the old one with its fields becomes the newest of the
-/// rule's versions, and the oldest version is dropped when there are too many. `now` is the time of
-/// the change.
+/// Replaces a rule. If the text differs, the old text with its field records becomes the newest
+/// version of the rule, and the oldest version is dropped when there are too many. `now` is the
+/// time when the new text was stored.
 void PutInPlace(Rule& old, RuleExtras& extras, const Rule& rule, const String& now);
 
 }  // namespace zolt20::rules
