@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Compiles every header alone but those of the Windows control, and the six folders of logic with clang 14 and libc++, as the
-# browser's build does.
+# Compiles every header alone but those of the Windows control and those that the builds prove (lone_headers.sh), and the six folders
+# of logic with clang 14 and libc++, as the browser's build does.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -29,6 +29,6 @@ export -f compile_header compile_logic
 # The Windows control has a compiler of its own. The headers of Qt Designer come with another package.
 without='^(faces|tests)/com/'
 [ -d "$qt/QtUiPlugin" ] || without+='|^faces/qt/designer/'
-git ls-files -co --exclude-standard '*.h' | grep -vE "$without" | xargs -P "$(nproc)" -I{} bash -c 'compile_header {}'
+scripts/lone_headers.sh '*.h' | grep -vE "$without" | xargs -P "$(nproc)" -I{} bash -c 'compile_header {}'
 git ls-files -co --exclude-standard '*.cpp' | grep -E '^(surface|shell|select|where|statement|condition|language)/' |
   xargs -P "$(nproc)" -I{} bash -c 'compile_logic {}'

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Compiles every header of the Windows control and its tests alone, runs clang-tidy over the control, and builds it a second time in
-# another folder, which must give the same files bit for bit. Takes builds by the presets "windows" and "windows32".
+# Compiles those headers of the Windows control and its tests alone that the builds do not prove (lone_headers.sh), runs clang-tidy
+# over the control, and builds it a second time in another folder, which must give the same files bit for bit. Takes builds by the
+# presets "windows" and "windows32".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
@@ -14,7 +15,7 @@ compile_header() {
   }
 }
 export -f compile_header
-git ls-files -co --exclude-standard 'faces/com/*.h' 'tests/com/*.h' |
+scripts/lone_headers.sh 'faces/com/*.h' 'tests/com/*.h' |
   xargs -P "$(nproc)" -I{} bash -c "compile_header {} $made"
 
 # The headers of the compiler are found by its own driver only. The type library's class has the name of the control's, handles
