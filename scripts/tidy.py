@@ -8,20 +8,28 @@ OPTION: --checks=, --extra-arg= or --extra-arg-before=, as clang-tidy has them. 
 is 1 when a file has one. What was found in no file is remembered in the home folder (or in XDG_CACHE_HOME): a file counts as
 clean as long as it, all it includes, its options, .clang-tidy and the program are what they were, in whatever folder.
 TIDY_AFRESH=1 forgets it.
+
+Most of the time goes into the headers that files share. So where many files are to be checked, those that are compiled alike and have no
+names twice are checked as one, and a file by itself only if something was found in the one that it was part of.
 """
 import concurrent.futures
 import hashlib
 import json
 import os
 import pathlib
+import re
 import shlex
 import subprocess
 import sys
+import tempfile
 
 TIDY = 'clang-tidy-14'
 COMPILER = 'clang++-14'
 ROOT = pathlib.Path.cwd()
 CACHE = pathlib.Path(os.environ.get('XDG_CACHE_HOME') or pathlib.Path.home() / '.cache') / 'zolt20-tidy'
+# From so many files on they are checked together, at most so many as one.
+MANY = 20
+MOST = 12
 
 contents = {}
 
@@ -91,26 +99,74 @@ class Run:
     def extra(self, name):
         return [option.removeprefix(name) for option in self.options if option.startswith(name)]
 
+    def compiled(self, file):
+        """The folder and the options with which a file is compiled."""
+        folder, own = options_of(self.database, file) if self.build else (str(ROOT), self.compile_options)
+        return folder, (*self.extra('--extra-arg-before='), *own, *self.extra('--extra-arg='))
+
+    def stamp_of(self, file):
+        """Where it is remembered that nothing was found in a file."""
+        _, options = self.compiled(file)
+        words = [self.program, file, *self.options, *options]
+        return CACHE / hashlib.sha256(from_root('\0'.join(words)).encode()).hexdigest()
+
+    def is_known(self, file):
+        return not os.environ.get('TIDY_AFRESH') and self.still_clean(self.stamp_of(file))
+
     def check(self, file):
         """What clang-tidy found in a file, or "" for nothing."""
-        folder, own = options_of(self.database, file) if self.build else (str(ROOT), self.compile_options)
-        options = [*self.extra('--extra-arg-before='), *own, *self.extra('--extra-arg=')]
-        words = [self.program, file, *self.options, *own]
-        stamp = CACHE / hashlib.sha256(from_root('\0'.join(words)).encode()).hexdigest()
-        if not os.environ.get('TIDY_AFRESH') and self.still_clean(stamp):
-            return ''
         command = [TIDY, '--quiet', '--warnings-as-errors=*', *self.options]
         command += ['-p', self.build, file] if self.build else [file, '--', *self.compile_options]
         told = subprocess.run(command, capture_output=True, text=True)
         if told.returncode != 0:
             return told.stdout + told.stderr
+        self.remember(file)
+        return ''
+
+    def remember(self, file):
+        """That nothing was found in a file."""
+        folder, options = self.compiled(file)
         names = included_by(file, folder, options)
         if names:
             CACHE.mkdir(parents=True, exist_ok=True)
+            stamp = self.stamp_of(file)
             unfinished = stamp.with_suffix(f'.{os.getpid()}')
             unfinished.write_text(''.join(f'{hash_of(name)} {from_root(name)}\n' for name in names))
             unfinished.replace(stamp)
-        return ''
+
+    def check_together(self, files, folder, options):
+        """What clang-tidy found in files that are compiled alike."""
+        found = ''
+        with tempfile.TemporaryDirectory() as place:
+            batch = pathlib.Path(place) / 'batch.cpp'
+            left = files
+            while left:
+                files, left = self.compatible(left, batch, folder, options)
+                command = [TIDY, '--quiet', '--warnings-as-errors=*', f'--config-file={ROOT / ".clang-tidy"}', *self.options, batch,
+                           '--', *options]
+                if len(files) > 1 and subprocess.run(command, cwd=folder, capture_output=True).returncode == 0:
+                    for file in files:
+                        self.remember(file)
+                else:
+                    found += ''.join(self.check(file) for file in files)
+        return found
+
+    def compatible(self, files, batch, folder, options):
+        """Files that compile as one, whose text is left in the batch, and the others."""
+        left = []
+        while len(files) > 1:
+            batch.write_text(''.join(f'#line 1 "{ROOT / file}"\n{(ROOT / file).read_text()}\n' for file in files))
+            told = subprocess.run([COMPILER, *options, '-Wno-everything', '-ferror-limit=0', '-fsyntax-only', batch], cwd=folder,
+                                  capture_output=True, text=True)
+            wrong = set(re.findall(r'^(.*?):\d+:\d+: (?:fatal )?error:', told.stderr, re.MULTILINE))
+            clashing = [file for file in files if str(ROOT / file) in wrong]
+            if told.returncode == 0:
+                break
+            if not clashing:
+                clashing = files[1:]
+            files = [file for file in files if file not in clashing]
+            left = clashing + left
+        return files, left
 
     def still_clean(self, stamp):
         try:
@@ -137,13 +193,23 @@ def main():
     run = Run(sys.argv[1:])
     if not run.files:
         sys.exit('No files')
-    found = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for text in pool.map(run.check, run.files):
-            if text:
-                found += 1
-                print(text, flush=True)
-    print(f'{len(run.files)} files, {found} with findings')
+        known = list(pool.map(run.is_known, run.files))
+        left = [file for file, is_known in zip(run.files, known) if not is_known]
+        if len(left) < MANY:
+            texts = list(pool.map(run.check, left))
+        else:
+            alike = {}
+            for file in left:
+                alike.setdefault(run.compiled(file), []).append(file)
+            jobs = [(files[at:at + MOST], *way) for way, files in alike.items() for at in range(0, len(files), MOST)]
+            texts = list(pool.map(lambda job: run.check_together(*job), jobs))
+    found = 0
+    for text in texts:
+        if text:
+            found += 1
+            print(text, flush=True)
+    print(f'{len(run.files)} files, {"findings" if found else "no findings"}')
     sys.exit(1 if found else 0)
 
 
