@@ -19,6 +19,17 @@ std::size_t FindSeparator(StringView text, std::size_t from = 0) {
   return at;
 }
 
+// What a record has behind its first separator.
+StringView BehindType(StringView record) {
+  return record.substr(FindSeparator(record) + kSeparator.size());
+}
+
+// The name at the beginning of that.
+StringView NameIn(StringView behindType) {
+  const StringView flagAndName = behindType.substr(0, FindSeparator(behindType));
+  return flagAndName.substr(std::min<std::size_t>(1, flagAndName.size()));
+}
+
 FieldRecord TakeApart(StringView record, std::size_t firstSeparator) {
   FieldRecord parts;
   parts.type = record.substr(0, firstSeparator);
@@ -56,12 +67,7 @@ struct FieldRecords::Index {
   // A cache: answers of WithNameHolding.
   mutable std::unordered_map<TableKey, Places, TableKeyHash> holding;
 
-  StringView NameAt(std::size_t place) const {
-    const StringView record = records(place);
-    const StringView flagAndName = record.substr(FindSeparator(record) + kSeparator.size());
-    const StringView parts = flagAndName.substr(0, FindSeparator(flagAndName));
-    return parts.substr(std::min<std::size_t>(1, parts.size()));
-  }
+  StringView NameAt(std::size_t place) const { return NameIn(BehindType(records(place))); }
 
   Places OfTable(const TableKey& table) const {
     Places places;
@@ -181,17 +187,21 @@ void FieldRecords::FindNamesHolding(std::span<const StringView> parts) const {
   if (found.empty()) return;
 
   // Skips most names: a part that does not stand at the beginning of a name covers one of its
-  // places 8, 16 and so on, counted from 0, where most names have no character of any part.
+  // places 8, 16 and so on, counted from 0, where most names have no character of any part. The end
+  // of a name is not looked for before: what stands behind it may only keep a name from being
+  // skipped.
   const auto add = [](Places& places, std::size_t place) {
     const auto last = static_cast<std::uint32_t>(place);
     if (places.empty() || places.back() != last) places.push_back(last);
   };
   for (std::size_t place = 0; place < index.inReach; ++place) {
-    const StringView name = index.NameAt(place);
-    bool mayHold = false;
-    for (std::size_t at = kTableLength; at < name.size() && !mayHold; at += kTableLength)
-      mayHold = isInAPart[name[at]];
-    for (std::size_t at = 1; mayHold && at + kTableLength <= name.size(); ++at) {
+    const StringView behindType = BehindType(index.records(place));
+    bool mayHold = !shortParts.empty();
+    for (std::size_t at = 1 + kTableLength; at < behindType.size() && !mayHold; at += kTableLength)
+      mayHold = isInAPart[behindType[at]];
+    if (!mayHold) continue;
+    const StringView name = NameIn(behindType);
+    for (std::size_t at = 1; at + kTableLength <= name.size(); ++at) {
       const TableKey key(name.substr(at, kTableLength));
       if (!wanted.MayHold(key)) continue;
       if (const auto entry = found.find(key); entry != found.end()) add(entry->second, place);
