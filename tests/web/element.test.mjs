@@ -867,6 +867,42 @@ describe('an element', () => {
     assert.deepEqual((await controlsOf(person)).lsttables.Selected, [false, true]);
   });
 
+  withPerson('makes a page when it is shown, with what came meanwhile', async (person, page) => {
+    const kPages = [0, 1, 2, 3, 4, 5, 6];
+    const made = () =>
+      page.evaluate((pages) => pages.filter((number) => !host.isEmpty(number)), kPages);
+    await page.evaluate(() => {
+      host.element.readOnly = true;
+      host.element.Syntax_Highlight = true;
+      host.element.prpSelectDoPart = 'a~b';
+    });
+    assert.deepEqual(await made(), [0]);
+    await page.evaluate(() => {
+      host.element.prpTab = 2;
+    });
+    assert.deepEqual(await made(), [0, 2]);
+    const box = await page.evaluate(() => {
+      const {value, readOnly} = host.find('txtSelectDo', '');
+      return {value, readOnly};
+    });
+    assert.deepEqual(box, {value: 'a\nb', readOnly: true});
+    await page.evaluate(() => {
+      host.element.readOnly = false;
+    });
+    assert.equal(await person.difference(), '');
+    // Turned by a listener, in the middle of a gesture.
+    await page.evaluate(() => {
+      host.answers.eventFunction = [{set: 'prpTab', value: 6}];
+    });
+    await person.click('cmdFunction(0)');
+    assert.deepEqual(await made(), [0, 2, 6]);
+    assert.equal(await person.difference(), '');
+    await person.click('optCase');
+    await person.click('cmdNext');
+    assert.equal(await person.difference(), '');
+    await person.takeLog();
+  });
+
   withPage('does not mix with others of its page', async (page) => {
     await page.evaluate(() => {
       const main = document.querySelector('main');

@@ -51,11 +51,12 @@ function covered(names) {
   const face = document.querySelector('zolt20-map-control').shadowRoot;
   const found = [];
   const places = [];
-  const frame = face.getElementById('fracase').getBoundingClientRect();
   for (const name of names) {
     const node = face.getElementById(name);
     const place = node.getBoundingClientRect();
-    if (node.closest('#fracase') !== null) {
+    const rows = node.closest('#fracase');
+    if (rows !== null) {
+      const frame = rows.getBoundingClientRect();
       const isRow = /^(TxtExpr|txtStmt)\(/.test(name);
       if (isRow && (place.bottom <= frame.top || place.top >= frame.bottom)) continue;
       const isWithin =

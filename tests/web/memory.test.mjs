@@ -127,7 +127,7 @@ describe('elements that are removed', () => {
     const many = await measure(person, session);
     assert.equal(many.elements, one.elements + kHalf);
     assert.ok(
-      many.nodes > one.nodes + kHalf * 200 && many.listeners > one.listeners,
+      many.nodes > one.nodes + kHalf * 100 && many.listeners > one.listeners,
       JSON.stringify([one, many]),
     );
     assert.ok(

@@ -112,6 +112,7 @@ const kGerman = [
 
 describe('texts', () => {
   withPerson('of the page are shown, and English ones again', async () => {
+    await person.tab(1);
     assert.deepEqual(await seen(), kEnglish);
     await give(kTexts);
     assert.deepEqual(await seen(), kGerman);
@@ -119,6 +120,12 @@ describe('texts', () => {
     assert.deepEqual(await seen(), ['Back', ...kEnglish.slice(1)]);
     await give(null);
     assert.deepEqual(await seen(), kEnglish);
+  });
+
+  withPerson('of the page are shown on a page that comes into sight later', async () => {
+    await give(kTexts);
+    await person.tab(1);
+    assert.deepEqual(await seen(), kGerman);
   });
 
   withPerson('of the page are told of hidden marks and of changes', async () => {
@@ -158,6 +165,7 @@ describe('texts', () => {
           .map(({textContent}) => textContent)
           .filter((text) => text !== 'OK'),
       );
+    for (const tab of [1, 2, 3, 4, 5, 6]) await person.tab(tab);
     const before = await captions();
     assert.ok(before.length > 40);
     const all = await page.evaluate(() => {
@@ -174,6 +182,7 @@ describe('texts', () => {
   });
 
   withPerson('are known keys and strings', async () => {
+    await person.tab(1);
     await give(kTexts);
     const came = await page.evaluate(() =>
       [{undoo: ''}, {undo: 1}, 'Undo', ['Undo'], {toString: 'x'}, {undo: 'A', other: 'B'}].map(

@@ -336,7 +336,7 @@ export class ZOLT20MapControlElement extends FormElement {
     if (!entries.flat().every((each) => typeof each === 'string'))
       throw new TypeError('tableNames takes names that are strings, by codes that are');
     this.#tableNames = new Map(entries);
-    this.#face.nameTables(this.#tableNames);
+    this.#face.filters.nameTables(this.#tableNames);
   }
   get texts(): Texts {
     return this.#face.texts.all;

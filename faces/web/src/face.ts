@@ -7,15 +7,16 @@ import {ComboView} from './combo';
 import {make} from './dom';
 import {Filters} from './filters';
 import {Gate, Use} from './gate';
-import {layOut} from './layout';
+import {layOut, layOutForm} from './layout';
 import {errorOf} from './errors';
-import type {Address, Logic} from './logic';
+import type {Address, Logic, Part} from './logic';
 import {Ask, AskText, Gesture, Kind, Status, What} from './numbers';
 import {MessageBox} from './message_box';
+import {Pages} from './pages';
 import {TypedBox, type TypedInto} from './text_boxes';
 import {OwnTexts} from './texts';
 import {Told} from './told';
-import {ListView, type View, viewOf} from './views';
+import {drawLists, ListView, type View, viewOf} from './views';
 
 /** The callbacks by which the face tells the element of errors, gestures and undo. */
 export interface FaceOwner {
@@ -50,7 +51,7 @@ export class Face implements TypedInto {
   readonly #addresses = new Map<string, Address>();
   readonly #controls = new WeakMap<Element, Address>(); // by the node that takes the focus
   #isShowing = false; // events of nodes come from the face's own changes, not from a person
-  #page = -1;
+  readonly #pages: Pages;
   #isLate = false; // re-entrancy: show() was called while #isShowing, and is due afterwards
   #turns = 0;
   #typingIn: Address = 0; // the box of the last gesture if that was typing, else 0
@@ -64,9 +65,11 @@ export class Face implements TypedInto {
     this.#root = root;
     this.#owner = owner;
     this.texts = new OwnTexts(logic, handle);
-    for (const control of logic.controls(handle)) this.#makeView(control);
-    this.node = layOut(this);
-    sizeCaseRows(logic, this.nodeOf('fracase'), (name) => this.#addresses.get(name)!);
+    const layout = logic.layout();
+    this.#pages = new Pages(layout);
+    for (const control of logic.controls(handle))
+      this.#addresses.set(logic.text(control, AskText.Name), control);
+    this.node = layOutForm(this, layout, this.#pages);
     this.messages = new MessageBox(this.texts, (close, hadFocus) => {
       this.#quietly(close);
       if (hadFocus) this.#showFocus(true);
@@ -85,7 +88,7 @@ export class Face implements TypedInto {
         this.#told.node,
       ),
     );
-    for (const control of this.#views.keys()) this.#show(control, What.Everything);
+    for (const control of [...this.#views.keys()]) this.#show(control, What.Everything);
     this.texts.keep(() => this.#showNames());
     this.#listen();
   }
@@ -135,13 +138,16 @@ export class Face implements TypedInto {
       `${focus.getAttribute('part') ?? ''} ${name.replace(/\(\d+\)/, '')}`.trim(),
     );
     if (name === 'fraSelect') view.node.setAttribute('role', 'radiogroup');
+    if (name === 'fracase') sizeCaseRows(this.logic, view.node, (row) => this.addressOf(row));
     this.#views.set(control, view);
     this.#addresses.set(name, control);
     if (this.logic.is(control, Ask.TakesFocus)) this.#controls.set(focus, control);
     return view;
   }
+  // The view of a control that the form is laid out with, made when it is asked for first.
   #viewOf(name: string): View {
-    return this.#views.get(this.#addresses.get(name)!)!;
+    const control = this.addressOf(name);
+    return this.#views.get(control) ?? this.#makeView(control);
   }
   addressOf(name: string): Address {
     return this.#addresses.get(name)!;
@@ -151,10 +157,6 @@ export class Face implements TypedInto {
   }
   listOf(name: string): ListView {
     return this.#viewOf(name) as ListView;
-  }
-  nameTables(names: ReadonlyMap<string, string>): void {
-    this.listOf('lsttables').rows.nameRows(names);
-    this.filters.showMarks('lsttables');
   }
 
   // Showing.
@@ -203,6 +205,7 @@ export class Face implements TypedInto {
     const {logic} = this;
     let view = this.#views.get(control);
     if (view === undefined) {
+      if (!this.#pages.isMade(logic.text(control, AskText.Name))) return; // shown with its page
       view = this.#makeView(control);
       // The nodes stand in the order of the rows, in which screen readers read them.
       const frame = this.nodeOf('fracase');
@@ -234,14 +237,12 @@ export class Face implements TypedInto {
   }
   /** Shows this page alone. */
   showPage(active: number): void {
-    if (active === this.#page) return;
-    this.#page = active;
-    for (const page of this.#root.querySelectorAll<HTMLElement>('[role="tabpanel"]'))
-      page.hidden = Number(page.dataset['page']) !== active;
-    const lists = [...this.#views.values()].filter((view) => view instanceof ListView);
-    // Read all heights before any list is drawn: one layout instead of one for each list.
-    const heights = lists.map((list) => list.node.clientHeight);
-    for (const [at, list] of lists.entries()) list.rows.lookAgain(heights[at]!);
+    const before = new Set(this.#views.keys());
+    const make = (parts: readonly Part[]) => layOut(this, parts, this.#pages);
+    if (!this.#pages.show(active, make)) return;
+    for (const control of this.logic.controls(this.handle))
+      if (!before.has(control)) this.#show(control, What.Everything);
+    drawLists(this.#views.values());
   }
   #showHistory(): void {
     const {canUndo, canRedo} = this.logic.history(this.handle);

@@ -60,6 +60,11 @@ export class Filters {
     showText(marks, logic.hiddenMarks(handle, this.#form.addressOf(list)));
     marks.title = marks.textContent ?? '';
   }
+  /** Draws names beside the rows of the list of tables, by the texts of the rows. */
+  nameTables(names: ReadonlyMap<string, string>): void {
+    this.#form.listOf('lsttables').rows.nameRows(names);
+    this.showMarks('lsttables');
+  }
   /** Updates filter and note of a list; does nothing for other controls. */
   show(list: string, isEnabled: boolean): void {
     const filter = this.#filters.get(list);

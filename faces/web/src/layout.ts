@@ -4,6 +4,7 @@ import {icon, make, setAttributes} from './dom';
 import type {Face} from './face';
 import type {Part} from './logic';
 import {PartKind} from './numbers';
+import type {Pages} from './pages';
 
 const kClasses: Partial<Record<PartKind, string>> = {
   [PartKind.Row]: 'across',
@@ -41,12 +42,33 @@ function tools(face: Face): HTMLElement {
   return node;
 }
 
-/** The nodes of a part. */
-function nodeOf(face: Face, part: Part): HTMLElement {
-  const [kind, name, weight, parts] = part;
+/** The nodes of parts. Pages are empty, and are handed over. */
+export function layOut(face: Face, parts: readonly Part[], pages: Pages): HTMLElement[] {
+  return parts.map((part) => {
+    const node = emptyNode(face, part);
+    const [kind, , , inner] = part;
+    if (kind === PartKind.Pages)
+      node.append(...inner.map((page, number) => emptyPage(face, page, number, pages)));
+    else node.append(...layOut(face, inner, pages));
+    return node;
+  });
+}
+
+function emptyPage(face: Face, part: Part, number: number, pages: Pages): HTMLElement {
+  const node = emptyNode(face, part);
+  setAttributes(node, {
+    id: `page${number}`,
+    role: 'tabpanel',
+    part: 'page',
+    'data-page': number,
+    'aria-labelledby': `page${number}.tab`,
+  });
+  pages.add(node);
+  return node;
+}
+
+function emptyNode(face: Face, [kind, name, weight]: Part): HTMLElement {
   const node = ownNode(face, kind, name);
-  node.append(...parts.map((inner) => nodeOf(face, inner)));
-  if (kind === PartKind.Pages) [...node.children].forEach(makePage);
   if (weight > 0) {
     node.classList.add('shares');
     node.style.setProperty('--weight', String(weight));
@@ -74,18 +96,9 @@ function ownNode(face: Face, kind: PartKind, name: string): HTMLElement {
   }
 }
 
-function makePage(node: Element, number: number): void {
-  setAttributes(node, {
-    id: `page${number}`,
-    role: 'tabpanel',
-    part: 'page',
-    'data-page': number,
-    'aria-labelledby': `page${number}.tab`,
-  });
-}
-
-export function layOut(face: Face): HTMLElement {
-  const node = nodeOf(face, face.logic.layout());
+/** The node of the form. */
+export function layOutForm(face: Face, layout: Part, pages: Pages): HTMLElement {
+  const [node] = layOut(face, [layout], pages) as [HTMLElement];
   setAttributes(node, {part: 'face', tabindex: -1});
   node.prepend(face.edges[0]);
   node.append(face.edges[1]);

@@ -228,4 +228,12 @@ class ListView implements View {
   }
 }
 
+/** Draws all lists again, some of which may have come into sight. */
+export function drawLists(views: Iterable<View>): void {
+  const lists = [...views].filter((view) => view instanceof ListView);
+  // Read all heights before any list is drawn: one layout instead of one for each list.
+  const heights = lists.map((list) => list.node.clientHeight);
+  for (const [at, list] of lists.entries()) list.rows.lookAgain(heights[at]!);
+}
+
 export {ListView};

@@ -265,11 +265,19 @@ class Host {
     const dump = this.element.dump();
     return JSON.stringify({log: this.log.splice(0), dump, difference: this.difference(dump)});
   }
+  /// Whether a page is hidden and has nothing on it yet.
+  /** @type {(page: number) => boolean} */
+  isEmpty(page) {
+    const node = this.on(`page${page}`);
+    return node.hidden && node.childElementCount === 0;
+  }
   /// The first way in which what is drawn is not what the form has; '' when there is none.
   difference({controls, focus} = this.element.dump()) {
     for (const [name, control] of Object.entries(controls)) {
       const node = this.on(name);
-      const {kind, styles} = designOf(name);
+      const {kind, styles, page} = designOf(name);
+      // What stands on a page is made when the page is shown for the first time.
+      if (node === null && page !== null && this.isEmpty(page)) continue;
       if (node === null) return `${name} is not there`;
       const shown = isShown(controls, name);
       if (node.checkVisibility() !== shown) return `${name} is ${shown ? 'hidden' : 'shown'}`;
