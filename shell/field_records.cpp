@@ -187,21 +187,21 @@ void FieldRecords::FindNamesHolding(std::span<const StringView> parts) const {
   if (found.empty()) return;
 
   // Skips most names: a part that does not stand at the beginning of a name covers one of its
-  // places 8, 16 and so on, counted from 0, where most names have no character of any part. The end
-  // of a name is not looked for before: what stands behind it may only keep a name from being
-  // skipped.
+  // places 8, 16 and so on, counted from 0, where most names have no character of any part. To see
+  // that takes no search for the end of the name.
   const auto add = [](Places& places, std::size_t place) {
     const auto last = static_cast<std::uint32_t>(place);
     if (places.empty() || places.back() != last) places.push_back(last);
   };
   for (std::size_t place = 0; place < index.inReach; ++place) {
     const StringView behindType = BehindType(index.records(place));
-    bool mayHold = !shortParts.empty();
-    for (std::size_t at = 1 + kTableLength; at < behindType.size() && !mayHold; at += kTableLength)
-      mayHold = isInAPart[behindType[at]];
-    if (!mayHold) continue;
+    std::size_t covered = 1 + kTableLength;  // the first place with such a character
+    while (covered < behindType.size() && !isInAPart[behindType[covered]])
+      covered += kTableLength;
+    if (covered >= behindType.size() && shortParts.empty()) continue;
     const StringView name = NameIn(behindType);
-    for (std::size_t at = 1; at + kTableLength <= name.size(); ++at) {
+    const bool mayHold = covered <= name.size();  // it does not stand behind the name
+    for (std::size_t at = 1; mayHold && at + kTableLength <= name.size(); ++at) {
       const TableKey key(name.substr(at, kTableLength));
       if (!wanted.MayHold(key)) continue;
       if (const auto entry = found.find(key); entry != found.end()) add(entry->second, place);
