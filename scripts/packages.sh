@@ -103,18 +103,18 @@ debian_sources() {
     { grep -E ' bookworm(-updates|-security)? ' || true; } | sort -u
 }
 
-# What building and testing take.
-build_packages=(ccache g++ cmake ninja-build nlohmann-json3-dev rapidjson-dev libgtest-dev qt6-base-dev qt6-l10n-tools
-  libsqlite3-dev)
+# What building takes, tests included: Qt's way to screen readers is in its private headers.
+build_packages=(ccache g++ cmake ninja-build nlohmann-json3-dev rapidjson-dev libgtest-dev qt6-base-dev qt6-base-private-dev
+  qt6-l10n-tools libsqlite3-dev)
 # What counting instructions takes beside that.
 counts_packages=(libbenchmark-dev valgrind python3)
-# What testing takes beside that: a display, Qt's way to screen readers and its own texts in other languages, the letters that pages are
-# looked at in, and servers of databases with the ways to them.
+# What testing takes beside that: a display, Qt's own texts in other languages, the letters that pages are looked at in, and servers of
+# databases with the ways to them.
 font_packages=(fonts-dejavu-core fonts-liberation fonts-noto-core)
 postgresql_package=postgresql-15
 server_packages=("$postgresql_package" mariadb-server-core mariadb-client-core libqt6sql6-psql libqt6sql6-mysql libqt6sql6-odbc odbc-postgresql
   odbc-mariadb libsqliteodbc)
-test_packages=(xvfb xauth qt6-base-private-dev qt6-translations-l10n "${font_packages[@]}" "${server_packages[@]}")
+test_packages=(xvfb xauth qt6-translations-l10n "${font_packages[@]}" "${server_packages[@]}")
 
 # What building the Windows control takes: compilers, and what type libraries are made of.
 windows_build_packages=(ccache cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev)
