@@ -15,8 +15,8 @@ void ZOLT20MapControl::cmdBuild_Click() {
   ForgetOpenKinds();
 }
 
-// ODD: a marker tells that its kind was added at some time, not that this one was. Nothing empties
-// it here, and an entry that writes nothing still costs a tab.
+// ODD: the text kept of a kind tells that such a statement was added at some time, not that this
+// one was. Nothing empties it here, and a level that writes no closing line still ends.
 void ZOLT20MapControl::CloseKind(StringView kind) {
   if (kind == u"if") {
     if (!mstrIfText.empty()) StoreClosingText(mintTabCount, u"endif");

@@ -169,7 +169,7 @@ bool IsSameHead(StringView a, StringView b) {
   return left == right;
 }
 
-// Whether the change has the expected effect and no other. Parses the new text.
+// Whether the change has the effect that the course describes, and no other. Parses the new text.
 bool IsCourse(StringView textBefore, const Nodes& before, const Change& change,
               const Course& course) {
   const Nodes after = ReadOutline(change.text);

@@ -280,8 +280,8 @@ class Reader {
     return select + 1 == frames_.size() || frames_[select + 1].kind == NodeKind::kWhere;
   }
 
-  // The frame of the select statement that a clause belongs to: the innermost one, or the one
-  // around that when the clause has its place before a clause of the innermost one.
+  // The open select statement that a clause belongs to: the innermost one, or the one around that
+  // when the innermost one already has this clause or a later one, in the order of the grammar.
   std::uint32_t SelectFor(NodeKind clause) {
     const std::uint32_t select = OpenFrame(NodeKind::kSelect);
     if (select == kNoFrame || clause > frames_[select].clause) return select;

@@ -144,8 +144,8 @@ class Finder {
     return end;
   }
 
-  // The start of the table's name before the point; npos for none. The word begins at `first`, but
-  // names of the catalogue may have blanks.
+  // The start of the table's name before the point; npos for none. The word before the point begins
+  // at `first`; a name of the catalogue begins further left where it has blanks.
   std::size_t BeginOfTable(std::size_t first, std::size_t point) const {
     if (names_ != nullptr && point >= kTableLength &&
         names_->Find(text_.substr(point - kTableLength, kTableLength)) != nullptr)

@@ -63,7 +63,7 @@ class FieldRecords {
   /// The records in reach whose name holds `part`, of 8 characters or less, anywhere. Cached: the
   /// first query for a part walks all records. Valid until the next FindNamesHolding.
   const Places& WithNameHolding(StringView part) const;
-  /// Fills the cache of WithNameHolding for all these parts in one walk.
+  /// Fills the cache of WithNameHolding for all these parts of names in one walk.
   void FindNamesHolding(std::span<const StringView> parts) const;
   /// Whether `text`, of 8 characters, stands anywhere in the list.
   bool Mentions(StringView text) const;

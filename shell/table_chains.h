@@ -25,7 +25,7 @@ class TableChains {
   std::uint32_t First(const TableKey& table) const;
   /// The place of the next record of the same table, kNone behind the last one.
   std::uint32_t Next(std::uint32_t place) const { return next_[place]; }
-  /// Whether there is a table whose key has so many characters, 8 at most.
+  /// Whether the key of any table has this length, from 0 to 8.
   bool HasKeyOfLength(std::size_t length) const { return hasKeyOfLength_[length]; }
 
  private:

@@ -9,7 +9,7 @@ namespace {
 
 constexpr StringView kBlankEnds{u"\r\n\t \0", 5};
 
-// The text without CR, LF, tabs, blanks and NULs at both ends, or "" for many short texts.
+// The text without CR, LF, tabs, blanks and NULs at both ends; "" for the texts told of below.
 StringView TrimBlankEnds(StringView text) {
   const Integer length = static_cast<std::int64_t>(text.size());  // `overflow` past 16 bits
   if (text.empty()) return {};

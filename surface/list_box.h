@@ -137,9 +137,9 @@ class ComboBox final : public RowsControl {
 
   bool IsEditable() const { return (design().style & kEditable) != 0; }
 
-  /// A different index selects its entry, sets Text to it ("" for -1), and runs Click inside the
-  /// call. The same index fires nothing, but -1 clears a typed text. Raises `value` below -1 or
-  /// past the last row.
+  /// A different index selects that row, sets Text to the row's ("" for -1), and runs Click inside
+  /// the call. The same index runs no handler; -1 clears a typed text all the same. Raises the
+  /// error `value` below -1 or past the last row.
   void ListIndex(int row);
 
   const String& Text() const { return state_.text; }

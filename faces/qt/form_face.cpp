@@ -183,7 +183,7 @@ void FormFace::TellOwnUndo(const QWidget& widget, const QKeyEvent& event) {
 
 void FormFace::Announce() {
   String words = person_.TakeWords();
-  // Qt reports only that a check box in a list has changed, not how.
+  // Screen readers hear from Qt that a check box in a list changed, but not that it is now marked.
   const UserGesture& made = person_.made().gesture;
   if (made.gesture == Gesture::kClickRow) {
     const auto& list = static_cast<const ListBox&>(*made.control);

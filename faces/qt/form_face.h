@@ -81,7 +81,7 @@ class FormFace final : public QObject, private SurfaceObserver {
   bool EnterByTab(bool forward);
   /// Gives the focus to the filter of the list that has it, or else of the page's first list.
   void FocusFilter();
-  /// Registers the filter above a list. Called while the widgets are being laid out.
+  /// Takes the text box that filters a list, to focus and enable it with the list.
   void AddFilter(const RowsView& list, QWidget& filter);
 
  signals:

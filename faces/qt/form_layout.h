@@ -26,7 +26,7 @@ class FormLayout {
   QWidget* Of(const Design& design) const;
   void SetLetters();
 
-  // Each puts the parts of a part where the layout has room for them.
+  // Add appends the widget or layout of a part to a layout, AddAll those of the parts within it.
   void Add(QBoxLayout& into, const faces::Part& part, bool isAcross);
   void AddAll(QBoxLayout& into, const faces::Part& part, bool isAcross);
   void AddPairs(QGridLayout& into, const faces::Part& fields);

@@ -90,8 +90,8 @@ class RecordedMap final : public ZOLT20MapWidget {
 
   /// Keeps the composer of a rule in a journal.
   void KeepIn(Journal& journal);
-  /// Keeps a composer that opened within an event of another one, in the journal of that one.
-  /// `title` is the title of its window.
+  /// From now on keeps this composer's steps in the journal of the composer `asking`, within whose
+  /// event it opened. `title` is the title of this composer's window.
   void KeepWithin(const RecordedMap& asking, const QString& title);
   /// BeginEdit is called before a composer opens for this part of the rule's text, EndEdit after it
   /// closed without a new text.

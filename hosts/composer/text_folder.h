@@ -10,7 +10,7 @@
 namespace zolt20::composer {
 
 /// The file name of a rule: the name of the rule, in which each character that file names can't
-/// have is "%" and its code.
+/// have is "%" and its four hexadecimal digits.
 QString FileNameOf(StringView rule);
 /// The name of the rule of a file name; "" if it is no such file name.
 QString RuleNameOf(const QString& fileName);

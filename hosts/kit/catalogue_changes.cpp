@@ -211,7 +211,7 @@ StringView WithoutBlanks(StringView text) {
   return text.substr(std::min(text.find_first_not_of(u" \t"), text.size()));
 }
 
-// Whether the text before a field ends as in "sum (": the field is the function's argument.
+// Whether the text before a field ends in "sum (" or "avg (", in any case.
 bool IsInSum(StringView before) {
   before = before.substr(0, before.find_last_not_of(u" \t") + 1);
   if (!before.ends_with(u'(')) return false;

@@ -15,7 +15,8 @@ bool IsOfAnotherLanguage(DWORD code) {
 
 #if defined(__x86_64__)
 
-// A frame with a structured exception handler (SEH), which this compiler cannot write in C++.
+// Calls the function in a frame with a structured exception handler (SEH), which this compiler
+// cannot write in C++. Returns 0, or the code of an exception that left the function.
 asm(R"(
   .text
   .globl zolt20_call_outside

@@ -14,7 +14,7 @@ namespace zolt20::com {
 STGMEDIUM EnhancedMetafileOf(const Surface& form, const FormLook& look, SIZEL extent);
 STGMEDIUM MetafileOf(const Surface& form, const FormLook& look, SIZEL extent);
 STGMEDIUM BitmapOf(const Surface& form, const FormLook& look, SIZEL extent);
-/// The object descriptor of an object in a storage: class, name, size and status.
+/// An OBJECTDESCRIPTOR in global memory, for a data transfer: class, name, size and status.
 STGMEDIUM DescriptionOf(REFCLSID classId, const wchar_t* userType, DWORD status, SIZEL extent);
 
 }  // namespace zolt20::com
