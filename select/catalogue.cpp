@@ -8,7 +8,7 @@
 namespace zolt20 {
 
 void ZOLT20MapControl::PrpStrTables(String tables) {
-  mPrpStrTables = SharedString(std::move(tables));
+  mPrpStrTables = Shared<String>(std::move(tables));
   marrTables = SplitList(mPrpStrTables);
   std::vector<StringView> names;
   for (std::size_t i = 0; i < marrTables.Count(); ++i) {
@@ -22,7 +22,7 @@ void ZOLT20MapControl::PrpStrTables(String tables) {
 }
 
 void ZOLT20MapControl::PrpStrFields(String fields) {
-  mPrpStrFields = SharedString(std::move(fields));
+  mPrpStrFields = Shared<String>(std::move(fields));
   marrFields = FieldRecords(mPrpStrFields);
   host_.PropertyChanged("PrpStrFields");
 }
@@ -41,9 +41,8 @@ void ZOLT20MapControl::lsttables_Click() {
 
 void ZOLT20MapControl::MarkTable(StringView table, StringView entry) {
   // ODD: the messages only warn. The row stays marked and goes into the from clause.
-  const bool mentioned = mPrpStrFields.IsSameAs(marrFields.List())
-                             ? marrFields.Mentions(table)
-                             : Holds(mPrpStrFields.Text(), table);
+  const bool mentioned = mPrpStrFields.IsSameAs(marrFields.List()) ? marrFields.Mentions(table)
+                                                                   : Holds(*mPrpStrFields, table);
   if (!mentioned) return ShowMessage(u"No Fields Present For The Selected Table");
   if (entry.size() <= kTableLength) return ShowMessage(u"Not a Valid Table");
   const StringView count = Mid(entry, kTableLength + 1);

@@ -30,13 +30,13 @@ using Variant = std::variant<std::monostate, String, Integer, bool>;
 /// The variables that the handlers share. Each lives as long as the control.
 struct ModuleVariables {
   // Host values and persisted parts. Those of the property bag are "0" in a new control.
-  SharedString mPrpStrTables;  // the table list as the host last wrote it
-  SharedString mPrpStrFields;  // the field list as the host last wrote it
-  SplitList marrTables;        // mPrpStrTables split at commas
-  FieldRecords marrFields;     // mPrpStrFields split at commas
-  String mstrParentOrChild;    // stored, never read
-  Integer mintTab;             // prpTab, not the page that the user is on
-  String mstrSQLPart;          // the page code of the request button clicked last
+  Shared<String> mPrpStrTables;  // the table list as the host last wrote it
+  Shared<String> mPrpStrFields;  // the field list as the host last wrote it
+  SplitList marrTables;          // mPrpStrTables split at commas
+  FieldRecords marrFields;       // mPrpStrFields split at commas
+  String mstrParentOrChild;      // stored, never read
+  Integer mintTab;               // prpTab, not the page that the user is on
+  String mstrSQLPart;            // the page code of the request button clicked last
   bool mblnSyntaxHighlight = false;
   String mPrpSelectPart;
   String mPrpSelectFromPart;

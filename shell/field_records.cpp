@@ -80,7 +80,7 @@ struct FieldRecords::Index {
   std::uint32_t First(StringView table) const { return tables.First(TableKey(table)); }
 };
 
-FieldRecords::FieldRecords(SharedString list) {
+FieldRecords::FieldRecords(Shared<String> list) {
   auto index = std::make_shared<Index>();
   bool isBroken = false;
   index->records = SplitList(std::move(list), [&](StringView record) {
@@ -93,8 +93,8 @@ FieldRecords::FieldRecords(SharedString list) {
   index_ = std::move(index);
 }
 
-const SharedString& FieldRecords::List() const {
-  static const SharedString kNone;
+const Shared<String>& FieldRecords::List() const {
+  static const Shared<String> kNone;
   return index_ == nullptr ? kNone : index_->records.Text();
 }
 
@@ -226,7 +226,7 @@ bool FieldRecords::Mentions(StringView text) const {
   const Index& index = Assigned();
   if (index.First(text) != kNoPlace) return true;
   const auto [answer, isNew] = index.mentions.try_emplace(TableKey(text), false);
-  if (isNew) answer->second = Holds(index.records.Text().Text(), text);
+  if (isNew) answer->second = Holds(*index.records.Text(), text);
   return answer->second;
 }
 

@@ -37,10 +37,10 @@ class FieldRecords {
 
   /// Records that were never assigned: every query below except List raises `subscript`.
   FieldRecords() = default;
-  explicit FieldRecords(SharedString list);
+  explicit FieldRecords(Shared<String> list);
 
   /// The list as one string, "" when unassigned.
-  const SharedString& List() const;
+  const Shared<String>& List() const;
   std::size_t Count() const;
   /// The record at that place. Raises `subscript` for one out of reach.
   FieldRecord At(std::size_t place) const;

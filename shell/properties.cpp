@@ -9,7 +9,7 @@
 namespace zolt20 {
 namespace {
 
-using BagVariable = std::variant<SharedString ModuleVariables::*, String ModuleVariables::*,
+using BagVariable = std::variant<Shared<String> ModuleVariables::*, String ModuleVariables::*,
                                  Integer ModuleVariables::*>;
 
 // In the order of BagEntries().
@@ -32,8 +32,8 @@ constexpr std::array<BagVariable, 14> kBagVariables{{
 
 constexpr StringView kDefaultText = u"0";
 
-void SetDefault(SharedString& variable) {
-  variable = SharedString(String(kDefaultText));
+void SetDefault(Shared<String>& variable) {
+  variable = Shared<String>(String(kDefaultText));
 }
 void SetDefault(String& variable) {
   variable = kDefaultText;
@@ -42,8 +42,8 @@ void SetDefault(Integer& variable) {
   variable = 0;
 }
 
-void Read(PropertyBag& bag, std::string_view key, SharedString& variable) {
-  variable = SharedString(bag.ReadString(key, kDefaultText));
+void Read(PropertyBag& bag, std::string_view key, Shared<String>& variable) {
+  variable = Shared<String>(bag.ReadString(key, kDefaultText));
 }
 void Read(PropertyBag& bag, std::string_view key, String& variable) {
   variable = bag.ReadString(key, kDefaultText);
@@ -52,8 +52,8 @@ void Read(PropertyBag& bag, std::string_view key, Integer& variable) {
   variable = bag.ReadInteger(key, 0);
 }
 
-void Write(PropertyBag& bag, std::string_view key, const SharedString& variable) {
-  bag.WriteString(key, variable.Text());
+void Write(PropertyBag& bag, std::string_view key, const Shared<String>& variable) {
+  bag.WriteString(key, *variable);
 }
 void Write(PropertyBag& bag, std::string_view key, const String& variable) {
   bag.WriteString(key, variable);

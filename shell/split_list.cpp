@@ -18,7 +18,7 @@ std::size_t SplitList::Count() const {
 StringView SplitList::operator()(std::size_t index) const {
   if (index >= Count()) Raise(ErrorKind::kSubscript);
   const std::size_t start = (*starts_)[index];
-  return StringView(text_.Text()).substr(start, (*starts_)[index + 1] - start - 1);
+  return StringView(*text_).substr(start, (*starts_)[index + 1] - start - 1);
 }
 
 }  // namespace zolt20

@@ -10,37 +10,25 @@
 #include <vector>
 
 #include "surface/scan.h"
+#include "surface/shared.h"
 #include "surface/string.h"
 
 namespace zolt20 {
-
-/// An immutable text that its copies share by a reference count.
-class SharedString {
- public:
-  SharedString() : SharedString(String()) {}
-  explicit SharedString(String text) : text_(std::make_shared<const String>(std::move(text))) {}
-
-  const String& Text() const { return *text_; }
-  /// Whether both share one text: identity, not equality.
-  bool IsSameAs(const SharedString& other) const { return text_ == other.text_; }
-
- private:
-  std::shared_ptr<const String> text_;
-};
 
 class SplitList {
  public:
   /// A list that was never assigned.
   SplitList() = default;
   /// The entries of `text` between the commas; none at all when it is empty.
-  explicit SplitList(SharedString text) : SplitList(std::move(text), [](StringView /*entry*/) {}) {}
+  explicit SplitList(Shared<String> text)
+      : SplitList(std::move(text), [](StringView /*entry*/) {}) {}
   /// Calls `each(entry)` for each entry as it is found, while it is in the processor's cache.
   template <typename Each>
-  SplitList(SharedString text, const Each& each);
+  SplitList(Shared<String> text, const Each& each);
 
   bool IsAssigned() const { return starts_ != nullptr; }
   /// The list as it was handed over.
-  const SharedString& Text() const { return text_; }
+  const Shared<String>& Text() const { return text_; }
 
   /// The number of entries. Raises `subscript` when unassigned.
   std::size_t Count() const;
@@ -50,14 +38,14 @@ class SplitList {
  private:
   static void MakeRoom(std::vector<std::size_t>& starts, std::size_t seen, std::size_t size);
 
-  SharedString text_;
+  Shared<String> text_;
   // Where each entry starts, and a sentinel, as if a comma stood behind the text.
   std::shared_ptr<const std::vector<std::size_t>> starts_;
 };
 
 template <typename Each>
-SplitList::SplitList(SharedString text, const Each& each) : text_(std::move(text)) {
-  const StringView list = text_.Text();
+SplitList::SplitList(Shared<String> text, const Each& each) : text_(std::move(text)) {
+  const StringView list = *text_;
   const char16_t* const end = list.data() + list.size();
   std::vector<std::size_t> starts;
   for (const char16_t* at = list.data(); !list.empty();) {

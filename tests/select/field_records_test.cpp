@@ -34,7 +34,7 @@ bool FailsWithSubscript(const std::function<void()>& action) {
 }
 
 FieldRecords Records(const String& list) {
-  return FieldRecords(SharedString(list));
+  return FieldRecords(Shared<String>(list));
 }
 
 /// Small numbers and texts that are the same in every run.
@@ -210,14 +210,14 @@ TEST(SplitList, OneThatWasNeverAssignedFailsAtEveryUse) {
 }
 
 TEST(SplitList, AnEmptyTextGivesAnAssignedListWithoutEntries) {
-  const SplitList list{SharedString()};
+  const SplitList list{Shared<String>()};
   EXPECT_TRUE(list.IsAssigned());
   EXPECT_EQ(list.Count(), 0U);
   EXPECT_TRUE(FailsWithSubscript([&] { static_cast<void>(list(0)); }));
 }
 
 TEST(SplitList, CommasAtTheEndsAndSideBySideGiveEmptyEntries) {
-  const SplitList list(SharedString(u",a,,b,"));
+  const SplitList list(Shared<String>(u",a,,b,"));
   ASSERT_EQ(list.Count(), 5U);
   EXPECT_EQ(list(0), u"");
   EXPECT_EQ(list(1), u"a");
@@ -228,13 +228,13 @@ TEST(SplitList, CommasAtTheEndsAndSideBySideGiveEmptyEntries) {
 }
 
 TEST(SplitList, ACopyOutlivesItsOriginalAndSharesTheText) {
-  auto original = std::make_unique<SplitList>(SharedString(u"ab,c"));
+  auto original = std::make_unique<SplitList>(Shared<String>(u"ab,c"));
   const SplitList copy = *original;
   EXPECT_TRUE(copy.Text().IsSameAs(original->Text()));
   original.reset();
   EXPECT_EQ(copy(0), u"ab");
   EXPECT_EQ(copy(1), u"c");
-  EXPECT_FALSE(copy.Text().IsSameAs(SharedString(u"ab,c")));
+  EXPECT_FALSE(copy.Text().IsSameAs(Shared<String>(u"ab,c")));
 }
 
 TEST(SplitList, EqualsThePlainSplitOfGeneratedTexts) {
@@ -244,12 +244,12 @@ TEST(SplitList, EqualsThePlainSplitOfGeneratedTexts) {
     for (std::size_t length = dice.Below(9); length > 0; --length)
       text += dice.OneOf({u",", u"a", u"b"});
     const std::vector<String> plain = SplitPlainly(text, u",");
-    const SplitList list{SharedString(text)};
+    const SplitList list{Shared<String>(text)};
     ASSERT_EQ(list.Count(), plain.size()) << hosts::ToJsonText(text);
     for (std::size_t place = 0; place < plain.size(); ++place)
       ASSERT_EQ(list(place), plain[place]) << hosts::ToJsonText(text);
     ASSERT_TRUE(FailsWithSubscript([&] { static_cast<void>(list(plain.size())); }));
-    ASSERT_EQ(list.Text().Text(), text);
+    ASSERT_EQ(*list.Text(), text);
   }
 }
 
@@ -262,7 +262,7 @@ TEST(SplitList, ALongListIsSplitLikeAShortOne) {
     if (entry > 0) text += u',';
     text += plain.back();
   }
-  const SplitList list{SharedString(text)};
+  const SplitList list{Shared<String>(text)};
   ASSERT_EQ(list.Count(), plain.size());
   for (std::size_t place = 0; place < plain.size(); ++place)
     ASSERT_EQ(list(place), plain[place]);
@@ -272,7 +272,7 @@ TEST(SplitList, ALongListIsSplitLikeAShortOne) {
 
 TEST(FieldRecords, RecordsThatWereNeverAssignedFailAtEveryQuestion) {
   const FieldRecords none;
-  EXPECT_EQ(none.List().Text(), u"");
+  EXPECT_EQ(*none.List(), u"");
   EXPECT_TRUE(FailsWithSubscript([&] { static_cast<void>(none.Count()); }));
   EXPECT_TRUE(FailsWithSubscript([&] { static_cast<void>(none.At(0)); }));
   EXPECT_TRUE(FailsWithSubscript([&] { none.RaiseIfBroken(); }));
@@ -333,7 +333,7 @@ TEST(FieldRecords, NamesThatDifferByANulAloneAreOfTwoTables) {
 }
 
 TEST(FieldRecords, TheListIsTheOneThatWasGiven) {
-  const SharedString list(u"a*Q*V*R*N*Nb");
+  const Shared<String> list(u"a*Q*V*R*N*Nb");
   EXPECT_TRUE(FieldRecords(list).List().IsSameAs(list));
 }
 

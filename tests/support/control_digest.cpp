@@ -82,8 +82,8 @@ void Add(Digester& digest, const FixedArray<String, kSize>& array) {
 }
 
 void Add(Digester& digest, const ModuleVariables& all) {
-  digest.Add(all.mPrpStrTables.Text());
-  digest.Add(all.mPrpStrFields.Text());
+  digest.Add(*all.mPrpStrTables);
+  digest.Add(*all.mPrpStrFields);
   for (const String* text :
        {&all.mstrParentOrChild,     &all.mstrSQLPart,         &all.mPrpSelectPart,
         &all.mPrpSelectFromPart,    &all.mPrpSelectWherePart, &all.mPrpSelectGroupbyPart,
