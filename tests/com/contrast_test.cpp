@@ -415,7 +415,8 @@ TEST_P(ContrastTest, InABoxOfStatementsByItself) {
   ASSERT_EQ(container.Create(id), S_OK);
   const auto byName = com::Query<IDispatch>(container.Control());
   const Named box{*byName.Get()};
-  EXPECT_EQ(box.Put(L"Text", L"if :a = \"x\" and upper(B) <> 12 then\r\nselectdo\r\nplain"), S_OK);
+  EXPECT_EQ(box.Put(L"Text", L"if :a = \"hill\" and upper(B) <> 12 then\r\nselectdo\r\nplain"),
+            S_OK);
   EXPECT_EQ(box.Put(L"Highlight", Truth(true)), S_OK);
   EXPECT_EQ(container.Activate(OLEIVERB_INPLACEACTIVATE), S_OK);
   VARIANT window;
