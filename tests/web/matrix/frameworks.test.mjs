@@ -23,6 +23,7 @@ import {jsonOf, kWays, makeApplication, run, toolLine} from './workshop.mjs';
  * @property {string} folder
  * @property {string} server  its entry on a server
  * @property {string} typeTool
+ * @property {string} [typeToolLoads]  a package that it loads, where that needs a newer Node
  * @property {string[]} typeLine  what checks the types
  * @property {RegExp} complaint  a file and a line that the compiler refuses
  */
@@ -54,6 +55,7 @@ const kFrameworks = [
     folder: 'svelte',
     server: 'src/server.ts',
     typeTool: 'svelte-check',
+    typeToolLoads: '@sveltejs/vite-plugin-svelte',
     typeLine: ['--tsconfig', './tsconfig.json', '--output', 'machine'],
     complaint: /^\d+ (?:ERROR|WARNING) "([^"]+)" (\d+):\d+ /gm,
   },
@@ -112,6 +114,7 @@ describe('an application of a framework', () => {
   for (const framework of kFrameworks) {
     for (const way of kWays) {
       const {name, tool, folder: source, server, typeTool, typeLine, complaint} = framework;
+      const typesBy = framework.typeToolLoads ?? typeTool;
       /** @type {(title: string) => string} */
       const make = (title) => makeApplication(title, way, ['framework', source]);
       /** @type {(told: string, by?: string) => Row} */
@@ -150,7 +153,7 @@ describe('an application of a framework', () => {
       );
 
       test(
-        ...results.test(row('types', typeTool), async (title) => {
+        ...results.test(row('types', typesBy), async (title) => {
           const folder = make(title);
           if (way === 'link') {
             // Otherwise the types look for those of the framework beside the folder itself.
