@@ -10,7 +10,7 @@ namespace zolt20::qt {
 
 /// The property of a frame that names the font families of its caption, where these differ from
 /// the frame's font.
-inline constexpr const char* kCaptionFamilies = "captionFamilies";
+inline constexpr char kCaptionFamilies[] = "captionFamilies";
 
 class FaceStyle final : public QProxyStyle {
   Q_OBJECT

@@ -99,7 +99,7 @@ class ZOLT20MapWidget : public QWidget {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
- public slots:  // NOLINT(readability-redundant-access-specifiers)
+ public slots:
   // The properties that can be written. An Integer is one of 16 bits: any other int raises
   // `overflow`.
   void setPrpStrTables(const QString& tables);

@@ -32,7 +32,7 @@ class ZOLT21SyntTextBox : public QWidget {
 
   QSize sizeHint() const override;
 
- public slots:  // NOLINT(readability-redundant-access-specifiers)
+ public slots:
   /// The same text changes nothing. A different text clears the undo stack of the box.
   void setText(const QString& text);
   void setHighlight(bool highlight);
