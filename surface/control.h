@@ -27,13 +27,9 @@ class Surface;
 
 struct TextState {
   Shared<String> text;
-  int selStart = 0;
-  unsigned backColor = 0;
-};
-
-struct SyntaxTextState {
-  Shared<String> text;
-  bool highlight = false;
+  int selStart = 0;        ///< of a plain text box only
+  unsigned backColor = 0;  ///< of a plain text box only
+  bool highlight = false;  ///< of a box with syntax colouring only
 };
 
 struct RowsState {
@@ -60,8 +56,8 @@ struct TabStripState {
   int tab = 0;
 };
 
-using KindState = std::variant<std::monostate, TextState, SyntaxTextState, RowsState, CaptionState,
-                               ScrollState, TabStripState>;
+using KindState =
+    std::variant<std::monostate, TextState, RowsState, CaptionState, ScrollState, TabStripState>;
 
 struct ControlState {
   bool enabled = true;

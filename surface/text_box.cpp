@@ -12,31 +12,31 @@ namespace {
 constexpr unsigned kWhite = 0xFFFFFF;
 constexpr unsigned kSystemColor14 = 0x8000000E;
 
-// Returns whether the text changed.
-bool ReplaceEnd(Shared<String>& text, std::size_t kept, StringView end) {
-  assert(kept <= text->size());
-  if (Equal(StringView(*text).substr(kept), end)) return false;
-  text.Write().replace(kept, String::npos, end);
-  return true;
-}
-
 }  // namespace
 
-TextBox::TextBox(Surface& surface, const Design& design) : Control(surface, design) {
+void TextControl::Text(StringView text) {
+  if (!Equal(text, Text())) Text(String(text));
+}
+
+void TextControl::Text(String&& text) {
+  if (Equal(text, Text())) return;
+  state_.text = Shared(std::move(text));
+  TextReplaced();
+}
+
+void TextControl::ReplaceFrom(std::size_t kept, StringView end) {
+  assert(kept <= Text().size());
+  if (Equal(StringView(Text()).substr(kept), end)) return;
+  state_.text.Write().replace(kept, String::npos, end);
+  TextReplaced();
+}
+
+void TextControl::RestoreKind(KindState&& state) noexcept {
+  state_ = std::move(*std::get_if<TextState>(&state));
+}
+
+TextBox::TextBox(Surface& surface, const Design& design) : TextControl(surface, design) {
   state_.backColor = design.name == ControlName::txtCondition ? kSystemColor14 : kWhite;
-}
-
-void TextBox::Text(StringView text) {
-  if (!Equal(text, Text())) Enter(String(text), 0);
-}
-
-void TextBox::Text(String&& text) {
-  if (!Equal(text, Text())) Enter(std::move(text), 0);
-}
-
-void TextBox::ReplaceFrom(std::size_t kept, StringView end) {
-  if (!ReplaceEnd(state_.text, kept, end)) return;
-  Written(true, 0);
 }
 
 void TextBox::SelStart(int caret) {
@@ -61,23 +61,7 @@ void TextBox::Written(bool differs, int caret) {
   if (differs) surface().OnChange(*this);
 }
 
-void TextBox::RestoreKind(KindState&& state) noexcept {
-  state_ = std::move(*std::get_if<TextState>(&state));
-}
-
-void SyntaxTextBox::Text(StringView text) {
-  if (!Equal(text, Text())) Text(String(text));
-}
-
-void SyntaxTextBox::Text(String&& text) {
-  if (Equal(text, Text())) return;
-  state_.text = Shared(std::move(text));
-  ++revision_;
-  Changed(Property::kText);
-}
-
-void SyntaxTextBox::ReplaceFrom(std::size_t kept, StringView end) {
-  if (!ReplaceEnd(state_.text, kept, end)) return;
+void SyntaxTextBox::TextReplaced() {
   ++revision_;
   Changed(Property::kText);
 }
@@ -89,7 +73,7 @@ void SyntaxTextBox::Highlight(bool highlight) {
 }
 
 void SyntaxTextBox::RestoreKind(KindState&& state) noexcept {
-  state_ = std::move(*std::get_if<SyntaxTextState>(&state));
+  TextControl::RestoreKind(std::move(state));
   ++revision_;
 }
 

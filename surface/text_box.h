@@ -5,20 +5,36 @@
 
 namespace zolt20 {
 
-/// A text box of one or several lines. Line ends of any kind stay as they are given.
-class TextBox final : public Control {
+/// A control with a text that a person can type.
+class TextControl : public Control {
  public:
-  TextBox(Surface& surface, const Design& design);
-
   const String& Text() const { return *state_.text; }
-  /// The same text changes nothing. A different text sets the caret to 0 and runs Change inside the
-  /// call.
+  /// The same text changes nothing. A different text sets the caret of a TextBox to 0 and runs its
+  /// Change inside the call.
   void Text(StringView text);
   void Text(const char16_t* text) { Text(StringView(text)); }
   void Text(String&& text);
   /// The same as Text(first `kept` characters, then `end`), but the time depends on how much is
   /// removed and added, not on what is kept. `kept` is at most the length of the text.
   void ReplaceFrom(std::size_t kept, StringView end);
+
+ protected:
+  using Control::Control;
+
+  void RestoreKind(KindState&& state) noexcept override;
+
+  TextState state_;
+
+ private:
+  KindState SaveKind() const override { return state_; }
+  // The program wrote a different text.
+  virtual void TextReplaced() = 0;
+};
+
+/// A text box of one or several lines. Line ends of any kind stay as they are given.
+class TextBox final : public TextControl {
+ public:
+  TextBox(Surface& surface, const Design& design);
 
   /// The caret: the number of characters before it.
   int SelStart() const { return state_.selStart; }
@@ -31,29 +47,19 @@ class TextBox final : public Control {
  private:
   friend class Surface;
 
-  KindState SaveKind() const override { return state_; }
-  void RestoreKind(KindState&& state) noexcept override;
+  void TextReplaced() override { Written(true, 0); }
   // Replaces the text as typing does: `caret` is the new SelStart even if the text is the same, and
   // Change runs if the text differs.
   void Enter(String text, int caret);
   void Written(bool differs, int caret);
-
-  TextState state_;
 };
 
 /// A box of several lines that can colour the statement language. It has no Change and no caret; it
 /// raises TabChain when it takes the focus.
-class SyntaxTextBox final : public Control {
+class SyntaxTextBox final : public TextControl {
  public:
-  SyntaxTextBox(Surface& surface, const Design& design) : Control(surface, design) {}
+  SyntaxTextBox(Surface& surface, const Design& design) : TextControl(surface, design) {}
 
-  const String& Text() const { return *state_.text; }
-  void Text(StringView text);
-  void Text(const char16_t* text) { Text(StringView(text)); }
-  void Text(String&& text);
-  /// The same as Text(first `kept` characters, then `end`), but the time depends on how much is
-  /// removed and added, not on what is kept. `kept` is at most the length of the text.
-  void ReplaceFrom(std::size_t kept, StringView end);
   /// A version number of the text: different after each change of it and after each Restore.
   std::size_t Revision() const { return revision_; }
 
@@ -62,10 +68,9 @@ class SyntaxTextBox final : public Control {
   void Highlight(bool highlight);
 
  private:
-  KindState SaveKind() const override { return state_; }
   void RestoreKind(KindState&& state) noexcept override;
+  void TextReplaced() override;
 
-  SyntaxTextState state_;
   std::size_t revision_ = 0;
 };
 

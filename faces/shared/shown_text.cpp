@@ -92,22 +92,15 @@ Edit EditOfMark(StringView before, StringView after, std::size_t from, std::size
 }
 
 const String& TypedText(const Control& box) {
-  switch (box.kind()) {
-    case Kind::SyntaxTextBox:
-      return static_cast<const SyntaxTextBox&>(box).Text();
-    case Kind::ComboBox:
-      return static_cast<const ComboBox&>(box).Text();
-    default:
-      return static_cast<const TextBox&>(box).Text();
-  }
+  return box.kind() == Kind::ComboBox ? static_cast<const ComboBox&>(box).Text()
+                                      : static_cast<const TextControl&>(box).Text();
 }
 
 std::optional<String> TextOf(const Control& control) {
   switch (control.kind()) {
     case Kind::TextBox:
-      return static_cast<const TextBox&>(control).Text();
     case Kind::SyntaxTextBox:
-      return static_cast<const SyntaxTextBox&>(control).Text();
+      return static_cast<const TextControl&>(control).Text();
     default:
       return std::nullopt;
   }

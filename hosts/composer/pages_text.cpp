@@ -45,10 +45,7 @@ String TypedOn(const Surface& form, int firstPage, int lastPage) {
   for (const Control* control : form.Controls()) {
     const int page = control->design().page;
     if (page < firstPage || page > lastPage || control == &form.txtCondition) continue;
-    if (control->kind() == Kind::TextBox)
-      Append(typed, static_cast<const TextBox*>(control)->Text());
-    if (control->kind() == Kind::SyntaxTextBox)
-      Append(typed, static_cast<const SyntaxTextBox*>(control)->Text());
+    if (const auto* box = dynamic_cast<const TextControl*>(control)) Append(typed, box->Text());
   }
   return typed;
 }

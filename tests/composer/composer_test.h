@@ -277,10 +277,7 @@ class ComposerTest : public PersonTest {
   }
   /// The text of a box of the control.
   std::string Text(std::string_view box) {
-    const Control& control = ControlOf(box);
-    return Narrow(control.kind() == Kind::SyntaxTextBox
-                      ? static_cast<const SyntaxTextBox&>(control).Text()
-                      : static_cast<const TextBox&>(control).Text());
+    return Narrow(static_cast<const TextControl&>(ControlOf(box)).Text());
   }
   std::string Result() { return Text("TxtOutput"); }
   std::string Heading() { return LabelText("heading"); }

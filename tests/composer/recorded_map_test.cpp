@@ -82,10 +82,7 @@ class RecordedMapTest : public PersonTest {
   // Reads.
 
   std::string Text(std::string_view box) {
-    const Control& control = ControlOf(box);
-    return Narrow(control.kind() == Kind::SyntaxTextBox
-                      ? static_cast<const SyntaxTextBox&>(control).Text()
-                      : static_cast<const TextBox&>(control).Text());
+    return Narrow(static_cast<const TextControl&>(ControlOf(box)).Text());
   }
   std::string Result() { return Text("TxtOutput"); }
   /// The lines of the record behind those that every record begins with.

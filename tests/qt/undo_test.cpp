@@ -113,8 +113,7 @@ class UndoTest : public ::testing::Test {
       QWidget& drawn = On(name.c_str());
       EXPECT_EQ(drawn.isVisibleTo(drawn.parentWidget()) && drawn.isVisible(), control->Shown())
           << name;
-      if (const auto* box = dynamic_cast<const TextBox*>(control)) ExpectText(drawn, box->Text());
-      if (const auto* box = dynamic_cast<const SyntaxTextBox*>(control))
+      if (const auto* box = dynamic_cast<const TextControl*>(control))
         ExpectText(drawn, box->Text());
       if (const auto* list = dynamic_cast<const ListBox*>(control)) {
         EXPECT_EQ(static_cast<QAbstractItemView&>(drawn).model()->rowCount(), list->ListCount())

@@ -305,9 +305,7 @@ class PersonTest : public ::testing::Test {
       return shown == lines ? "" : "shows \"" + Std(shown) + "\"";
     };
     if (const auto* box = qobject_cast<const QPlainTextEdit*>(&drawn)) {
-      return has(box->toPlainText(), control.kind() == Kind::TextBox
-                                         ? static_cast<const TextBox&>(control).Text()
-                                         : static_cast<const SyntaxTextBox&>(control).Text());
+      return has(box->toPlainText(), static_cast<const TextControl&>(control).Text());
     }
     if (const auto* line = qobject_cast<const QLineEdit*>(&drawn))
       return has(line->text(), static_cast<const TextBox&>(control).Text());

@@ -432,8 +432,7 @@ TEST_F(TextTransportTest, AStoredTextFillsNoBox) {
 // What is reported.
 
 String TextOf(const Control& box) {
-  if (const auto* plain = dynamic_cast<const TextBox*>(&box)) return plain->Text();
-  return dynamic_cast<const SyntaxTextBox&>(box).Text();
+  return dynamic_cast<const TextControl&>(box).Text();
 }
 
 /// A host that looks at a box when a property is reported.

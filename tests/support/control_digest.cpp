@@ -32,9 +32,6 @@ void Add(Digester& digest, const TextState& state) {
   digest.Add(*state.text);
   digest.Add(state.selStart);
   digest.Add(static_cast<std::int64_t>(state.backColor));
-}
-void Add(Digester& digest, const SyntaxTextState& state) {
-  digest.Add(*state.text);
   digest.Add(state.highlight);
 }
 void Add(Digester& digest, const RowsState& state) {

@@ -168,8 +168,7 @@ int ControlTest::ListIndex(std::string_view list) {
 
 std::string ControlTest::Text(std::string_view box) {
   const Control& control = On(box);
-  if (const auto* text = dynamic_cast<const TextBox*>(&control)) return Narrow(text->Text());
-  if (const auto* text = dynamic_cast<const SyntaxTextBox*>(&control)) return Narrow(text->Text());
+  if (const auto* text = dynamic_cast<const TextControl*>(&control)) return Narrow(text->Text());
   return Narrow(dynamic_cast<const ComboBox&>(control).Text());
 }
 

@@ -31,6 +31,10 @@ bool Is<RowsControl>(Kind kind) {
   return kind == Kind::ListBox || kind == Kind::ComboBox;
 }
 template <>
+bool Is<TextControl>(Kind kind) {
+  return kind == Kind::TextBox || kind == Kind::SyntaxTextBox;
+}
+template <>
 bool Is<CaptionedControl>(Kind kind) {
   return kind == Kind::Button || kind == Kind::OptionButton || kind == Kind::Label ||
          kind == Kind::Frame;
@@ -98,8 +102,7 @@ void Mirror::Read(const Control& control, Property property, Image& image) {
       image.place = {control.Left(), control.Top(), control.Width(), control.Height()};
       break;
     case Property::kText:
-      if (const auto* box = As<TextBox>(control)) image.text = box->Text();
-      if (const auto* box = As<SyntaxTextBox>(control)) image.text = box->Text();
+      if (const auto* box = As<TextControl>(control)) image.text = box->Text();
       if (const auto* combo = As<ComboBox>(control)) image.text = combo->Text();
       break;
     case Property::kSelStart:

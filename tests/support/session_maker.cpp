@@ -35,8 +35,7 @@ std::string Joined(const Texts& entries) {
 }
 
 StringView TextOf(const Control& box) {
-  if (const auto* text = dynamic_cast<const TextBox*>(&box)) return text->Text();
-  if (const auto* text = dynamic_cast<const SyntaxTextBox*>(&box)) return text->Text();
+  if (const auto* text = dynamic_cast<const TextControl*>(&box)) return text->Text();
   return dynamic_cast<const ComboBox&>(box).Text();
 }
 

@@ -100,13 +100,10 @@ class Picture {
       case Kind::TabStrip:
         DrawTabs(rect);
         break;
+      case Kind::TextBox:
       case Kind::SyntaxTextBox:
         DrawBox(rect);
-        DrawLines(rect, static_cast<const SyntaxTextBox&>(control).Text());
-        break;
-      case Kind::TextBox:
-        DrawBox(rect);
-        DrawLines(rect, static_cast<const TextBox&>(control).Text());
+        DrawLines(rect, static_cast<const TextControl&>(control).Text());
         break;
       case Kind::ListBox:
         DrawBox(rect);
