@@ -14,9 +14,9 @@
 
 namespace zolt20::faces {
 
-/// How a gesture becomes a step of the history: as a step of its own, possibly merged with texts or
-/// keys typed before into one run of typing, or not at all.
-enum class Run { kStep, kTyping, kKeys, kFocus };
+/// How the history records a gesture: as a step of its own, merged with the texts or the keys that
+/// were typed before it in the same box, or not at all.
+enum class Recording { kStep, kTypedText, kTypedKeys, kNothing };
 
 class History {
  public:
@@ -40,12 +40,12 @@ class History {
 
   /// A gesture on `source` begins.
   void Begin(const ZOLT20MapControl& control, const std::any& hostData, const Control& source,
-             Run run) {
-    run_ = run;
+             Recording recording) {
+    recording_ = recording;
     source_ = &source;
-    goesOn_ = typing_ == &source && typingRun_ == run;
+    goesOn_ = typing_ == &source && typingRecording_ == recording;
     before_.reset();
-    if (!isOn_ || goesOn_ || run == Run::kFocus) return;
+    if (!isOn_ || goesOn_ || recording == Recording::kNothing) return;
     before_ = Step{control.Save(), hostData};
     textBefore_ = TextOf(source);
   }
@@ -85,8 +85,9 @@ class History {
     undo_.push_back(std::move(before));
     if (undo_.size() > kSteps) undo_.pop_front();
     redo_.clear();
-    typing_ = run_ == Run::kTyping || run_ == Run::kKeys ? source_ : nullptr;
-    typingRun_ = run_;
+    typing_ = recording_ == Recording::kTypedText || recording_ == Recording::kTypedKeys ? source_
+                                                                                         : nullptr;
+    typingRecording_ = recording_;
   }
 
   template <typename From, typename To>
@@ -102,10 +103,10 @@ class History {
   std::deque<Step> undo_;
   std::vector<Step> redo_;
   const Control* typing_ = nullptr;  // the box that a run of typing is in
-  Run typingRun_ = Run::kTyping;
+  Recording typingRecording_ = Recording::kTypedText;
 
   // Of the gesture in progress.
-  Run run_ = Run::kStep;
+  Recording recording_ = Recording::kStep;
   const Control* source_ = nullptr;
   bool goesOn_ = false;
   std::optional<Step> before_;

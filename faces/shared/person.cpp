@@ -9,17 +9,17 @@
 namespace zolt20::faces {
 namespace {
 
-// How a gesture becomes a step of the history.
-Run RunOf(Gesture gesture) {
+// How the history records a gesture of this kind.
+Recording RecordingOf(Gesture gesture) {
   switch (gesture) {
     case Gesture::kType:
-      return Run::kTyping;
+      return Recording::kTypedText;
     case Gesture::kKey:
-      return Run::kKeys;
+      return Recording::kTypedKeys;
     case Gesture::kFocus:
-      return Run::kFocus;
+      return Recording::kNothing;
     default:
-      return Run::kStep;
+      return Recording::kStep;
   }
 }
 
@@ -37,9 +37,9 @@ Person::~Person() {
 
 End Person::Make(UserGesture gesture) {
   const Control& source = *gesture.control;
-  const Run run = RunOf(gesture.gesture);
+  const Recording recording = RecordingOf(gesture.gesture);
   // The platform's widget may already show what the person did, though the control may refuse it.
-  if (run == Run::kFocus) {
+  if (recording == Recording::kNothing) {
     changes_.focusMoved = true;
   } else {
     Note(source, Change::kByPlatform);
@@ -49,7 +49,7 @@ End Person::Make(UserGesture gesture) {
   anythingChanged_ = false;
   told_.Forget();
   made_ = {};
-  End end = Guard([&] { history_.Begin(control_, hostData_, source, run); });
+  End end = Guard([&] { history_.Begin(control_, hostData_, source, recording); });
   if (end != End::kDone) return end;
   made_ = {std::move(gesture), history_.GoesOn()};
   ++madeCount_;
@@ -136,7 +136,8 @@ void Person::Fail(std::string_view kind, int number, const char* text) {
 bool Person::BeginStep() {
   if (calls_ > 0) return false;
   anythingChanged_ = false;
-  if (Guard([&] { history_.Begin(control_, hostData_, Form().tabVrn, Run::kStep); }) != End::kDone)
+  if (Guard([&] { history_.Begin(control_, hostData_, Form().tabVrn, Recording::kStep); }) !=
+      End::kDone)
     return false;
   ++calls_;
   return true;
