@@ -161,7 +161,7 @@ void Expect(const std::string& found, const std::string& where) {
 /// Counts notices of all kinds.
 class NoticeCounter final : public SurfaceObserver {
  public:
-  void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {
+  void ControlChanged(const Control& /*control*/, Property /*property*/) noexcept override {
     ++count;
   }
   void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {

@@ -61,7 +61,7 @@ void Control::Top(int top) {
 }
 
 void Control::Changed(Property property) const {
-  surface_.Notify([&](SurfaceObserver& observer) { observer.PropertyChanged(*this, property); });
+  surface_.Notify([&](SurfaceObserver& observer) { observer.ControlChanged(*this, property); });
 }
 
 ControlState Control::Save() const {

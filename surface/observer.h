@@ -40,7 +40,7 @@ class SurfaceObserver {
  public:
   virtual ~SurfaceObserver() = default;
 
-  virtual void PropertyChanged(const Control& control, Property property) noexcept = 0;
+  virtual void ControlChanged(const Control& control, Property property) noexcept = 0;
 
   /// Comes before the change: the rows are still as they were. RowsChanged for the same change
   /// follows, with no other notice between.

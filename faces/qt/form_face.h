@@ -100,7 +100,7 @@ class FormFace final : public QObject, private SurfaceObserver {
 
   // Notices.
   // Changes that only need to be shown again are noted by person_.
-  void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
+  void ControlChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
   void RowsAboutToChange(const Control& list, const RowChange& change) noexcept override;
   void RowsChanged(const Control& list, const RowChange& change) noexcept override;
   void MarksChanged(const Control& list, int first, int count) noexcept override;

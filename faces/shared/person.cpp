@@ -198,7 +198,7 @@ void Person::NoteAll() {
     Note(*control);
 }
 
-void Person::PropertyChanged(const Control& control, Property property) noexcept {
+void Person::ControlChanged(const Control& control, Property property) noexcept {
   anythingChanged_ = true;
   Note(control, Change::BitOf(property));
 }

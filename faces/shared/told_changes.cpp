@@ -128,7 +128,7 @@ String ToldChanges::TakeWords() {
 
 // Notices.
 
-void ToldChanges::PropertyChanged(const Control& control, Property property) noexcept {
+void ToldChanges::ControlChanged(const Control& control, Property property) noexcept {
   changed_[&control] |= BitOf(property);
 }
 

@@ -30,7 +30,7 @@ class ToldChanges final : private SurfaceObserver {
   String TakeWords();
 
  private:
-  void PropertyChanged(const Control& control, Property property) noexcept override;
+  void ControlChanged(const Control& control, Property property) noexcept override;
   void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
   void RowsChanged(const Control& list, const RowChange& change) noexcept override;
   void MarksChanged(const Control& list, int first, int count) noexcept override;

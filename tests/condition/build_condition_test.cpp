@@ -18,7 +18,7 @@ std::string Tabs(int count) {
 // The names of the controls that change in any way.
 class TouchedLog final : public SilentObserver {
  public:
-  void PropertyChanged(const Control& control, Property /*property*/) noexcept override {
+  void ControlChanged(const Control& control, Property /*property*/) noexcept override {
     names.insert(std::string(control.name()));
   }
   void RowsChanged(const Control& list, const RowChange& /*change*/) noexcept override {

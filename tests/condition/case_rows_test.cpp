@@ -18,7 +18,7 @@ using Figures = std::vector<int>;
 // Keeps what comes to the rows and the bar, in order, and who takes the focus.
 class RowLog final : public SilentObserver {
  public:
-  void PropertyChanged(const Control& control, Property property) noexcept override {
+  void ControlChanged(const Control& control, Property property) noexcept override {
     const std::string name(control.name());
     if (property == Property::kPlace) steps.push_back(name + " placed");
     if (property == Property::kVisible) steps.push_back(name + " visible");

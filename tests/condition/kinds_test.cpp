@@ -109,7 +109,7 @@ const char* AnotherThan(std::string_view option) {
 // Keeps what a click does to the form, in order; a run of notices of one sort counts once.
 class StepLog final : public SilentObserver {
  public:
-  void PropertyChanged(const Control& control, Property property) noexcept override {
+  void ControlChanged(const Control& control, Property property) noexcept override {
     if (property == Property::kEnabled) Step(std::string(control.name()) + " enabled");
     if (property == Property::kText) Step(std::string(control.name()) + " written");
     if (property == Property::kVisible) Step("panels");

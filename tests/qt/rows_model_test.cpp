@@ -58,7 +58,7 @@ class Models final : public SurfaceObserver {
     for (const auto& [control, model] : models_)
       model->Replace();
   }
-  void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
+  void ControlChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
   void FocusChanged(const Control* /*control*/) noexcept override {}
   void TabOrderChanged(int /*first*/, int /*last*/) noexcept override {}
   void ElementLoaded(const Control& /*element*/) noexcept override {}

@@ -138,7 +138,7 @@ TEST_F(PlainPropertiesTest, ATabCountAboveZeroIndentsTheResultAtEachRead) {
 // The boxes with colours, in the order in which they are told.
 class HighlightOrder final : public SilentObserver {
  public:
-  void PropertyChanged(const Control& control, Property property) noexcept override {
+  void ControlChanged(const Control& control, Property property) noexcept override {
     if (property == Property::kHighlight) names.emplace_back(control.name());
   }
 

@@ -178,7 +178,7 @@ void Mirror::Complain(const std::string& complaint) {
   if (complaint_.empty()) complaint_ = complaint;
 }
 
-void Mirror::PropertyChanged(const Control& control, Property property) noexcept {
+void Mirror::ControlChanged(const Control& control, Property property) noexcept {
   if (rowsUnderChange_.has_value()) Complain("a notice came between the two of a row change");
   Read(control, property, Of(control));
 }

@@ -22,7 +22,7 @@ class Mirror final : public SurfaceObserver {
   /// The first thing in which the mirror and the surface differ, or "".
   std::string Difference() const;
 
-  void PropertyChanged(const Control& control, Property property) noexcept override;
+  void ControlChanged(const Control& control, Property property) noexcept override;
   void RowsAboutToChange(const Control& list, const RowChange& change) noexcept override;
   void RowsChanged(const Control& list, const RowChange& change) noexcept override;
   void MarksChanged(const Control& list, int first, int count) noexcept override;

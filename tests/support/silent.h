@@ -21,7 +21,7 @@ class SilentHost : public ControlHost {
 
 class SilentObserver : public SurfaceObserver {
  public:
-  void PropertyChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
+  void ControlChanged(const Control& /*control*/, Property /*property*/) noexcept override {}
   void RowsAboutToChange(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
   void RowsChanged(const Control& /*list*/, const RowChange& /*change*/) noexcept override {}
   void MarksChanged(const Control& /*list*/, int /*first*/, int /*count*/) noexcept override {}

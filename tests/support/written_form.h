@@ -25,7 +25,7 @@ class TouchedControls final : public SurfaceObserver {
   TouchedControls& operator=(const TouchedControls&) = delete;
   ~TouchedControls() override { control_.RemoveObserver(*this); }
 
-  void PropertyChanged(const Control& control, Property /*property*/) noexcept override {
+  void ControlChanged(const Control& control, Property /*property*/) noexcept override {
     Touch(control);
   }
   void RowsAboutToChange(const Control& list, const RowChange& /*change*/) noexcept override {

@@ -13,7 +13,7 @@ class RecordingObserver final : public SurfaceObserver {
  public:
   RecordingObserver(const Surface& surface, Texts& log) : surface_(surface), log_(log) {}
 
-  void PropertyChanged(const Control& control, Property property) noexcept override {
+  void ControlChanged(const Control& control, Property property) noexcept override {
     constexpr std::array<const char*, 12> kNames{"Enabled",   "Visible",   "Text",      "SelStart",
                                                  "BackColor", "Caption",   "Value",     "Max",
                                                  "Tab",       "ListIndex", "Highlight", "Place"};

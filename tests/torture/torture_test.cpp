@@ -103,9 +103,9 @@ class UncountedMirror final : public SurfaceObserver {
 
   std::string Difference() const { return mirror_.Difference(); }
 
-  void PropertyChanged(const Control& control, Property property) noexcept override {
+  void ControlChanged(const Control& control, Property property) noexcept override {
     const Uncounted uncounted;
-    mirror_.PropertyChanged(control, property);
+    mirror_.ControlChanged(control, property);
   }
   void RowsAboutToChange(const Control& list, const RowChange& change) noexcept override {
     const Uncounted uncounted;

@@ -14,7 +14,7 @@ const char* const kNoWhereField = "Where Field is not selected";
 // Keeps the marks of the order lists and the switching of the button, in order.
 class MarkLog final : public SilentObserver {
  public:
-  void PropertyChanged(const Control& control, Property property) noexcept override {
+  void ControlChanged(const Control& control, Property property) noexcept override {
     if (property != Property::kEnabled || control.name() != "cmdAddWhereQuery") return;
     steps.emplace_back(control.Enabled() ? "button on" : "button off");
   }
