@@ -19,7 +19,7 @@ Variant Checked(Variant value) {
 
 }  // namespace
 
-Element::Element(const Page& page, int id)
+MapElement::MapElement(const Page& page, int id)
     : page_(page), id_(id), control_(*this), person_(control_), lists_(control_, page.folded) {
   control_.UserControl_InitProperties();
   new_ = control_.Save();
@@ -28,15 +28,15 @@ Element::Element(const Page& page, int id)
 
 // The contract.
 
-Status Element::Let(int member, Variant value) {
+Status MapElement::Let(int member, Variant value) {
   return person_.Try([&] { MemberOf(member).let(control_, Checked(std::move(value))); });
 }
 
-Status Element::Get(int member, Variant& value) {
+Status MapElement::Get(int member, Variant& value) {
   return person_.Try([&] { value = MemberOf(member).get(control_); }, false);
 }
 
-Status Element::Call(int member, Variant argument) {
+Status MapElement::Call(int member, Variant argument) {
   const Member& method = MemberOf(member);
   return person_.Try([&] {
     if (method.type != ValueType::kNone) argument = Checked(std::move(argument));
@@ -44,26 +44,26 @@ Status Element::Call(int member, Variant argument) {
   });
 }
 
-Status Element::InitProperties() {
+Status MapElement::InitProperties() {
   return person_.Try([&] { control_.UserControl_InitProperties(); });
 }
 
-void Element::PutInBag(std::size_t entry, Variant value) {
+void MapElement::PutInBag(std::size_t entry, Variant value) {
   bag_.at(entry) = std::move(value);
 }
 
-Status Element::ReadProperties() {
+Status MapElement::ReadProperties() {
   const Status status = person_.Try([&] { control_.UserControl_ReadProperties(*this); });
   bag_ = {};
   return status;
 }
 
-std::vector<Variant> Element::WriteProperties() {
+std::vector<Variant> MapElement::WriteProperties() {
   control_.UserControl_WriteProperties(*this);
   return std::exchange(written_, {});
 }
 
-Status Element::Renew() {
+Status MapElement::Renew() {
   if (person_.IsBusy()) return Status::kNotTaken;
   return person_.Try([&] { control_.Restore(new_); });
 }
@@ -79,29 +79,29 @@ std::size_t EntryRead(std::string_view key) {
 
 }  // namespace
 
-String Element::ReadString(std::string_view key, StringView defaultValue) {
+String MapElement::ReadString(std::string_view key, StringView defaultValue) {
   const std::optional<Variant>& value = bag_.at(EntryRead(key));
   return value ? std::get<String>(*value) : String(defaultValue);
 }
 
-Integer Element::ReadInteger(std::string_view key, Integer defaultValue) {
+Integer MapElement::ReadInteger(std::string_view key, Integer defaultValue) {
   const std::optional<Variant>& value = bag_.at(EntryRead(key));
   return value ? std::get<Integer>(Checked(*value)) : defaultValue;
 }
 
-void Element::WriteString(std::string_view /*key*/, StringView value) {
+void MapElement::WriteString(std::string_view /*key*/, StringView value) {
   written_.emplace_back(String(value));
 }
 
-void Element::WriteInteger(std::string_view /*key*/, Integer value) {
+void MapElement::WriteInteger(std::string_view /*key*/, Integer value) {
   written_.emplace_back(value);
 }
 
-void Element::PropertyChanged(std::string_view property) {
+void MapElement::PropertyChanged(std::string_view property) {
   page_.propertyChanged(id_, FindMember(property)->number);
 }
 
-void Element::ShowMessage(const Message& message) {
+void MapElement::ShowMessage(const Message& message) {
   page_.message(id_, message.text, message.title);
 }
 

@@ -30,9 +30,9 @@ struct Page {
   String (*folded)(StringView text);
 };
 
-class Element final : private ControlHost, private PropertyBag {
+class MapElement final : private ControlHost, private PropertyBag {
  public:
-  Element(const Page& page, int id);
+  MapElement(const Page& page, int id);
 
   const Surface& Form() const { return control_.Form(); }
 

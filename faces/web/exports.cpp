@@ -20,8 +20,8 @@
 
 using namespace zolt20;
 using web::Address;
-using web::Element;
 using web::given;
+using web::MapElement;
 using web::numbers;
 using web::Status;
 using web::taken;
@@ -200,7 +200,7 @@ ZOLT20_EXPORT(layout) void layout() {
 
 // Elements.
 
-ZOLT20_EXPORT(make) Element* make(int id) {
+ZOLT20_EXPORT(make) MapElement* make(int id) {
   static constexpr web::Page kPage{page_event, page_property_changed,
                                    [](int element, StringView text, StringView title) {
                                      page_message(element, text.data(),
@@ -208,67 +208,67 @@ ZOLT20_EXPORT(make) Element* make(int id) {
                                                   static_cast<int>(title.size()));
                                    },
                                    Folded};
-  return new Element(kPage, id);
+  return new MapElement(kPage, id);
 }
-ZOLT20_EXPORT(destroy) void destroy(Element* element) {
+ZOLT20_EXPORT(destroy) void destroy(MapElement* element) {
   delete element;
 }
 
-ZOLT20_EXPORT(let) Status let(Element* element, int member, int value) {
+ZOLT20_EXPORT(let) Status let(MapElement* element, int member, int value) {
   return element->Let(member, ValueOf(MemberOf(member).type, value));
 }
-ZOLT20_EXPORT(get) Status get(Element* element, int member) {
+ZOLT20_EXPORT(get) Status get(MapElement* element, int member) {
   Variant value;
   const Status status = element->Get(member, value);
   if (status == Status::kDone) Give(value);
   return status;
 }
-ZOLT20_EXPORT(call) Status call(Element* element, int member, int argument) {
+ZOLT20_EXPORT(call) Status call(MapElement* element, int member, int argument) {
   return element->Call(member, ValueOf(MemberOf(member).type, argument));
 }
 
-ZOLT20_EXPORT(bag_init) Status bag_init(Element* element) {
+ZOLT20_EXPORT(bag_init) Status bag_init(MapElement* element) {
   return element->InitProperties();
 }
-ZOLT20_EXPORT(bag_put) void bag_put(Element* element, int entry, int value) {
+ZOLT20_EXPORT(bag_put) void bag_put(MapElement* element, int entry, int value) {
   const auto index = static_cast<std::size_t>(entry);
   element->PutInBag(index, ValueOf(BagEntries()[index].type, value));
 }
-ZOLT20_EXPORT(bag_read) Status bag_read(Element* element) {
+ZOLT20_EXPORT(bag_read) Status bag_read(MapElement* element) {
   return element->ReadProperties();
 }
-ZOLT20_EXPORT(bag_write) void bag_write(Element* element, int entry) {
+ZOLT20_EXPORT(bag_write) void bag_write(MapElement* element, int entry) {
   Give(element->WriteProperties()[static_cast<std::size_t>(entry)]);
 }
 
-ZOLT20_EXPORT(renew) Status renew(Element* element) {
+ZOLT20_EXPORT(renew) Status renew(MapElement* element) {
   return element->Renew();
 }
 
-ZOLT20_EXPORT(error_number) int error_number(Element* element) {
+ZOLT20_EXPORT(error_number) int error_number(MapElement* element) {
   return element->person().failure().number;
 }
-ZOLT20_EXPORT(error_kind) void error_kind(Element* element) {
+ZOLT20_EXPORT(error_kind) void error_kind(MapElement* element) {
   Give(element->person().failure().kind);
 }
-ZOLT20_EXPORT(error_text) void error_text(Element* element) {
+ZOLT20_EXPORT(error_text) void error_text(MapElement* element) {
   Give(std::string_view(element->person().failure().text));
 }
 
 // The form.
 
-ZOLT20_EXPORT(controls) void controls(Element* element) {
+ZOLT20_EXPORT(controls) void controls(MapElement* element) {
   GiveControls(element->Form().Controls());
 }
-ZOLT20_EXPORT(focused) const Control* focused(Element* element) {
+ZOLT20_EXPORT(focused) const Control* focused(MapElement* element) {
   return element->Form().Focused();
 }
 ZOLT20_EXPORT(next_in_tab_order)
-const Control* next_in_tab_order(Element* element, const Control* from, int forward) {
+const Control* next_in_tab_order(MapElement* element, const Control* from, int forward) {
   return faces::NextInTabOrder(element->Form(), from, forward != 0);
 }
 ZOLT20_EXPORT(next_option)
-const Control* next_option(Element* element, const Control* option, int forward) {
+const Control* next_option(MapElement* element, const Control* option, int forward) {
   return faces::NextOption(element->Form(), *option, forward != 0);
 }
 
@@ -318,7 +318,7 @@ ZOLT20_EXPORT(control_number) int control_number(const Control* control, Ask ask
 
 /// Top and height of a control in the frame of the case rows, or of that frame: each as twips,
 /// growths of a row and growths of the button.
-ZOLT20_EXPORT(case_span) void case_span(Element* element, const Control* control) {
+ZOLT20_EXPORT(case_span) void case_span(MapElement* element, const Control* control) {
   const faces::CaseSpan span = faces::CaseSpanOf(element->Form(), *control);
   numbers.clear();
   for (const faces::Stretch& stretch : {span.top, span.height})
@@ -361,17 +361,17 @@ ZOLT20_EXPORT(shown_place) int shown_place(const Control* box, int place) {
 // What a person does.
 
 ZOLT20_EXPORT(gesture)
-Status gesture(Element* element, Gesture kind, const Control* control, int number) {
+Status gesture(MapElement* element, Gesture kind, const Control* control, int number) {
   return element->person().Make({kind, control, number});
 }
-ZOLT20_EXPORT(type) Status type(Element* element, const Control* box, int caret, int lineEnd) {
+ZOLT20_EXPORT(type) Status type(MapElement* element, const Control* box, int caret, int lineEnd) {
   const String shown = std::exchange(taken, {});
   return element->person().Type(*box, shown, static_cast<std::size_t>(caret),
                                 static_cast<char16_t>(lineEnd));
 }
 /// A key where the shown characters from `first` on and before `behind` are marked.
 ZOLT20_EXPORT(type_key)
-Status type_key(Element* element, const TextBox* box, int first, int behind, int code) {
+Status type_key(MapElement* element, const TextBox* box, int first, int behind, int code) {
   const String& text = box->Text();
   const std::size_t from = faces::PlaceInText(text, 0, static_cast<std::size_t>(first));
   const std::size_t to = faces::PlaceInText(text, from, static_cast<std::size_t>(behind - first));
@@ -381,7 +381,7 @@ Status type_key(Element* element, const TextBox* box, int first, int behind, int
 
 /// The last gesture as five numbers and a text: its kind, the control, the number in the control,
 /// the marked characters of a key or -1 twice. No numbers without a gesture or its control.
-ZOLT20_EXPORT(made) void made(Element* element) {
+ZOLT20_EXPORT(made) void made(MapElement* element) {
   const UserGesture& gesture = element->person().made().gesture;
   const auto controls = element->Form().Controls();
   numbers.clear();
@@ -398,30 +398,30 @@ ZOLT20_EXPORT(gesture_words) void gesture_words(Gesture gesture) {
   Give(std::string_view(std::string(design.word) + " " + std::string(design.operand)));
 }
 
-ZOLT20_EXPORT(begin_step) int begin_step(Element* element) {
+ZOLT20_EXPORT(begin_step) int begin_step(MapElement* element) {
   return element->person().BeginStep() ? 1 : 0;
 }
-ZOLT20_EXPORT(end_step) void end_step(Element* element) {
+ZOLT20_EXPORT(end_step) void end_step(MapElement* element) {
   element->person().EndStep();
 }
-ZOLT20_EXPORT(undo) Status undo(Element* element) {
+ZOLT20_EXPORT(undo) Status undo(MapElement* element) {
   return element->person().Undo();
 }
-ZOLT20_EXPORT(redo) Status redo(Element* element) {
+ZOLT20_EXPORT(redo) Status redo(MapElement* element) {
   return element->person().Redo();
 }
 /// A bit each for undo, redo, and whether the history is on.
-ZOLT20_EXPORT(history) int history(Element* element) {
+ZOLT20_EXPORT(history) int history(MapElement* element) {
   const faces::Person& person = element->person();
   return (person.CanUndo() ? 1 : 0) | (person.CanRedo() ? 2 : 0) | (person.HistoryIsOn() ? 4 : 0);
 }
-ZOLT20_EXPORT(switch_history) void switch_history(Element* element, int on) {
+ZOLT20_EXPORT(switch_history) void switch_history(MapElement* element, int on) {
   element->person().SwitchHistory(on != 0);
 }
 
 /// The changes since the last call: whether the focus moved, the number of controls that are gone,
 /// those controls, then each control that changed with its bits.
-ZOLT20_EXPORT(changes) void changes(Element* element) {
+ZOLT20_EXPORT(changes) void changes(MapElement* element) {
   const faces::Changes taken_changes = element->person().TakeChanges();
   numbers.clear();
   numbers.push_back(taken_changes.focusMoved ? 1 : 0);

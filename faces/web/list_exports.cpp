@@ -10,8 +10,8 @@
 #include "faces/web/exchange.h"
 
 using namespace zolt20;
-using web::Element;
 using web::given;
+using web::MapElement;
 using web::numbers;
 using web::taken;
 
@@ -40,7 +40,7 @@ extern "C" {
 
 /// Filters a list: from now on it draws only rows that contain the text in
 /// `taken`.
-ZOLT20_EXPORT(set_filter) void set_filter(Element* element, const RowsControl* list) {
+ZOLT20_EXPORT(set_filter) void set_filter(MapElement* element, const RowsControl* list) {
   element->Drawn(*list).SetFilter(std::exchange(taken, {}));
 }
 /// Adds a display name: the first `length` characters of `taken` are a row's text, the rest its
@@ -51,27 +51,28 @@ ZOLT20_EXPORT(add_name) void add_name(int length) {
   names.insert_or_assign(both.substr(0, behind), both.substr(behind));
 }
 /// Gives the list's rows the names that add_name took since the last call.
-ZOLT20_EXPORT(name_rows) void name_rows(Element* element, const RowsControl* list) {
+ZOLT20_EXPORT(name_rows) void name_rows(MapElement* element, const RowsControl* list) {
   element->Drawn(*list).NameRows(std::exchange(names, {}));
 }
-ZOLT20_EXPORT(drawn_count) int drawn_count(Element* element, const RowsControl* list) {
+ZOLT20_EXPORT(drawn_count) int drawn_count(MapElement* element, const RowsControl* list) {
   return element->Drawn(*list).Count();
 }
 /// Maps a drawn row to the row of the control, and back; -1 for none.
-ZOLT20_EXPORT(control_row) int control_row(Element* element, const RowsControl* list, int drawn) {
+ZOLT20_EXPORT(control_row)
+int control_row(MapElement* element, const RowsControl* list, int drawn) {
   return element->Drawn(*list).ControlRow(drawn);
 }
-ZOLT20_EXPORT(drawn_row) int drawn_row(Element* element, const RowsControl* list, int row) {
+ZOLT20_EXPORT(drawn_row) int drawn_row(MapElement* element, const RowsControl* list, int row) {
   return element->Drawn(*list).DrawnRow(row);
 }
 /// The sentence about marked rows that the filter hides, "" when it hides none.
-ZOLT20_EXPORT(hidden_marks) void hidden_marks(Element* element, const RowsControl* list) {
+ZOLT20_EXPORT(hidden_marks) void hidden_marks(MapElement* element, const RowsControl* list) {
   given = element->Drawn(*list).HiddenMarks(element->person().words());
 }
 /// The texts of these rows, each with its name behind it. Four numbers a row: the row of the
 /// control, both lengths, and 1 when it is marked.
 ZOLT20_EXPORT(drawn_rows)
-void drawn_rows(Element* element, const RowsControl* list, int first, int count) {
+void drawn_rows(MapElement* element, const RowsControl* list, int first, int count) {
   const faces::DrawnRows& drawn = element->Drawn(*list);
   given.clear();
   numbers.clear();
@@ -108,7 +109,7 @@ void list_key(faces::ListKey key, int current, int count, int page, int isSingle
 // Type-ahead: the row that the typed letters lead to, -1 for none; `time` in milliseconds. Letters
 // typed in another list before are forgotten.
 ZOLT20_EXPORT(type_ahead)
-int type_ahead(Element* element, const RowsControl* list, int current, char16_t letter,
+int type_ahead(MapElement* element, const RowsControl* list, int current, char16_t letter,
                unsigned time) {
   if (std::exchange(typedIn, list) != list) typed = {};
   return typed.Find(element->Drawn(*list), current, letter, time).value_or(-1);

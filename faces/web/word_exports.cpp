@@ -8,8 +8,8 @@
 #include "faces/web/exchange.h"
 
 using namespace zolt20;
-using web::Element;
 using web::Give;
+using web::MapElement;
 using web::taken;
 
 extern "C" {
@@ -21,24 +21,24 @@ ZOLT20_EXPORT(word_key) void word_key(faces::Word word) {
   Give(faces::KeyOf(word));
 }
 /// The text of a word in an element; the English one without an element.
-ZOLT20_EXPORT(word_text) void word_text(Element* element, faces::Word word) {
+ZOLT20_EXPORT(word_text) void word_text(MapElement* element, faces::Word word) {
   Give((element == nullptr ? faces::Words::English() : element->person().words())[word]);
 }
 /// Replaces the text of a word in an element by `taken`.
-ZOLT20_EXPORT(set_word) void set_word(Element* element, faces::Word word) {
+ZOLT20_EXPORT(set_word) void set_word(MapElement* element, faces::Word word) {
   element->person().words().Set(word, std::exchange(taken, {}));
 }
-ZOLT20_EXPORT(clear_words) void clear_words(Element* element) {
+ZOLT20_EXPORT(clear_words) void clear_words(MapElement* element) {
   element->person().words().Clear();
 }
 
 /// The accessible name of a control.
-ZOLT20_EXPORT(spoken_name) void spoken_name(Element* element, const Control* control) {
+ZOLT20_EXPORT(spoken_name) void spoken_name(MapElement* element, const Control* control) {
   Give(StringView(faces::AccessibleName(*control, element->person().words())));
 }
 
 /// Takes the sentence for screen readers on what the last gesture changed; "" for nothing.
-ZOLT20_EXPORT(words) void words(Element* element) {
+ZOLT20_EXPORT(words) void words(MapElement* element) {
   Give(StringView(element->person().TakeWords()));
 }
 

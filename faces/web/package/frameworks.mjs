@@ -1,14 +1,14 @@
 // The types of the elements in templates of frameworks: an entry for each framework, so that no
 // project needs the types of another one. Each entry also exports what the module exports.
 
-/** @typedef {{tag: string, name: string}} Element */
-/** @type {readonly Element[]} */
+/** @typedef {{tag: string, name: string}} ElementName */
+/** @type {readonly ElementName[]} */
 const kElements = [
   {tag: 'zolt20-map-control', name: 'ZOLT20MapControl'},
   {tag: 'zolt21-synt-text-box', name: 'ZOLT21SyntTextBox'},
 ];
 
-/** @type {(each: (element: Element) => string) => string} */
+/** @type {(each: (element: ElementName) => string) => string} */
 const ofAll = (each) => kElements.map(each).join('\n');
 
 /** @type {(imports: string, names: string[], body: string) => (scripts: string[]) => string} */

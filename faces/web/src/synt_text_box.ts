@@ -19,7 +19,7 @@ const Base = globalThis.HTMLElement ?? (class {} as typeof HTMLElement);
 
 let boxes: Boxes;
 
-class Element extends Base {
+class SyntTextBoxElement extends Base {
   static readonly formAssociated = true;
   static readonly observedAttributes = ['text', 'highlight', 'rightmargin', 'aria-label'];
   /** The version of the script that has defined the element. */
@@ -189,12 +189,12 @@ class Element extends Base {
 }
 
 /** The class that the first copy of the script in this page has defined. */
-function classOfPage(): typeof Element {
-  if (globalThis.customElements === undefined) return Element; // such as on a server
-  const before = customElements.get(kTag) as typeof Element | undefined;
+function classOfPage(): typeof SyntTextBoxElement {
+  if (globalThis.customElements === undefined) return SyntTextBoxElement; // such as on a server
+  const before = customElements.get(kTag) as typeof SyntTextBoxElement | undefined;
   if (before !== undefined) return before;
   boxes = new Boxes();
-  customElements.define(kTag, Element);
-  return Element;
+  customElements.define(kTag, SyntTextBoxElement);
+  return SyntTextBoxElement;
 }
 export const ZOLT21SyntTextBoxElement: typeof Types.ZOLT21SyntTextBoxElement = classOfPage();
