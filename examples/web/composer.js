@@ -115,12 +115,12 @@ const answerByFunction = (control, catalogue) =>
 
 /// A control that answers its own requests. Throws what the properties throw.
 /** @type {(catalogue: Catalogue, isColoured: boolean) => ZOLT20MapControlElement} */
-export function makeControl(catalogue, isColoured) {
+export function makeControl(catalogue, isColored) {
   const control = document.createElement('zolt20-map-control');
   control.PrpStrTables = tableListOf(catalogue);
   control.PrpStrFields = fieldListOf(catalogue);
   control.tableNames = tableNamesOf(catalogue);
-  control.Syntax_Highlight = isColoured;
+  control.Syntax_Highlight = isColored;
   control.addEventListener('eventSubQuery', () =>
     answerByComposer(control, catalogue, 'Sub Query', kSelectListPage),
   );
@@ -141,9 +141,9 @@ export function makeControl(catalogue, isColoured) {
  * @type {(code: string, catalogue: Catalogue, title: string, firstPage: number,
  *   isColoured: boolean) => Promise<string | undefined>}
  */
-function composeFor(code, catalogue, title, firstPage, isColoured) {
+function composeFor(code, catalogue, title, firstPage, isColored) {
   return show('composer', title, (dialog, end) => {
-    const control = makeControl(catalogue, isColoured);
+    const control = makeControl(catalogue, isColored);
     control.prpParentorChild = 'Child';
     control.prpTab = firstPage;
     control.prpintTabcount = 0;

@@ -13,7 +13,7 @@ const kShownFor = 6000;
 // By its id, and perhaps what is within.
 /** @type {(id: string) => HTMLElement} */
 const part = (id) => partOf(document, `#${id}`, HTMLElement);
-const colouring = partOf(document, '#colouring', HTMLInputElement);
+const coloring = partOf(document, '#colouring', HTMLInputElement);
 const file = partOf(document, '#file', HTMLInputElement);
 /** @type {(count: number, what: string) => string} */
 const counted = (count, what) => `${count} ${what}${count === 1 ? '' : 's'}`;
@@ -112,12 +112,12 @@ async function copy(text, element, done) {
 
 /** @type {(catalogue: Catalogue) => ZOLT20MapControlElement} */
 function compose(catalogue) {
-  const made = makeControl(catalogue, colouring.checked);
+  const made = makeControl(catalogue, coloring.checked);
   made.addEventListener('eventDone', () => showResult(made));
   made.addEventListener('eventCancel', () => startAnew(made));
   for (const change of ['undone', 'redone']) {
     made.addEventListener(change, () => {
-      colouring.checked = made.Syntax_Highlight;
+      coloring.checked = made.Syntax_Highlight;
     });
   }
   part('stage').replaceChildren(made);
@@ -250,12 +250,12 @@ for (const choice of document.querySelectorAll('input')) {
   if (choice.checked) showScheme(choice.value);
 }
 
-colouring.checked = stored('colouring') !== 'off';
-colouring.addEventListener('change', () => {
-  store('colouring', colouring.checked ? 'on' : 'off');
+coloring.checked = stored('colouring') !== 'off';
+coloring.addEventListener('change', () => {
+  store('colouring', coloring.checked ? 'on' : 'off');
   const changed = control;
   changed?.asStep(() => {
-    changed.Syntax_Highlight = colouring.checked;
+    changed.Syntax_Highlight = coloring.checked;
   });
 });
 

@@ -22,13 +22,13 @@ bool IsFlat(const QStyleOptionComplex& option) {
 }
 
 void DrawOutline(const QStyleOption& option, QPainter& painter, const QRectF& rect, qreal radius) {
-  QColor colour = option.palette.color(QPalette::WindowText);
+  QColor color = option.palette.color(QPalette::WindowText);
   const bool hasFocus = (option.state & (QStyle::State_HasFocus | QStyle::State_On)) != 0;
-  if (!hasFocus) colour.setAlphaF((option.state & QStyle::State_Enabled) != 0 ? 0.45F : 0.2F);
-  if (hasFocus) colour = option.palette.color(QPalette::Highlight).lighter(120);
+  if (!hasFocus) color.setAlphaF((option.state & QStyle::State_Enabled) != 0 ? 0.45F : 0.2F);
+  if (hasFocus) color = option.palette.color(QPalette::Highlight).lighter(120);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(colour, 1));
+  painter.setPen(QPen(color, 1));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
   painter.restore();
@@ -46,9 +46,9 @@ void FaceStyle::drawItemText(QPainter* painter, const QRect& rect, int flags,
   }
   constexpr float kSmallPrint = 0.68F;
   QPalette readable = palette;
-  QColor colour = palette.color(QPalette::WindowText);
-  colour.setAlphaF(kSmallPrint);
-  readable.setColor(role, colour);
+  QColor color = palette.color(QPalette::WindowText);
+  color.setAlphaF(kSmallPrint);
+  readable.setColor(role, color);
   QProxyStyle::drawItemText(painter, rect, flags, readable, enabled, text, role);
 }
 

@@ -13,7 +13,7 @@
 #include "faces/qt/qt_text.h"
 #include "faces/qt/rows_view.h"
 #include "faces/qt/text_boxes.h"
-#include "faces/shared/back_colours.h"
+#include "faces/shared/back_colors.h"
 #include "faces/shared/case_places.h"
 #include "faces/shared/form_words.h"
 
@@ -26,13 +26,13 @@ constexpr int kTwipsPerInch = 1440;
 // no colour for inactive title bars; the window's colour around the box stands in for it.
 QPalette PaletteOf(const Control& control) {
   QPalette palette;
-  const auto asked = faces::SystemColourOf(faces::BackColorOf(control).value_or(0));
+  const auto asked = faces::SystemColorOf(faces::BackColorOf(control).value_or(0));
   if (!asked) return palette;
-  const bool isOfText = *asked == faces::SystemColour::kHighlightedText;
-  const QColor colour = palette.color(isOfText ? QPalette::HighlightedText : QPalette::Window);
+  const bool isOfText = *asked == faces::SystemColor::kHighlightedText;
+  const QColor color = palette.color(isOfText ? QPalette::HighlightedText : QPalette::Window);
   const auto rgb = [](const QColor& of) { return faces::Rgb{of.red(), of.green(), of.blue()}; };
-  if (faces::CanBeRead(rgb(palette.color(QPalette::Text)), rgb(colour)))
-    palette.setColor(QPalette::Base, colour);
+  if (faces::CanBeRead(rgb(palette.color(QPalette::Text)), rgb(color)))
+    palette.setColor(QPalette::Base, color);
   return palette;
 }
 

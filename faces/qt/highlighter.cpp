@@ -27,7 +27,7 @@ void Highlighter::SetPalette(const QPalette& palette) {
 }
 
 void Highlighter::highlightBlock(const QString& line) {
-  for (const faces::ColouredWord& word : faces::ColouredWordsOf(View(line))) {
+  for (const faces::ColoredWord& word : faces::ColoredWordsOf(View(line))) {
     setFormat(static_cast<int>(word.first), static_cast<int>(word.count),
               formats_[static_cast<std::size_t>(word.kind)]);
   }

@@ -6,7 +6,7 @@
 #include <QTextCharFormat>
 #include <array>
 
-#include "faces/shared/statement_colours.h"
+#include "faces/shared/statement_colors.h"
 
 namespace zolt20::qt {
 

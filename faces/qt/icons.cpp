@@ -10,7 +10,7 @@ namespace {
 constexpr int kSide = 16;
 constexpr qreal kScale = 4;  // sharp at 400 percent
 
-QPixmap Drawn(bool forward, const QColor& colour) {
+QPixmap Drawn(bool forward, const QColor& color) {
   QPixmap pixmap(static_cast<int>(kSide * kScale), static_cast<int>(kSide * kScale));
   pixmap.fill(Qt::transparent);
   QPainter painter(&pixmap);
@@ -20,7 +20,7 @@ QPixmap Drawn(bool forward, const QColor& colour) {
     painter.translate(kSide, 0);
     painter.scale(-1, 1);
   }
-  painter.setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   QPainterPath path(QPointF(6, 2.5));
   path.lineTo(2.5, 6);
   path.lineTo(6, 9.5);

@@ -124,10 +124,10 @@ void RowsView::DrawName(QPainter& painter, const QStyleOptionViewItem& option,
   const QRect place = option.rect.adjusted(text + 3 * kGap, 0, -kGap, 0);
   if (place.width() < option.fontMetrics.averageCharWidth() * 3) return;
   const bool isSelected = (option.state & QStyle::State_Selected) != 0;
-  QColor colour = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+  QColor color = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
   constexpr float kSmallPrint = 0.7F;
-  if (!isSelected) colour.setAlphaF(kSmallPrint);
-  painter.setPen(colour);
+  if (!isSelected) color.setAlphaF(kSmallPrint);
+  painter.setPen(color);
   painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter,
                    option.fontMetrics.elidedText(name, Qt::ElideMiddle, place.width()));
 }

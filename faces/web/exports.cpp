@@ -1,5 +1,5 @@
 // The functions that a page calls. Four groups of them stand in files of their own: lists in
-// list_exports.cpp, words in word_exports.cpp, syntax colours in colour_exports.cpp, texts and
+// list_exports.cpp, words in word_exports.cpp, syntax colours in color_exports.cpp, texts and
 // numbers in exchange.cpp.
 //
 // A call that can fail gives a Status; error_number, error_kind and error_text tell of the
@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "faces/shared/back_colours.h"
+#include "faces/shared/back_colors.h"
 #include "faces/shared/case_places.h"
 #include "faces/shared/layout.h"
 #include "faces/shared/neighbours.h"

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "faces/shared/shown_text.h"
-#include "faces/shared/statement_colours.h"
+#include "faces/shared/statement_colors.h"
 #include "faces/web/exchange.h"
 
 using namespace zolt20;

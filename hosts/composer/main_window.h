@@ -203,7 +203,7 @@ class MainWindow final : public QMainWindow {
   // Appearance and recent files.
   void ShowMap();
   void Zoom(int percent);
-  void UseColours(int colours);
+  void UseColors(int colors);
   void AddRecent(const QString& kind, const QString& path);
   void ShowRecent();
   void KeepSettings();
@@ -229,7 +229,7 @@ class MainWindow final : public QMainWindow {
   QList<QAction*> ofRule_;  // need a rule of the file
   FoldingPane showList_;
   FoldingPane showTree_;
-  QActionGroup* colours_ = nullptr;
+  QActionGroup* colors_ = nullptr;
   QMenu* recent_ = nullptr;
   EditMenu* edit_ = nullptr;
   FindBar* find_ = nullptr;

@@ -41,7 +41,7 @@ NodeText::NodeText(const QString& statement, std::unique_ptr<language::Names> na
   box_->setTabStopDistance(4 * box_->fontMetrics().horizontalAdvance(u' '));
   box_->setPlainText(statement);
   box_->document()->setModified(false);
-  colours_ = new qt::Highlighter(box_->document(), palette());
+  colors_ = new qt::Highlighter(box_->document(), palette());
   rested_->setSingleShot(true);
   rested_->setInterval(kRestMilliseconds);
   connect(rested_, &QTimer::timeout, this, &NodeText::Check);
@@ -113,7 +113,7 @@ void NodeText::reject() {
 
 void NodeText::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) {
-    colours_->SetPalette(palette());
+    colors_->SetPalette(palette());
     Check();
   }
   QDialog::changeEvent(event);

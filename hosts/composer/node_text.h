@@ -42,7 +42,7 @@ class NodeText final : public QDialog {
 
   std::unique_ptr<language::Names> names_;
   QPlainTextEdit* box_;
-  qt::Highlighter* colours_;
+  qt::Highlighter* colors_;
   ProblemList* problems_;
   QTimer* rested_;
   std::vector<language::Finding> findings_;

@@ -41,9 +41,9 @@ QString MarkOf(LineMark mark) {
 
 // Colours words as the control does, and lines that would be added or removed by a tinted
 // background.
-class RulePane::Colours final : public QSyntaxHighlighter {
+class RulePane::Colors final : public QSyntaxHighlighter {
  public:
-  Colours(QTextDocument* document, const QWidget& owner)
+  Colors(QTextDocument* document, const QWidget& owner)
       : QSyntaxHighlighter(document), owner_(owner) {}
 
   bool isMarked = false;
@@ -52,7 +52,7 @@ class RulePane::Colours final : public QSyntaxHighlighter {
   void highlightBlock(const QString& line) override {
     const int first = isMarked ? kMarkLength : 0;
     const QString text = line.mid(first);
-    for (const faces::ColouredWord& word : faces::ColouredWordsOf(View(text))) {
+    for (const faces::ColoredWord& word : faces::ColoredWordsOf(View(text))) {
       setFormat(first + static_cast<int>(word.first), static_cast<int>(word.count),
                 qt::FormatOf(word.kind, owner_.palette()));
     }
@@ -83,7 +83,7 @@ RulePane::RulePane(const QString& title, QWidget* parent)
   view_->setAccessibleName(title);
   view_->setObjectName(QStringLiteral("ruleText"));
   view_->setMinimumSize(80, 40);
-  colours_ = new Colours(view_->document(), *view_);
+  colors_ = new Colors(view_->document(), *view_);
   told_->setObjectName(QStringLiteral("ruleTold"));
   told_->setTextFormat(Qt::PlainText);
   told_->setWordWrap(true);
@@ -133,7 +133,7 @@ void RulePane::ShowRows(const QString& shown, bool isMarked) {
   const QString before = std::exchange(shown_, shown);
   const bool isPlain = !before.contains(u'\r') && !shown.contains(u'\r') &&
                        view_->document()->characterCount() == before.size() + 1;
-  if (std::exchange(colours_->isMarked, isMarked) != isMarked || !isPlain)
+  if (std::exchange(colors_->isMarked, isMarked) != isMarked || !isPlain)
     return view_->setPlainText(shown);
   const auto [here, there] =
       std::mismatch(before.cbegin(), before.cend(), shown.cbegin(), shown.cend());
@@ -198,7 +198,7 @@ void RulePane::DrawWaves() {
   for (const language::Finding& finding : waved_) {
     if (finding.line > rows.size() || rows[finding.line - 1] == kNoRow) continue;
     const int column = static_cast<int>(finding.column) - 1;
-    waves.Add(finding, rows[finding.line - 1], column + (colours_->isMarked ? kMarkLength : 0));
+    waves.Add(finding, rows[finding.line - 1], column + (colors_->isMarked ? kMarkLength : 0));
   }
   waves.Draw();
 }
@@ -213,7 +213,7 @@ void RulePane::PointAt(const QString& text, TextLines::Place from, TextLines::Pl
   const auto positionOf = [&](const TextLines::Place& place) {
     const int row = rows[static_cast<std::size_t>(place.line)];
     const QTextBlock block = view_->document()->findBlockByNumber(row);
-    return block.position() + place.column + (colours_->isMarked ? kMarkLength : 0);
+    return block.position() + place.column + (colors_->isMarked ? kMarkLength : 0);
   };
   QTextCursor cursor(view_->document());
   cursor.setPosition(positionOf(to));
@@ -227,7 +227,7 @@ std::optional<TextLines::Place> RulePane::CaretIn(const QString& text) const {
   const QTextCursor caret = view_->textCursor();
   const auto row = std::find(rows.begin(), rows.end(), caret.blockNumber());
   if (row == rows.end()) return std::nullopt;
-  const int column = caret.positionInBlock() - (colours_->isMarked ? kMarkLength : 0);
+  const int column = caret.positionInBlock() - (colors_->isMarked ? kMarkLength : 0);
   return TextLines::Place{static_cast<int>(row - rows.begin()), std::max(column, 0)};
 }
 
@@ -272,7 +272,7 @@ void RulePane::ShowMenu(const QPoint& at) {
 }
 
 void RulePane::DrawAnew() {
-  colours_->rehighlight();
+  colors_->rehighlight();
   DrawWaves();
 }
 

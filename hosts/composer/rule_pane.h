@@ -57,7 +57,7 @@ class RulePane final : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
-  class Colours;
+  class Colors;
 
   const std::vector<int>& RowsOf(const QString& text) const;
   void ShowRows(const QString& shown, bool isMarked);
@@ -67,7 +67,7 @@ class RulePane final : public QWidget {
 
   QLabel* told_;
   QPlainTextEdit* view_;
-  Colours* colours_;
+  Colors* colors_;
   FindBar* find_ = nullptr;
   QString name_;
   QString text_;

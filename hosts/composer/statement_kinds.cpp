@@ -93,40 +93,40 @@ bool IsDark(const QPalette& palette) {
 }
 
 // Draws a mark into the lower right corner of the icon, with an outline in the base colour.
-void DrawMark(QPainter& painter, Mark mark, bool isOpen, const QColor& colour, const QColor& base) {
+void DrawMark(QPainter& painter, Mark mark, bool isOpen, const QColor& color, const QColor& base) {
   const QPainterPath shape =
       PathOf(mark == Mark::kError ? "O 11.5 11.5 3.6" : "M 11.5 7.5 L 15.5 15 L 7.5 15 L 11.5 7.5");
   painter.setPen(QPen(base, 2.5));
   painter.setBrush(base);
   painter.drawPath(shape);
-  painter.setPen(QPen(colour, isOpen ? 1.5 : 0.5));
-  painter.setBrush(isOpen ? base : colour);
+  painter.setPen(QPen(color, isOpen ? 1.5 : 0.5));
+  painter.setBrush(isOpen ? base : color);
   painter.drawPath(shape);
 }
 
-struct Colours {
+struct Colors {
   QColor lines;
   QColor surfaces;
   QColor mark;
   QColor base;
 };
 
-QPixmap Drawn(const Drawing& drawing, Mark mark, bool isOpen, const Colours& colours) {
+QPixmap Drawn(const Drawing& drawing, Mark mark, bool isOpen, const Colors& colors) {
   QPixmap pixmap(kSide * kScale, kSide * kScale);
   pixmap.fill(Qt::transparent);
   QPainter painter(&pixmap);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.scale(kScale, kScale);
-  painter.fillPath(PathOf(drawing.surfaces), colours.surfaces);
-  painter.setPen(QPen(colours.lines, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.fillPath(PathOf(drawing.surfaces), colors.surfaces);
+  painter.setPen(QPen(colors.lines, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.drawPath(PathOf(drawing.lines));
-  if (mark != Mark::kNone) DrawMark(painter, mark, isOpen, colours.mark, colours.base);
+  if (mark != Mark::kNone) DrawMark(painter, mark, isOpen, colors.mark, colors.base);
   return pixmap;
 }
 
 }  // namespace
 
-QColor ColourOf(Mark mark, const QPalette& palette) {
+QColor ColorOf(Mark mark, const QPalette& palette) {
   if (mark == Mark::kError) return IsDark(palette) ? QColor(255, 105, 97) : QColor(200, 20, 20);
   return IsDark(palette) ? QColor(240, 180, 60) : QColor(190, 115, 0);
 }
@@ -162,11 +162,11 @@ QString NameOfKind(NodeKind kind) {
 }
 
 QIcon PictureOf(NodeKind kind, Mark mark, bool isOpenMark, const QPalette& palette) {
-  const Colours plain{palette.color(QPalette::Text),
-                      IsDark(palette) ? QColor(110, 170, 255) : QColor(50, 110, 190),
-                      ColourOf(mark, palette), palette.color(QPalette::Base)};
+  const Colors plain{palette.color(QPalette::Text),
+                     IsDark(palette) ? QColor(110, 170, 255) : QColor(50, 110, 190),
+                     ColorOf(mark, palette), palette.color(QPalette::Base)};
   const QColor onMarked = palette.color(QPalette::HighlightedText);
-  const Colours marked{onMarked, onMarked, ColourOf(mark, palette), palette.color(QPalette::Base)};
+  const Colors marked{onMarked, onMarked, ColorOf(mark, palette), palette.color(QPalette::Base)};
   const Drawing& drawing = kDrawings[static_cast<std::size_t>(kind)];
   QIcon icon;
   icon.addPixmap(Drawn(drawing, mark, isOpenMark, plain), QIcon::Normal);
@@ -176,8 +176,8 @@ QIcon PictureOf(NodeKind kind, Mark mark, bool isOpenMark, const QPalette& palet
 
 QIcon PictureOf(Mark mark, const QPalette& palette) {
   const char* shape = mark == Mark::kError ? "O 8 8 5" : "M 8 2.5 L 14 13.5 L 2 13.5 L 8 2.5";
-  const QColor colour = ColourOf(mark, palette);
-  return {Drawn({"", shape}, Mark::kNone, false, {colour, colour, colour, colour})};
+  const QColor color = ColorOf(mark, palette);
+  return {Drawn({"", shape}, Mark::kNone, false, {color, color, color, color})};
 }
 
 }  // namespace zolt20::composer

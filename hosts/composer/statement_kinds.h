@@ -23,6 +23,6 @@ QIcon PictureOf(language::NodeKind kind, Mark mark, bool isOpenMark, const QPale
 /// The mark alone.
 QIcon PictureOf(Mark mark, const QPalette& palette);
 /// The colour of marks and waves on the base colour of the palette.
-QColor ColourOf(Mark mark, const QPalette& palette);
+QColor ColorOf(Mark mark, const QPalette& palette);
 
 }  // namespace zolt20::composer

@@ -33,7 +33,7 @@ void Waves::Add(const language::Finding& finding, int row, int column) {
                           QTextCursor::KeepAnchor);
   const bool isError = finding.severity == language::Severity::kError;
   wave.format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
-  wave.format.setUnderlineColor(ColourOf(isError ? Mark::kError : Mark::kWarning, box_.palette()));
+  wave.format.setUnderlineColor(ColorOf(isError ? Mark::kError : Mark::kWarning, box_.palette()));
   selections_.append(wave);
 }
 

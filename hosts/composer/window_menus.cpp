@@ -114,16 +114,16 @@ void MainWindow::MakeViewMenu() {
   showList_ = FoldingPane(addPane(tr("List of &Rules"), Qt::Key_F9, *list_->parentWidget()), 860);
   showTree_ = FoldingPane(addPane(tr("&Statements"), Qt::SHIFT | Qt::Key_F9, *tree_), 1100);
   AddTo(menu, tr("&Uses of Names..."), Qt::CTRL | Qt::SHIFT | Qt::Key_U, &MainWindow::ShowUses);
-  QMenu* colours = menu->addMenu(tr("&Colours"));
-  colours_ = new QActionGroup(this);
+  QMenu* colors = menu->addMenu(tr("&Colours"));
+  colors_ = new QActionGroup(this);
   for (const QString& text : {tr("As the &System"), tr("&Light"), tr("&Dark")}) {
-    QAction* action = AddTo(colours, text, {}, [] {});
+    QAction* action = AddTo(colors, text, {}, [] {});
     action->setCheckable(true);
-    colours_->addAction(action);
+    colors_->addAction(action);
   }
-  colours_->actions().front()->setChecked(true);
-  connect(colours_, &QActionGroup::triggered, this, [this](QAction* chosen) {
-    UseColours(static_cast<int>(colours_->actions().indexOf(chosen)));
+  colors_->actions().front()->setChecked(true);
+  connect(colors_, &QActionGroup::triggered, this, [this](QAction* chosen) {
+    UseColors(static_cast<int>(colors_->actions().indexOf(chosen)));
   });
 }
 

@@ -24,12 +24,12 @@ constexpr int kSmallestZoom = 50;
 constexpr int kLargestZoom = 300;
 constexpr int kRecentFiles = 8;
 
-enum Colours { kAsTheSystem, kLight, kDark };
+enum Colors { kAsTheSystem, kLight, kDark };
 
-QPalette PaletteOf(int colours) {
-  if (colours == kAsTheSystem) return {};
-  QPalette palette(colours == kDark ? QColor(53, 53, 57) : QColor(239, 239, 239));
-  if (colours == kLight) return palette;
+QPalette PaletteOf(int colors) {
+  if (colors == kAsTheSystem) return {};
+  QPalette palette(colors == kDark ? QColor(53, 53, 57) : QColor(239, 239, 239));
+  if (colors == kLight) return palette;
   palette.setColor(QPalette::Base, QColor(35, 35, 38));
   palette.setColor(QPalette::AlternateBase, QColor(45, 45, 49));
   palette.setColor(QPalette::Link, QColor(110, 170, 255));
@@ -69,9 +69,9 @@ void MainWindow::Zoom(int percent) {
   statusBar()->showMessage(tr("Zoom: %1 %").arg(zoom_), 2000);
 }
 
-void MainWindow::UseColours(int colours) {
-  colours_->actions()[colours]->setChecked(true);
-  QApplication::setPalette(PaletteOf(colours));
+void MainWindow::UseColors(int colors) {
+  colors_->actions()[colors]->setChecked(true);
+  QApplication::setPalette(PaletteOf(colors));
 }
 
 // Recent files.
@@ -134,7 +134,7 @@ void MainWindow::UseSettings() {
   showTree_.Want(settings.value(QStringLiteral("window/statements"), true).toBool());
   const int zoom = settings.value(QStringLiteral("window/zoom"), kNormalZoom).toInt();
   if (zoom != kNormalZoom) Zoom(zoom);
-  UseColours(std::clamp(settings.value(QStringLiteral("window/colours")).toInt(), 0, int{kDark}));
+  UseColors(std::clamp(settings.value(QStringLiteral("window/colours")).toInt(), 0, int{kDark}));
 }
 
 void MainWindow::KeepSettings() {
@@ -145,7 +145,7 @@ void MainWindow::KeepSettings() {
   settings.setValue(QStringLiteral("window/panes"), split_->saveState());
   settings.setValue(QStringLiteral("window/zoom"), zoom_);
   settings.setValue(QStringLiteral("window/colours"),
-                    colours_->actions().indexOf(colours_->checkedAction()));
+                    colors_->actions().indexOf(colors_->checkedAction()));
   settings.setValue(QStringLiteral("window/list"), showList_.IsWanted());
   settings.setValue(QStringLiteral("window/statements"), showTree_.IsWanted());
 }

@@ -157,8 +157,8 @@ COLORREF BesideEverything(HWND form) {
   return screen.At(1, screen.Height() - 2);
 }
 
-TEST_F(AmbientTest, TheFormHasTheColoursOfItsContainer) {
-  container_.colours = {kPaper, kInk};
+TEST_F(AmbientTest, TheFormHasTheColorsOfItsContainer) {
+  container_.colors = {kPaper, kInk};
   Tell(DISPID_AMBIENT_BACKCOLOR);
   Activate();
   EXPECT_EQ(BesideEverything(Window()), kPaper);
@@ -169,28 +169,28 @@ TEST_F(AmbientTest, TheFormHasTheColoursOfItsContainer) {
   ReleaseDC(Window(), canvas);
 }
 
-TEST_F(AmbientTest, OtherColoursAreShownWhenItIsTold) {
+TEST_F(AmbientTest, OtherColorsAreShownWhenItIsTold) {
   Activate();
   EXPECT_EQ(BesideEverything(Window()), GetSysColor(COLOR_BTNFACE));
-  container_.colours = {kPaper, kInk};
+  container_.colors = {kPaper, kInk};
   Tell(DISPID_AMBIENT_BACKCOLOR);
   Pump();
   EXPECT_EQ(BesideEverything(Window()), kPaper);
-  container_.colours.reset();
+  container_.colors.reset();
   Tell(DISPID_UNKNOWN);
   Pump();
   EXPECT_EQ(BesideEverything(Window()), GetSysColor(COLOR_BTNFACE));
 }
 
-TEST_F(AmbientTest, ColoursThatCannotBeReadAreNotTaken) {
-  container_.colours = {kPaper, kPaper};
+TEST_F(AmbientTest, ColorsThatCannotBeReadAreNotTaken) {
+  container_.colors = {kPaper, kPaper};
   Tell(DISPID_AMBIENT_FORECOLOR);
   Activate();
   EXPECT_EQ(BesideEverything(Window()), GetSysColor(COLOR_BTNFACE));
 }
 
-TEST_F(AmbientTest, ThePictureHasTheColoursOfTheContainer) {
-  container_.colours = {kPaper, kInk};
+TEST_F(AmbientTest, ThePictureHasTheColorsOfTheContainer) {
+  container_.colors = {kPaper, kInk};
   Tell(DISPID_AMBIENT_BACKCOLOR);
   const HDC screen = GetDC(nullptr);
   const HDC canvas = CreateCompatibleDC(screen);

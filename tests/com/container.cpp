@@ -159,10 +159,10 @@ STDMETHODIMP Container::Invoke(DISPID property, REFIID /*id*/, LCID /*locale*/, 
   if (property == DISPID_AMBIENT_USERMODE) return give(userMode);
   if (property == DISPID_AMBIENT_UIDEAD) return give(uiDead);
   if (property == DISPID_AMBIENT_RIGHTTOLEFT) return give(rightToLeft);
-  if (colours && (property == DISPID_AMBIENT_BACKCOLOR || property == DISPID_AMBIENT_FORECOLOR)) {
+  if (colors && (property == DISPID_AMBIENT_BACKCOLOR || property == DISPID_AMBIENT_FORECOLOR)) {
     V_VT(value) = VT_I4;
     V_I4(value) =
-        static_cast<LONG>(property == DISPID_AMBIENT_BACKCOLOR ? colours->first : colours->second);
+        static_cast<LONG>(property == DISPID_AMBIENT_BACKCOLOR ? colors->first : colors->second);
     return S_OK;
   }
   return DISP_E_MEMBERNOTFOUND;

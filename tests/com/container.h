@@ -39,9 +39,9 @@ class Container final : public IOleClientSite,
   bool userMode = true;
   bool uiDead = false;
   bool rightToLeft = false;
-  std::optional<std::pair<COLORREF, COLORREF>> colours;  // ambient BackColor and ForeColor
-  std::function<HRESULT(const RECT&)> onPosRect;         // inside OnPosRectChange
-  std::vector<std::string> told;                         // the calls of the sites, in order
+  std::optional<std::pair<COLORREF, COLORREF>> colors;  // ambient BackColor and ForeColor
+  std::function<HRESULT(const RECT&)> onPosRect;        // inside OnPosRectChange
+  std::vector<std::string> told;                        // the calls of the sites, in order
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override;
   STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++references_); }

@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-#include "faces/shared/statement_colours.h"
+#include "faces/shared/statement_colors.h"
 #include "tests/com/com_test.h"
 #include "tests/com/schemes.h"
 
@@ -131,7 +131,7 @@ Pieces WordsOf(HWND box) {
     const String letters(text.begin() + static_cast<std::ptrdiff_t>(start),
                          text.begin() + static_cast<std::ptrdiff_t>(end));
     std::size_t done = 0;
-    for (const faces::ColouredWord& word : faces::ColouredWordsOf(letters)) {
+    for (const faces::ColoredWord& word : faces::ColoredWordsOf(letters)) {
       add(start + done, start + word.first);
       add(start + word.first, start + word.first + word.count);
       done = word.first + word.count;
@@ -233,7 +233,7 @@ class ContrastTest : public testing::TestWithParam<Scheme> {
   /// All that is in sight. The name is that of a picture.
   void ExpectTextsToBeRead(const std::wstring& picture) const;
 
-  SchemeColours colours_{GetParam()};
+  SchemeColors colors_{GetParam()};
   Container container_{Pixels(880), Pixels(680)};
 
  private:
@@ -365,8 +365,8 @@ TEST_P(ContrastTest, OfNamesBesideRowsAndOfWhatAFilterHides) {
   ExpectTextsToBeRead(L"hidden");
 }
 
-TEST_P(ContrastTest, InTheColoursOfTheContainer) {
-  container_.colours = {RGB(30, 20, 80), RGB(250, 240, 200)};
+TEST_P(ContrastTest, InTheColorsOfTheContainer) {
+  container_.colors = {RGB(30, 20, 80), RGB(250, 240, 200)};
   Play(L"where-report", 12);
   SetWindowTextW(On(L"lsttables.filter"), L"D");
   const HWND marks = On(L"lsttables.marks");
@@ -429,13 +429,13 @@ TEST_P(ContrastTest, InABoxOfStatementsByItself) {
   container.GiveUp();
 }
 
-TEST_P(ContrastTest, WhenTheColoursBecomeOthers) {
+TEST_P(ContrastTest, WhenTheColorsBecomeOthers) {
   Play(L"full-statement", -1);
   const auto& schemes = Schemes();
   const auto own = std::find_if(schemes.begin(), schemes.end(), [](const Scheme& scheme) {
     return scheme.Name() == GetParam().Name();
   });
-  const SchemeColours others(own + 1 == schemes.end() ? schemes.front() : *(own + 1));
+  const SchemeColors others(own + 1 == schemes.end() ? schemes.front() : *(own + 1));
   SendMessageW(GetWindow(container_.Window(), GW_CHILD), WM_SYSCOLORCHANGE, 0, 0);
   for (const int page : {0, 2}) {
     TurnTo(page);
@@ -443,7 +443,7 @@ TEST_P(ContrastTest, WhenTheColoursBecomeOthers) {
   }
 }
 
-TEST_P(ContrastTest, ListsAreOfTheColourOfBoxes) {
+TEST_P(ContrastTest, ListsAreOfTheColorOfBoxes) {
   Play(L"where-report", 12);
   Pump();
   const HWND list = On(L"lsttables");

@@ -66,13 +66,13 @@ TEST_F(DataTest, WhatIsNotListedIsRefused) {
 }
 
 // How many different colours there are, and how many points of the boxes' own.
-std::pair<std::size_t, int> ColoursOf(HDC canvas, int width, int height) {
-  std::map<COLORREF, int> colours;
+std::pair<std::size_t, int> ColorsOf(HDC canvas, int width, int height) {
+  std::map<COLORREF, int> colors;
   for (int y = 0; y < height; y += 3) {
     for (int x = 0; x < width; x += 3)
-      ++colours[GetPixel(canvas, x, y)];
+      ++colors[GetPixel(canvas, x, y)];
   }
-  return {colours.size(), colours[GetSysColor(COLOR_WINDOW)]};
+  return {colors.size(), colors[GetSysColor(COLOR_WINDOW)]};
 }
 
 class Canvas {
@@ -91,8 +91,8 @@ class Canvas {
   Canvas& operator=(const Canvas&) = delete;
   HDC Get() const { return canvas_; }
   void ExpectTheForm() const {
-    const auto [colours, ofBoxes] = ColoursOf(canvas_, kWidth, kHeight);
-    EXPECT_GT(colours, 3U);
+    const auto [colors, ofBoxes] = ColorsOf(canvas_, kWidth, kHeight);
+    EXPECT_GT(colors, 3U);
     EXPECT_GT(ofBoxes, 1000);
     EXPECT_NE(GetPixel(canvas_, kWidth - 2, kHeight - 2), RGB(0, 0, 0)) << "not all of it";
   }

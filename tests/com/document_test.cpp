@@ -35,13 +35,13 @@ void ExpectDrawn(IUnknown* object) {
   PatBlt(canvas, 0, 0, 400, 300, BLACKNESS);
   const RECT place{0, 0, 400, 300};
   EXPECT_EQ(OleDraw(object, DVASPECT_CONTENT, canvas, &place), S_OK);
-  std::map<COLORREF, int> colours;
+  std::map<COLORREF, int> colors;
   for (int y = 0; y < 300; y += 3) {
     for (int x = 0; x < 400; x += 3)
-      ++colours[GetPixel(canvas, x, y)];
+      ++colors[GetPixel(canvas, x, y)];
   }
-  EXPECT_GT(colours.size(), 3U);
-  EXPECT_GT(colours[GetSysColor(COLOR_WINDOW)], 1000);
+  EXPECT_GT(colors.size(), 3U);
+  EXPECT_GT(colors[GetSysColor(COLOR_WINDOW)], 1000);
   DeleteDC(canvas);
   DeleteObject(bitmap);
   ReleaseDC(nullptr, screen);

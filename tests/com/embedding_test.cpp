@@ -11,7 +11,7 @@
 #include <cstring>
 #include <map>
 
-#include "faces/shared/statement_colours.h"
+#include "faces/shared/statement_colors.h"
 #include "shell/control.h"
 #include "tests/com/com_test.h"
 #include "tests/com/message_boxes.h"
@@ -140,7 +140,7 @@ std::wstring LinesOf(HWND box) {
   return text;
 }
 
-COLORREF ColourAt(HWND box, LONG at) {
+COLORREF ColorAt(HWND box, LONG at) {
   CHARRANGE before{};
   SendMessageW(box, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&before));
   CHARRANGE character{at, at + 1};
@@ -174,27 +174,27 @@ class StatementBoxTest : public EmbeddingTest {
   HWND box_ = nullptr;
 };
 
-TEST_F(StatementBoxTest, WordsHaveTheirColoursAsLongAsTheyAreWanted) {
+TEST_F(StatementBoxTest, WordsHaveTheirColorsAsLongAsTheyAreWanted) {
   TypeInto(box_, L"if a\rprint");
-  EXPECT_EQ(ColourAt(box_, 0), OfKeyword());
-  EXPECT_EQ(ColourAt(box_, 3), CLR_DEFAULT);
+  EXPECT_EQ(ColorAt(box_, 0), OfKeyword());
+  EXPECT_EQ(ColorAt(box_, 3), CLR_DEFAULT);
   named().Put(L"Syntax_Highlight", Truth(false));
-  EXPECT_EQ(ColourAt(box_, 0), CLR_DEFAULT);
+  EXPECT_EQ(ColorAt(box_, 0), CLR_DEFAULT);
 }
 
-TEST_F(StatementBoxTest, LinesAreColouredWhenTheyComeIntoSight) {
+TEST_F(StatementBoxTest, LinesAreColoredWhenTheyComeIntoSight) {
   std::wstring text;
   for (int i = 0; i < 200; ++i)
     text += L"if a\r";
   TypeInto(box_, text.c_str());
   SendMessageW(box_, WM_VSCROLL, SB_TOP, 0);
-  EXPECT_EQ(ColourAt(box_, 0), OfKeyword());
-  EXPECT_EQ(ColourAt(box_, 5 * 100), CLR_DEFAULT);
+  EXPECT_EQ(ColorAt(box_, 0), OfKeyword());
+  EXPECT_EQ(ColorAt(box_, 5 * 100), CLR_DEFAULT);
   for (int i = 0; i < 100; ++i)
     SendMessageW(box_, WM_VSCROLL, SB_LINEDOWN, 0);
   const auto first = static_cast<LONG>(SendMessageW(box_, EM_GETFIRSTVISIBLELINE, 0, 0));
   EXPECT_GT(first, 20);
-  EXPECT_EQ(ColourAt(box_, 5 * (first + 1)), OfKeyword());
+  EXPECT_EQ(ColorAt(box_, 5 * (first + 1)), OfKeyword());
 }
 
 TEST_F(StatementBoxTest, WhatIsTypedBetweenStaysWhereItIsTyped) {
@@ -208,7 +208,7 @@ TEST_F(StatementBoxTest, WhatIsTypedBetweenStaysWhereItIsTyped) {
   EXPECT_EQ(caret.cpMax, 7);
 }
 
-TEST_F(StatementBoxTest, ColouringIsNoStepOfItsOwnForUndo) {
+TEST_F(StatementBoxTest, ColoringIsNoStepOfItsOwnForUndo) {
   TypeInto(box_, L"if");
   SendMessageW(box_, EM_UNDO, 0, 0);
   EXPECT_EQ(LinesOf(box_), L"");
@@ -231,7 +231,7 @@ TEST_F(StatementBoxTest, WhatIsPastedIsItsTextAlone) {
   SendMessageW(box_, WM_PASTE, 0, 0);
   Pump();
   EXPECT_EQ(LinesOf(box_), L"abc");
-  EXPECT_EQ(ColourAt(box_, 1), CLR_DEFAULT);
+  EXPECT_EQ(ColorAt(box_, 1), CLR_DEFAULT);
 }
 
 TEST_F(EmbeddingTest, ARequestIsAnsweredInsideItsEvent) {
@@ -361,13 +361,13 @@ TEST_F(EmbeddingTest, ItIsDrawnWithoutBeingActive) {
   EXPECT_EQ(As<IViewObject2>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, canvas,
                                      &place, nullptr, nullptr, 0),
             S_OK);
-  std::map<COLORREF, int> colours;
+  std::map<COLORREF, int> colors;
   for (int y = 0; y < 300; y += 3) {
     for (int x = 0; x < 400; x += 3)
-      ++colours[GetPixel(canvas, x, y)];
+      ++colors[GetPixel(canvas, x, y)];
   }
-  EXPECT_GT(colours.size(), 3U);
-  EXPECT_GT(colours[GetSysColor(COLOR_WINDOW)], 1000);
+  EXPECT_GT(colors.size(), 3U);
+  EXPECT_GT(colors[GetSysColor(COLOR_WINDOW)], 1000);
   EXPECT_EQ(As<IViewObject2>()->Draw(DVASPECT_ICON, -1, nullptr, nullptr, nullptr, canvas, &place,
                                      nullptr, nullptr, 0),
             DV_E_DVASPECT);

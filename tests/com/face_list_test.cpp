@@ -46,8 +46,8 @@ class ControlHands final : public WindowHands {
 class FaceListTest : public testing::TestWithParam<Json> {
  protected:
   // Two colours of the platform that may be the same.
-  FaceListTest() { SetColour(RGB(255, 250, 205)); }
-  ~FaceListTest() override { SetColour(before_); }
+  FaceListTest() { SetColor(RGB(255, 250, 205)); }
+  ~FaceListTest() override { SetColor(before_); }
 
   static void Play(FaceHands& hands) {
     for (const Json& request : Cases().catalogue())
@@ -57,9 +57,9 @@ class FaceListTest : public testing::TestWithParam<Json> {
   }
 
  private:
-  static void SetColour(COLORREF colour) {
+  static void SetColor(COLORREF color) {
     const INT element = COLOR_HIGHLIGHTTEXT;
-    SetSysColors(1, &element, &colour);
+    SetSysColors(1, &element, &color);
   }
 
   const COLORREF before_ = GetSysColor(COLOR_HIGHLIGHTTEXT);

@@ -76,10 +76,10 @@ std::string BackOf(HWND box) {
   GetClientRect(box, &place);
   RedrawWindow(box, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
   const HDC canvas = GetDC(box);
-  const COLORREF colour = GetPixel(canvas, place.right - kInText, place.bottom - kInText);
+  const COLORREF color = GetPixel(canvas, place.right - kInText, place.bottom - kInText);
   ReleaseDC(box, canvas);
-  if (colour == GetSysColor(COLOR_HIGHLIGHTTEXT)) return "highlighted text";
-  return colour == GetSysColor(COLOR_WINDOW) ? "window" : std::to_string(colour);
+  if (color == GetSysColor(COLOR_HIGHLIGHTTEXT)) return "highlighted text";
+  return color == GetSysColor(COLOR_WINDOW) ? "window" : std::to_string(color);
 }
 
 bool IsArial(HWND window) {

@@ -74,7 +74,7 @@ class LongStatementsTest : public testing::Test {
   }
   void Type(wchar_t character) const { SendMessageW(box_, WM_CHAR, character, 0); }
   /// Whether what stands there has a colour of its own.
-  bool IsColoured(LONG place) const {
+  bool IsColored(LONG place) const {
     CHARRANGE before{};
     SendMessageW(box_, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&before));
     CHARRANGE range{place, place + 1};
@@ -98,7 +98,7 @@ class LongStatementsTest : public testing::Test {
 
 constexpr LONG kLine = 17;  // as the box counts the characters of one of the lines
 
-TEST_F(LongStatementsTest, AKeyColoursItsOwnLineAndReadsNoMore) {
+TEST_F(LongStatementsTest, AKeyColorsItsOwnLineAndReadsNoMore) {
   Write(Lines(200));
   GoTo(kLine);
   Type(L'a');
@@ -124,40 +124,40 @@ TEST_F(LongStatementsTest, ATextStaysWhereItIsWhenOneTypesFarBelowItsBeginning) 
   EXPECT_LE(messages.Of(EM_SETCHARFORMAT), 2 * 4) << "just the line is coloured";
 }
 
-TEST_F(LongStatementsTest, LinesAreColouredWhenTheyComeIntoSight) {
+TEST_F(LongStatementsTest, LinesAreColoredWhenTheyComeIntoSight) {
   Write(Lines(200));
   GoTo(0);
-  EXPECT_TRUE(IsColoured(0));
-  EXPECT_FALSE(IsColoured(150 * kLine));
+  EXPECT_TRUE(IsColored(0));
+  EXPECT_FALSE(IsColored(150 * kLine));
   GoTo(150 * kLine);
-  EXPECT_TRUE(IsColoured(150 * kLine));
-  EXPECT_FALSE(IsColoured(100 * kLine));
+  EXPECT_TRUE(IsColored(150 * kLine));
+  EXPECT_FALSE(IsColored(100 * kLine));
   GoTo(100 * kLine);
-  EXPECT_TRUE(IsColoured(100 * kLine));
+  EXPECT_TRUE(IsColored(100 * kLine));
 }
 
-TEST_F(LongStatementsTest, LinesOutOfSightLoseTheirColoursToo) {
+TEST_F(LongStatementsTest, LinesOutOfSightLoseTheirColorsToo) {
   Write(Lines(200));
   GoTo(150 * kLine);
-  EXPECT_TRUE(IsColoured(150 * kLine));
+  EXPECT_TRUE(IsColored(150 * kLine));
   GoTo(0);
-  EXPECT_TRUE(IsColoured(0));
+  EXPECT_TRUE(IsColored(0));
   EXPECT_EQ(named().Put(L"Syntax_Highlight", Truth(false)), S_OK);
   Pump();
-  EXPECT_FALSE(IsColoured(0));
-  EXPECT_FALSE(IsColoured(150 * kLine));
+  EXPECT_FALSE(IsColored(0));
+  EXPECT_FALSE(IsColored(150 * kLine));
 }
 
-TEST_F(LongStatementsTest, AWordThatGrowsToAKeywordGetsItsColour) {
+TEST_F(LongStatementsTest, AWordThatGrowsToAKeywordGetsItsColor) {
   Write(L"selec\r\nfrom x\r\n");
-  EXPECT_FALSE(IsColoured(0));
+  EXPECT_FALSE(IsColored(0));
   GoTo(5);
   Type(L't');
-  EXPECT_TRUE(IsColoured(0));
-  EXPECT_TRUE(IsColoured(7));
+  EXPECT_TRUE(IsColored(0));
+  EXPECT_TRUE(IsColored(7));
   SendMessageW(box_, WM_KEYDOWN, VK_BACK, 0);
-  EXPECT_FALSE(IsColoured(0));
-  EXPECT_TRUE(IsColoured(6));
+  EXPECT_FALSE(IsColored(0));
+  EXPECT_TRUE(IsColored(6));
 }
 
 TEST_F(LongStatementsTest, TheControlHasWhatTheBoxShows) {

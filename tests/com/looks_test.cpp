@@ -42,14 +42,14 @@ TEST_F(LooksTest, EveryBoxHasTheSameBorder) {
     const RECT place = PlaceOf(box);
     const int x = (place.left + place.right) / 2;
     const int y = (place.top + place.bottom) / 2;
-    std::vector<COLORREF> colours;
+    std::vector<COLORREF> colors;
     for (int i = 0; i < 2; ++i) {
       for (const COLORREF each :
            {screen.At(x, place.top + i), screen.At(place.left + i, y),
             screen.At(x, place.bottom - 1 - i), screen.At(place.right - 1 - i, y)})
-        colours.push_back(each);
+        colors.push_back(each);
     }
-    return colours;
+    return colors;
   };
   EXPECT_EQ(border(On(L"TxtOutput")), border(On(L"lstFunctions")));
   EXPECT_EQ(border(On(L"TxtOutput")), border(On(L"lstSelectedFields")));
@@ -69,9 +69,9 @@ TEST_F(LooksTest, BesideTheTabsIsTheForm) {
                              GetSysColor(COLOR_BTNFACE));
 }
 
-TEST_F(LooksTest, BesideTheTabsIsTheFormInTheColoursOfItsContainerToo) {
+TEST_F(LooksTest, BesideTheTabsIsTheFormInTheColorsOfItsContainerToo) {
   constexpr COLORREF kPaper = RGB(250, 240, 200);
-  container_.colours = {kPaper, RGB(60, 20, 0)};
+  container_.colors = {kPaper, RGB(60, 20, 0)};
   com::Query<IOleControl>(container_.Control())->OnAmbientPropertyChange(DISPID_UNKNOWN);
   Activate();
   ExpectTheFormBesideTheTabs(Screen(container_.Window()), PlaceOf(On(L"tabVrn")), kPaper);

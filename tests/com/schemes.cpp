@@ -10,13 +10,13 @@ namespace {
 constexpr COLORREF kBlack = RGB(0, 0, 0);
 constexpr COLORREF kWhite = RGB(255, 255, 255);
 
-double Luminance(COLORREF colour) {
+double Luminance(COLORREF color) {
   const auto part = [](int value) {
     const double share = value / 255.0;
     return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
   };
-  return 0.2126 * part(GetRValue(colour)) + 0.7152 * part(GetGValue(colour)) +
-         0.0722 * part(GetBValue(colour));
+  return 0.2126 * part(GetRValue(color)) + 0.7152 * part(GetGValue(color)) +
+         0.0722 * part(GetBValue(color));
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ const std::vector<Scheme>& Schemes() {
   return schemes;
 }
 
-SchemeColours::SchemeColours(const Scheme& scheme) {
+SchemeColors::SchemeColors(const Scheme& scheme) {
   const std::pair<int, COLORREF> wanted[] = {
       {COLOR_BTNFACE, scheme.face.first},
       {COLOR_BTNTEXT, scheme.face.second},
@@ -80,16 +80,16 @@ SchemeColours::SchemeColours(const Scheme& scheme) {
       {COLOR_3DLIGHT, scheme.face.first},
       {COLOR_SCROLLBAR, scheme.face.first},
   };
-  std::vector<COLORREF> colours;
-  for (const auto& [number, colour] : wanted) {
+  std::vector<COLORREF> colors;
+  for (const auto& [number, color] : wanted) {
     numbers_.push_back(number);
     before_.push_back(GetSysColor(number));
-    colours.push_back(colour);
+    colors.push_back(color);
   }
-  SetSysColors(static_cast<int>(numbers_.size()), numbers_.data(), colours.data());
+  SetSysColors(static_cast<int>(numbers_.size()), numbers_.data(), colors.data());
 }
 
-SchemeColours::~SchemeColours() {
+SchemeColors::~SchemeColors() {
   SetSysColors(static_cast<int>(numbers_.size()), numbers_.data(), before_.data());
 }
 
@@ -99,19 +99,19 @@ double Contrast(COLORREF one, COLORREF other) {
 }
 
 double ContrastAt(const Screen& screen, const RECT& place) {
-  std::map<COLORREF, int> colours;
+  std::map<COLORREF, int> colors;
   for (LONG y = place.top; y < place.bottom; ++y) {
     for (LONG x = place.left; x < place.right; ++x)
-      ++colours[screen.At(x, y)];
+      ++colors[screen.At(x, y)];
   }
-  if (colours.empty()) return 0;
+  if (colors.empty()) return 0;
   const COLORREF behind =
-      std::max_element(colours.begin(), colours.end(), [](const auto& one, const auto& other) {
+      std::max_element(colors.begin(), colors.end(), [](const auto& one, const auto& other) {
         return one.second < other.second;
       })->first;
   double most = 0;
-  for (const auto& [colour, count] : colours)
-    most = std::max(most, Contrast(colour, behind));
+  for (const auto& [color, count] : colors)
+    most = std::max(most, Contrast(color, behind));
   return most;
 }
 

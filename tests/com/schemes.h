@@ -30,12 +30,12 @@ struct Scheme {
 const std::vector<Scheme>& Schemes();
 
 /// Sets the system's colours to the scheme as long as the object lives.
-class SchemeColours {
+class SchemeColors {
  public:
-  explicit SchemeColours(const Scheme& scheme);
-  ~SchemeColours();
-  SchemeColours(const SchemeColours&) = delete;
-  SchemeColours& operator=(const SchemeColours&) = delete;
+  explicit SchemeColors(const Scheme& scheme);
+  ~SchemeColors();
+  SchemeColors(const SchemeColors&) = delete;
+  SchemeColors& operator=(const SchemeColors&) = delete;
 
  private:
   std::vector<int> numbers_;

@@ -91,7 +91,7 @@ class TextBoxTest : public testing::Test {
     return V_VT(&value) == VT_I4 ? V_I4(&value) : V_BOOL(&value);
   }
   HWND Window() const { return reinterpret_cast<HWND>(static_cast<LONG_PTR>(ReadNumber(L"hWnd"))); }
-  bool IsColoured(LONG place) const {
+  bool IsColored(LONG place) const {
     CHARRANGE range{place, place + 1};
     SendMessageW(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
     CHARFORMAT2W format{};
@@ -115,16 +115,16 @@ TEST_F(TextBoxTest, ATextIsReadBackExactly) {
   EXPECT_EQ(named().Text(L"Text"), text);
 }
 
-TEST_F(TextBoxTest, HighlightGivesWordsTheirColoursAndTakesThem) {
+TEST_F(TextBoxTest, HighlightGivesWordsTheirColorsAndTakesThem) {
   EXPECT_EQ(ReadNumber(L"Highlight"), VARIANT_FALSE);
   EXPECT_EQ(named().Put(L"Text", L"select x"), S_OK);
   Activate();
-  EXPECT_FALSE(IsColoured(0));
+  EXPECT_FALSE(IsColored(0));
   EXPECT_EQ(named().Put(L"Highlight", Truth(true)), S_OK);
-  EXPECT_TRUE(IsColoured(0));
-  EXPECT_FALSE(IsColoured(7));
+  EXPECT_TRUE(IsColored(0));
+  EXPECT_FALSE(IsColored(7));
   EXPECT_EQ(named().Put(L"Highlight", Truth(false)), S_OK);
-  EXPECT_FALSE(IsColoured(0));
+  EXPECT_FALSE(IsColored(0));
 }
 
 TEST_F(TextBoxTest, LinesGoOnBelowAtTheRightMargin) {

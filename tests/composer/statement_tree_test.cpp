@@ -308,7 +308,7 @@ TEST_F(StatementTreeTest, ScreenReadersHearKindDepthBeginAndEnd) {
   EXPECT_EQ(heard("c = 1"), "Statement: c = 1|Depth 3, line 3. Sets c to 1.");
 }
 
-TEST_F(StatementTreeTest, EachKindHasAPictureOfItsOwnInLightAndInDarkColours) {
+TEST_F(StatementTreeTest, EachKindHasAPictureOfItsOwnInLightAndInDarkColors) {
   Open(kLoop);
   const QImage loop = PictureOf(Row("for :var.i = 1 to 3"));
   EXPECT_NE(loop, PictureOf(Row("if :var.i > 2 then")));
@@ -375,21 +375,21 @@ TEST_F(StatementTreeTest, AProblemLeadsToItsPlaceByAClickAndByEnter) {
   EXPECT_EQ(Current(), "endif");
 }
 
-TEST_F(StatementTreeTest, WavesAndWordsTakeTheColoursOfTheWindow) {
+TEST_F(StatementTreeTest, WavesAndWordsTakeTheColorsOfTheWindow) {
   Open(kWrong);
   WaitForCheck();
-  const auto colours = [&] {
+  const auto colors = [&] {
     QTest::qWait(20);
     const QColor word =
         RuleBox().document()->firstBlock().layout()->formats()[0].format.foreground().color();
     return std::pair(word, RuleBox().extraSelections()[0].format.underlineColor());
   };
-  const auto light = colours();
+  const auto light = colors();
   const QPalette before = QApplication::palette();
   QPalette dark(QColor(53, 53, 57));
   dark.setColor(QPalette::Base, QColor(35, 35, 38));
   QApplication::setPalette(dark);
-  const auto now = colours();
+  const auto now = colors();
   QApplication::setPalette(before);
   EXPECT_GT(now.first.lightness(), light.first.lightness());
   EXPECT_GT(now.second.lightness(), light.second.lightness());

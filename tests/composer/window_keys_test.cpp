@@ -140,7 +140,7 @@ TEST_F(WindowKeysTest, TheStatusBarTellsOfTheTextWithTheFocus) {
   EXPECT_EQ(status(), "Line 4, column 1   Statements: 3   Depth: 2");
 }
 
-TEST_F(WindowKeysTest, ZoomAndColoursAreTakenAtOnceAndComeBack) {
+TEST_F(WindowKeysTest, ZoomAndColorsAreTakenAtOnceAndComeBack) {
   window().UseSettings();
   const qreal before = window().map().font().pointSizeF();
   PressKeys(Qt::CTRL | Qt::Key_Plus);

@@ -81,10 +81,10 @@ std::string BackOf(QWidget& widget) {
   if (const auto* area = qobject_cast<const QAbstractScrollArea*>(&widget)) box = area->viewport();
   const QImage drawn = box->grab().toImage();
   constexpr int kFromEdge = 4;
-  const QColor colour = drawn.pixelColor(drawn.width() - kFromEdge, drawn.height() - kFromEdge);
+  const QColor color = drawn.pixelColor(drawn.width() - kFromEdge, drawn.height() - kFromEdge);
   const QPalette palette;
-  if (colour == palette.color(QPalette::HighlightedText)) return "highlighted text";
-  return colour == palette.color(QPalette::Base) ? "window" : Std(colour.name());
+  if (color == palette.color(QPalette::HighlightedText)) return "highlighted text";
+  return color == palette.color(QPalette::Base) ? "window" : Std(color.name());
 }
 
 }  // namespace

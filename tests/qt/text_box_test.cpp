@@ -29,7 +29,7 @@ class SyntTextBoxTest : public testing::Test {
   }
 
   QPlainTextEdit& Lines() const { return *box_->findChild<QPlainTextEdit*>(); }
-  bool IsColoured(int line) const {
+  bool IsColored(int line) const {
     return !Lines().document()->findBlockByNumber(line).layout()->formats().isEmpty();
   }
   /// How many lines are seen of the first.
@@ -55,18 +55,18 @@ TEST_F(SyntTextBoxTest, ATextIsReadBackExactly) {
   EXPECT_EQ(changes.count(), 1);
 }
 
-TEST_F(SyntTextBoxTest, HighlightGivesWordsTheirColoursAndTakesThem) {
+TEST_F(SyntTextBoxTest, HighlightGivesWordsTheirColorsAndTakesThem) {
   const QSignalSpy changes(box_, &ZOLT21SyntTextBox::highlightChanged);
   box_->setText(QStringLiteral("select x\nx"));
   EXPECT_FALSE(box_->highlight());
-  EXPECT_FALSE(IsColoured(0));
+  EXPECT_FALSE(IsColored(0));
   box_->setHighlight(true);
   QTest::qWait(0);
-  EXPECT_TRUE(IsColoured(0));
-  EXPECT_FALSE(IsColoured(1));
+  EXPECT_TRUE(IsColored(0));
+  EXPECT_FALSE(IsColored(1));
   box_->setHighlight(false);
   QTest::qWait(0);
-  EXPECT_FALSE(IsColoured(0));
+  EXPECT_FALSE(IsColored(0));
   EXPECT_EQ(changes.count(), 2);
 }
 

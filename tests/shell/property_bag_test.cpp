@@ -185,7 +185,7 @@ TEST_F(PropertyBagTest, ThePageCodeIsKeptAcrossAReload) {
   EXPECT_EQ(host().prpStrSQLPart(), u"O");
 }
 
-TEST_F(PropertyBagTest, DepthColouringAndBoxesAreNotKept) {
+TEST_F(PropertyBagTest, DepthColoringAndBoxesAreNotKept) {
   host().prpintTabcount(3);
   host().Syntax_Highlight(true);
   Type("TxtOutput", "x");

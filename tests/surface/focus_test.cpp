@@ -144,7 +144,7 @@ TEST_F(FocusTest, ADisabledFrameDoesNotKeepItFromWhatItHolds) {
   EXPECT_EQ(Events(), (Texts{"Click tabVrn 0", "GotFocus optFor"}));
 }
 
-TEST_F(FocusTest, ABoxWithColoursRaisesTabChainWhenItTakesIt) {
+TEST_F(FocusTest, ABoxWithColorsRaisesTabChainWhenItTakesIt) {
   form.TxtOutput.SetFocus();
   EXPECT_EQ(Events(), (Texts{"GotFocus TxtOutput", "TabChain TxtOutput"}));
   form.TxtOutput.SetFocus();

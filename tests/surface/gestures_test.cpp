@@ -462,7 +462,7 @@ TEST_F(GesturesTest, TypingRunsNoKeyPress) {
   EXPECT_EQ(Events(), (Texts{"GotFocus txtAsSet", "Change txtAsSet"}));
 }
 
-TEST_F(GesturesTest, TypingIntoABoxWithColoursFiresNoChange) {
+TEST_F(GesturesTest, TypingIntoABoxWithColorsFiresNoChange) {
   Page(2);
   form.UserType(form.txtSelectDo, u"a\r\nb");
   EXPECT_EQ(form.txtSelectDo.Text(), u"a\r\nb");

@@ -5,7 +5,7 @@ namespace {
 
 using SurfaceSnapshotTest = BareFormTest;
 
-TEST_F(SurfaceSnapshotTest, TextsCaretsAndColoursComeBack) {
+TEST_F(SurfaceSnapshotTest, TextsCaretsAndColorsComeBack) {
   form.txtCond.Text(u"abc");
   form.txtCond.SelStart(2);
   form.TxtOutput.Text(u"x");

@@ -196,7 +196,7 @@ class Pair {
       takesDigits: this.isByKeys,
     };
     /** @type {boolean | undefined} Whether words are coloured in the element that is there. */
-    this.isColoured = undefined;
+    this.isColored = undefined;
     /** @type {Spot} */
     this.place = {x: 0, y: 0, width: 0, height: 0, line: 0, top: 0, free: 0};
     /** @type {Omit<Like, 'look'>} */
@@ -206,17 +206,17 @@ class Pair {
   }
 
   // A new element with this box in sight. In every other course the words have their colours.
-  /** @type {(isColoured: boolean) => Promise<void>} */
-  async open(isColoured) {
+  /** @type {(isColored: boolean) => Promise<void>} */
+  async open(isColored) {
     await person.makeNew('{"new":{}}');
     await person.page.evaluate(
-      ([coloured]) =>
+      ([colored]) =>
         Object.assign(host.element, {
-          Syntax_Highlight: coloured,
+          Syntax_Highlight: colored,
           PrpStrTables: 'ORDERITM0,ORDERLIN1',
           PrpStrFields: 'long*Q*V*R*N*YORDERITM.NO*Q*V*R*N*number',
         }),
-      [isColoured],
+      [isColored],
     );
     await person.clickRow('lsttables', 0);
     if (this.page !== 0) await person.tab(this.page);
@@ -233,9 +233,9 @@ class Pair {
   // plain box is made like it.
   /** @type {(course: BoxCourse) => Promise<void>} */
   async begin({seed, text}) {
-    const isColoured = seed % 2 === 0;
-    if (this.isColoured !== isColoured) await this.open(isColoured);
-    this.isColoured = isColoured;
+    const isColored = seed % 2 === 0;
+    if (this.isColored !== isColored) await this.open(isColored);
+    this.isColored = isColored;
     await person.focus(this.box);
     await this.giveText('before');
     await this.giveText(text);
@@ -278,7 +278,7 @@ class Pair {
     for (const [at, key] of course.keys.entries()) {
       what = await this.playKey(key);
       if (what !== '') {
-        this.isColoured = undefined;
+        this.isColored = undefined;
         return {keys: at + 1, what: `after ${writtenOf(key)} ${what}`};
       }
     }

@@ -132,13 +132,13 @@ describe('a plain edit', () => {
 
 describe('the colour behind a text', () => {
   /// Those of the box with a text that is meant to be highlighted, and of one that takes nothing.
-  const coloursIn = async (/** @type {'light' | 'dark'} */ colorScheme) => {
+  const colorsIn = async (/** @type {'light' | 'dark'} */ colorScheme) => {
     await person.page.emulateMedia({colorScheme});
     return person.page.evaluate(() => {
       const ruler = document.createElement('span');
       document.body.append(ruler);
-      const numbersOf = (/** @type {string} */ colour) => {
-        ruler.style.color = colour;
+      const numbersOf = (/** @type {string} */ color) => {
+        ruler.style.color = color;
         return getComputedStyle(ruler).color;
       };
       const behind = (/** @type {string} */ box, /** @type {string} */ around) =>
@@ -161,10 +161,10 @@ describe('the colour behind a text', () => {
     await person.pick('cboWhereFields', 0);
     await person.pick('cboOper', 7);
     assert.notEqual((await controls()).txtCondition.Text, '');
-    const light = await coloursIn('light');
+    const light = await colorsIn('light');
     assert.equal(light.meant, light.highlighted);
     assert.equal(light.inactive, light.takesNothing);
-    const dark = await coloursIn('dark');
+    const dark = await colorsIn('dark');
     assert.equal(dark.meant, dark.field);
     assert.equal(dark.inactive, dark.takesNothing);
     assert.notEqual(dark.field, dark.highlighted);
@@ -180,7 +180,7 @@ describe('the colour behind a text', () => {
       const {parentElement} = host.element;
       parentElement?.insertBefore(host.element, host.element.nextSibling);
     });
-    const {meant, highlighted} = await coloursIn('dark');
+    const {meant, highlighted} = await colorsIn('dark');
     assert.equal(meant, highlighted);
     await person.page.emulateMedia({colorScheme: 'light'});
   });

@@ -238,7 +238,7 @@ describe('the members', () => {
     });
     await person.takeLog();
     const before = await person.dump();
-    const [count, isColoured, isOn] = await page.evaluate(
+    const [count, isColored, isOn] = await page.evaluate(
       (names) => {
         for (const name of [...names, 'undoEnabled']) {
           for (const nothing of [undefined, null]) host.element[name] = nothing;
@@ -251,7 +251,7 @@ describe('the members', () => {
       },
       kMembers.filter(({canSet}) => canSet).map(({name}) => name),
     );
-    assert.deepEqual([count, isColoured, isOn], [2, true, false]);
+    assert.deepEqual([count, isColored, isOn], [2, true, false]);
     assert.deepEqual(await person.dump(), before);
     assert.deepEqual(await person.takeLog(), []);
   });

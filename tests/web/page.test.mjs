@@ -924,20 +924,20 @@ describe('the page of examples/web', () => {
     await visitor.page.getByRole('radio', {name: 'Light'}).click();
     assert.equal(await ground(), light);
     await visitor.page.getByRole('radio', {name: 'Dark'}).click();
-    const isColoured = async () => (await visitor.dump()).controls.TxtOutput.Highlight;
-    assert.equal(await isColoured(), true);
+    const isColored = async () => (await visitor.dump()).controls.TxtOutput.Highlight;
+    assert.equal(await isColored(), true);
     await visitor.page.getByRole('switch').click();
-    assert.equal(await isColoured(), false);
+    assert.equal(await isColored(), false);
     await visitor.page.reload();
     await visitor.page.locator('main zolt20-map-control').waitFor();
     await visitor.page.addScriptTag({url: '/tests/host.js'});
     await visitor.turnToFront();
     assert.equal(await ground(), dark);
-    assert.equal(await isColoured(), false);
+    assert.equal(await isColored(), false);
     await visitor.page.getByRole('switch').click();
-    assert.equal(await isColoured(), true);
+    assert.equal(await isColored(), true);
     await visitor.click('undo');
-    assert.equal(await isColoured(), false);
+    assert.equal(await isColored(), false);
     assert.ok(
       !(await visitor.page.getByRole('switch').isChecked()),
       'the switch shows what undo brought',

@@ -58,7 +58,7 @@ const press = async (page, keys) => {
 };
 /// The words in sight that have colours, and the rows that the text takes.
 /** @type {(page: Page) => Promise<string[]>} */
-const colours = (page) =>
+const colors = (page) =>
   page.evaluate(async () => {
     await new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done)));
     const words = [...(box.shadowRoot?.querySelectorAll('.word') ?? [])];
@@ -171,20 +171,20 @@ describe('a person', () => {
 describe('the colours', () => {
   withBox('are those of the words, while Highlight is on', async (page) => {
     await write(page, {Text: 'select x\nx'});
-    assert.deepEqual(await colours(page), []);
+    assert.deepEqual(await colors(page), []);
     await write(page, {Highlight: true});
-    assert.deepEqual(await colours(page), ['select']);
+    assert.deepEqual(await colors(page), ['select']);
     await press(page, ['Tab', 'Control+End', 'Enter', 'i', 'f', ' ']);
-    assert.deepEqual(await colours(page), ['select', 'if']);
+    assert.deepEqual(await colors(page), ['select', 'if']);
     await write(page, {Highlight: false});
-    assert.deepEqual(await colours(page), []);
+    assert.deepEqual(await colors(page), []);
   });
 
   // Each word has its colour where the box has its letters.
   withBox('stand under their words where lines go on below', async (page) => {
     const line = `if ( :var.a = "${'text '.repeat(8)}" ) then select ${'condition '.repeat(30)}`;
     await write(page, {Text: `${line}\r\n${line}\nendif`, Highlight: true, rightmargin: 4000});
-    const found = await colours(page);
+    const found = await colors(page);
     assert.ok(found.length > 6, found.join());
     const heights = await page.evaluate(() => {
       /** @type {NodeListOf<HTMLElement> | undefined} */
@@ -204,9 +204,9 @@ describe('the colours', () => {
   withBox('come to what is scrolled into sight', async (page) => {
     const text = `${'plain '.repeat(60)}\n`.repeat(60);
     await write(page, {Text: `${text}endif`, Highlight: true});
-    assert.deepEqual(await colours(page), []);
+    assert.deepEqual(await colors(page), []);
     await press(page, ['Tab', 'Control+End']);
-    assert.deepEqual(await colours(page), ['endif']);
+    assert.deepEqual(await colors(page), ['endif']);
   });
 });
 

@@ -20,14 +20,14 @@ void ReadAmbient(IOleClientSite* site, DISPID property, VARTYPE type, Value& val
   if (FAILED(result) || FAILED(VariantChangeType(&value, &value, 0, type))) VariantClear(&value);
 }
 
-std::optional<COLORREF> AmbientColour(IOleClientSite* site, DISPID property) {
+std::optional<COLORREF> AmbientColor(IOleClientSite* site, DISPID property) {
   Value value;
   ReadAmbient(site, property, VT_I4, value);
-  COLORREF colour = 0;
+  COLORREF color = 0;
   if (value->vt != VT_I4 ||
-      FAILED(OleTranslateColor(static_cast<OLE_COLOR>(value->lVal), nullptr, &colour)))
+      FAILED(OleTranslateColor(static_cast<OLE_COLOR>(value->lVal), nullptr, &color)))
     return std::nullopt;
-  return colour;
+  return color;
 }
 
 }  // namespace
@@ -44,8 +44,8 @@ void MapControl::ReadAmbients() {
   const bool isAtWork =
       IsAmbient(DISPID_AMBIENT_USERMODE, true) && !IsAmbient(DISPID_AMBIENT_UIDEAD, false);
   const FormLook before = look_;
-  look_ = FormLook(AmbientColour(site_.Get(), DISPID_AMBIENT_BACKCOLOR),
-                   AmbientColour(site_.Get(), DISPID_AMBIENT_FORECOLOR),
+  look_ = FormLook(AmbientColor(site_.Get(), DISPID_AMBIENT_BACKCOLOR),
+                   AmbientColor(site_.Get(), DISPID_AMBIENT_FORECOLOR),
                    IsAmbient(DISPID_AMBIENT_RIGHTTOLEFT, false));
   if (look_ != before) isPictureOld_ = true;
   if (window_ && look_.IsMirrored() != before.IsMirrored()) TurnForm();

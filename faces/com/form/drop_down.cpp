@@ -73,7 +73,7 @@ void DropDown::Open(HWND combo, HWND focus) {
   isPressed_ = false;
   for (const HWND part : {line_, entries_})
     SendMessageW(part, WM_SETFONT, reinterpret_cast<WPARAM>(owner_.FontOf(combo_)), FALSE);
-  UseBoxColours(entries_);
+  UseBoxColors(entries_);
   SetWindowTextW(line_, L"");
   drawn_.SetFilter({});
   drawn_.Refresh();

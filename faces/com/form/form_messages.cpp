@@ -94,7 +94,7 @@ LRESULT FormWindow::OnRoot(HWND window, UINT message, WPARAM wide, LPARAM longer
     case WM_CTLCOLORBTN:
     case WM_CTLCOLORLISTBOX:
       if (const HBRUSH brush =
-              OnColour(reinterpret_cast<HDC>(wide), reinterpret_cast<HWND>(longer))) {
+              OnColor(reinterpret_cast<HDC>(wide), reinterpret_cast<HWND>(longer))) {
         return reinterpret_cast<LRESULT>(brush);
       }
       break;
@@ -167,7 +167,7 @@ void FormWindow::OnOwn(UINT message) {
       ResolutionChanged();
       break;
     default:
-      ColoursChanged();
+      ColorsChanged();
       break;
   }
 }
@@ -197,7 +197,7 @@ void FormWindow::DrawPanel(HWND window) {
   EndPaint(window, &paint);
 }
 
-HBRUSH FormWindow::OnColour(HDC canvas, HWND window) const {
+HBRUSH FormWindow::OnColor(HDC canvas, HWND window) const {
   ControlView* view = ViewOf(window);
   if (view == nullptr) view = ViewOf(GetParent(window));  // the edit of a combo
   if (view != nullptr) return view->Brush(canvas);

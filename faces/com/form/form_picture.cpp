@@ -87,14 +87,14 @@ class Picture {
   }
 
   // A button has its own background, on which only the system's text colour is sure to be readable.
-  COLORREF TextColourOf(const Control& control) const {
+  COLORREF TextColorOf(const Control& control) const {
     if (!control.Enabled()) return GetSysColor(COLOR_GRAYTEXT);
     return control.kind() == Kind::Button ? GetSysColor(COLOR_BTNTEXT) : look_.Text();
   }
 
   void DrawControl(const Control& control) {
     RECT rect = RectOf(control);
-    SetTextColor(canvas_, TextColourOf(control));
+    SetTextColor(canvas_, TextColorOf(control));
     SelectObject(canvas_, (control.design().style & kArial) != 0 ? arial_.get() : verdana_.get());
     switch (control.kind()) {
       case Kind::TabStrip:

@@ -389,7 +389,7 @@ void FormWindow::ResolutionChanged() {
   ShowChanges();
 }
 
-void FormWindow::ColoursChanged() {
+void FormWindow::ColorsChanged() {
   for (const auto& [control, view] : views_) {
     SendMessageW(view->window(), WM_SYSCOLORCHANGE, 0, 0);
     view->LooksChanged();

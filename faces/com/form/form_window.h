@@ -140,7 +140,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   HWND ParentOf(const Control& control) const;
   void MakeFonts();
   void ResolutionChanged();
-  void ColoursChanged();
+  void ColorsChanged();
 
   void TakeLeave();
   void Forget();
@@ -170,7 +170,7 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   void OnCommand(HWND from, int code);
   bool OnView(ControlView& view, UINT message, WPARAM wide, LPARAM longer);
   void OnFocus(HWND window, bool came, HWND other);
-  HBRUSH OnColour(HDC canvas, HWND window) const;
+  HBRUSH OnColor(HDC canvas, HWND window) const;
   void DrawPanel(HWND window);
   bool OnScrollBar(UINT message, WPARAM wide, LPARAM longer);
   bool OnKey(ControlView& view, WPARAM key);

@@ -33,7 +33,7 @@ class ListWindow final : public ViewOf<ListBox> {
 
   void Show(const faces::Change& change) override;
   void Place(const RECT& place) override;
-  void LooksChanged() override { UseBoxColours(window()); }
+  void LooksChanged() override { UseBoxColors(window()); }
   LRESULT OnNotify(NMHDR& notice) override;
   bool OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
   bool OnKey(WPARAM key) override;
@@ -50,7 +50,7 @@ class ListWindow final : public ViewOf<ListBox> {
   void SetState(int row, UINT state, UINT mask);
   void GiveRow(LVITEMW& item) const;
   LRESULT DrawRow(NMLVCUSTOMDRAW& draw);
-  void GiveColours(NMLVCUSTOMDRAW& draw, bool isName) const;
+  void GiveColors(NMLVCUSTOMDRAW& draw, bool isName) const;
   void TakeMark(const NMLISTVIEW& change);
   void Press(POINT point, bool isCountedTwo);
   int Current() const {
@@ -89,7 +89,7 @@ ListWindow::ListWindow(ViewOwner& owner, const ListBox& list)
     Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
   }
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, wanted, static_cast<LPARAM>(wanted));
-  UseBoxColours(window());
+  UseBoxColors(window());
 }
 
 // What is shown.
@@ -262,14 +262,14 @@ LRESULT ListWindow::DrawRow(NMLVCUSTOMDRAW& draw) {
   const bool isColumn = draw.nmcd.dwDrawStage == kColumn;
   isDrawing_ = isColumn || draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT;
   if (!isDrawing_) return CDRF_DODEFAULT;
-  GiveColours(draw, isColumn && draw.iSubItem == kNames);
+  GiveColors(draw, isColumn && draw.iSubItem == kNames);
   if (isColumn) return CDRF_DODEFAULT;
   return CDRF_NOTIFYPOSTPAINT | (drawn_.HasNames() ? CDRF_NOTIFYSUBITEMDRAW : 0);
 }
 
 // Custom draw: a mark looks the same whether the list has the focus or not, since the form is about
 // marks. A name is drawn in a weaker colour than the text of its row.
-void ListWindow::GiveColours(NMLVCUSTOMDRAW& draw, bool isName) const {
+void ListWindow::GiveColors(NMLVCUSTOMDRAW& draw, bool isName) const {
   const ListBox& list = control();
   const int row = drawn_.ControlRow(static_cast<int>(draw.nmcd.dwItemSpec));
   if (row >= 0 && !list.HasCheckBoxes() && list.Selected(row) && list.Enabled()) {

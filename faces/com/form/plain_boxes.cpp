@@ -7,7 +7,7 @@
 
 #include "faces/com/com_text.h"
 #include "faces/com/form/readable.h"
-#include "faces/shared/back_colours.h"
+#include "faces/shared/back_colors.h"
 #include "faces/shared/shown_text.h"
 
 namespace zolt20::com {
@@ -15,10 +15,10 @@ namespace {
 
 // The platform's colour for a BackColor: a plain number is 0xBBGGRR, a system colour has the top
 // bit set. The fallback for a colour on which the text could not be read is the form's.
-COLORREF ColourOf(unsigned backColor, COLORREF text) {
-  constexpr unsigned kSystemColour = 0x80000000;
-  if ((backColor & kSystemColour) == 0) return GetSysColor(COLOR_WINDOW);
-  const COLORREF meant = GetSysColor(static_cast<int>(backColor & ~kSystemColour));
+COLORREF ColorOf(unsigned backColor, COLORREF text) {
+  constexpr unsigned kSystemColor = 0x80000000;
+  if ((backColor & kSystemColor) == 0) return GetSysColor(COLOR_WINDOW);
+  const COLORREF meant = GetSysColor(static_cast<int>(backColor & ~kSystemColor));
   return CanBeRead(text, meant) ? meant : GetSysColor(COLOR_BTNFACE);
 }
 
@@ -57,7 +57,7 @@ void PasteText(HWND box) {
   if (!text.empty()) SendMessageW(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(text)));
 }
 
-void UseBoxColours(HWND list) {
+void UseBoxColors(HWND list) {
   const auto behind = static_cast<LPARAM>(GetSysColor(COLOR_WINDOW));
   SendMessageW(list, LVM_SETBKCOLOR, 0, behind);
   SendMessageW(list, LVM_SETTEXTBKCOLOR, 0, behind);
@@ -68,10 +68,10 @@ HBRUSH BoxBrush(HDC canvas, const Control& control) {
   const std::optional<unsigned> backColor = faces::BackColorOf(control);
   if (!backColor) return nullptr;
   const COLORREF text = GetSysColor(control.Enabled() ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT);
-  const COLORREF colour = ColourOf(*backColor, text);
+  const COLORREF color = ColorOf(*backColor, text);
   SetTextColor(canvas, text);
-  SetBkColor(canvas, colour);
-  SetDCBrushColor(canvas, colour);
+  SetBkColor(canvas, color);
+  SetDCBrushColor(canvas, color);
   return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
 }
 

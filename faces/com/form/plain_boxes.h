@@ -20,7 +20,7 @@ String InLowerCase(StringView text);
 void PasteText(HWND box);
 
 /// Sets the system's current box colours in a list view, which keeps those from when it was loaded.
-void UseBoxColours(HWND list);
+void UseBoxColors(HWND list);
 
 /// The brush for the BackColor of a box's control, whose colours are also set in the canvas; null
 /// when the control has no BackColor.

@@ -1,12 +1,12 @@
 #include "faces/com/form/readable.h"
 
-#include "faces/shared/back_colours.h"
+#include "faces/shared/back_colors.h"
 
 namespace zolt20::com {
 namespace {
 
-faces::Rgb PartsOf(COLORREF colour) {
-  return {GetRValue(colour), GetGValue(colour), GetBValue(colour)};
+faces::Rgb PartsOf(COLORREF color) {
+  return {GetRValue(color), GetGValue(color), GetBValue(color)};
 }
 
 COLORREF Mixed(COLORREF one, COLORREF other, int percentOfOne) {
@@ -22,8 +22,8 @@ COLORREF Mixed(COLORREF one, COLORREF other, int percentOfOne) {
 COLORREF Readable(COLORREF wanted, COLORREF plain, COLORREF behind) {
   constexpr int kStep = 10;
   for (int percent = 100; percent > 0; percent -= kStep) {
-    const COLORREF colour = Mixed(wanted, plain, percent);
-    if (CanBeRead(colour, behind)) return colour;
+    const COLORREF color = Mixed(wanted, plain, percent);
+    if (CanBeRead(color, behind)) return color;
   }
   return plain;
 }

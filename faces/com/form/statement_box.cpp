@@ -10,7 +10,7 @@
 #include "faces/com/com_text.h"
 #include "faces/com/form/plain_boxes.h"
 #include "faces/com/form/readable.h"
-#include "faces/shared/statement_colours.h"
+#include "faces/shared/statement_colors.h"
 
 #ifdef __CRT_UUID_DECL
 // The headers of MinGW-w64 leave it out.
@@ -187,24 +187,24 @@ void StatementBox::Show(const String& text) {
   // Scrolls so that the new text is visible.
   if (edit.position > 0) SendMessageW(window_, EM_SCROLLCARET, 0, 0);
   shown_ = std::move(shown);
-  ColourEdit(edit);
+  ColorEdit(edit);
 }
 
-void StatementBox::Recolour() {
-  coloured_ = {};
-  ColourSight();
+void StatementBox::Recolor() {
+  colored_ = {};
+  ColorSight();
 }
 
 void StatementBox::Highlight(bool highlight) {
   if (highlight == highlight_) return;
   highlight_ = highlight;
   if (highlight) {
-    Recolour();
+    Recolor();
     return;
   }
   // Clear the colours of all lines, not only of the visible ones. It is not drawn or recorded for
   // undo.
-  const Unseen unseen(window_, document_, isColouring_);
+  const Unseen unseen(window_, document_, isColoring_);
   Paint(window_, SCF_ALL, PlainFormat());
 }
 
@@ -231,12 +231,12 @@ std::pair<faces::Edit, String> StatementBox::TakeShown() const {
 }
 
 std::optional<String> StatementBox::TakeEdit() {
-  if (isColouring_) return std::nullopt;
+  if (isColoring_) return std::nullopt;
   const auto& [edit, typed] = TakeShown();
   if (StringView(shown_).substr(edit.position, edit.removed) == typed) return std::nullopt;
   text_ = faces::AfterEdit(text_, edit.position, edit.removed, typed, kLineEnd);
   shown_.replace(edit.position, edit.removed, typed);
-  ColourEdit(edit);
+  ColorEdit(edit);
   return text_;
 }
 
@@ -265,45 +265,45 @@ void StatementBox::Paste() {
 }
 
 // Colours the visible lines that have no colours yet; coloured_ is the cached range that has them.
-void StatementBox::ColourSight() {
+void StatementBox::ColorSight() {
   if (!highlight_) return;
   const Span sight = InSight();
-  const bool touches = sight.first <= coloured_.behind && coloured_.first <= sight.behind;
-  if (!touches || coloured_.first == coloured_.behind) {
-    Colour(sight);
-    coloured_ = sight;
+  const bool touches = sight.first <= colored_.behind && colored_.first <= sight.behind;
+  if (!touches || colored_.first == colored_.behind) {
+    Color(sight);
+    colored_ = sight;
     return;
   }
-  if (sight.first < coloured_.first) {
-    Colour({sight.first, coloured_.first});
-    coloured_.first = sight.first;
+  if (sight.first < colored_.first) {
+    Color({sight.first, colored_.first});
+    colored_.first = sight.first;
   }
-  if (sight.behind > coloured_.behind) {
-    Colour({coloured_.behind, sight.behind});
-    coloured_.behind = sight.behind;
+  if (sight.behind > colored_.behind) {
+    Color({colored_.behind, sight.behind});
+    colored_.behind = sight.behind;
   }
 }
 
 // Colours the lines of an edit. After an edit that reaches beyond the visible lines, such as a long
 // paste, all visible lines are coloured anew.
-void StatementBox::ColourEdit(const faces::Edit& edit) {
+void StatementBox::ColorEdit(const faces::Edit& edit) {
   if (!highlight_) return;
   const Span lines = LinesOf({edit.position, edit.position + edit.added});
   const Span sight = InSight();
   const std::size_t removedTo = edit.position + edit.removed;
-  const bool isWithin = coloured_.first <= lines.first && removedTo <= coloured_.behind &&
+  const bool isWithin = colored_.first <= lines.first && removedTo <= colored_.behind &&
                         sight.first <= lines.first && lines.behind <= sight.behind;
   if (isWithin) {
-    Colour(lines);
-    coloured_.behind = std::max(coloured_.behind - edit.removed + edit.added, lines.behind);
+    Color(lines);
+    colored_.behind = std::max(colored_.behind - edit.removed + edit.added, lines.behind);
   } else {
-    coloured_ = {};
+    colored_ = {};
   }
-  ColourSight();
+  ColorSight();
 }
 
-void StatementBox::Colour(Span lines) {
-  const Unseen unseen(window_, document_, isColouring_);
+void StatementBox::Color(Span lines) {
+  const Unseen unseen(window_, document_, isColoring_);
   const auto paint = [this](std::size_t first, std::size_t behind, const CHARFORMAT2W& format) {
     CHARRANGE range{static_cast<LONG>(first), static_cast<LONG>(behind)};
     SendMessageW(window_, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
@@ -313,8 +313,7 @@ void StatementBox::Colour(Span lines) {
   const StringView text = StringView(shown_).substr(0, lines.behind);
   for (std::size_t start = lines.first; start < text.size();) {
     const std::size_t end = std::min(text.find(kLineEnd, start), text.size());
-    for (const faces::ColouredWord& word :
-         faces::ColouredWordsOf(text.substr(start, end - start))) {
+    for (const faces::ColoredWord& word : faces::ColoredWordsOf(text.substr(start, end - start))) {
       paint(start + word.first, start + word.first + word.count, FormatOf(word.kind));
     }
     start = end + 1;

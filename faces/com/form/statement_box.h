@@ -30,7 +30,7 @@ class StatementBox {
   void Show(const String& text);
   void Highlight(bool highlight);
   /// Called when the font or the platform's colours changed: colours all again.
-  void Recolour();
+  void Recolor();
   /// After EN_CHANGE: the control's text with the person's edit applied; nullopt when it is the
   /// same.
   std::optional<String> TakeEdit();
@@ -39,7 +39,7 @@ class StatementBox {
   void KeyComes();
   void KeyWent() { marked_.reset(); }
   /// After a message that may have scrolled: colours lines that became visible.
-  void Scrolled() { ColourSight(); }
+  void Scrolled() { ColorSight(); }
   /// Pastes the clipboard as plain text, without formats.
   void Paste();
 
@@ -61,18 +61,18 @@ class StatementBox {
   Span InSight() const;
   /// The range extended to whole lines.
   Span LinesOf(Span characters) const;
-  void ColourSight();
-  void ColourEdit(const faces::Edit& edit);
-  void Colour(Span lines);
+  void ColorSight();
+  void ColorEdit(const faces::Edit& edit);
+  void Color(Span lines);
 
   HWND window_ = nullptr;
-  String text_;    // the control's
-  String shown_;   // text_ as shown, with one character for each line end
-  Span coloured_;  // lines known to have their colours; others may have them, too
+  String text_;   // the control's
+  String shown_;  // text_ as shown, with one character for each line end
+  Span colored_;  // lines known to have their colours; others may have them, too
   Pointer<ITextDocument> document_;
   std::optional<Span> marked_;  // the selection before the key in progress
   bool highlight_ = false;
-  bool isColouring_ = false;
+  bool isColoring_ = false;
 };
 
 }  // namespace zolt20::com

@@ -20,7 +20,7 @@ class StatementsWindow final : public ViewOf<SyntaxTextBox> {
     statements_.Highlight(control().Highlight());
     statements_.Show(control().Text());
   }
-  void LooksChanged() override { statements_.Recolour(); }
+  void LooksChanged() override { statements_.Recolor(); }
 
   void OnCommand(int code) override {
     if (code != EN_CHANGE || owner_.IsShowing()) return;

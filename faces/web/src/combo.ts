@@ -1,6 +1,6 @@
 // The view of a combo box: a box or a text, and a popup list of entries. A long list begins with a
 // search line, which has the focus while the list is open.
-import {BackColour} from './back_colours';
+import {BackColor} from './back_colors';
 import {icon, make, setAttributes, showText} from './dom';
 import type {Face} from './face';
 import type {Address} from './logic';
@@ -21,7 +21,7 @@ export class ComboView implements View {
   readonly #popup = make('div', {class: 'popup', part: 'popup', popover: 'manual'});
   readonly #search: HTMLInputElement | undefined;
   readonly #rows: Rows;
-  readonly #colour: BackColour;
+  readonly #color: BackColor;
   #opener: HTMLButtonElement | undefined;
   #name = '';
 
@@ -74,7 +74,7 @@ export class ComboView implements View {
       isPopup: true,
     });
 
-    this.#colour = new BackColour(logic, this.node);
+    this.#color = new BackColor(logic, this.node);
     face.texts.keep(() => this.name(this.#name));
     this.#listen();
   }
@@ -145,7 +145,7 @@ export class ComboView implements View {
     const {logic} = this.#face;
     if (this.#typed === undefined) showText(this.#text, logic.text(this.#control, AskText.Text));
     else this.#typed.show(what | What.Text);
-    this.#colour.show(logic.number(this.#control, Ask.BackColor));
+    this.#color.show(logic.number(this.#control, Ask.BackColor));
     if ((what & What.Rows) === 0) {
       this.#rows.draw();
       return;
@@ -154,7 +154,7 @@ export class ComboView implements View {
     if (this.#isOpen) this.#showNone();
   }
   restorePlace(): void {
-    this.#colour.showAgain();
+    this.#color.showAgain();
   }
   enable(enabled: boolean): void {
     if (this.#typed === undefined) {

@@ -30,7 +30,7 @@ export interface DrawnRow extends Row {
 export type MadeGesture = Record<string, string | number>;
 
 /** A word of a line that has a colour. */
-export interface ColouredWord {
+export interface ColoredWord {
   first: number;
   count: number;
   kind: number;
@@ -51,12 +51,12 @@ export interface BoxTexts {
   /** Maps a place in the text to the place in the shown text. */
   shownPlace(box: Address, place: number): number;
   /** The words of a line that have a colour. */
-  colouredWords(line: string): ColouredWord[];
+  coloredWords(line: string): ColoredWord[];
 }
 
-/** The coloured words in the numbers that coloured_words gives. */
-export function wordsIn(numbers: Int32Array): ColouredWord[] {
-  const words: ColouredWord[] = [];
+/** The coloured words in the numbers that colored_words gives. */
+export function wordsIn(numbers: Int32Array): ColoredWord[] {
+  const words: ColoredWord[] = [];
   for (let at = 0; at < numbers.length; at += 3)
     words.push({first: numbers[at]!, count: numbers[at + 1]!, kind: numbers[at + 2]!});
   return words;

@@ -57,7 +57,7 @@ export interface Exports extends ExchangeExports {
   text_between(box: number, first: number, behind: number): void;
   shown_place(box: number, place: number): number;
   rows(list: number, first: number, count: number): void;
-  coloured_words(): void;
+  colored_words(): void;
   gesture(element: number, kind: Gesture, control: number, number: number): Status;
   type(element: number, box: number, caret: number, lineEnd: number): Status;
   type_key(element: number, box: number, first: number, behind: number, code: number): Status;

@@ -8,7 +8,7 @@ import {
   type Address,
   type BoxTexts,
   type Changes,
-  type ColouredWord,
+  type ColoredWord,
   type DrawnRow,
   type MadeGesture,
   type Part,
@@ -395,9 +395,9 @@ export class Logic implements BoxTexts {
     return this.#exports.type_ahead(handle, list, current, letter, Math.round(event.timeStamp));
   }
 
-  colouredWords(line: string): ColouredWord[] {
+  coloredWords(line: string): ColoredWord[] {
     this.send(line);
-    this.#exports.coloured_words();
+    this.#exports.colored_words();
     return wordsIn(this.#numbers());
   }
 

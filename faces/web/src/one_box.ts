@@ -2,11 +2,11 @@
 // function that it exports.
 import * as written from 'zolt21-synt-text-box.wasm.json';
 
-import {type Address, type BoxTexts, type ColouredWord, wordsIn} from './crossing';
+import {type Address, type BoxTexts, type ColoredWord, wordsIn} from './crossing';
 import {Exchange, type ExchangeExports, kSystem} from './exchange';
 import {bytesOf} from './letters';
 
-/** The functions of text_box_exports.cpp and colour_exports.cpp. */
+/** The functions of text_box_exports.cpp and color_exports.cpp. */
 interface BoxExports extends ExchangeExports {
   make(): number;
   destroy(box: number): void;
@@ -17,7 +17,7 @@ interface BoxExports extends ExchangeExports {
   text_between(box: number, first: number, behind: number): void;
   shown_place(box: number, place: number): number;
   looks(): void;
-  coloured_words(): void;
+  colored_words(): void;
 }
 
 /** The texts of all boxes of a page. */
@@ -68,9 +68,9 @@ export class Boxes implements BoxTexts {
     this.#exports.looks();
     return [...this.#exchange.numbers()];
   }
-  colouredWords(line: string): ColouredWord[] {
+  coloredWords(line: string): ColoredWord[] {
     this.#exchange.send(line);
-    this.#exports.coloured_words();
+    this.#exports.colored_words();
     return wordsIn(this.#exchange.numbers());
   }
 }

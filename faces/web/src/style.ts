@@ -37,7 +37,7 @@ function sheetsOf(
   let sheets = kept.get(document);
   if (sheets === undefined) {
     const Sheet = (document.defaultView as Window & typeof globalThis).CSSStyleSheet;
-    sheets = [rulesOfAll, coloursOf(looks())].map((rules) => {
+    sheets = [rulesOfAll, colorsOf(looks())].map((rules) => {
       const sheet = new Sheet();
       sheet.replaceSync(rules);
       return sheet;
@@ -49,7 +49,7 @@ function sheetsOf(
 
 // Bold is drawn as a stroke and italic as a skew: neither moves the letters behind the word, which
 // have to stay exactly under those of the text area.
-function coloursOf(looks: number[]): string {
+function colorsOf(looks: number[]): string {
   const kStrokePerWeight = 0.5 / 500;
   const rules: string[] = [];
   for (let kind = 0; kind * 4 < looks.length; ++kind) {
@@ -59,7 +59,7 @@ function coloursOf(looks: number[]): string {
       number,
       number,
     ];
-    const hex = (colour: number) => `#${colour.toString(16).padStart(6, '0')}`;
+    const hex = (color: number) => `#${color.toString(16).padStart(6, '0')}`;
     const stroke = Math.max(0, (weight - 400) * kStrokePerWeight);
     rules.push(
       `.kind${kind} { color: light-dark(${hex(onLight)}, ${hex(onDark)}); -webkit-text-stroke-width: ${stroke}px;`,

@@ -13,7 +13,7 @@ import {What} from './numbers';
 const kLineEnd = '\n';
 const kLineEndInALine = '\ufdd0';
 /** Of a longer line, so many characters get syntax colours. */
-const kColouredLine = 20_000;
+const kColoredLine = 20_000;
 
 /** Takes the edits of a box. */
 export interface TypedInto {
@@ -302,9 +302,9 @@ export class LinesBox {
   readonly typed: TypedBox;
   readonly #texts: BoxTexts;
   readonly #area = make('textarea', {wrap: 'off', part: 'input', rows: 2});
-  readonly #colours = make('div', {class: 'colours', 'aria-hidden': 'true'});
+  readonly #colors = make('div', {class: 'colours', 'aria-hidden': 'true'});
   readonly #sheet = make('div', {class: 'sheet'});
-  #isColoured = false;
+  #isColored = false;
   #margin: number | undefined; // where lines wrap, in pixels, 0 at the edge; undefined for nowhere
   #lines: string[] | undefined;
   #placed: string[] | undefined; // the lines that the sheet has, if it has all of them
@@ -324,8 +324,8 @@ export class LinesBox {
       keyed: (...key) => into.keyed(...key),
       isTypingIn: () => into.isTypingIn(box),
     });
-    this.#colours.append(this.#sheet);
-    this.node = make('div', {class: 'lines', part: 'lines'}, this.#colours, this.#area);
+    this.#colors.append(this.#sheet);
+    this.node = make('div', {class: 'lines', part: 'lines'}, this.#colors, this.#area);
     this.#area.addEventListener(
       'scroll',
       () => {
@@ -354,10 +354,10 @@ export class LinesBox {
     });
   }
 
-  show(what: number, isColoured: boolean): void {
+  show(what: number, isColored: boolean): void {
     if (this.typed.show(what)) this.#lines = undefined;
-    this.#isColoured = isColoured;
-    this.node.classList.toggle('coloured', isColoured);
+    this.#isColored = isColored;
+    this.node.classList.toggle('coloured', isColored);
     this.#draw();
   }
   /** Wraps lines at a margin in pixels, or at the edge with 0; undefined for no wrap. */
@@ -391,12 +391,12 @@ export class LinesBox {
   }
   // Draws the coloured lines in sight under the text area, whose own letters are transparent then.
   #draw(): void {
-    if (!this.#isColoured) return;
+    if (!this.#isColored) return;
     const {width, height: view, line: height, padding} = this.#view;
     if (view === 0) return; // hidden: drawn when it is shown again
     this.#lines ??= this.#area.value.split('\n');
-    this.#colours.style.width = `${width}px`;
-    this.#colours.style.height = `${view}px`;
+    this.#colors.style.width = `${width}px`;
+    this.#colors.style.height = `${view}px`;
     const [scrollLeft, scrollTop] = this.#place;
     if (this.#margin !== undefined) {
       this.#drawAll(this.#lines, scrollTop - padding, view);
@@ -440,7 +440,7 @@ export class LinesBox {
   #drawLine(node: Element, line: string): void {
     const pieces: [string, string][] = [];
     let at = 0;
-    for (const {first, count, kind} of this.#texts.colouredWords(line.slice(0, kColouredLine))) {
+    for (const {first, count, kind} of this.#texts.coloredWords(line.slice(0, kColoredLine))) {
       if (first > at) pieces.push([line.slice(at, first), '']);
       // An italic word is an inline block, in which a tab would not reach its tab stop.
       for (const text of line.slice(first, first + count).split(/(\t)/))

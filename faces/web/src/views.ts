@@ -1,6 +1,6 @@
 // The views, one for each kind of control: a view has the nodes of one control and draws them. It
 // turns what a person does into gestures of the face. No view has a copy of the control's state.
-import {BackColour} from './back_colours';
+import {BackColor} from './back_colors';
 import {ComboView} from './combo';
 import {make, setAttributes, showText} from './dom';
 import type {Face} from './face';
@@ -134,7 +134,7 @@ function label(face: Face, control: Address): View {
 function linesBox(face: Face, control: Address): View {
   const box = new LinesBox(face.logic, control, face);
   const isPlain = face.logic.number(control, Ask.Kind) === Kind.TextBox;
-  const colour = new BackColour(face.logic, box.node);
+  const color = new BackColor(face.logic, box.node);
   return {
     node: box.node,
     focus: box.typed.input,
@@ -143,14 +143,14 @@ function linesBox(face: Face, control: Address): View {
       if (!isPlain) return;
       if ((what & What.SelStart) !== 0)
         box.typed.showCaret(face.logic.number(control, Ask.SelStart));
-      colour.show(face.logic.number(control, Ask.BackColor));
+      color.show(face.logic.number(control, Ask.BackColor));
     },
     enable: (enabled) => {
       box.typed.enable(enabled);
     },
     restorePlace: () => {
       box.restorePlace();
-      colour.showAgain();
+      color.showAgain();
     },
   };
 }

@@ -2135,7 +2135,7 @@
         <translation>&amp;Liste der Regeln</translation>
     </message>
     <message>
-        <source>&amp;Colours</source>
+        <source>&amp;Colors</source>
         <translation>&amp;Farben</translation>
     </message>
     <message>

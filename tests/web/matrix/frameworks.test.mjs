@@ -96,8 +96,8 @@ describe('an application of a framework', () => {
   /** @type {(person: Person) => Promise<void>} */
   async function use(person) {
     assert.deepEqual(await tablesOf(person), ['CUSTOMER', 'ORDERS__']);
-    const isColoured = () => document.querySelector('zolt20-map-control')?.Syntax_Highlight;
-    assert.equal(await person.page.evaluate(isColoured), true);
+    const isColored = () => document.querySelector('zolt20-map-control')?.Syntax_Highlight;
+    assert.equal(await person.page.evaluate(isColored), true);
     await compose(person);
     // A framework draws when it comes to it.
     const shown = person.page.locator('pre');

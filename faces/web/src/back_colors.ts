@@ -6,14 +6,14 @@ import type {Logic} from './logic';
  * The system colours that the form uses, by the numbers of a BackColor. CSS has no colour for
  * inactive title bars; the colour of an inactive box stands in for it.
  */
-const kSystemColours = new Map([
+const kSystemColors = new Map([
   [0x80000003, 'var(--_field-inactive)'],
   [0x8000000e, 'HighlightText'],
 ]);
 const kWithout = 'var(--_field)';
 
 /** The background colour of a box; a fallback replaces it if the text can't be read on it. */
-export class BackColour {
+export class BackColor {
   readonly #logic: Logic;
   readonly #node: HTMLElement;
   // A hidden node that resolves a colour in a given colour scheme, whichever the page has.
@@ -27,7 +27,7 @@ export class BackColour {
   }
 
   show(backColor: number): void {
-    const meant = kSystemColours.get(backColor >>> 0);
+    const meant = kSystemColors.get(backColor >>> 0);
     if (meant === this.#meant) return;
     this.#meant = meant;
     this.#node.classList.toggle('meant', meant !== undefined);
@@ -45,9 +45,9 @@ export class BackColour {
     }
   }
   // A colour as 0xRRGGBB; undefined if the browser does not resolve it to rgb().
-  #numberOf(colour: string, scheme: string): number | undefined {
+  #numberOf(color: string, scheme: string): number | undefined {
     this.#probe.style.colorScheme = scheme;
-    this.#probe.style.color = colour;
+    this.#probe.style.color = color;
     const parts = /^rgb\((\d+), (\d+), (\d+)\)$/.exec(getComputedStyle(this.#probe).color);
     return parts?.slice(1).reduce((number, part) => 256 * number + Number(part), 0);
   }

@@ -1,5 +1,5 @@
 // Syntax colouring: which words of a line have a colour, and their formats in a document.
-#include "faces/shared/statement_colours.h"
+#include "faces/shared/statement_colors.h"
 
 #include <gtest/gtest.h>
 
@@ -23,8 +23,8 @@
 namespace zolt20::tests {
 namespace {
 
-using faces::ColouredWord;
-using faces::ColouredWordsOf;
+using faces::ColoredWord;
+using faces::ColoredWordsOf;
 using faces::WordKind;
 
 constexpr WordKind kKinds[] = {WordKind::kKeyword, WordKind::kBlock,  WordKind::kFunction,
@@ -51,7 +51,7 @@ std::string NameOf(WordKind kind) {
 // The coloured words of a line as "keyword select", from left to right.
 Texts Words(StringView line) {
   Texts words;
-  for (const ColouredWord& word : ColouredWordsOf(line))
+  for (const ColoredWord& word : ColoredWordsOf(line))
     words.push_back(NameOf(word.kind) + " " + Narrow(line.substr(word.first, word.count)));
   return words;
 }
@@ -109,7 +109,7 @@ struct Line {
 
 class EachLineTest : public ::testing::TestWithParam<Line> {};
 
-TEST_P(EachLineTest, HasTheseColours) {
+TEST_P(EachLineTest, HasTheseColors) {
   EXPECT_EQ(Words(GetParam().line), GetParam().words);
 }
 
@@ -142,25 +142,25 @@ INSTANTIATE_TEST_SUITE_P(
              {"block selectdo", "block EndSelect", "block default"}}),
     [](const auto& line) { return std::string(line.param.name); });
 
-TEST(ColouringTest, LoneSurrogatesBelongToTheNameTheyStandIn) {
+TEST(ColoringTest, LoneSurrogatesBelongToTheNameTheyStandIn) {
   const char16_t high = 0xD83D;
   const char16_t low = 0xDE00;
   EXPECT_EQ(Words(String{high}), Texts{});
   EXPECT_EQ(Words(String{low, u'i', u'f'}), Texts{});
   EXPECT_EQ(Words(String{u'i', u'f', u' ', high}), Texts{"keyword if"});
-  EXPECT_EQ(ColouredWordsOf(String{u'"', low, u'"', high}),
-            (std::vector<ColouredWord>{{0, 3, WordKind::kString}}));
-  EXPECT_EQ(ColouredWordsOf(String{u':', high, u' '}),
-            (std::vector<ColouredWord>{{0, 2, WordKind::kBinding}}));
+  EXPECT_EQ(ColoredWordsOf(String{u'"', low, u'"', high}),
+            (std::vector<ColoredWord>{{0, 3, WordKind::kString}}));
+  EXPECT_EQ(ColoredWordsOf(String{u':', high, u' '}),
+            (std::vector<ColoredWord>{{0, 2, WordKind::kBinding}}));
 }
 
-TEST(ColouringTest, NulEndsNoLine) {
+TEST(ColoringTest, NulEndsNoLine) {
   const String line{u'i', u'f', u'\0', u'o', u'r'};
-  EXPECT_EQ(ColouredWordsOf(line),
-            (std::vector<ColouredWord>{{0, 2, WordKind::kKeyword}, {3, 2, WordKind::kKeyword}}));
+  EXPECT_EQ(ColoredWordsOf(line),
+            (std::vector<ColoredWord>{{0, 2, WordKind::kKeyword}, {3, 2, WordKind::kKeyword}}));
 }
 
-TEST(ColouringTest, WordsStandInOrderWithinTheLineWithoutOverlap) {
+TEST(ColoringTest, WordsStandInOrderWithinTheLineWithoutOverlap) {
   const std::vector<String> pieces{
       u"select",      u"endif",       u"sum",          u" ", u"(",    u")",  u":", u".",
       u"\"",          u"1",           u"9.",           u"_", u"\xE9", u"\t", u"{", u",",
@@ -172,7 +172,7 @@ TEST(ColouringTest, WordsStandInOrderWithinTheLineWithoutOverlap) {
     for (auto count = random() % 14; count > 0; --count)
       line += pieces[random() % pieces.size()];
     std::size_t end = 0;
-    for (const ColouredWord& word : ColouredWordsOf(line)) {
+    for (const ColoredWord& word : ColoredWordsOf(line)) {
       ASSERT_GE(word.first, end) << Narrow(line);
       ASSERT_GT(word.count, 0U) << Narrow(line);
       end = word.first + word.count;
@@ -228,7 +228,7 @@ TEST(WordFormatTest, EachKindIsReadableInThePaletteOfTheProgram) {
   }
 }
 
-TEST(WordFormatTest, StructureIsToldFromPlainTextWithoutColour) {
+TEST(WordFormatTest, StructureIsToldFromPlainTextWithoutColor) {
   for (const QRgb base : {0xFFFFFFFFU, 0xFF1E1E1EU}) {
     for (const WordKind kind :
          {WordKind::kKeyword, WordKind::kBlock, WordKind::kFunction, WordKind::kString}) {
@@ -239,7 +239,7 @@ TEST(WordFormatTest, StructureIsToldFromPlainTextWithoutColour) {
 }
 
 // A document whose layout tells which lines were coloured.
-class ColouredDocumentTest : public ::testing::Test {
+class ColoredDocumentTest : public ::testing::Test {
  protected:
   static constexpr int kLines = 40000;  // of 26 characters: more than a megabyte
 
@@ -269,7 +269,7 @@ class ColouredDocumentTest : public ::testing::Test {
     document.markContentsDirty(0, document.characterCount());
   }
   // The lines whose colours were set since.
-  static std::vector<int> Coloured(QTextDocument& document) {
+  static std::vector<int> Colored(QTextDocument& document) {
     std::vector<int> lines;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
       const auto formats = block.layout()->formats();
@@ -282,7 +282,7 @@ class ColouredDocumentTest : public ::testing::Test {
   static constexpr int kMark = QTextFormat::UserProperty + 20;
 };
 
-TEST_F(ColouredDocumentTest, LinesAreColouredByTheirWords) {
+TEST_F(ColoredDocumentTest, LinesAreColoredByTheirWords) {
   QTextDocument document(QStringLiteral("select sum (X)\n\nendselect"));
   qt::Highlighter highlighter(&document, PaletteOn(0xFFFFFFFF));
   QTest::qWait(0);
@@ -291,21 +291,21 @@ TEST_F(ColouredDocumentTest, LinesAreColouredByTheirWords) {
   EXPECT_EQ(FormatsOf(document.findBlockByNumber(2)), Texts{"endselect"});
 }
 
-TEST_F(ColouredDocumentTest, AnotherPaletteColoursAllLinesAnew) {
+TEST_F(ColoredDocumentTest, AnotherPaletteColorsAllLinesAnew) {
   QTextDocument document(QStringLiteral("select\nendif"));
   qt::Highlighter highlighter(&document, PaletteOn(0xFFFFFFFF));
   QTest::qWait(0);
-  const auto colour = [&](int line) {
+  const auto color = [&](int line) {
     return document.findBlockByNumber(line).layout()->formats().at(0).format.foreground().color();
   };
-  const QColor keyword = colour(0);
+  const QColor keyword = color(0);
   highlighter.SetPalette(PaletteOn(0xFF000000));
-  EXPECT_NE(colour(0), keyword);
-  EXPECT_GE(Contrast(colour(0), Qt::black), 4.5);
-  EXPECT_GE(Contrast(colour(1), Qt::black), 4.5);
+  EXPECT_NE(color(0), keyword);
+  EXPECT_GE(Contrast(color(0), Qt::black), 4.5);
+  EXPECT_GE(Contrast(color(1), Qt::black), 4.5);
 }
 
-TEST_F(ColouredDocumentTest, TypingInALongTextColoursItsOwnLineAlone) {
+TEST_F(ColoredDocumentTest, TypingInALongTextColorsItsOwnLineAlone) {
   qt::LinesBox box;
   box.Show(qt::FromQt(LongText()));
   box.Highlight(true);
@@ -318,11 +318,11 @@ TEST_F(ColouredDocumentTest, TypingInALongTextColoursItsOwnLineAlone) {
   box.setTextCursor(cursor);
   QTest::keyClick(&box, Qt::Key_A);
   QTest::qWait(0);
-  EXPECT_EQ(Coloured(*box.document()), std::vector<int>{kLines / 2});
+  EXPECT_EQ(Colored(*box.document()), std::vector<int>{kLines / 2});
   EXPECT_EQ(FormatsOf(cursor.block()), (Texts{"from", "\"T\"", "1"}));
 }
 
-TEST_F(ColouredDocumentTest, AQuoteColoursNoLineBelow) {
+TEST_F(ColoredDocumentTest, AQuoteColorsNoLineBelow) {
   qt::LinesBox box;
   box.Show(u"a\nselect\nif");
   box.Highlight(true);
@@ -330,11 +330,11 @@ TEST_F(ColouredDocumentTest, AQuoteColoursNoLineBelow) {
   Mark(*box.document());
   box.setTextCursor(QTextCursor(box.document()));
   QTest::keyClicks(&box, QStringLiteral("\""));
-  EXPECT_EQ(Coloured(*box.document()), std::vector<int>{0});
+  EXPECT_EQ(Colored(*box.document()), std::vector<int>{0});
   EXPECT_EQ(FormatsOf(box.document()->begin()), Texts{"\"a"});
 }
 
-TEST_F(ColouredDocumentTest, ColouringIsNoEdit) {
+TEST_F(ColoredDocumentTest, ColoringIsNoEdit) {
   qt::LinesBox box;
   box.Show(u"select\rx");
   int typed = 0;

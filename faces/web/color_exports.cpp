@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "faces/shared/statement_colours.h"
+#include "faces/shared/statement_colors.h"
 #include "faces/web/exchange.h"
 
 using namespace zolt20;
@@ -23,10 +23,10 @@ ZOLT20_EXPORT(looks) void looks() {
 }
 
 /// First character, count and kind of each coloured word of the line in `taken`.
-ZOLT20_EXPORT(coloured_words) void coloured_words() {
+ZOLT20_EXPORT(colored_words) void colored_words() {
   const String line = std::exchange(taken, {});
   numbers.clear();
-  for (const faces::ColouredWord& word : faces::ColouredWordsOf(line)) {
+  for (const faces::ColoredWord& word : faces::ColoredWordsOf(line)) {
     numbers.insert(numbers.end(),
                    {static_cast<std::int32_t>(word.first), static_cast<std::int32_t>(word.count),
                     static_cast<std::int32_t>(word.kind)});

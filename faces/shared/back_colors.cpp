@@ -1,4 +1,4 @@
-#include "faces/shared/back_colours.h"
+#include "faces/shared/back_colors.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,12 +7,12 @@ namespace zolt20::faces {
 namespace {
 
 // The relative luminance of a colour, how bright it is to the eye, from 0 to 1.
-double LuminanceOf(const Rgb& colour) {
+double LuminanceOf(const Rgb& color) {
   const auto part = [](int value) {
     const double share = value / 255.0;
     return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
   };
-  return 0.2126 * part(colour.red) + 0.7152 * part(colour.green) + 0.0722 * part(colour.blue);
+  return 0.2126 * part(color.red) + 0.7152 * part(color.green) + 0.0722 * part(color.blue);
 }
 
 }  // namespace
@@ -24,10 +24,9 @@ std::optional<unsigned> BackColorOf(const Control& control) {
   return std::nullopt;
 }
 
-std::optional<SystemColour> SystemColourOf(unsigned backColor) {
-  for (const SystemColour colour :
-       {SystemColour::kInactiveTitleBar, SystemColour::kHighlightedText}) {
-    if (backColor == static_cast<unsigned>(colour)) return colour;
+std::optional<SystemColor> SystemColorOf(unsigned backColor) {
+  for (const SystemColor color : {SystemColor::kInactiveTitleBar, SystemColor::kHighlightedText}) {
+    if (backColor == static_cast<unsigned>(color)) return color;
   }
   return std::nullopt;
 }

@@ -1,5 +1,5 @@
 // What the BackColor of a control asks of a platform.
-#include "faces/shared/back_colours.h"
+#include "faces/shared/back_colors.h"
 
 #include "tests/support/control_test.h"
 
@@ -7,11 +7,11 @@ namespace zolt20::tests {
 namespace {
 
 using faces::CanBeRead;
-using faces::SystemColour;
+using faces::SystemColor;
 
-class BackColoursTest : public ControlTest {};
+class BackColorsTest : public ControlTest {};
 
-TEST_F(BackColoursTest, CombosAndTheConditionHaveOne) {
+TEST_F(BackColorsTest, CombosAndTheConditionHaveOne) {
   const Surface& form = host().Form();
   EXPECT_EQ(faces::BackColorOf(form.cboOper), 0xFFFFFFU);
   EXPECT_EQ(faces::BackColorOf(form.txtCondition), 0x8000000EU);
@@ -19,13 +19,13 @@ TEST_F(BackColoursTest, CombosAndTheConditionHaveOne) {
   EXPECT_EQ(faces::BackColorOf(form.cmdDone), std::nullopt);
 }
 
-TEST_F(BackColoursTest, ThoseOfTheFormAreSystemColours) {
-  EXPECT_EQ(faces::SystemColourOf(0x8000000E), SystemColour::kHighlightedText);
-  EXPECT_EQ(faces::SystemColourOf(0x80000003), SystemColour::kInactiveTitleBar);
-  EXPECT_EQ(faces::SystemColourOf(0xFFFFFF), std::nullopt);
+TEST_F(BackColorsTest, ThoseOfTheFormAreSystemColors) {
+  EXPECT_EQ(faces::SystemColorOf(0x8000000E), SystemColor::kHighlightedText);
+  EXPECT_EQ(faces::SystemColorOf(0x80000003), SystemColor::kInactiveTitleBar);
+  EXPECT_EQ(faces::SystemColorOf(0xFFFFFF), std::nullopt);
 }
 
-TEST_F(BackColoursTest, ATextNeedsAContrastToBeRead) {
+TEST_F(BackColorsTest, ATextNeedsAContrastToBeRead) {
   constexpr faces::Rgb kBlack{0, 0, 0};
   constexpr faces::Rgb kWhite{255, 255, 255};
   EXPECT_TRUE(CanBeRead(kBlack, kWhite));

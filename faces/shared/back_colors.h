@@ -15,7 +15,7 @@ struct Rgb {
 };
 
 /// The system colours that the form has, by the numbers of a BackColor.
-enum class SystemColour : unsigned {
+enum class SystemColor : unsigned {
   kInactiveTitleBar = 0x80000003,
   kHighlightedText = 0x8000000E,
 };
@@ -24,7 +24,7 @@ enum class SystemColour : unsigned {
 std::optional<unsigned> BackColorOf(const Control& control);
 
 /// The system colour that a BackColor stands for; none for a plain number.
-std::optional<SystemColour> SystemColourOf(unsigned backColor);
+std::optional<SystemColor> SystemColorOf(unsigned backColor);
 
 /// Whether a text of that colour can be read on a background: a contrast of at least 4.5 to 1.
 bool CanBeRead(const Rgb& text, const Rgb& background);

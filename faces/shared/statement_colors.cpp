@@ -1,4 +1,4 @@
-#include "faces/shared/statement_colours.h"
+#include "faces/shared/statement_colors.h"
 
 #include <algorithm>
 #include <array>
@@ -65,8 +65,8 @@ Look LookOf(WordKind kind) {
   return {};
 }
 
-std::vector<ColouredWord> ColouredWordsOf(StringView line) {
-  std::vector<ColouredWord> words;
+std::vector<ColoredWord> ColoredWordsOf(StringView line) {
+  std::vector<ColoredWord> words;
   const auto isInName = [](char16_t character) {
     return IsWordCharacter(character) || character == u'.';
   };

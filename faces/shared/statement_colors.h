@@ -22,12 +22,12 @@ enum class WordKind {
 };
 
 /// A word (token) of a kind: its first character, counted from 0 in the line, and its length.
-struct ColouredWord {
+struct ColoredWord {
   std::size_t first;
   std::size_t count;
   WordKind kind;
 
-  friend bool operator==(const ColouredWord&, const ColouredWord&) = default;
+  friend bool operator==(const ColoredWord&, const ColoredWord&) = default;
 };
 
 /// How a word of a kind looks. The colours are 0xRRGGBB and have enough contrast on white and on
@@ -42,6 +42,6 @@ Look LookOf(WordKind kind);
 
 /// The words of a line that have a colour, from left to right, without overlaps. Keywords are found
 /// in any letter case, and not within other words.
-std::vector<ColouredWord> ColouredWordsOf(StringView line);
+std::vector<ColoredWord> ColoredWordsOf(StringView line);
 
 }  // namespace zolt20::faces
