@@ -145,11 +145,16 @@ class Finder {
   }
 
   // The start of the table's name before the point; npos for none. The word before the point begins
-  // at `first`; a name of the catalogue begins further left where it has blanks.
+  // at `first`; a name of the catalogue begins further left where it has blanks. A word of 8
+  // characters that is no number counts as a table's name even if the catalogue lacks it.
   std::size_t BeginOfTable(std::size_t first, std::size_t point) const {
-    if (names_ != nullptr && point >= kTableLength &&
-        names_->Find(text_.substr(point - kTableLength, kTableLength)) != nullptr)
-      return point - kTableLength;
+    if (names_ != nullptr && point >= kTableLength) {
+      const std::size_t begin = point - kTableLength;
+      const bool isWithinAWord =
+          begin > 0 && IsWordCharacter(text_[begin - 1]) && IsWordCharacter(text_[begin]);
+      if (!isWithinAWord && names_->Find(text_.substr(begin, kTableLength)) != nullptr)
+        return begin;
+    }
     const StringView word = text_.substr(first, point - first);
     const bool isNumber = word.find_first_not_of(u"0123456789") == StringView::npos;
     return word.size() == kTableLength && !isNumber ? first : StringView::npos;

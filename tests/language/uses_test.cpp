@@ -88,6 +88,12 @@ TEST(UsesTest, NamesWithBlanksAreThoseOfTheCatalogue) {
              "2:16+8 table in clause: ORDERS__."}));
 }
 
+TEST(UsesTest, TheEndOfALongerWordIsNoTable) {
+  EXPECT_EQ(Lines("x = MYCUSTOMER.C_ID + 9ODD TAB_.F + (ODD TAB_.F + CUSTOMER.C_ID", &Catalogue()),
+            (Texts{"1:38+10 field in statement: ODD TAB_.F",
+                   "1:51+13 field in statement: CUSTOMER.C_ID"}));
+}
+
 TEST(UsesTest, IndexesHaveNumbers) {
   EXPECT_EQ(Lines("x = ORDERS__._index + ORDERS__._indexa + ORDERS__._index12"),
             (Texts{"1:5+15 field in statement: ORDERS__._index",
