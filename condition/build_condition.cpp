@@ -39,7 +39,7 @@ void ZOLT20MapControl::CloseRepeat() {
   StoreClosingText(mintTabCount, Concat(u"Until  ( ", marrRepeatConds(mintRepeatConds), u" )"));
 }
 
-// Uses the depth of the head, since rows may have raised the current depth.
+// Uses the depth of the head, since case rows without a statement raise the current depth.
 void ZOLT20MapControl::CloseCase() {
   // ODD: as with Repeat, so a default may be written twice.
   if (mintCaseDefaults != 0) --mintCaseDefaults;

@@ -111,7 +111,8 @@ class ZOLT20MapControl final : private Surface, private ModuleVariables {
  public:
   /// Fills the lists with their fixed contents, shows page 0 and sets the tab order of page 0. The
   /// host then calls UserControl_InitProperties for a new control or UserControl_ReadProperties for
-  /// a stored one. The host must outlive the control.
+  /// a stored one. The host must outlive the control. With FormVisible::kNo no control counts as
+  /// shown.
   explicit ZOLT20MapControl(ControlHost& host, FormVisible visible = FormVisible::kYes);
   ~ZOLT20MapControl() override = default;
 

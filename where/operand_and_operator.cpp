@@ -58,7 +58,8 @@ void ZOLT20MapControl::cboWhereFields_Click() {
   if (!isFlagged && !namesIndex) ShowValueView();
 }
 
-// The focus goes to the operator, which is picked next; until then two blanks stand in its place.
+// Shows a template with the operand, the operator and `pair`, the empty braces for the value. While
+// no operator is picked, two blanks stand in its place. The focus goes to the combo of operators.
 void ZOLT20MapControl::OpenTemplateOfOperand(StringView pair) {
   cboWhereFields1.Enabled(false);
   cboWhereFields1.BackColor(kInactive);

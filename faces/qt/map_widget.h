@@ -57,10 +57,11 @@ class ZOLT20MapWidget : public QWidget {
   int prpintTabcount() const;
   bool Syntax_Highlight() const;
 
-  /// Builds the group-by clause from the form. The result is always invalid.
+  /// Builds the group-by clause from the form. Always returns an invalid QVariant, since there is
+  /// no value.
   Q_INVOKABLE QVariant BuildGroupBy();
-  /// Clears one page, 0 to 6, and the Result box; any other number clears the box alone. The result
-  /// is always invalid.
+  /// Clears one page, 0 to 6, and the Result box; any other number clears the box alone. Always
+  /// returns an invalid QVariant, too.
   Q_INVOKABLE QVariant ClearAll(int i_intTabNo);
 
   // The property bag: fourteen values. A new widget starts with the defaults.

@@ -32,7 +32,7 @@ class RowsModel final : public QAbstractListModel {
   /// From now on draws only rows that hold the text, ignoring case; all with "".
   void SetFilter(const QString& text);
   const QString& Filter() const { return filter_; }
-  /// Tells of marks that the filter hides, such as "3 marked, 1 shown"; "" while all are drawn.
+  /// Tells of marks that the filter hides, such as "3 marked, 1 shown"; "" while it hides none.
   QString HiddenMarks() const;
 
   /// Sets display names of rows, keyed by text. The filter finds them as well.

@@ -41,8 +41,8 @@ class DrawnRows {
   /// The text of a drawn row.
   StringView TextOf(int drawn) const { return rows_.List(ControlRow(drawn)); }
 
-  /// Tells of marks on rows that the filter hides, such as "3 marked, 1 shown". "" while all are
-  /// shown.
+  /// Tells of marks on rows that the filter hides, such as "3 marked, 1 shown". "" while the filter
+  /// hides no marked row.
   String HiddenMarks(const Words& words = Words::English()) const;
 
  private:

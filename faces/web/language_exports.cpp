@@ -166,7 +166,9 @@ ZOLT20_EXPORT(explain) void explain() {
   }
 }
 
-/// The name of each property with its part, "" for none, then the problems and the rest.
+/// Splits a statement into the values of the part properties. The answer has the name and the value
+/// of each property, "" for a clause that the statement does not have, then the problems, then the
+/// text that no property can take.
 ZOLT20_EXPORT(reopen) void reopen_statement() {
   const reopen::Reopened reopened = reopen::Reopen(std::exchange(taken, {}));
   Begin();

@@ -15,9 +15,10 @@ struct UseLines {
   std::size_t count = 0;
 };
 
-/// A line for each use: `RULE:LINE:COLUMN: field CUSTOMER.C_ID [where]`. The line ends in
-/// `, string` or `, statement` if the name is only part of a string or of a statement in other
-/// words, where it may mean something else. In JSON:
+/// A line for each use: `RULE:LINE:COLUMN: field CUSTOMER.C_ID [where]`. The brackets hold the kind
+/// of the clause or statement around the use, and for a name in a string also that:
+/// `[where, string]`. In a string, and in a plain statement (`[statement]`), a word need not mean
+/// the name of the catalogue. In JSON:
 /// `{"rule":"A","line":3,"column":7,"first":43,"length":13,"kind":"field","name":"CUSTOMER.C_ID",
 /// "node":"where","place":"clause"}`.
 ///

@@ -53,7 +53,8 @@ EditMenu::EditMenu(QWidget& window, QMenu& menu, FindBar& find)
 
 void EditMenu::Follow(RecordedMap& map) {
   map_ = &map;
-  // Two shortcuts with the same keys are ambiguous, and Qt would activate neither.
+  // The control has its own shortcuts for these keys of the menu. Two shortcuts with the same keys
+  // are ambiguous, and Qt would activate neither, so those of the control are disabled.
   for (const auto key : {QKeySequence::Undo, QKeySequence::Redo, QKeySequence::Find}) {
     if (QShortcut* shortcut = ShortcutOf(map, key)) shortcut->setEnabled(false);
   }

@@ -174,7 +174,8 @@ void StatementModel::Insert(Item& item) {
   endInsertRows();
 }
 
-// Fills an item that is not part of the model yet, so without signals.
+// Makes the items within an item. Sends no signals: either the item is not in the model yet, or the
+// model is being reset.
 void StatementModel::Fill(Item& item) {
   for (const std::uint32_t node : ShownWithin(nodes_, item, item.node)) {
     auto& made = item.children.emplace_back(std::make_unique<Item>());

@@ -69,8 +69,8 @@ String Changed(StringView text, std::span<const Change> changes, bool inNote) {
   return result;
 }
 
-// The new name of a field record: the one that the text has now. A name that is not in the text is
-// renamed with its table. "" for no change.
+// The new name of a field record: the one that the changed text has. A name that is not in the text
+// is renamed with its table. "" for no change.
 String RecordName(StringView name, std::span<const Change> changes) {
   bool stands = false;
   for (const Change& change : changes) {
@@ -86,7 +86,8 @@ String RecordName(StringView name, std::span<const Change> changes) {
   return {};
 }
 
-// The name of a record, or a function's call on a field, with the names that the text has now.
+// The name in a field record after the changes: of a field, or the call of a function on a field.
+// `names` has the names from before the changes.
 String ChangedName(StringView name, std::span<const Change> changes, const language::Names& names) {
   String after = RecordName(name, changes);
   if (!after.empty()) return after;
