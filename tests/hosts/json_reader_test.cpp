@@ -92,6 +92,23 @@ TEST(JsonReaderTest, ComplaintsAreThoseOfTheOtherLibrary) {
   }
 }
 
+TEST(JsonReaderTest, EveryByteIsTakenOrRefusedWhereverItStandsInAString) {
+  JsonReader reader;
+  const std::string text(40, 'x');
+  for (int byte = 0; byte < 256; ++byte) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      std::string line = "{\"key\":\"" + text + "\",\"and\":\"\\u0041" + text + "\"}";
+      const std::size_t first = line.find(text);
+      const std::size_t second = line.rfind(text);
+      for (const std::size_t begin : {first, second}) {
+        std::string changed = line;
+        changed[begin + at] = static_cast<char>(byte);
+        ASSERT_EQ(Read(reader, changed), Expected(changed)) << byte << " at " << at;
+      }
+    }
+  }
+}
+
 TEST(JsonReaderTest, LinesChangedAtRandomAreReadAlike) {
   JsonReader reader;
   std::mt19937 random(20);
