@@ -74,6 +74,17 @@ class ComposerTest : public PersonTest {
     EXPECT_TRUE(window_->journal().WaitUntilKept(std::chrono::seconds(10)));
     window_.reset();
   }
+  /// Waits until the window has done what it does once the person rests, such as a check of a text.
+  void Rest() {
+    QTest::qWait(1);
+    const auto isDone = [this] {
+      const QList<QTimer*> timers = window().findChildren<QTimer*>();
+      return std::none_of(timers.begin(), timers.end(), [](const QTimer* timer) {
+        return timer->isSingleShot() && timer->isActive();
+      });
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isDone, 20000));
+  }
   /// A file of these rules on the disk, opened in the window.
   void OpenRules(const std::vector<composer::Rule>& rules = {}) {
     WriteRules(rules);

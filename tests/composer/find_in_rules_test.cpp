@@ -28,7 +28,7 @@ class FindInRulesTest : public ComposerTest {
   void Search(const char* words) {
     QLineEdit& line = *Finder().findChild<QLineEdit*>();
     QTest::keyClicks(&line, QString::fromUtf8(words));
-    QTest::qWait(200);
+    Rest();
   }
   void SearchIn(int entry) { Finder().findChild<QComboBox*>()->setCurrentIndex(entry); }
   Texts Rows() {

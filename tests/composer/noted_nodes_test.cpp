@@ -41,7 +41,7 @@ class NotedNodesTest : public NodeTest {
     return noted;
   }
   std::string RuleTold() {
-    QTest::qWait(400);
+    Rest();
     for (const QLabel* label : window().findChildren<QLabel*>(QStringLiteral("ruleTold")))
       if (label->isVisible()) return Std(label->text());
     return {};

@@ -30,7 +30,7 @@ class RulePaneTest : public ComposerTest {
     return *shown;
   }
   std::string Shown() {
-    QTest::qWait(120);
+    Rest();
     return Std(View(window()).toPlainText());
   }
   std::string ToldAbove() {

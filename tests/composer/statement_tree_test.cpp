@@ -266,7 +266,7 @@ TEST_F(StatementTreeTest, TheCaretInTheTextOfTheRuleMarksItsStatement) {
 TEST_F(StatementTreeTest, LinesThatComeAndGoStandBetweenInTheTextOfTheRule) {
   Open("x = 1\r\ny = 2\r\nz = 3");
   Type("TxtOutput", "w = 0\nx = 1\nz = 3");
-  QTest::qWait(120);
+  Rest();
   EXPECT_EQ(Std(RuleBox().toPlainText()), "+ w = 0\n  x = 1\n- y = 2\n  z = 3");
   ClickOn("z = 3");
   EXPECT_EQ(Marked(RuleBox()), "z = 3");

@@ -41,7 +41,7 @@ class StoringTest : public ComposerTest {
     };
   }
   bool IsMarked() {
-    QTest::qWait(120);
+    Rest();
     return window().isWindowModified();
   }
   bool IsBold(int row) { return RuleList().item(row)->font().bold(); }

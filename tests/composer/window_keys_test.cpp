@@ -130,7 +130,7 @@ TEST_F(WindowKeysTest, CtrlWithPageKeysTurnsThePages) {
 
 TEST_F(WindowKeysTest, TheStatusBarTellsOfTheTextWithTheFocus) {
   const auto status = [&] {
-    QTest::qWait(80);
+    Rest();
     return Std(Part<QLabel>("statusLine").text());
   };
   Tab(2);

@@ -347,7 +347,10 @@ TEST_F(RulesCommandsTest, AKilledRenameLeavesAllOrNothing) {
   const std::string old = rules::ReadWhole(File());
   std::size_t kept = 0;
   std::size_t done = 0;
-  for (useconds_t wait = 0; wait < 200'000 && (wait < 20'000 || done == 0); wait += 1'000) {
+  // Short waits, one behind the other; then longer ones, until the program had the time to finish.
+  useconds_t step = 1'000;
+  for (useconds_t wait = 0; wait < 20'000 || (done == 0 && wait < 60'000'000); wait += step) {
+    if (wait >= 20'000) step = wait / 2;
     const pid_t child = fork();
     if (child == 0) {
       const int nothing = open("/dev/null", O_WRONLY);
