@@ -1,13 +1,15 @@
-// Scans long texts for rare characters, four characters at a time (SIMD within a register, without
-// special instructions).
+// Scans long texts for rare characters, and compares them, four characters at a time (SIMD within a
+// register, without special instructions).
 //
 // A 64-bit word holds four characters in lanes of 16 bits, in the machine's byte order. A test of a
 // word only tells whether any lane passes; then the characters are tested one by one.
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace zolt20::scan {
 
@@ -36,6 +38,34 @@ const char16_t* FindFirst(const char16_t* at, const char16_t* end, const AnyIsOn
     if (anyIsOne(word) != 0) break;
   }
   return std::find_if(at, end, isOne);
+}
+
+/// How many characters the two have in common at their start.
+inline std::size_t EqualAtStart(std::u16string_view a, std::u16string_view b) {
+  constexpr std::size_t kLanes = sizeof(std::uint64_t) / sizeof(char16_t);
+  const std::size_t most = std::min(a.size(), b.size());
+  std::size_t count = 0;
+  while (most - count >= kLanes &&
+         std::memcmp(a.data() + count, b.data() + count, sizeof(std::uint64_t)) == 0)
+    count += kLanes;
+  while (count < most && a[count] == b[count])
+    ++count;
+  return count;
+}
+
+/// How many characters the two have in common at their end.
+inline std::size_t EqualAtEnd(std::u16string_view a, std::u16string_view b) {
+  constexpr std::size_t kLanes = sizeof(std::uint64_t) / sizeof(char16_t);
+  const std::size_t most = std::min(a.size(), b.size());
+  const char16_t* const aEnd = a.data() + a.size();
+  const char16_t* const bEnd = b.data() + b.size();
+  std::size_t count = 0;
+  while (most - count >= kLanes &&
+         std::memcmp(aEnd - count - kLanes, bEnd - count - kLanes, sizeof(std::uint64_t)) == 0)
+    count += kLanes;
+  while (count < most && *(aEnd - count - 1) == *(bEnd - count - 1))
+    ++count;
+  return count;
 }
 
 }  // namespace zolt20::scan

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "surface/scan.h"
+
 namespace zolt20::faces {
 namespace {
 
@@ -9,17 +11,32 @@ bool IsLineBreak(StringView text, std::size_t at) {
   return text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
 }
 
+// The first line end in [at, end), or end.
+const char16_t* LineEndIn(const char16_t* at, const char16_t* end) {
+  return scan::FindFirst(
+      at, end,
+      [](std::uint64_t word) { return scan::AnyIs(word, u'\r') | scan::AnyIs(word, u'\n'); },
+      [](char16_t character) { return character == u'\r' || character == u'\n'; });
+}
+const char16_t* ReturnIn(const char16_t* at, const char16_t* end) {
+  return scan::FindFirst(
+      at, end, [](std::uint64_t word) { return scan::AnyIs(word, u'\r'); },
+      [](char16_t character) { return character == u'\r'; });
+}
+
 }  // namespace
 
 String Shown(StringView text, char16_t lineEnd) {
   String shown;
   shown.reserve(text.size());
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    if (IsLineBreak(text, at)) ++at;
-    const char16_t character = text[at];
-    shown += character == u'\n' || character == u'\r' ? lineEnd : character;
+  const char16_t* const end = text.data() + text.size();
+  const char16_t* at = text.data();
+  for (const char16_t* found = LineEndIn(at, end); found != end; found = LineEndIn(at, end)) {
+    shown.append(at, found);
+    shown += lineEnd;
+    at = found + (IsLineBreak(text, static_cast<std::size_t>(found - text.data())) ? 2 : 1);
   }
-  return shown;
+  return shown.append(at, end);
 }
 
 String WithLineEnds(StringView text) {
@@ -36,9 +53,18 @@ String WithLineEnds(StringView text) {
 }
 
 std::size_t PlaceInText(StringView text, std::size_t from, std::size_t shownCharacters) {
-  std::size_t at = from;
-  for (; shownCharacters > 0 && at < text.size(); --shownCharacters)
+  // Only CR LF makes the places differ.
+  const char16_t* const start = text.data();
+  std::size_t at = std::min(from, text.size());
+  while (shownCharacters > 0 && at < text.size()) {
+    const std::size_t most = at + std::min(shownCharacters, text.size() - at);
+    const auto found = static_cast<std::size_t>(ReturnIn(start + at, start + most) - start);
+    shownCharacters -= found - at;
+    at = found;
+    if (at == most) break;
     at += IsLineBreak(text, at) ? 2 : 1;
+    --shownCharacters;
+  }
   return at;
 }
 
@@ -63,24 +89,16 @@ String AfterEdit(StringView text, std::size_t position, std::size_t removed, Str
 }
 
 Edit EditBetween(StringView before, StringView after, std::size_t caret) {
-  std::size_t oldEnd = before.size();
-  std::size_t newEnd = after.size();
-  while (oldEnd > 0 && newEnd > caret && before[oldEnd - 1] == after[newEnd - 1]) {
-    --oldEnd;
-    --newEnd;
-  }
-  const auto first = static_cast<std::size_t>(
-      std::mismatch(before.begin(), before.begin() + static_cast<std::ptrdiff_t>(oldEnd),
-                    after.begin(), after.begin() + static_cast<std::ptrdiff_t>(newEnd))
-          .first -
-      before.begin());
+  const std::size_t behind = scan::EqualAtEnd(before, after.substr(std::min(caret, after.size())));
+  StringView old = before.substr(0, before.size() - behind);
+  StringView changed = after.substr(0, after.size() - behind);
+  const std::size_t first = scan::EqualAtStart(old, changed);
   // The common end may reach further: a deletion leaves the caret before the text that stays. Trim
   // what is equal at both ends of the difference.
-  while (oldEnd > first && newEnd > first && before[oldEnd - 1] == after[newEnd - 1]) {
-    --oldEnd;
-    --newEnd;
-  }
-  return {first, oldEnd - first, newEnd - first};
+  old.remove_prefix(first);
+  changed.remove_prefix(first);
+  const std::size_t more = scan::EqualAtEnd(old, changed);
+  return {first, old.size() - more, changed.size() - more};
 }
 
 Edit EditOfMark(StringView before, StringView after, std::size_t from, std::size_t behind,

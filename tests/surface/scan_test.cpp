@@ -51,5 +51,19 @@ TEST(ScanTest, TheFirstOfAnyLengthIsFound) {
   }
 }
 
+TEST(ScanTest, WhatTwoTextsHaveInCommonAtTheirEndsIsCounted) {
+  for (std::size_t length = 0; length < 12; ++length) {
+    const String text(length, u'a');
+    EXPECT_EQ(scan::EqualAtStart(text, String(length + 3, u'a')), length);
+    EXPECT_EQ(scan::EqualAtEnd(String(length + 3, u'a'), text), length);
+    for (std::size_t place = 0; place < length; ++place) {
+      String other = text;
+      other[place] = u'b';
+      EXPECT_EQ(scan::EqualAtStart(text, other), place) << length;
+      EXPECT_EQ(scan::EqualAtEnd(text, other), length - place - 1) << length;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zolt20::tests
