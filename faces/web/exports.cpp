@@ -379,7 +379,7 @@ Status type_key(MapElement* element, const TextBox* box, int first, int behind, 
                                {static_cast<int>(from), static_cast<int>(to)});
 }
 
-/// The last gesture as five numbers and a text: its kind, the control, the number in the control,
+/// The last gesture as five numbers: its kind, the control, the number in the control,
 /// the marked characters of a key or -1 twice. No numbers without a gesture or its control.
 ZOLT20_EXPORT(made) void made(MapElement* element) {
   const UserGesture& gesture = element->person().made().gesture;
@@ -389,7 +389,10 @@ ZOLT20_EXPORT(made) void made(MapElement* element) {
   const TextMark mark = gesture.mark.value_or(TextMark{-1, -1});
   numbers = {static_cast<std::int32_t>(gesture.gesture), Address(gesture.control), gesture.number,
              mark.from, mark.to};
-  Give(StringView(gesture.text));
+}
+/// The text of the last gesture.
+ZOLT20_EXPORT(made_text) void made_text(MapElement* element) {
+  Give(StringView(element->person().made().gesture.text));
 }
 /// The word of a gesture in JSON lines, a blank, and the key of its operand, which is "" for a
 /// gesture that has nothing beside its control.

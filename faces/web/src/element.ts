@@ -59,8 +59,7 @@ export class ZOLT20MapControlElement extends FormElement {
       this.#tellOf('historychanged', {canUndo: this.canUndo, canRedo: this.canRedo}),
     gestureMade: () => {
       this.#filling.begun();
-      const {user, control} = logic.madeGesture(this.#handle) ?? {};
-      const isTyping = control === 'TxtOutput' && (user === 'type' || user === 'key');
+      const isTyping = logic.madeByTyping(this.#handle, this.#face.addressOf('TxtOutput'));
       this.#form.look(isTyping ? 'typing' : 'person');
       this.#tell(new Event('gesturemade', {bubbles: true, composed: true}));
     },

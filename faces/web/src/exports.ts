@@ -62,6 +62,7 @@ export interface Exports extends ExchangeExports {
   type(element: number, box: number, caret: number, lineEnd: number): Status;
   type_key(element: number, box: number, first: number, behind: number, code: number): Status;
   made(element: number): void;
+  made_text(element: number): void;
   gesture_words(gesture: Gesture): void;
   begin_step(element: number): number;
   end_step(element: number): void;

@@ -16,7 +16,7 @@ import {
   type Stretch,
   wordsIn,
 } from './crossing';
-import {type Ask, AskText, type Gesture, type ListKey, type Status} from './numbers';
+import {type Ask, AskText, Gesture, type ListKey, type Status} from './numbers';
 
 export type * from './crossing';
 
@@ -415,17 +415,30 @@ export class Logic implements BoxTexts {
   }
   /** The last gesture, as a request of JSON lines; undefined when its control is gone. */
   madeGesture(handle: number): MadeGesture | undefined {
-    this.#exports.made(handle);
-    const [gesture, control, number, from, to] = this.#numbers();
-    if (gesture === undefined) return undefined;
+    const numbers = this.#made(handle);
+    if (numbers === undefined) return undefined;
+    const [gesture, control, number, from, to] = numbers;
+    this.#exports.made_text(handle);
     const typed = this.#text();
     this.#exports.gesture_words(gesture);
     const [user, operand] = this.#text().split(' ') as [string, string];
     const made: MadeGesture = {user};
-    if (operand !== 'page') made['control'] = this.text(control!, AskText.Name);
-    if (operand !== '') made[operand] = operand === 'text' ? typed : number!;
-    if (from! >= 0) Object.assign(made, {from, to});
+    if (operand !== 'page') made['control'] = this.text(control, AskText.Name);
+    if (operand !== '') made[operand] = operand === 'text' ? typed : number;
+    if (from >= 0) Object.assign(made, {from, to});
     return made;
+  }
+  /** Whether the last gesture was typing into this box. */
+  madeByTyping(handle: number, box: Address): boolean {
+    const [gesture, control] = this.#made(handle) ?? [];
+    return control === box && (gesture === Gesture.Type || gesture === Gesture.Key);
+  }
+  #made(handle: number): [number, Address, number, number, number] | undefined {
+    this.#exports.made(handle);
+    const numbers = [...this.#numbers()];
+    return numbers.length === 0
+      ? undefined
+      : (numbers as [number, Address, number, number, number]);
   }
   beginStep(handle: number): boolean {
     return this.#exports.begin_step(handle) !== 0;
