@@ -210,6 +210,40 @@ describe('the colours', () => {
   });
 });
 
+describe('the lines that are drawn', () => {
+  /** @type {(page: Page) => Promise<string[]>} */
+  const drawn = (page) =>
+    page.evaluate(() => {
+      /** @type {NodeListOf<HTMLElement> | undefined} */
+      const all = box.shadowRoot?.querySelectorAll('.line');
+      return [...(all ?? [])].filter((each) => !each.hidden).map((each) => each.textContent);
+    });
+  const lines = Array.from({length: 100}, (_, line) => `if ${line}`);
+
+  withBox('are those of the text after each edit', async (page) => {
+    await write(page, {Text: lines.join('\n'), Highlight: true});
+    await press(page, ['Tab', 'Control+Home', 'ArrowDown', 'x', 'Enter', 'y']);
+    assert.deepEqual(await drawn(page), ['if 0', 'x', 'yif 1', ...lines.slice(2)]);
+    await press(page, ['Control+Shift+End', 'Backspace', 'e', 'n', 'd', 'i', 'f']);
+    assert.deepEqual(await drawn(page), ['if 0', 'x', 'yendif']);
+    await press(page, ['Home', 'Delete']);
+    assert.deepEqual(await colours(page), ['if', '0', 'endif']);
+    await write(page, {Text: lines.join('\n')});
+    assert.deepEqual(await drawn(page), lines);
+  });
+  withBox('are all of them again once lines go on below again', async (page) => {
+    await write(page, {Text: lines.join('\n'), Highlight: true, rightmargin: 100000});
+    await write(page, {rightmargin: 0});
+    await write(page, {rightmargin: 100000});
+    const inSight = await drawn(page);
+    assert.ok(inSight.length < lines.length);
+    assert.deepEqual(inSight, lines.slice(0, inSight.length));
+    await press(page, ['Tab', 'Control+End']);
+    await write(page, {rightmargin: 0});
+    assert.deepEqual(await drawn(page), lines);
+  });
+});
+
 describe('the right margin', () => {
   withBox('is where lines go on below', async (page) => {
     await write(page, {Text: 'condition '.repeat(60)});

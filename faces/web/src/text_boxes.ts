@@ -14,6 +14,8 @@ const kLineEnd = '\n';
 const kLineEndInALine = '\ufdd0';
 /** Of a longer line, so many characters get syntax colours. */
 const kColoredLine = 20_000;
+/** Of lines that change, in or out of sight, so many are coloured before their places are known. */
+const kColoredAtOnce = 64;
 
 /** Takes the edits of a box. */
 export interface TypedInto {
@@ -308,6 +310,8 @@ export class LinesBox {
   #margin: number | undefined; // where lines wrap, in pixels, 0 at the edge; undefined for nowhere
   #lines: string[] | undefined;
   #placed: string[] | undefined; // the lines that the sheet has, if it has all of them
+  readonly #nodes: HTMLElement[] = []; // of the sheet, one a line
+  readonly #drawn = new WeakMap<Element, string>(); // the line whose colours a node shows
   // A cache of scrolling and measures, in pixels: to ask the browser for them would force a layout
   // with each key.
   #place: [number, number] = [0, 0];
@@ -405,39 +409,57 @@ export class LinesBox {
     }
     const first = Math.max(0, Math.floor((scrollTop - padding) / height));
     const behind = Math.min(this.#lines.length, first + Math.ceil(view / height) + 2);
+    this.#placed = undefined;
     this.#drawThese(this.#lines.slice(first, behind), (node, line) => this.#drawLine(node, line));
     this.#sheet.style.transform = `translate(${-scrollLeft}px, ${padding + first * height - scrollTop}px)`;
   }
-  #drawThese(lines: string[], draw: (node: HTMLElement, line: string) => void): void {
-    while (this.#sheet.childElementCount < lines.length)
-      this.#sheet.append(make('div', {class: 'line'}));
-    for (const [at, node] of ([...this.#sheet.children] as HTMLElement[]).entries()) {
-      node.hidden = at >= lines.length;
-      if (at < lines.length) draw(node, lines[at]!);
+  // `shown` are the lines that the first nodes show already.
+  #drawThese(
+    lines: string[],
+    draw: (node: HTMLElement, line: string) => void,
+    shown: string[] = [],
+  ): void {
+    while (this.#nodes.length < lines.length)
+      this.#nodes.push(this.#sheet.appendChild(make('div', {class: 'line'})));
+    for (const [at, node] of this.#nodes.entries()) {
+      const line = lines[at];
+      if (line !== undefined && line === shown[at]) continue;
+      node.hidden = line === undefined;
+      if (line !== undefined) draw(node, line);
     }
   }
   // Only the browser knows the height of a wrapped line. So the sheet has all lines, and colours
-  // those in sight.
+  // those in sight. Places are read before anything is drawn: each read behind a change would be a
+  // layout of all lines.
   #drawAll(lines: string[], top: number, height: number): void {
     if (lines !== this.#placed) {
-      this.#drawThese(lines, (node, line) => {
-        if (node.textContent === line) return;
-        this.#drawPieces(node, [[line, '']]);
-      });
+      // A line that is typed into is coloured at once.
+      let colorings = this.#placed === undefined ? 0 : kColoredAtOnce;
+      const draw = (node: HTMLElement, line: string) => {
+        if (colorings-- > 0) this.#drawLine(node, line);
+        else this.#drawPlain(node, line);
+      };
+      this.#drawThese(lines, draw, this.#placed);
       this.#placed = lines;
     }
-    const nodes = this.#sheet.children as HTMLCollectionOf<HTMLElement>;
-    let low = 0;
-    for (let high = lines.length; low < high; ) {
-      const middle = (low + high) >> 1;
-      const {offsetTop, offsetHeight} = nodes[middle]!;
-      if (offsetTop + offsetHeight <= top) low = middle + 1;
+    let first = 0;
+    for (let high = lines.length; first < high; ) {
+      const middle = (first + high) >> 1;
+      const {offsetTop, offsetHeight} = this.#nodes[middle]!;
+      if (offsetTop + offsetHeight <= top) first = middle + 1;
       else high = middle;
     }
-    for (let at = low; at < lines.length && nodes[at]!.offsetTop < top + height; ++at)
-      this.#drawLine(nodes[at]!, lines[at]!);
+    let behind = first;
+    while (behind < lines.length && this.#nodes[behind]!.offsetTop < top + height) ++behind;
+    for (let at = first; at < behind; ++at) this.#drawLine(this.#nodes[at]!, lines[at]!);
+  }
+  #drawPlain(node: Element, line: string): void {
+    this.#drawn.delete(node);
+    this.#drawPieces(node, [[line, '']]);
   }
   #drawLine(node: Element, line: string): void {
+    if (this.#drawn.get(node) === line) return;
+    this.#drawn.set(node, line);
     const pieces: [string, string][] = [];
     let at = 0;
     for (const {first, count, kind} of this.#texts.coloredWords(line.slice(0, kColoredLine))) {
