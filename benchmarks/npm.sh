@@ -3,7 +3,7 @@
 
 # absent REASON: ends the command, with exit status 3.
 absent() {
-  echo "No comparison with other query builders: $1" >&2
+  echo "No comparison with packages of the registry: $1" >&2
   exit 3
 }
 
