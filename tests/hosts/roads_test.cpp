@@ -42,7 +42,8 @@ class RoadsTest : public ::testing::Test {
     SCOPED_TRACE("seed " + std::to_string(seed));
     DirectRoad direct;
     automation::Session session;
-    SessionMaker maker(seed);
+    SeededChoices choices(seed);
+    SessionMaker maker(choices);
     lines_.clear();
     replies_.clear();
     for (int step = 0; step < kSteps; ++step) {

@@ -120,7 +120,7 @@ TEST(RandomOpeningTest, StatementsOfFormsFilledInAtRandomComeBack) {
 /// A session of people who do anything, with the catalogue that its host wrote.
 class AnySession {
  public:
-  explicit AnySession(unsigned seed) : maker_(seed) {}
+  explicit AnySession(unsigned seed) : choices_(seed) {}
 
   /// One step; gives the statement that it added to an empty Result, "" for none.
   String Step() {
@@ -143,7 +143,8 @@ class AnySession {
   const Surface& Form() { return road_.Control().Form(); }
 
   DirectRoad road_;
-  SessionMaker maker_;
+  SeededChoices choices_;
+  SessionMaker maker_{choices_};
   reopen::Catalogue catalogue_;
   bool isOver_ = false;
 };

@@ -228,7 +228,8 @@ TEST(SessionTextsTest, OfAnySessionAreTrees) {
   for (unsigned seed = 1; seed <= 300; ++seed) {
     SCOPED_TRACE(seed);
     DirectRoad direct;
-    SessionMaker maker(seed);
+    SeededChoices choices(seed);
+    SessionMaker maker(choices);
     for (int step = 0; step < 40; ++step) {
       const auto request = maker.Next(direct.Control().Form());
       maker.Hear(request, direct.Reply(request));

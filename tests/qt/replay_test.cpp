@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <random>
 
 #include "hosts/automation/session.h"
 #include "tests/qt/host_requests.h"
@@ -222,72 +221,19 @@ TEST_F(ReplayTest, ClearMayComeAtAnyTime) {
            OnControl("click", "cmdNext"), OnControl("click", "cmdClear"), ToPage(0)});
 }
 
-class ClickingAroundTest : public ReplayTest, public ::testing::WithParamInterface<unsigned> {
- protected:
-  int Any(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
-
-  // Something that a person could do to the control at this moment; null for nothing.
-  Json GestureOn(const Control& control) {
-    const std::string name(control.name());
-    if (!control.Shown() || !control.Enabled() || !IsInSight(name)) return nullptr;
-    switch (control.kind()) {
-      case Kind::TabStrip:
-        return ToPage(Any(7));
-      case Kind::Button:
-      case Kind::OptionButton:
-        return OnControl("click", name);
-      case Kind::SyntaxTextBox:
-      case Kind::TextBox:
-        return TypedInto(control);
-      case Kind::ListBox: {
-        const auto& list = static_cast<const ListBox&>(control);
-        if (list.ListCount() == 0) return nullptr;
-        const bool twice = list.IsSingle() && Any(4) == 0;
-        return OnRow(twice ? "dblclick" : "click", name, Any(list.ListCount()));
-      }
-      case Kind::ComboBox: {
-        const auto& combo = static_cast<const ComboBox&>(control);
-        if (combo.IsEditable() && Any(2) == 0) return Typed(name, kValues[Any(3)]);
-        return combo.ListCount() == 0 ? Json() : OnRow("pick", name, Any(combo.ListCount()));
-      }
-      case Kind::ScrollBar: {
-        // One step, as a person's way to a value goes through those between.
-        const auto& bar = static_cast<const ScrollBar&>(control);
-        const int value = bar.Value() + (Any(2) == 0 ? 1 : -1);
-        if (value < 0 || value > bar.Max()) return nullptr;
-        return {{"user", "scroll"}, {"control", name}, {"value", value}};
-      }
-      default:
-        return nullptr;
-    }
-  }
-
- private:
-  static constexpr const char* kValues[] = {"1", "TABLE__1.A", ":var.x"};
-
-  Json TypedInto(const Control& box) {
-    const std::string name(box.name());
-    if (Any(3) == 0) return OnControl("focus", name);
-    std::string text = kValues[Any(3)];
-    if ((box.design().style & kMultiLine) != 0) text += "\r\n" + text;
-    const StringView now = static_cast<const TextControl&>(box).Text();
-    // A text typed over itself is nothing that a text box of Qt tells.
-    return Narrow(now) == text ? Json() : Typed(name, text);
-  }
-
-  std::mt19937 random_{GetParam()};
-};
+class ClickingAroundTest : public ReplayTest, public ::testing::WithParamInterface<unsigned> {};
 
 TEST_P(ClickingAroundTest, TheWidgetGoesTheWayOfTheSession) {
   PlayCatalogue();
   PlayAll({Answered("eventSubQuery", "prpStroutput", "select A~\u0001from  B~endselect"),
            Answered("eventFunction", "prpSelectDoPart", "*zlt*f(`^`x`^`)"),
            Answered("eventCondition", "prpSelectErrorPart", "if a then ~\u0001b~endif")});
+  SeededChoices choices(GetParam());
+  SessionMaker maker(choices, Gestures::kOfAPerson,
+                     [this](const std::string& control) { return IsInSight(control); });
   constexpr int kSteps = 200;
   for (int step = 0; step < kSteps && !HasFailure();) {
-    const auto controls = form().Controls();
-    const Json gesture =
-        GestureOn(*controls[static_cast<std::size_t>(Any(static_cast<int>(controls.size())))]);
+    const Json gesture = maker.LikelyGesture(form());
     if (gesture.is_null()) continue;
     SCOPED_TRACE("step " + std::to_string(++step));
     Play(gesture.dump());
@@ -306,7 +252,8 @@ TEST_P(MadeUpSessionsTest, TheWidgetGoesTheWayOfTheSession) {
   for (unsigned i = 0; i < kSessionsOfEach; ++i) {
     const unsigned seed = GetParam() * kSessionsOfEach + i;
     Play(R"({"new":{}})");
-    SessionMaker maker(seed, Gestures::kOfAPerson,
+    SeededChoices choices(seed);
+    SessionMaker maker(choices, Gestures::kOfAPerson,
                        [this](const std::string& control) { return IsInSight(control); });
     for (int step = 0; step < kSteps; ++step) {
       SCOPED_TRACE("seed " + std::to_string(seed) + ", step " + std::to_string(step));

@@ -22,14 +22,14 @@ String FieldList(const Tables& tables) {
 
 Tables Person::MakeCatalogue() {
   Texts names{"ORDERS__", "CUSTOMER", "STOCK___", "ITEM____", "HISTORY_"};
-  std::shuffle(names.begin(), names.end(), random_);
+  std::shuffle(names.begin(), names.end(), choices_);
   names.resize(static_cast<std::size_t>(2 + Below(3)));
   if (OneIn(10)) names[0] = OneOf({"summarys", "summarys", "desctabl"});
   Tables tables;
   for (const std::string& name : names) {
     Table table{name, Below(3), {}};
     Texts fields{"ID", "NAME", "QTY", "QTY2", "DATE", "reindex", "LINE NO"};
-    std::shuffle(fields.begin(), fields.end(), random_);
+    std::shuffle(fields.begin(), fields.end(), choices_);
     fields.resize(static_cast<std::size_t>(2 + Below(4)));
     if (OneIn(12))
       fields[1] = OneOf(

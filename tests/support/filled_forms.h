@@ -6,12 +6,12 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "tests/support/choices.h"
 #include "tests/support/control_test.h"
 
 namespace zolt20::tests::forms {
@@ -65,13 +65,11 @@ class Page {
 /// A random person who makes up a catalogue and fills in a form.
 class Person {
  public:
-  explicit Person(unsigned seed) : random_(seed) {}
+  explicit Person(unsigned seed) : choices_(seed) {}
 
-  int Below(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
-  bool OneIn(int count) { return Below(count) == 0; }
-  std::string OneOf(const Texts& texts) {
-    return texts[static_cast<std::size_t>(Below(static_cast<int>(texts.size())))];
-  }
+  int Below(int count) { return choices_.Below(count); }
+  bool OneIn(int count) { return choices_.OneIn(count); }
+  std::string OneOf(const Texts& texts) { return choices_.From(texts); }
 
   Tables MakeCatalogue();
   void FillIn(Page& page);
@@ -84,7 +82,7 @@ class Person {
   std::string BlockText();
   void FillBlocks(Page& page);
 
-  std::mt19937 random_;
+  SeededChoices choices_;
 };
 
 }  // namespace zolt20::tests::forms

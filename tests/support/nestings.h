@@ -6,9 +6,10 @@
 // default or none has.
 #pragma once
 
-#include <random>
 #include <string>
 #include <vector>
+
+#include "tests/support/choices.h"
 
 namespace zolt20::tests {
 
@@ -44,10 +45,12 @@ std::string Print(const Nesting& nesting, std::size_t depth = 0);
 /// Makes nestings up.
 class Maker {
  public:
-  explicit Maker(unsigned seed) : random_(seed) {}
+  explicit Maker(unsigned seed) : choices_(seed) {}
 
   bool Maybe() { return Below(2) == 1; }
-  std::size_t Below(std::size_t bound) { return random_() % bound; }
+  std::size_t Below(std::size_t bound) {
+    return static_cast<std::size_t>(choices_.Below(static_cast<int>(bound)));
+  }
   Kind AnyKind() { return static_cast<Kind>(Below(kKinds)); }
 
   /// Each text of a control is another one, so that no two can be taken for each other.
@@ -79,7 +82,7 @@ class Maker {
     return statement;
   }
 
-  std::mt19937 random_;
+  SeededChoices choices_;
   int words_ = 0;
 };
 

@@ -80,8 +80,7 @@ void People::TakeKeys() {
   constexpr int kWheelInKeys = 8;
   constexpr int kNumberInKeys = 5;
   if (Any(kWheelInKeys) == 0) {
-    const auto over = static_cast<std::size_t>(Any(static_cast<int>(kUnderTheWheel.size())));
-    return steps_.push_back({{"wheel", kUnderTheWheel[over]}});
+    return steps_.push_back({{"wheel", choices_.From(kUnderTheWheel)}});
   }
   if (Any(kNumberInKeys) == 0) return TakeKeysOfANumber();
   for (int count = 1 + Any(kMost); count > 0; --count)

@@ -7,10 +7,10 @@
 
 #include <deque>
 #include <nlohmann/json.hpp>
-#include <random>
 #include <string>
 
 #include "hosts/automation/session.h"
+#include "tests/support/choices.h"
 #include "tests/support/session_maker.h"
 
 namespace zolt20::tests {
@@ -19,27 +19,27 @@ class People {
  public:
   using Json = nlohmann::ordered_json;
 
-  explicit People(unsigned seed) : random_(seed), maker_(seed, Gestures::kOfAPerson) {}
+  explicit People(unsigned seed) : choices_(seed), choicesOfCourses_(seed) {}
 
   /// The next step.
   Json Next();
 
  private:
-  int Any(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
+  int Any(int count) { return choices_.Below(count); }
   void GoOn();
   void TakeKeys();
   void TakeKeysOfANumber();
   template <typename Keys>
   Json KeyOf(const Keys& keys) {
-    const auto key = static_cast<std::size_t>(Any(static_cast<int>(keys.size())));
-    return {{"keys", Json::array({keys[key]})}};
+    return {{"keys", Json::array({choices_.From(keys)})}};
   }
   void Take(const Json& gesture);
   void TypeInto(const std::string& box, const std::string& text);
 
-  std::mt19937 random_;
+  SeededChoices choices_;
+  SeededChoices choicesOfCourses_;
   automation::Session session_;
-  SessionMaker maker_;
+  SessionMaker maker_{choicesOfCourses_, Gestures::kOfAPerson};
   std::deque<Json> steps_;
 };
 

@@ -19,11 +19,21 @@ Json Tab(int page) {
 Json Set(const char* property, const Json& value) {
   return {{"set", property}, {"value", value}};
 }
+Json Focus(const std::string& control) {
+  return {{"user", "focus"}, {"control", control}};
+}
 Json OnRow(const char* verb, const std::string& list, int row) {
   return {{"user", verb}, {"control", list}, {"row", row}};
 }
 Json TypeInto(const std::string& box, const std::string& text) {
   return {{"user", "type"}, {"control", box}, {"text", text}};
+}
+
+// One step, as a person's way to a value goes through those between.
+Json ScrollBy(int step, const ScrollBar& bar) {
+  const int value = bar.Value() + step;
+  if (value < 0 || value > bar.Max()) return nullptr;
+  return {{"user", "scroll"}, {"control", bar.name()}, {"value", value}};
 }
 
 const RowsControl* RowsOf(const Surface& form, std::string_view list) {
@@ -44,9 +54,9 @@ constexpr std::array<const char*, 5> kEvents{"eventCancel", "eventDone", "eventS
 
 }  // namespace
 
-SessionMaker::SessionMaker(unsigned seed, Gestures gestures,
+SessionMaker::SessionMaker(Choices& choices, Gestures gestures,
                            std::function<bool(const std::string&)> isInSight)
-    : random_(seed), gestures_(gestures), isInSight_(std::move(isInSight)) {
+    : choices_(choices), gestures_(gestures), isInSight_(std::move(isInSight)) {
   WriteCatalogue();
   MarkATable();
   ComposeTheSelectList();
@@ -107,7 +117,15 @@ void SessionMaker::DoOnRow(const char* verb, const char* list, std::string holdi
 }
 
 void SessionMaker::DoType(const char* box, std::string text) {
-  Do(TypeInto(box, text));
+  Do([this, box, text = std::move(text)](const Surface&) { return TypeInto(box, Odd(text)); });
+}
+
+void SessionMaker::DoSet(const char* property, std::string text) {
+  Do([this, property, text = std::move(text)](const Surface&) { return Set(property, Odd(text)); });
+}
+
+std::string SessionMaker::Odd(std::string text) {
+  return oddTexts_ && OneIn(2) ? oddTexts_() : text;
 }
 
 std::string SessionMaker::Field() {
@@ -116,7 +134,7 @@ std::string SessionMaker::Field() {
 
 std::string SessionMaker::Value() {
   const std::array<std::string, 6> values{"1", ":var.x", Field(), "'a text'", "", " 32768 "};
-  return AnyOf(values);
+  return Odd(AnyOf(values));
 }
 
 std::string SessionMaker::EncodedText() {
@@ -128,7 +146,7 @@ std::string SessionMaker::EncodedText() {
       "",
       "~\u0001\u0001two tabs~  blanks  ",
   };
-  return AnyOf(texts);
+  return Odd(AnyOf(texts));
 }
 
 void SessionMaker::WriteCatalogue() {
@@ -286,7 +304,7 @@ void SessionMaker::NestAStatement() {
         DoType("txtinitval", "1");
         DoType("txtFinVal", Value());
         if (OneIn(3)) DoType("txtStep", "2");
-        Do({{"user", "focus"}, {"control", "txtForStmt"}});
+        Do(Focus("txtForStmt"));
         Do(Set("prpStroutput", EncodedText()));
         break;
       case 2:
@@ -319,19 +337,14 @@ void SessionMaker::FillInCaseRows() {
   DoType("txtStmt(0)", ":var.a = 1\r\n:var.b = 2");
   for (int i = 0; i < Any(6); ++i) {
     Do(Click("cmdNext"));
-    Do([](const Surface& form) -> Json {
+    Do([this](const Surface& form) -> Json {
       const Control* row = form.Focused();
       if (row == nullptr || row->design().name != ControlName::TxtExpr) return nullptr;
-      return TypeInto(std::string(row->name()), "'" + std::string(row->name()) + "'");
+      return TypeInto(std::string(row->name()), Odd("'" + std::string(row->name()) + "'"));
     });
   }
   if (OneIn(2)) {
-    Do([this](const Surface& form) -> Json {
-      // One step, as a person's way to a value goes through those between.
-      const int value = form.VscrCase.Value() + (OneIn(3) ? 1 : -1);
-      if (value < 0 || value > form.VscrCase.Max()) return nullptr;
-      return {{"user", "scroll"}, {"control", "VscrCase"}, {"value", value}};
-    });
+    Do([this](const Surface& form) -> Json { return ScrollBy(OneIn(3) ? 1 : -1, form.VscrCase); });
   }
   if (OneIn(2)) DoType("TxtDef", ":var.none = 1");
 }
@@ -342,19 +355,19 @@ void SessionMaker::BringPartsBack() {
     names.push_back(Field());
   switch (Any(7)) {
     case 0:
-      return Do(Set("prpSelectFromPart", Joined({AnyOf(tables_), AnyOf(tables_)})));
+      return DoSet("prpSelectFromPart", Joined({AnyOf(tables_), AnyOf(tables_)}));
     case 1:
       if (OneIn(3)) names.insert(names.begin(), "sum ( " + Field() + " ) :var.sum");
-      return Do(Set("prpSelectPart", Joined(names)));
+      return DoSet("prpSelectPart", Joined(names));
     case 2:
-      return Do(Set("prpSelectWherePart", Field() + " > 1~\u0001and " + Field() + " = `^`x`^`"));
+      return DoSet("prpSelectWherePart", Field() + " > 1~\u0001and " + Field() + " = `^`x`^`");
     case 3:
-      return Do(Set("prpSelectGroupbyPart", Joined(names)));
+      return DoSet("prpSelectGroupbyPart", Joined(names));
     case 4:
       names.front() += " desc";
-      return Do(Set("prpSelectOrderbyPart", Joined(names)));
+      return DoSet("prpSelectOrderbyPart", Joined(names));
     case 5:
-      return Do(Set("prpSelectAsSetPart", std::to_string(Any(1000))));
+      return DoSet("prpSelectAsSetPart", std::to_string(Any(1000)));
     default:
       return Do(Set("prpStroutput", EncodedText()));
   }
@@ -406,46 +419,98 @@ void SessionMaker::SaveAndReopen() {
   ComposeTheSelectList();
 }
 
-// Any gesture on any control, shown or not, on rows and values that may not be there.
+// What any gesture of the session can be.
 Json SessionMaker::AnythingAtAll(const Surface& form) {
-  const auto controls = form.Controls();
-  const Control& control = *AnyOf(controls);
+  return gestures_ == Gestures::kOfAPerson ? LikelyGesture(form) : AnyGesture(form);
+}
+
+// On something in sight, so that it is likely to have an effect.
+Json SessionMaker::LikelyGesture(const Surface& form) {
+  std::vector<const Control*> within;
+  for (const Control* control : form.Controls()) {
+    if (control->TakesFocus() && control->Shown() && control->Enabled() &&
+        isInSight_(std::string(control->name())))
+      within.push_back(control);
+  }
+  if (within.empty()) return nullptr;
+  Json gesture = LikelyOn(*AnyOf(within));
+  return gesture.is_null() || IsPossible(gesture, form) ? gesture : Json();
+}
+
+Json SessionMaker::LikelyOn(const Control& control) {
   const std::string name(control.name());
-  const bool isAPerson = gestures_ == Gestures::kOfAPerson;
-  if (!isAPerson && OneIn(4)) return {{"user", "focus"}, {"control", name}};
-  const auto anyRow = [&](const RowsControl& rows) {
-    return isAPerson ? Any(std::max(rows.ListCount(), 1)) : Any(rows.ListCount() + 3) - 1;
-  };
   switch (control.kind()) {
     case Kind::TabStrip:
-      return Tab(isAPerson ? Any(7) : Any(9) - 1);
+      return Tab(Any(7));
     case Kind::Button:
+      if (OneIn(6)) return Focus(name);
+      return IsSpared(name) ? Json() : Click(name);
     case Kind::OptionButton:
-      // Clearing and forgetting come seldom enough to leave something behind.
-      return name == "cmdClear" && !OneIn(4) ? Json() : Click(name);
-    case Kind::SyntaxTextBox:
+      return Click(name);
     case Kind::TextBox:
-      if (!isAPerson && control.kind() == Kind::TextBox && OneIn(2))
+      if (gestures_ == Gestures::kAny && OneIn(4))
         return KeyInto(static_cast<const TextBox&>(control));
-      return TypeInto(name, Value());
+      return OneIn(4) ? Focus(name) : TypeInto(name, TypedInto(control));
+    case Kind::SyntaxTextBox:
+      return OneIn(4) ? Focus(name) : TypeInto(name, TypedInto(control));
     case Kind::ListBox: {
       const auto& list = static_cast<const ListBox&>(control);
-      if (isAPerson && list.ListCount() == 0) return nullptr;
-      return OnRow((!isAPerson || list.IsSingle()) && OneIn(4) ? "dblclick" : "click", name,
-                   anyRow(list));
+      if (list.ListCount() == 0) return nullptr;
+      return OnRow(list.IsSingle() && OneIn(4) ? "dblclick" : "click", name, Any(list.ListCount()));
     }
     case Kind::ComboBox: {
       const auto& combo = static_cast<const ComboBox&>(control);
       if (combo.IsEditable() && OneIn(2)) return TypeInto(name, Value());
-      if (isAPerson && combo.ListCount() == 0) return nullptr;
-      return OnRow("pick", name, anyRow(combo));
+      return combo.ListCount() == 0 ? Json() : OnRow("pick", name, Any(combo.ListCount()));
     }
     case Kind::ScrollBar:
-      if (isAPerson) return nullptr;
+      return ScrollBy(OneIn(2) ? 1 : -1, static_cast<const ScrollBar&>(control));
+    default:
+      return nullptr;
+  }
+}
+
+std::string SessionMaker::TypedInto(const Control& box) {
+  const std::string value = Value();
+  const bool hasLines = (box.design().style & kMultiLine) != 0;
+  return hasLines && OneIn(2) ? value + "\r\n" + value : value;
+}
+
+// On any control, shown or not, on rows and values that may not be there.
+Json SessionMaker::AnyGesture(const Surface& form) {
+  const Control& control = *AnyOf(form.Controls());
+  const std::string name(control.name());
+  if (OneIn(4)) return Focus(name);
+  switch (control.kind()) {
+    case Kind::TabStrip:
+      return Tab(Any(9) - 1);
+    case Kind::Button:
+    case Kind::OptionButton:
+      return IsSpared(name) ? Json() : Click(name);
+    case Kind::SyntaxTextBox:
+    case Kind::TextBox:
+      if (control.kind() == Kind::TextBox && OneIn(2))
+        return KeyInto(static_cast<const TextBox&>(control));
+      return TypeInto(name, Value());
+    case Kind::ListBox: {
+      const auto& list = static_cast<const ListBox&>(control);
+      return OnRow(OneIn(4) ? "dblclick" : "click", name, Any(list.ListCount() + 3) - 1);
+    }
+    case Kind::ComboBox: {
+      const auto& combo = static_cast<const ComboBox&>(control);
+      if (combo.IsEditable() && OneIn(2)) return TypeInto(name, Value());
+      return OnRow("pick", name, Any(combo.ListCount() + 3) - 1);
+    }
+    case Kind::ScrollBar:
       return {{"user", "scroll"}, {"control", name}, {"value", Any(6) - 1}};
     default:
-      return isAPerson ? Json() : Click(name);
+      return Click(name);
   }
+}
+
+// Clearing and forgetting come seldom enough to leave something behind.
+bool SessionMaker::IsSpared(const std::string& button) {
+  return button == "cmdClear" && !OneIn(4);
 }
 
 }  // namespace zolt20::tests

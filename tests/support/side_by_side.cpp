@@ -104,7 +104,7 @@ void SideBySide::Start(unsigned seed) {
     EXPECT_EQ(mirror_->Difference(), "");
     ComparePersisted();
   }
-  random_.seed(seed);
+  choices_ = SeededChoices(seed);
   seed_ = seed;
   stepCount_ = 0;
   trace_.clear();

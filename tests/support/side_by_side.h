@@ -11,11 +11,11 @@
 #include <deque>
 #include <functional>
 #include <memory>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "tests/support/choices.h"
 #include "tests/support/control_test.h"
 #include "tests/support/literal_walks.h"
 
@@ -55,11 +55,9 @@ class SideBySide : public ::testing::Test {
   void Walk(int count, const Steps& steps);
 
   // Chance.
-  int Below(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
-  bool OneIn(int count) { return Below(count) == 0; }
-  std::string OneOf(const Texts& texts) {
-    return texts[static_cast<std::size_t>(Below(static_cast<int>(texts.size())))];
-  }
+  int Below(int count) { return choices_.Below(count); }
+  bool OneIn(int count) { return choices_.OneIn(count); }
+  std::string OneOf(const Texts& texts) { return choices_.From(texts); }
   /// Up to that many of the pieces, one behind the other.
   std::string Joined(const Texts& pieces, int most);
 
@@ -109,7 +107,7 @@ class SideBySide : public ::testing::Test {
   void Compare(const std::string& controlError, const std::string& literalError);
   void Fail(const std::string& what);
 
-  std::mt19937 random_;
+  SeededChoices choices_{std::mt19937::default_seed};
   StampingHost host_;
   std::unique_ptr<Mirror> mirror_;
   std::unique_ptr<ZOLT20MapControl> control_;

@@ -15,7 +15,7 @@ std::string Indented(std::string text, std::size_t tabs) {
 }  // namespace
 
 WholeForm::WholeForm(unsigned seed)
-    : random_(seed), hasDefaults_(OneIn(2)), control_(host_), form_(control_.Form()) {
+    : choices_(seed), hasDefaults_(OneIn(2)), control_(host_), form_(control_.Form()) {
   control_.UserControl_InitProperties();
   MakeCatalogue();
   control_.PrpStrTables(tables_);
@@ -23,8 +23,8 @@ WholeForm::WholeForm(unsigned seed)
 }
 
 String WholeForm::Compose() {
-  if (OneIn(4)) control_.prpintTabcount(Integer(static_cast<int>(Below(3))));
-  for (std::size_t parts = 1 + Below(3); parts > 0; --parts) {
+  if (OneIn(4)) control_.prpintTabcount(Below(3));
+  for (int parts = 1 + Below(3); parts > 0; --parts) {
     if (OneIn(3)) {
       AddNesting();
     } else {
@@ -47,17 +47,17 @@ void WholeForm::Type(const zolt20::Control& box, const std::string& text) {
 
 void WholeForm::MakeCatalogue() {
   Texts names{"ORDERS__", "CUSTOMER", "STOCK___", "ITEM____", "2NDTABLE", "from_tab"};
-  std::shuffle(names.begin(), names.end(), random_);
-  names.resize(2 + Below(3));
+  std::shuffle(names.begin(), names.end(), choices_);
+  names.resize(static_cast<std::size_t>(2 + Below(3)));
   Texts entries;
   Texts records;
   for (const std::string& name : names) {
-    Table table{name, Row(3), {}};
+    Table table{name, Below(3), {}};
     Texts fields{"ID",    "NAME",        "QTY2",       "DATE",     "reindex",       "LINE NO",
                  "a:b",   "description", "STOCK___ID", "ITEM____", "\u00E9t\u00E9", "END-IF",
                  "NAME ", "if",          "endselect"};
-    std::shuffle(fields.begin(), fields.end(), random_);
-    fields.resize(2 + Below(5));
+    std::shuffle(fields.begin(), fields.end(), choices_);
+    fields.resize(static_cast<std::size_t>(2 + Below(5)));
     for (const std::string& field : fields) {
       table.fields.push_back(name + "." + field);
       records.push_back(Field((OneIn(4) ? "Y" : "N") + name + "." + field));
@@ -78,7 +78,7 @@ std::string WholeForm::Value() {
 std::string WholeForm::Condition() {
   const Texts relations{" = ", " <> ", " > ", " <= "};
   std::string text = Value() + OneOf(relations) + Value();
-  for (std::size_t more = Below(3); more > 0; --more)
+  for (int more = Below(3); more > 0; --more)
     text += OneOf({" and ", " or "}) + Value() + OneOf(relations) + Value();
   return text;
 }
@@ -118,7 +118,7 @@ std::string WholeForm::Statement(std::size_t depth) {
 
 std::string WholeForm::Block(std::size_t depth) {
   std::string text = Statement(depth);
-  for (std::size_t more = Below(4); more > 0; --more)
+  for (int more = Below(4); more > 0; --more)
     text += "\r\n" + Statement(depth);
   return text;
 }
@@ -137,7 +137,7 @@ Construct WholeForm::Filled(std::size_t depth, bool hasStatement) {
     construct.elseStatement = Block(depth);
   if (construct.kind == Kind::kCase) {
     // A fifth one fails where the one before was added scrolled down.
-    for (std::size_t rows = 1 + Below(4); rows > 0; --rows)
+    for (int rows = 1 + Below(4); rows > 0; --rows)
       construct.rows.push_back({OneOf({"1", "\"a : b\"", ":var.x", "( 1 )"}), Block(depth)});
     if (hasDefaults_) construct.defaultStatement = Statement(0);
   }
@@ -152,21 +152,20 @@ void WholeForm::FillSelect() {
   for (int row = tables.ListCount() - 1; row >= 0; --row) {
     if (OneIn(2)) Click(tables, row);
   }
-  if (tables.SelCount() == 0) Click(tables, Row(tables.ListCount()));
+  if (tables.SelCount() == 0) Click(tables, Below(tables.ListCount()));
   ChooseFields();
   if (form_.lstSelectedFields.ListCount() == 0) {
     // The rows are counted.
     Click(form_.lstFunctions, 0);
     Click(form_.cmdMoveOne);
   }
-  for (std::size_t groups = OneIn(2) ? Below(4) : 0; groups > 0; --groups)
-    Click(form_.lstGroupby, Row(form_.lstGroupby.ListCount()));
+  for (int groups = OneIn(2) ? Below(4) : 0; groups > 0; --groups)
+    Click(form_.lstGroupby, Below(form_.lstGroupby.ListCount()));
   Done(control_.UserTab(1));
   const int orders = form_.lstorderbyasc.ListCount();
-  for (std::size_t marks = orders > 0 && form_.lstorderbyasc.Enabled() ? Below(4) : 0; marks > 0;
-       --marks)
-    Click(OneIn(2) ? form_.lstorderbyasc : form_.lstorderbydesc, Row(orders));
-  for (std::size_t conditions = Below(4); conditions > 0; --conditions)
+  for (int marks = orders > 0 && form_.lstorderbyasc.Enabled() ? Below(4) : 0; marks > 0; --marks)
+    Click(OneIn(2) ? form_.lstorderbyasc : form_.lstorderbydesc, Below(orders));
+  for (int conditions = Below(4); conditions > 0; --conditions)
     ApplyCondition();
   if (OneIn(3)) Type(form_.txtAsSet, OneOf({"10", "  5 ", ":var.rows"}));
   FillBlocks();
@@ -175,20 +174,20 @@ void WholeForm::FillSelect() {
 void WholeForm::ChooseFields() {
   if (OneIn(6)) Click(form_.cmdMoveAll);
   const bool hasFunctions = OneIn(3);
-  for (std::size_t fields = Below(5); fields > 0; --fields) {
-    if (hasFunctions) Click(form_.lstFunctions, Row(form_.lstFunctions.ListCount()));
-    Click(form_.lstFields, Row(form_.lstFields.ListCount()));
+  for (int fields = Below(5); fields > 0; --fields) {
+    if (hasFunctions) Click(form_.lstFunctions, Below(form_.lstFunctions.ListCount()));
+    Click(form_.lstFields, Below(form_.lstFields.ListCount()));
     Click(form_.cmdMoveOne);
   }
   if (OneIn(8) && form_.lstSelectedFields.ListCount() > 1) {
-    Click(form_.lstSelectedFields, Row(form_.lstSelectedFields.ListCount()));
+    Click(form_.lstSelectedFields, Below(form_.lstSelectedFields.ListCount()));
     Click(form_.cmdRemoveOne);
   }
 }
 
 void WholeForm::ApplyCondition() {
-  Done(control_.UserPick(form_.cboWhereFields, Row(form_.cboWhereFields.ListCount())));
-  Done(control_.UserPick(form_.cboOper, Row(form_.cboOper.ListCount())));
+  Done(control_.UserPick(form_.cboWhereFields, Below(form_.cboWhereFields.ListCount())));
+  Done(control_.UserPick(form_.cboOper, Below(form_.cboOper.ListCount())));
   if (!form_.FraCondition.Visible()) {
     Type(form_.cboWhereFields1, Value());
   } else {
@@ -280,7 +279,7 @@ void WholeForm::AddCase(const Construct& construct) {
 
 // Adds nested constructs, with select statements of the other pages in between.
 void WholeForm::AddNesting() {
-  for (std::size_t depth = 1 + Below(4); depth > 0; --depth) {
+  for (int depth = 1 + Below(4); depth > 0; --depth) {
     Done(control_.UserTab(6));
     AddConstruct(Filled(1, OneIn(2)));
     if (!OneIn(6)) continue;

@@ -3,10 +3,10 @@
 // They choose among everything that the form offers, and their host answers requests.
 #pragma once
 
-#include <random>
 #include <string>
 
 #include "shell/control.h"
+#include "tests/support/choices.h"
 #include "tests/support/control_test.h"
 #include "tests/support/nestings.h"
 
@@ -30,15 +30,16 @@ class WholeForm {
     Texts fields;  // qualified
   };
 
-  std::size_t Below(std::size_t bound) { return random_() % bound; }
-  int Row(int count) { return static_cast<int>(Below(static_cast<std::size_t>(count))); }
-  bool OneIn(std::size_t count) { return Below(count) == 0; }
-  const std::string& OneOf(const Texts& texts) { return texts[Below(texts.size())]; }
+  int Below(int count) { return choices_.Below(count); }
+  bool OneIn(int count) { return choices_.OneIn(count); }
+  std::string OneOf(const Texts& texts) { return choices_.From(texts); }
 
   // What is typed.
   void MakeCatalogue();
   std::string Name() { return OneOf(OneOfTables().fields); }
-  const Table& OneOfTables() { return tableRows_[Below(tableRows_.size())]; }
+  const Table& OneOfTables() {
+    return tableRows_[static_cast<std::size_t>(Below(static_cast<int>(tableRows_.size())))];
+  }
   std::string Value();
   std::string Condition();
   std::string Select(std::size_t depth, std::size_t tabs);
@@ -60,7 +61,7 @@ class WholeForm {
   void AddNesting();
   static void Done(Outcome outcome);
 
-  std::mt19937 random_;
+  SeededChoices choices_;
   std::vector<Table> tableRows_;
   String tables_;
   String fields_;
