@@ -1,5 +1,6 @@
-// Fuzzes the control with bytes as a session: catalogues, gestures, properties, methods, answers
-// inside events (re-entrancy), controls stored and made anew, states saved and restored.
+// Fuzzes the control with bytes as a session: the courses of SessionMaker with odd texts in them,
+// and between them malformed catalogues, any gesture with any number, any member with any value,
+// answers inside events that fail (re-entrancy), invisible forms, states saved and restored.
 //
 // Invariants after each step: the rules of the surface hold, and a mirror fed by notices alone
 // equals the surface. A refused gesture sends no notice. A step is deterministic: made, undone by
@@ -18,21 +19,25 @@
 #include <vector>
 
 #include "fuzz/bounds.h"
-#include "fuzz/choices.h"
+#include "fuzz/odd_texts.h"
+#include "hosts/kit/json_reader.h"
 #include "hosts/kit/request.h"
 #include "hosts/kit/text_coding.h"
 #include "shell/contract.h"
+#include "tests/support/choices.h"
 #include "tests/support/mirror.h"
+#include "tests/support/session_maker.h"
 
 namespace zolt20::fuzz {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using hosts::FromJsonText;
+using hosts::Json;
 using hosts::ToJsonText;
 using tests::Mirror;
 
 constexpr int kMostSteps = 160;
-constexpr int kPages = 7;
+constexpr int kMostAtOnce = 24;
 
 /// What a host does with the control.
 struct HostCall {
@@ -121,17 +126,54 @@ class Bag final : public PropertyBag {
   std::map<std::string, int> numbers;
 };
 
-Json ToJson(const Bag& bag) {
+/// The values as a session maker takes them.
+Json ValuesOf(const Bag& bag) {
   Json values;
   for (const auto& [key, text] : bag.texts)
     values[key] = ToJsonText(text);
   for (const auto& [key, number] : bag.numbers)
     values[key] = number;
-  return {{"new", {{"bag", std::move(values)}}}};
+  return values;
+}
+
+Bag BagOf(const Json& values) {
+  Bag bag;
+  for (const auto& [key, value] : values.items()) {
+    if (value.is_string()) {
+      bag.texts[key] = FromJsonText(value.get_ref<const std::string&>());
+    } else {
+      bag.numbers[key] = value.get<int>();
+    }
+  }
+  return bag;
+}
+
+Json ToJson(const Bag& bag) {
+  return {{"new", {{"bag", ValuesOf(bag)}}}};
 }
 
 Json ToJson(FormVisible visible) {
   return {{"new", {{"visible", visible == FormVisible::kYes}}}};
+}
+
+// The value of a member's type. Raises `overflow` for a number that is no Integer.
+Variant ValueOf(const Member& member, const Json& value) {
+  if (member.type == ValueType::kString) return FromJsonText(value.get_ref<const std::string&>());
+  if (member.type == ValueType::kInteger) return Integer(value.get<int>());
+  return value.get<bool>();
+}
+
+HostCall CallOf(const Json& request) {
+  const Json& name = request.front();
+  HostCall call{HostCall::Verb::kGet, FindMember(name.get_ref<const std::string&>()), {}};
+  if (request.contains("set")) {
+    call.verb = HostCall::Verb::kLet;
+    call.value = ValueOf(*call.member, request["value"]);
+  } else if (request.contains("call")) {
+    call.verb = HostCall::Verb::kCall;
+    if (request.contains("args")) call.value = ValueOf(*call.member, request["args"][0]);
+  }
+  return call;
 }
 
 // Writes a line of the session if ZOLT20_FUZZ_LINES is set. Steps that the protocol has no line for
@@ -185,6 +227,7 @@ class NoticeCounter final : public SurfaceObserver {
 class Session final : private ControlHost {
  public:
   Session(const std::uint8_t* data, std::size_t size) : choices_(data, size) {
+    maker_.TakeTextsFrom([this] { return ToJsonText(TakeText(choices_, Form())); });
     MakeNew(FormVisible::kYes);
   }
 
@@ -208,7 +251,7 @@ class Session final : private ControlHost {
   // Controls.
   const Surface& Form() const { return control_->Form(); }
   void MakeNew(FormVisible visible);
-  void MakeStored();
+  void MakeStored(Bag bag);
   void Watch();
   Bag WriteBag() const;
   Bag Values() const;
@@ -220,32 +263,23 @@ class Session final : private ControlHost {
   Outcome Carry(const Move& move);
   void Rehearse(const Step& step);
   void Check();
-  void User(Gesture gesture, std::string_view control, int number = 0, String text = {});
-  void Click(std::string_view button) { User(Gesture::kClick, button); }
-  void ClickSomeRow(const ListBox& list);
-  void PickSome(const ComboBox& combo);
-  void TypeSome(std::string_view box);
-  void KeyIn(const TextBox& box, int code);
-  void Tab(int page) { User(Gesture::kTab, "tabVrn", page); }
 
   // Choosing steps.
   void TakeStep();
+  void CarryOut(const Json& request);
+  std::optional<Step> StepOf(const Json& request);
+  void KeepFrom(const Json& request);
   HostCall TakeCall();
   void TakeAnswer(std::size_t event);
   void Keep(Answer answer);
   void TakeCatalogue();
-  void TakeLikelyGesture();
   void TakeAnyGesture();
-  void SelectFields();
-  void ApplyCondition();
-  void OrderRows();
-  void MakeRequest();
-  void AddToResult();
-  void AddCondition();
-  void FillCaseRows();
+  std::optional<TextMark> TakeMark(const Control& control);
   void ReopenStatement();
 
   Choices choices_;
+  tests::SessionMaker maker_{choices_};
+  hosts::JsonReader reader_;
   std::unique_ptr<NoticeCounter> notices_;
   std::unique_ptr<Mirror> mirror_;
   std::unique_ptr<ZOLT20MapControl> control_;
@@ -308,9 +342,9 @@ void Session::MakeNew(FormVisible visible) {
 
 // Stored values come back, except the two lists: they are read under other keys than they are
 // written under.
-void Session::MakeStored() {
-  Bag bag = WriteBag();
+void Session::MakeStored(Bag bag) {
   TellLine(bag);
+  if (visible_ == FormVisible::kNo) snapshot_.reset();
   visible_ = FormVisible::kYes;
   ControlHost& host = *this;
   control_ = std::make_unique<ZOLT20MapControl>(host, visible_);
@@ -408,87 +442,82 @@ void Session::Rehearse(const Step& step) {
   Expect(Values() == valuesAfter, "after a repeated step a variable differs");
 }
 
-void Session::User(Gesture gesture, std::string_view control, int number, String text) {
-  Make(Move{std::string(control), {gesture, nullptr, number, std::move(text)}});
-}
-
-void Session::ClickSomeRow(const ListBox& list) {
-  User(Gesture::kClickRow, list.name(), choices_.Below(list.ListCount()));
-}
-
-void Session::PickSome(const ComboBox& combo) {
-  User(Gesture::kPick, combo.name(), choices_.Below(combo.ListCount()));
-}
-
-void Session::TypeSome(std::string_view box) {
-  User(Gesture::kType, box, 0, TakeText(choices_, Form()));
-}
-
-// Types a key, at the caret or over a mark, which is now and then beyond the text.
-void Session::KeyIn(const TextBox& box, int code) {
-  UserGesture key{Gesture::kKey, nullptr, code};
-  if (choices_.Once(2)) {
-    const int length = static_cast<int>(box.Text().size());
-    const int from = choices_.Below(length + 1);
-    key.mark = {from, from + choices_.Below(length - from + 2)};
-  }
-  Make(Move{std::string(box.name()), std::move(key)});
-}
-
 void Session::TakeStep() {
-  switch (choices_.Below(24)) {
+  switch (choices_.Below(16)) {
     case 0:
-      return TakeAnyGesture();
     case 1:
+      return TakeAnyGesture();
     case 2:
-    case 3:
-    case 4:
-      return TakeLikelyGesture();
-    case 5:
-    case 6:
       return Make(TakeCall());
-    case 7:
+    case 3:
       return TakeAnswer(static_cast<std::size_t>(choices_.Below(5)));
-    case 8:
+    case 4:
       return TakeCatalogue();
-    case 9:
-      return Tab(choices_.Below(kPages));
-    case 10:
-    case 11:
-      return SelectFields();
-    case 12:
-      return ApplyCondition();
-    case 13:
-      return OrderRows();
-    case 14:
-      return MakeRequest();
-    case 15:
-    case 16:
-      return AddToResult();
-    case 17:
-    case 18:
-      return AddCondition();
-    case 19:
+    case 5:
       return ReopenStatement();
-    case 20:
+    case 6:
       rehearses_ = true;
       return;
-    case 21:
+    case 7:
       Tell("# The state of this moment is saved.");
       snapshot_ = control_->Save();
       return;
-    case 22:
+    case 8:
       if (!snapshot_.has_value()) return;
       Tell("# The state of the moment above is put back.");
       control_->Restore(*snapshot_);
       return Check();
-    case 23:
-      if (choices_.Once(4)) return MakeNew(choices_.Once(4) ? FormVisible::kNo : FormVisible::kYes);
-      if (visible_ == FormVisible::kYes) return MakeStored();
+    case 9:
+      if (choices_.OneIn(4)) {
+        return MakeNew(choices_.OneIn(4) ? FormVisible::kNo : FormVisible::kYes);
+      }
+      if (visible_ == FormVisible::kYes) return MakeStored(WriteBag());
       return;
+    case 10:
+    case 11: {
+      const Json gesture = maker_.LikelyGesture(Form());
+      if (!gesture.is_null()) CarryOut(gesture);
+      return;
+    }
     default:
-      return;
+      // What is left of a course goes on behind other steps.
+      for (int left = choices_.Below(kMostAtOnce); left >= 0 && !IsOver(); --left)
+        CarryOut(maker_.Next(Form()));
   }
+}
+
+void Session::CarryOut(const Json& request) {
+  if (request.contains("save")) return maker_.Hear(request, {{"value", ValuesOf(WriteBag())}});
+  if (request.contains("new")) return MakeStored(BagOf(request["new"]["bag"]));
+  if (request.contains("dump")) return;
+  if (request.contains("answer")) return KeepFrom(request);
+  if (const std::optional<Step> step = StepOf(request); step.has_value()) Make(*step);
+}
+
+// Nothing for a number that is no Integer, and for a gesture that its control does not have.
+std::optional<Step> Session::StepOf(const Json& request) {
+  try {
+    if (!request.contains("user")) return CallOf(request);
+    UserGesture gesture = hosts::ReadGesture(reader_.Read(request.dump()), Form());
+    std::string name(gesture.control->name());
+    return Move{std::move(name), std::move(gesture)};
+  } catch (const hosts::BadRequest& fault) {
+    Tell(std::string("# Left out: ") + fault.what());
+  } catch (const RuntimeError& error) {
+    Tell(std::string("# Left out: ") + error.what());
+  }
+  return std::nullopt;
+}
+
+// Now and then an error of its calls leaves the event, or the host fails in it.
+void Session::KeepFrom(const Json& request) {
+  const int shape = choices_.Byte();
+  Answer answer{0, {}, shape < 224, shape >= 240};
+  while (Events()[answer.event].name != request["answer"])
+    ++answer.event;
+  for (const Json& call : request["with"])
+    answer.calls.push_back(CallOf(call));
+  Keep(std::move(answer));
 }
 
 HostCall Session::TakeCall() {
@@ -497,7 +526,7 @@ HostCall Session::TakeCall() {
   HostCall call{HostCall::Verb::kGet, &member, {}};
   if (member.IsMethod()) {
     call.verb = HostCall::Verb::kCall;
-  } else if (member.get == nullptr || (member.let != nullptr && !choices_.Once(2))) {
+  } else if (member.get == nullptr || (member.let != nullptr && !choices_.OneIn(2))) {
     call.verb = HostCall::Verb::kLet;
   }
   if (call.verb == HostCall::Verb::kGet) return call;
@@ -510,7 +539,7 @@ HostCall Session::TakeCall() {
   } else if (member.type == ValueType::kInteger) {
     call.value = TakeInteger(choices_);
   } else if (member.type == ValueType::kBoolean) {
-    call.value = choices_.Once(2);
+    call.value = choices_.OneIn(2);
   }
   return call;
 }
@@ -539,167 +568,23 @@ void Session::TakeCatalogue() {
   Make(HostCall{HostCall::Verb::kLet, FindMember("PrpStrFields"), TakeFields(choices_)});
 }
 
-// A likely gesture on a visible, enabled control.
-void Session::TakeLikelyGesture() {
-  std::vector<const Control*> within;
-  for (const Control* control : Form().Controls()) {
-    if (control->TakesFocus() && control->Shown() && control->Enabled()) within.push_back(control);
-  }
-  if (within.empty()) return;
-  const Control& control = *choices_.From(within);
-  switch (control.kind()) {
-    case Kind::Button:
-    case Kind::OptionButton:
-      return Click(control.name());
-    case Kind::ListBox: {
-      const auto& list = static_cast<const ListBox&>(control);
-      const Gesture gesture = choices_.Once(6) ? Gesture::kDoubleClickRow : Gesture::kClickRow;
-      return User(gesture, list.name(), choices_.Below(list.ListCount()));
-    }
-    case Kind::ComboBox: {
-      const auto& combo = static_cast<const ComboBox&>(control);
-      if (combo.IsEditable() && choices_.Once(2)) return TypeSome(combo.name());
-      return PickSome(combo);
-    }
-    case Kind::TextBox:
-      if (choices_.Once(4)) return KeyIn(static_cast<const TextBox&>(control), choices_.Byte());
-      if (choices_.Once(4)) return User(Gesture::kFocus, control.name());
-      return TypeSome(control.name());
-    case Kind::SyntaxTextBox:
-      return TypeSome(control.name());
-    case Kind::TabStrip:
-      return Tab(choices_.Below(kPages));
-    case Kind::ScrollBar:
-      return User(Gesture::kScroll, control.name(),
-                  choices_.Below(static_cast<const ScrollBar&>(control).Max() + 1));
-    case Kind::Label:
-    case Kind::Frame:
-    case Kind::Rectangle:
-      return;
-  }
-}
-
 // Any gesture on any control, with any number.
 void Session::TakeAnyGesture() {
   const Control& control = *choices_.From(Form().Controls());
-  const auto gesture = static_cast<Gesture>(choices_.Below(9));
-  const int number = TakeInteger(choices_).value();
-  if (gesture == Gesture::kType) return TypeSome(control.name());
-  User(gesture, control.name(), number);
+  UserGesture gesture{static_cast<Gesture>(choices_.Below(9)), nullptr,
+                      TakeInteger(choices_).value()};
+  if (gesture.gesture == Gesture::kType) gesture.text = TakeText(choices_, Form());
+  if (gesture.gesture == Gesture::kKey) gesture.mark = TakeMark(control);
+  Make(Move{std::string(control.name()), std::move(gesture)});
 }
 
-// Page 0: a table if none is marked, up to three fields or expressions, and maybe a grouping.
-void Session::SelectFields() {
-  const int shape = choices_.Byte();
-  if (Form().lsttables.ListCount() == 0) TakeCatalogue();
-  Tab(0);
-  if (Form().lsttables.SelCount() == 0 || shape % 8 == 7) ClickSomeRow(Form().lsttables);
-  for (int i = 0; i < shape / 8 % 4; ++i) {
-    if (shape / 32 % 2 == 1) ClickSomeRow(Form().lstFunctions);
-    ClickSomeRow(Form().lstFields);
-    Click("cmdMoveOne");
-  }
-  if (shape / 64 == 1) ClickSomeRow(Form().lstGroupby);
-  if (shape / 64 == 2) Click("cmdMoveAll");
-  if (shape / 64 == 3) {
-    ClickSomeRow(Form().lstSelectedFields);
-    Click("cmdRemoveOne");
-  }
-}
-
-// Page 1, upper part.
-void Session::ApplyCondition() {
-  const int shape = choices_.Byte();
-  Tab(1);
-  if (shape % 8 != 7) PickSome(Form().cboWhereFields);
-  if (shape / 8 % 8 != 7) PickSome(Form().cboOper);
-  if (Form().FraCondition.Visible()) {
-    if (shape / 64 % 2 == 1) TypeSome("txtCondition");
-  } else if (shape / 64 % 2 == 1) {
-    TypeSome("cboWhereFields1");
-  } else {
-    PickSome(Form().cboWhereFields1);
-  }
-  if (shape < 240) {
-    Click(shape / 128 == 0 ? "cmdAnd" : "CmdOr");
-  } else {
-    Click("cmdCancelWhere");
-  }
-}
-
-// Page 1, lower part.
-void Session::OrderRows() {
-  const int shape = choices_.Byte();
-  Tab(1);
-  if (shape % 2 == 1) ClickSomeRow(Form().lstorderbyasc);
-  if (shape / 2 % 2 == 1) ClickSomeRow(Form().lstorderbydesc);
-  for (int i = 0; i < shape / 4 % 4; ++i)
-    KeyIn(Form().txtAsSet, choices_.Once(3) ? choices_.Byte() : u'0' + i);
-}
-
-// A request from pages 2 to 6, most often with an answer for the page.
-void Session::MakeRequest() {
-  constexpr std::array kArrays{"cmdFunction", "cmdCondition", "cmdSubQuery"};
-  constexpr std::array<std::size_t, 3> kRaised{4, 3, 2};
-  constexpr std::array kTakes{"prpSelectDoPart", "prpSelectEOSPart", "prpSelectEmptyPart",
-                              "prpSelectErrorPart", "prpStroutput"};
-  const int shape = choices_.Byte();
-  const int page = shape % 5;
-  const auto array = static_cast<std::size_t>(shape / 8 % 3);
-  Tab(page + 2);
-  if (shape < 192) {
-    const HostCall let{HostCall::Verb::kLet, FindMember(kTakes[static_cast<std::size_t>(page)]),
-                       TakeText(choices_, Form())};
-    Keep({kRaised[array], {let}, true, false});
-  }
-  Click(std::string(kArrays[array]) + "(" + std::to_string(page) + ")");
-}
-
-void Session::AddToResult() {
-  constexpr std::array kButtons{"cmdAddSelect",      "cmdAddWhereQuery", "cmdAddSelectDoQuer",
-                                "cmdAddSEOStoquery", "cmdSelectmpty",    "cmdAddtoSERROR"};
-  const int page = choices_.Below(static_cast<int>(kButtons.size()));
-  Tab(page);
-  Click(kButtons[static_cast<std::size_t>(page)]);
-}
-
-// Page 6: a pass, and at times the closing lines of all.
-void Session::AddCondition() {
-  struct Pass {
-    const char* option;
-    std::vector<const char*> boxes;
-  };
-  static const std::array<Pass, 5> kPasses{{
-      {"optIfThen", {"txtCond", "txtStmt1", "txtStmt2"}},
-      {"optFor", {"txtVariable", "txtinitval", "txtFinVal", "txtStep", "txtForStmt"}},
-      {"optwhile", {"txtWhlCnd", "txtWhlStm"}},
-      {"optRepeat", {"txtRepCnd", "txtRepStm"}},
-      {"optCase", {"txtcaseexp", "TxtDef"}},
-  }};
-  const int shape = choices_.Byte();
-  const Pass& pass = kPasses[static_cast<std::size_t>(shape % 5)];
-  Tab(6);
-  Click(pass.option);
-  const bool typesAll = shape / 8 % 4 != 3;
-  for (const char* box : pass.boxes) {
-    if (typesAll || choices_.Once(2)) TypeSome(box);
-  }
-  if (shape % 5 == 4) FillCaseRows();
-  if (shape / 32 % 4 == 1) User(Gesture::kFocus, choices_.From(pass.boxes));
-  if (shape / 32 % 4 != 2) Click("cmdAdd");
-  if (shape / 128 == 1) Click("cmdBuild");
-}
-
-void Session::FillCaseRows() {
-  const int rows = choices_.Below(7);
-  for (int row = 0; row <= rows; ++row) {
-    const std::string element = "(" + std::to_string(row) + ")";
-    if (row > 0) Click("cmdNext");
-    TypeSome("TxtExpr" + element);
-    if (!choices_.Once(3)) TypeSome("txtStmt" + element);
-  }
-  const int most = Form().VscrCase.Max();
-  if (most > 0) User(Gesture::kScroll, "VscrCase", choices_.Below(most + 1));
+// None, or one that is now and then beyond the text.
+std::optional<TextMark> Session::TakeMark(const Control& control) {
+  const auto* box = dynamic_cast<const TextBox*>(&control);
+  if (box == nullptr || !choices_.OneIn(2)) return std::nullopt;
+  const int length = static_cast<int>(box->Text().size());
+  const int from = choices_.Below(length + 1);
+  return TextMark{from, from + choices_.Below(length - from + 2)};
 }
 
 // The parts of the statement that the form shows, given back to this control or to a new one.

@@ -51,7 +51,7 @@ build=build/fuzz
 mkdir -p "$build/findings" "$build/finds"
 
 # How many runs are about half a minute, and the longest input.
-declare -A runs=([host_lines]=900 [sessions]=280 [outlines]=100000 [edits]=20000 [openings]=1000)
+declare -A runs=([host_lines]=900 [sessions]=500 [outlines]=100000 [edits]=20000 [openings]=1000)
 declare -A longest=([host_lines]=9000 [sessions]=600 [outlines]=2000 [edits]=1000 [openings]=1000)
 
 # run TARGET FOLDER OPTION...: finds go to the folder.

@@ -463,8 +463,11 @@ Json SessionMaker::LikelyOn(const Control& control) {
       if (combo.IsEditable() && OneIn(2)) return TypeInto(name, Value());
       return combo.ListCount() == 0 ? Json() : OnRow("pick", name, Any(combo.ListCount()));
     }
-    case Kind::ScrollBar:
-      return ScrollBy(OneIn(2) ? 1 : -1, static_cast<const ScrollBar&>(control));
+    case Kind::ScrollBar: {
+      const auto& bar = static_cast<const ScrollBar&>(control);
+      if (gestures_ == Gestures::kOfAPerson) return ScrollBy(OneIn(2) ? 1 : -1, bar);
+      return {{"user", "scroll"}, {"control", name}, {"value", Any(bar.Max() + 1)}};
+    }
     default:
       return nullptr;
   }

@@ -37,8 +37,6 @@ class SessionMaker {
   Json Next(const Surface& form);
   /// Takes the reply to the request. From the reply to a "save" a new control is made later.
   void Hear(const Json& request, const Json& reply);
-  /// Whether the course that was taken up last goes on.
-  bool IsOnACourse() const { return !wishes_.empty(); }
   /// A gesture on any control that is shown and enabled, apart from the courses; null where
   /// nothing can be done to that control at the moment.
   Json LikelyGesture(const Surface& form);
