@@ -227,7 +227,7 @@ describe('the lines that are drawn', () => {
     await press(page, ['Control+Shift+End', 'Backspace', 'e', 'n', 'd', 'i', 'f']);
     assert.deepEqual(await drawn(page), ['if 0', 'x', 'yendif']);
     await press(page, ['Home', 'Delete']);
-    assert.deepEqual(await colours(page), ['if', '0', 'endif']);
+    assert.deepEqual(await colors(page), ['if', '0', 'endif']);
     await write(page, {Text: lines.join('\n')});
     assert.deepEqual(await drawn(page), lines);
   });
