@@ -3,11 +3,10 @@
 #include <algorithm>
 
 #include "language/line_words.h"
+#include "shell/table_key.h"
 
 namespace zolt20::language {
 namespace {
-
-constexpr std::size_t kTableLength = 8;
 
 bool IsNumber(StringView digits) {
   return digits.find_first_not_of(u"0123456789") == StringView::npos;

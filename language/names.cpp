@@ -5,11 +5,11 @@
 
 #include "language/line_words.h"
 #include "shell/field_records.h"
+#include "shell/table_key.h"
 
 namespace zolt20::language {
 namespace {
 
-constexpr std::size_t kTableLength = 8;
 constexpr std::size_t kLongestCompared = 64;
 constexpr StringView kIndex = u"_index";
 

@@ -11,6 +11,7 @@
 #include "language/clauses.h"
 #include "language/line_words.h"
 #include "language/own_control.h"
+#include "shell/table_key.h"
 
 namespace zolt20::reopen {
 namespace {
@@ -18,7 +19,6 @@ namespace {
 constexpr int kSelectListPage = 0;
 constexpr int kWherePage = 1;
 constexpr int kSelectDoPage = 2;
-constexpr std::size_t kTableLength = 8;
 // How many readings of an ambiguous condition are tried.
 constexpr std::size_t kMostReadings = 6;
 // An expression that is put into the list for a moment, because it removes the plain fields.

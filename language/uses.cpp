@@ -6,11 +6,11 @@
 
 #include "language/line_words.h"
 #include "language/list_entries.h"
+#include "shell/table_key.h"
 
 namespace zolt20::language {
 namespace {
 
-constexpr std::size_t kTableLength = 8;
 constexpr StringView kIndexPrefix = u"_index";
 
 bool IsIndex(StringView name) {

@@ -12,6 +12,7 @@
 
 #include "hosts/kit/text_coding.h"
 #include "shell/field_records.h"
+#include "shell/table_key.h"
 
 namespace zolt20::catalogue {
 namespace {
@@ -19,8 +20,6 @@ namespace {
 using Json = nlohmann::json;
 using hosts::FromJsonText;
 using hosts::Message;
-
-constexpr std::size_t kCodeLength = 8;
 
 Message TheCatalogue() {
   return Message("the catalogue");
@@ -105,9 +104,9 @@ Table ReadTable(const Json& json, const Message& where) {
   const Message table = TableNamed(code);
   Table result;
   result.code = FromJsonText(code);
-  if (result.code.size() != kCodeLength) {
+  if (result.code.size() != kTableLength) {
     Complain(table, Message("has a \"code\" of %1 characters, and it must have %2",
-                            result.code.size(), kCodeLength));
+                            result.code.size(), kTableLength));
   }
   CheckListed(result.code, "code", table);
   result.name = FromJsonText(NeededName(json, "name", table));

@@ -8,6 +8,7 @@
 
 #include "language/line_words.h"
 #include "shell/field_records.h"
+#include "shell/table_key.h"
 
 namespace zolt20::rules {
 namespace {
@@ -18,7 +19,6 @@ using language::Use;
 using language::UseKind;
 using language::UsePlace;
 
-constexpr std::size_t kTableLength = 8;
 constexpr std::size_t kFarAway = 60;
 
 struct FieldType {

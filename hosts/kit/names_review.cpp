@@ -4,10 +4,10 @@
 #include <set>
 #include <utility>
 
+#include "shell/table_key.h"
+
 namespace zolt20::rules {
 namespace {
-
-constexpr std::size_t kTableLength = 8;
 
 String TableOf(const String& name) {
   return name.substr(0, kTableLength);

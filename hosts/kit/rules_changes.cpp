@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "shell/field_records.h"
+#include "shell/table_key.h"
 
 namespace zolt20::rules {
 namespace {
@@ -14,8 +15,6 @@ using language::NodeKind;
 using language::Renames;
 using language::Use;
 using language::UsePlace;
-
-constexpr std::size_t kTableLength = 8;
 
 // Whether the place can mean nothing but the name, so that it is chosen by default.
 bool IsSure(const Change& change) {

@@ -9,10 +9,10 @@
 #include <set>
 #include <string>
 
+#include "shell/table_key.h"
+
 namespace zolt20::catalogue {
 namespace {
-
-constexpr std::size_t kCodeLength = 8;
 
 struct Range {
   char32_t first;
@@ -109,10 +109,10 @@ class Codes {
 
   /// Makes a free code of letters and digits, with a number at its end if needed, and takes it.
   String Make(StringView letters) {
-    String code = OfLength(letters, kCodeLength);
+    String code = OfLength(letters, kTableLength);
     std::int64_t least = 1;  // the least number of `digits` digits
     for (std::size_t digits = 1; !Take(code); ++digits, least *= 10) {
-      const String beginning = OfLength(letters, kCodeLength - digits);
+      const String beginning = OfLength(letters, kTableLength - digits);
       std::int64_t& next = next_.try_emplace(LowerCase(beginning), least).first->second;
       while (next < least * 10) {
         code = Concat(beginning, FromAscii(std::to_string(next++)));
@@ -134,7 +134,7 @@ void GiveCodes(std::vector<Table>& tables) {
   Codes codes;
   for (Table& table : tables) {
     const bool isCode =
-        table.name.size() == kCodeLength && table.name == InLettersAndDigits(table.name);
+        table.name.size() == kTableLength && table.name == InLettersAndDigits(table.name);
     if (isCode && codes.Take(table.name)) table.code = table.name;
   }
   for (Table& table : tables) {
