@@ -2135,7 +2135,7 @@
         <translation>&amp;Liste der Regeln</translation>
     </message>
     <message>
-        <source>&amp;Colors</source>
+        <source>&amp;Colours</source>
         <translation>&amp;Farben</translation>
     </message>
     <message>
