@@ -275,7 +275,8 @@ class Reader {
     if (isEmpty) list.problem = Problem::kIncomplete;
   }
 
-  // Whether the select statement is still in its clauses, before its blocks.
+  // Whether the open select statement at this index of frames_ is still in its clauses, before its
+  // blocks.
   bool IsInClauses(std::size_t select) const {
     return select + 1 == frames_.size() || frames_[select + 1].kind == NodeKind::kWhere;
   }

@@ -72,7 +72,8 @@ QModelIndex EntriesView::IndexAt(int place) const {
   return model()->index(drawn_.ControlRow(place), 0);
 }
 
-// The current entry stays, since Qt may pick it after the list is hidden.
+// Clears the search. Does not change the current entry, since Qt may read the current entry after
+// the list is hidden, to choose it in the combo.
 void EntriesView::hideEvent(QHideEvent* event) {
   EvenRows::hideEvent(event);
   if (line_ == nullptr) return;
@@ -110,7 +111,8 @@ void EntriesView::currentChanged(const QModelIndex& current, const QModelIndex& 
 
 // Keys.
 
-// Which keys move in the list and not in the search line. Home and End do while the line is empty.
+// Whether a key goes to the list and not to the search line. Home and End go to the list while the
+// search line is empty.
 bool EntriesView::IsForList(const QKeyEvent& key) const {
   switch (key.key()) {
     case Qt::Key_Up:

@@ -48,7 +48,7 @@ struct Change {
   /// All but SelStart, the caret: the person's caret stays unless it has to move.
   static constexpr int kEverything = ((1 << 18) - 1) & ~(1 << 3);
   /// What a platform's own widget may show wrongly after a gesture that the control did not take:
-  /// all but the caret, the place and the rows.
+  /// all but the rows, the place on the form (kPlace), and the caret, which kEverything leaves out.
   static constexpr int kByPlatform = kEverything & ~((1 << 11) | kRows);
   static constexpr int kAllRows = std::numeric_limits<int>::max();
 

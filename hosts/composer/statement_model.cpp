@@ -105,8 +105,9 @@ StatementModel::Numbers StatementModel::ShownWithin(const std::vector<Node>& nod
   return shown;
 }
 
-// Matches the child rows with the new nodes: by equal heads from both ends, then by equal kinds.
-// Removes rows without a match.
+// Matches the child rows with the new nodes of the same kind, from the front and from the back:
+// first while their heads are equal too, then with any heads. Removes the rows between, which have
+// no match. Then does the same for the children of the rows that stay.
 void StatementModel::Drop(Item& item, const QString& text, const std::vector<Node>& nodes) {
   const Numbers coming = ShownWithin(nodes, item, item.next);
   Items& rows = item.children;

@@ -62,7 +62,8 @@ class StatementTree final : public QWidget {
 
   /// The index of the selected node; kNoNode for none.
   std::size_t CurrentNode() const;
-  /// Selects a node, or the innermost node at an index of the text. Emits no signal.
+  /// MarkNode selects the row of a node; MarkAt that of the innermost node at an index of the text.
+  /// Within a collapsed row, the collapsed row is selected. Neither function emits a signal.
   void MarkNode(std::size_t node);
   void MarkAt(std::size_t place);
 

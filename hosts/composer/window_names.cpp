@@ -25,9 +25,10 @@ NameLists MainWindow::NamesBefore() const {
   return kept ? kept->lists : NameLists();
 }
 
-// Compares the catalogue with the names that the file of rules keeps. For a file without kept names
-// the note of each rule is enough. Without open changes the next Save keeps the new names;
-// otherwise the strip asks the person.
+// Compares the catalogue with the names that the file of rules keeps. Names are open when rules use
+// them and the catalogue has them no more, or with another type. The strip tells the person of open
+// names. Without open names the next Save keeps the names of the catalogue. In a file without kept
+// names no name is open; the check of a rule tells what the catalogue does not have.
 void MainWindow::LookAtNames() {
   namesAreOpen_ = false;
   takeBackNames_->setEnabled(rules_ && rules_->CanTakeBackNames());

@@ -86,7 +86,7 @@ std::string OpeningOptions(const fs::path& file, const std::string& beginning) {
   return "?readonly_shm=1";
 }
 
-// The file as a URI, with every byte percent-encoded that has a meaning in URIs.
+// The file as a URI. All bytes are percent-encoded, except ASCII letters, digits and slashes.
 std::string Uri(const fs::path& file) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   const std::string path = PathText(file);

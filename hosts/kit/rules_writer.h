@@ -1,6 +1,6 @@
 // Writes the pieces of a file of rules as JSON, indented by two blanks for each level. Called by
-// the implementation of rules_text.h only. Texts are UTF-8 in which two code points stand in for
-// lone surrogates; see text_coding.h.
+// the implementation of rules_text.h only. Texts are UTF-8 in which a pair of code points stands in
+// for each lone surrogate; see text_coding.h.
 #pragma once
 
 #include <cstddef>

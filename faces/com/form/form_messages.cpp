@@ -329,7 +329,8 @@ void FormWindow::ShowCues(WORD cues) const {
     SendMessageW(around, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, cues), 0);
 }
 
-// Gives a window that is made later the UI state that the others have from the dialog.
+// Gives a new window the UI state of the dialog around the form (see ShowCues). A window that is
+// made later has missed the dialog's messages about that state.
 void FormWindow::TakeCues(HWND window) const {
   const auto hidden = LOWORD(SendMessageW(GetParent(root_), WM_QUERYUISTATE, 0, 0));
   if (hidden != 0) SendMessageW(window, WM_UPDATEUISTATE, MAKEWPARAM(UIS_SET, hidden), 0);

@@ -54,7 +54,8 @@ class TextWindow final : public ViewOf<TextBox> {
   void TakeEdit();
 };
 
-// Replaces only the part of the text that differs, so that the scroll position stays.
+// In a box of several lines, replaces only the part of the text that differs, so that the scroll
+// position stays.
 void TextWindow::ShowText(StringView text) {
   String shown = WithoutNuls(text);
   if (shown == shown_) return;

@@ -96,7 +96,8 @@ export class Face implements TypedInto {
   #listen(): void {
     this.node.addEventListener('focusin', (event) => this.#focusIn(event));
     this.node.addEventListener('focusout', ({target}) => (this.#left = target as HTMLElement));
-    // With touch the focus comes with the mouse event that the browser makes of the touch.
+    // Marks the focus event that follows as one that comes from a press. With touch, the focus does
+    // not follow the pointer event, but the later mouse event that the browser makes of the touch.
     for (const kind of ['pointerdown', 'mousedown']) {
       this.node.addEventListener(
         kind,

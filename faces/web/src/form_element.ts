@@ -77,7 +77,8 @@ export class FormElement extends Base {
       root.addEventListener(kind, (event) => event.stopPropagation());
     root.addEventListener('focusin', () => this.#takeName());
     this.addEventListener('focusout', () => this.#tellChange());
-    // A click on a label has the element itself as its target; the mouse clicks on a node inside.
+    // A click on a label moves the focus into the element. Such a click has the element itself as
+    // its target; a click inside the element has a node of its shadow tree.
     this.addEventListener('click', (event) => {
       if (event.composedPath()[0] === this && this.labels.length > 0) this.focus();
     });
