@@ -71,6 +71,8 @@ if [ -e /etc/ssl/certs/ca-certificates.crt ]; then
   done
 fi
 
+# A mount of its own, so that this script can be run inside as well.
+mount --bind "$bare" "$bare"
 mount -t proc proc "$bare/proc"
 mount -t sysfs -o ro sysfs "$bare/sys"
 mount --bind /dev "$bare/dev"
