@@ -50,8 +50,8 @@ void ZOLT20MapControl::CloseCase() {
   if (statement.empty()) {
     StoreClosingText(depth, u"endcase");
   } else {
-    // ODD: with a default the last word stands at the left margin, and the lines of the default
-    // keep their own starts.
+    // ODD: with a default "endcase" stands at the left margin. Of the default's lines only the
+    // first one is indented.
     StoreClosingText(depth + 1, Concat(u"default: ", kLineBreak, IndentLines(depth + 2), statement,
                                        kLineBreak, u"endcase"));
   }

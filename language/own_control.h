@@ -57,8 +57,8 @@ Opening Try(StringView statement, const Catalogue& catalogue, const Doing& fill,
 Opening OpenSelect(StringView statement, const Catalogue& catalogue);
 Opening OpenCondition(StringView statement, const Catalogue& catalogue);
 
-/// Replaces `best` if `opening` has steps and fewer lines in its differences to the stored text, or
-/// if `best` has no steps.
+/// Replaces `best` by the better of the two. An opening without steps never replaces another; one
+/// with steps replaces one without, or one whose differences to the stored text have more lines.
 void KeepBetter(Opening& best, Opening opening);
 
 }  // namespace zolt20::reopen

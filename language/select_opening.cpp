@@ -203,7 +203,8 @@ class PageFiller {
     }
   }
 
-  // By gestures, since the property would end the expression at the colon in its field's name.
+  // Adds an expression that applies a function to a field with a colon in its name. By gestures,
+  // since prpSelectPart would end the expression at that colon.
   void SelectFunction(StringView row) {
     const std::size_t bracket = row.find(u" ( ");
     const std::size_t field = std::min(bracket, row.size() - 3) + 3;

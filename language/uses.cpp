@@ -18,7 +18,8 @@ bool IsIndex(StringView name) {
          name.find_first_not_of(u"0123456789", kIndexPrefix.size()) == StringView::npos;
 }
 
-// Keywords that a bracket may follow, and that are no functions.
+// Whether the word is a keyword that may stand before "(" without being a function; case is
+// ignored.
 bool IsReserved(StringView word) {
   constexpr std::array<StringView, 14> kWords{u"and",    u"or",      u"not",  u"in",    u"exists",
                                               u"like",   u"between", u"if",   u"while", u"until",

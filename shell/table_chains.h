@@ -18,7 +18,7 @@ class TableChains {
  public:
   static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
 
-  /// Appends a record of this table. Records have the places 0, 1, 2 in the order of the calls.
+  /// Appends a record of this table. Its place is the number of records before it, of all tables.
   void Add(const TableKey& table);
 
   /// The place of the first record of a table, kNone where there is none.

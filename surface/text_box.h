@@ -9,8 +9,8 @@ namespace zolt20 {
 class TextControl : public Control {
  public:
   const String& Text() const { return *state_.text; }
-  /// The same text changes nothing. A different text sets the caret of a TextBox to 0 and runs its
-  /// Change inside the call.
+  /// The same text changes nothing. In a TextBox a different text sets the caret to 0 and runs
+  /// Change inside the call; a SyntaxTextBox has neither.
   void Text(StringView text);
   void Text(const char16_t* text) { Text(StringView(text)); }
   void Text(String&& text);

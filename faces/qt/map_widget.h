@@ -167,8 +167,8 @@ class ZOLT20MapWidget : public QWidget {
   /// wants its own kind of message box overrides it.
   virtual void showMessage(const QString& text, const QString& title);
 
-  /// Called before a button of the form is pressed, by the person or by makeGesture, with the name
-  /// of the control. Returning false cancels the press. May show a dialog, such as one that tells
+  /// Called before a button of the form is pressed, by the person or by makeGesture, with the
+  /// button's name. Returning false cancels the press. May show a dialog, such as one that tells
   /// what the press would do.
   virtual bool mayPress(const QString& button);
 

@@ -25,11 +25,12 @@ class RowsModel final : public QAbstractListModel {
 
   const RowsControl& rows() const { return rows_; }
   const faces::DrawnRows& drawn() const { return drawn_; }
-  /// Maps a row of the model to the control's row, and back; -1 for a row that is not drawn.
+  /// Maps a row of the model to the control's row, and back; ModelRow is -1 for a row that the
+  /// filter hides.
   int ControlRow(int modelRow) const { return drawn_.ControlRow(modelRow); }
   int ModelRow(int controlRow) const { return drawn_.DrawnRow(controlRow); }
 
-  /// From now on draws only rows that hold the text, ignoring case; all with "".
+  /// From now on draws only rows that contain the text, ignoring case; all with "".
   void SetFilter(const QString& text);
   const QString& Filter() const { return filter_; }
   /// Tells of marks that the filter hides, such as "3 marked, 1 shown"; "" while it hides none.
@@ -43,7 +44,8 @@ class RowsModel final : public QAbstractListModel {
   void RowsAboutToChange(const RowChange& change);
   void RowsChanged(const RowChange& change);
   void MarksChanged(int first, int count);
-  /// Resets the model after a state was restored: anything may be different.
+  /// Resets the model after a state of the control was restored: all rows and marks may differ. The
+  /// filter stays.
   void Replace();
 
  private:

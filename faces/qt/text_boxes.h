@@ -78,7 +78,8 @@ class LineBox final : public QLineEdit {
   Q_OBJECT
 
  public:
-  /// With `byKeys` each key is passed on by itself, so that the control can refuse it.
+  /// With `byKeys` the keys are passed on one by one, so that the control can refuse one; else the
+  /// text is passed on after each edit.
   explicit LineBox(bool byKeys, QWidget* parent = nullptr);
 
   void Show(const String& text);

@@ -32,7 +32,7 @@ class FormPlaces {
 
   /// A control's place within its frame, or the form. For an element loaded since, its own place.
   Geometry Of(const Control& control) const;
-  /// The place of the line that filters a list or a combo. Empty where there is none.
+  /// The place of the line edit with the filter of a list or combo. Empty where it has none.
   Geometry FilterOf(const Control& control) const;
   /// The place of the line that tells of marks hidden by a filter. Empty where there is none.
   Geometry MarksOf(const Control& control) const;

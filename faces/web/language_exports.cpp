@@ -110,7 +110,8 @@ ZOLT20_EXPORT(use_catalogue) void use_catalogue(int tables) {
 
 // The functions below read the text in `taken`.
 
-/// Nine numbers for each node: places, depth, links to other nodes, kind and problem.
+/// The nodes of the taken text, each as nine numbers in the order of language::Node: the places of
+/// the node (2) and of its head (2), its depth, its parent, the node behind it, kind and problem.
 ZOLT20_EXPORT(outline) void outline() {
   const String text = std::exchange(taken, {});
   const std::vector<language::Node> nodes = language::ReadOutline(text);

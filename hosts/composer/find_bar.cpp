@@ -28,7 +28,7 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent), words_(new QLineEdit), told
   add(tr("Next"), [this] { FindNext(); });
   layout->addWidget(told_);
   add(tr("Close"), &FindBar::Close);
-  // Searches from the beginning of the current match, so that typing on extends that match.
+  // Searches from the beginning of the current match: a further letter extends that match.
   connect(words_, &QLineEdit::textEdited, this, [this] {
     if (!text_) return;
     QTextCursor from = text_->textCursor();

@@ -45,8 +45,8 @@ bool IsChange(const QByteArray& json) {
          !isOf(R"({"user":"click","control":"cmdCancel")");
 }
 
-// Adds one line to the session. Returns false for an invalid line; the lines behind it are not read
-// then.
+// Adds one line of the journal to the session; its first line is the head. Returns false for an
+// invalid line.
 bool Take(KeptSession& session, const JournalLines::Content& content, bool isHead) try {
   const bool isStored = HasKey(content.json, "store");
   if (!isHead && !isStored && !HasKey(content.json, "allStored")) {

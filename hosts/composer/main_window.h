@@ -51,8 +51,8 @@ class MainWindow final : public QMainWindow {
   /// Opens a file of rules and shows its first rule. A failure is shown in a message.
   bool OpenRules(const QString& path);
 
-  /// Offers to recover what another composer left unsaved, for the open file of rules or for none.
-  /// OpenRules does the same.
+  /// Offers to recover what other runs of the composer left unsaved in the open file of rules or,
+  /// when no file is open, outside of any file. OpenRules calls it.
   void OfferJournals();
   /// Restores sizes and panes from the settings of the user, and stores them there when the window
   /// closes.

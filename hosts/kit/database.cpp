@@ -241,7 +241,7 @@ constexpr const char* kColumns =
     "select name, type from pragma_table_xinfo(?1, 'main') where hidden <> 1 order by cid";
 constexpr const char* kIndexCount = "select count(*) from pragma_index_list(?1, 'main')";
 
-// The shadow tables, in which virtual tables keep their content.
+// The shadow tables, in which virtual tables keep their content. No catalogue lists them.
 std::set<String> ShadowTables(const Connection& connection) {
   std::set<String> names;
   Statement hasVirtualTables(connection, kHasVirtualTables);

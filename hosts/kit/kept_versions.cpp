@@ -60,8 +60,8 @@ class Scan {
     at_ += expected.size();
     return true;
   }
-  // The rest of a string with its closing quote. Escapes by number are rare; a string with one is
-  // left to the JSON parser.
+  // Takes the rest of a string, behind its opening quote. Returns false for escapes by number too:
+  // they are rare, and the JSON parser reads the versions of such a rule.
   bool TakeString() {
     for (;;) {
       SkipPlain();

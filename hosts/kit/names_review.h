@@ -38,8 +38,9 @@ class NamesReview {
 
   /// Each table before its fields. Places of fields that only change with their table belong to it.
   const std::vector<ReviewedName>& names() const { return all_; }
-  /// The new names to choose from for a name that is gone: the proposals, then all other tables of
-  /// the catalogue, or fields of its table's successor. Empty for a name that is not gone.
+  /// The new names to choose from for a name that is gone, the proposals first. For a table all
+  /// other tables of the catalogue follow; for a field, all other fields of its table, or of the
+  /// table chosen in the place of that table. Empty for a name that is not gone.
   std::vector<String> Offered(std::size_t name) const;
   /// Chooses a new name for a name that is gone, "" for none. It rebuilds names(), since the fields
   /// of a table are looked up in its successor; indexes and references into it become invalid.

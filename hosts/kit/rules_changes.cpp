@@ -85,8 +85,8 @@ String RecordName(StringView name, std::span<const Change> changes) {
   return {};
 }
 
-// The name in a field record after the changes: of a field, or the call of a function on a field.
-// `names` has the names from before the changes.
+// What stands in a field record in place of `name`, which is a field or a call of a function on a
+// field: the same with the changes made in it. `names` has the names from before the changes.
 String ChangedName(StringView name, std::span<const Change> changes, const language::Names& names) {
   String after = RecordName(name, changes);
   if (!after.empty()) return after;

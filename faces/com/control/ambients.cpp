@@ -38,8 +38,8 @@ bool MapControl::IsAmbient(DISPID property, bool otherwise) const {
   return value->vt == VT_BOOL ? value->boolVal != VARIANT_FALSE : otherwise;
 }
 
-// In design mode, and where the container says that its user interface is dead (UIDEAD), the
-// control is disabled.
+// Reads all ambient properties and shows what differs. In design mode, and where the container says
+// that its user interface is dead (UIDEAD), the window is disabled.
 void MapControl::ReadAmbients() {
   const bool isAtWork =
       IsAmbient(DISPID_AMBIENT_USERMODE, true) && !IsAmbient(DISPID_AMBIENT_UIDEAD, false);

@@ -17,7 +17,8 @@ class FormLook {
 
   COLORREF Face() const { return face_.value_or(GetSysColor(COLOR_BTNFACE)); }
   COLORREF Text() const { return text_.value_or(GetSysColor(COLOR_BTNTEXT)); }
-  /// A brush of the face colour, valid until Brush is called for the canvas again.
+  /// A brush of the form's colour, valid until Brush is called for the same canvas again. Not to be
+  /// deleted.
   HBRUSH Brush(HDC canvas) const;
   /// Whether the form is laid out from right to left.
   bool IsMirrored() const { return isMirrored_; }

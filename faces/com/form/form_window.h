@@ -57,9 +57,9 @@ class FormWindow final : public std::enable_shared_from_this<FormWindow>,
   };
   using Handle = std::unique_ptr<FormWindow, GiveUp>;
 
-  /// Makes a window within `parent`, in pixels of it, not yet visible. The control, its person and
-  /// the owner must outlive the handle. Throws std::bad_alloc, and std::runtime_error when the
-  /// platform refuses.
+  /// Makes a child window of `parent`, not yet visible, at `place` in pixels of the parent's client
+  /// area. The control, its person and the owner must outlive the handle. Throws std::bad_alloc,
+  /// and std::runtime_error when the platform refuses.
   static Handle Make(HWND parent, const RECT& place, ZOLT20MapControl& control,
                      faces::Person& person, Owner& owner, const FormLook& look = {});
 

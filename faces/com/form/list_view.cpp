@@ -161,7 +161,8 @@ void ListWindow::Filter(StringView text) {
   ShowMarks(true);
 }
 
-// Sends only the differences to the platform, which would scan all rows to unselect them.
+// Shows the marks of the control. Sends only the differences: the platform would scan all rows if
+// it had to unselect all.
 void ListWindow::ShowMarks(bool rowsChanged) {
   const ListBox& list = control();
   if (list.HasCheckBoxes()) {
@@ -282,8 +283,8 @@ void ListWindow::GiveColors(NMLVCUSTOMDRAW& draw, bool isName) const {
   }
 }
 
-// Takes a mark that was set by other means than mouse and keys, such as by a screen reader, as a
-// gesture.
+// Makes a gesture of a mark that the platform changed by itself, as for a screen reader. Marks that
+// the control has already (from mouse and keys) are skipped.
 void ListWindow::TakeMark(const NMLISTVIEW& change) {
   const ListBox& list = control();
   const bool isMarked = (change.uNewState & LVIS_SELECTED) != 0;

@@ -93,7 +93,8 @@ export class TypedBox {
       if (!isComposing && !isComposed) hand();
     });
     if (byKeys) this.#takeKeys();
-    // Re-entrancy: the composition may end inside a call, when the form moves the focus away.
+    // In a microtask, against re-entrancy: when a call of the control moves the focus, the
+    // composition ends inside that call.
     else input.addEventListener('compositionend', () => queueMicrotask(hand));
   }
 
