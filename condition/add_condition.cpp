@@ -97,7 +97,8 @@ void ZOLT20MapControl::AddRepeat() {
     mstrRepeatMark.clear();
   } else {
     mstrRepeatMark = u"value";
-    // Visible only if StoreStatement below raises `overflow`; else it rewrites the Result.
+    // This Result is seen only if StoreStatement below raises `overflow`; else StoreStatement
+    // writes the whole Result anew.
     EndTrimmedResult(mstrRepeatHead);
   }
   StoreStatement(OnNewLine(mstrRepeatHead));

@@ -60,7 +60,8 @@ inline bool IsWordCharacter(char16_t c) {
 /// The offset behind the blanks at `from`.
 std::size_t PassBlanks(StringView text, std::size_t from);
 
-/// The offset of the line's end (CR LF, CR or LF), or of the text's end.
+/// The offset at which the first line break (CR LF, CR or LF) from `from` on begins; the length of
+/// the text if there is none.
 std::size_t EndOfLine(StringView text, std::size_t from);
 /// The offset behind the line end at `end`.
 std::size_t BehindLineEnd(StringView text, std::size_t end);

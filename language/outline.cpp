@@ -198,7 +198,8 @@ class Reader {
     frames_.pop_back();
   }
 
-  // Closes open nodes, whose closing lines are missing, until so many are left.
+  // Closes the innermost open nodes until `count` are left. Notes that their closing lines are
+  // missing.
   void CloseTo(std::size_t count) {
     while (frames_.size() > count) {
       if (NeedsClosing(frames_.back().kind))

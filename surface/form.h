@@ -89,8 +89,9 @@ inline constexpr auto kForm = std::to_array<Design>({
 #include "surface/form.def"
 });
 
-/// The place of a control at design. Only these places are read by the logic; each face lays out
-/// all other controls as it likes, and their place is {}.
+/// The place of a control at design, in twips: known for the frame, boxes, bar and button of the
+/// case rows, which the logic moves; {} for all other controls. A face lays all controls out as it
+/// likes.
 constexpr Geometry PlaceAtDesign(ControlName name) {
   switch (name) {
     case ControlName::fracase:

@@ -63,8 +63,8 @@ class SyntaxTextBox final : public TextControl {
   /// A version number of the text: different after each change of it and after each Restore.
   std::size_t Revision() const { return revision_; }
 
+  /// Whether a face colours the text by its syntax. Has no effect on the text.
   bool Highlight() const { return state_.highlight; }
-  /// Has no effect on the text.
   void Highlight(bool highlight);
 
  private:

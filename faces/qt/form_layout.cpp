@@ -329,7 +329,7 @@ QWidget* FormLayout::Framed(const Part& part) {
   return frame;
 }
 
-// The notes of a page: labels in small letters that tell how it is used.
+// The notes of a page: labels in a small font that tell how the page is used.
 QWidget* FormLayout::Notes(const Part& part) {
   auto* notes = new SmallPrint(owner_);
   auto* column = Tight(new QVBoxLayout(notes), part.gap);

@@ -7,7 +7,7 @@
 namespace zolt20::faces {
 namespace {
 
-// The mnemonic of a caption, its letter for Alt; unique on each page.
+// The mnemonic of a button or option, its letter for Alt; 0 for none. Unique on each page.
 char16_t LetterOf(ControlName name) {
   switch (name) {
     case ControlName::cmdClear:
@@ -55,7 +55,7 @@ char16_t LetterOf(ControlName name) {
   }
 }
 
-// The text without blanks at the ends, and with each run of blanks made one.
+// The text without spaces at its ends, and with one space for each run of spaces.
 String Simplified(StringView text) {
   String simple;
   for (const char16_t character : Trim(text)) {

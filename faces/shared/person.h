@@ -102,9 +102,10 @@ class Person final : private SurfaceObserver {
 
   /// Why the last call failed. Valid after kRuntimeError and kFailed.
   const Failure& failure() const { return failure_; }
-  /// The gesture made last; its control is nullptr when memory ran out before it was made.
+  /// The gesture tried last; its control is nullptr when there was no memory to note it.
   const MadeGesture& made() const { return made_; }
-  /// How many gestures were made so far: a counter to compare, to learn that another one was made.
+  /// How many gestures the control got so far, with those that failed: a face compares it to learn
+  /// that there was another one.
   int madeCount() const { return madeCount_; }
 
   // Calls of the host. While one is in progress, no gesture is taken.

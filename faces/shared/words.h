@@ -39,7 +39,8 @@ class Words {
   std::map<Word, String> given_;
 };
 
-/// The words with each placeholder, a key in braces, replaced by its value.
+/// The words with each placeholder, such as "{row}" for the key "row", replaced by its value.
+/// Placeholders without a value stay.
 String Filled(StringView words, std::initializer_list<std::pair<StringView, StringView>> values);
 
 }  // namespace zolt20::faces

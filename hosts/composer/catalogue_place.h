@@ -30,8 +30,8 @@ OpenedCatalogue ReadCatalogueAt(const QString& path);
 /// added to `leftOut` instead.
 void TakeKeptFunctions(OpenedCatalogue& opened);
 
-/// Stores the functions. Throws CatalogueError when the file no longer is a catalogue, RulesError
-/// when it can't be written.
+/// Replaces the stored functions by these. Reads the file again and keeps all else in it. Throws
+/// CatalogueError when the file no longer is a catalogue, RulesError when it can't be written.
 void KeepFunctions(const CataloguePlace& place, const std::vector<catalogue::Function>& functions);
 
 /// The place where KeepFunctions stores, to be shown to the person.

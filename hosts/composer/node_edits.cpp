@@ -54,7 +54,8 @@ int PageOf(NodeKind kind) {
   }
 }
 
-// Whether a statement that is dropped on the node goes into it.
+// Whether a node is a part of a statement that itself has statements, such as an else or a row of a
+// case. What is dropped on it goes into it.
 bool IsBlock(NodeKind kind) {
   return (kind >= NodeKind::kSelectDo && kind <= NodeKind::kSelectError) ||
          kind == NodeKind::kElse || kind == NodeKind::kCaseRow || kind == NodeKind::kDefault;
@@ -220,8 +221,8 @@ void NodeEdits::EditAt(qsizetype first, qsizetype last) {
   if (node != Node::kNone) EditNode(node);
 }
 
-// Edits a statement on the pages of the form if Add To Result then gives back the same bytes,
-// otherwise as text.
+// Edits a statement on the pages of the form, if Add To Result gives the same bytes when nothing is
+// edited there; otherwise as text.
 void NodeEdits::EditNode(std::size_t node) {
   if (!CanEdit()) return;
   const std::size_t statement = language::StatementOf(tree_.Nodes(), node);

@@ -181,7 +181,8 @@ void RecordedMap::AddPages() {
   strip.setCurrentIndex(page);
 }
 
-// A change of focus before and after keeps this step apart from runs of typing in the Result.
+// Writes the Result as one step with that name. The focus gestures before and after keep the step
+// apart from runs of typing in the Result.
 void RecordedMap::WriteResult(const QString& text, const QString& name) {
   const Json focus = {{"user", "focus"}, {"control", "TxtOutput"}};
   MakeGesture(focus);

@@ -203,7 +203,8 @@ void MainWindow::BringBack(const LeftJournal& left, const Recovery& recovery) {
   ShowTitle();
 }
 
-// Shown in a label of its own, because temporary messages of the status bar would replace it.
+// Shows what is wrong with the journal, "" for nothing. In a permanent label, since the next
+// temporary message of the status bar would replace a message.
 void MainWindow::ShowJournalTrouble(const QString& trouble) {
   auto* told = statusBar()->findChild<QLabel*>(QStringLiteral("journalTrouble"));
   if (told == nullptr) {

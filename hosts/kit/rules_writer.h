@@ -29,8 +29,8 @@ struct WrittenVersion {
 
 std::string WriteVersion(const WrittenVersion& version);
 
-/// Appends a text as a JSON string, in quotes and with escapes. A stand-in is written as the escape
-/// of its lone surrogate.
+/// Appends a text as a JSON string, in quotes and with escapes. `jsonText` is not escaped yet; the
+/// pair that stands in for a lone surrogate is written as the escape of that surrogate.
 void AppendString(std::string& out, std::string_view jsonText);
 /// Appends a value as JSON; `depth` is that of its key.
 void AppendValue(std::string& out, const hosts::JsonValue& value, std::size_t depth);

@@ -49,8 +49,8 @@ class TabStripWindow final : public ViewOf<TabStrip> {
     Send(TCM_SETPADDING, 0, MAKELPARAM(MulDiv(kAcross, owner_.Dpi(), 96), kDown));
   }
 
-  // Draws over the pane that the platform begins below the tabs, and beside the last tab: there
-  // the form's background shows, with a line on which the tabs stand.
+  // Hides what the platform draws around the tabs: the pane below them and the room beside the last
+  // one. Paints the background of the form there, and a line on which the tabs stand.
   void DrawBeside() {
     RECT inside{};
     RECT last{};
