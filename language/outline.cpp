@@ -331,7 +331,8 @@ class Reader {
     }
   }
 
-  // Counts brackets; gives the place of a nested select statement on the line, npos for none.
+  // Counts the brackets of the open statement to the end of the line. Returns the place of a nested
+  // select statement that does not end on the line, npos for none.
   std::size_t PassCondition(std::size_t from) {
     std::uint32_t& brackets = frames_.back().brackets;
     std::size_t select = StringView::npos;

@@ -132,7 +132,7 @@ void ZOLT20MapControl::prpStroutput(String encoded) {
   }
 }
 
-// ODD: the whole of the Result becomes the new entry, with what the entries before hold already.
+// ODD: the new statement entry is the whole Result, although the earlier entries have parts of it.
 void ZOLT20MapControl::KeepResultAsStatement() {
   const StringView result = Trim(TxtOutput.Text());
   if (result.empty()) return;

@@ -101,7 +101,7 @@ class Surface {
   Outcome UserClick(const Control& control);
   /// A row of a list box.
   Outcome UserClick(const Control& list, int row);
-  /// A row of a list box; in a single selection a click comes before the double click.
+  /// A row of a list box. With single selection it first does what a click does.
   Outcome UserDoubleClick(const Control& list, int row);
   /// An entry of a combo box.
   Outcome UserPick(const Control& combo, int row);

@@ -303,8 +303,9 @@ void FormPlaces::PutAlong(const Part& part, Box box, bool isAcross) {
   }
 }
 
-// The rectangle of a part within its share of a row. Controls that show one line of text, such as
-// buttons, stand at the bottom of the row; labels stand level with the text of the box beside them.
+// The rectangle of a part of the layout within the room that its row gives it. Buttons and other
+// controls of one line stand at the bottom of the room, labels level with the text of a box there.
+// All else fills the room.
 FormPlaces::Box FormPlaces::Aligned(const Part& part, Box box) const {
   const bool isOneLine = part.kind == PartKind::kTools ||
                          (part.kind == PartKind::kControl && HasOneLine(*part.control));

@@ -168,7 +168,7 @@ class Person final : private SurfaceObserver {
   /// Words for screen readers: what the last gesture changed in controls other than the one with
   /// the focus; "" for nothing, or when the words were taken already.
   String TakeWords() { return told_.TakeWords(); }
-  /// Makes a control dirty: it has to be shown again, all of it or the bits `what`.
+  /// Notes a control that has to be shown again: all of it, or what the bits of Change name.
   void Note(const Control& control, int what = Change::kEverything);
   void NoteAll();
 

@@ -49,8 +49,8 @@ struct Rewritten {
   Range written;
 };
 
-// Usually only the statement that was added last is rewritten; otherwise everything counts as
-// rewritten.
+// The lines that differ between the Result as the control wrote it before and as it writes it now:
+// those of the statement that was added last, if all else is the same; otherwise all lines.
 Rewritten FindRewritten(const RewrittenResult& result) {
   const auto linesIn = [](StringView text) { return LinesOf(text).size(); };
   Rewritten all{{0, linesIn(result.own)}, {0, linesIn(result.written)}};

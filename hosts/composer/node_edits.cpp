@@ -282,8 +282,8 @@ void NodeEdits::MoveTo(std::size_t node, Place place) {
        node);
 }
 
-// Moves the statement past its neighbour, or out of its block when it is the first or last one
-// there.
+// Moves the statement past its neighbour in that direction; without a neighbour there, out of its
+// block. Where there is no block either, nothing happens.
 void NodeEdits::MoveBy(bool up) {
   const std::size_t node = tree_.CurrentNode();
   if (node == Node::kNone) return;

@@ -40,7 +40,8 @@ void RecordedMap::FollowNotes(const Notes& notes) {
   ToJournal({{"notes", NotesAsJson(notes)}}, false);
 }
 
-// Adds a comment line to the record, because each undo step needs a line of its own.
+// Changes the notes as an undo step with that name. Adds a comment to the recorded session, because
+// each undo step needs a line there.
 void RecordedMap::WriteNotes(const Notes& notes, const QString& name) {
   Place place = Now();
   lines_.push_back({QByteArray("# a note"), place.last});

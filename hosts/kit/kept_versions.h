@@ -49,8 +49,9 @@ struct VersionSpan {
   std::size_t count = 0;
 };
 
-/// The versions whose first begins at `at`, behind the opening bracket and its line end. The count
-/// is 0 unless all of them have the exact layout of the writer and are valid JSON in valid UTF-8.
+/// The versions of a rule. The first one begins at `at`, behind the opening bracket and its line
+/// end. The count is 0 unless all have the exact layout of the writer, as valid JSON in valid
+/// UTF-8.
 VersionSpan ScanVersions(std::string_view bytes, std::size_t at);
 
 /// All versions of one rule, oldest first.

@@ -16,8 +16,7 @@ std::string ToJsonText(StringView text);
 /// The text of valid UTF-8 with stand-ins.
 String FromJsonText(std::string_view text);
 
-/// A fast test for lines that PutStandIns leaves as they are, which are most: false means that it
-/// would change nothing.
+/// Whether PutStandIns may change the line: a fast test. False is sure, and what most lines get.
 bool NeedsStandIns(std::string_view line);
 /// A line of JSON as it was received, with its lone surrogate escapes replaced by stand-ins. What
 /// is not valid stays as it is.

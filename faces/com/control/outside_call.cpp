@@ -44,7 +44,8 @@ zolt20_outside_landing:
 
 extern "C" void zolt20_outside_landing();
 
-// The SEH handler. Called when an exception passes the frame, but not in the unwinding phase.
+// The SEH handler of the call, which the platform asks in its search phase alone. Ends the call
+// with the code of an exception of another language as its result; all other exceptions pass.
 extern "C" EXCEPTION_DISPOSITION zolt20_outside_handler(EXCEPTION_RECORD* record, void* frame,
                                                         CONTEXT* /*context*/,
                                                         DISPATCHER_CONTEXT* dispatcher) {

@@ -25,8 +25,8 @@ export * from '${scripts[0]}';
 ${body}`;
 };
 
-/// The text of the types of each framework, by the scripts that the elements belong to: of the map
-/// control and of the box of statements.
+/// For each framework a function that returns the text of its types. `scripts` are the names of the
+/// modules to import from: of the map control, then of the box of statements.
 /** @type {Readonly<Record<string, (scripts: string[]) => string>>} */
 export const kFrameworks = {
   react: typesOf(
